@@ -1,0 +1,40 @@
+# Shortcuts. What they do is in scripts/, CMakePresets.json and CMakeLists.txt.
+
+JOBS := $(shell nproc)
+NINJA_FLAGS ?=
+BENCH_FLAGS ?=
+
+.PHONY: run test bench pictures format clean setup release
+
+# A sample page of every paper kind.
+run: release
+	@scripts/sample-pages build/release/bin/linealis-cli build/sample
+
+test: release
+	@ctest --preset release -j $(JOBS)
+
+release: setup
+	@cmake --preset release > /dev/null
+	@cmake --build --preset release -- $(NINJA_FLAGS)
+
+bench:
+	@scripts/setup
+	@scripts/setup bench
+	@cmake --preset bench > /dev/null
+	@cmake --build --preset bench -- $(NINJA_FLAGS)
+	@build/bench/bin/linealis_bench $(BENCH_FLAGS)
+
+# The pictures of the README, from the program's own pages.
+pictures: release
+	@scripts/setup pictures
+	@scripts/readme-pictures build/release/bin/linealis-cli docs/images
+
+format:
+	@scripts/setup ci
+	@git ls-files -z --cached --others --exclude-standard '*.h' '*.cpp' | xargs -0 -r clang-format -i
+
+clean:
+	@rm -rf build
+
+setup:
+	@scripts/setup

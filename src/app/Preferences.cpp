@@ -1,0 +1,54 @@
+#include "app/Preferences.h"
+
+#include "platform/BinaryStream.h"
+
+namespace linealis {
+
+namespace {
+
+constexpr int reservedBefore = 100;    // integers
+constexpr int reservedBehind = 10000;  // integers
+constexpr std::int32_t noUpdateCheckMark = 4592;
+
+}  // namespace
+
+Preferences ReadPrefs(const FolderItem& file)
+{
+    Preferences preferences;
+    if (!file.Exists() || file.Name().empty()) {
+        return preferences;
+    }
+    BinaryStream stream = file.OpenAsBinaryFile();
+    for (int i = 0; i < reservedBefore; ++i) {
+        stream.ReadInt32();
+    }
+    stream.ReadPString();
+    stream.ReadPString();
+    preferences.noUpdateCheck = stream.ReadInt32() == noUpdateCheckMark;
+    preferences.lastUpdateCheckVersion = stream.ReadInt32();
+    stream.Close();
+    return preferences;
+}
+
+void WritePrefs(const Preferences& preferences, const FolderItem& file, Platform& platform)
+{
+    if (file.IsEmpty()) {
+        return;
+    }
+    BinaryStream stream = file.CreateBinaryFile();
+    const auto writeReserved = [&](int count) {
+        for (int i = 0; i < count; ++i) {
+            stream.WriteInt32(0);
+            platform.RuntimeBackgroundTask();
+        }
+    };
+    writeReserved(reservedBefore);
+    stream.WritePString("");
+    stream.WritePString("");
+    stream.WriteInt32(preferences.noUpdateCheck ? noUpdateCheckMark : 0);
+    stream.WriteInt32(static_cast<std::int32_t>(preferences.lastUpdateCheckVersion));
+    writeReserved(reservedBehind);
+    stream.Close();
+}
+
+}  // namespace linealis

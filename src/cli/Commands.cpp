@@ -1,0 +1,263 @@
+#include "cli/Commands.h"
+
+#include "cli/Errors.h"
+#include "platform/ScreenlessPlatform.h"
+
+#include <nlohmann/json.hpp>
+#include <spawn.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdio>
+#include <iostream>
+#include <set>
+
+namespace linealis::cli {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+namespace fs = std::filesystem;
+
+struct OpenWindow {
+    const PaperKind* kind;
+    std::unique_ptr<PaperWindow> window;
+};
+
+std::string ExtensionOf(const Source& source)
+{
+    const std::string extension = fs::path(source).extension().string();
+    return extension.empty() ? "" : extension.substr(1);
+}
+
+const PaperKind& KindOf(const Source& source)
+{
+    if (const PaperKind* const kind = FindPaperKind(source)) {
+        return *kind;
+    }
+    if (const PaperKind* const kind = FindPaperKindByExtension(ExtensionOf(source))) {
+        return *kind;
+    }
+    std::vector<std::string> possible;
+    for (const PaperKind& kind : PaperKinds()) {
+        possible.emplace_back(kind.name);
+    }
+    for (const PaperKind& kind : PaperKinds()) {
+        possible.push_back("FILE." + std::string(kind.settingsType.extension));
+    }
+    throw Unknown("kind", source, possible);
+}
+
+OpenWindow Open(const Source& source, const std::vector<Action>& actions, ScreenlessPlatform& platform)
+{
+    const PaperKind& kind = KindOf(source);
+    OpenWindow open{&kind, kind.make(platform)};
+    if (source != kind.name) {
+        Load(source, *open.window);
+    }
+    Apply(actions, kind, *open.window, platform);
+    return open;
+}
+
+FolderItem OutputFile(const std::string& name)
+{
+    return name == "-" ? FolderItem::StandardOutput() : FolderItem(name);
+}
+
+void Print(const Json& json)
+{
+    constexpr int indent = 2;
+    // Texts of a damaged settings file need not be UTF-8.
+    std::cout << json.dump(indent, ' ', false, Json::error_handler_t::replace) << '\n';
+}
+
+const char* TypeName(ControlKind kind)
+{
+    switch (kind) {
+    case ControlKind::Text:
+        return "text";
+    case ControlKind::Popup:
+        return "popup";
+    case ControlKind::Check:
+        return "check";
+    case ControlKind::Radio:
+        return "radio";
+    case ControlKind::Color:
+        return "color";
+    case ControlKind::Label:
+        return "label";
+    }
+    return "";
+}
+
+std::string HexColor(Color color)
+{
+    std::array<char, 8> text{};
+    std::snprintf(text.data(), text.size(), "#%02X%02X%02X", color.red, color.green, color.blue);
+    return text.data();
+}
+
+Json ValueOf(const PaperForm::State& state)
+{
+    switch (state.control.kind) {
+    case ControlKind::Text:
+        return state.text;
+    case ControlKind::Popup:
+    case ControlKind::Radio:
+        return state.control.items.at(static_cast<std::size_t>(state.listIndex));
+    case ControlKind::Check:
+        return state.value;
+    case ControlKind::Color:
+        return HexColor(state.color);
+    case ControlKind::Label:
+        return state.caption;
+    }
+    return nullptr;
+}
+
+Json ControlJson(const PaperForm::State& state)
+{
+    Json json = {{"type", TypeName(state.control.kind)}, {"caption", state.caption}, {"value", ValueOf(state)}};
+    if (!state.control.items.empty()) {
+        json["index"] = state.listIndex;
+        json["items"] = state.control.items;
+    }
+    json["enabled"] = state.enabled;
+    return json;
+}
+
+Json KindJson(const PaperKind& kind)
+{
+    return {{"kind", kind.name}, {"title", kind.title}, {"extension", kind.settingsType.extension}};
+}
+
+void LaunchViewer(const FolderItem& file)
+{
+    std::string program = "xdg-open";
+    std::string path = file.Path().string();
+    std::array<char*, 3> arguments = {program.data(), path.data(), nullptr};
+    pid_t process = 0;
+    const int error = ::posix_spawnp(&process, program.c_str(), nullptr, nullptr, arguments.data(), environ);
+    if (error != 0) {
+        throw WorkError{path + ": the page is made, but the viewer could not be started: " + program + ": " +
+                        std::generic_category().message(error)};
+    }
+}
+
+/// One page by the road of the Generate button with the shift key held down: a file that the settings brought
+/// back is forgotten, and the save dialog answers with the output file.
+void GeneratePage(const Source& source, const GenerateRequest& request, const std::string& output)
+{
+    ScreenlessPlatform platform;
+    platform.shiftKey = true;
+    platform.saveAnswer = OutputFile(output);
+    const OpenWindow open = Open(source, request.actions, platform);
+    open.window->PushButtonGenerate_Action();
+    for (const std::string& message : platform.messages) {
+        std::cerr << "linealis-cli: " << message << '\n';
+    }
+    if (!platform.fileErrors.empty()) {
+        throw WorkError{output + ": " + platform.fileErrors.front().reason};
+    }
+    if (request.view) {
+        LaunchViewer(platform.saveAnswer);
+    }
+}
+
+/// Where each source's page goes. Two sources with the same page would lose one of them.
+std::vector<std::string> OutputNames(const GenerateRequest& request)
+{
+    std::vector<std::string> names;
+    std::set<std::string> taken;
+    for (const Source& source : request.sources) {
+        const std::string stem = fs::path(source).stem().string();
+        names.push_back((fs::path(request.outputDirectory) / (stem + ".pdf")).string());
+        if (!taken.insert(names.back()).second) {
+            throw UsageError{"two pages would be written to " + names.back()};
+        }
+    }
+    return names;
+}
+
+void CheckRequest(const GenerateRequest& request)
+{
+    const bool toFile = !request.output.empty();
+    if (toFile == !request.outputDirectory.empty()) {
+        throw UsageError{"generate takes either -o FILE or --output-dir DIR"};
+    }
+    if (toFile && request.sources.size() > 1) {
+        throw UsageError{"-o " + request.output + " takes one page, but " + std::to_string(request.sources.size()) +
+                         " are asked for; --output-dir DIR takes any number"};
+    }
+    if (request.view && request.output == "-") {
+        throw UsageError{"--view needs a file, not standard output"};
+    }
+    for (const Source& source : request.sources) {
+        KindOf(source);
+    }
+}
+
+}  // namespace
+
+void ListKinds(bool asJson)
+{
+    if (asJson) {
+        Json list = Json::array();
+        for (const PaperKind& kind : PaperKinds()) {
+            list.push_back(KindJson(kind));
+        }
+        Print(list);
+        return;
+    }
+    for (const PaperKind& kind : PaperKinds()) {
+        std::cout << kind.name << '\t' << kind.title << '\t' << kind.settingsType.extension << '\n';
+    }
+}
+
+void ShowForm(const Source& source, const std::vector<Action>& actions)
+{
+    ScreenlessPlatform platform;
+    const OpenWindow open = Open(source, actions, platform);
+    Json json = KindJson(*open.kind);
+    json["controls"] = Json::object();
+    for (const PaperForm::State& state : open.window->form.Controls()) {
+        json["controls"][std::string(state.control.name)] = ControlJson(state);
+    }
+    Print(json);
+}
+
+void Generate(const GenerateRequest& request)
+{
+    CheckRequest(request);
+    if (!request.output.empty()) {
+        GeneratePage(request.sources.front(), request, request.output);
+        return;
+    }
+    const std::vector<std::string> outputs = OutputNames(request);
+    std::vector<std::string> failures;
+    for (std::size_t i = 0; i < request.sources.size(); ++i) {
+        try {
+            GeneratePage(request.sources[i], request, outputs[i]);
+        } catch (const WorkError& error) {
+            failures.push_back(error.message);
+        }
+    }
+    if (!failures.empty()) {
+        std::string all = failures.front();
+        for (std::size_t i = 1; i < failures.size(); ++i) {
+            all += "\nlinealis-cli: " + failures[i];
+        }
+        throw WorkError{all};
+    }
+}
+
+void Save(const Source& source, const std::vector<Action>& actions, const std::string& output)
+{
+    ScreenlessPlatform platform;
+    const OpenWindow open = Open(source, actions, platform);
+    if (const std::error_code error = open.window->SaveSettings(OutputFile(output))) {
+        throw WorkError{output + ": " + error.message()};
+    }
+}
+
+}  // namespace linealis::cli

@@ -1,0 +1,55 @@
+#include "cli/Errors.h"
+
+#include <algorithm>
+#include <cctype>
+#include <numeric>
+
+namespace linealis::cli {
+
+namespace {
+
+char Lower(char c)
+{
+    return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+}
+
+/// How many letters must be changed, added or taken away to make one text of the other (Levenshtein), without
+/// regard to case.
+std::size_t Distance(std::string_view a, std::string_view b)
+{
+    std::vector<std::size_t> row(b.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        std::size_t diagonal = row[0];
+        row[0] = i + 1;
+        for (std::size_t j = 0; j < b.size(); ++j) {
+            const std::size_t replaced = diagonal + (Lower(a[i]) == Lower(b[j]) ? 0 : 1);
+            diagonal = row[j + 1];
+            row[j + 1] = std::min({replaced, row[j] + 1, row[j + 1] + 1});
+        }
+    }
+    return row.back();
+}
+
+}  // namespace
+
+UsageError Unknown(std::string_view what, std::string_view given, std::vector<std::string> possible)
+{
+    constexpr std::size_t longestCompared = 100;
+    const std::string_view compared = given.substr(0, longestCompared);
+    std::stable_sort(possible.begin(), possible.end(), [&](const std::string& a, const std::string& b) {
+        return Distance(compared, a) < Distance(compared, b);
+    });
+    std::string message = "unknown " + std::string(what) + " '" + std::string(given) + "'; possible: ";
+    for (std::size_t i = 0; i < possible.size(); ++i) {
+        message += (i == 0 ? "" : ", ") + possible[i];
+    }
+    return {message};
+}
+
+bool SameText(std::string_view a, std::string_view b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return Lower(x) == Lower(y); });
+}
+
+}  // namespace linealis::cli

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace linealis::cli {
+
+/// What the user asked for makes no sense. Ends the program with status 2.
+struct UsageError {
+    std::string message;
+};
+
+/// What the user asked for could not be done. Ends the program with status 1.
+struct WorkError {
+    std::string message;
+};
+
+/// "unknown WHAT 'GIVEN'; possible: ...", the nearest match first.
+UsageError Unknown(std::string_view what, std::string_view given, std::vector<std::string> possible);
+
+/// Whether the texts are the same but for the case of ASCII letters.
+bool SameText(std::string_view a, std::string_view b);
+
+}  // namespace linealis::cli

@@ -1,0 +1,179 @@
+#include "cli/Commands.h"
+#include "cli/Errors.h"
+
+#include <CLI/CLI.hpp>
+
+#include <iostream>
+#include <map>
+#include <string>
+
+namespace {
+
+using namespace linealis::cli;
+
+constexpr int success = 0;
+constexpr int workFailed = 1;
+constexpr int usageWrong = 2;
+
+const char* const actionHelp =
+    "Actions are done in the order in which they stand:\n"
+    "  --set CONTROL=VALUE   text; item or #INDEX of a popup or radio group; on or off; colour #RRGGBB\n"
+    "  --type CONTROL=TEXT   text typed by hand, so that what follows from it is worked out anew\n"
+    "  --load FILE           load a settings file\n"
+    "  --markers FILE        of graph, with CheckBoxMarkers on: the file of its markers\n"
+    "  --wizard CONTROL=TEXT of graph: fill in the wizard, whose OK is pressed after all other actions\n"
+    "'linealis-cli form KIND' shows the controls.";
+
+const char* const exitHelp = "Exit status: 0 done; 1 the work failed; 2 the command line is wrong.";
+
+/// The options that are actions, and what they were given, in the order of the command line.
+class ActionOptions {
+public:
+    explicit ActionOptions(CLI::App& theCommand) : command(theCommand)
+    {
+        Add("--set", "CONTROL=VALUE", "Set a control", Action::Kind::Set);
+        Add("--type", "CONTROL=TEXT", "Type a text into a field", Action::Kind::Type);
+        Add("--load", "FILE", "Load a settings file", Action::Kind::Load);
+        Add("--markers", "FILE", "The marker file of a graph with CheckBoxMarkers on", Action::Kind::Markers);
+        Add("--wizard", "CONTROL=TEXT", "Fill in the wizard of a graph", Action::Kind::Wizard);
+        command.footer(actionHelp);
+    }
+
+    std::vector<Action> InOrder() const
+    {
+        std::vector<Action> actions;
+        std::map<const CLI::Option*, std::size_t> taken;
+        for (const CLI::Option* const option : command.parse_order()) {
+            if (const auto kind = kinds.find(option); kind != kinds.end()) {
+                actions.push_back({kind->second, option->results()[taken[option]++]});
+            }
+        }
+        return actions;
+    }
+
+private:
+    void Add(const char* name, const char* argument, const char* help, Action::Kind kind)
+    {
+        kinds[command.add_option(name)->description(help)->type_name(argument)->expected(1)->take_all()] = kind;
+    }
+
+    CLI::App& command;
+    std::map<const CLI::Option*, Action::Kind> kinds;
+};
+
+/// What CLI11 says of a wrong command line, or what is possible where it only says what is wrong.
+UsageError Explain(const CLI::App& app, const CLI::ParseError& error)
+{
+    const std::vector<CLI::App*> chosen = app.get_subcommands();
+    const std::vector<std::string> left = app.remaining(true);
+    if (chosen.empty() || left.empty()) {
+        return {error.what()};
+    }
+    if (!left.front().starts_with('-')) {
+        return {"'" + left.front() + "' is one argument too many"};
+    }
+    std::vector<std::string> possible;
+    for (const CLI::Option* const option : chosen.front()->get_options()) {
+        if (!option->get_lnames().empty()) {
+            possible.push_back("--" + option->get_lnames().front());
+        }
+    }
+    return Unknown("option of " + chosen.front()->get_name(), left.front(), possible);
+}
+
+/// The first word, if it is no option, must be a command.
+void CheckCommand(const CLI::App& app, int argc, char** argv)
+{
+    if (argc < 2 || *argv[1] == '-') {
+        return;
+    }
+    std::vector<std::string> possible;
+    for (const CLI::App* const command : app.get_subcommands(nullptr)) {
+        if (command->get_name() == argv[1]) {
+            return;
+        }
+        possible.push_back(command->get_name());
+    }
+    throw Unknown("command", argv[1], possible);
+}
+
+/// Parses the command line and does what it says.
+void Run(int argc, char** argv)
+{
+    CLI::App app("Makes printable paper as PDF files.", "linealis-cli");
+    app.set_version_flag("--version", "linealis-cli " LINEALIS_VERSION);
+    app.require_subcommand(1);
+    app.footer(exitHelp);
+
+    CLI::App* const kinds = app.add_subcommand("kinds", "List the kinds of paper: kind, title, settings extension");
+    bool asJson = false;
+    kinds->add_flag("--json", asJson, "As JSON");
+
+    Source source;
+    std::string output;
+    const auto addSource = [&](CLI::App* command) {
+        command->add_option("source", source, "A kind of paper, or a settings file")->required();
+    };
+    CLI::App* const form = app.add_subcommand("form", "Show a form as JSON");
+    addSource(form);
+    const ActionOptions formActions(*form);
+
+    CLI::App* const generate = app.add_subcommand("generate", "Make a page");
+    GenerateRequest request;
+    generate->add_option("source", request.sources, "A kind of paper, or settings files")->required();
+    generate->add_option("-o,--output", request.output, "The PDF file; - is standard output")->type_name("FILE");
+    generate->add_option("--output-dir", request.outputDirectory, "Folder for a PDF file named after each source")
+        ->type_name("DIR");
+    generate->add_flag("--view", request.view, "Open the page in the viewer");
+    const ActionOptions generateActions(*generate);
+
+    CLI::App* const save = app.add_subcommand("save", "Save a form as a settings file");
+    addSource(save);
+    save->add_option("-o,--output", output, "The settings file; - is standard output")
+        ->type_name("FILE")
+        ->required();
+    const ActionOptions saveActions(*save);
+
+    CheckCommand(app, argc, argv);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() != success) {
+            throw Explain(app, error);
+        }
+        app.exit(error);  // prints the help or the version that was asked for
+        return;
+    }
+    if (kinds->parsed()) {
+        ListKinds(asJson);
+    } else if (form->parsed()) {
+        ShowForm(source, formActions.InOrder());
+    } else if (generate->parsed()) {
+        request.actions = generateActions.InOrder();
+        Generate(request);
+    } else {
+        Save(source, saveActions.InOrder(), output);
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        Run(argc, argv);
+        if (!std::cout.flush()) {
+            throw WorkError{"standard output could not be written"};
+        }
+        return success;
+    } catch (const WorkError& error) {
+        std::cerr << "linealis-cli: " << error.message << '\n';
+        return workFailed;
+    } catch (const UsageError& error) {
+        std::cerr << "linealis-cli: " << error.message << '\n';
+        return usageWrong;
+    } catch (const std::exception& error) {
+        std::cerr << "linealis-cli: " << error.what() << '\n';
+        return workFailed;
+    }
+}

@@ -1,0 +1,54 @@
+#include "papers/GridWindow.h"
+
+namespace linealis {
+
+namespace {
+
+const ControlTable& OwnControls()
+{
+    static const ControlTable table = {
+        {Group::Spacing,
+         {
+             textField("EditVertSpacing", "Vertical Spacing:", ".25")
+                 .LabelledBy("StaticText1")
+                 .Converted(UnitRule::Length),
+             textField("EditHorzSpacing", "Horizontal Spacing:", ".25")
+                 .LabelledBy("StaticText24")
+                 .Converted(UnitRule::Length),
+         }},
+        LineControls(true, {swatch("LinesColorCanvas", "Line Color").LabelledBy("StaticText5"),
+                            swatch("BackgroundColorCanvas", "Background Color", white).LabelledBy("StaticText28")}),
+        {Group::File, {shiftClickNote("StaticText27")}},
+    };
+    return table;
+}
+
+const SettingsTable& Settings()
+{
+    using namespace settings;
+    static const SettingsTable table = Concatenate({
+        Head(),
+        {text("EditHorzSpacing"), text("EditVertSpacing")},
+        Margins(),
+        {box("CheckBoxViewGraph"), fileReference(), colour("LinesColorCanvas"), box("CheckVertLines"),
+         box("CheckHorzLines"), text("EditHorzWeight"), text("EditVertWeight"),
+         inverseColour("BackgroundColorCanvas")},
+    });
+    return table;
+}
+
+}  // namespace
+
+GridWindow::GridWindow(Platform& thePlatform) : CellGridWindow(thePlatform, OwnControls(), Settings(), settingsType)
+{
+    BindLineControls(form);
+}
+
+void GridWindow::DoGraph()
+{
+    FitCells();
+    pdf.SetRGBColor(form.ColorOf("LinesColorCanvas"));
+    DrawChosenLines();
+}
+
+}  // namespace linealis

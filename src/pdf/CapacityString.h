@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace linealis {
+
+/// A byte buffer that grows by a tenth of its length at a time, so that a page of many megabytes neither is
+/// copied often nor takes much more memory than it needs.
+///
+/// Throws std::bad_alloc when memory runs out, and stays as it was.
+class CapacityString {
+public:
+    /// `capacity` bytes are allocated at once. The growth rule does not read `increment`.
+    CapacityString(std::int64_t capacity, std::int64_t increment);
+
+    /// Replaces the content. An empty text empties the buffer and keeps its block.
+    void SetString(std::string_view text);
+
+    void AppendString(std::string_view text);
+
+    /// Inserts before the byte at `position`, which counts from 1; Length() + 1 appends. Positions outside are
+    /// moved to the nearest end.
+    void InsertString(std::int64_t position, std::string_view text);
+
+    /// A copy of the content.
+    std::string Operator_Convert() const { return std::string(View()); }
+
+    /// The content where it stands, until the next change.
+    std::string_view View() const { return {mData.get(), static_cast<std::size_t>(mLength)}; }
+
+    std::int64_t Length() const { return mLength; }
+    std::int64_t Capacity() const { return mCapacity; }
+    std::int64_t Increment() const { return mIncrement; }
+
+private:
+    struct Free {
+        void operator()(char* block) const { std::free(block); }
+    };
+
+    void Resize(std::int64_t capacity);
+    void MakeRoom(std::int64_t extra);
+
+    std::int64_t mCapacity = 0;
+    std::int64_t mLength = 0;
+    std::unique_ptr<char, Free> mData;  // not a vector: realloc grows a large block without copying it
+    std::int64_t mIncrement;
+};
+
+}  // namespace linealis

@@ -1,0 +1,329 @@
+#include "pdf/MyPDFGenerator.h"
+
+#include "pdf/Numbers.h"
+
+#include <zlib.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace linealis {
+
+namespace {
+
+constexpr std::int64_t initialCapacity = 20000;
+constexpr std::int64_t capacityIncrement = 10000;
+
+constexpr std::size_t compressorOutputSize = 20000;
+constexpr std::size_t compressorPieceSize = 50000;
+constexpr int compressionLevel = 9;
+
+/// What compressing a piece takes, in lines drawn, so that the interface gets its turn after every piece.
+constexpr int linesWorthOfAPiece = Platform::linesPerYield;
+
+/// The fonts of the objects 10 to 22. The first font, Courier, is object 7.
+constexpr std::string_view firstFont = "Courier";
+constexpr std::array<std::string_view, 13> furtherFonts = {
+    "Courier-Bold",   "Courier-BoldOblique",   "Courier-Oblique",   "Helvetica",
+    "Helvetica-Bold", "Helvetica-BoldOblique", "Helvetica-Oblique", "Times-Roman",
+    "Times-Bold",     "Times-Italic",          "Times-BoldItalic",  "Symbol",
+    "ZapfDingbats"};
+constexpr int firstFontObject = 7;
+constexpr int firstFurtherFontObject = 10;
+
+/// zlib's deflate, fed piece by piece, collecting its output.
+class Compressor {
+public:
+    Compressor() { ready = deflateInit(&stream, compressionLevel) == Z_OK; }
+    ~Compressor() { deflateEnd(&stream); }
+    Compressor(const Compressor&) = delete;
+    Compressor& operator=(const Compressor&) = delete;
+
+    void Feed(std::string_view piece) { Run(piece, Z_NO_FLUSH); }
+
+    std::string Finish()
+    {
+        Run({}, Z_FINISH);
+        return std::move(result);
+    }
+
+private:
+    void Run(std::string_view input, int flush)
+    {
+        if (!ready) {
+            throw std::bad_alloc();  // deflateInit fails for want of memory alone
+        }
+        stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(input.data()));
+        stream.avail_in = static_cast<uInt>(input.size());
+        do {
+            stream.next_out = reinterpret_cast<Bytef*>(output.data());
+            stream.avail_out = static_cast<uInt>(output.size());
+            deflate(&stream, flush);
+            result.append(output.data(), output.size() - stream.avail_out);
+        } while (stream.avail_out == 0);
+    }
+
+    z_stream stream{};
+    bool ready = false;
+    std::array<char, compressorOutputSize> output{};
+    std::string result;
+};
+
+std::string TwoDigits(int value)
+{
+    return myformatstring(value, "00");
+}
+
+}  // namespace
+
+MyPDFGenerator::MyPDFGenerator(Platform& thePlatform)
+    : platform(thePlatform), streamC(initialCapacity, capacityIncrement)
+{}
+
+int MyPDFGenerator::CreateNew()
+{
+    numObjects = 0;
+    currentFileLength = 0;
+    streamC.SetString("");
+    inTextMode = false;
+    return 0;
+}
+
+void MyPDFGenerator::SetParameter(std::string_view /*key*/, std::string_view /*value*/) {}
+
+void MyPDFGenerator::SetInfo(std::string_view /*key*/, std::string_view /*value*/) {}
+
+int MyPDFGenerator::OpenFilename(const FolderItem& file)
+{
+    theFile = file;
+    return 0;
+}
+
+void MyPDFGenerator::BeginPage(std::int64_t width, std::int64_t height)
+{
+    pageWidth = width;
+    pageHeight = height;
+}
+
+void MyPDFGenerator::Discard()
+{
+    streamC = CapacityString(initialCapacity, capacityIncrement);
+    b = BinaryStream();
+}
+
+void MyPDFGenerator::CloseFile()
+{
+    const std::string streamData = CompressedStream();
+    b = theFile.CreateBinaryFile();
+    if (!b.IsOpen()) {
+        platform.ShowFileError(
+            theFile,
+            "Unable to open the file " + theFile.Name() +
+                ", perhaps it is already open for display in another program? Hold down the shift "
+                "key when clicking the Generate button again to change the filename.",
+            b.Error().message());
+        return;
+    }
+    WriteStringLineToFile("%PDF-1.4");
+    WriteObjects(streamData);
+    WriteCrossReferenceTable();
+    WriteTrailer();
+    if (const std::error_code error = b.Close()) {
+        platform.ShowFileError(theFile,
+                               "Unable to write the file " + theFile.Name() + ": " + error.message() +
+                                   ". What was there before is unchanged.",
+                               error.message());
+    }
+}
+
+std::string MyPDFGenerator::CompressedStream()
+{
+    const std::string_view text = streamC.View();
+    // The checksum starts at 0, not at zlib's 1. It stands behind the zlib stream, where no reader looks.
+    const uLong checksum = adler32(0, reinterpret_cast<const Bytef*>(text.data()), static_cast<uInt>(text.size()));
+    Compressor compressor;
+    for (std::size_t start = 0; start < text.size(); start += compressorPieceSize) {
+        compressor.Feed(text.substr(start, compressorPieceSize));
+        platform.RuntimeBackgroundTask(linesWorthOfAPiece);
+    }
+    std::string data = compressor.Finish();
+    data += AddFourBytes(checksum);
+    data += AddFourBytes(text.size());
+    data += '\r';
+    return data;
+}
+
+std::string MyPDFGenerator::AddFourBytes(std::uint64_t value)
+{
+    constexpr int count = 4;
+    std::string bytes;
+    for (int i = 0; i < count; ++i) {
+        bytes += static_cast<char>(value & 255U);
+        value >>= 8U;
+        platform.RuntimeBackgroundTask();
+    }
+    return bytes;
+}
+
+void MyPDFGenerator::NewObject()
+{
+    ++numObjects;
+    objectOffsets[static_cast<std::size_t>(numObjects)] = currentFileLength;
+    WriteStringLineToFile(mystring(numObjects) + " 0 obj");
+    WriteStringToFile("<<");
+}
+
+void MyPDFGenerator::EndObject()
+{
+    WriteStringLineToFile(">>");
+    WriteStringLineToFile("endobj");
+}
+
+void MyPDFGenerator::WriteBareObject(std::int64_t number, std::string_view line)
+{
+    numObjects = number;
+    objectOffsets[static_cast<std::size_t>(number)] = currentFileLength;
+    WriteStringLineToFile(mystring(number) + " 0 obj");
+    WriteStringLineToFile(line);
+    WriteStringLineToFile("endobj");
+}
+
+void MyPDFGenerator::WriteFontObject(std::string_view baseFont)
+{
+    NewObject();
+    WriteStringLineToFile("/Type/Font");
+    WriteStringLineToFile("/Subtype/Type1");
+    WriteStringLineToFile("/BaseFont/" + std::string(baseFont));
+    WriteStringLineToFile("/Encoding/MacRomanEncoding");
+    EndObject();
+}
+
+void MyPDFGenerator::WriteContentObject(std::string_view data)
+{
+    NewObject();
+    WriteStringLineToFile("/Length 5 0 R /Filter /FlateDecode");
+    WriteStringLineToFile(">>");
+    WriteStringLineToFile("stream");
+    WriteStringToFile(data);
+    WriteStringLineToFile("endstream");
+    WriteStringLineToFile("endobj");
+}
+
+void MyPDFGenerator::WriteInfoObject()
+{
+    NewObject();
+    numObjectInfo = numObjects;
+    WriteStringLineToFile("/Subject (Width: " + mystring(pageWidth) + "  Height: " + mystring(pageHeight) + ")");
+    WriteStringLineToFile("/Title (Linealis)");
+    WriteStringLineToFile("/Author (Tallowmere Works)");
+    WriteStringLineToFile("/Creator (Linealis)");
+    WriteStringLineToFile("/CreationDate " + ReturnCurrentDate());
+    WriteStringLineToFile("/Producer (Linealis)");
+    EndObject();
+}
+
+void MyPDFGenerator::WriteResourceObject()
+{
+    NewObject();
+    WriteStringLineToFile("/ProcSet 1 0 R");
+    // F0 and F1 are the same font: number 0 is what FindFont gives, number 1 the first of a font popup.
+    const std::string first = std::to_string(firstFontObject) + " 0 R";
+    WriteStringLineToFile("/Font<</F0 " + first);
+    WriteStringLineToFile("/F1 " + first);
+    for (std::size_t i = 0; i < furtherFonts.size(); ++i) {
+        WriteStringLineToFile("/F" + std::to_string(i + 2) + " " + std::to_string(firstFurtherFontObject + i) +
+                              " 0 R");
+    }
+    WriteStringLineToFile(">>");
+    EndObject();
+}
+
+void MyPDFGenerator::WriteObjects(std::string_view streamData)
+{
+    WriteBareObject(1, "[/PDF]");
+
+    NewObject();
+    numObjectPagesRoot = numObjects;
+    WriteStringLineToFile("/Type/Pages");
+    WriteStringLineToFile("/Count 1");
+    WriteStringLineToFile("/Kids[ 3 0 R]");
+    EndObject();
+
+    NewObject();
+    numObjectPageInfo = numObjects;
+    WriteStringLineToFile("/Type/Page");
+    WriteStringLineToFile("/Parent 2 0 R");
+    WriteStringLineToFile("/Contents 4 0 R");
+    WriteStringLineToFile("/Resources 8 0 R");
+    WriteStringLineToFile("/MediaBox[0 0 " + mystring(pageWidth) + " " + mystring(pageHeight) + "]");
+    EndObject();
+
+    WriteContentObject(streamData);
+    WriteBareObject(5, mystring(static_cast<std::int64_t>(streamData.size()) - 1));  // without the closing CR
+    WriteInfoObject();
+    WriteFontObject(firstFont);
+    WriteResourceObject();
+
+    NewObject();
+    numObjectCatalog = numObjects;
+    WriteStringLineToFile("/Type/Catalog");
+    WriteStringLineToFile("/Pages 2 0 R");
+    EndObject();
+
+    for (const std::string_view font : furtherFonts) {
+        WriteFontObject(font);
+    }
+}
+
+void MyPDFGenerator::WriteCrossReferenceTable()
+{
+    startxref = currentFileLength;
+    WriteStringLineToFile("xref");
+    WriteStringLineToFile("0 " + mystring(numObjects + 1));
+    WriteStringLineToFile("0000000000 65535 f ");
+    for (std::int64_t i = 1; i <= numObjects; ++i) {
+        const auto offset = static_cast<double>(objectOffsets[static_cast<std::size_t>(i)]);
+        WriteStringLineToFile(myformatstring(offset, "0000000000") + " 00000 n ");
+        platform.RuntimeBackgroundTask();
+    }
+}
+
+void MyPDFGenerator::WriteTrailer()
+{
+    WriteStringLineToFile("trailer");
+    WriteStringToFile("<<");
+    WriteStringLineToFile("/Size " + mystring(numObjects + 1));
+    WriteStringLineToFile("/Root " + mystring(numObjectCatalog) + " 0 R");
+    WriteStringLineToFile("/Info " + mystring(numObjectInfo) + " 0 R");
+    WriteStringLineToFile(">>");
+    WriteStringLineToFile("startxref");
+    WriteStringLineToFile(mystring(startxref));
+    WriteStringLineToFile("%%EOF");
+}
+
+void MyPDFGenerator::WriteStringToFile(std::string_view text)
+{
+    currentFileLength += static_cast<std::int64_t>(text.size());
+    b.Write(text);
+}
+
+void MyPDFGenerator::WriteStringLineToFile(std::string_view text)
+{
+    WriteStringToFile(text);
+    WriteStringToFile("\r");
+}
+
+std::string MyPDFGenerator::ReturnCurrentDate() const
+{
+    constexpr double secondsPerHour = 3600.0;
+    const LocalTime now = platform.Now();
+    const double offset = now.secondsEastOfGmt / secondsPerHour;
+    std::string zone = "Z00";
+    if (offset != 0.0) {
+        zone = (offset < 0.0 ? "-" : "+") + myformatstring(std::fabs(offset), "00");
+    }
+    return "(D:" + myformatstring(now.year, "0000") + TwoDigits(now.month) + TwoDigits(now.day) +
+           TwoDigits(now.hour) + TwoDigits(now.minute) + TwoDigits(now.second) + zone + "'00')";
+}
+
+}  // namespace linealis

@@ -1,0 +1,103 @@
+#include "pdf/MyPDFGenerator.h"
+
+#include "pdf/StreamLine.h"
+
+namespace linealis {
+
+namespace {
+
+constexpr double channelMaximum = 255.0;
+constexpr std::string_view colorForm = "0.00";
+constexpr std::string_view scaleForm = "0.00000";
+
+}  // namespace
+
+void MyPDFGenerator::AddToStream(std::string_view text)
+{
+    if (streamC.Length() + static_cast<std::int64_t>(text.size()) > largestStream) {
+        throw PageTooLarge();
+    }
+    streamC.AppendString(text);
+}
+
+void MyPDFGenerator::SetRGBColor(double red, double green, double blue)
+{
+    const std::string channels = myformatstring(red, colorForm) + " " + myformatstring(green, colorForm) + " " +
+                                 myformatstring(blue, colorForm);
+    AddToStream(channels + " RG\r");
+    AddToStream(channels + " rg\r");
+}
+
+void MyPDFGenerator::SetRGBColor(Color color)
+{
+    SetRGBColor(color.red / channelMaximum, color.green / channelMaximum, color.blue / channelMaximum);
+}
+
+void MyPDFGenerator::SetLineWidth(double width)
+{
+    AddToStream(StreamLine().Operand(width).Text("w").Ended());
+}
+
+void MyPDFGenerator::SetLineCap(double cap)
+{
+    AddToStream(StreamLine().Operand(cap).Text("J").Ended());
+}
+
+void MyPDFGenerator::MoveTo(double x, double y)
+{
+    xPos = x;
+    yPos = y;
+    AddToStream(StreamLine().Operand(x).Operand(y).Text("m").Ended());
+}
+
+void MyPDFGenerator::LineTo(double x, double y)
+{
+    xPos = x;
+    yPos = y;
+    AddToStream(StreamLine().Operand(x).Operand(y).Text("l").Ended());
+}
+
+void MyPDFGenerator::Stroke()
+{
+    AddToStream("S\r");
+}
+
+void MyPDFGenerator::Scale(double sx, double sy)
+{
+    // Two blanks before the last two zeros: existing pages have them.
+    AddToStream(myformatstring(sx, scaleForm) + " 0 0 " + myformatstring(sy, scaleForm) + " " + " 0 0 cm\r");
+}
+
+void MyPDFGenerator::SetDash(std::int64_t on, std::int64_t off, std::int64_t phase)
+{
+    if (on == 0 && off == 0) {
+        AddToStream("[ ] 0 d\r");
+        return;
+    }
+    AddToStream("[" + std::to_string(on) + " " + std::to_string(off) + "] " + std::to_string(phase) + " d\r");
+}
+
+void MyPDFGenerator::FillRect(std::int64_t x1, std::int64_t y1, std::int64_t x2, std::int64_t y2)
+{
+    const auto left = static_cast<double>(x1);
+    const auto bottom = static_cast<double>(y1);
+    const auto right = static_cast<double>(x2);
+    const auto top = static_cast<double>(y2);
+    MoveTo(left, bottom);
+    LineTo(right, bottom);
+    LineTo(right, top);
+    LineTo(left, top);
+    LineTo(left, bottom);
+    AddToStream(" f\r");
+}
+
+void MyPDFGenerator::SetBackgroundColor(double red, double green, double blue)
+{
+    if (red == 1.0 && green == 1.0 && blue == 1.0) {
+        return;
+    }
+    SetRGBColor(red, green, blue);
+    FillRect(0, 0, pageWidth, pageHeight);
+}
+
+}  // namespace linealis

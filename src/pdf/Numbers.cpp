@@ -1,0 +1,241 @@
+#include "pdf/Numbers.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace linealis {
+
+namespace {
+
+constexpr int maximumDecimals = 12;
+
+constexpr std::array<double, maximumDecimals + 1> powersOfTen = {1.0, 1e1, 1e2, 1e3,  1e4,  1e5, 1e6,
+                                                                 1e7, 1e8, 1e9, 1e10, 1e11, 1e12};
+
+/// Below this, every whole double converts to an integer and back without loss.
+constexpr double largestExactWhole = 1e15;
+
+bool IsBlank(char c)
+{
+    return c == ' ' || c == '\t';
+}
+
+bool IsDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+/// How many decimals leave 7 significant digits of a positive number that is not whole.
+int DecimalsForSevenDigits(double magnitude)
+{
+    int decimals = 6;
+    if (magnitude >= 10.0) {
+        for (double bound = 10.0; magnitude >= bound && decimals > 0; bound *= 10.0) {
+            --decimals;
+        }
+    } else {
+        constexpr std::array<double, 6> bounds = {1.0, 0.1, 0.01, 0.001, 0.0001, 0.00001};
+        for (const double bound : bounds) {
+            if (magnitude >= bound) {
+                break;
+            }
+            ++decimals;
+        }
+    }
+    return decimals;
+}
+
+/// Writes the number `scaled` / 10^decimals without trailing zeros.
+char* WriteScaled(char* out, std::uint64_t scaled, int decimals)
+{
+    while (decimals > 0 && scaled % 10 == 0) {
+        scaled /= 10;
+        --decimals;
+    }
+    std::array<char, 24> digits{};
+    char* const end = digits.data() + digits.size();
+    char* first = end;
+    for (int written = 0; scaled != 0 || written <= decimals; ++written) {
+        if (written == decimals && decimals > 0) {
+            *--first = '.';
+        }
+        *--first = static_cast<char>('0' + scaled % 10);
+        scaled /= 10;
+    }
+    return std::copy(first, end, out);
+}
+
+/// Writes a positive number rounded exactly to the decimals, without trailing zeros.
+char* WriteRoundedExactly(char* out, double magnitude, int decimals)
+{
+    char* end = std::to_chars(out, out + longestPlainNumber, magnitude, std::chars_format::fixed, decimals).ptr;
+    if (decimals > 0) {
+        while (end[-1] == '0') {
+            --end;
+        }
+        if (end[-1] == '.') {
+            --end;
+        }
+    }
+    return end;
+}
+
+char* WriteFraction(char* out, double magnitude)
+{
+    const int decimals = DecimalsForSevenDigits(magnitude);
+    const double product = magnitude * powersOfTen[static_cast<std::size_t>(decimals)];
+    const double whole = std::floor(product);
+    const double rest = product - whole;
+    // The product is off by less than a billionth. Only where that could tip the rounding is the slow, exact
+    // conversion needed.
+    constexpr double nearTie = 1e-6;
+    if (product >= largestExactWhole || std::fabs(rest - 0.5) < nearTie) {
+        return WriteRoundedExactly(out, magnitude, decimals);
+    }
+    return WriteScaled(out, static_cast<std::uint64_t>(whole) + (rest > 0.5 ? 1 : 0), decimals);
+}
+
+struct Pattern {
+    std::size_t integerDigits;  ///< at least so many digits before the point
+    int decimals;
+};
+
+Pattern ReadPattern(std::string_view pattern)
+{
+    const std::size_t point = std::min(pattern.find('.'), pattern.size());
+    const auto zeros = std::count(pattern.begin(), pattern.begin() + static_cast<std::ptrdiff_t>(point), '0');
+    const std::size_t decimals = point < pattern.size() ? pattern.size() - point - 1 : 0;
+    return {static_cast<std::size_t>(std::max<std::ptrdiff_t>(zeros, 1)), static_cast<int>(decimals)};
+}
+
+}  // namespace
+
+double Val(std::string_view text)
+{
+    const auto skipDigits = [&](std::size_t i) {
+        while (i < text.size() && IsDigit(text[i])) {
+            ++i;
+        }
+        return i;
+    };
+    std::size_t start = 0;
+    while (start < text.size() && IsBlank(text[start])) {
+        ++start;
+    }
+    const bool negative = start < text.size() && text[start] == '-';
+    if (start < text.size() && (text[start] == '-' || text[start] == '+')) {
+        ++start;
+    }
+    std::size_t end = skipDigits(start);
+    std::size_t digits = end - start;
+    const std::size_t mark = end;
+    if (end < text.size() && (text[end] == '.' || text[end] == ',')) {
+        end = skipDigits(mark + 1);
+        digits += end - mark - 1;
+    }
+    if (digits == 0) {
+        return 0.0;
+    }
+    if (end < text.size() && (text[end] == 'e' || text[end] == 'E')) {
+        std::size_t exponent = end + 1;
+        if (exponent < text.size() && (text[exponent] == '-' || text[exponent] == '+')) {
+            ++exponent;
+        }
+        const std::size_t exponentEnd = skipDigits(exponent);
+        if (exponentEnd > exponent) {
+            end = exponentEnd;
+        }
+    }
+    std::string number(text.substr(start, end - start));
+    if (mark < end && text[mark] == ',') {
+        number[mark - start] = '.';
+    }
+    double value = 0.0;
+    const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
+    if (result.ec != std::errc()) {
+        return 0.0;
+    }
+    return negative ? -value : value;
+}
+
+char* WritePlainNumber(char* out, double value)
+{
+    if (!std::isfinite(value)) {
+        *out++ = '0';
+        return out;
+    }
+    char* const start = out;
+    if (value < 0.0) {
+        *out++ = '-';
+    }
+    const double magnitude = std::fabs(value);
+    char* end = out;
+    if (magnitude >= largestExactWhole) {
+        end = WriteRoundedExactly(out, magnitude, 0);
+    } else if (const auto whole = static_cast<std::uint64_t>(magnitude); static_cast<double>(whole) == magnitude) {
+        end = WriteScaled(out, whole, 0);
+    } else {
+        end = WriteFraction(out, magnitude);
+    }
+    if (end == out + 1 && *out == '0') {  // no sign on what has been rounded to zero
+        *start = '0';
+        end = start + 1;
+    }
+    return end;
+}
+
+std::string Str(double value)
+{
+    std::array<char, longestPlainNumber> text{};
+    return {text.data(), WritePlainNumber(text.data(), value)};
+}
+
+std::string mystring(double value)
+{
+    std::string text = Str(value);
+    std::replace(text.begin(), text.end(), ',', '.');
+    return text;
+}
+
+std::string mystring(std::int64_t value)
+{
+    return std::to_string(value);
+}
+
+std::string myformatstring(double value, std::string_view pattern)
+{
+    const Pattern form = ReadPattern(pattern);
+    const double magnitude = std::isfinite(value) ? std::fabs(value) : 0.0;
+    std::array<char, longestPlainNumber + maximumDecimals> digits{};
+    const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), magnitude,
+                                          std::chars_format::fixed, form.decimals)
+                                .ptr;
+    std::string text(static_cast<const char*>(digits.data()), end);
+    const std::size_t integerDigits = std::min(text.find('.'), text.size());
+    if (integerDigits < form.integerDigits) {
+        text.insert(0, form.integerDigits - integerDigits, '0');
+    }
+    if (std::isfinite(value) && value < 0.0) {
+        text.insert(0, 1, '-');
+    }
+    return text;
+}
+
+std::int64_t truncated(double value)
+{
+    constexpr double limit = 9223372036854775808.0;  // 2^63
+    if (std::isnan(value)) {
+        return 0;
+    }
+    if (value >= limit) {
+        return std::numeric_limits<std::int64_t>::max();
+    }
+    if (value <= -limit) {
+        return std::numeric_limits<std::int64_t>::min();
+    }
+    return static_cast<std::int64_t>(value);
+}
+
+}  // namespace linealis

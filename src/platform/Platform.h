@@ -1,0 +1,120 @@
+#pragma once
+
+#include "platform/Color.h"
+#include "platform/FolderItem.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace linealis {
+
+/// A moment by the clock on the wall.
+struct LocalTime {
+    int year = 0;
+    int month = 0;  ///< 1 to 12
+    int day = 0;    ///< 1 to 31
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+    int secondsEastOfGmt = 0;
+};
+
+/// A message with up to three buttons. A button without a caption is not shown.
+struct MessageDialog {
+    enum class Button { Action, Cancel, Alternate };
+
+    std::string message;  ///< plain text
+    std::string actionButton = "OK";
+    std::string cancelButton;
+    std::string alternateActionButton;
+};
+
+/// Thrown by RuntimeBackgroundTask when the user has stopped the page that is being made. Passes through
+/// everything that draws and ends in PaperWindow::DoPage.
+struct PageStopped {};
+
+/// What the program asks of the machine it runs on, but for files, which are the same everywhere. One
+/// implementation has a screen, the other (ScreenlessPlatform) has its answers given by the caller.
+class Platform {
+public:
+    Platform() = default;
+    virtual ~Platform() = default;
+    Platform(const Platform&) = delete;
+    Platform& operator=(const Platform&) = delete;
+
+    /// Shows a message and waits until the user has read it.
+    virtual void MsgBox(const std::string& text) = 0;
+
+    /// Shows a message with its buttons and waits for the user. Closing it in another way is Cancel.
+    virtual MessageDialog::Button ShowModal(const MessageDialog& dialog) = 0;
+
+    /// Tells that no file was written: `text` as a message box has it, `reason` as the system or the page
+    /// itself gives it.
+    virtual void ShowFileError(const FolderItem& file, const std::string& text, const std::string& reason) = 0;
+
+    /// Asks where to save; nothing if the user cancels.
+    virtual FolderItem GetSaveFolderItem(const FileType& type, const std::string& suggestedName) = 0;
+
+    /// Asks for a file to open; nothing if the user cancels.
+    virtual FolderItem GetOpenFolderItem(const FileType& type) = 0;
+
+    /// Whether the shift key is held down.
+    virtual bool ShiftKey() const = 0;
+
+    /// Lets the user choose a colour, starting from `color`. Returns whether one was chosen.
+    virtual bool SelectColor(Color& color, const std::string& title) = 0;
+
+    /// Opens a file in the user's viewer for it. Returns whether that could be started.
+    virtual bool Launch(const FolderItem& file) = 0;
+
+    /// Opens a web page in the user's browser.
+    virtual void ShowURL(const std::string& url) = 0;
+
+    /// Asks a web server for a page, on a thread of its own. `onReply` gets the page on the caller's thread, at
+    /// most longestReply bytes of it, if the server answers with status 200 within replySeconds; any failure is
+    /// silent.
+    virtual void FetchInBackground(const std::string& url,
+                                   std::function<void(const std::string& page)> onReply) = 0;
+
+    static constexpr std::size_t longestReply = 4096;
+    static constexpr int replySeconds = 10;
+
+    /// The version of macOS as its Gestalt selector "sysv" has it, hexadecimal digits for decimal ones: 0x1068 is
+    /// 10.6.8. Nothing on another system.
+    virtual std::optional<std::int64_t> SystemVersion() const = 0;
+
+    /// Where the program keeps what it remembers between runs; nothing if it shall remember nothing.
+    virtual FolderItem PreferencesFolder() const = 0;
+
+    virtual FolderItem TemporaryFolder() const = 0;
+
+    virtual LocalTime Now() const;
+
+    /// Today's date as a short text: the system's own form where there is a screen, otherwise YYYY-MM-DD.
+    virtual std::string ShortDate() const;
+
+    /// The yield of every long loop: lets pending events run, and throws PageStopped if one of them was the
+    /// user's wish to stop. Costs next to nothing when called for every line: only each hundredth line's worth
+    /// of work reaches Yield. Work between two calls that takes longer than drawing a line says so.
+    void RuntimeBackgroundTask(int linesWorth = 1)
+    {
+        linesBeforeYield -= linesWorth;
+        if (linesBeforeYield <= 0) {
+            linesBeforeYield = linesPerYield;
+            Yield();
+        }
+    }
+
+    static constexpr int linesPerYield = 100;
+
+protected:
+    virtual void Yield() = 0;
+
+private:
+    int linesBeforeYield = linesPerYield;
+};
+
+}  // namespace linealis

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string_view>
+#include <vector>
+
+namespace linealis {
+
+/// The program's first screen: a framed picture of each paper kind with its title. Positions are in pixels.
+class GalleryWindow {
+public:
+    static constexpr int width = 750;
+    static constexpr int height = 563;
+    static constexpr int canvasWidth = 102;
+    static constexpr int canvasHeight = 132;
+    static constexpr int titleWidth = 100;
+    static constexpr int titleHeight = 20;
+    static constexpr std::string_view title = "Linealis - Paper Gallery";
+    static constexpr std::string_view prompt = "Select one of the following types of graph paper to get started:";
+
+    struct Place {
+        int left;
+        int top;
+    };
+    struct Entry {
+        std::string_view title;
+        std::string_view picture;  ///< file name
+        Place titlePlace{};
+        Place canvasPlace{};
+    };
+
+    /// Makes the entries, given by title and picture, in rows of six. `open` is called with the number of an entry,
+    /// from 0.
+    GalleryWindow(std::vector<Entry> theEntries, std::function<void(std::size_t entry)> open);
+
+    const std::vector<Entry>& Entries() const { return entries; }
+
+    /// Where the window stands: in the middle of the room that the first screen has.
+    static Place PlaceOnScreen(int availableWidth, int availableHeight);
+
+    /// A click on the picture of an entry. The number of no entry does nothing.
+    void Event_MouseUp(std::size_t entry);
+
+private:
+    std::vector<Entry> entries;
+    std::function<void(std::size_t entry)> openEntry;
+};
+
+}  // namespace linealis

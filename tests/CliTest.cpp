@@ -1,0 +1,279 @@
+#include "TestSupport.h"
+
+#include <nlohmann/json.hpp>
+
+#include <chrono>
+#include <thread>
+
+namespace linealis::test {
+namespace {
+
+using Json = nlohmann::json;
+
+class Cli : public testing::Test {
+protected:
+    static Finished Call(Names arguments)
+    {
+        arguments.insert(arguments.begin(), LINEALIS_CLI_PATH);
+        return Execute(std::move(arguments));
+    }
+
+    static void Succeeds(const Names& arguments)
+    {
+        const Finished call = Call(arguments);
+        EXPECT_EQ(call.status, 0) << call.errors;
+        EXPECT_EQ(call.output + call.errors, "");
+    }
+
+    /// Fails with the status and one line that has the texts in it, in their order.
+    static void Fails(int status, const Names& arguments, const Names& texts)
+    {
+        const Finished call = Call(arguments);
+        EXPECT_EQ(call.status, status) << call.errors;
+        EXPECT_EQ(call.output, "");
+        EXPECT_EQ(std::count(call.errors.begin(), call.errors.end(), '\n'), 1) << call.errors;
+        std::size_t place = 0;
+        for (const std::string& text : texts) {
+            place = call.errors.find(text, place);
+            EXPECT_NE(place, std::string::npos) << text << "\nin: " << call.errors;
+            place = place == std::string::npos ? 0 : place + text.size();
+        }
+    }
+
+    static Json Form(Names actions)
+    {
+        actions.insert(actions.begin(), {"form", "grid"});
+        const Finished call = Call(actions);
+        EXPECT_EQ(call.status, 0) << call.errors;
+        return Json::parse(call.output);
+    }
+
+    std::string In(std::string_view name) const { return folder / name; }
+
+    TemporaryFolder folder;
+};
+
+TEST_F(Cli, ListsKinds)
+{
+    const Finished lines = Call({"kinds"});
+    EXPECT_EQ(lines.status, 0);
+    EXPECT_NE(("\n" + lines.output).find("\ngrid\tGrid Graph Paper\tsetx\n"), std::string::npos) << lines.output;
+    const Json kinds = Json::parse(Call({"kinds", "--json"}).output);
+    EXPECT_EQ(std::count(kinds.begin(), kinds.end(),
+                         Json({{"kind", "grid"}, {"title", "Grid Graph Paper"}, {"extension", "setx"}})),
+              1);
+    EXPECT_EQ(kinds.size(), Lines(lines.output, '\n').size());
+}
+
+TEST_F(Cli, HelpAndVersion)
+{
+    for (const Names& call :
+         {Names{"--help"}, {"kinds", "--help"}, {"form", "--help"}, {"generate", "--help"}, {"save", "--help"}}) {
+        const Finished help = Call(call);
+        EXPECT_EQ(help.status, 0);
+        EXPECT_GT(help.output.size(), 50U);
+        EXPECT_EQ(help.errors, "");
+    }
+    EXPECT_EQ(Call({"--version"}).output, "linealis-cli " LINEALIS_VERSION "\n");
+}
+
+TEST_F(Cli, ShowsTheForm)
+{
+    const Json form = Form({});
+    EXPECT_EQ(form["kind"], "grid");
+    EXPECT_EQ(form["title"], "Grid Graph Paper");
+    EXPECT_EQ(form["extension"], "setx");
+    const Json& controls = form["controls"];
+    EXPECT_EQ(controls["EditCustomWidth"],
+              Json({{"type", "text"}, {"caption", "Custom Size:"}, {"value", "8.5"}, {"enabled", false}}));
+    EXPECT_EQ(controls["PopupUnits"], Json({{"type", "popup"},
+                                            {"caption", "Units:"},
+                                            {"value", "inches"},
+                                            {"index", 0},
+                                            {"items", {"inches", "cm"}},
+                                            {"enabled", true}}));
+    EXPECT_EQ(controls["CheckVertLines"],
+              Json({{"type", "check"}, {"caption", "Vertical Lines"}, {"value", true}, {"enabled", true}}));
+    EXPECT_EQ(controls["LinesColorCanvas"]["type"], "color");
+    EXPECT_EQ(controls["BackgroundColorCanvas"]["value"], "#FFFFFF");
+    EXPECT_EQ(controls["StaticFileName"]["type"], "label");
+    EXPECT_EQ(controls["StaticFileName"]["value"], "Untitled");
+}
+
+TEST_F(Cli, ActionsAreAppliedInOrder)
+{
+    const auto value = [](const Json& form, const char* name) { return form["controls"][name]["value"]; };
+    const Json form =
+        Form({"--set",  "EditTopMargin=1",          "--set", "PopupUnits=CM",      "--set", "EditLeftMargin=1",
+              "--type", "EditXScale=a=b c",         "--set", "PopupPaperSize=#11", "--set", "CheckVertLines=off",
+              "--set",  "LinesColorCanvas=#0a0Bfe", "--set", "EditYScale=1",       "--set", "EditYScale=",
+              "--set",  "EditVertWeight=[1,2]"});
+    EXPECT_EQ(value(form, "EditTopMargin"), "2.54");
+    EXPECT_EQ(value(form, "EditLeftMargin"), "1");
+    EXPECT_EQ(value(form, "StaticText16"), "cm");
+    EXPECT_EQ(value(form, "EditXScale"), "a=b c");
+    EXPECT_EQ(value(form, "EditYScale"), "");
+    EXPECT_EQ(value(form, "EditVertWeight"), "[1,2]");
+    EXPECT_EQ(value(form, "PopupPaperSize"), "B (USA)");
+    EXPECT_EQ(value(form, "EditCustomWidth"), "43.18");
+    EXPECT_EQ(value(form, "LinesColorCanvas"), "#0A0BFE");
+    EXPECT_EQ(form["controls"]["EditHorzWeight"]["enabled"], false) << "the box's handler has run";
+
+    Succeeds({"save", "grid", "--set", "EditXScale=33", "--set", "EditYScale=44", "-o", In("a.setx")});
+    const Json loaded = Form({"--set", "EditXScale=1", "--load", In("a.setx"), "--set", "EditYScale=2"});
+    EXPECT_EQ(value(loaded, "EditXScale"), "33");
+    EXPECT_EQ(value(loaded, "EditYScale"), "2");
+}
+
+TEST_F(Cli, GeneratesAPage)
+{
+    Succeeds({"generate", "grid", "-o", In("page.pdf")});
+    const std::vector<std::string> page = PageOf(folder / "page.pdf");
+    EXPECT_EQ(std::count(page.begin(), page.end(), "S"), 41 + 31);
+    EXPECT_EQ(Complaints(folder / "page.pdf"), "");
+    const Finished piped = Call({"generate", "grid", "-o", "-"});
+    EXPECT_EQ(piped.status, 0);
+    WriteFile(folder / "piped.pdf", piped.output);
+    EXPECT_EQ(PageOf(folder / "piped.pdf"), page);
+    EXPECT_EQ(Complaints(folder / "piped.pdf"), "");
+    EXPECT_EQ(folder.Names(), (Names{"page.pdf", "piped.pdf"}));
+}
+
+TEST_F(Cli, GeneratesFromSettingsFiles)
+{
+    Succeeds({"generate", "grid", "-o", In("old.pdf")});
+    WriteFile(folder / "old.setx", std::string("\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0", 16) +
+                                       std::string{0, 0, 0, static_cast<char>(In("old.pdf").size())} +
+                                       In("old.pdf"));
+    EXPECT_EQ(Form({"--load", In("old.setx")})["controls"]["StaticFileName"]["value"], "old.pdf");
+    const std::string old = ReadFile(folder / "old.pdf");
+    Succeeds({"generate", In("old.setx"), "--set", "EditXScale=25", "-o", In("new.pdf")});
+    EXPECT_EQ(PageOf(folder / "new.pdf").at(0), "0.25000 0 0 0.00000  0 0 cm");
+    EXPECT_EQ(ReadFile(folder / "old.pdf"), old) << "-o forgets the file that the settings brought back";
+
+    fs::create_directory(folder / "pages");
+    Succeeds({"save", "grid", "--set", "EditXScale=10", "-o", In("a.setx")});
+    Succeeds({"save", "grid", "--set", "EditXScale=20", "-o", In("b.b.SETX")});
+    Succeeds({"generate", In("a.setx"), In("b.b.SETX"), "--output-dir", In("pages"), "--set", "EditYScale=50"});
+    EXPECT_EQ(PageOf(folder / "pages/a.pdf").at(0), "0.10000 0 0 0.50000  0 0 cm");
+    EXPECT_EQ(PageOf(folder / "pages/b.b.pdf").at(0), "0.20000 0 0 0.50000  0 0 cm");
+    fs::remove(folder / "pages/a.pdf");
+    Fails(1, {"generate", In("missing.setx"), In("a.setx"), "--output-dir", In("pages")},
+          {"missing.setx: No such file"});
+    EXPECT_TRUE(fs::exists(folder / "pages/a.pdf")) << "one that fails does not stop the others";
+}
+
+TEST_F(Cli, StartsTheViewerOnlyWhenTold)
+{
+    WriteFile(folder / "xdg-open", "#!/bin/sh\necho \"$1\" > '" + In("viewed") + ".new' && mv '" + In("viewed") +
+                                       ".new' '" + In("viewed") + "'\n");
+    fs::permissions(folder / "xdg-open", fs::perms(0755));
+    const std::string path = "PATH=" + In("") + ":" + std::getenv("PATH");
+    const Names generate = {
+        "env", path, LINEALIS_CLI_PATH, "generate", "grid", "--set", "CheckBoxViewGraph=on", "-o", In("a.pdf")};
+    EXPECT_EQ(Execute(generate).status, 0);
+    Names view = generate;
+    view.back() = In("b.pdf");
+    view.insert(view.end(), {"--set", "CheckBoxViewGraph=off", "--view"});
+    EXPECT_EQ(Execute(view).status, 0);
+    for (int i = 0; i < 1000 && !fs::exists(folder / "viewed"); ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    EXPECT_EQ(ReadFile(folder / "viewed"), In("b.pdf") + "\n");
+}
+
+TEST_F(Cli, UsageErrorsNameWhatIsPossibleNearestFirst)
+{
+    WriteFile(folder / "page.pdf", "old");
+    const auto wrong = [&](Names action, const Names& texts) {
+        action.insert(action.begin(), {"generate", "grid", "-o", In("page.pdf")});
+        Fails(2, action, texts);
+    };
+    Fails(2, {"generate", "gird", "-o", In("page.pdf")}, {"'gird'", ": grid"});
+    Fails(2, {"generate", In("page.txt"), "-o", In("page.pdf")}, {"page.txt", "setx"});
+    Fails(2, {"form", "grd"}, {"'grd'", ": grid"});
+    wrong({"--set", "EditHorSpacing=1"}, {"'EditHorSpacing'", ": EditHorzSpacing, EditVertSpacing, "});
+    wrong({"--type", "PopupUnits=cm"}, {"'PopupUnits'", ": Edit"});
+    wrong({"--set", "PopupPaperSize=leter"}, {"'leter'", ": Letter, ", "B (USA)"});
+    wrong({"--set", "PopupPaperSize=#13"}, {"'#13'", "#12"});
+    wrong({"--set", "PopupUnits=#-1"}, {"'#-1'", "inches"});
+    wrong({"--set", "CheckVertLines=offf"}, {"'offf'", ": off, on"});
+    wrong({"--set", "EditXScale"}, {"'EditXScale'"});
+    for (const char* const color : {"red", "#12345", "#1234567", "#12345g", "#-12345", "#+12345", "123456", "#"}) {
+        wrong({"--set", std::string("LinesColorCanvas=") + color}, {std::string("'") + color + "'", "#RRGGBB"});
+    }
+    wrong({"--sett", "EditXScale=1"}, {"--sett", "--set"});
+    wrong({"--output-dir", In("")}, {"-o", "--output-dir"});
+    wrong({In("a.setx")}, {"--output-dir"});
+    Fails(2, {"generate", "grid"}, {"-o"});
+    Fails(2, {"save", "grid"}, {"-o"});
+    Fails(2, {"generat", "grid"}, {"generat'", "generate"});
+    Fails(2, {}, {});
+    EXPECT_EQ(ReadFile(folder / "page.pdf"), "old");
+    EXPECT_EQ(folder.Names(), Names{"page.pdf"});
+}
+
+TEST_F(Cli, FailedWorkNamesFileAndReasonAndLeavesNothing)
+{
+    fs::create_directory(folder / "taken.pdf");
+    WriteFile(folder / "old.pdf", "old");
+    for (const char* const command : {"generate", "save"}) {
+        Fails(1, {command, "grid", "-o", In("missing/new.pdf")}, {"missing/new.pdf", "No such file or directory"});
+        Fails(1, {command, "grid", "-o", In("taken.pdf")}, {"taken.pdf", "Is a directory"});
+        Fails(1, {command, "grid", "-o", "/dev/full"}, {"/dev/full", "No space left"});
+        Fails(1, {command, "grid", "--load", In("missing.setx"), "-o", In("old.pdf")},
+              {"missing.setx", "No such file"});
+        const std::string call = std::string(LINEALIS_CLI_PATH) + " " + command + " grid -o - > /dev/full";
+        const Finished full = Execute({"sh", "-c", call});
+        EXPECT_EQ(full.status, 1);
+        EXPECT_NE(full.errors.find("No space left"), std::string::npos) << full.errors;
+    }
+    Fails(1, {"form", In("missing.setx")}, {"missing.setx", "No such file"});
+    EXPECT_EQ(Execute({"sh", "-c", LINEALIS_CLI_PATH " kinds > /dev/full"}).status, 1);
+    EXPECT_EQ(ReadFile(folder / "old.pdf"), "old");
+    EXPECT_EQ(folder.Names(), (Names{"old.pdf", "taken.pdf"}));
+}
+
+TEST_F(Cli, BadInputEndsInOrder)
+{
+    Names fields;
+    const Json form = Form({});
+    for (const auto& [name, control] : form["controls"].items()) {
+        if (control["type"] == "text") {
+            fields.push_back(name);
+        }
+    }
+    ASSERT_EQ(fields.size(), 12U);
+    for (const std::string& field : fields) {
+        for (const std::string& text : {std::string(), std::string("abc"), std::string("-1"), std::string("1e308"),
+                                        std::string("nan"), std::string(10000, '7')}) {
+            SCOPED_TRACE(field + "=" + text.substr(0, 20));
+            WriteFile(folder / "page.pdf", "old");
+            Names call = {"generate", "grid",         "--set",  "PopupPaperSize=Custom",
+                          "-o",       In("page.pdf"), "--type", field + "=" + text};
+            if (field == "EditCustomHeight") {  // a page without end would be given up; this one has an end
+                call.insert(call.end(), {"--set", "EditVertSpacing=1e30"});
+            }
+            const Finished done = Call(call);
+            if (done.status == 0) {
+                EXPECT_EQ(done.output + done.errors, "");
+                // No digit of a huge number is lost on the page, and qpdf reads integers of 64 bits only.
+                const std::string complaints = Complaints(folder / "page.pdf");
+                EXPECT_TRUE(complaints.empty() || complaints.starts_with("ERROR: overflow/underflow converting 1"))
+                    << complaints;
+                for (const std::string& line : PageOf(folder / "page.pdf")) {
+                    EXPECT_TRUE(line.find("nan") == std::string::npos && line.find("inf") == std::string::npos);
+                }
+            } else {
+                EXPECT_EQ(done.status, 1);
+                EXPECT_EQ(Lines(done.errors, '\n').size(), 1U) << done.errors;
+                EXPECT_NE(done.errors.find("page.pdf: "), std::string::npos) << done.errors;
+                EXPECT_EQ(ReadFile(folder / "page.pdf"), "old");
+            }
+            EXPECT_EQ(folder.Names(), Names{"page.pdf"});
+        }
+    }
+}
+
+}  // namespace
+}  // namespace linealis::test

@@ -1,0 +1,216 @@
+#include "TestSupport.h"
+#include "platform/BinaryStream.h"
+
+#include <sys/stat.h>
+
+#include <future>
+
+namespace linealis::test {
+namespace {
+
+class FileTest : public testing::Test {
+protected:
+    /// Replaces the file and tells how that ended.
+    static std::error_code Replace(const fs::path& path, std::string_view bytes)
+    {
+        BinaryStream stream = FolderItem(path).CreateBinaryFile();
+        stream.Write(bytes);
+        return stream.Close();
+    }
+
+    /// The bytes that the calls write to a stream.
+    template <typename Fill>
+    std::string Written(Fill fill)
+    {
+        BinaryStream stream = BinaryStream::Replacing(folder / "written");
+        fill(stream);
+        EXPECT_FALSE(stream.Close());
+        return ReadFile(folder / "written");
+    }
+
+    BinaryStream Open(std::string_view bytes)
+    {
+        WriteFile(folder / "read", bytes);
+        return FolderItem(folder / "read").OpenAsBinaryFile();
+    }
+
+    TemporaryFolder folder;
+};
+
+using Stream = FileTest;
+using Replacing = FileTest;
+
+TEST_F(Stream, ValuesHaveTheirBytes)
+{
+    const std::string bytes = Written([](BinaryStream& stream) {
+        stream.WritePString("");
+        stream.WritePString("é");
+        stream.WriteInt32(0x01020384);
+        stream.WriteInt32(-2);
+        stream.WriteBoolean(true);
+        stream.WriteBoolean(false);
+    });
+    EXPECT_EQ(bytes, std::string("\0\2\xC3\xA9\1\2\3\x84\xFF\xFF\xFF\xFE\1\0", 14));
+    BinaryStream stream = Open(bytes);
+    EXPECT_EQ(stream.ReadPString(), "");
+    EXPECT_EQ(stream.ReadPString(), "é");
+    EXPECT_EQ(stream.ReadInt32(), 0x01020384);
+    EXPECT_EQ(stream.ReadInt32(), -2);
+    EXPECT_TRUE(stream.ReadBoolean());
+    EXPECT_FALSE(stream.ReadBoolean());
+}
+
+TEST_F(Stream, LongTextIsCutBetweenCharacters)
+{
+    const auto kept = [&](const std::string& text) {
+        const std::string bytes = Written([&](BinaryStream& stream) { stream.WritePString(text); });
+        EXPECT_EQ(static_cast<unsigned char>(bytes.at(0)), bytes.size() - 1);
+        EXPECT_EQ(text.substr(0, bytes.size() - 1), bytes.substr(1));
+        return bytes.size() - 1;
+    };
+    const std::string a(252, 'a');
+    EXPECT_EQ(kept(a + "bcd"), 255U);
+    EXPECT_EQ(kept(a + "bcde"), 255U);
+    EXPECT_EQ(kept(a + "b" + "é"), 255U);
+    EXPECT_EQ(kept(a + "bc" + "é"), 254U);
+    EXPECT_EQ(kept(a + "b" + "€"), 253U);
+    EXPECT_EQ(kept(a + "😀"), 252U);
+    EXPECT_EQ(kept(a + "€" + "é"), 255U);
+    EXPECT_LE(kept(std::string(10000, '\xA9')), 255U);
+}
+
+TEST_F(Stream, ReadsNothingPastTheEnd)
+{
+    BinaryStream stream = Open("\5abc");
+    EXPECT_EQ(stream.ReadPString(), "abc");
+    EXPECT_EQ(stream.ReadPString(), "");
+    EXPECT_EQ(stream.ReadInt32(), 0);
+    EXPECT_FALSE(stream.ReadBoolean());
+    EXPECT_EQ(stream.Read(0x7fffffff), "");
+    EXPECT_FALSE(stream.Close());
+    EXPECT_EQ(Open("\1\2\3").ReadInt32(), 0);
+    EXPECT_EQ(Open("abc").Read(SIZE_MAX), "abc");
+
+    EXPECT_EQ(FolderItem(folder / "missing").OpenAsBinaryFile().Error(), std::errc::no_such_file_or_directory);
+    EXPECT_FALSE(FolderItem(folder / "").OpenAsBinaryFile().IsOpen()) << "a folder";
+    EXPECT_FALSE(FolderItem().OpenAsBinaryFile().IsOpen());
+}
+
+TEST_F(Replacing, TheOldFileStandsUntilTheNewOneIsWhole)
+{
+    const fs::path file = folder / "file";
+    WriteFile(file, "old");
+    {
+        BinaryStream dropped = BinaryStream::Replacing(file);
+        dropped.Write(std::string(100000, 'x'));
+        EXPECT_EQ(ReadFile(file), "old");
+        BinaryStream moved = std::move(dropped);
+        moved.Write("y");
+    }
+    EXPECT_EQ(ReadFile(file), "old");
+    EXPECT_EQ(folder.Names(), Names{"file"});
+    {
+        BinaryStream one = BinaryStream::Replacing(file), other = BinaryStream::Replacing(file);
+        one.Write("one");
+        other.Write("other");
+        EXPECT_FALSE(other.Close());
+        EXPECT_FALSE(one.Close());
+    }
+    EXPECT_EQ(ReadFile(file), "one");
+    EXPECT_EQ(folder.Names(), Names{"file"});
+}
+
+TEST_F(Replacing, PermissionsStay)
+{
+    const fs::path file = folder / "file", script = folder / "script";
+    const ::mode_t umask = ::umask(022);
+    WriteFile(file, "old");
+    WriteFile(script, "old");
+    fs::permissions(file, fs::perms(0600));
+    fs::permissions(script, fs::perms(0775));
+    for (const fs::path& path : {file, script, fs::path(folder / "new")}) {
+        EXPECT_FALSE(Replace(path, "new"));
+        EXPECT_EQ(ReadFile(path), "new");
+    }
+    ::umask(umask);
+    EXPECT_EQ(fs::status(file).permissions(), fs::perms(0600));
+    EXPECT_EQ(fs::status(script).permissions(), fs::perms(0775));
+    EXPECT_EQ(fs::status(folder / "new").permissions(), fs::perms(0644));
+}
+
+TEST_F(Replacing, LinksAreFollowed)
+{
+    fs::create_directories(folder / "far/away");
+    WriteFile(folder / "far/away/file", "old");
+    fs::create_symlink("far/link", folder / "link");
+    fs::create_symlink("away/file", folder / "far/link");
+    EXPECT_FALSE(Replace(folder / "link", "new"));
+    EXPECT_EQ(ReadFile(folder / "far/away/file"), "new");
+    EXPECT_TRUE(fs::is_symlink(folder / "link") && fs::is_symlink(folder / "far/link"));
+
+    fs::create_symlink(folder / "far/later", folder / "dangling");
+    EXPECT_FALSE(Replace(folder / "dangling", "there"));
+    EXPECT_TRUE(fs::is_symlink(folder / "dangling"));
+    EXPECT_EQ(ReadFile(folder / "far/later"), "there");
+
+    fs::create_symlink("there", folder / "back");
+    fs::create_symlink("back", folder / "there");
+    EXPECT_TRUE(Replace(folder / "back", "nowhere"));
+    EXPECT_EQ(folder.Names(), (Names{"back", "dangling", "far", "link", "there"}));
+}
+
+TEST_F(Replacing, WhatMayNotBeWrittenCannotBeOpened)
+{
+    const fs::path file = folder / "file";
+    WriteFile(file, "old");
+    fs::permissions(file, fs::perms(0444));
+    fs::create_directory(folder / "closed");
+    fs::permissions(folder / "closed", fs::perms(0555));
+    {
+        const Unprivileged user;
+        if (!user.Worked()) {
+            GTEST_SKIP() << "the superuser cannot step down here";
+        }
+        EXPECT_EQ(Replace(file, "new"), std::errc::permission_denied);
+        EXPECT_EQ(Replace(folder / "closed/file", "new"), std::errc::permission_denied);
+    }
+    EXPECT_EQ(Replace(folder / "closed", "new"), std::errc::is_a_directory);
+    EXPECT_EQ(Replace(folder / "missing/file", "new"), std::errc::no_such_file_or_directory);
+    EXPECT_EQ(ReadFile(file), "old");
+    EXPECT_EQ(folder.Names(), (Names{"closed", "file"}));
+}
+
+TEST_F(Replacing, PipesAndDevicesAreWrittenDirectly)
+{
+    const fs::path pipe = folder / "pipe";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    auto reader = std::async(std::launch::async, [&] { return ReadFile(pipe); });
+    const std::string bytes(300000, 'x');
+    EXPECT_FALSE(Replace(pipe, bytes));
+    EXPECT_TRUE(reader.get() == bytes);
+    EXPECT_TRUE(fs::is_fifo(pipe));
+    EXPECT_EQ(folder.Names(), Names{"pipe"});
+
+    EXPECT_EQ(Replace("/dev/full", "x"), std::errc::no_space_on_device);
+    EXPECT_EQ(Replace("/dev/full", bytes), std::errc::no_space_on_device);
+    EXPECT_TRUE(fs::is_character_file("/dev/full"));
+}
+
+TEST_F(Replacing, ANameStaysWhereItWasGiven)
+{
+    const fs::path old = fs::current_path();
+    fs::create_directory(folder / "elsewhere");
+    fs::current_path(folder / "");
+    const FolderItem item("größe.pdf");
+    fs::current_path(folder / "elsewhere");
+    EXPECT_EQ(item.Name(), "größe.pdf");
+    EXPECT_FALSE(item.Exists());
+    EXPECT_FALSE(item.CreateBinaryFile().Close());
+    fs::current_path(old);
+    EXPECT_TRUE(item.Exists());
+    EXPECT_TRUE(fs::exists(folder / "größe.pdf"));
+    EXPECT_TRUE(FolderItem().IsEmpty() && !FolderItem().Exists());
+}
+
+}  // namespace
+}  // namespace linealis::test

@@ -1,0 +1,203 @@
+#include "TestSupport.h"
+#include "platform/BinaryStream.h"
+
+namespace linealis::test {
+namespace {
+
+std::string P(std::string_view text)
+{
+    return static_cast<char>(text.size()) + std::string(text);
+}
+
+std::string Alias(std::string_view path)
+{
+    const auto size = path.size();
+    return std::string{0, 0, static_cast<char>(size >> 8U), static_cast<char>(size)} + std::string(path);
+}
+
+/// A grid file as far as its alias, and from there on.
+const std::string start = P("1.3.0") + P("1") + P("7") + P("0") + P("0") + P("1") + P("10") + P("90") + P("110") +
+                          P("1.5") + P("2.5") + P("1") + P("2") + P("3") + P("4") + P("0");
+const std::string rest =
+    P("10") + P("20") + P("30") + P("0") + P("1") + P("0.7") + P("0.9") + P("5") + P("55") + P("155");
+
+class SettingsFile : public GridTest {
+protected:
+    void Load(const std::string& bytes)
+    {
+        WriteFile(settings.Path(), bytes);
+        EXPECT_FALSE(window->LoadSettings(settings));
+    }
+
+    std::string Saved()
+    {
+        EXPECT_FALSE(window->SaveSettings(settings));
+        return ReadFile(settings.Path());
+    }
+
+    FolderItem settings{folder / "grid.setx"};
+};
+
+TEST_F(SettingsFile, LoadsEveryFieldIntoItsControl)
+{
+    Load(start + Alias("") + rest);
+    EXPECT_EQ(form.SelectedItem("PopupOrientation"), "Landscape");
+    EXPECT_EQ(form.SelectedItem("PopupPaperSize"), "A4");
+    EXPECT_EQ(form.SelectedItem("PopupUnits"), "cm");
+    EXPECT_EQ(form["StaticText16"].caption, "cm");
+    EXPECT_EQ(form.Text("EditCustomWidth"), "20.99028") << "A4, in the unit of the file";
+    const std::vector<std::pair<const char*, const char*>> texts = {
+        {"EditXScale", "90"},       {"EditYScale", "110"},    {"EditHorzSpacing", "1.5"},
+        {"EditVertSpacing", "2.5"}, {"EditTopMargin", "1"},   {"EditBottomMargin", "2"},
+        {"EditLeftMargin", "3"},    {"EditRightMargin", "4"}, {"EditHorzWeight", "0.7"},
+        {"EditVertWeight", "0.9"}};
+    for (const auto& [name, text] : texts) {
+        EXPECT_EQ(form.Text(name), text) << name;
+    }
+    EXPECT_FALSE(form.Value("CheckBoxViewGraph") || form.Value("CheckVertLines"));
+    EXPECT_TRUE(form.Value("CheckHorzLines"));
+    EXPECT_EQ(form.ColorOf("LinesColorCanvas"), (Color{10, 20, 30}));
+    EXPECT_EQ(form.ColorOf("BackgroundColorCanvas"), (Color{250, 200, 100})) << "stored inverse";
+    EXPECT_EQ(form["StaticFileName"].caption, "");
+    EXPECT_EQ(Saved(), start + Alias("") + rest);
+}
+
+TEST_F(SettingsFile, SavedLoadedAndSavedAgainIsTheSame)
+{
+    Generate();
+    form.SetListIndex("PopupPaperSize", 12);
+    form.SetListIndex("PopupUnits", 1);
+    form.SetListIndex("PopupOrientation", 1);
+    int number = 11;
+    for (const PaperForm::State& state : form.Controls()) {
+        if (state.control.kind == ControlKind::Text) {
+            form.SetText(state.control.name, " " + std::to_string(number++) + ",50 é");
+        } else if (state.control.kind == ControlKind::Color) {
+            form.SetColor(state.control.name, {static_cast<std::uint8_t>(number++), 1, 254});
+        }
+    }
+    form.SetValue("CheckHorzLines", false);
+    const std::string saved = Saved();
+    EXPECT_NE(saved.find(Alias(page.Path().string())), std::string::npos);
+    window = Open();
+    EXPECT_FALSE(window->LoadSettings(settings));
+    EXPECT_EQ(window->OutputFile(), page);
+    EXPECT_EQ(window->form["StaticFileName"].caption, "page.pdf");
+    EXPECT_FALSE(window->SaveSettings(FolderItem(folder / "again.setx")));
+    EXPECT_EQ(ReadFile(folder / "again.setx"), saved);
+}
+
+TEST_F(SettingsFile, CutAnywhereItLoadsWithoutHarm)
+{
+    Generate();
+    const std::string alias = Alias(page.Path().string());
+    const std::string whole = start + alias + rest;
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        SCOPED_TRACE(length);
+        window = Open();
+        Load(whole.substr(0, length));
+        EXPECT_TRUE(std::string("110").starts_with(window->form.Text("EditYScale")));
+        EXPECT_EQ(window->OutputFile().IsEmpty(), length < start.size() + alias.size());
+        EXPECT_EQ(window->form.ColorOf("BackgroundColorCanvas").blue,
+                  length > whole.size() - 3 ? (length == whole.size() - 2 ? 254 : 240) : 255);
+        if (length % 10 == 0) {
+            window->PushButtonGenerate_Action();
+            EXPECT_TRUE(platform.fileErrors.empty());
+        }
+    }
+    Load("");
+    EXPECT_EQ(window->form.Text("EditRightMargin"), "");
+    EXPECT_FALSE(window->form.Value("CheckHorzLines"));
+    window->PushButtonGenerate_Action();
+    EXPECT_EQ(Complaints(page.Path()), "");
+}
+
+TEST_F(SettingsFile, IndicesAndChannelsOutOfRangeAreLimited)
+{
+    const auto load = [&](const std::string& index, const std::string& channel) {
+        Load(P("9.9") + P(index) + P(index) + P("x") + P("") + P(index) + start.substr(16) + Alias("") +
+             P(channel) + rest.substr(3, 6) + rest.substr(9, 4 + 8) + P(channel) + P("55") + P("155"));
+        return std::vector{form.ListIndex("PopupOrientation"), form.ListIndex("PopupPaperSize"),
+                           form.ListIndex("PopupUnits"), int{form.ColorOf("LinesColorCanvas").red},
+                           int{form.ColorOf("BackgroundColorCanvas").red}};
+    };
+    EXPECT_EQ(load("99", "256"), (std::vector{1, 12, 1, 255, 0}));
+    EXPECT_EQ(load("-5", "-1"), (std::vector{0, 0, 0, 0, 255}));
+    EXPECT_EQ(load("1e308", "1e308"), (std::vector{1, 12, 1, 255, 0}));
+    EXPECT_EQ(load("nan", "x"), (std::vector{0, 0, 0, 0, 255}));
+    EXPECT_EQ(load("1.9", "1.9"), (std::vector{1, 1, 1, 1, 253}));
+    EXPECT_EQ(form.ColorOf("LinesColorCanvas").blue, 30) << "the fields behind are in their places";
+    EXPECT_EQ(form.Text("EditVertWeight"), "0.9");
+}
+
+TEST_F(SettingsFile, AliasResolvesOnlyToOurOwnPdf)
+{
+    form.SetText("EditHorzSpacing", "0.002");  // the producer line stands far behind the start
+    Generate();
+    const std::string own = page.Path().string();
+    const std::string pdf = ReadFile(own);
+    const auto resolved = [&](const std::string& alias) {
+        window = Open();
+        Load(start + alias + rest);
+        EXPECT_EQ(window->form["StaticFileName"].caption, window->OutputFile().Name());
+        return window->OutputFile().Path().string();
+    };
+    EXPECT_EQ(resolved(Alias(own)), own);
+    EXPECT_EQ(window->form.ColorOf("LinesColorCanvas"), (Color{10, 20, 30}));
+
+    std::string foreign = pdf;
+    foreign.replace(foreign.rfind("(Linealis)"), 10, "(Linear's)");
+    WriteFile(folder / "foreign.pdf", foreign);
+    WriteFile(folder / "text.pdf", "/Producer (Linealis)\r");
+    WriteFile(folder / "empty.pdf", "");
+    for (const char* const name : {"foreign.pdf", "text.pdf", "empty.pdf", "missing.pdf", ""}) {
+        EXPECT_EQ(resolved(Alias((folder / name).string())), "") << name;
+    }
+    const fs::path old = fs::current_path();
+    fs::current_path(folder / "");
+    EXPECT_EQ(resolved(Alias("page.pdf")), "") << "relative";
+    fs::current_path(old);
+    EXPECT_EQ(resolved(Alias(own + '\0' + "x")), "");
+    EXPECT_EQ(resolved(std::string("\x7F\xFF\xFF\xFF", 4) + own), "") << "longer than the file";
+    EXPECT_EQ(resolved(std::string("\xFF\xFF\xFF\xFF", 4) + own), "") << "negative";
+    EXPECT_EQ(resolved(std::string("\x80\0\0\0", 4) + own), "");
+    EXPECT_EQ(ReadFile(own), pdf);
+
+    window = Open();
+    Load(start + Alias((folder / "missing.pdf").string()) + rest);
+    platform.saveQuestions.clear();
+    Generate();
+    EXPECT_EQ(platform.saveQuestions.size(), 1U) << "asks, since the file is gone";
+}
+
+TEST_F(SettingsFile, LongTextIsCutAndWhatFollowsStays)
+{
+    form.SetText("EditXScale", std::string(254, '1') + "é" + "22");
+    form.SetText("EditYScale", std::string(300, '3'));
+    form.SetText("EditVertWeight", "0.123");
+    Saved();
+    window = Open();
+    EXPECT_FALSE(window->LoadSettings(settings));
+    EXPECT_EQ(window->form.Text("EditXScale"), std::string(254, '1'));
+    EXPECT_EQ(window->form.Text("EditYScale"), std::string(255, '3'));
+    EXPECT_EQ(window->form.Text("EditVertWeight"), "0.123");
+}
+
+TEST_F(SettingsFile, FailuresLeaveFormAndFileSilently)
+{
+    form.SetText("EditXScale", "55");
+    EXPECT_TRUE(window->LoadSettings(FolderItem(folder / "missing.setx")));
+    EXPECT_TRUE(window->LoadSettings(FolderItem(folder / "")));
+    window->LoadSettings(FolderItem());
+    window->SaveSettings(FolderItem());
+    EXPECT_EQ(form.Text("EditXScale"), "55");
+    EXPECT_TRUE(window->SaveSettings(FolderItem(folder / "missing/grid.setx")));
+    EXPECT_TRUE(window->SaveSettings(FolderItem("/dev/full")));
+    EXPECT_EQ(folder.Names(), Names{});
+    EXPECT_TRUE(platform.messages.empty() && platform.fileErrors.empty());
+    Load(std::string(5000, 'x'));
+    EXPECT_EQ(Saved().substr(0, 6), P("1.3.0"));
+}
+
+}  // namespace
+}  // namespace linealis::test
