@@ -85,7 +85,7 @@ TEST_F(Cli, ShowsTheForm)
     EXPECT_EQ(form["extension"], "setx");
     const Json& controls = form["controls"];
     EXPECT_EQ(controls["EditCustomWidth"],
-              Json({{"type", "text"}, {"caption", "Custom Size:"}, {"value", "8.5"}, {"enabled", false}}));
+              Json({{"type", "text"}, {"caption", ""}, {"value", "8.5"}, {"enabled", false}}));
     EXPECT_EQ(controls["PopupUnits"], Json({{"type", "popup"},
                                             {"caption", "Units:"},
                                             {"value", "inches"},

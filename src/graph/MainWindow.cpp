@@ -21,28 +21,42 @@ std::vector<std::string_view> AxisTypes(bool isX)
     return types;
 }
 
+/// The X row of a table names its columns; the Y row stands under the same names.
 std::vector<Control> GridRow(const AxisControls& axis, std::string_view caption, bool isX)
 {
+    Control density = textField(axis.lineSpacing, "Lines/in", "10").Converted(UnitRule::CountPerUnit);
+    if (isX) {
+        density = density.LabelledBy("StaticTextLinesPerUnit");
+    }
     return {
         popup(axis.type, caption, AxisTypes(isX)),
-        textField(axis.lineSpacing, "", "10").Converted(UnitRule::CountPerUnit).Beside(),
-        textField(axis.lineThickness, "Weight", ".1").Beside(),
-        textField(axis.major, "Major Spacing", "5").Beside(),
-        textField(axis.majorWeight, "Major Weight", ".7").Beside(),
-        textField(axis.hydraulicExponent, "Hydraulic\rExponent", "1.85").Disabled().Beside(),
+        density.Means(Meaning::GridDensity).UnderCaption(),
+        textField(axis.lineThickness, "Weight", ".1").Means(Meaning::Weight).UnderCaption(),
+        textField(axis.major, "Major Spacing", "5").Means(Meaning::GridLines).UnderCaption(),
+        textField(axis.majorWeight, "Major Weight", ".7").Means(Meaning::Weight).UnderCaption(),
+        textField(axis.hydraulicExponent, "Hydraulic\rExponent", "1.85")
+            .Means(Meaning::Exponent)
+            .Disabled()
+            .UnderCaption(),
     };
 }
 
-std::vector<Control> AxisRow(const AxisControls& axis, std::string_view minimum, std::string_view maximum)
+std::vector<Control> AxisRow(const AxisControls& axis, std::string_view minimum, std::string_view maximum, bool isX)
 {
+    const auto labelled = [isX](const Control& field, std::string_view label) {
+        return isX ? field.LabelledBy(label) : field;
+    };
     return {
-        textField(axis.minimum, "Minimum", minimum).Beside(),
-        textField(axis.maximum, "Maximum", maximum).Beside(),
-        textField(axis.step, "Step", "1").Beside(),
-        textField(axis.spacing, "Spacing", "5").Beside(),
-        textField(axis.weight, "Weight", "1.5").Beside(),
-        textField(axis.textSize, "Text Size", "12").Beside(),
-        popup(axis.numberType, "", {"Numeric", "Trigonometric"}).Beside(),
+        isX ? label("StaticText10", "X Axis:") : label("StaticText11", "Y Axis:"),
+        labelled(textField(axis.minimum, "Minimum", minimum).Means(Meaning::AxisValue), "StaticText13")
+            .UnderCaption(),
+        textField(axis.maximum, "Maximum", maximum).Means(Meaning::AxisValue).UnderCaption(),
+        labelled(textField(axis.step, "Step", "1").Means(Meaning::AxisStep), "StaticText14").UnderCaption(),
+        labelled(textField(axis.spacing, "Spacing", "5").Means(Meaning::NumberSpacing), "StaticText15")
+            .UnderCaption(),
+        textField(axis.weight, "Weight", "1.5").Means(Meaning::Weight).UnderCaption(),
+        textField(axis.textSize, "Text Size", "12").Means(Meaning::FontSize).UnderCaption(),
+        popup(axis.numberType, "Numbers", {"Numeric", "Trigonometric"}).UnderCaption(),
     };
 }
 
@@ -50,11 +64,11 @@ std::vector<Control> TitleRow(const AxisControls& axis, std::string_view title, 
                               std::string_view y)
 {
     return {
-        textField(axis.title, "Title:", title),
+        textField(axis.title, "Title:", title).Means(Meaning::Prose),
         checkBox(axis.autoPosition, "Auto Pos", false).Beside(),
-        textField(axis.titleTextSize, "Text Size", "16").Beside(),
-        textField(axis.titleX, "X:", x).Beside(),
-        textField(axis.titleY, "Y:", y).Beside(),
+        textField(axis.titleTextSize, "Text Size", "16").Means(Meaning::FontSize).Beside(),
+        textField(axis.titleX, "X:", x).Means(Meaning::Length).Beside(),
+        textField(axis.titleY, "Y:", y).Means(Meaning::Length).Beside(),
     };
 }
 
@@ -74,23 +88,23 @@ const ControlTable& OwnControls()
     static const ControlTable table = {
         {Group::Spacing,
          Rows({{linesPerUnit}, GridRow(xControls, "X Grid:", true), GridRow(yControls, "Y Grid:", false)})},
+        {Group::Axes, Rows({AxisRow(xControls, "-35", "35", true),
+                            AxisRow(yControls, "-45", "45", false),
+                            {checkBox("CheckBoxShowAxes", "Show Axes", true),
+                             checkBox("CheckBoxMarkers", "Add Markers", false).Beside()}})},
         {Group::Lines,
-         Rows({{label("StaticText13", "Minimum"), label("StaticText14", "Step").Beside(),
-                label("StaticText15", "Spacing").Beside(), label("StaticText10", "X Axis:")},
-               AxisRow(xControls, "-35", "35"),
-               {label("StaticText11", "Y Axis:")},
-               AxisRow(yControls, "-45", "45"),
-               {checkBox("CheckBoxShowAxes", "Show Axes", true),
-                checkBox("CheckBoxMarkers", "Add Markers", false).Beside(), swatch("LineColorCanvas", "Line Color"),
-                swatch("MajorLineColorCanvas", "Major Line Color"),
-                swatch("BackgroundColorCanvas", "Background Color", white)}})},
-        {Group::Text,
-         Rows({{textField("EditTitle", "Title:", "A Sample Graph Paper"),
-                textField("EditTitleX", "X:", "2.6").Beside(), textField("EditTitleY", "Y:", "1").Beside(),
-                textField("EditTitleSize", "Size:", "20").Beside()},
-               TitleRow(xControls, "X-Axis Title", "2.9", "6.4"),
-               TitleRow(yControls, "Y-Axis Title", "3.1", "4"),
-               {popup("PopupFont1", "Font:", FontNames(), 4)}})},
+         {
+             swatch("LineColorCanvas", "Line Color"),
+             swatch("MajorLineColorCanvas", "Major Line Color").Beside(),
+             swatch("BackgroundColorCanvas", "Background Color", white).Beside(),
+         }},
+        {Group::Text, Rows({{textField("EditTitle", "Title:", "A Sample Graph Paper").Means(Meaning::Prose),
+                             textField("EditTitleSize", "Size:", "20").Means(Meaning::FontSize).Beside(),
+                             textField("EditTitleX", "X:", "2.6").Means(Meaning::TitlePlace).Beside(),
+                             textField("EditTitleY", "Y:", "1").Means(Meaning::Length).Beside()},
+                            TitleRow(xControls, "X-Axis Title", "2.9", "6.4"),
+                            TitleRow(yControls, "Y-Axis Title", "3.1", "4"),
+                            {popup("PopupFont1", "Font:", FontNames(), 4)}})},
         {Group::File, {shiftClickNote("StaticTextShiftClick")}},
     };
     return table;

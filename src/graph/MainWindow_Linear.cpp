@@ -37,7 +37,7 @@ double MainWindow::StartOfMajorCount(const Axis& axis) const
     }
     const std::int64_t linesToZero = truncated(0.0 - form.Number(axis.controls.minimum) / axis.step);
     const std::int64_t past = LinesPastMajor(linesToZero, axis.majorStep);
-    return static_cast<double>(past == 0 ? truncated(axis.majorStep) : -past);
+    return past == 0 ? static_cast<double>(truncated(axis.majorStep)) : -static_cast<double>(past);
 }
 
 bool MainWindow::NextLineIsMajor(const Axis& axis, double& majorCount) const

@@ -12,18 +12,26 @@ const ControlTable& OwnControls()
         {Group::Spacing,
          {
              textField("EditVertSpacing", "Vertical Spacing:", ".25")
+                 .Means(Meaning::Spacing)
                  .LabelledBy("StaticText1")
                  .Converted(UnitRule::Length),
-             textField("EditHorzWeight", "Line Weight:", ".5").LabelledBy("StaticTextVLines").Beside(),
+             textField("EditHorzWeight", "Line Weight:", ".5")
+                 .Means(Meaning::Weight)
+                 .LabelledBy("StaticTextVLines")
+                 .Beside(),
              textField("EditHorzSpacing", "Horizontal Spacing:", ".75")
+                 .Means(Meaning::Spacing)
                  .LabelledBy("StaticText24")
                  .Converted(UnitRule::Length),
-             textField("EditVertWeight", "Line Weight:", ".5").LabelledBy("StaticTextHLines").Beside(),
+             textField("EditVertWeight", "Line Weight:", ".5")
+                 .Means(Meaning::Weight)
+                 .LabelledBy("StaticTextHLines")
+                 .Beside(),
          }},
         {Group::Lines,
          {
              swatch("LinesColorCanvas", "Line Color").LabelledBy("StaticText5"),
-             swatch("BackgroundColorCanvas", "Background Color", white).LabelledBy("StaticText28"),
+             swatch("BackgroundColorCanvas", "Background Color", white).LabelledBy("StaticText28").Beside(),
          }},
         {Group::File, {shiftClickNote("StaticText27")}},
     };
@@ -56,7 +64,7 @@ void BrickWindow::DoGraph()
     pdf.SetRGBColor(form.ColorOf("LinesColorCanvas"));
     DrawHorizontalLines();
     pdf.SetLineWidth(vertLineWeight);
-    for (double row = 0.0; row <= rows; row += 1.0) {
+    for (double row = 0.0; row < rows && columns >= 0.0; row += 1.0) {  // no course stands on the top line
         for (double column = 0.0; column <= columns; column += 1.0) {
             DrawJoint(row, column);
             RuntimeBackgroundTask();
@@ -67,9 +75,6 @@ void BrickWindow::DoGraph()
 
 void BrickWindow::DrawJoint(double row, double column)
 {
-    if (row >= rows) {
-        return;  // no course stands on the top line
-    }
     const bool oddCourse = truncated(row) % 2 != 0;
     if (!oddCourse && column >= columns) {
         return;

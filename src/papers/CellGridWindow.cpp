@@ -55,8 +55,14 @@ void CellGridWindow::DrawChosenLines()
 
 ControlGroup LineControls(bool linesOn, std::vector<Control> swatches)
 {
-    Control horzWeight = textField("EditHorzWeight", "Line Weight:", ".5").LabelledBy("StaticTextVLines").Beside();
-    Control vertWeight = textField("EditVertWeight", "Line Weight:", ".5").LabelledBy("StaticTextHLines").Beside();
+    Control horzWeight = textField("EditHorzWeight", "Line Weight:", ".5")
+                             .Means(Meaning::Weight)
+                             .LabelledBy("StaticTextVLines")
+                             .Beside();
+    Control vertWeight = textField("EditVertWeight", "Line Weight:", ".5")
+                             .Means(Meaning::Weight)
+                             .LabelledBy("StaticTextHLines")
+                             .Beside();
     horzWeight.enabled = linesOn;
     vertWeight.enabled = linesOn;
     ControlGroup group{Group::Lines,

@@ -32,6 +32,9 @@ protected:
     template <typename Draw>
     void ForEachCrossing(Draw draw)
     {
+        if (columns < 0.0) {
+            return;  // there may be more empty rows than anyone can wait for
+        }
         for (double j = 0.0; j <= rows; j += 1.0) {
             for (double i = 0.0; i <= columns; i += 1.0) {
                 draw(ColumnX(i), RowY(j));

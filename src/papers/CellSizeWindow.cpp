@@ -29,9 +29,10 @@ ControlTable CellSizeControls(std::vector<Control> weights, std::vector<Control>
     lines.controls.insert(lines.controls.end(), boxes.begin(), boxes.end());
     lines.controls.push_back(checkBox("CheckBoxFrame", "Draw Frame", true));
     lines.controls.push_back(swatch("LineColorCanvas", "Line Color"));
-    lines.controls.push_back(swatch("BackgroundColorCanvas", "Background Color", white));
+    lines.controls.push_back(swatch("BackgroundColorCanvas", "Background Color", white).Beside());
     return {
-        {Group::Spacing, {textField("EditSize", "Cell Size:", "0.5").Converted(UnitRule::Length)}},
+        {Group::Spacing,
+         {textField("EditSize", "Cell Size:", "0.5").Means(Meaning::CellSize).Converted(UnitRule::Length)}},
         lines,
         {Group::File, {shiftClickNote("StaticTextShiftClick")}},
     };

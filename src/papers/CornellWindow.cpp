@@ -19,31 +19,39 @@ const ControlTable& OwnControls()
         {Group::Spacing,
          {
              label("StaticText29", "Note Taking Area"),
-             textField("EditHorzSpacing", "Line Spacing:", "5").LabelledBy("StaticText25"),
+             textField("EditHorzSpacing", "Line Spacing:", "5")
+                 .Means(Meaning::LinesPerUnit)
+                 .LabelledBy("StaticText25"),
              unitLabel("StaticHorzUnit", "per inch", "per cm").Beside(),
-             textField("EditLineThicknessHorz", "Line Weight:", ".2").LabelledBy("StaticText1").Beside(),
+             textField("EditLineThicknessHorz", "Line Weight:", ".2")
+                 .Means(Meaning::Weight)
+                 .LabelledBy("StaticText1")
+                 .Beside(),
              checkBox("CheckGrid", "Grid", false).Beside(),
-             textField("EditNoteWidth", "Width:", "70").LabelledBy("StaticText27"),
+             textField("EditNoteWidth", "Width:", "70").Means(Meaning::Share).LabelledBy("StaticText27"),
              label("StaticText31", "%").Beside(),
-             textField("EditNoteHeight", "Height:", "83").LabelledBy("StaticText30").Beside(),
+             textField("EditNoteHeight", "Height:", "83").Means(Meaning::Share).LabelledBy("StaticText30").Beside(),
              label("StaticText32", "%").Beside(),
          }},
         {Group::Lines,
          {
              checkBox("CheckCueLeft", "Cue Area on Left", true),
              checkBox("CheckSummaryBottom", "Summary Area on Bottom", true).Beside(),
-             textField("EditCueWeight", "Line Weight:", ".5").LabelledBy("StaticText28"),
+             textField("EditCueWeight", "Line Weight:", ".5").Means(Meaning::Weight).LabelledBy("StaticText28"),
              swatch("LineColorCanvas", "Line Color").LabelledBy("StaticText4"),
-             swatch("BackgroundColorCanvas", "Background Color", white).LabelledBy("StaticText33"),
+             swatch("BackgroundColorCanvas", "Background Color", white).LabelledBy("StaticText33").Beside(),
          }},
         {Group::Text,
          {
              checkBox("CheckBoxTopicArea", "Topic Area", true),
-             textField("EditName", "Name:", "Ned Fallow").LabelledBy("StaticName"),
-             textField("EditDate", "Date:", "").LabelledBy("StaticDate").Beside(),
-             textField("EditTopic", "Topic:", "English Term paper").LabelledBy("StaticTopic"),
-             textField("EditSubject", "Subject:", "Writing").LabelledBy("StaticSubject").Beside(),
-             textField("EditTextSize", "Text Size:", "12").LabelledBy("StaticTextSize"),
+             textField("EditName", "Name:", "Ned Fallow").Means(Meaning::Prose).LabelledBy("StaticName"),
+             textField("EditDate", "Date:", "").Means(Meaning::Prose).LabelledBy("StaticDate").Beside(),
+             textField("EditTopic", "Topic:", "English Term paper").Means(Meaning::Prose).LabelledBy("StaticTopic"),
+             textField("EditSubject", "Subject:", "Writing")
+                 .Means(Meaning::Prose)
+                 .LabelledBy("StaticSubject")
+                 .Beside(),
+             textField("EditTextSize", "Text Size:", "12").Means(Meaning::FontSize).LabelledBy("StaticTextSize"),
          }},
         {Group::File, {shiftClickNote("StaticText26")}},
     };

@@ -10,20 +10,23 @@ const ControlTable& OwnControls()
         {Group::Spacing,
          {
              textField("EditVertSpacing", "Vertical Spacing:", ".5")
+                 .Means(Meaning::Spacing)
                  .LabelledBy("StaticText1")
                  .Converted(UnitRule::Length),
              textField("EditHorzSpacing", "Horizontal Spacing:", ".5")
+                 .Means(Meaning::Spacing)
                  .LabelledBy("StaticText24")
                  .Converted(UnitRule::Length),
              // Lengths too, but a change of units leaves their numbers alone.
-             textField("EditCrossHeight", "Cross Height:", ".15").LabelledBy("StaticText25"),
-             textField("EditCrossWidth", "Cross Width:", ".15").LabelledBy("StaticText26"),
-             textField("EditCrossWeight", "Cross Weight:", "1").LabelledBy("StaticText3"),
+             textField("EditCrossHeight", "Cross Height:", ".15").Means(Meaning::Length).LabelledBy("StaticText25"),
+             textField("EditCrossWidth", "Cross Width:", ".15").Means(Meaning::Length).LabelledBy("StaticText26"),
+             textField("EditCrossWeight", "Cross Weight:", "1").Means(Meaning::Weight).LabelledBy("StaticText3"),
          }},
-        LineControls(false,
-                     {swatch("LineColorCanvas", "Cross Color").LabelledBy("StaticText4"),
-                      swatch("LinesColorCanvas", "Line Color").LabelledBy("StaticText5"),
-                      swatch("BackgroundColorCanvas", "Background Color", white).LabelledBy("StaticText28")}),
+        LineControls(
+            false,
+            {swatch("LineColorCanvas", "Cross Color").LabelledBy("StaticText4"),
+             swatch("LinesColorCanvas", "Line Color").LabelledBy("StaticText5").Beside(),
+             swatch("BackgroundColorCanvas", "Background Color", white).LabelledBy("StaticText28").Beside()}),
         {Group::File, {shiftClickNote("StaticText27")}},
     };
     return table;

@@ -9,8 +9,8 @@ namespace {
 const ControlTable& OwnControls()
 {
     static const ControlTable table =
-        CellSizeControls({textField("EditLineThickness", "Line Weight:", ".3"),
-                          textField("EditMinorLineThickness", "Minor Line Weight:", ".15")},
+        CellSizeControls({textField("EditLineThickness", "Line Weight:", ".3").Means(Meaning::Weight),
+                          textField("EditMinorLineThickness", "Minor Line Weight:", ".15").Means(Meaning::Weight)},
                          {checkBox("CheckBoxHorizontal", "Horizontal Lines", true),
                           checkBox("CheckBoxVertical", "Vertical Lines", true)});
     return table;

@@ -12,17 +12,20 @@ const ControlTable& OwnControls()
         {Group::Spacing,
          {
              textField("EditVertSpacing", "Vertical Spacing:", ".5")
+                 .Means(Meaning::Spacing)
                  .LabelledBy("StaticText1")
                  .Converted(UnitRule::Length),
              textField("EditHorzSpacing", "Horizontal Spacing:", ".5")
+                 .Means(Meaning::Spacing)
                  .LabelledBy("StaticText24")
                  .Converted(UnitRule::Length),
-             textField("EditDotWeight", "Dot Weight:", "1").LabelledBy("StaticText3"),
+             textField("EditDotWeight", "Dot Weight:", "1").Means(Meaning::Weight).LabelledBy("StaticText3"),
          }},
-        LineControls(false,
-                     {swatch("LineColorCanvas", "Dot Color").LabelledBy("StaticText4"),
-                      swatch("LinesColorCanvas", "Line Color").LabelledBy("StaticText5"),
-                      swatch("BackgroundColorCanvas", "Background Color", white).LabelledBy("StaticText26")}),
+        LineControls(
+            false,
+            {swatch("LineColorCanvas", "Dot Color").LabelledBy("StaticText4"),
+             swatch("LinesColorCanvas", "Line Color").LabelledBy("StaticText5").Beside(),
+             swatch("BackgroundColorCanvas", "Background Color", white).LabelledBy("StaticText26").Beside()}),
         {Group::File, {shiftClickNote("StaticText25")}},
     };
     return table;

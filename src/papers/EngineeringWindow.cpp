@@ -12,19 +12,35 @@ const ControlTable& OwnControls()
     static const ControlTable table = {
         {Group::Spacing,
          {
-             textField("EditHorzSpacing", "Horizontal Grid Spacing:", "5").LabelledBy("StaticText25"),
+             textField("EditHorzSpacing", "Horizontal Grid Spacing:", "5")
+                 .Means(Meaning::LinesPerUnit)
+                 .LabelledBy("StaticText25"),
              unitLabel("StaticHorzUnit", "per inch", "per cm").Beside(),
-             textField("EditLineThicknessHorz", "Line Weight:", ".3").LabelledBy("StaticText1").Beside(),
-             textField("EditBlankTop", "Blank Lines on Top:", "3").LabelledBy("StaticText27").Beside(),
-             textField("EditVertiSpacing", "Vertical Grid Spacing:", "5").LabelledBy("StaticText26"),
+             textField("EditLineThicknessHorz", "Line Weight:", ".3")
+                 .Means(Meaning::Weight)
+                 .LabelledBy("StaticText1")
+                 .Beside(),
+             textField("EditBlankTop", "Blank Lines on Top:", "3")
+                 .Means(Meaning::Count)
+                 .LabelledBy("StaticText27")
+                 .Beside(),
+             textField("EditVertiSpacing", "Vertical Grid Spacing:", "5")
+                 .Means(Meaning::LinesPerUnit)
+                 .LabelledBy("StaticText26"),
              unitLabel("StaticvertUnit", "per inch", "per cm").Beside(),
-             textField("EditLineThicknessVert", "Line Weight:", ".15").LabelledBy("StaticText24").Beside(),
-             textField("EditBlankLeft", "Blank Lines on Left:", "5").LabelledBy("StaticText28").Beside(),
+             textField("EditLineThicknessVert", "Line Weight:", ".15")
+                 .Means(Meaning::Weight)
+                 .LabelledBy("StaticText24")
+                 .Beside(),
+             textField("EditBlankLeft", "Blank Lines on Left:", "5")
+                 .Means(Meaning::Count)
+                 .LabelledBy("StaticText28")
+                 .Beside(),
          }},
         {Group::Lines,
          {
              swatch("LineColorCanvas", "Line Color").LabelledBy("StaticText4"),
-             swatch("BackgroundColorCanvas", "Background Color", white).LabelledBy("StaticText30"),
+             swatch("BackgroundColorCanvas", "Background Color", white).LabelledBy("StaticText30").Beside(),
          }},
         {Group::File, {shiftClickNote("StaticText29")}},
     };

@@ -10,14 +10,17 @@ const ControlTable& OwnControls()
         {Group::Spacing,
          {
              textField("EditVertSpacing", "Vertical Spacing:", ".25")
+                 .Means(Meaning::Spacing)
                  .LabelledBy("StaticText1")
                  .Converted(UnitRule::Length),
              textField("EditHorzSpacing", "Horizontal Spacing:", ".25")
+                 .Means(Meaning::Spacing)
                  .LabelledBy("StaticText24")
                  .Converted(UnitRule::Length),
          }},
-        LineControls(true, {swatch("LinesColorCanvas", "Line Color").LabelledBy("StaticText5"),
-                            swatch("BackgroundColorCanvas", "Background Color", white).LabelledBy("StaticText28")}),
+        LineControls(
+            true, {swatch("LinesColorCanvas", "Line Color").LabelledBy("StaticText5"),
+                   swatch("BackgroundColorCanvas", "Background Color", white).LabelledBy("StaticText28").Beside()}),
         {Group::File, {shiftClickNote("StaticText27")}},
     };
     return table;

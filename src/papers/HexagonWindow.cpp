@@ -11,8 +11,8 @@ namespace {
 const ControlTable& OwnControls()
 {
     static const ControlTable table =
-        CellSizeControls({textField("EditLineThickness", "Line Weight:", ".3"),
-                          textField("EditMinorLineThickness", "Minor Line Weight:", ".15")},
+        CellSizeControls({textField("EditLineThickness", "Line Weight:", ".3").Means(Meaning::Weight),
+                          textField("EditMinorLineThickness", "Minor Line Weight:", ".15").Means(Meaning::Weight)},
                          {});
     return table;
 }
@@ -33,15 +33,15 @@ void HexagonWindow::DoGraph()
 {
     MeasureUsableArea();
     MeasureCells();
-    const bool hasCells = side > 0.0;  // a size of 0 or less has nothing to fit
-    if (hasCells) {
+    const bool canFit = side > 0.0;  // a size of 0 or less has nothing to fit
+    if (canFit) {
         FitAcross();
         FitUp();
     }
     pdf.SetLineWidth(minorLineThickness);
     DrawFrame();
     pdf.SetLineWidth(LineThickness);
-    if (hasCells) {
+    if (canFit && numAcross >= 1.0) {
         DrawHexagons();
         DrawJoiningLines();
     }

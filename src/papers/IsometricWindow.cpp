@@ -14,7 +14,8 @@ constexpr double sine = 0.5;
 
 const ControlTable& OwnControls()
 {
-    static const ControlTable table = CellSizeControls({textField("EditLineThickness", "Line Weight:", ".15")}, {});
+    static const ControlTable table =
+        CellSizeControls({textField("EditLineThickness", "Line Weight:", ".15").Means(Meaning::Weight)}, {});
     return table;
 }
 

@@ -14,19 +14,29 @@ const ControlTable& OwnControls()
     static const ControlTable table = {
         {Group::Spacing,
          {
-             textField("EditHorzSpacing", "Line Spacing:", "5").LabelledBy("StaticText25"),
+             textField("EditHorzSpacing", "Line Spacing:", "5")
+                 .Means(Meaning::LinesPerUnit)
+                 .LabelledBy("StaticText25"),
              unitLabel("StaticHorzUnit", "per inch", "per cm").Beside(),
-             textField("EditBlankTop", "Blank Lines on Top:", "3").LabelledBy("StaticText27"),
-             textField("EditLineThicknessHorz", "Line Weight:", ".2").LabelledBy("StaticText1").Beside(),
+             textField("EditBlankTop", "Blank Lines on Top:", "3").Means(Meaning::Count).LabelledBy("StaticText27"),
+             textField("EditLineThicknessHorz", "Line Weight:", ".2")
+                 .Means(Meaning::Weight)
+                 .LabelledBy("StaticText1")
+                 .Beside(),
          }},
         {Group::Lines,
          {
              checkBox("CheckBoxDrawVertical", "Draw Vertical Line", true),
-             textField("EditBlankLeft", "Offset From left:", "1").LabelledBy("StaticText28"),
+             textField("EditBlankLeft", "Offset From left:", "1")
+                 .Means(Meaning::WholeUnits)
+                 .LabelledBy("StaticText28"),
              unitLabel("StaticvertUnit", "per inch", "per cm").Beside(),
-             textField("EditLineThicknessVert", "Line Weight:", ".5").LabelledBy("StaticText24").Beside(),
+             textField("EditLineThicknessVert", "Line Weight:", ".5")
+                 .Means(Meaning::Weight)
+                 .LabelledBy("StaticText24")
+                 .Beside(),
              swatch("LineColorCanvas", "Line Color").LabelledBy("StaticText4"),
-             swatch("BackgroundColorCanvas", "Background Color", white).LabelledBy("StaticText29"),
+             swatch("BackgroundColorCanvas", "Background Color", white).LabelledBy("StaticText29").Beside(),
          }},
         {Group::File, {shiftClickNote("StaticText26")}},
     };

@@ -19,8 +19,8 @@ const ControlTable& OwnControls()
     static const ControlTable table = {
         {Group::Spacing,
          {
-             textField("EditMajorDivisions", "Major Divisions:", "10"),
-             textField("EditMinorDivisions", "Minor Divisions:", "5").Beside(),
+             textField("EditMajorDivisions", "Major Divisions:", "10").Means(Meaning::Count),
+             textField("EditMinorDivisions", "Minor Divisions:", "5").Means(Meaning::Count).Beside(),
              popup("PopupScaling", "Scaling:", {"None", "Axis", "Center"}),
              textField("EditAxisMaximum", "Axis Maximum:", "100")
                  .LabelledBy("StaticTextAxisMaximum")
@@ -30,11 +30,11 @@ const ControlTable& OwnControls()
          }},
         {Group::Lines,
          {
-             textField("EditLineThickness", "Major Weight:", "1"),
-             textField("EditMinorLineThickness", "Minor Line Weight:", ".05").Beside(),
+             textField("EditLineThickness", "Major Weight:", "1").Means(Meaning::Weight),
+             textField("EditMinorLineThickness", "Minor Line Weight:", ".05").Means(Meaning::Weight).Beside(),
              checkBox("CheckBoxFrame", "Draw Frame", true),  // nothing reads it: the triangle is always drawn
              swatch("LineColorCanvas", "Line Color"),
-             swatch("BackgroundColorCanvas", "Background Color", white),
+             swatch("BackgroundColorCanvas", "Background Color", white).Beside(),
          }},
         {Group::File, {shiftClickNote("StaticTextShiftClick")}},
     };

@@ -26,10 +26,10 @@ private:
     void DrawTriangle();
     void DrawMajorLines();
     void DrawMinorLines();
-    void DrawMinorLinesOf(double major);
+    void DrawMinorLinesOf(double i);
     void DrawNumbersInside();
     void DrawNumberOnHorizontal(double i);
-    void DrawNumberOnSlant(Point center, const std::string& text, double boxAngle, double textAngle, Point offset);
+    void DrawNumberOnSlant(Point place, const std::string& text, double boxAngle, double textAngle, Point offset);
     void DrawNumbersOnSides();
 
     /// How far along a side, in points, the division `i` stands.

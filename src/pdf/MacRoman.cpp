@@ -113,4 +113,14 @@ std::string ToMacRoman(std::string_view text)
     return encoded;
 }
 
+bool IsInMacRoman(std::string_view text)
+{
+    for (std::size_t position = 0; position < text.size();) {
+        if (CodeOf(NextCharacter(text, position)) < 0) {
+            return false;
+        }
+    }
+    return true;
+}
+
 }  // namespace linealis

@@ -110,9 +110,13 @@ Pattern ReadPattern(std::string_view pattern)
     return {static_cast<std::size_t>(std::max<std::ptrdiff_t>(zeros, 1)), static_cast<int>(decimals)};
 }
 
-}  // namespace
+/// What Val reads: where the number ends, and what it is. No end if there is no number.
+struct ReadNumber {
+    std::size_t end = 0;
+    double value = 0.0;
+};
 
-double Val(std::string_view text)
+ReadNumber Read(std::string_view text)
 {
     const auto skipDigits = [&](std::size_t i) {
         while (i < text.size() && IsDigit(text[i])) {
@@ -136,7 +140,7 @@ double Val(std::string_view text)
         digits += end - mark - 1;
     }
     if (digits == 0) {
-        return 0.0;
+        return {};
     }
     if (end < text.size() && (text[end] == 'e' || text[end] == 'E')) {
         std::size_t exponent = end + 1;
@@ -155,9 +159,22 @@ double Val(std::string_view text)
     double value = 0.0;
     const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
     if (result.ec != std::errc()) {
-        return 0.0;
+        return {};
     }
-    return negative ? -value : value;
+    return {end, negative ? -value : value};
+}
+
+}  // namespace
+
+double Val(std::string_view text)
+{
+    return Read(text).value;
+}
+
+bool IsNumber(std::string_view text)
+{
+    const std::size_t end = Read(text).end;
+    return end > 0 && std::all_of(text.begin() + static_cast<std::ptrdiff_t>(end), text.end(), IsBlank);
 }
 
 char* WritePlainNumber(char* out, double value)

@@ -14,6 +14,9 @@ namespace linealis {
 /// Whatever comes behind it is ignored. 0 if there is no number, or one that a double cannot hold.
 double Val(std::string_view text);
 
+/// Whether Val reads the text to its end, blanks aside, as a number that a double can hold.
+bool IsNumber(std::string_view text);
+
 /// The general number text: whole numbers as plain digits, all others rounded to 7 significant digits with at
 /// most 12 decimals and no trailing zeros. Never an exponent, never "-0", and no digit before the point is lost.
 /// What is not finite is "0".

@@ -14,26 +14,35 @@ ControlTable CommonControls(const MarginTexts& margins)
              popup("PopupPaperSize", "Paper Size:",
                    {"Letter", "Legal", "Ledger", "A0", "A1", "A2", "A3", "A4", "A5", "A6", "B5", "B (USA)",
                     "Custom"}),
-             textField("EditCustomWidth", "Custom Size:", "8.5").Disabled(),
+             textField("EditCustomWidth", "", "8.5").Means(Meaning::CustomSize).Disabled().Beside(),
              label("StaticBy", "by").Disabled().Beside(),
-             textField("EditCustomHeight", "", "11").Disabled().Beside(),
+             textField("EditCustomHeight", "", "11").Means(Meaning::CustomSize).Disabled().Beside(),
              customUnit,
-             popup("PopupOrientation", "Orientation:", {"Portrait", "Landscape"}),
+             popup("PopupOrientation", "Orientation:", {"Portrait", "Landscape"}).Beside(),
              popup("PopupUnits", "Units:", {"inches", "cm"}),
-             textField("EditXScale", "X Scale:", "100"),
-             textField("EditYScale", "Y Scale:", "100").Beside(),
+             textField("EditXScale", "X Scale:", "100").Means(Meaning::Scale).Beside(),
+             textField("EditYScale", "Y Scale:", "100").Means(Meaning::Scale).Beside(),
          }},
         {Group::Margins,
          {
-             textField("EditTopMargin", "Top", margins.top).Converted(UnitRule::Length),
-             textField("EditBottomMargin", "Bottom", margins.bottom).Converted(UnitRule::Length).Beside(),
-             textField("EditLeftMargin", "Left", margins.left).Converted(UnitRule::Length).Beside(),
-             textField("EditRightMargin", "Right", margins.right).Converted(UnitRule::Length).Beside(),
+             textField("EditTopMargin", "Top", margins.top).Means(Meaning::Length).Converted(UnitRule::Length),
+             textField("EditBottomMargin", "Bottom", margins.bottom)
+                 .Means(Meaning::Length)
+                 .Converted(UnitRule::Length)
+                 .Beside(),
+             textField("EditLeftMargin", "Left", margins.left)
+                 .Means(Meaning::Length)
+                 .Converted(UnitRule::Length)
+                 .Beside(),
+             textField("EditRightMargin", "Right", margins.right)
+                 .Means(Meaning::Length)
+                 .Converted(UnitRule::Length)
+                 .Beside(),
          }},
         {Group::File,
          {
              checkBox("CheckBoxViewGraph", "View Graph", true),
-             label("StaticFileName", "Untitled"),
+             label("StaticFileName", "Untitled").Beside(),
          }},
     };
 }
@@ -54,7 +63,7 @@ ControlTable WithCommonControls(const ControlTable& own, const MarginTexts& marg
     const ControlTable common = CommonControls(margins);
     ControlTable whole;
     for (const Group group :
-         {Group::Page, Group::Spacing, Group::Lines, Group::Text, Group::Margins, Group::File}) {
+         {Group::Page, Group::Spacing, Group::Axes, Group::Lines, Group::Text, Group::Margins, Group::File}) {
         ControlGroup part{group, {}};
         Append(part.controls, common, group);
         Append(part.controls, own, group);
@@ -65,7 +74,7 @@ ControlTable WithCommonControls(const ControlTable& own, const MarginTexts& marg
 
 Control shiftClickNote(std::string_view name)
 {
-    return label(name, "(Shift click to change filename)");
+    return label(name, "(Shift click to change filename)").Beside();
 }
 
 const std::vector<std::string_view>& FontNames()

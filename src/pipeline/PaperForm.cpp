@@ -11,21 +11,22 @@ PaperForm::PaperForm(const ControlTable& table)
 {
     for (const ControlGroup& group : table) {
         for (const Control& control : group.controls) {
-            if (!control.labelName.empty()) {
+            if (!control.labelName.empty() && !Has(control.labelName)) {
                 Control caption = label(control.labelName, control.caption);
                 caption.enabled = control.enabled;
-                Add(caption);
+                Add(caption, group.group);
             }
-            Add(control);
+            Add(control, group.group);
         }
     }
 }
 
-void PaperForm::Add(const Control& control)
+void PaperForm::Add(const Control& control, Group group)
 {
     indices[control.name] = states.size();
     State state;
     state.control = control;
+    state.group = group;
     state.caption = control.caption;
     state.text = control.text;
     state.listIndex = control.listIndex;

@@ -22,6 +22,7 @@ class PaperForm {
 public:
     struct State {
         Control control;
+        Group group = Group::Page;
         std::string caption;
         std::string text;
         int listIndex = 0;
@@ -69,7 +70,7 @@ public:
 
 private:
     State& Find(std::string_view name) { return states[indices.at(name)]; }
-    void Add(const Control& control);
+    void Add(const Control& control, Group group);
     void Changed(std::string_view name, bool runHandler);
 
     std::vector<State> states;

@@ -150,9 +150,10 @@ void PaperWindow::PushButtonGenerate_Action()
         SetOutputFile({});
         pdf.theFile = {};
     }
+    pageStopped = false;
     ReadGUIValues();
     DoFilename();
-    if (form.Value("CheckBoxViewGraph") && !pdf.theFile.IsEmpty()) {
+    if (form.Value("CheckBoxViewGraph") && !pdf.theFile.IsEmpty() && !pageStopped) {
         platform.Launch(pdf.theFile);
     }
 }
@@ -179,11 +180,13 @@ void PaperWindow::SetOutputFile(const FolderItem& file)
 void PaperWindow::DoPage()
 {
     rounds = 0;
+    pageStopped = false;
     paperHeight = std::max(paperHeight, smallestPage);
     paperWidth = std::max(paperWidth, smallestPage);
     try {
         DrawPage();
     } catch (const PageStopped&) {
+        pageStopped = true;
         pdf.Discard();
     } catch (const PageTooLarge&) {
         GiveUpPage("the page would hold more than 1 GiB of drawing, so it was given up");

@@ -112,6 +112,7 @@ private:
     FolderItem outputFile;
     FolderItem ourFolderItem;
     std::int64_t rounds = 0;
+    bool pageStopped = false;  ///< by the user, the last time
 };
 
 }  // namespace linealis
