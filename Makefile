@@ -6,9 +6,9 @@ BENCH_FLAGS ?=
 
 .PHONY: run test bench pictures format clean setup release
 
-# A sample page of every paper kind.
+# Opens the program; without a screen, writes a sample page of every paper kind instead.
 run: release
-	@scripts/sample-pages build/release/bin/linealis-cli build/sample
+	@scripts/run build/release/bin
 
 test: release
 	@ctest --preset release -j $(JOBS)
@@ -24,10 +24,13 @@ bench:
 	@cmake --build --preset bench -- $(NINJA_FLAGS)
 	@build/bench/bin/linealis_bench $(BENCH_FLAGS)
 
-# The pictures of the README, from the program's own pages.
+# The pictures of README, manual and gallery, from the program's own pages, and of its windows.
 pictures: release
 	@scripts/setup pictures
 	@scripts/readme-pictures build/release/bin/linealis-cli docs/images
+	@scripts/manual-pictures build/release/bin/linealis-cli docs/manual/images
+	@scripts/gallery-pictures build/release/bin/linealis-cli resources/gallery
+	@scripts/screenshots build/release/bin/linealis_screenshots build/screenshots
 
 format:
 	@scripts/setup ci

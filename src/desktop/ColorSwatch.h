@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/Color.h"
+
+#include <QAbstractButton>
+
+namespace linealis::desktop {
+
+/// A patch of colour in a black frame, which is clicked to choose another.
+class ColorSwatch final : public QAbstractButton {
+    Q_OBJECT
+
+public:
+    explicit ColorSwatch(QWidget* parent = nullptr);
+
+    void SetColor(Color newColor);
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    Color color;
+};
+
+}  // namespace linealis::desktop

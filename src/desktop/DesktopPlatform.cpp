@@ -1,0 +1,193 @@
+#include "desktop/DesktopPlatform.h"
+
+#include "desktop/HttpFetch.h"
+#include "desktop/Text.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QDate>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileDialog>
+#include <QLocale>
+#include <QMessageBox>
+#include <QOperatingSystemVersion>
+#include <QPushButton>
+#include <QStandardPaths>
+#include <QUrl>
+
+namespace linealis::desktop {
+
+namespace {
+
+/// The interface gets its turn this often during long work. A turn without events takes far less than this.
+constexpr int millisecondsPerTurn = 10;
+
+FolderItem ToItem(const QString& path)
+{
+    return path.isEmpty() ? FolderItem() : FolderItem(std::filesystem::path(path.toStdString()));
+}
+
+QString ToPath(const FolderItem& file)
+{
+    return ToQt(file.Path().string());
+}
+
+/// A file dialog limited to the type. A type without an extension takes every file.
+FolderItem AskForFile(const FileType& type, QFileDialog::AcceptMode mode, const QString& suggestedName)
+{
+    QFileDialog dialog(QApplication::activeWindow());
+    dialog.setAcceptMode(mode);
+    dialog.setFileMode(mode == QFileDialog::AcceptSave ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    if (!type.extension.empty()) {
+        const QString extension = ToQt(type.extension);
+        const QString name = type.extension == "pdf" ? QStringLiteral("PDF documents") : QStringLiteral("Settings");
+        dialog.setNameFilter(QStringLiteral("%1 (*.%2)").arg(name, extension));
+        dialog.setDefaultSuffix(extension);
+    }
+    if (!suggestedName.isEmpty()) {
+        dialog.selectFile(suggestedName);
+    }
+    return dialog.exec() == QDialog::Accepted ? ToItem(dialog.selectedFiles().value(0)) : FolderItem();
+}
+
+void ShowMessage(QMessageBox::Icon icon, const std::string& text, const QString& more = {})
+{
+    QMessageBox box(icon, QStringLiteral("Linealis"), ToQt(text), QMessageBox::Ok, QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(more);
+    box.exec();
+}
+
+}  // namespace
+
+DesktopPlatform::DesktopPlatform()
+{
+    sinceLastTurn.start();
+}
+
+void DesktopPlatform::MsgBox(const std::string& text)
+{
+    ShowMessage(QMessageBox::Information, text);
+}
+
+MessageDialog::Button DesktopPlatform::ShowModal(const MessageDialog& dialog)
+{
+    QMessageBox box(QMessageBox::Information, QStringLiteral("Linealis"), ToQt(dialog.message),
+                    QMessageBox::NoButton, QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    QPushButton* const action = box.addButton(ToQt(dialog.actionButton), QMessageBox::AcceptRole);
+    box.setDefaultButton(action);
+    QAbstractButton* cancel = nullptr;
+    if (!dialog.cancelButton.empty()) {
+        cancel = box.addButton(ToQt(dialog.cancelButton), QMessageBox::RejectRole);
+        box.setEscapeButton(cancel);
+    }
+    QAbstractButton* alternate = nullptr;
+    if (!dialog.alternateActionButton.empty()) {
+        alternate = box.addButton(ToQt(dialog.alternateActionButton), QMessageBox::DestructiveRole);
+    }
+    box.exec();
+    const QAbstractButton* const clicked = box.clickedButton();
+    if (clicked == action) {
+        return MessageDialog::Button::Action;
+    }
+    return clicked != nullptr && clicked == alternate ? MessageDialog::Button::Alternate
+                                                      : MessageDialog::Button::Cancel;
+}
+
+void DesktopPlatform::ShowFileError(const FolderItem& /*file*/, const std::string& text, const std::string& reason)
+{
+    const bool said = text.find(reason) != std::string::npos;
+    ShowMessage(QMessageBox::Warning, text, said ? QString() : ToQt(reason));
+}
+
+FolderItem DesktopPlatform::GetSaveFolderItem(const FileType& type, const std::string& suggestedName)
+{
+    return AskForFile(type, QFileDialog::AcceptSave, ToQt(suggestedName));
+}
+
+FolderItem DesktopPlatform::GetOpenFolderItem(const FileType& type)
+{
+    return AskForFile(type, QFileDialog::AcceptOpen, {});
+}
+
+bool DesktopPlatform::ShiftKey() const
+{
+    return QApplication::keyboardModifiers().testFlag(Qt::ShiftModifier);
+}
+
+bool DesktopPlatform::SelectColor(Color& color, const std::string& title)
+{
+    const QColor chosen = QColorDialog::getColor(QColor(color.red, color.green, color.blue),
+                                                 QApplication::activeWindow(), ToQt(title));
+    if (chosen.isValid()) {
+        color = {static_cast<std::uint8_t>(chosen.red()), static_cast<std::uint8_t>(chosen.green()),
+                 static_cast<std::uint8_t>(chosen.blue())};
+    }
+    return chosen.isValid();
+}
+
+bool DesktopPlatform::Launch(const FolderItem& file)
+{
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(ToPath(file)));
+}
+
+void DesktopPlatform::ShowURL(const std::string& url)
+{
+    QDesktopServices::openUrl(QUrl(ToQt(url)));
+}
+
+void DesktopPlatform::FetchInBackground(const std::string& url,
+                                        std::function<void(const std::string& page)> onReply)
+{
+    new HttpFetch(ToQt(url), longestReply, replySeconds, std::move(onReply), this);
+}
+
+std::optional<std::int64_t> DesktopPlatform::SystemVersion() const
+{
+    const QOperatingSystemVersion system = QOperatingSystemVersion::current();
+    if (system.type() != QOperatingSystemVersion::MacOS) {
+        return std::nullopt;
+    }
+    const int major = system.majorVersion();
+    return (major / 10 * 16 + major % 10) * 256 + system.minorVersion() * 16 + system.microVersion();
+}
+
+FolderItem DesktopPlatform::PreferencesFolder() const
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
+    QDir().mkpath(folder);
+    return ToItem(folder);
+}
+
+FolderItem DesktopPlatform::TemporaryFolder() const
+{
+    return ToItem(QDir::tempPath());
+}
+
+std::string DesktopPlatform::ShortDate() const
+{
+    return QLocale().toString(QDate::currentDate(), QLocale::ShortFormat).toStdString();
+}
+
+void DesktopPlatform::RunStoppable(const bool& stop, const std::function<void()>& work)
+{
+    stops.push_back(&stop);
+    work();
+    stops.pop_back();
+}
+
+void DesktopPlatform::Yield()
+{
+    if (stops.empty() || sinceLastTurn.elapsed() < millisecondsPerTurn) {
+        return;
+    }
+    QCoreApplication::processEvents();
+    sinceLastTurn.restart();
+    if (*stops.back()) {
+        throw PageStopped();
+    }
+}
+
+}  // namespace linealis::desktop

@@ -1,0 +1,111 @@
+#include "desktop/Menus.h"
+
+#include "desktop/Text.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+
+namespace linealis::desktop {
+
+namespace {
+
+/// "Cmd" is the platform's own key for commands, which Qt calls Ctrl.
+QKeySequence ShortcutOf(const MenuItem& item)
+{
+    return QKeySequence(ToQt(item.shortcut).replace(QStringLiteral("Cmd"), QStringLiteral("Ctrl")));
+}
+
+QAction::MenuRole RoleOf(Command command)
+{
+    switch (command) {
+    case Command::About:
+        return QAction::AboutRole;
+    case Command::VisitWebsite:
+    case Command::CheckForLatestVersion:
+        return QAction::ApplicationSpecificRole;
+    case Command::Quit:
+        return QAction::QuitRole;
+    case Command::Preferences:
+        return QAction::PreferencesRole;
+    default:
+        return QAction::NoRole;
+    }
+}
+
+void AddItem(QMenu& menu, const MenuItem& item, const MenuHost& host)
+{
+    if (item.command == Command::None) {
+        return;
+    }
+    if (item.command == Command::Separator) {
+        menu.addSeparator();
+        return;
+    }
+    QAction* const action = menu.addAction(ToQt(item.text));
+    action->setObjectName(ToQt(item.name));
+    action->setMenuRole(RoleOf(item.command));
+    if (!item.shortcut.empty()) {
+        action->setShortcut(ShortcutOf(item));
+    }
+    QObject::connect(action, &QAction::triggered, &menu, [&item, perform = host.perform] { perform(item); });
+    const auto update = [action, &item, isEnabled = host.isEnabled] { action->setEnabled(isEnabled(item)); };
+    QObject::connect(&menu, &QMenu::aboutToShow, action, update);
+    // A shortcut of an item that an earlier look found disabled must work again as soon as the menu has closed.
+    QObject::connect(&menu, &QMenu::aboutToHide, action, update);
+    update();
+}
+
+}  // namespace
+
+void InstallMenus(QMainWindow& window, const MenuHost& host)
+{
+    for (const Menu& menu : MenuBar1()) {
+        if (menu.text.empty()) {
+            continue;
+        }
+        QMenu* const shown = window.menuBar()->addMenu(ToQt(menu.text));
+        shown->setObjectName(ToQt(menu.name));
+        for (const MenuItem& item : menu.items) {
+            AddItem(*shown, item, host);
+        }
+    }
+}
+
+void UpdateMenus(QMainWindow& window)
+{
+    for (QMenu* const menu : window.menuBar()->findChildren<QMenu*>()) {
+        emit menu->aboutToShow();
+    }
+}
+
+void EditText(Command command)
+{
+    auto* const field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    if (field == nullptr) {
+        return;
+    }
+    switch (command) {
+    case Command::Undo:
+        field->undo();
+        break;
+    case Command::Cut:
+        field->cut();
+        break;
+    case Command::Copy:
+        field->copy();
+        break;
+    case Command::Paste:
+        field->paste();
+        break;
+    case Command::Clear:
+        field->del();
+        break;
+    default:
+        break;
+    }
+}
+
+}  // namespace linealis::desktop

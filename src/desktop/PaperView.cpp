@@ -1,0 +1,128 @@
+#include "desktop/PaperView.h"
+
+#include "desktop/FormDialog.h"
+#include "desktop/FormView.h"
+#include "desktop/Text.h"
+#include "graph/EasyGraphWizard.h"
+#include "graph/MainWindow.h"
+
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+namespace linealis::desktop {
+
+namespace {
+
+constexpr int millisecondsBeforeProgress = 400;
+
+}  // namespace
+
+PaperView::PaperView(DesktopPlatform& thePlatform, const PaperKind& theKind, PaperWindow& theWindow)
+    : platform(thePlatform), kind(theKind), window(theWindow)
+{
+    setWindowTitle(ToQt(kind.title));
+    setObjectName(ToQt(kind.name));
+    auto* const form =
+        new FormView(window.form, [this](std::string_view name) { window.ColorCanvas_MouseDown(name); });
+    form->AddBesideLastGroup(MakeButtons());
+    setCentralWidget(form);
+    if (dynamic_cast<MainWindow*>(&window) != nullptr) {
+        layout()->setSizeConstraint(QLayout::SetFixedSize);
+    }
+
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto* const press = new QShortcut(QKeySequence(key), this);
+        connect(press, &QShortcut::activated, this, &PaperView::Generate);
+        // With shift it forgets the file, as the button does.
+        auto* const shiftPress = new QShortcut(QKeySequence(Qt::ShiftModifier | static_cast<Qt::Key>(key)), this);
+        connect(shiftPress, &QShortcut::activated, this, &PaperView::Generate);
+    }
+    progressDelay.setSingleShot(true);
+    progressDelay.setInterval(millisecondsBeforeProgress);
+    connect(&progressDelay, &QTimer::timeout, this, [this] { ShowProgress(true); });
+}
+
+QWidget* PaperView::MakeButtons()
+{
+    auto* const row = new QWidget;
+    auto* const layout = new QVBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 4);
+    if (dynamic_cast<MainWindow*>(&window) != nullptr) {
+        auto* const wizard = new QPushButton(QStringLiteral("Easy Graph Wizard"));
+        wizard->setObjectName(QStringLiteral("PushButtonEasyWizard"));
+        wizard->setAutoDefault(false);
+        connect(wizard, &QPushButton::clicked, this, &PaperView::ShowWizard);
+        layout->addWidget(wizard);
+    }
+    progress = new QProgressBar;
+    progress->setRange(0, 0);
+    progress->setFixedWidth(150);
+    progress->setObjectName(QStringLiteral("Progress"));
+    cancelButton = new QPushButton(QStringLiteral("Cancel"));
+    cancelButton->setObjectName(QStringLiteral("PushButtonCancel"));
+    connect(cancelButton, &QPushButton::clicked, this, &PaperView::Cancel);
+    generateButton = new QPushButton(QStringLiteral("Generate"));
+    generateButton->setObjectName(QStringLiteral("PushButtonGenerate"));
+    generateButton->setDefault(true);
+    generateButton->setToolTip(QStringLiteral("Make the page. With the shift key, ask for the file again"));
+    connect(generateButton, &QPushButton::clicked, this, &PaperView::Generate);
+    layout->addWidget(progress);
+    layout->addWidget(cancelButton);
+    layout->addWidget(generateButton);
+    ShowProgress(false);
+    return row;
+}
+
+void PaperView::ShowProgress(bool visible)
+{
+    progress->setVisible(visible);
+    cancelButton->setVisible(visible);
+}
+
+void PaperView::Generate()
+{
+    if (generating) {
+        return;
+    }
+    generating = true;
+    stop = false;
+    generateButton->setEnabled(false);
+    progressDelay.start();
+    platform.RunStoppable(stop, [this] { window.PushButtonGenerate_Action(); });
+    progressDelay.stop();
+    ShowProgress(false);
+    generateButton->setEnabled(true);
+    generating = false;
+    if (closeWhenDone) {
+        close();
+    }
+}
+
+void PaperView::ShowWizard()
+{
+    EasyGraphWizard& wizard = dynamic_cast<MainWindow&>(window).Wizard();
+    FormDialog dialog(QStringLiteral("Easy Graph Wizard"), wizard.form, this);
+    if (dialog.exec() == QDialog::Accepted) {
+        wizard.PushButton1_Action();
+    } else {
+        wizard.PushButton2_Action();
+    }
+}
+
+void PaperView::closeEvent(QCloseEvent* event)
+{
+    if (generating) {  // first the page ends, and then the window
+        closeWhenDone = true;
+        Cancel();
+        event->ignore();
+        return;
+    }
+    event->accept();
+    emit Closed(kind);
+}
+
+}  // namespace linealis::desktop

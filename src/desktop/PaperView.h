@@ -1,0 +1,56 @@
+#pragma once
+
+#include "app/App.h"
+#include "desktop/DesktopPlatform.h"
+
+#include <QMainWindow>
+#include <QTimer>
+#include <functional>
+
+class QLabel;
+class QProgressBar;
+class QPushButton;
+
+namespace linealis::desktop {
+
+/// The window of one paper kind.
+class PaperView final : public QMainWindow {
+    Q_OBJECT
+
+public:
+    PaperView(DesktopPlatform& thePlatform, const PaperKind& theKind, PaperWindow& theWindow);
+
+    const PaperKind& Kind() const { return kind; }
+    PaperWindow& Window() { return window; }
+
+    /// Makes the page, as the Generate button does. Does nothing while one is being made.
+    void Generate();
+    bool IsGenerating() const { return generating; }
+
+    /// Stops the page that is being made; the file stays as it was.
+    void Cancel() { stop = true; }
+
+signals:
+    void Closed(const PaperKind& kind);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    QWidget* MakeButtons();
+    void ShowWizard();
+    void ShowProgress(bool visible);
+
+    DesktopPlatform& platform;
+    const PaperKind& kind;
+    PaperWindow& window;
+    QPushButton* generateButton = nullptr;
+    QPushButton* cancelButton = nullptr;
+    QProgressBar* progress = nullptr;
+    QTimer progressDelay;
+    bool generating = false;
+    bool stop = false;
+    bool closeWhenDone = false;
+};
+
+}  // namespace linealis::desktop

@@ -1,0 +1,97 @@
+// Shows every window of the program and saves a picture of each: for the manual, the README and whoever wants to
+// see them.
+
+#include "desktop/Desktop.h"
+#include "desktop/FormDialog.h"
+#include "desktop/Text.h"
+#include "graph/EasyGraphWizard.h"
+#include "graph/MainWindow.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QStandardPaths>
+#include <QTextStream>
+
+namespace {
+
+using namespace linealis;
+using namespace linealis::desktop;
+
+void Settle()
+{
+    constexpr int milliseconds = 150;
+    QElapsedTimer time;
+    time.start();
+    while (time.elapsed() < milliseconds) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
+}
+
+class Camera {
+public:
+    explicit Camera(QString theFolder) : folder(std::move(theFolder)) { QDir().mkpath(folder); }
+
+    void Take(QWidget& window, const QString& name)
+    {
+        Settle();
+        const QString file = folder + QStringLiteral("/window-") + name + QStringLiteral(".png");
+        if (!window.grab().save(file)) {
+            qFatal("%s could not be written", qPrintable(file));
+        }
+        QTextStream(stdout) << file << "  " << window.width() << " x " << window.height() << '\n';
+    }
+
+private:
+    QString folder;
+};
+
+QWidget& WindowNamed(const QString& name)
+{
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == name) {
+            return *window;
+        }
+    }
+    qFatal("there is no window %s", qPrintable(name));
+}
+
+void ShowDialog(Camera& camera, const QString& title, const QString& name, PaperForm& form)
+{
+    FormDialog dialog(title, form, nullptr);
+    dialog.show();
+    camera.Take(dialog, name);
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    QStandardPaths::setTestModeEnabled(true);  // keeps the user's own preferences out of it
+    if (argc != 2) {
+        QTextStream(stderr) << "usage: linealis_screenshots FOLDER\n";
+        return 2;
+    }
+    Camera camera(QString::fromLocal8Bit(argv[1]));
+    Desktop desktop;
+    desktop.Open();
+    camera.Take(WindowNamed(QStringLiteral("gallery")), QStringLiteral("gallery"));
+    for (const PaperKind& kind : PaperKinds()) {
+        PaperWindow& window = desktop.Application().ShowPaper(kind);
+        camera.Take(WindowNamed(ToQt(kind.name)), ToQt(kind.name));
+        if (auto* const graph = dynamic_cast<MainWindow*>(&window)) {
+            ShowDialog(camera, QStringLiteral("Easy Graph Wizard"), QStringLiteral("wizard"), graph->Wizard().form);
+        }
+        if (kind.name == "lined") {  // with every sort of remark
+            window.form.SetText("EditHorzSpacing", "abc");
+            window.form.SetText("EditBlankTop", "2.9");
+            window.form.SetText("EditBlankLeft", "-1");
+            camera.Take(WindowNamed(ToQt(kind.name)), QStringLiteral("remarks"));
+        }
+    }
+    bool noUpdateCheck = false;
+    PrefsWindow preferences(noUpdateCheck);
+    ShowDialog(camera, QStringLiteral("Preferences"), QStringLiteral("preferences"), preferences.form);
+    return 0;
+}
