@@ -83,6 +83,7 @@ GalleryView::GalleryView(GalleryWindow& theGallery) : gallery(theGallery)
 void GalleryView::closeEvent(QCloseEvent* event)
 {
     event->accept();
+    hide();  // before anyone looks which windows are left
     emit Closed();
 }
 

@@ -53,6 +53,18 @@ void CellGridWindow::DrawChosenLines()
     }
 }
 
+ControlGroup SpacingControls(std::string_view vertical, std::string_view horizontal, std::vector<Control> more)
+{
+    const auto spacing = [](std::string_view name, std::string_view caption, std::string_view text) {
+        return textField(name, caption, text).Means(Meaning::Spacing).Converted(UnitRule::Length);
+    };
+    ControlGroup group{Group::Spacing,
+                       {spacing("EditVertSpacing", "Vertical Spacing:", vertical).LabelledBy("StaticText1"),
+                        spacing("EditHorzSpacing", "Horizontal Spacing:", horizontal).LabelledBy("StaticText24")}};
+    group.controls.insert(group.controls.end(), more.begin(), more.end());
+    return group;
+}
+
 ControlGroup LineControls(bool linesOn, std::vector<Control> swatches)
 {
     Control horzWeight = textField("EditHorzWeight", "Line Weight:", ".5")

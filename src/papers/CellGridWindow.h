@@ -52,6 +52,10 @@ protected:
     double rows = 0.0;
 };
 
+/// The two spacings, each with its default, and what a kind adds to them.
+ControlGroup SpacingControls(std::string_view vertical, std::string_view horizontal,
+                             std::vector<Control> more = {});
+
 /// A weight field and its check box. The two do not belong together: the box "Vertical Lines" governs the weight of
 /// the horizontal lines and the other way round. Existing forms and settings files have it so.
 ControlGroup LineControls(bool linesOn, std::vector<Control> swatches);

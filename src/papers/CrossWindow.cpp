@@ -7,21 +7,18 @@ namespace {
 const ControlTable& OwnControls()
 {
     static const ControlTable table = {
-        {Group::Spacing,
-         {
-             textField("EditVertSpacing", "Vertical Spacing:", ".5")
-                 .Means(Meaning::Spacing)
-                 .LabelledBy("StaticText1")
-                 .Converted(UnitRule::Length),
-             textField("EditHorzSpacing", "Horizontal Spacing:", ".5")
-                 .Means(Meaning::Spacing)
-                 .LabelledBy("StaticText24")
-                 .Converted(UnitRule::Length),
-             // Lengths too, but a change of units leaves their numbers alone.
-             textField("EditCrossHeight", "Cross Height:", ".15").Means(Meaning::Length).LabelledBy("StaticText25"),
-             textField("EditCrossWidth", "Cross Width:", ".15").Means(Meaning::Length).LabelledBy("StaticText26"),
-             textField("EditCrossWeight", "Cross Weight:", "1").Means(Meaning::Weight).LabelledBy("StaticText3"),
-         }},
+        SpacingControls(
+            ".5", ".5",
+            {
+                // Lengths too, but a change of units leaves their numbers alone.
+                textField("EditCrossHeight", "Cross Height:", ".15")
+                    .Means(Meaning::Length)
+                    .LabelledBy("StaticText25"),
+                textField("EditCrossWidth", "Cross Width:", ".15")
+                    .Means(Meaning::Length)
+                    .LabelledBy("StaticText26"),
+                textField("EditCrossWeight", "Cross Weight:", "1").Means(Meaning::Weight).LabelledBy("StaticText3"),
+            }),
         LineControls(
             false,
             {swatch("LineColorCanvas", "Cross Color").LabelledBy("StaticText4"),

@@ -9,18 +9,11 @@ constexpr double roundCap = 1.0;
 const ControlTable& OwnControls()
 {
     static const ControlTable table = {
-        {Group::Spacing,
-         {
-             textField("EditVertSpacing", "Vertical Spacing:", ".5")
-                 .Means(Meaning::Spacing)
-                 .LabelledBy("StaticText1")
-                 .Converted(UnitRule::Length),
-             textField("EditHorzSpacing", "Horizontal Spacing:", ".5")
-                 .Means(Meaning::Spacing)
-                 .LabelledBy("StaticText24")
-                 .Converted(UnitRule::Length),
-             textField("EditDotWeight", "Dot Weight:", "1").Means(Meaning::Weight).LabelledBy("StaticText3"),
-         }},
+        SpacingControls(
+            ".5", ".5",
+            {
+                textField("EditDotWeight", "Dot Weight:", "1").Means(Meaning::Weight).LabelledBy("StaticText3"),
+            }),
         LineControls(
             false,
             {swatch("LineColorCanvas", "Dot Color").LabelledBy("StaticText4"),

@@ -7,17 +7,7 @@ namespace {
 const ControlTable& OwnControls()
 {
     static const ControlTable table = {
-        {Group::Spacing,
-         {
-             textField("EditVertSpacing", "Vertical Spacing:", ".25")
-                 .Means(Meaning::Spacing)
-                 .LabelledBy("StaticText1")
-                 .Converted(UnitRule::Length),
-             textField("EditHorzSpacing", "Horizontal Spacing:", ".25")
-                 .Means(Meaning::Spacing)
-                 .LabelledBy("StaticText24")
-                 .Converted(UnitRule::Length),
-         }},
+        SpacingControls(".25", ".25"),
         LineControls(
             true, {swatch("LinesColorCanvas", "Line Color").LabelledBy("StaticText5"),
                    swatch("BackgroundColorCanvas", "Background Color", white).LabelledBy("StaticText28").Beside()}),
