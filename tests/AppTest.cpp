@@ -148,39 +148,37 @@ TEST_F(Start, DoesNotCheckIfSwitchedOff)
     EXPECT_EQ(platform.shownUrls.size(), 1U) << "the menu's way stays open";
 }
 
-TEST_F(Start, WithoutAPreferencesFolderNothingIsKept)
-{
-    platform.preferencesFolder = FolderItem();
-    app.Event_Open();
-    Window("graph");
-    app.PaperClosed(*FindPaperKind("graph"));
-    app.Event_Close();
-    EXPECT_EQ(platform.fetches.size(), 1U);
-    EXPECT_TRUE(platform.messages.empty() && platform.fileErrors.empty());
-}
-
-constexpr std::array<std::pair<const char*, const char*>, 14> kindOfExtension = {{
-    {"setg", "graph"},
-    {"seti", "isometric"},
-    {"seta", "axonometric"},
-    {"sett", "trapezoid"},
-    {"seth", "hexagon"},
-    {"setp", "polar"},
-    {"sete", "engineering"},
-    {"setl", "lined"},
-    {"setc", "cornell"},
-    {"setd", "dots"},
-    {"setr", "crosses"},
-    {"sety", "ternary"},
-    {"setx", "grid"},
-    {"setk", "brick"},
+struct Kind {
+    const char* title;  ///< in the gallery, like the picture and the place
+    const char* picture;
+    int left;
+    int top;
+    const char* name;
+    const char* extension;
+};
+constexpr std::array<Kind, 14> kinds = {{
+    {"Graph Paper", "Graph.png", 20, 40, "graph", "setg"},
+    {"Axonometric", "Axonometric.png", 142, 40, "axonometric", "seta"},
+    {"Note Paper", "Cornell.png", 264, 40, "cornell", "setc"},
+    {"Crosses Paper", "Crosses.png", 386, 40, "crosses", "setr"},
+    {"Dots Paper", "Dots.png", 508, 40, "dots", "setd"},
+    {"Engineering", "Engineering.png", 630, 40, "engineering", "sete"},
+    {"Hexagon", "Hexagon.png", 20, 212, "hexagon", "seth"},
+    {"Isometric", "Isometric.png", 142, 212, "isometric", "seti"},
+    {"Lined Paper", "Lined.png", 264, 212, "lined", "setl"},
+    {"Polar", "Polar.png", 386, 212, "polar", "setp"},
+    {"Trapezoid", "trapezoid.png", 508, 212, "trapezoid", "sett"},
+    {"Ternary", "ternary.png", 630, 212, "ternary", "sety"},
+    {"Grid", "Grid.png", 20, 384, "grid", "setx"},
+    {"Brick", "Brick.png", 142, 384, "brick", "setk"},
 }};
 
 TEST_F(Documents, ReachTheirWindowStepByStep)
 {
-    for (const auto& [lower, kind] : kindOfExtension) {
-        const std::string upper = {'S', 'E', 'T', static_cast<char>(lower[3] - 'a' + 'A')};
-        for (const std::string& extension : {std::string(lower), upper}) {
+    for (const Kind& expected : kinds) {
+        const char* const kind = expected.name;
+        const std::string lower = expected.extension;
+        for (const std::string& extension : {lower, std::string("SET") + static_cast<char>(lower[3] - 'a' + 'A')}) {
             SCOPED_TRACE(extension);
             app.PaperClosed(*FindPaperKind(kind));
             const FolderItem file = Document(*FindPaperKind(kind), "a.seta." + extension);
@@ -220,7 +218,6 @@ TEST_F(Documents, ReachAWindowThatIsAlreadyOpen)
 
 TEST_F(Documents, OfAnUnknownExtensionAreDroppedAfterTheMessage)
 {
-    Names extensions;
     for (const char* const name : {"page.pdf", "setx", "grid.set", "grid.setxx", "grid.setx.bak", "grid."}) {
         app.Event_OpenDocument(Document(*FindPaperKind("grid"), name));
     }
@@ -244,7 +241,7 @@ TEST_F(PaperWindows, AreMadeOnceAndKeepTheirValuesUntilClosed)
         Choose(item.name);
         EXPECT_EQ(windows.shown.back().scale, "100");
     }
-    EXPECT_EQ(windows.shown.size(), 3 * kindOfExtension.size());
+    EXPECT_EQ(windows.shown.size(), 3 * kinds.size());
     app.PaperClosed(*FindPaperKind("grid"));
     app.PaperClosed(*FindPaperKind("grid"));  // harmless, though it is no longer there
 }
@@ -278,36 +275,12 @@ TEST_F(PaperWindows, TheGraphsLastSettingsAreLoadedByTheGalleryAlone)
     EXPECT_EQ(window.form.Text("EditXScale"), "77") << "loaded again by each click";
 }
 
-struct Thumbnail {
-    const char* title;
-    const char* picture;
-    int left;
-    int top;  ///< of the title
-    const char* kind;
-};
-constexpr std::array<Thumbnail, 14> thumbnails = {{
-    {"Graph Paper", "Graph.png", 20, 40, "graph"},
-    {"Axonometric", "Axonometric.png", 142, 40, "axonometric"},
-    {"Note Paper", "Cornell.png", 264, 40, "cornell"},
-    {"Crosses Paper", "Crosses.png", 386, 40, "crosses"},
-    {"Dots Paper", "Dots.png", 508, 40, "dots"},
-    {"Engineering", "Engineering.png", 630, 40, "engineering"},
-    {"Hexagon", "Hexagon.png", 20, 212, "hexagon"},
-    {"Isometric", "Isometric.png", 142, 212, "isometric"},
-    {"Lined Paper", "Lined.png", 264, 212, "lined"},
-    {"Polar", "Polar.png", 386, 212, "polar"},
-    {"Trapezoid", "trapezoid.png", 508, 212, "trapezoid"},
-    {"Ternary", "ternary.png", 630, 212, "ternary"},
-    {"Grid", "Grid.png", 20, 384, "grid"},
-    {"Brick", "Brick.png", 142, 384, "brick"},
-}};
-
 TEST_F(Gallery, HasItsEntriesInTheirPlaces)
 {
     const std::vector<GalleryWindow::Entry>& entries = app.Gallery().Entries();
-    ASSERT_EQ(entries.size(), thumbnails.size());
+    ASSERT_EQ(entries.size(), kinds.size());
     for (std::size_t i = 0; i < entries.size(); ++i) {
-        const Thumbnail& expected = thumbnails.at(i);
+        const Kind& expected = kinds.at(i);
         EXPECT_EQ(entries[i].title, expected.title);
         EXPECT_EQ(entries[i].picture, expected.picture);
         EXPECT_EQ(entries[i].titlePlace.left, expected.left) << expected.title;
@@ -320,9 +293,9 @@ TEST_F(Gallery, HasItsEntriesInTheirPlaces)
 TEST_F(Gallery, PicturesAreThereInTheirSize)
 {
     const fs::path pictures = fs::path(LINEALIS_PAGES_PATH) / "../../resources/gallery";
-    for (const Thumbnail& thumbnail : thumbnails) {
-        const std::string png = ReadFile(pictures / thumbnail.picture);
-        EXPECT_EQ(png.substr(0, 8), "\x89PNG\r\n\x1A\n") << thumbnail.picture;
+    for (const Kind& kind : kinds) {
+        const std::string png = ReadFile(pictures / kind.picture);
+        EXPECT_EQ(png.substr(0, 8), "\x89PNG\r\n\x1A\n") << kind.picture;
         EXPECT_EQ(png.substr(16, 8), std::string("\0\0\0\x66\0\0\0\x84", 8)) << "not 102 by 132";
     }
 }
@@ -340,17 +313,17 @@ TEST_F(Gallery, StandsInTheMiddleOfTheScreen)
 
 TEST_F(Gallery, AClickOpensItsKindOnce)
 {
-    for (std::size_t i = 0; i < thumbnails.size(); ++i) {
+    for (std::size_t i = 0; i < kinds.size(); ++i) {
         app.Gallery().Event_MouseUp(i);
-        EXPECT_EQ(windows.shown.back().kind, thumbnails.at(i).kind);
-        PaperWindow& window = Window(thumbnails.at(i).kind);
+        EXPECT_EQ(windows.shown.back().kind, kinds.at(i).name);
+        PaperWindow& window = Window(kinds.at(i).name);
         window.form.SetText("EditXScale", "55");
         app.Gallery().Event_MouseUp(i);
         EXPECT_EQ(windows.shown.back().window, &window);
         EXPECT_EQ(windows.shown.back().scale, "55");
     }
     windows.shown.clear();
-    app.Gallery().Event_MouseUp(thumbnails.size());
+    app.Gallery().Event_MouseUp(kinds.size());
     app.Gallery().Event_MouseUp(std::numeric_limits<std::size_t>::max());
     EXPECT_TRUE(windows.shown.empty());
 }

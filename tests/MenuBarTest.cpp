@@ -13,10 +13,8 @@ struct Row {
 };
 
 const std::vector<Row> fileMenu = {
-    {"FileOpen", "Open...", "Cmd+O", Command::Open},
-    {"FileSave", "Save...", "Cmd+S", Command::Save},
-    {"FileSaveAs", "Save As...", "", Command::SaveAs},
-    {"FileClose", "Close Window", "Cmd+W", Command::CloseWindow},
+    {"FileOpen", "Open...", "Cmd+O", Command::Open},   {"FileSave", "Save...", "Cmd+S", Command::Save},
+    {"FileSaveAs", "Save As...", "", Command::SaveAs}, {"FileClose", "Close Window", "Cmd+W", Command::CloseWindow},
     {"FileQuit", "Quit", "Cmd+Q", Command::Quit},
 };
 const std::vector<Row> editMenu = {

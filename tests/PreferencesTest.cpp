@@ -1,5 +1,6 @@
-#include "TestSupport.h"
 #include "app/Preferences.h"
+
+#include "TestSupport.h"
 
 #include <limits>
 #include <utility>

@@ -100,8 +100,8 @@ protected:
 
     ScreenlessPlatform platform;
     std::vector<std::int64_t> skipped;
-    VersionCheckThread check{platform, {1, 3, 0}, server, 0,
-                             [this](std::int64_t version) { skipped.push_back(version); }};
+    VersionCheckThread check{
+        platform, {1, 3, 0}, server, 0, [this](std::int64_t version) { skipped.push_back(version); }};
 };
 
 TEST_F(VersionReply, LatestAndNothingStaySilent)

@@ -6,6 +6,7 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QLayout>
 #include <QPainter>
 #include <QPixmap>
 #include <QPushButton>
@@ -57,6 +58,7 @@ GalleryView::GalleryView(GalleryWindow& theGallery) : gallery(theGallery)
     auto* const content = new QWidget;
     content->setFixedSize(GalleryWindow::width, GalleryWindow::height);
     setCentralWidget(content);
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
 
     auto* const prompt = new QLabel(ToQt(GalleryWindow::prompt), content);
     prompt->move(20, 12);

@@ -24,7 +24,10 @@ public:
     void Start()
     {
         auto* const manager = new QNetworkAccessManager(this);
-        reply = manager->get(QNetworkRequest(QUrl(url)));
+        QNetworkRequest request{QUrl(url)};
+        // A redirection is no 200, and could lead anywhere.
+        request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
+        reply = manager->get(request);
         connect(reply, &QNetworkReply::readyRead, this, [this] { Collect(); });
         connect(reply, &QNetworkReply::finished, this, [this] { Finish(); });
         QTimer::singleShot(timeLimit, this,
@@ -48,7 +51,7 @@ private:
 
     void Finish()
     {
-        if (!enough) {
+        if (!enough && reply->isOpen()) {
             body += reply->read(limit - body.size());
         }
         if (Succeeded() && (enough || reply->error() == QNetworkReply::NoError)) {

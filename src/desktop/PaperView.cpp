@@ -6,11 +6,12 @@
 #include "graph/EasyGraphWizard.h"
 #include "graph/MainWindow.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 namespace linealis::desktop {
@@ -32,18 +33,18 @@ PaperView::PaperView(DesktopPlatform& thePlatform, const PaperKind& theKind, Pap
     setCentralWidget(form);
     if (dynamic_cast<MainWindow*>(&window) != nullptr) {
         layout()->setSizeConstraint(QLayout::SetFixedSize);
+        setWindowFlag(Qt::WindowMaximizeButtonHint, false);
     }
 
-    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
-        auto* const press = new QShortcut(QKeySequence(key), this);
-        connect(press, &QShortcut::activated, this, &PaperView::Generate);
-        // With shift it forgets the file, as the button does.
-        auto* const shiftPress = new QShortcut(QKeySequence(Qt::ShiftModifier | static_cast<Qt::Key>(key)), this);
-        connect(shiftPress, &QShortcut::activated, this, &PaperView::Generate);
-    }
     progressDelay.setSingleShot(true);
     progressDelay.setInterval(millisecondsBeforeProgress);
-    connect(&progressDelay, &QTimer::timeout, this, [this] { ShowProgress(true); });
+    connect(&progressDelay, &QTimer::timeout, this, [this] {
+        if (QApplication::activeModalWidget() != nullptr) {
+            progressDelay.start();  // the user is being asked: nothing is under way yet
+        } else {
+            ShowProgress(true);
+        }
+    });
 }
 
 QWidget* PaperView::MakeButtons()
@@ -110,6 +111,16 @@ void PaperView::ShowWizard()
         wizard.PushButton1_Action();
     } else {
         wizard.PushButton2_Action();
+    }
+}
+
+/// Return is the default button's, from wherever no other control has taken it. With shift it forgets the file too.
+void PaperView::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        Generate();
+    } else {
+        QMainWindow::keyPressEvent(event);
     }
 }
 

@@ -23,8 +23,8 @@ const ControlTable& OwnControls()
         {Group::Spacing,
          {
              textField("EditNumCircles", "Circles:", "8").Means(Meaning::CircleCount),
-             textField("EditNumSpokes", "Spokes:", "12").Means(Meaning::Count).Beside(),
-             textField("EditNumMinorSpokes", "Minor:", "48").Means(Meaning::Count).Beside(),
+             textField("EditNumSpokes", "Spokes:", "12").Means(Meaning::Quantity).Beside(),
+             textField("EditNumMinorSpokes", "Minor:", "48").Means(Meaning::Quantity).Beside(),
              textField("EditMinorStart", "Minor Start:", "2").Means(Meaning::Count).Beside(),
          }},
         {Group::Lines,

@@ -19,8 +19,8 @@ const ControlTable& OwnControls()
     static const ControlTable table = {
         {Group::Spacing,
          {
-             textField("EditMajorDivisions", "Major Divisions:", "10").Means(Meaning::Count),
-             textField("EditMinorDivisions", "Minor Divisions:", "5").Means(Meaning::Count).Beside(),
+             textField("EditMajorDivisions", "Major Divisions:", "10").Means(Meaning::Quantity),
+             textField("EditMinorDivisions", "Minor Divisions:", "5").Means(Meaning::Quantity).Beside(),
              popup("PopupScaling", "Scaling:", {"None", "Axis", "Center"}),
              textField("EditAxisMaximum", "Axis Maximum:", "100")
                  .LabelledBy("StaticTextAxisMaximum")

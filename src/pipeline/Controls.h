@@ -35,6 +35,7 @@ enum class Meaning {
     LinesPerUnit,   ///< 0 or less is replaced by 5
     GridDensity,    ///< lines per unit of a graph; 0 counts as 1
     Count,          ///< whole; a fraction is cut off
+    Quantity,       ///< whole; a negative one counts as 0
     CircleCount,    ///< whole; less than 1 counts as 1
     WholeUnits,     ///< a whole number of units; a negative one counts as 0
     GridLines,      ///< a number of grid lines; 0 or less means none

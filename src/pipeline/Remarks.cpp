@@ -36,42 +36,56 @@ std::string RemarkOnProse(std::string_view text)
     return open == 0 ? "" : "parentheses must come in pairs, or the page is damaged";
 }
 
-/// What is wrong with a number that the page cannot use as it stands.
-std::string_view RemarkOnNumber(Meaning meaning, double value)
+/// The value that the page works with.
+double Corrected(Meaning meaning, double value)
 {
+    const auto whole = static_cast<double>(truncated(value));
+    switch (meaning) {
+    case Meaning::Share:
+        return std::clamp(value, 0.0, 100.0);
+    case Meaning::LinesPerUnit:
+        return value <= 0.0 ? 5.0 : value;
+    case Meaning::GridDensity:
+    case Meaning::AxisStep:
+        return value == 0.0 ? 1.0 : value;
+    case Meaning::NumberSpacing:
+        return value >= 0.0 && value < 1.0 ? 1.0 : whole;
+    case Meaning::Count:
+        return whole;
+    case Meaning::CircleCount:
+        return std::max(whole, 1.0);
+    case Meaning::Quantity:
+    case Meaning::WholeUnits:
+        return std::max(whole, 0.0);
+    default:
+        return value;
+    }
+}
+
+/// What becomes of a value that the page takes as it stands and can do little with.
+std::string RemarkOnEffect(Meaning meaning, double value)
+{
+    const auto whole = static_cast<double>(truncated(value));
     switch (meaning) {
     case Meaning::Spacing:
         return value == 0.0 ? "0 makes no cells" : value < 0.0 ? "a negative spacing draws no lines" : "";
     case Meaning::CellSize:
         return value <= 0.0 ? "must be above 0, or no pattern is drawn" : "";
+    case Meaning::CustomSize:
+        return value <= 0.0 ? "a page has at least 10 points" : "";
     case Meaning::Weight:
-    case Meaning::FontSize:
         return value < 0.0 ? "should not be negative" : "";
+    case Meaning::FontSize:
+        return value < 0.0      ? "should not be negative"
+               : whole != value ? "is printed at " + Str(whole) + " points"
+                                : "";
     case Meaning::Scale:
         return value == 0.0 ? "0 leaves an empty page" : "";
-    case Meaning::Share:
-        return value < 0.0 ? "counts as 0" : value > 100.0 ? "counts as 100" : "";
-    case Meaning::LinesPerUnit:
-        return value <= 0.0 ? "must be above 0, or becomes 5" : "";
-    case Meaning::GridDensity:
-    case Meaning::AxisStep:
-        return value == 0.0 ? "0 counts as 1" : "";
-    case Meaning::NumberSpacing:
-        return value >= 0.0 && value < 1.0 ? "counts as 1" : "";
-    case Meaning::CircleCount:
-        return value < 1.0 ? "counts as 1" : "";
-    case Meaning::WholeUnits:
-        return value < 0.0 ? "counts as 0" : "";
     case Meaning::Exponent:
         return value <= 1.0 ? "must be larger than 1" : "";
     default:
         return "";
     }
-}
-
-bool MustBeWhole(Meaning meaning)
-{
-    return meaning == Meaning::Count || meaning == Meaning::CircleCount || meaning == Meaning::WholeUnits;
 }
 
 }  // namespace
@@ -100,6 +114,7 @@ std::string_view HintFor(Meaning meaning)
     case Meaning::GridDensity:
         return "Lines in an inch or a centimetre";
     case Meaning::Count:
+    case Meaning::Quantity:
     case Meaning::CircleCount:
         return "A whole number";
     case Meaning::WholeUnits:
@@ -132,19 +147,18 @@ std::string RemarkOn(const PaperForm::State& field)
     if (meaning == Meaning::TitlePlace && field.text.empty()) {
         return "";
     }
+    const double value = Val(field.text);
+    const double used = Corrected(meaning, value);
     if (!IsNumber(field.text)) {
-        const std::string counts = "counts as " + Str(Val(field.text));
+        const std::string counts = "counts as " + Str(used);
         return IsBlank(field.text) ? "empty " + counts
                                    : "\u201C" + field.text + "\u201D is not a number, " + counts;
     }
-    const double value = Val(field.text);
-    if (const std::string_view remark = RemarkOnNumber(meaning, value); !remark.empty()) {
-        return std::string(remark);
+    if (used != value) {
+        return meaning == Meaning::LinesPerUnit ? "must be above 0, or becomes " + Str(used)
+                                                : "counts as " + Str(used);
     }
-    if (MustBeWhole(meaning) && static_cast<double>(truncated(value)) != value) {
-        return "counts as " + Str(static_cast<double>(truncated(value)));
-    }
-    return "";
+    return RemarkOnEffect(meaning, value);
 }
 
 }  // namespace linealis

@@ -1,0 +1,338 @@
+#include "DesktopTestSupport.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QRegularExpression>
+#include <map>
+
+namespace linealis::test {
+namespace {
+
+struct KindValues {
+    std::string kind;
+    Names own;
+};
+
+void PrintTo(const KindValues& values, std::ostream* stream)
+{
+    *stream << values.kind;
+}
+
+class EveryKind : public DesktopTest, public testing::WithParamInterface<KindValues> {};
+
+TEST_P(EveryKind, PageIsThatOfTheCommandLine)
+{
+    QWidget& window = OpenPaper(GetParam().kind);
+    EXPECT_EQ(window.windowTitle(), ToQt(FindPaperKind(GetParam().kind)->title));
+    Names values = {
+        "PopupUnits=cm",    "PopupPaperSize=Custom", "EditCustomWidth=16.5",         "PopupOrientation=Landscape",
+        "EditLeftMargin=2", "EditXScale=90",         "BackgroundColorCanvas=#ffeedd"};
+    values.insert(values.end(), GetParam().own.begin(), GetParam().own.end());
+    Names command = {LINEALIS_CLI_PATH, "generate", GetParam().kind, "-o", folder / "cli.pdf"};
+    for (const std::string& value : values) {
+        const bool typed = qobject_cast<QLineEdit*>(&Child(window, value.substr(0, value.find('='))));
+        command.insert(command.end(), {typed ? "--type" : "--set", value});
+    }
+    const Finished made = Execute(command);
+    ASSERT_EQ(made.status, 0) << made.errors;
+
+    Enter(window, values);
+    GenerateAs(window, folder / "window.pdf");
+    EXPECT_EQ(PageOf(folder / "window.pdf"), PageOf(folder / "cli.pdf"));
+    EXPECT_EQ(viewer.shown, Names());
+}
+
+TEST_P(EveryKind, TabGoesOverTheFormAsItIsRead)
+{
+    QWidget& window = OpenPaper(GetParam().kind);
+    const auto place = [&](QWidget* stop) { return QRect(stop->mapTo(&window, QPoint()), stop->size()); };
+    QWidget* const first = &Child(window, "PopupPaperSize");
+    first->setFocus(Qt::TabFocusReason);
+    std::size_t stops = 0;
+    for (QWidget* last = first; stops < 100; last = window.focusWidget()) {
+        ++stops;
+        Press(window, Qt::Key_Tab);
+        QWidget* const next = window.focusWidget();
+        if (next == first) {
+            break;
+        }
+        const QRect from = place(last), to = place(next);
+        EXPECT_TRUE(to.top() > from.center().y() || to.left() > from.right())
+            << last->objectName().toStdString() << " -> " << next->objectName().toStdString();
+    }
+    const auto& controls = program->Application().ShowPaper(*FindPaperKind(GetParam().kind)).form.Controls();
+    const auto takesFocus = [](const PaperForm::State& state) {
+        return state.enabled && state.control.kind != ControlKind::Label;
+    };
+    const auto fields = std::count_if(controls.begin(), controls.end(), takesFocus);
+    const std::size_t buttons = GetParam().kind == "graph" ? 2 : 1;
+    EXPECT_EQ(stops, static_cast<std::size_t>(fields) + buttons);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Desktop, EveryKind,
+    testing::Values(
+        KindValues{"graph",
+                   {"EditXAxisMaximum=40", "PopupYAxis=Log 3 Decades", "EditTitle=Yield (kg)",
+                    "PopupFont1=Times Bold", "CheckAutoPosXAxisText=on", "MajorLineColorCanvas=#804020"}},
+        KindValues{"axonometric", {"EditSize=0.9", "CheckBoxVertical=off", "LineColorCanvas=#102030"}},
+        KindValues{"cornell", {"EditDate=1 May", "EditNoteWidth=60", "CheckCueLeft=off", "CheckGrid=on"}},
+        KindValues{"crosses", {"EditCrossHeight=.3", "CheckVertLines=on", "LinesColorCanvas=#00a0ff"}},
+        KindValues{"dots", {"EditHorzSpacing=.7", "EditDotWeight=3", "CheckHorzLines=on", "EditVertWeight=2"}},
+        KindValues{"engineering", {"EditVertiSpacing=4", "EditBlankLeft=2", "LineColorCanvas=#008000"}},
+        KindValues{"hexagon", {"EditSize=.8", "EditMinorLineThickness=.4", "CheckBoxFrame=off"}},
+        KindValues{"isometric", {"EditSize=.8", "EditLineThickness=.4"}},
+        KindValues{"lined", {"EditHorzSpacing=3", "EditBlankTop=1", "CheckBoxDrawVertical=off"}},
+        KindValues{"polar",
+                   {"EditNumSpokes=8", "RadioButton1=Radians", "EditTitle=Wind", "TextColorCanvas=#ff0000"}},
+        KindValues{"trapezoid", {"EditSize=.8", "CheckBoxHorizontal=off"}},
+        KindValues{"ternary", {"PopupScaling=Axis", "EditAxisMaximum=10", "CheckBoxFlip=on"}},
+        KindValues{"grid", {"EditVertSpacing=1.5", "CheckVertLines=off", "EditVertWeight=2"}},
+        KindValues{"brick", {"EditHorzSpacing=2", "EditVertWeight=1.5"}}),
+    [](const auto& test) { return test.param.kind; });
+
+class DesktopForm : public DesktopTest {
+protected:
+    using Fields = std::initializer_list<std::string_view>;
+
+    static void ExpectEnabled(const QWidget& window, bool enabled, Fields fields)
+    {
+        for (const std::string_view field : fields) {
+            EXPECT_EQ(Child(window, field).isEnabled(), enabled) << field;
+        }
+    }
+
+    /// All the remarks that a window shows.
+    static Names Remarks(const QWidget& window)
+    {
+        Names texts;
+        for (const QLabel* const label :
+             window.findChildren<QLabel*>(QRegularExpression(QStringLiteral("^Remark")))) {
+            if (label->isVisible()) {
+                texts.push_back(label->text().toStdString());
+            }
+        }
+        return texts;
+    }
+};
+
+TEST_F(DesktopForm, LabelsAndTipsExplainTheFields)
+{
+    QWidget& window = OpenPaper("lined");
+    std::map<std::string, std::string> buddies;
+    for (const QLabel* const label : window.findChildren<QLabel*>()) {
+        if (label->buddy() != nullptr) {
+            buddies[label->buddy()->objectName().toStdString()] = label->text().toStdString();
+        }
+    }
+    EXPECT_EQ(buddies["PopupUnits"], "Units:");
+    EXPECT_EQ(buddies["EditYScale"], "Y Scale:");
+    EXPECT_EQ(buddies["EditBlankTop"], "Blank Lines on Top:");
+    const auto expectTip = [&](std::string_view field, std::string_view words) {
+        const std::string tip = Child(window, field).toolTip().toStdString();
+        EXPECT_NE(tip.find(words), std::string::npos) << field << ": " << tip;
+    };
+    expectTip("EditXScale", "Per cent");
+    expectTip("EditLeftMargin", "inches or centimetres");
+    expectTip("EditLineThicknessHorz", "points");
+}
+
+TEST_F(DesktopForm, OnlyTheCustomSizeCanBeTyped)
+{
+    QWidget& window = OpenPaper("lined");
+    const Fields size = {"EditCustomWidth", "StaticBy", "EditCustomHeight"};
+    ExpectEnabled(window, false, size);
+    Enter(window, {"PopupPaperSize=A4"});
+    ExpectEnabled(window, false, size);
+    EXPECT_EQ(Shown(window, {"EditCustomWidth", "EditCustomHeight"}), "8.263889 11.69444");
+    Enter(window, {"PopupPaperSize=Custom"});
+    ExpectEnabled(window, true, size);
+    EXPECT_EQ(Shown(window, {"EditCustomWidth", "EditCustomHeight"}), "8.263889 11.69444");
+    Enter(window, {"PopupPaperSize=Letter"});
+    ExpectEnabled(window, false, size);
+}
+
+TEST_F(DesktopForm, BoxesAndPopupsEnableTheirFields)
+{
+    QWidget& grid = OpenPaper("grid");
+    Enter(grid, {"CheckVertLines=off"});
+    ExpectEnabled(grid, false, {"EditHorzWeight"});
+    ExpectEnabled(grid, true, {"EditVertWeight"});
+    Enter(grid, {"CheckVertLines=on"});
+    ExpectEnabled(grid, true, {"EditHorzWeight"});
+
+    const Fields topic = {"EditName", "EditDate", "EditTopic", "EditSubject", "EditTextSize"};
+    QWidget& note = OpenPaper("cornell");
+    ExpectEnabled(note, true, topic);
+    Enter(note, {"CheckBoxTopicArea=off"});
+    ExpectEnabled(note, false, topic);
+    Enter(note, {"CheckBoxTopicArea=on"});
+    ExpectEnabled(note, true, topic);
+
+    QWidget& ternary = OpenPaper("ternary");
+    ExpectEnabled(ternary, false, {"EditAxisMaximum", "CheckBoxFlip"});
+    Enter(ternary, {"PopupScaling=Axis"});
+    ExpectEnabled(ternary, true, {"EditAxisMaximum", "CheckBoxFlip"});
+    Enter(ternary, {"PopupScaling=None"});
+    ExpectEnabled(ternary, false, {"EditAxisMaximum", "CheckBoxFlip"});
+}
+
+TEST_F(DesktopForm, AxisTypesEnableTheirFields)
+{
+    QWidget& window = OpenPaper("graph");
+    const Fields linear = {"EditXLineSpacing", "EditXMajor", "EditXAxisMinimum", "EditXAxisStep",
+                           "EditXAxisSpacing"};
+    Enter(window, {"PopupXAxis=Log 3 Decades"});
+    ExpectEnabled(window, false, linear);
+    ExpectEnabled(window, false, {"EditXHydraulicExponent"});
+    ExpectEnabled(window, true, {"EditXAxisMaximum", "EditYLineSpacing"});
+    Enter(window, {"CheckBoxShowAxes=off"});
+    ExpectEnabled(window, false, {"StaticText13", "EditYAxisMinimum", "EditYAxisStep", "EditYAxisSpacing"});
+    Enter(window, {"CheckBoxShowAxes=on"});  // which does not look at the axis type
+    ExpectEnabled(window, true, {"StaticText13", "EditXAxisMinimum", "EditYAxisMinimum"});
+    ExpectEnabled(window, false, {"EditXLineSpacing"});
+    Enter(window, {"PopupXAxis=Hydraulic", "PopupYAxis=Probability"});
+    ExpectEnabled(window, true, linear);
+    ExpectEnabled(window, true, {"EditXHydraulicExponent", "EditYLineSpacing"});
+    ExpectEnabled(window, false, {"EditYHydraulicExponent"});
+}
+
+TEST_F(DesktopForm, UnitsChangeLabelsAndNumbers)
+{
+    const std::initializer_list<std::string_view> graphTexts = {"StaticTextLinesPerUnit", "StaticText16",
+                                                                "EditTopMargin", "EditXLineSpacing"};
+    QWidget& graph = OpenPaper("graph");
+    Enter(graph, {"PopupUnits=inches"});  // nothing changes, and nothing is converted
+    EXPECT_EQ(Shown(graph, graphTexts), "Lines/in in 1.5 10");
+    Enter(graph, {"PopupUnits=cm"});
+    EXPECT_EQ(Shown(graph, graphTexts), "Lines/cm cm 3.81 3.937008");
+    Enter(graph, {"PopupUnits=cm"});
+    EXPECT_EQ(Shown(graph, graphTexts), "Lines/cm cm 3.81 3.937008");
+    EXPECT_EQ(Shown(graph, {"EditCustomWidth", "EditCustomHeight"}), "21.59 27.94");
+
+    QWidget& lined = OpenPaper("lined");
+    EXPECT_EQ(Shown(lined, {"StaticHorzUnit", "StaticvertUnit", "EditHorzSpacing"}), "per inch per inch 5");
+    Enter(lined, {"PopupUnits=cm"});
+    EXPECT_EQ(Shown(lined, {"StaticHorzUnit", "StaticvertUnit", "EditHorzSpacing"}), "per cm per cm 5");
+}
+
+TEST_F(DesktopForm, RemarksComeAndGoWhileTyping)
+{
+    QWidget& polar = OpenPaper("polar");
+    EXPECT_EQ(Remarks(polar), Names());
+    Enter(polar, {"EditXScale=9x", "EditNumCircles=0.4", "EditNumSpokes=7.5"});
+    EXPECT_EQ(Remarks(polar),
+              Names({"X Scale: “9x” is not a number, counts as 9", "Circles: counts as 1; Spokes: counts as 7"}));
+    Click(Child(polar, "EditXScale"));
+    Press(polar, Qt::Key_End);
+    Press(polar, Qt::Key_Backspace);
+    EXPECT_EQ(Remarks(polar), Names({"Circles: counts as 1; Spokes: counts as 7"}));
+    Enter(polar, {"EditNumCircles=4", "EditNumSpokes=7", "EditTitle=a (b"});
+    EXPECT_EQ(Remarks(polar), Names({"Title: parentheses must come in pairs, or the page is damaged"}));
+    Write(polar, ")");
+    EXPECT_EQ(Remarks(polar), Names());
+    Write(polar, "\\");
+    EXPECT_EQ(Remarks(polar), Names({"Title: a backslash changes what is printed behind it"}));
+
+    QGuiApplication::clipboard()->setText(QStringLiteral("10 \u00E9 \u65E5"));
+    Enter(polar, {"EditTitle="});
+    Press(polar, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Remarks(polar), Names({"Title: “日” cannot be printed and becomes “?”"}));
+    Press(polar, Qt::Key_Backspace);
+    EXPECT_EQ(Remarks(polar), Names());
+
+    // A field that does not count needs no remark.
+    QWidget& grid = OpenPaper("grid");
+    Enter(grid, {"EditHorzWeight=-1"});
+    EXPECT_EQ(Remarks(grid), Names({"Line Weight: should not be negative"}));
+    Enter(grid, {"CheckVertLines=off"});
+    EXPECT_EQ(Remarks(grid), Names());
+
+    // The page corrects the field itself, and with it goes the remark.
+    QWidget& note = OpenPaper("cornell");
+    Enter(note, {"EditNoteWidth=120", "EditHorzSpacing=0"});
+    EXPECT_EQ(Remarks(note).size(), 2U);
+    GenerateAs(note, folder / "page.pdf");
+    EXPECT_EQ(Shown(note, {"EditNoteWidth", "EditHorzSpacing"}), "100 5");
+    EXPECT_EQ(Remarks(note), Names());
+}
+
+TEST_F(DesktopForm, TypedAxisEndFitsTheGrid)
+{
+    QWidget& window = OpenPaper("graph");
+    Enter(window, {"EditXAxisMinimum=-30"});
+    EXPECT_EQ(Shown(window, {"EditXLineSpacing", "EditYLineSpacing"}), "10 10");
+    Enter(window, {"EditXAxisMaximum=40"});  // 70 steps on 7 inches, 90 on 9
+    EXPECT_EQ(Shown(window, {"EditXLineSpacing", "EditYLineSpacing"}), "10.0001 10.0001");
+    Enter(window, {"EditYAxisStep=2"});
+    EXPECT_EQ(Shown(window, {"EditXLineSpacing", "EditYLineSpacing"}), "10.0001 5.00005");
+}
+
+TEST_F(DesktopForm, SwatchAsksForAColor)
+{
+    QWidget& window = OpenPaper("grid");
+    const auto color = [&] {
+        const QImage image = Child(window, "LinesColorCanvas").grab().toImage();
+        return image.pixelColor(image.rect().center()).name().toStdString();
+    };
+    person.ChoosesColor(QColor(10, 11, 254), true);
+    Click(Child(window, "LinesColorCanvas"));
+    EXPECT_EQ(color(), "#0a0bfe");
+    person.ChoosesColor(Qt::red, false);
+    Click(Child(window, "LinesColorCanvas"));
+    EXPECT_EQ(color(), "#0a0bfe");
+}
+
+TEST_F(DesktopForm, EditMenuWorksInTextFields)
+{
+    QWidget& window = OpenPaper("polar");
+    const auto select = [&](std::string_view field) {
+        Click(Child(window, field));
+        Press(window, Qt::Key_A, Qt::ControlModifier);
+    };
+    select("EditTitle");
+    ChooseItem(window, "EditCopy");
+    select("EditTitleSize");
+    ChooseItem(window, "EditPaste");
+    EXPECT_EQ(Shown(window, "EditTitleSize"), "Sample Polar Graph Paper");
+    EXPECT_EQ(Remarks(window).size(), 1U) << "pasted is typed";
+    ChooseItem(window, "EditUndo");
+    EXPECT_EQ(Shown(window, "EditTitleSize"), "20");
+    EXPECT_EQ(Remarks(window).size(), 0U);
+    select("EditTitle");
+    ChooseItem(window, "EditCut");
+    EXPECT_EQ(Shown(window, "EditTitle"), "");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("Sample Polar Graph Paper"));
+    select("EditTitleY");
+    ChooseItem(window, "EditClear");
+    EXPECT_EQ(Shown(window, "EditTitleY"), "");
+
+    // The form has followed.
+    GenerateAs(window, folder / "page.pdf");
+    const Names page = PageOf(folder / "page.pdf");
+    EXPECT_EQ(std::find(page.begin(), page.end(), "(Sample Polar Graph Paper) Tj"), page.end());
+}
+
+TEST_F(DesktopForm, WizardFillsTheGraph)
+{
+    QWidget& window = OpenPaper("graph");
+    const std::initializer_list<std::string_view> results = {"EditXAxisMinimum", "EditXAxisMaximum",
+                                                             "EditXAxisStep",    "EditXMajor",
+                                                             "EditXAxisSpacing", "EditXLineSpacing"};
+    const std::string before = Shown(window, results);
+    const auto wizard = [&](const char* button) {
+        person.Answers<QDialog>([this, button](QDialog& dialog) {
+            EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Easy Graph Wizard"));
+            Enter(dialog, {"EditMinX=0", "EditMaxX=14", "EditMinorXSpacing=0.5", "EditMajorXSpacing=2"});
+            Click(Child(dialog, button));
+        });
+        Click(Child(window, "PushButtonEasyWizard"));
+    };
+    wizard("PushButton2");
+    EXPECT_EQ(Shown(window, results), before);
+    wizard("PushButton1");
+    EXPECT_EQ(Shown(window, results), "0 14 0.5 4 4 4.00004");
+}
+
+}  // namespace
+}  // namespace linealis::test

@@ -1,0 +1,399 @@
+#include "DesktopTestSupport.h"
+
+#include <QFileOpenEvent>
+
+namespace linealis::test {
+namespace {
+
+class DesktopProgram : public DesktopTest {
+protected:
+    /// Lets a closed window go.
+    static void Settle()
+    {
+        QCoreApplication::processEvents();
+        QCoreApplication::processEvents();
+    }
+
+    /// Saves the settings of a fresh window with one value in it, and closes it.
+    void SaveDocument(const std::string& kind, const std::string& assignment, const fs::path& path)
+    {
+        QWidget& window = OpenPaper(kind);
+        Enter(window, {assignment});
+        person.NamesFile(path, FindPaperKind(kind)->settingsType.extension, "Untitled");
+        ChooseItem(window, "FileSaveAs");
+        Press(window, Qt::Key_W, Qt::ControlModifier);
+        Settle();
+        EXPECT_EQ(FindWindow(kind), nullptr);
+    }
+
+    void Hand(const std::string& extension, const fs::path& path)
+    {
+        person.ReadsMessage(extension);
+        program->OpenDocument(ToQt(path.string()));
+    }
+};
+
+TEST_F(DesktopProgram, GalleryOpensEveryKindOnce)
+{
+    QWidget& gallery = Window("gallery");
+    EXPECT_EQ(gallery.windowTitle(), QStringLiteral("Linealis - Paper Gallery"));
+    EXPECT_EQ(Shown(gallery, "StaticText1"), "Select one of the following types of graph paper to get started:");
+    for (const PaperKind& kind : PaperKinds()) {
+        SCOPED_TRACE(kind.name);
+        EXPECT_EQ(Child(gallery, kind.picture).size(), QSize(102, 132));
+        QWidget& window = OpenPaper(kind.name);
+        EXPECT_EQ(window.windowTitle(), ToQt(kind.title));
+        Enter(window, {"EditXScale=77"});
+        EXPECT_EQ(&OpenPaper(kind.name), &window);
+        EXPECT_EQ(Shown(window, "EditXScale"), "77");
+        ChooseItem(gallery, kind.menuItem);
+        EXPECT_EQ(&Window(kind.name), &window);
+        EXPECT_EQ(Shown(window, "EditXScale"), "77");
+        window.close();
+        Settle();
+    }
+    ChooseItem(gallery, "WindowPolar");
+    EXPECT_EQ(Shown(Window("polar"), "EditXScale"), "100") << "a closed window is made anew";
+}
+
+TEST_F(DesktopProgram, GalleryAndGraphHaveOneSize)
+{
+    OpenPaper("graph");
+    for (const char* const name : {"gallery", "graph"}) {
+        QWidget& window = Window(name);
+        const QSize size = window.size();
+        for (const int length : {100, 2000}) {
+            window.resize(length, length);
+            QCoreApplication::processEvents();
+            EXPECT_EQ(window.size(), size) << name;
+        }
+    }
+    EXPECT_FALSE(Window("gallery").windowFlags().testFlag(Qt::WindowMaximizeButtonHint));
+}
+
+TEST_F(DesktopProgram, GraphFromTheGalleryHasItsLastSettings)
+{
+    QWidget& graph = OpenPaper("graph");
+    Enter(graph, {"EditTitle=Tide", "EditXAxisMaximum=12"});
+    Press(graph, Qt::Key_W, Qt::ControlModifier);
+    Settle();
+    QWidget& again = OpenPaper("graph");
+    EXPECT_EQ(Shown(again, {"EditTitle", "EditXAxisMaximum"}), "Tide 12");
+    Enter(again, {"EditTitle=Wind"});
+    OpenPaper("graph");
+    EXPECT_EQ(Shown(again, "EditTitle"), "Tide") << "each click loads them";
+    again.close();
+    Settle();
+    ChooseItem(Window("gallery"), "WindowGraphPaper");
+    EXPECT_EQ(Shown(Window("graph"), "EditTitle"), "A Sample Graph Paper");
+}
+
+TEST_F(DesktopProgram, GenerateAsksOnceAndRemembers)
+{
+    QWidget& window = OpenPaper("grid");
+    QWidget& button = Child(window, "PushButtonGenerate");
+    const fs::path first = folder / "first.pdf", second = folder / "second.pdf";
+    EXPECT_EQ(Shown(window, "StaticFileName"), "Untitled");
+    person.CancelsFile();
+    Click(button);
+    EXPECT_EQ(Shown(window, "StaticFileName"), "Untitled");
+    EXPECT_EQ(viewer.shown, Names());
+
+    person.NamesPage(first);
+    Click(button);
+    EXPECT_EQ(Shown(window, "StaticFileName"), "first.pdf");
+    EXPECT_EQ(viewer.shown, Names({first}));
+    const std::string page = ReadFile(first);
+
+    Enter(window, {"EditXScale=50", "CheckBoxViewGraph=off"});
+    Click(button);
+    EXPECT_NE(ReadFile(first), page);
+    EXPECT_EQ(viewer.shown, Names({first}));
+
+    person.NamesPage(folder / "second");  // gets its extension
+    Click(button, Qt::ShiftModifier);
+    EXPECT_EQ(Shown(window, "StaticFileName"), "second.pdf");
+    EXPECT_EQ(PageOf(second), PageOf(first));
+
+    Enter(window, {"CheckBoxViewGraph=on"});
+    fs::remove(first);
+    fs::remove(second);
+    person.CancelsFile();
+    Click(button, Qt::ShiftModifier);
+    EXPECT_EQ(Shown(window, "StaticFileName"), "");
+    EXPECT_EQ(folder.Names(), Names());
+    EXPECT_EQ(viewer.shown, Names({first}));
+
+    person.NamesPage(folder / "none" / "page.pdf");
+    person.Answers<QMessageBox>([&](QMessageBox& box) { box.close(); });
+    Click(button);
+    EXPECT_EQ(folder.Names(), Names());
+}
+
+TEST_F(DesktopProgram, ReturnGenerates)
+{
+    QWidget& window = OpenPaper("crosses");
+    GenerateAs(window, folder / "page.pdf");
+    for (const char* const control : {"EditXScale", "PopupUnits", "CheckVertLines", "LineColorCanvas"}) {
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+            fs::remove(folder / "page.pdf");
+            Child(window, control).setFocus();
+            Press(window, key, key == Qt::Key_Enter ? Qt::KeypadModifier : Qt::NoModifier);
+            EXPECT_EQ(folder.Names(), Names({"page.pdf"})) << control;
+        }
+    }
+    person.NamesPage(folder / "other.pdf");
+    Press(window, Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(folder.Names(), Names({"other.pdf", "page.pdf"}));
+}
+
+TEST_F(DesktopProgram, SettingsAreSavedAndOpened)
+{
+    QWidget& gallery = Window("gallery");
+    for (const char* const item : {"FileOpen", "FileSave", "FileSaveAs"}) {
+        EXPECT_FALSE(CanChoose(gallery, item)) << item;
+    }
+    QWidget& window = OpenPaper("brick");
+    EXPECT_TRUE(CanChoose(window, "FileOpen"));
+    EXPECT_FALSE(CanChoose(window, "FileSave"));
+    Press(window, Qt::Key_S, Qt::ControlModifier);  // asks for nothing
+
+    person.CancelsFile();
+    ChooseItem(window, "FileSaveAs");
+    EXPECT_FALSE(CanChoose(window, "FileSave"));
+    person.NamesFile(folder / "wall.setk", "setk", "Untitled");
+    ChooseItem(window, "FileSaveAs");
+    EXPECT_EQ(folder.Names(), Names({"wall.setk"}));
+    const std::string saved = ReadFile(folder / "wall.setk");
+    Enter(window, {"EditXScale=55"});
+    Press(window, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_NE(ReadFile(folder / "wall.setk"), saved) << "the shortcut works without a look at the menu";
+    EXPECT_TRUE(CanChoose(window, "FileSave"));
+    Enter(window, {"EditXScale=66"});
+    ChooseItem(window, "FileSave");
+
+    Enter(window, {"EditXScale=1"});
+    person.NamesFile(folder / "wall.setk", "setk", "");
+    Press(window, Qt::Key_O, Qt::ControlModifier);
+    EXPECT_EQ(Shown(window, "EditXScale"), "66");
+
+    Press(window, Qt::Key_W, Qt::ControlModifier);
+    Settle();
+    QWidget& fresh = OpenPaper("brick");
+    EXPECT_FALSE(CanChoose(fresh, "FileSave"));
+    person.NamesFile(folder / "wall.setk", "setk", "");
+    ChooseItem(fresh, "FileOpen");
+    Enter(fresh, {"EditXScale=44"});
+    Press(fresh, Qt::Key_S, Qt::ControlModifier);
+    Hand("setk", folder / "wall.setk");
+    EXPECT_EQ(Shown(fresh, "EditXScale"), "44");
+}
+
+TEST_F(DesktopProgram, DocumentsReachTheirWindow)
+{
+    SaveDocument("grid", "EditXScale=33", folder / "a b.setx");
+    SaveDocument("dots", "EditDotWeight=4", folder / "d.setd");
+    Hand("setx", folder / "a b.setx");
+    QWidget& grid = Window("grid");
+    EXPECT_EQ(Shown(grid, "EditXScale"), "33");
+    Enter(grid, {"EditXScale=34"});
+    Press(grid, Qt::Key_S, Qt::ControlModifier);  // it is the window's own file now
+    Enter(grid, {"EditXScale=1"});
+    Hand("setx", folder / "a b.setx");
+    EXPECT_EQ(&Window("grid"), &grid);
+    EXPECT_EQ(Shown(grid, "EditXScale"), "34");
+
+    QFileOpenEvent fromTheSystem(ToQt((folder / "d.setd").string()));
+    person.ReadsMessage("setd");
+    QApplication::sendEvent(qApp, &fromTheSystem);
+    EXPECT_EQ(Shown(Window("dots"), "EditDotWeight"), "4");
+
+    Hand("txt", folder / "notes.txt");
+    Hand("", folder / "notes");
+    const auto isOpen = [](const PaperKind& kind) { return FindWindow(kind.name) != nullptr; };
+    EXPECT_EQ(std::count_if(PaperKinds().begin(), PaperKinds().end(), isOpen), 2);
+}
+
+TEST_F(DesktopProgram, LastWindowClosedEndsTheProgram)
+{
+    OpenPaper("lined");
+    bool stillRuns = false;
+    QTimer::singleShot(0, [&] {
+        ChooseItem(Window("gallery"), "FileClose");
+        QTimer::singleShot(0, [&] {
+            stillRuns = true;
+            Press(Window("lined"), Qt::Key_W, Qt::ControlModifier);
+        });
+    });
+    EXPECT_EQ(Run(), 0);
+    EXPECT_TRUE(stillRuns);
+    EXPECT_EQ(FindWindow("gallery"), nullptr);
+    EXPECT_EQ(FindWindow("lined"), nullptr);
+}
+
+TEST_F(DesktopProgram, QuitKeepsTheLastSettings)
+{
+    QWidget& graph = OpenPaper("graph");
+    Enter(graph, {"EditTitle=Tide"});
+    QTimer::singleShot(0, [&] { Press(graph, Qt::Key_Q, Qt::ControlModifier); });
+    EXPECT_EQ(Run(), 0);
+    End();
+    EXPECT_TRUE(PreferencesFile("LinealisLastSettings").Exists());
+    Start();
+    EXPECT_EQ(Shown(OpenPaper("graph"), "EditTitle"), "Tide");
+}
+
+TEST_F(DesktopProgram, PreferencesAreAskedForAndKept)
+{
+    const auto set = [&](bool wasOn, const char* button) {
+        person.Answers<QDialog>([=](QDialog& dialog) {
+            auto& box = Child<QCheckBox>(dialog, "CheckBoxUpdateCheck");
+            EXPECT_EQ(box.text(), QStringLiteral("Check For Updates"));
+            EXPECT_EQ(box.isChecked(), wasOn);
+            ClickBox(box);
+            Click(Child(dialog, button));
+        });
+        ChooseItem(Window("gallery"), "EditPreferences");
+    };
+    set(false, "PushButton2");
+    set(false, "PushButton1");
+    set(true, "PushButton2");
+    End();
+    EXPECT_FALSE(ReadPrefs(PreferencesFile("LinealisPrefs")).noUpdateCheck);
+
+    WriteNoUpdateCheck(true);
+    Start();
+    set(false, "PushButton2");
+    End();
+    EXPECT_TRUE(ReadPrefs(PreferencesFile("LinealisPrefs")).noUpdateCheck);
+}
+
+TEST_F(DesktopProgram, AboutHelpAndWeb)
+{
+    QWidget& window = OpenPaper("hexagon");
+    person.ReadsMessage("Linealis   Version: " LINEALIS_VERSION "\nTallowmere Works");
+    ChooseItem(window, "AppleAboutLinealis");
+    ChooseItem(window, "AppleVisitWebsite");
+    ChooseItem(window, "AppleCheckForLatestVersion");
+    EXPECT_EQ(viewer.shown,
+              Names({LINEALIS_SERVER, LINEALIS_SERVER "/version.html?prog=linealis&version=" LINEALIS_VERSION}));
+    viewer.shown.clear();
+
+    const fs::path manual = fs::temp_directory_path() / "docsLNS.pdf";
+    Press(window, Qt::Key_H, Qt::ControlModifier);
+    EXPECT_EQ(ReadFile(manual).substr(0, 5), "%PDF-");
+    WriteFile(manual, "old");
+    Click(Child(Window("gallery"), "PushButton1"));
+    EXPECT_EQ(ReadFile(manual).substr(0, 5), "%PDF-");
+    EXPECT_EQ(viewer.shown, Names({manual, manual}));
+}
+
+/// A page that takes long, over an old file.
+class LongPage : public DesktopProgram {
+protected:
+    void SetUp() override
+    {
+        DesktopProgram::SetUp();
+        window = &OpenPaper("dots");
+        GenerateAs(*window, page);
+        old = ReadFile(page);
+        Enter(*window,
+              {"PopupPaperSize=A2", "EditVertSpacing=0.01", "EditHorzSpacing=0.01", "CheckBoxViewGraph=on"});
+        EXPECT_FALSE(Child(*window, "Progress").isVisible());
+    }
+
+    void WhenProgressShows(std::function<void()> act)
+    {
+        person.ActsWhen([this] { return Child(*window, "Progress").isVisible(); }, std::move(act));
+    }
+
+    void ExpectOldFile()
+    {
+        EXPECT_EQ(folder.Names(), Names({"page.pdf"}));
+        EXPECT_EQ(ReadFile(page), old);
+        EXPECT_EQ(viewer.shown, Names());
+    }
+
+    const fs::path page = folder / "page.pdf";
+    std::string old;
+    QWidget* window = nullptr;
+};
+
+TEST_F(LongPage, CanBeCancelled)
+{
+    WhenProgressShows([this] {
+        Press(*window, Qt::Key_Return);
+        Press(*window, Qt::Key_Return, Qt::ShiftModifier);  // would ask for a file
+        Click(Child(*window, "PushButtonGenerate"));
+        EXPECT_TRUE(Child(*window, "Progress").isVisible());
+        Click(Child(*window, "PushButtonCancel"));
+    });
+    Click(Child(*window, "PushButtonGenerate"));
+    ExpectOldFile();
+    EXPECT_FALSE(Child(*window, "Progress").isVisible());
+    EXPECT_FALSE(Child(*window, "PushButtonCancel").isVisible());
+
+    Enter(*window, {"EditVertSpacing=1", "EditHorzSpacing=1"});
+    Click(Child(*window, "PushButtonGenerate"));
+    EXPECT_NE(ReadFile(page), old) << "the next page is not cancelled";
+    EXPECT_EQ(viewer.shown, Names({page}));
+}
+
+TEST_F(LongPage, HasNotBegunWhileTheDialogAsks)
+{
+    person.Answers<QFileDialog>([this](QFileDialog& dialog) {
+        QTest::qWait(600);  // longer than a page may take before it shows its progress
+        EXPECT_FALSE(Child(*window, "Progress").isVisible());
+        Press(dialog, Qt::Key_Escape);
+    });
+    Click(Child(*window, "PushButtonGenerate"), Qt::ShiftModifier);
+    ExpectOldFile();
+}
+
+TEST_F(LongPage, LeavesOtherWindowsAlive)
+{
+    WhenProgressShows([this] {
+        QWidget& other = OpenPaper("grid");
+        Enter(other, {"EditXScale=12"});
+        GenerateAs(other, folder / "other.pdf");
+        EXPECT_EQ(PageOf(folder / "other.pdf").front().substr(0, 7), "0.12000");
+        fs::remove(folder / "other.pdf");
+        Click(Child(*window, "PushButtonCancel"));
+    });
+    Click(Child(*window, "PushButtonGenerate"));
+    ExpectOldFile();
+}
+
+TEST_F(LongPage, EndsBeforeItsWindowCloses)
+{
+    WhenProgressShows([this] { Press(*window, Qt::Key_W, Qt::ControlModifier); });
+    Click(Child(*window, "PushButtonGenerate"));
+    Settle();
+    EXPECT_EQ(FindWindow("dots"), nullptr);
+    ExpectOldFile();
+    EXPECT_EQ(Shown(OpenPaper("dots"), "EditVertSpacing"), "0.5");
+}
+
+TEST_F(LongPage, EndsBeforeTheProgramQuits)
+{
+    WhenProgressShows([this] { Press(*window, Qt::Key_Q, Qt::ControlModifier); });
+    QTimer::singleShot(0, [this] { Click(Child(*window, "PushButtonGenerate")); });
+    EXPECT_EQ(Run(), 0);
+    End();
+    ExpectOldFile();
+}
+
+TEST_F(LongPage, EndsBeforeTheProgramEndsWithItsLastWindow)
+{
+    WhenProgressShows([this] {
+        Press(Window("gallery"), Qt::Key_W, Qt::ControlModifier);
+        Press(*window, Qt::Key_W, Qt::ControlModifier);
+    });
+    QTimer::singleShot(0, [this] { Click(Child(*window, "PushButtonGenerate")); });
+    EXPECT_EQ(Run(), 0);
+    End();
+    ExpectOldFile();
+}
+
+}  // namespace
+}  // namespace linealis::test
