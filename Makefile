@@ -17,12 +17,13 @@ release: setup
 	@cmake --preset release > /dev/null
 	@cmake --build --preset release -- $(NINJA_FLAGS)
 
+# Prints the table of figures, and writes it to build/bench.md.
 bench:
 	@scripts/setup
 	@scripts/setup bench
 	@cmake --preset bench > /dev/null
 	@cmake --build --preset bench -- $(NINJA_FLAGS)
-	@build/bench/bin/linealis_bench $(BENCH_FLAGS)
+	@build/bench/bin/linealis_bench --table=build/bench.md $(BENCH_FLAGS)
 
 # The pictures of README, manual and gallery, from the program's own pages, and of its windows.
 pictures: release

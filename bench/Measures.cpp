@@ -1,0 +1,354 @@
+#include "Measures.h"
+
+#include "Deflate.h"
+#include "Processes.h"
+#include "pdf/Numbers.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cstdio>
+#include <fstream>
+#include <optional>
+
+namespace linealis::bench {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr double shortestMeasure = 0.05;  // seconds, of the measures that are too short to be taken one by one
+
+void WholePage(benchmark::State& state, const Page& page)
+{
+    std::optional<OpenPage> open;
+    for ([[maybe_unused]] auto _ : state) {
+        state.PauseTiming();
+        open.reset();
+        open.emplace(page);
+        state.ResumeTiming();
+        open->Generate();
+    }
+    state.counters["strokes"] = static_cast<double>(CountStrokes(open->Stream()));
+}
+
+void Drawing(benchmark::State& state, const Page& page)
+{
+    std::optional<OpenPage> open;
+    for ([[maybe_unused]] auto _ : state) {
+        state.PauseTiming();
+        open.reset();
+        open.emplace(page);
+        state.ResumeTiming();
+        open->Draw();
+    }
+}
+
+void Zlib(benchmark::State& state, const Page& page, bool tuned)
+{
+    OpenPage open(page);
+    ForgetLastTuning();
+    open.Generate();
+    const std::optional<Tuning> tuning = tuned ? LastTuning() : std::nullopt;
+    std::size_t size = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        size = Deflate(open.Stream(), tuning);
+        benchmark::DoNotOptimize(size);
+    }
+    state.counters["stream"] = static_cast<double>(open.Stream().size());
+    state.counters["size"] = static_cast<double>(size);
+    if (tuning) {
+        state.counters["good"] = tuning->goodLength;
+        state.counters["lazy"] = tuning->maxLazy;
+        state.counters["nice"] = tuning->niceLength;
+        state.counters["chain"] = tuning->maxChain;
+    }
+}
+
+/// The best of several runs of a program, by processor time.
+void ProcessTime(benchmark::State& state, const std::vector<std::string>& words, const fs::path& output, int runs)
+{
+    for ([[maybe_unused]] auto _ : state) {
+        ProcessCost best;
+        for (int i = 0; i < runs; ++i) {
+            std::error_code notThere;
+            fs::remove(output, notThere);
+            const ProcessCost cost = Run(words);
+            if (i == 0 || cost.processorTime < best.processorTime) {
+                best.processorTime = cost.processorTime;
+            }
+            if (i == 0 || cost.elapsed < best.elapsed) {
+                best.elapsed = cost.elapsed;
+            }
+            best.stopped = best.stopped || cost.stopped;
+        }
+        state.SetIterationTime(best.processorTime);
+        state.counters["elapsed"] = best.elapsed;
+        state.counters["stopped"] = best.stopped ? 1.0 : 0.0;
+    }
+    std::error_code notThere;
+    if (const std::uintmax_t size = fs::file_size(output, notThere); !notThere) {
+        state.counters["file"] = static_cast<double>(size);
+    }
+}
+
+void OtherWriter(benchmark::State& state, const Page& page, const std::string& program)
+{
+    const fs::path strokes = ScratchFolder() / "strokes";
+    const fs::path output = ScratchFolder() / "other.pdf";
+    {
+        OpenPage open(page);
+        open.Draw();
+        WriteStrokes(open.Stream(), open.Width(), open.Height(), strokes);
+    }
+    ProcessTime(state, {Program(program).string(), strokes.string(), output.string()}, output, 1);
+}
+
+/// The coordinates of all pages, at most so many of each.
+std::vector<double> Coordinates()
+{
+    constexpr std::size_t mostOfAPage = 20'000;
+    std::vector<double> coordinates;
+    std::vector<Page> pages = DefaultPages();
+    for (const Page& page : HeavyPages()) {
+        pages.push_back(page);
+    }
+    for (const Page& page : pages) {
+        OpenPage open(page);
+        open.Draw();
+        const std::vector<double> all = CoordinatesOf(open.Stream());
+        const std::size_t step = all.size() / mostOfAPage + 1;
+        for (std::size_t i = 0; i < all.size(); i += step) {
+            coordinates.push_back(all[i]);
+        }
+    }
+    return coordinates;
+}
+
+template <typename Write>
+void WriteNumbers(benchmark::State& state, Write write)
+{
+    static const std::vector<double> numbers = Coordinates();
+    std::array<char, longestPlainNumber> text{};
+    for ([[maybe_unused]] auto _ : state) {
+        for (const double number : numbers) {
+            benchmark::DoNotOptimize(write(text.data(), number));
+            benchmark::ClobberMemory();
+        }
+    }
+    state.counters["numbers"] = static_cast<double>(numbers.size());
+}
+
+/// What a drawing loop's call costs that lets the interface have its turn.
+void OneRound(benchmark::State& state)
+{
+    constexpr int rounds = 1'000'000;
+    for ([[maybe_unused]] auto _ : state) {
+        state.PauseTiming();
+        OpenPage open(PageOfDots(1));
+        state.ResumeTiming();
+        for (int i = 0; i < rounds; ++i) {
+            open.Round();
+        }
+    }
+    state.counters["rounds"] = rounds;
+}
+
+void PageTurns(benchmark::State& state)
+{
+    const fs::path file = ScratchFolder() / "turns";
+    for ([[maybe_unused]] auto _ : state) {
+        state.SetIterationTime(Run({Program("page_turns").string(), file.string()}).processorTime);
+    }
+    std::ifstream results(file);
+    std::string name;
+    double value = 0.0;
+    while (results >> name >> value) {
+        state.counters[name] = value;
+    }
+}
+
+void RegisterInProcess(const Page& page, bool heavy)
+{
+    const auto add = [&](const std::string& name, auto function, int heavyRepetitions) {
+        auto* const measure = benchmark::RegisterBenchmark(name.c_str(), function);
+        if (heavy) {
+            measure->Iterations(1)->Repetitions(heavyRepetitions);
+        } else {
+            measure->MinTime(shortestMeasure)->Repetitions(5);
+        }
+    };
+    add(
+        wholePage + page.name, [page](benchmark::State& state) { WholePage(state, page); }, 7);
+    add(
+        drawing + page.name, [page](benchmark::State& state) { Drawing(state, page); }, 7);
+    add(
+        tunedZlib + page.name, [page](benchmark::State& state) { Zlib(state, page, true); }, 7);
+    add(
+        untunedZlib + page.name, [page](benchmark::State& state) { Zlib(state, page, false); }, 3);
+}
+
+template <typename Function>
+void RegisterProcess(const std::string& name, Function function, int repetitions)
+{
+    benchmark::RegisterBenchmark(name.c_str(), function)->Iterations(1)->Repetitions(repetitions)->UseManualTime();
+}
+
+void RegisterPage(const Page& page, bool heavy)
+{
+    RegisterInProcess(page, heavy);
+    const fs::path output = ScratchFolder() / "process.pdf";
+    const int runs = heavy ? 1 : 40;
+    RegisterProcess(
+        process + page.name,
+        [page, output, runs](benchmark::State& state) {
+            ProcessTime(state, CommandFor(page, output), output, runs);
+        },
+        5);
+}
+
+void RegisterOthers()
+{
+    for (const Page& page : ComparedPages()) {
+        for (const Writer& writer : otherWriters) {
+            if (IsBuilt(writer.program)) {
+                const bool slow = writer.name == std::string_view("cairo");
+                RegisterProcess(
+                    writer.name + ("/" + page.name),
+                    [page, writer](benchmark::State& state) { OtherWriter(state, page, writer.program); },
+                    slow ? 1 : 5);
+            }
+        }
+    }
+}
+
+void RegisterGrowth()
+{
+    constexpr int fewDots = 100'000;
+    for (const int dots : growingDots) {
+        const Page page = PageOfDots(dots);
+        auto* const measure = benchmark::RegisterBenchmark(
+            (growth + std::to_string(dots)).c_str(), [page](benchmark::State& state) { WholePage(state, page); });
+        if (dots <= fewDots) {
+            measure->MinTime(shortestMeasure)->Repetitions(20);
+        } else {
+            measure->Iterations(1)->Repetitions(7);
+        }
+    }
+}
+
+void RegisterSmallThings()
+{
+    benchmark::RegisterBenchmark(
+        plainNumbers,
+        [](benchmark::State& state) {
+            WriteNumbers(state, [](char* out, double number) { return WritePlainNumber(out, number); });
+        })
+        ->MinTime(shortestMeasure)
+        ->Repetitions(10);
+    benchmark::RegisterBenchmark(
+        toChars,
+        [](benchmark::State& state) {
+            WriteNumbers(state, [](char* out, double number) {
+                constexpr int digits = 7;
+                return std::to_chars(out, out + longestPlainNumber, number, std::chars_format::general, digits).ptr;
+            });
+        })
+        ->MinTime(shortestMeasure)
+        ->Repetitions(10);
+    benchmark::RegisterBenchmark(oneRound, OneRound)->MinTime(shortestMeasure)->Repetitions(5);
+    constexpr int manyRuns = 100;
+    RegisterProcess(
+        trueProcess, [](benchmark::State& state) { ProcessTime(state, {"/bin/true"}, {}, manyRuns); }, 10);
+}
+
+void RegisterDesktop()
+{
+    constexpr int runs = 5;
+    const auto start = [](const char* name, const char* program) {
+        if (IsBuilt(program)) {
+            RegisterProcess(
+                name,
+                [program](benchmark::State& state) { ProcessTime(state, {Program(program).string()}, {}, runs); },
+                8);
+        }
+    };
+    start(galleryStart, "gallery_start");
+    start(emptyWindow, "empty_window");
+    if (IsBuilt("page_turns")) {
+        RegisterProcess(pageTurns, PageTurns, 5);
+    }
+}
+
+}  // namespace
+
+std::vector<Page> ComparedPages()
+{
+    std::vector<Page> pages = HeavyPages();
+    std::erase_if(pages, [](const Page& page) { return page.kind != "dots" && page.kind != "grid"; });
+    return pages;
+}
+
+bool Results::ReportContext(const Context& /*context*/)
+{
+    return true;
+}
+
+void Results::ReportRuns(const std::vector<Run>& runs)
+{
+    for (const Run& run : runs) {
+        if (run.run_type != Run::RT_Iteration) {
+            continue;
+        }
+        const std::string& name = run.run_name.function_name;
+        const bool byHand = run.run_name.time_type == "manual_time";
+        const double total = byHand ? run.real_accumulated_time : run.cpu_accumulated_time;
+        const auto note = [](std::map<std::string, double>& least, const std::string& what, double value) {
+            const auto [found, added] = least.try_emplace(what, value);
+            found->second = std::min(found->second, value);
+        };
+        note(seconds, name, total / static_cast<double>(run.iterations));
+        for (const auto& [counter, value] : run.counters) {
+            note(counters[name], counter, value.value);
+        }
+        if (::isatty(STDERR_FILENO) != 0) {
+            std::fprintf(stderr, "\r\033[K%s", name.c_str());
+        }
+    }
+}
+
+double Results::Counter(const std::string& name, const std::string& counter) const
+{
+    const auto measure = counters.find(name);
+    if (measure == counters.end()) {
+        return 0.0;
+    }
+    const auto found = measure->second.find(counter);
+    return found == measure->second.end() ? 0.0 : found->second;
+}
+
+void MeasureMemory(Results& results)
+{
+    for (const std::vector<Page>& pages : {DefaultPages(), HeavyPages()}) {
+        for (const Page& page : pages) {
+            results.peakMemory[page.name] = Run(CommandFor(page, ScratchFolder() / "memory.pdf")).peakMemory;
+        }
+    }
+}
+
+void RegisterMeasures()
+{
+    for (const Page& page : DefaultPages()) {
+        RegisterPage(page, false);
+    }
+    for (const Page& page : HeavyPages()) {
+        RegisterPage(page, true);
+    }
+    RegisterOthers();
+    RegisterGrowth();
+    RegisterSmallThings();
+    RegisterDesktop();
+}
+
+}  // namespace linealis::bench

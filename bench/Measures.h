@@ -1,0 +1,68 @@
+#pragma once
+
+#include "Pages.h"
+
+#include <benchmark/benchmark.h>
+
+#include <array>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace linealis::bench {
+
+// What is measured, by name. Each name is a Google benchmark; names that end in a page have one for every page.
+
+inline constexpr const char* wholePage = "whole/";
+inline constexpr const char* drawing = "drawing/";
+inline constexpr const char* untunedZlib = "zlib/";
+inline constexpr const char* tunedZlib = "tuned/";
+inline constexpr const char* process = "process/";
+inline constexpr const char* growth = "growth/";
+inline constexpr const char* trueProcess = "process/true";
+inline constexpr const char* plainNumbers = "numbers/WritePlainNumber";
+inline constexpr const char* toChars = "numbers/to_chars";
+inline constexpr const char* oneRound = "round";
+inline constexpr const char* galleryStart = "desktop/gallery";
+inline constexpr const char* emptyWindow = "desktop/empty";
+inline constexpr const char* pageTurns = "desktop/turns";
+
+/// The other writers of PDF files: name, program.
+struct Writer {
+    const char* name;
+    const char* program;
+};
+inline constexpr std::array<Writer, 3> otherWriters = {
+    {{"QPdfWriter", "qt_page"}, {"libharu", "haru_page"}, {"cairo", "cairo_page"}}};
+
+/// The dots and grid pages among the heavy ones, which the other writers make too.
+std::vector<Page> ComparedPages();
+
+/// The numbers of dots whose pages show how time grows.
+inline constexpr std::array<int, 4> growingDots = {10'000, 100'000, 1'000'000, 10'000'000};
+
+/// The best of all repetitions of every benchmark, in seconds of processor time, and its counters, the least of
+/// each.
+class Results : public benchmark::BenchmarkReporter {
+public:
+    bool ReportContext(const Context& context) override;
+    void ReportRuns(const std::vector<Run>& runs) override;
+
+    bool Has(const std::string& name) const { return seconds.contains(name); }
+    double Seconds(const std::string& name) const { return seconds.at(name); }
+    double Counter(const std::string& name, const std::string& counter) const;
+
+    std::map<std::string, double> peakMemory;  ///< bytes of the linealis-cli process, by page
+
+private:
+    std::map<std::string, double> seconds;
+    std::map<std::string, std::map<std::string, double>> counters;
+};
+
+/// Measures the peak memory of every page. Only right as long as this process is small.
+void MeasureMemory(Results& results);
+
+void RegisterMeasures();
+
+}  // namespace linealis::bench

@@ -1,0 +1,162 @@
+#include "Pages.h"
+
+#include "app/PaperKinds.h"
+
+#include <unistd.h>
+
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+
+namespace linealis::bench {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Reaches what a paper window keeps for its kinds. It is never made: only the names are its own.
+class Inside : public PaperWindow {
+public:
+    static void Draw(PaperWindow& window)
+    {
+        MyPDFGenerator& pdf = window.*&Inside::pdf;
+        window.ReadGUIValues();
+        pdf.CreateNew();
+        pdf.BeginPage(window.*&Inside::paperWidth, window.*&Inside::paperHeight);
+        pdf.Scale(1.0, 1.0);
+        (window.*&Inside::DoGraph)();
+    }
+
+    static double Width(const PaperWindow& window) { return static_cast<double>(window.*&Inside::paperWidth); }
+    static double Height(const PaperWindow& window) { return static_cast<double>(window.*&Inside::paperHeight); }
+    static void Round(PaperWindow& window) { (window.*&Inside::RuntimeBackgroundTask)(); }
+};
+
+std::vector<Setting> Spacing(const char* paper, const std::string& inches)
+{
+    return {{"PopupPaperSize", paper}, {"EditVertSpacing", inches}, {"EditHorzSpacing", inches}};
+}
+
+fs::path MakeScratchFolder()
+{
+    std::string name = (fs::temp_directory_path() / "linealis-bench-XXXXXX").string();
+    if (::mkdtemp(name.data()) == nullptr) {
+        std::perror(name.c_str());
+        std::exit(1);
+    }
+    return name;
+}
+
+}  // namespace
+
+std::vector<Page> DefaultPages()
+{
+    std::vector<Page> pages;
+    for (const PaperKind& kind : PaperKinds()) {
+        pages.push_back({std::string(kind.name), std::string(kind.name), {}});
+    }
+    return pages;
+}
+
+std::vector<Page> HeavyPages()
+{
+    return {
+        {"dots of 0.05 in on A0", "dots", Spacing("A0", ".05")},
+        {"dots of 0.01 in on A4", "dots", Spacing("A4", ".01")},
+        {"grid of 0.01 in on A0", "grid", Spacing("A0", ".01")},
+        {"hexagons of 0.02 in on A2", "hexagon", {{"PopupPaperSize", "A2"}, {"EditSize", ".02"}}},
+        {"crosses of 0.05 in on A2", "crosses", Spacing("A2", ".05")},
+        {"graph with 100 lines per unit on A0",
+         "graph",
+         {{"PopupPaperSize", "A0"}, {"EditXLineSpacing", "100"}, {"EditYLineSpacing", "100"}}},
+    };
+}
+
+Page PageOfDots(int dots)
+{
+    constexpr double pointsPerInch = 72.0;
+    constexpr double bothMargins = 72.0;  // points
+    const double width = static_cast<double>(MyPDFGenerator::A0Width) - bothMargins;
+    const double height = static_cast<double>(MyPDFGenerator::A0Height) - bothMargins;
+    std::array<char, 32> inches{};
+    std::snprintf(inches.data(), inches.size(), "%.6f", std::sqrt(width * height / dots) / pointsPerInch);
+    return {std::to_string(dots) + " dots on A0", "dots", Spacing("A0", inches.data())};
+}
+
+void Apply(const std::vector<Setting>& settings, PaperForm& form)
+{
+    for (const Setting& setting : settings) {
+        const Control& control = form[setting.control].control;
+        if (control.kind != ControlKind::Popup) {
+            form.SetText(control.name, setting.value);
+            continue;
+        }
+        for (std::size_t i = 0; i < control.items.size(); ++i) {
+            if (control.items[i] == setting.value) {
+                form.SetListIndex(control.name, static_cast<std::int64_t>(i));
+            }
+        }
+    }
+}
+
+const fs::path& ScratchFolder()
+{
+    struct Folder {
+        fs::path path = MakeScratchFolder();
+        Folder() = default;
+        Folder(const Folder&) = delete;
+        Folder& operator=(const Folder&) = delete;
+        ~Folder()
+        {
+            std::error_code ignored;
+            fs::remove_all(path, ignored);
+        }
+    };
+    static const Folder folder;
+    return folder.path;
+}
+
+OpenPage::OpenPage(const Page& page) : window(FindPaperKind(page.kind)->make(platform))
+{
+    Apply(page.settings, window->form);
+    window->form.SetValue("CheckBoxViewGraph", false);
+    platform.saveAnswer = FolderItem(ScratchFolder() / "page.pdf");
+}
+
+OpenPage::~OpenPage()
+{
+    platform.saveAnswer.Delete();
+}
+
+void OpenPage::Draw()
+{
+    Inside::Draw(*window);
+}
+
+void OpenPage::Round()
+{
+    Inside::Round(*window);
+}
+
+double OpenPage::Width() const
+{
+    return Inside::Width(*window);
+}
+
+double OpenPage::Height() const
+{
+    return Inside::Height(*window);
+}
+
+std::size_t CountStrokes(std::string_view stream)
+{
+    constexpr std::string_view stroke = "\rS\r";
+    std::size_t count = 0;
+    for (std::size_t at = stream.find(stroke); at != std::string_view::npos; at = stream.find(stroke, at + 2)) {
+        ++count;
+    }
+    return count;
+}
+
+}  // namespace linealis::bench

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "pipeline/PaperWindow.h"
+#include "platform/ScreenlessPlatform.h"
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace linealis::bench {
+
+struct Setting {
+    std::string control;
+    std::string value;
+};
+
+/// A page to measure: a kind of paper and what is set on its form.
+struct Page {
+    std::string name;
+    std::string kind;
+    std::vector<Setting> settings;
+};
+
+/// Each kind as its form opens.
+std::vector<Page> DefaultPages();
+
+/// The pages that take long.
+std::vector<Page> HeavyPages();
+
+/// A0 with about so many dots.
+Page PageOfDots(int dots);
+
+void Apply(const std::vector<Setting>& settings, PaperForm& form);
+
+/// A folder for what the benchmark writes, removed when the program ends.
+const std::filesystem::path& ScratchFolder();
+
+/// A window with the page's form, and the steps of making the page.
+class OpenPage {
+public:
+    explicit OpenPage(const Page& page);
+    ~OpenPage();
+    OpenPage(const OpenPage&) = delete;
+    OpenPage& operator=(const OpenPage&) = delete;
+
+    /// All that a press of Generate does, into a new file.
+    void Generate() { window->PushButtonGenerate_Action(); }
+
+    /// Reads the form and draws; neither compresses nor writes.
+    void Draw();
+
+    /// What the drawing loops call for every stroke.
+    void Round();
+
+    std::string_view Stream() const { return window->Pdf().Stream(); }
+    double Width() const;  ///< points, like the height
+    double Height() const;
+
+    ScreenlessPlatform platform;
+
+private:
+    std::unique_ptr<PaperWindow> window;
+};
+
+/// The strokes of a content stream.
+std::size_t CountStrokes(std::string_view stream);
+
+}  // namespace linealis::bench

@@ -1,0 +1,158 @@
+// How the desktop program's event loop fares while a page of a million strokes is made: page_turns RESULTS
+
+#include "Pages.h"
+#include "app/PaperKinds.h"
+#include "desktop/DesktopPlatform.h"
+#include "desktop/PaperView.h"
+
+#include <QApplication>
+#include <QTimer>
+#include <algorithm>
+#include <chrono>
+#include <ctime>
+#include <fstream>
+#include <memory>
+
+namespace {
+
+using namespace linealis;
+
+double Elapsed()
+{
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+double ProcessorTime()
+{
+    constexpr double nanosecond = 1e-9;
+    timespec now{};
+    ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * nanosecond;
+}
+
+/// Notes every turn of the event loop and what passed since the one before.
+class Turns {
+public:
+    Turns()
+    {
+        QObject::connect(&everyTurn, &QTimer::timeout, [this] { Note(); });
+    }
+
+    void Start()
+    {
+        count = 0;
+        longestElapsed = 0.0;
+        longestProcessorTime = 0.0;
+        elapsed = Elapsed();
+        processorTime = ProcessorTime();
+        everyTurn.start(0);
+    }
+
+    void Stop()
+    {
+        Note();
+        everyTurn.stop();
+    }
+
+    int count = 0;
+    double longestElapsed = 0.0;
+    double longestProcessorTime = 0.0;
+
+private:
+    void Note()
+    {
+        const double elapsedNow = Elapsed();
+        const double processorTimeNow = ProcessorTime();
+        longestElapsed = std::max(longestElapsed, elapsedNow - elapsed);
+        longestProcessorTime = std::max(longestProcessorTime, processorTimeNow - processorTime);
+        elapsed = elapsedNow;
+        processorTime = processorTimeNow;
+        ++count;
+    }
+
+    QTimer everyTurn;
+    double elapsed = 0.0;
+    double processorTime = 0.0;
+};
+
+/// A file of the program's own, and settings that name it: with these the window asks for no file.
+FolderItem SettingsWithOutput(const bench::Page& page)
+{
+    ScreenlessPlatform platform;
+    platform.saveAnswer = FolderItem(bench::ScratchFolder() / "turns.pdf");
+    const std::unique_ptr<PaperWindow> window = FindPaperKind(page.kind)->make(platform);
+    window->PushButtonGenerate_Action();
+    bench::Apply(page.settings, window->form);
+    window->form.SetValue("CheckBoxViewGraph", false);
+    FolderItem settings(bench::ScratchFolder() / "turns.settings");
+    window->SaveSettings(settings);
+    return settings;
+}
+
+/// Seconds that one yield takes when no turn of the event loop is due.
+double CostOfYield(desktop::DesktopPlatform& platform)
+{
+    constexpr int yields = 4'000'000;
+    const bool stop = false;
+    double cost = 0.0;
+    platform.RunStoppable(stop, [&] {
+        const double start = ProcessorTime();
+        for (int i = 0; i < yields; ++i) {
+            platform.RuntimeBackgroundTask();
+        }
+        cost = (ProcessorTime() - start) / yields;
+    });
+    return cost;
+}
+
+/// Seconds that a turn of the event loop takes when no event waits.
+double CostOfTurn()
+{
+    constexpr int turns = 2000;
+    const double start = ProcessorTime();
+    for (int i = 0; i < turns; ++i) {
+        QCoreApplication::processEvents();
+    }
+    return (ProcessorTime() - start) / turns;
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    if (argc != 2) {
+        return 2;
+    }
+    std::ofstream results(argv[1]);
+    constexpr int strokes = 1'000'000;
+    const bench::Page page = bench::PageOfDots(strokes);
+    const FolderItem settings = SettingsWithOutput(page);
+    desktop::DesktopPlatform platform;
+    const std::unique_ptr<PaperWindow> window = FindPaperKind(page.kind)->make(platform);
+    window->LoadSettings(settings);
+    window->OutputFile().Delete();
+    desktop::PaperView view(platform, *FindPaperKind(page.kind), *window);
+    view.show();
+    QCoreApplication::processEvents();
+
+    Turns turns;
+    // The first press makes a new file; the second replaces it, which waits until the disk has it.
+    for (const char* const file : {"new", "replaced"}) {
+        turns.Start();
+        const double start = ProcessorTime();
+        view.Generate();
+        const double pageTime = ProcessorTime() - start;
+        turns.Stop();
+        const std::string_view stream = window->Pdf().Stream();
+        constexpr std::size_t pieceSize = 50000;
+        const double yields = static_cast<double>(bench::CountStrokes(stream)) +
+                              static_cast<double>(stream.size() / pieceSize) * Platform::linesPerYield;
+        const double yielding = yields * CostOfYield(platform) + turns.count * CostOfTurn();
+        results << file << "_gap " << turns.longestElapsed << '\n'
+                << file << "_gap_processor " << turns.longestProcessorTime << '\n'
+                << file << "_turns " << turns.count << '\n'
+                << file << "_yield_share " << yielding / pageTime << '\n';
+    }
+    return window->OutputFile().Exists() && results.flush() ? 0 : 1;
+}
