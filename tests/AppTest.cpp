@@ -188,7 +188,7 @@ TEST_F(Documents, ReachTheirWindowStepByStep)
             ASSERT_EQ(platform.messages.size(), messages);
             EXPECT_EQ(platform.messages.back(), extension);
             ASSERT_EQ(windows.shown.size(), 1U);
-            const Windows::Shown& shown = windows.shown[0];
+            const Windows::Shown shown = windows.shown[0];  // a copy: the list grows below
             EXPECT_EQ(shown.kind, kind);
             EXPECT_EQ(shown.messagesBefore, messages);
             EXPECT_TRUE(shown.scale == "100" && !shown.hasDocument) << "shown before it is loaded";
