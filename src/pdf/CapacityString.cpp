@@ -25,13 +25,14 @@ void CapacityString::Resize(std::int64_t capacity)
     mCapacity = capacity;
 }
 
-void CapacityString::MakeRoom(std::int64_t extra)
+char* CapacityString::Room(std::int64_t extra)
 {
     const std::int64_t needed = mLength + extra;
     if (mCapacity < needed) {
         const double grown = static_cast<double>(mLength) + static_cast<double>(mLength) * 0.1;
         Resize(std::max(truncated(grown), needed));
     }
+    return mData.get() + mLength;
 }
 
 void CapacityString::SetString(std::string_view text)
@@ -46,16 +47,13 @@ void CapacityString::SetString(std::string_view text)
 
 void CapacityString::AppendString(std::string_view text)
 {
-    const auto size = static_cast<std::int64_t>(text.size());
-    MakeRoom(size);
-    std::copy(text.begin(), text.end(), mData.get() + mLength);
-    mLength += size;
+    TakeIn(std::copy(text.begin(), text.end(), Room(static_cast<std::int64_t>(text.size()))));
 }
 
 void CapacityString::InsertString(std::int64_t position, std::string_view text)
 {
     const auto size = static_cast<std::int64_t>(text.size());
-    MakeRoom(size);
+    Room(size);
     char* const place = mData.get() + std::clamp<std::int64_t>(position - 1, 0, mLength);
     std::memmove(place + size, place, static_cast<std::size_t>(mData.get() + mLength - place));
     std::copy(text.begin(), text.end(), place);

@@ -22,6 +22,12 @@ public:
 
     void AppendString(std::string_view text);
 
+    /// A place behind the content for `extra` bytes at most, to write them where they are to stand. They become
+    /// content with TakeIn; any other change in between drops them.
+    char* Room(std::int64_t extra);
+    /// Appends what has been written into the room, up to `end`.
+    void TakeIn(const char* end) { mLength = end - mData.get(); }
+
     /// Inserts before the byte at `position`, which counts from 1; Length() + 1 appends. Positions outside are
     /// moved to the nearest end.
     void InsertString(std::int64_t position, std::string_view text);
@@ -42,7 +48,6 @@ private:
     };
 
     void Resize(std::int64_t capacity);
-    void MakeRoom(std::int64_t extra);
 
     std::int64_t mCapacity = 0;
     std::int64_t mLength = 0;

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -137,6 +138,9 @@ public:
 
 private:
     void AddToStream(std::string_view text);
+    /// A line of the content stream: numbers, each with a blank behind it, and the operator that takes them.
+    void AddLine(std::initializer_list<double> operands, std::string_view operation);
+    void LimitStream() const;
     void AddFontLine(std::int64_t font);
     void AddTextPositionLine();
     void AddTextLine(std::string_view text);

@@ -1,6 +1,8 @@
 #include "pdf/MyPDFGenerator.h"
 
-#include "pdf/StreamLine.h"
+#include "pdf/Numbers.h"
+
+#include <algorithm>
 
 namespace linealis {
 
@@ -14,10 +16,30 @@ constexpr std::string_view scaleForm = "0.00000";
 
 void MyPDFGenerator::AddToStream(std::string_view text)
 {
-    if (streamC.Length() + static_cast<std::int64_t>(text.size()) > largestStream) {
+    streamC.AppendString(text);
+    LimitStream();
+}
+
+void MyPDFGenerator::AddLine(std::initializer_list<double> operands, std::string_view operation)
+{
+    // Written where it stays: a page of many strokes is hardly anything else than this.
+    constexpr std::size_t longestOperand = longestPlainNumber + 1;
+    char* end = streamC.Room(static_cast<std::int64_t>(operands.size() * longestOperand + operation.size() + 1));
+    for (const double operand : operands) {
+        end = WritePlainNumber(end, operand);
+        *end++ = ' ';
+    }
+    end = std::copy(operation.begin(), operation.end(), end);
+    *end++ = '\r';
+    streamC.TakeIn(end);
+    LimitStream();
+}
+
+void MyPDFGenerator::LimitStream() const
+{
+    if (streamC.Length() > largestStream) {
         throw PageTooLarge();
     }
-    streamC.AppendString(text);
 }
 
 void MyPDFGenerator::SetRGBColor(double red, double green, double blue)
@@ -35,26 +57,26 @@ void MyPDFGenerator::SetRGBColor(Color color)
 
 void MyPDFGenerator::SetLineWidth(double width)
 {
-    AddToStream(StreamLine().Operand(width).Text("w").Ended());
+    AddLine({width}, "w");
 }
 
 void MyPDFGenerator::SetLineCap(double cap)
 {
-    AddToStream(StreamLine().Operand(cap).Text("J").Ended());
+    AddLine({cap}, "J");
 }
 
 void MyPDFGenerator::MoveTo(double x, double y)
 {
     xPos = x;
     yPos = y;
-    AddToStream(StreamLine().Operand(x).Operand(y).Text("m").Ended());
+    AddLine({x, y}, "m");
 }
 
 void MyPDFGenerator::LineTo(double x, double y)
 {
     xPos = x;
     yPos = y;
-    AddToStream(StreamLine().Operand(x).Operand(y).Text("l").Ended());
+    AddLine({x, y}, "l");
 }
 
 void MyPDFGenerator::Stroke()

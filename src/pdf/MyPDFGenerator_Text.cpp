@@ -3,7 +3,6 @@
 #include "pdf/Geometry.h"
 #include "pdf/MacRoman.h"
 #include "pdf/Numbers.h"
-#include "pdf/StreamLine.h"
 
 #include <cmath>
 #include <string>
@@ -43,17 +42,13 @@ void MyPDFGenerator::SetTextPos(double x, double y)
 
 void MyPDFGenerator::AddFontLine(std::int64_t font)
 {
-    AddToStream(StreamLine()
-                    .Text("/F")
-                    .Operand(static_cast<double>(font))
-                    .Operand(static_cast<double>(fontSize))
-                    .Text("Tf")
-                    .Ended());
+    AddToStream("/F");
+    AddLine({static_cast<double>(font), static_cast<double>(fontSize)}, "Tf");
 }
 
 void MyPDFGenerator::AddTextPositionLine()
 {
-    AddToStream(StreamLine().Operand(textX).Operand(textY).Text("Td").Ended());
+    AddLine({textX, textY}, "Td");
 }
 
 void MyPDFGenerator::AddTextLine(std::string_view text)
@@ -124,16 +119,9 @@ void MyPDFGenerator::AddCirclePath(double x, double y, double r)
     const auto quadrant = [&](double t0, double t1, Point offset0, Point offset1) {
         const Point start = pointAt(t0);
         const Point end = pointAt(t1);
-        AddToStream(StreamLine().Operand(start.x).Operand(start.y).Text("m").Ended());
-        AddToStream(StreamLine()
-                        .Operand(start.x + offset0.x)
-                        .Operand(start.y + offset0.y)
-                        .Operand(end.x + offset1.x)
-                        .Operand(end.y + offset1.y)
-                        .Operand(end.x)
-                        .Operand(end.y)
-                        .Text("c")
-                        .Ended());
+        AddLine({start.x, start.y}, "m");
+        AddLine({start.x + offset0.x, start.y + offset0.y, end.x + offset1.x, end.y + offset1.y, end.x, end.y},
+                "c");
     };
     quadrant(0.0, pi * 1.0 / 2.0, {k, 0.0}, {0.0, k});
     quadrant(pi * 1.0 / 2.0, pi * 2.0 / 2.0, {0.0, -k}, {k, 0.0});

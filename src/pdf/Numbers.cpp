@@ -1,8 +1,10 @@
 #include "pdf/Numbers.h"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 namespace linealis {
@@ -47,9 +49,50 @@ int DecimalsForSevenDigits(double magnitude)
     return decimals;
 }
 
+constexpr int digitsOfAWord = 8;
+constexpr std::uint64_t endOfAWord = 100'000'000;
+
+/// The eight digits of a number below 10^8, one a byte, the first in the lowest byte.
+std::uint64_t EightDigits(std::uint64_t number)
+{
+    // Halves, then both of them, then all four quarters at once. Within these ranges the multiplications divide by
+    // 100 and 10 exactly.
+    const std::uint64_t halves = (number / 10000) | ((number % 10000) << 32U);
+    const std::uint64_t hundreds = ((halves * 5243) >> 19U) & 0x0000007F0000007FU;
+    const std::uint64_t quarters = hundreds | ((halves - hundreds * 100) << 16U);
+    const std::uint64_t tens = ((quarters * 103) >> 10U) & 0x000F000F000F000FU;
+    return tens | ((quarters - tens * 10) << 8U);
+}
+
+/// WriteScaled for little-endian machines, numbers below 10^8 and fewer than 8 decimals: nearly every coordinate.
+char* WriteScaledWord(char* out, std::uint64_t scaled, int decimals)
+{
+    constexpr int bitsOfADigit = 8;
+    constexpr std::uint64_t zeros = 0x3030303030303030U;
+    const std::uint64_t digits = EightDigits(scaled);
+    const std::uint64_t text = digits | zeros;
+    const auto write = [&](int from, int to) {
+        const std::uint64_t part = text >> static_cast<unsigned>(from * bitsOfADigit);
+        std::memcpy(out, &part, sizeof part);  // eight bytes at once; what is too much is written over
+        out += to - from;
+    };
+    const int point = digitsOfAWord - decimals;
+    const int first = std::min(std::countr_zero(digits) / bitsOfADigit, point - 1);
+    const int last = digitsOfAWord - std::countl_zero(digits) / bitsOfADigit;
+    write(first, point);
+    if (last > point) {
+        *out++ = '.';
+        write(point, last);
+    }
+    return out;
+}
+
 /// Writes the number `scaled` / 10^decimals without trailing zeros.
 char* WriteScaled(char* out, std::uint64_t scaled, int decimals)
 {
+    if (std::endian::native == std::endian::little && scaled < endOfAWord && decimals < digitsOfAWord) {
+        return WriteScaledWord(out, scaled, decimals);
+    }
     while (decimals > 0 && scaled % 10 == 0) {
         scaled /= 10;
         --decimals;
@@ -86,15 +129,18 @@ char* WriteFraction(char* out, double magnitude)
 {
     const int decimals = DecimalsForSevenDigits(magnitude);
     const double product = magnitude * powersOfTen[static_cast<std::size_t>(decimals)];
-    const double whole = std::floor(product);
-    const double rest = product - whole;
+    if (product >= largestExactWhole) {
+        return WriteRoundedExactly(out, magnitude, decimals);
+    }
+    const auto whole = static_cast<std::int64_t>(product);
+    const double rest = product - static_cast<double>(whole);
     // The product is off by less than a billionth. Only where that could tip the rounding is the slow, exact
     // conversion needed.
     constexpr double nearTie = 1e-6;
-    if (product >= largestExactWhole || std::fabs(rest - 0.5) < nearTie) {
+    if (std::fabs(rest - 0.5) < nearTie) {
         return WriteRoundedExactly(out, magnitude, decimals);
     }
-    return WriteScaled(out, static_cast<std::uint64_t>(whole) + (rest > 0.5 ? 1 : 0), decimals);
+    return WriteScaled(out, static_cast<std::uint64_t>(whole + (rest > 0.5 ? 1 : 0)), decimals);
 }
 
 struct Pattern {
@@ -191,8 +237,8 @@ char* WritePlainNumber(char* out, double value)
     char* end = out;
     if (magnitude >= largestExactWhole) {
         end = WriteRoundedExactly(out, magnitude, 0);
-    } else if (const auto whole = static_cast<std::uint64_t>(magnitude); static_cast<double>(whole) == magnitude) {
-        end = WriteScaled(out, whole, 0);
+    } else if (const auto whole = static_cast<std::int64_t>(magnitude); static_cast<double>(whole) == magnitude) {
+        end = WriteScaled(out, static_cast<std::uint64_t>(whole), 0);
     } else {
         end = WriteFraction(out, magnitude);
     }
