@@ -42,12 +42,11 @@ struct Search {
 
 /// Level 9 looks through chains of thousands of places, which is lost on line art: its repetitions are short and
 /// near. Found by measuring the heavy pages of the benchmark: each stream comes out smaller than untuned, the heavy
-/// pages together by a tenth, in a tenth of the time. Small pages gain nothing, and some would grow.
+/// pages together by a tenth, in a fifteenth of the time. Small pages gain nothing, and most would grow.
 constexpr std::size_t kibibyte = 1024;
-constexpr std::array<Search, 3> searches = {{
-    {128 * kibibyte, 4, 6, 64, 64},
-    {1024 * kibibyte, 4, 10, 64, 64},
-    {16384 * kibibyte, 4, 10, 32, 40},
+constexpr std::array<Search, 2> searches = {{
+    {128 * kibibyte, 5, 6, 32, 16},
+    {1024 * kibibyte, 5, 10, 32, 16},
 }};
 
 /// zlib's deflate, fed piece by piece, collecting its output.
