@@ -225,16 +225,15 @@ void RegisterOthers()
 
 void RegisterGrowth()
 {
-    constexpr int fewDots = 100'000;
+    // As many dots in a sample of small pages as in one of a large page: a short sample finds a quiet moment of the
+    // machine more easily than a long one.
+    constexpr int dotsOfASample = 1'000'000;
     for (const int dots : growingDots) {
         const Page page = PageOfDots(dots);
-        auto* const measure = benchmark::RegisterBenchmark(
-            (growth + std::to_string(dots)).c_str(), [page](benchmark::State& state) { WholePage(state, page); });
-        if (dots <= fewDots) {
-            measure->MinTime(shortestMeasure)->Repetitions(20);
-        } else {
-            measure->Iterations(1)->Repetitions(7);
-        }
+        benchmark::RegisterBenchmark((growth + std::to_string(dots)).c_str(),
+                                     [page](benchmark::State& state) { WholePage(state, page); })
+            ->Iterations(std::max(dotsOfASample / dots, 1))
+            ->Repetitions(9);
     }
 }
 

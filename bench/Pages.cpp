@@ -1,11 +1,11 @@
 #include "Pages.h"
 
 #include "app/PaperKinds.h"
+#include "pdf/Numbers.h"
 
 #include <unistd.h>
 
-#include <array>
-#include <cmath>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -75,13 +75,18 @@ std::vector<Page> HeavyPages()
 
 Page PageOfDots(int dots)
 {
-    constexpr double pointsPerInch = 72.0;
-    constexpr double bothMargins = 72.0;  // points
-    const double width = static_cast<double>(MyPDFGenerator::A0Width) - bothMargins;
-    const double height = static_cast<double>(MyPDFGenerator::A0Height) - bothMargins;
-    std::array<char, 32> inches{};
-    std::snprintf(inches.data(), inches.size(), "%.6f", std::sqrt(width * height / dots) / pointsPerInch);
-    return {std::to_string(dots) + " dots on A0", "dots", Spacing("A0", inches.data())};
+    constexpr int dotsOfARow = 1000;
+    constexpr double spacing = 0.0512345;  // inches; not round, so that coordinates have all their digits
+    constexpr double bothMargins = 1.0;
+    // Half a spacing to spare, so that rounding takes no dot away.
+    const auto size = [](int count) { return Str((count - 0.5) * spacing + bothMargins); };
+    return {std::to_string(dots) + " dots",
+            "dots",
+            {{"PopupPaperSize", "Custom"},
+             {"EditCustomWidth", size(dotsOfARow)},
+             {"EditCustomHeight", size(std::max(dots / dotsOfARow, 1))},
+             {"EditVertSpacing", Str(spacing)},
+             {"EditHorzSpacing", Str(spacing)}}};
 }
 
 void Apply(const std::vector<Setting>& settings, PaperForm& form)

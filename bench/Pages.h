@@ -29,7 +29,7 @@ std::vector<Page> DefaultPages();
 /// The pages that take long.
 std::vector<Page> HeavyPages();
 
-/// A0 with about so many dots.
+/// A sheet with so many dots: all have the same pattern, a thousand dots in a row, and only the sheet grows.
 Page PageOfDots(int dots);
 
 void Apply(const std::vector<Setting>& settings, PaperForm& form);

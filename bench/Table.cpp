@@ -232,7 +232,7 @@ std::string GrowthTable(const Results& results)
     if (all.empty()) {
         return "";
     }
-    std::string text = "## Growth: dots on A0, whole page in process\n\n" +
+    std::string text = "## Growth: one pattern of dots on larger and larger sheets, whole page in process\n\n" +
                        Head({"dots", "time, ms", "microseconds a dot", "times the decade before"});
     for (std::size_t i = 0; i < all.size(); ++i) {
         text += Row({Fixed(all[i].strokes, 0), Digits(all[i].strokes * all[i].perStroke / milli),
