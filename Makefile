@@ -23,7 +23,7 @@ bench:
 	@scripts/setup bench
 	@cmake --preset bench > /dev/null
 	@cmake --build --preset bench -- $(NINJA_FLAGS)
-	@build/bench/bin/linealis_bench --table=build/bench.md $(BENCH_FLAGS)
+	@xvfb-run -a build/bench/bin/linealis_bench --table=build/bench.md $(BENCH_FLAGS)
 
 # The pictures of README, manual and gallery, from the program's own pages, and of its windows.
 pictures: release

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <optional>
 
@@ -78,13 +79,9 @@ void ProcessTime(benchmark::State& state, const std::vector<std::string>& words,
             if (i == 0 || cost.processorTime < best.processorTime) {
                 best.processorTime = cost.processorTime;
             }
-            if (i == 0 || cost.elapsed < best.elapsed) {
-                best.elapsed = cost.elapsed;
-            }
             best.stopped = best.stopped || cost.stopped;
         }
         state.SetIterationTime(best.processorTime);
-        state.counters["elapsed"] = best.elapsed;
         state.counters["stopped"] = best.stopped ? 1.0 : 0.0;
     }
     std::error_code notThere;
@@ -167,6 +164,41 @@ void PageTurns(benchmark::State& state)
     while (results >> name >> value) {
         state.counters[name] = value;
     }
+}
+
+double Median(std::vector<double> values)
+{
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+/// Two programs in turns, each from its start to its first window painted: the gallery and an empty one. On an X
+/// server: what Qt draws into memory alone, without one, says little about what a person waits for. Both processes
+/// and the server share the machine, so the middle of many runs is taken, not the best.
+void DesktopStart(benchmark::State& state)
+{
+    constexpr const char* screen = "QT_QPA_PLATFORM";
+    constexpr int runs = 101;
+    const std::string without = std::getenv(screen);
+    ::setenv(screen, "xcb", 1);
+    for ([[maybe_unused]] auto _ : state) {
+        std::map<std::string, std::vector<double>> elapsed;
+        std::map<std::string, std::vector<double>> processorTime;
+        for (int i = 0; i < runs; ++i) {
+            for (const char* const program : {"gallery_start", "empty_window"}) {
+                const ProcessCost cost = Run({Program(program).string()});
+                elapsed[program].push_back(cost.elapsed);
+                processorTime[program].push_back(cost.processorTime);
+            }
+        }
+        for (const auto& [program, times] : elapsed) {
+            state.counters[program] = Median(times);
+            state.counters[program + "_processor"] = Median(processorTime[program]);
+        }
+        state.SetIterationTime(Median(elapsed["gallery_start"]));
+    }
+    ::setenv(screen, without.c_str(), 1);
 }
 
 void RegisterInProcess(const Page& page, bool heavy)
@@ -264,17 +296,9 @@ void RegisterSmallThings()
 
 void RegisterDesktop()
 {
-    constexpr int runs = 5;
-    const auto start = [](const char* name, const char* program) {
-        if (IsBuilt(program)) {
-            RegisterProcess(
-                name,
-                [program](benchmark::State& state) { ProcessTime(state, {Program(program).string()}, {}, runs); },
-                8);
-        }
-    };
-    start(galleryStart, "gallery_start");
-    start(emptyWindow, "empty_window");
+    if (IsBuilt("gallery_start") && std::getenv("DISPLAY") != nullptr) {
+        RegisterProcess(desktopStart, DesktopStart, 1);
+    }
     if (IsBuilt("page_turns")) {
         RegisterProcess(pageTurns, PageTurns, 5);
     }

@@ -24,8 +24,7 @@ inline constexpr const char* trueProcess = "process/true";
 inline constexpr const char* plainNumbers = "numbers/WritePlainNumber";
 inline constexpr const char* toChars = "numbers/to_chars";
 inline constexpr const char* oneRound = "round";
-inline constexpr const char* galleryStart = "desktop/gallery";
-inline constexpr const char* emptyWindow = "desktop/empty";
+inline constexpr const char* desktopStart = "desktop/start";
 inline constexpr const char* pageTurns = "desktop/turns";
 
 /// The other writers of PDF files: name, program.

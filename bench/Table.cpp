@@ -281,11 +281,13 @@ std::string SmallThingsTable(const Results& results)
     if (results.Has(trueProcess)) {
         add("/bin/true, process", results.Seconds(trueProcess) / milli, "ms");
     }
-    for (const auto& [measure, name] : {std::pair(galleryStart, "start to gallery painted"),
-                                        std::pair(emptyWindow, "start to empty Qt window painted")}) {
-        if (results.Has(measure)) {
-            add(name + std::string(", processor time"), results.Seconds(measure) / milli, "ms");
-            add(name + std::string(", by the clock"), results.Counter(measure, "elapsed") / milli, "ms");
+    if (results.Has(desktopStart)) {
+        for (const auto& [program, name] : {std::pair("gallery_start", "start to gallery painted"),
+                                            std::pair("empty_window", "start to empty Qt window painted")}) {
+            const std::string counter = program;
+            add(name + std::string(", by the clock"), results.Counter(desktopStart, counter) / milli, "ms");
+            add(name + std::string(", processor time"),
+                results.Counter(desktopStart, counter + "_processor") / milli, "ms");
         }
     }
     if (results.Has(pageTurns)) {
@@ -393,6 +395,10 @@ std::string TargetsTable(const Results& results)
         slowestStart = Largest(
             defaults, [&](const PageFigures& page) { return page.process / results.Seconds(trueProcess); }, every);
     }
+    std::optional<double> start;
+    if (results.Has(desktopStart)) {
+        start = results.Counter(desktopStart, "gallery_start") / results.Counter(desktopStart, "empty_window");
+    }
     std::optional<double> gap;
     if (results.Has(pageTurns)) {
         gap = std::max(results.Counter(pageTurns, "new_gap"), results.Counter(pageTurns, "replaced_gap")) / milli;
@@ -418,8 +424,7 @@ std::string TargetsTable(const Results& results)
                    Largest(all, memory, every), 2);
     targets.AtMost("time a stroke from decade to decade: changes at most 0.05", 0.05, LargestDecade(results));
     targets.AtMost("linealis-cli on every default page: at most 3 of /bin/true", 3.0, slowestStart, 2);
-    targets.AtMost("start to gallery painted: at most 1.3 of an empty Qt window", 1.3,
-                   Ratio(results, galleryStart, emptyWindow), 2);
+    targets.AtMost("start to gallery painted, by the clock: at most 1.3 of an empty Qt window", 1.3, start, 2);
     targets.AtMost("longest gap between turns of the event loop: at most 30 ms", 30.0, gap, 1);
     targets.AtMost("yield: at most 0.01 of the page's time", 0.01, YieldShare(results), 4);
     return targets.Table();

@@ -131,6 +131,7 @@ int main(int argc, char** argv)
     desktop::DesktopPlatform platform;
     const std::unique_ptr<PaperWindow> window = FindPaperKind(page.kind)->make(platform);
     window->LoadSettings(settings);
+    bench::Apply(page.settings, window->form);  // settings do not hold the size of a custom page
     window->OutputFile().Delete();
     desktop::PaperView view(platform, *FindPaperKind(page.kind), *window);
     view.show();

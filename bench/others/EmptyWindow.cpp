@@ -1,6 +1,4 @@
-// What every Qt program takes to show a window: starts, paints an empty one and ends.
-
-#include "FirstPaint.h"
+// What every Qt program takes to show a window.
 
 #include <QApplication>
 #include <QMainWindow>
@@ -8,7 +6,6 @@
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
-    others::EndAfterFirstPaint end;
     QMainWindow window;
     window.resize(640, 480);
     window.show();

@@ -5,24 +5,15 @@
 #include "desktop/Text.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QFileOpenEvent>
+#include <QResource>
 #include <QTimer>
 
 namespace linealis::desktop {
 
-namespace {
-
-QByteArray ReadManual()
-{
-    QFile file(QStringLiteral(":/manual.pdf"));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-}  // namespace
-
 Desktop::Desktop()
-    : manual(ReadManual()), app(platform, *this, {manual.constData(), static_cast<std::size_t>(manual.size())})
+    : manual(QResource(QStringLiteral(":/manual.pdf")).uncompressedData()),
+      app(platform, *this, {manual.constData(), static_cast<std::size_t>(manual.size())})
 {
     QApplication::setQuitOnLastWindowClosed(false);  // a page may still be under way: EndIfLastWindow sees to it
     qApp->installEventFilter(this);

@@ -14,6 +14,7 @@
 #include <QOperatingSystemVersion>
 #include <QPushButton>
 #include <QStandardPaths>
+#include <QTimer>
 #include <QUrl>
 
 namespace linealis::desktop {
@@ -22,6 +23,9 @@ namespace {
 
 /// The interface gets its turn this often during long work. A turn without events takes far less than this.
 constexpr int millisecondsPerTurn = 10;
+
+/// A fetch lets the window that asked for it come up first: to start Qt's network takes as long as to paint one.
+constexpr int millisecondsToFetch = 250;
 
 FolderItem ToItem(const QString& path)
 {
@@ -141,7 +145,9 @@ void DesktopPlatform::ShowURL(const std::string& url)
 void DesktopPlatform::FetchInBackground(const std::string& url,
                                         std::function<void(const std::string& page)> onReply)
 {
-    new HttpFetch(ToQt(url), longestReply, replySeconds, std::move(onReply), this);
+    QTimer::singleShot(millisecondsToFetch, this, [this, url = ToQt(url), onReply = std::move(onReply)] {
+        new HttpFetch(url, longestReply, replySeconds, onReply, this);
+    });
 }
 
 std::optional<std::int64_t> DesktopPlatform::SystemVersion() const

@@ -1,9 +1,14 @@
 #include "desktop/Desktop.h"
 #include "desktop/SingleInstance.h"
 
+#ifdef LINEALIS_FONTCONFIG
+#include <fontconfig/fontconfig.h>
+#endif
+
 #include <QApplication>
 #include <QFileInfo>
 #include <QIcon>
+#include <future>
 
 namespace {
 
@@ -17,10 +22,20 @@ QStringList Documents()
     return files;
 }
 
+/// Reads the system's list of fonts, which takes longer than all else before the first window is painted. Qt has it
+/// read when it first needs a font, and then finds it there.
+void ReadFonts()
+{
+#ifdef LINEALIS_FONTCONFIG
+    FcInit();
+#endif
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
 {
+    const std::future<void> fonts = std::async(std::launch::async, ReadFonts);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Linealis"));
     QApplication::setApplicationVersion(QStringLiteral(LINEALIS_VERSION));
