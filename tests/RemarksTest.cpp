@@ -91,7 +91,8 @@ TEST(Remarks, OnValuesThatDrawNothing)
 {
     Expect({
         {"grid", "EditHorzSpacing", "0", "0"},
-        {"dots", "EditVertSpacing", "-1", "no lines"},
+        {"dots", "EditVertSpacing", "-1", "negative"},
+        {"graph", "EditXLineSpacing", "-5", "negative"},
         {"hexagon", "EditSize", "0", "above 0"},
         {"isometric", "EditSize", "-.5", "above 0"},
         {"brick", "EditYScale", "0", "empty page"},

@@ -65,20 +65,20 @@ double Corrected(Meaning meaning, double value)
 /// What becomes of a value that the page takes as it stands and can do little with.
 std::string RemarkOnEffect(Meaning meaning, double value)
 {
+    constexpr const char* negative = "should not be negative";
     const auto whole = static_cast<double>(truncated(value));
     switch (meaning) {
     case Meaning::Spacing:
-        return value == 0.0 ? "0 makes no cells" : value < 0.0 ? "a negative spacing draws no lines" : "";
+        return value == 0.0 ? "0 makes no cells" : value < 0.0 ? negative : "";
     case Meaning::CellSize:
         return value <= 0.0 ? "must be above 0, or no pattern is drawn" : "";
     case Meaning::CustomSize:
         return value <= 0.0 ? "a page has at least 10 points" : "";
     case Meaning::Weight:
-        return value < 0.0 ? "should not be negative" : "";
+    case Meaning::GridDensity:
+        return value < 0.0 ? negative : "";
     case Meaning::FontSize:
-        return value < 0.0      ? "should not be negative"
-               : whole != value ? "is printed at " + Str(whole) + " points"
-                                : "";
+        return value < 0.0 ? negative : whole != value ? "is printed at " + Str(whole) + " points" : "";
     case Meaning::Scale:
         return value == 0.0 ? "0 leaves an empty page" : "";
     case Meaning::Exponent:
