@@ -41,6 +41,7 @@ TEST_P(GoldenPages, AreAsTheyWere)
             paper.Do(ActionOf(line));
         }
         const Names page = paper.Generate();
+        EXPECT_EQ(FirstDifference(paper.Generate(), page), "") << path << " made again";
         path.replace_extension(".page");
         if (std::getenv("LINEALIS_UPDATE_PAGES") != nullptr) {
             std::string text;

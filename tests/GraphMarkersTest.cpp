@@ -5,15 +5,6 @@
 namespace linealis::test {
 namespace {
 
-Names TextsOf(const std::vector<ShownText>& texts)
-{
-    Names names;
-    for (const ShownText& text : texts) {
-        names.push_back(text.text);
-    }
-    return names;
-}
-
 class GraphMarkers : public testing::Test, protected Paper {
 protected:
     GraphMarkers() : Paper("graph", {"CheckBoxMarkers=on", "EditXAxisSpacing=-1", "EditYAxisSpacing=-1"}) {}

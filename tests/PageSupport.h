@@ -57,10 +57,6 @@ public:
     }
     std::vector<Path> Horizontals() const { return Paths(std::mem_fn(&Path::IsHorizontal)); }
     std::vector<Path> Verticals() const { return Paths(std::mem_fn(&Path::IsVertical)); }
-    std::vector<Path> OfWidth(double wanted) const
-    {
-        return Paths([=](const Path& path) { return path.width == wanted; });
-    }
 
 private:
     void Read(const std::string& line)
@@ -103,6 +99,15 @@ private:
     Point at{};
     bool turned = false;
 };
+
+inline Names TextsOf(const std::vector<ShownText>& texts)
+{
+    Names names;
+    for (const ShownText& text : texts) {
+        names.push_back(text.text);
+    }
+    return names;
+}
 
 /// An open window of any kind, with a file for its page.
 class Paper {

@@ -1,0 +1,111 @@
+#include "PageSupport.h"
+
+#include <map>
+
+// What the forms of the special papers do besides being drawn. Their pages are among the golden ones.
+
+namespace linealis::test {
+namespace {
+
+TEST(RuledPapers, CountsPerUnitAreCorrectedInTheFormAndNotConverted)
+{
+    const std::map<std::string, Names> fields = {{"lined", {"EditHorzSpacing"}},
+                                                 {"engineering", {"EditHorzSpacing", "EditVertiSpacing"}},
+                                                 {"cornell", {"EditHorzSpacing"}}};
+    for (const auto& [kind, names] : fields) {
+        Paper paper(kind);
+        const Names usual = paper.Generate();
+        for (const std::string& name : names) {
+            for (const char* const nothing : {"0", "-3", "", "five"}) {
+                EXPECT_EQ(paper.Draw({name + "=" + nothing}).operators, usual) << kind;
+                EXPECT_EQ(paper.form.Text(name), "5");
+            }
+        }
+        EXPECT_EQ(paper.form["StaticHorzUnit"].caption, "per inch");
+        paper.Set({"PopupUnits=cm"});
+        EXPECT_EQ(paper.form[kind == "cornell" ? "StaticHorzUnit" : "StaticvertUnit"].caption, "per cm");
+        EXPECT_EQ(paper.form["StaticHorzUnit"].caption, "per cm");
+        EXPECT_EQ(paper.form.Text("EditHorzSpacing") + paper.form.Text("EditTopMargin"), "51.27");
+    }
+}
+
+TEST(MarkedPapers, EachBoxEnablesTheWeightOfTheOtherRow)
+{
+    for (const char* const kind : {"dots", "crosses"}) {
+        SCOPED_TRACE(kind);
+        Paper paper(kind);
+        const auto enabled = [&](const char* box, const char* field, const char* caption) {
+            paper.Set({box});
+            EXPECT_EQ(paper.form[field].enabled, paper.form[caption].enabled);
+            return paper.form[field].enabled;
+        };
+        EXPECT_FALSE(enabled("CheckVertLines=off", "EditHorzWeight", "StaticTextVLines"));
+        EXPECT_FALSE(enabled("CheckHorzLines=off", "EditVertWeight", "StaticTextHLines"));
+        EXPECT_TRUE(enabled("CheckHorzLines=on", "EditVertWeight", "StaticTextHLines"));
+        EXPECT_FALSE(paper.form["EditHorzWeight"].enabled);
+        EXPECT_TRUE(enabled("CheckVertLines=on", "EditHorzWeight", "StaticTextVLines"));
+    }
+}
+
+TEST(MarkedPapers, TheSizeOfACrossIsNotConverted)
+{
+    const Paper paper("crosses", {"PopupUnits=cm"});
+    EXPECT_EQ(paper.form.Text("EditHorzSpacing") + paper.form.Text("EditCrossWidth"), "1.27.15");
+}
+
+TEST(PolarPaper, LabelsOfEveryStyle)
+{
+    Paper paper("polar", {"EditTitle=."});
+    const auto labels = [&](const Names& assignments) {
+        std::string all;
+        for (const ShownText& text : paper.Draw(assignments).texts) {
+            all += text.text;
+        }
+        return all;
+    };
+    EXPECT_EQ(labels({}), "0306090120150180210240270300330.");
+    EXPECT_EQ(labels({"RadioButton1=Radians"}),
+              "0PI/62 PI/63 PI/64 PI/65 PI/66 PI/67 PI/68 PI/69 PI/610 PI/611 PI/6.");
+    EXPECT_EQ(labels({"RadioButton1=Start At 0"}), "01234567891011.");
+    EXPECT_EQ(labels({"RadioButton1=Start At 1"}), "123456789101112.");
+    EXPECT_EQ(labels({"PopupMenuLabelSkip=3"}), "14710.");
+    EXPECT_EQ(labels({"EditNumSpokes=7", "PopupMenuLabelSkip=2", "RadioButton1=Radians"}), "04 PI/78 PI/712 PI/7.");
+    EXPECT_EQ(labels({"RadioButton1=None"}), ".");
+}
+
+TEST(TernaryPaper, TheScalingEnablesMaximumAndFlip)
+{
+    Paper paper("ternary");
+    std::string enabled;
+    for (const char* const scaling : {"PopupScaling=None", "PopupScaling=Axis", "PopupScaling=Center"}) {
+        enabled += paper.form["EditAxisMaximum"].enabled ? "maximum " : "";
+        enabled += paper.form["CheckBoxFlip"].enabled ? "flip " : "";
+        paper.Set({scaling});
+    }
+    enabled += paper.form["EditAxisMaximum"].enabled ? "maximum" : "";
+    EXPECT_EQ(enabled, "maximum flip maximum");
+}
+
+TEST(CornellPaper, TheHeaderMayGo)
+{
+    Paper paper("cornell", {"CheckBoxTopicArea=off"});
+    for (const char* const name :
+         {"StaticName", "EditName", "EditDate", "EditTopic", "EditSubject", "EditTextSize"}) {
+        EXPECT_FALSE(paper.form[name].enabled) << name;
+    }
+}
+
+TEST(CornellPaper, SharesAreCorrectedInTheForm)
+{
+    Paper paper("cornell");
+    const auto shares = [&](const Names& typed) {
+        paper.Draw(typed);
+        return paper.form.Text("EditNoteWidth") + " " + paper.form.Text("EditNoteHeight");
+    };
+    EXPECT_EQ(shares({"EditNoteWidth=101", "EditNoteHeight=-.5"}), "100 0");
+    EXPECT_EQ(shares({"EditNoteWidth=-5", "EditNoteHeight=1e9"}), "0 100");
+    EXPECT_EQ(shares({"EditNoteWidth=100.0", "EditNoteHeight=-0"}), "100.0 -0") << "as typed";
+}
+
+}  // namespace
+}  // namespace linealis::test
