@@ -21,7 +21,8 @@ namespace {
 
 constexpr double shortestMeasure = 0.05;  // seconds, of the measures that are too short to be taken one by one
 
-void WholePage(benchmark::State& state, const Page& page)
+/// Times work on a page that has just been opened.
+void OnOpenPage(benchmark::State& state, const Page& page, void (OpenPage::*work)())
 {
     std::optional<OpenPage> open;
     for ([[maybe_unused]] auto _ : state) {
@@ -29,21 +30,9 @@ void WholePage(benchmark::State& state, const Page& page)
         open.reset();
         open.emplace(page);
         state.ResumeTiming();
-        open->Generate();
+        ((*open).*work)();
     }
     state.counters["strokes"] = static_cast<double>(CountStrokes(open->Stream()));
-}
-
-void Drawing(benchmark::State& state, const Page& page)
-{
-    std::optional<OpenPage> open;
-    for ([[maybe_unused]] auto _ : state) {
-        state.PauseTiming();
-        open.reset();
-        open.emplace(page);
-        state.ResumeTiming();
-        open->Draw();
-    }
 }
 
 void Zlib(benchmark::State& state, const Page& page, bool tuned)
@@ -212,9 +201,10 @@ void RegisterInProcess(const Page& page, bool heavy)
         }
     };
     add(
-        wholePage + page.name, [page](benchmark::State& state) { WholePage(state, page); }, 7);
+        wholePage + page.name, [page](benchmark::State& state) { OnOpenPage(state, page, &OpenPage::Generate); },
+        7);
     add(
-        drawing + page.name, [page](benchmark::State& state) { Drawing(state, page); }, 7);
+        drawing + page.name, [page](benchmark::State& state) { OnOpenPage(state, page, &OpenPage::Draw); }, 7);
     add(
         tunedZlib + page.name, [page](benchmark::State& state) { Zlib(state, page, true); }, 7);
     add(
@@ -262,8 +252,9 @@ void RegisterGrowth()
     constexpr int dotsOfASample = 1'000'000;
     for (const int dots : growingDots) {
         const Page page = PageOfDots(dots);
-        benchmark::RegisterBenchmark((growth + std::to_string(dots)).c_str(),
-                                     [page](benchmark::State& state) { WholePage(state, page); })
+        benchmark::RegisterBenchmark(
+            (growth + std::to_string(dots)).c_str(),
+            [page](benchmark::State& state) { OnOpenPage(state, page, &OpenPage::Generate); })
             ->Iterations(std::max(dotsOfASample / dots, 1))
             ->Repetitions(9);
     }

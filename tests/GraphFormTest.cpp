@@ -43,7 +43,7 @@ protected:
     {
         Set({"CheckBoxShowAxes=off"});
         const Page page = Draw();
-        return {page.Verticals().size(), page.Horizontals().size()};
+        return {page.verticals, page.horizontals};
     }
     using Counts = std::pair<std::size_t, std::size_t>;
 

@@ -19,8 +19,8 @@ TEST_F(GraphPage, RefusedHydraulicAxisLeavesTheRestOfThePage)
     Set({"CheckBoxShowAxes=off"});
     const auto messages = [&](const Names& assignments) {
         const Page page = Draw(assignments);
-        EXPECT_EQ(page.Verticals().size(), 0U);
-        EXPECT_EQ(page.Horizontals().size(), form.ListIndex("PopupYAxis") == 0 ? 91U : 0U);
+        EXPECT_EQ(page.verticals, 0U);
+        EXPECT_EQ(page.horizontals, form.ListIndex("PopupYAxis") == 0 ? 91U : 0U);
         EXPECT_EQ(page.texts.back().text, "A Sample Graph Paper");
         return std::exchange(platform.messages, {});
     };
@@ -41,9 +41,9 @@ TEST_F(GraphPage, RefusedHydraulicAxisLeavesTheRestOfThePage)
 TEST_F(GraphPage, EndsThoughAStepDoesNotLeaveTheMinimum)
 {
     Set({"CheckBoxShowAxes=off"});
-    EXPECT_EQ(Draw({"EditXAxisMinimum=-1e300", "EditXMajor=5"}).Verticals().size(), 71U);
+    EXPECT_EQ(Draw({"EditXAxisMinimum=-1e300", "EditXMajor=5"}).verticals, 71U);
     Set({"PopupXAxis=Hydraulic", "EditXAxisMinimum=1", "EditXAxisMaximum=35", "EditXAxisStep=1e-300"});
-    EXPECT_EQ(Draw().Verticals().size(), 1U);
+    EXPECT_EQ(Draw().verticals, 1U);
 }
 
 TEST_F(GraphPage, OrderOfDrawing)

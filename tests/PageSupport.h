@@ -10,18 +10,6 @@
 
 namespace linealis::test {
 
-/// What one painting operator paints, by the state in force.
-struct Path {
-    std::vector<Point> points;  ///< ends of lines and curves, not control points
-    std::string paint;          ///< S, f or B
-    std::string color;
-    double width = 0.0;
-
-    bool IsLine() const { return points.size() == 2; }
-    bool IsHorizontal() const { return IsLine() && points[0].y == points[1].y; }
-    bool IsVertical() const { return IsLine() && points[0].x == points[1].x; }
-};
-
 struct ShownText {
     std::string text;
     Point at{};
@@ -33,9 +21,10 @@ struct ShownText {
 /// A page as a person sees it. Every operand of it must be a number that PDF knows.
 class Page {
 public:
-    std::vector<Path> paths;
-    std::vector<ShownText> texts;
     Names operators;
+    std::vector<ShownText> texts;
+    std::size_t verticals = 0;  ///< lines
+    std::size_t horizontals = 0;
 
     explicit Page(Names lines) : operators(std::move(lines))
     {
@@ -47,16 +36,6 @@ public:
             }
         }
     }
-
-    template <typename Predicate>
-    std::vector<Path> Paths(Predicate wanted) const
-    {
-        std::vector<Path> found;
-        std::copy_if(paths.begin(), paths.end(), std::back_inserter(found), wanted);
-        return found;
-    }
-    std::vector<Path> Horizontals() const { return Paths(std::mem_fn(&Path::IsHorizontal)); }
-    std::vector<Path> Verticals() const { return Paths(std::mem_fn(&Path::IsVertical)); }
 
 private:
     void Read(const std::string& line)
@@ -73,12 +52,11 @@ private:
         }
         EXPECT_TRUE(words.peek() == std::char_traits<char>::eof()) << line;
         const auto last = [&] { return Point{numbers.at(numbers.size() - 2), numbers.back()}; };
-        if (word == "m" || word == "l" || word == "c") {
-            points.push_back(last());
-        } else if (word == "S" || word == "f" || word == "B") {
-            paths.push_back({std::exchange(points, {}), word, color, width});
-        } else if (word == "w") {
-            width = numbers.at(0);
+        if (word == "m") {
+            from = last();
+        } else if (word == "l") {
+            verticals += last().x == from.x ? 1U : 0U;
+            horizontals += last().y == from.y ? 1U : 0U;
         } else if (word == "rg") {
             color = line.substr(0, line.size() - 3);
         } else if (word == "Tf") {
@@ -88,15 +66,14 @@ private:
             at = last();
             turned = word == "Tm";
         } else {
-            const Names others = {"cm", "RG", "J", "BT", "Td", "ET"};
+            const Names others = {"cm", "RG", "w", "J", "c", "S", "f", "B", "BT", "Td", "ET"};
             EXPECT_NE(std::find(others.begin(), others.end(), word), others.end()) << line;
         }
     }
 
-    std::vector<Point> points;
     std::string color, font;
-    double width = 0.0, size = 0.0;
-    Point at{};
+    double size = 0.0;
+    Point from{}, at{};
     bool turned = false;
 };
 
