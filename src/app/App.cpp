@@ -1,6 +1,5 @@
 #include "app/App.h"
 
-#include "graph/MainWindow.h"
 #include "platform/BinaryStream.h"
 
 namespace linealis {
@@ -46,6 +45,11 @@ FolderItem App::PrefsFile() const
     return platform.PreferencesFolder().Child("LinealisPrefs");
 }
 
+FolderItem App::LastSettingsFile() const
+{
+    return platform.PreferencesFolder().Child("LinealisLastSettings");
+}
+
 void App::Event_Open()
 {
     preferences = ReadPrefs(PrefsFile());
@@ -80,7 +84,7 @@ PaperWindow& App::ShowPaper(const PaperKind& kind)
 {
     std::unique_ptr<PaperWindow>& window = papers[&kind];
     if (!window) {
-        window = kind.make(platform);
+        window = MakeWindow(kind, platform);
     }
     windows.Show(kind, *window);
     return *window;
@@ -90,16 +94,19 @@ void App::PaperClosed(const PaperKind& kind)
 {
     const auto closed = papers.find(&kind);
     if (closed != papers.end()) {
-        closed->second->Event_Close();
+        if (kind.keepsLastSettings) {
+            closed->second->SaveSettings(LastSettingsFile());
+        }
         papers.erase(closed);
     }
 }
 
 void App::OpenFromGallery(std::size_t entry)
 {
-    PaperWindow& window = ShowPaper(PaperKinds()[entry]);
-    if (auto* const graph = dynamic_cast<MainWindow*>(&window)) {
-        graph->LoadLastSettings();
+    const PaperKind& kind = PaperKinds()[entry];
+    PaperWindow& window = ShowPaper(kind);
+    if (const FolderItem file = LastSettingsFile(); kind.keepsLastSettings && file.Exists()) {
+        window.LoadSettings(file);
     }
 }
 

@@ -78,6 +78,7 @@ private:
     void OpenFromGallery(std::size_t entry);
     void ShowAbout();
     FolderItem PrefsFile() const;
+    FolderItem LastSettingsFile() const;
 
     Platform& platform;
     AppWindows& windows;

@@ -18,53 +18,79 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <string>
 
 namespace linealis {
 
 namespace {
 
-template <typename Window>
-std::unique_ptr<PaperWindow> Make(Platform& platform)
-{
-    auto window = std::make_unique<Window>(platform);
-    window->Event_Open();
-    return window;
-}
-
-struct MenuEntry {
-    int position;
-    std::string_view item;
-    std::string_view text;
-};
-
-template <typename Window>
-constexpr PaperKind Kind(std::string_view name, std::string_view title, std::string_view galleryTitle,
-                         std::string_view picture, MenuEntry menu)
-{
-    return {name,      title,         galleryTitle,         picture,      menu.item,
-            menu.text, menu.position, Window::settingsType, &Make<Window>};
-}
-
 // The lower case of two pictures' names is wanted: installed programs look for these files.
 // clang-format off
-constexpr std::array kinds = {
-    Kind<MainWindow>("graph", "Linealis", "Graph Paper", "Graph.png", {1, "WindowGraphPaper", "Graph Paper"}),
-    Kind<AxonometricWindow>("axonometric", "Axonometric Graph Paper", "Axonometric", "Axonometric.png", {3, "WindowAxonometric", "Axonometric"}),
-    Kind<CornellWindow>("cornell", "Note Paper", "Note Paper", "Cornell.png", {11, "WindowCornell", "Note"}),
-    Kind<CrossWindow>("crosses", "Cross Graph Paper", "Crosses Paper", "Crosses.png", {10, "WindowCrosses", "Crosses"}),
-    Kind<DotsWindow>("dots", "Dots Graph Paper", "Dots Paper", "Dots.png", {9, "WindowDots", "Dots"}),
-    Kind<EngineeringWindow>("engineering", "Engineering Paper", "Engineering", "Engineering.png", {7, "WindowEngineering", "Engineering"}),
-    Kind<HexagonWindow>("hexagon", "Hexagon Graph Paper", "Hexagon", "Hexagon.png", {5, "WindowHexagon", "Hexagon"}),
-    Kind<IsometricWindow>("isometric", "Isometric Graph Paper", "Isometric", "Isometric.png", {2, "WindowIsometric", "Isometric"}),
-    Kind<LinedWindow>("lined", "Lined Paper", "Lined Paper", "Lined.png", {8, "WindowLined", "Lined"}),
-    Kind<PolarWindow>("polar", "Polar Graph Paper", "Polar", "Polar.png", {6, "WindowPolar", "Polar"}),
-    Kind<TrapezoidWindow>("trapezoid", "Trapezoid Graph Paper", "Trapezoid", "trapezoid.png", {4, "WindowTrapezoid", "Trapezoid"}),
-    Kind<TernaryWindow>("ternary", "Ternary Graph Paper", "Ternary", "ternary.png", {12, "WindowTernary", "Ternary"}),
-    Kind<GridWindow>("grid", "Grid Graph Paper", "Grid", "Grid.png", {13, "WindowGrid", "Grid"}),
-    Kind<BrickWindow>("brick", "Brick Graph Paper", "Brick", "Brick.png", {14, "WindowBrick", "Brick"}),
-};
+constexpr auto kinds = std::to_array<PaperKind>({
+    {.name = "graph", .title = "Linealis", .galleryTitle = "Graph Paper", .picture = "Graph.png",
+     .menuItem = "WindowGraphPaper", .menuText = "Graph Paper", .menuPosition = 1,
+     .settingsType = {"Setg", "setg"}, .makePaper = &MakePaper<GraphForm>,
+     .hasMarkers = true, .keepsLastSettings = true, .hasFixedSize = true},
+    {.name = "axonometric", .title = "Axonometric Graph Paper", .galleryTitle = "Axonometric", .picture = "Axonometric.png",
+     .menuItem = "WindowAxonometric", .menuText = "Axonometric", .menuPosition = 3,
+     .settingsType = {"Seta", "seta"}, .makePaper = &MakePaper<AxonometricForm>},
+    {.name = "cornell", .title = "Note Paper", .galleryTitle = "Note Paper", .picture = "Cornell.png",
+     .menuItem = "WindowCornell", .menuText = "Note", .menuPosition = 11,
+     .settingsType = {"Setc", "setc"}, .makePaper = &MakePaper<CornellForm>},
+    {.name = "crosses", .title = "Cross Graph Paper", .galleryTitle = "Crosses Paper", .picture = "Crosses.png",
+     .menuItem = "WindowCrosses", .menuText = "Crosses", .menuPosition = 10,
+     .settingsType = {"Setr", "setr"}, .makePaper = &MakePaper<CrossForm>},
+    {.name = "dots", .title = "Dots Graph Paper", .galleryTitle = "Dots Paper", .picture = "Dots.png",
+     .menuItem = "WindowDots", .menuText = "Dots", .menuPosition = 9,
+     .settingsType = {"Setd", "setd"}, .makePaper = &MakePaper<DotsForm>},
+    {.name = "engineering", .title = "Engineering Paper", .galleryTitle = "Engineering", .picture = "Engineering.png",
+     .menuItem = "WindowEngineering", .menuText = "Engineering", .menuPosition = 7,
+     .settingsType = {"Sete", "sete"}, .makePaper = &MakePaper<EngineeringForm>},
+    {.name = "hexagon", .title = "Hexagon Graph Paper", .galleryTitle = "Hexagon", .picture = "Hexagon.png",
+     .menuItem = "WindowHexagon", .menuText = "Hexagon", .menuPosition = 5,
+     .settingsType = {"Seth", "seth"}, .makePaper = &MakePaper<HexagonForm>},
+    {.name = "isometric", .title = "Isometric Graph Paper", .galleryTitle = "Isometric", .picture = "Isometric.png",
+     .menuItem = "WindowIsometric", .menuText = "Isometric", .menuPosition = 2,
+     .settingsType = {"Seti", "seti"}, .makePaper = &MakePaper<IsometricForm>},
+    {.name = "lined", .title = "Lined Paper", .galleryTitle = "Lined Paper", .picture = "Lined.png",
+     .menuItem = "WindowLined", .menuText = "Lined", .menuPosition = 8,
+     .settingsType = {"Setl", "setl"}, .makePaper = &MakePaper<LinedForm>},
+    {.name = "polar", .title = "Polar Graph Paper", .galleryTitle = "Polar", .picture = "Polar.png",
+     .menuItem = "WindowPolar", .menuText = "Polar", .menuPosition = 6,
+     .settingsType = {"Setp", "setp"}, .makePaper = &MakePaper<PolarForm>},
+    {.name = "trapezoid", .title = "Trapezoid Graph Paper", .galleryTitle = "Trapezoid", .picture = "trapezoid.png",
+     .menuItem = "WindowTrapezoid", .menuText = "Trapezoid", .menuPosition = 4,
+     .settingsType = {"Sett", "sett"}, .makePaper = &MakePaper<TrapezoidForm>},
+    {.name = "ternary", .title = "Ternary Graph Paper", .galleryTitle = "Ternary", .picture = "ternary.png",
+     .menuItem = "WindowTernary", .menuText = "Ternary", .menuPosition = 12,
+     .settingsType = {"Sety", "sety"}, .makePaper = &MakePaper<TernaryForm>},
+    {.name = "grid", .title = "Grid Graph Paper", .galleryTitle = "Grid", .picture = "Grid.png",
+     .menuItem = "WindowGrid", .menuText = "Grid", .menuPosition = 13,
+     .settingsType = {"Setx", "setx"}, .makePaper = &MakePaper<GridForm>},
+    {.name = "brick", .title = "Brick Graph Paper", .galleryTitle = "Brick", .picture = "Brick.png",
+     .menuItem = "WindowBrick", .menuText = "Brick", .menuPosition = 14,
+     .settingsType = {"Setk", "setk"}, .makePaper = &MakePaper<BrickForm>},
+});
 // clang-format on
+
+/// Whether no two kinds have the same value of a field.
+template <typename Field>
+constexpr bool AllDiffer(Field field)
+{
+    for (std::size_t i = 0; i < kinds.size(); ++i) {
+        for (std::size_t j = i + 1; j < kinds.size(); ++j) {
+            if (field(kinds[i]) == field(kinds[j])) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+static_assert(AllDiffer([](const PaperKind& kind) { return kind.name; }), "two kinds with one name");
+static_assert(AllDiffer([](const PaperKind& kind) { return kind.settingsType.extension; }),
+              "two kinds with one settings extension");
+static_assert(AllDiffer([](const PaperKind& kind) { return kind.menuPosition; }),
+              "two kinds in one place of the Graph menu");
 
 template <typename Predicate>
 const PaperKind* FindKind(Predicate matches)
@@ -74,6 +100,11 @@ const PaperKind* FindKind(Predicate matches)
 }
 
 }  // namespace
+
+std::unique_ptr<PaperWindow> MakeWindow(const PaperKind& kind, Platform& platform)
+{
+    return std::make_unique<PaperWindow>(kind.makePaper(platform), kind.settingsType, platform);
+}
 
 std::span<const PaperKind> PaperKinds()
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pipeline/Paper.h"
 #include "pipeline/PaperWindow.h"
 
 #include <memory>
@@ -8,7 +9,7 @@
 
 namespace linealis {
 
-/// A paper kind: one row of the one table of them.
+/// A paper kind: one row of the one table of them. Every list of kinds is made of it.
 struct PaperKind {
     std::string_view name;   ///< on the command line
     std::string_view title;  ///< of its window
@@ -18,8 +19,14 @@ struct PaperKind {
     std::string_view menuText;
     int menuPosition;  ///< in the Graph menu, from 1
     FileType settingsType;
-    std::unique_ptr<PaperWindow> (*make)(Platform& platform);  ///< a window in its opening state
+    Paper (*makePaper)(const Platform& platform);  ///< a paper in its opening state
+    bool hasMarkers = false;       ///< can write the lines of a marker file on its page
+    bool keepsLastSettings = false;  ///< its form is saved when its window ends, and comes back from the gallery
+    bool hasFixedSize = false;       ///< its window cannot be resized
 };
+
+/// A window of the kind, in its opening state.
+std::unique_ptr<PaperWindow> MakeWindow(const PaperKind& kind, Platform& platform);
 
 /// All kinds, in the order of the gallery.
 std::span<const PaperKind> PaperKinds();

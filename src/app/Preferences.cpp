@@ -1,6 +1,7 @@
 #include "app/Preferences.h"
 
 #include "platform/BinaryStream.h"
+#include "platform/Turns.h"
 
 namespace linealis {
 
@@ -36,10 +37,11 @@ void WritePrefs(const Preferences& preferences, const FolderItem& file, Platform
         return;
     }
     BinaryStream stream = file.CreateBinaryFile();
+    Turns turns([&] { platform.Yield(); });
     const auto writeReserved = [&](int count) {
         for (int i = 0; i < count; ++i) {
             stream.WriteInt32(0);
-            platform.RuntimeBackgroundTask();
+            turns.RuntimeBackgroundTask();
         }
     };
     writeReserved(reservedBefore);

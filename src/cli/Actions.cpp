@@ -1,8 +1,6 @@
 #include "cli/Actions.h"
 
 #include "cli/Errors.h"
-#include "graph/EasyGraphWizard.h"
-#include "graph/MainWindow.h"
 
 #include <algorithm>
 #include <charconv>
@@ -29,16 +27,15 @@ Assignment Split(std::string_view option, std::string_view argument)
 }
 
 template <typename Wanted>
-const PaperForm::State& FindControl(std::string_view owner, const PaperForm& form, const std::string& name,
-                                    Wanted isWanted)
+Control& FindControl(std::string_view owner, const Form& form, const std::string& name, Wanted isWanted)
 {
-    if (form.Has(name) && isWanted(form[name].control.kind)) {
-        return form[name];
+    if (Control* const control = form.Find(name); control != nullptr && isWanted(control->Kind())) {
+        return *control;
     }
     std::vector<std::string> possible;
-    for (const PaperForm::State& state : form.Controls()) {
-        if (isWanted(state.control.kind)) {
-            possible.emplace_back(state.control.name);
+    for (const Control* const control : form.Controls()) {
+        if (isWanted(control->Kind())) {
+            possible.emplace_back(control->Name());
         }
     }
     throw Unknown("control of " + std::string(owner), name, possible);
@@ -57,22 +54,23 @@ std::optional<unsigned> WholeNumber(std::string_view digits, int base)
 }
 
 /// The index of an item that is given by its text or as #INDEX.
-std::int64_t ItemIndex(const Control& control, const std::string& given)
+std::int64_t ItemIndex(const Choice& choice, const std::string& given)
 {
-    for (std::size_t i = 0; i < control.items.size(); ++i) {
-        if (SameText(control.items[i], given)) {
+    const std::vector<std::string_view>& items = choice.Items();
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        if (SameText(items[i], given)) {
             return static_cast<std::int64_t>(i);
         }
     }
     if (given.starts_with('#')) {
         const auto index = WholeNumber(std::string_view(given).substr(1), 10);
-        if (index && *index < control.items.size()) {
+        if (index && *index < items.size()) {
             return *index;
         }
     }
-    std::vector<std::string> possible(control.items.begin(), control.items.end());
-    possible.push_back("#0 to #" + std::to_string(control.items.size() - 1));
-    throw Unknown("item of " + std::string(control.name), given, possible);
+    std::vector<std::string> possible(items.begin(), items.end());
+    possible.push_back("#0 to #" + std::to_string(items.size() - 1));
+    throw Unknown("item of " + std::string(choice.Name()), given, possible);
 }
 
 bool OnOrOff(const Control& control, const std::string& given)
@@ -83,7 +81,7 @@ bool OnOrOff(const Control& control, const std::string& given)
     if (SameText(given, "off")) {
         return false;
     }
-    throw Unknown("value of " + std::string(control.name), given, {"on", "off"});
+    throw Unknown("value of " + std::string(control.Name()), given, {"on", "off"});
 }
 
 Color ColorFrom(const Control& control, const std::string& given)
@@ -93,49 +91,46 @@ Color ColorFrom(const Control& control, const std::string& given)
                             ? WholeNumber(std::string_view(given).substr(1), 16)
                             : std::nullopt;
     if (!number) {
-        throw Unknown("colour of " + std::string(control.name), given, {"#RRGGBB"});
+        throw Unknown("color of " + std::string(control.Name()), given, {"#RRGGBB"});
     }
     return {static_cast<std::uint8_t>(*number >> 16U), static_cast<std::uint8_t>(*number >> 8U),
             static_cast<std::uint8_t>(*number)};
 }
 
-void Set(std::string_view owner, PaperForm& form, const Assignment& assignment)
-{
-    const Control control = FindControl(owner, form, assignment.control, [](ControlKind type) {
-                                return type != ControlKind::Label;
-                            }).control;
-    switch (control.kind) {
-    case ControlKind::Text:
-        form.SetText(control.name, assignment.value);
-        break;
-    case ControlKind::Popup:
-    case ControlKind::Radio:
-        form.SetListIndex(control.name, ItemIndex(control, assignment.value));
-        break;
-    case ControlKind::Check:
-        form.Click(control.name, OnOrOff(control, assignment.value));
-        break;
-    case ControlKind::Color:
-        form.SetColor(control.name, ColorFrom(control, assignment.value));
-        break;
-    case ControlKind::Label:
-        break;
+/// Sets a control to what is given, as the user would.
+struct Setter {
+    const std::string& given;
+
+    void operator()(TextField& field) const { field.SetText(given); }
+    void operator()(Choice& choice) const
+    {
+        if (const std::int64_t index = ItemIndex(choice, given); index != choice.ListIndex()) {
+            choice.SetListIndex(index);  // choosing the same item again is no change
+        }
     }
+    void operator()(CheckBox& box) const { box.Click(OnOrOff(box, given)); }
+    void operator()(Swatch& swatch) const { swatch.SetColor(ColorFrom(swatch, given)); }
+    void operator()(Label& /*label*/) const {}
+};
+
+void Set(std::string_view owner, const Form& form, const Assignment& assignment)
+{
+    const auto canBeSet = [](ControlKind kind) { return kind != ControlKind::Label; };
+    Visit(FindControl(owner, form, assignment.control, canBeSet), Setter{assignment.value});
 }
 
-void Type(std::string_view owner, PaperForm& form, const Assignment& assignment)
+void Type(std::string_view owner, const Form& form, const Assignment& assignment)
 {
-    const auto isText = [](ControlKind type) { return type == ControlKind::Text; };
-    form.Type(FindControl(owner, form, assignment.control, isText).control.name, assignment.value);
+    const auto isText = [](ControlKind kind) { return kind == ControlKind::Text; };
+    static_cast<TextField&>(FindControl(owner, form, assignment.control, isText)).Type(assignment.value);
 }
 
-MainWindow& GraphFor(std::string_view option, const PaperKind& kind, PaperWindow& window)
+/// Only kinds that can do what the option asks for go with it.
+void CheckAbility(std::string_view option, const PaperKind& kind, bool able)
 {
-    auto* const graph = dynamic_cast<MainWindow*>(&window);
-    if (graph == nullptr) {
+    if (!able) {
         throw UsageError{std::string(option) + " goes with graph, not with " + std::string(kind.name)};
     }
-    return *graph;
 }
 
 }  // namespace
@@ -163,21 +158,21 @@ void Apply(const std::vector<Action>& actions, const PaperKind& kind, PaperWindo
             Load(action.argument, window);
             break;
         case Action::Kind::Markers:
-            GraphFor("--markers", kind, window);
+            CheckAbility("--markers", kind, kind.hasMarkers);
             platform.openAnswer = FolderItem(action.argument);
             if (!platform.openAnswer.Exists()) {  // the page is made all the same, without markers
                 std::cerr << "linealis-cli: " << action.argument << ": no such file, so there are no markers\n";
             }
             break;
         case Action::Kind::Wizard:
-            Type("the wizard", GraphFor("--wizard", kind, window).Wizard().form,
-                 Split("--wizard", action.argument));
+            CheckAbility("--wizard", kind, window.GetWizard() != nullptr);
+            Type("the wizard", window.GetWizard()->Fields(), Split("--wizard", action.argument));
             wizardUsed = true;
             break;
         }
     }
     if (wizardUsed) {
-        GraphFor("--wizard", kind, window).Wizard().PushButton1_Action();
+        window.GetWizard()->PushButton1_Action();
     }
 }
 

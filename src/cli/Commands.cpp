@@ -51,7 +51,7 @@ const PaperKind& KindOf(const Source& source)
 OpenWindow Open(const Source& source, const std::vector<Action>& actions, ScreenlessPlatform& platform)
 {
     const PaperKind& kind = KindOf(source);
-    OpenWindow open{&kind, kind.make(platform)};
+    OpenWindow open{&kind, MakeWindow(kind, platform)};
     if (source != kind.name) {
         Load(source, *open.window);
     }
@@ -97,32 +97,27 @@ std::string HexColor(Color color)
     return text.data();
 }
 
-Json ValueOf(const PaperForm::State& state)
-{
-    switch (state.control.kind) {
-    case ControlKind::Text:
-        return state.text;
-    case ControlKind::Popup:
-    case ControlKind::Radio:
-        return state.control.items.at(static_cast<std::size_t>(state.listIndex));
-    case ControlKind::Check:
-        return state.value;
-    case ControlKind::Color:
-        return HexColor(state.color);
-    case ControlKind::Label:
-        return state.caption;
-    }
-    return nullptr;
-}
+/// What a control holds, and what else there is to know of it.
+struct ControlDescriber {
+    Json& json;
 
-Json ControlJson(const PaperForm::State& state)
-{
-    Json json = {{"type", TypeName(state.control.kind)}, {"caption", state.caption}, {"value", ValueOf(state)}};
-    if (!state.control.items.empty()) {
-        json["index"] = state.listIndex;
-        json["items"] = state.control.items;
+    void operator()(const TextField& field) const { json["value"] = field.Text(); }
+    void operator()(const Choice& choice) const
+    {
+        json["value"] = choice.Selected();
+        json["index"] = choice.ListIndex();
+        json["items"] = choice.Items();
     }
-    json["enabled"] = state.enabled;
+    void operator()(const CheckBox& box) const { json["value"] = box.Value(); }
+    void operator()(const Swatch& swatch) const { json["value"] = HexColor(swatch.Shown()); }
+    void operator()(const Label& label) const { json["value"] = label.Caption(); }
+};
+
+Json ControlJson(Control& control)
+{
+    Json json = {{"type", TypeName(control.Kind())}, {"caption", control.Caption()}};
+    Visit(control, ControlDescriber{json});
+    json["enabled"] = control.IsEnabled();
     return json;
 }
 
@@ -220,8 +215,8 @@ void ShowForm(const Source& source, const std::vector<Action>& actions)
     const OpenWindow open = Open(source, actions, platform);
     Json json = KindJson(*open.kind);
     json["controls"] = Json::object();
-    for (const PaperForm::State& state : open.window->form.Controls()) {
-        json["controls"][std::string(state.control.name)] = ControlJson(state);
+    for (Control* const control : open.window->form.Controls()) {
+        json["controls"][std::string(control->Name())] = ControlJson(*control);
     }
     Print(json);
 }

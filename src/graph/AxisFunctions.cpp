@@ -74,6 +74,13 @@ double ComputeInverseERF(double p)
     return outsideDistribution;
 }
 
+double ShareOfProbabilityScale(double percentage)
+{
+    const double lowest = ComputeInverseERF(0.001);
+    const double highest = ComputeInverseERF(0.999);
+    return (ComputeInverseERF(percentage / 100.0) - lowest) / (highest - lowest);
+}
+
 double ComputeERF(double x)
 {
     constexpr int lastTerm = 85;

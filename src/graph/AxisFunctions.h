@@ -14,6 +14,9 @@ std::string mytrigstring(double value);
 /// Source: the rational approximation of P. J. Acklam, without refinement; relative error below 1.15e-9.
 double ComputeInverseERF(double p);
 
+/// Where a percentage lies on the normal probability scale: 0 at 0.1 per cent, 1 at 99.9 per cent.
+double ShareOfProbabilityScale(double percentage);
+
 /// The error function, as the first 86 terms of its Maclaurin series.
 double ComputeERF(double x);
 

@@ -1,30 +1,45 @@
 #pragma once
 
-#include "pipeline/PaperForm.h"
+#include "graph/MainWindow.h"
 
 namespace linealis {
 
-class MainWindow;
-
 /// A small dialog that fills the graph form from the range of the data and the spacing of the lines, all in the
-/// axes' own values. Keeps what it last held.
-class EasyGraphWizard {
+/// axes' own values.
+class EasyGraphWizard final : public Wizard {
 public:
-    PaperForm form;
+    explicit EasyGraphWizard(GraphForm& theGraph) : graph(theGraph) {}
 
-    explicit EasyGraphWizard(MainWindow& graph);
-
-    /// OK: fills the graph form.
-    void PushButton1_Action();
-    /// Cancel: changes nothing.
-    void PushButton2_Action() {}
+    Form& Fields() override { return form; }
+    void PushButton1_Action() override { CalcValues(); }
 
 private:
+    /// What the wizard asks of one axis.
+    struct Range {
+        TextField& minimum;
+        TextField& maximum;
+        TextField& minorSpacing;
+        TextField& majorSpacing;
+    };
+    struct WizardForm final : Form {
+        TextField EditMinX{*this, Group::Spacing, "EditMinX", "Min X:", "-20"};
+        TextField EditMaxX{*this, Group::Spacing, "EditMaxX", "Max X:", "20"};
+        TextField EditMinorXSpacing{*this, Group::Spacing, "EditMinorXSpacing", "Minor X Spacing:", "2"};
+        TextField EditMajorXSpacing{*this, Group::Spacing, "EditMajorXSpacing", "Major X Spacing:", "10"};
+        TextField EditMinY{*this, Group::Spacing, "EditMinY", "Min Y:", "-35"};
+        TextField EditMaxY{*this, Group::Spacing, "EditMaxY", "Max Y:", "35"};
+        TextField EditMinorYSpacing{*this, Group::Spacing, "EditMinorYSpacing", "Minor Y Spacing:", "1"};
+        TextField EditMajorYSpacing{*this, Group::Spacing, "EditMajorYSpacing", "Major Y Spacing:", "10"};
+    };
+
     void CalcValues();
+    /// Fills the fields of an axis that has so many points of room.
+    void Fill(const Range& range, const AxisFields& fields, double room);
     /// Lines per point into lines per unit of the graph form.
     double ConvertToUnits(double linesPerPoint) const;
 
-    MainWindow& window;
+    GraphForm& graph;
+    WizardForm form;
 };
 
 }  // namespace linealis

@@ -9,272 +9,307 @@ namespace linealis {
 
 namespace {
 
-constexpr MarginTexts margins{"1.5", "0.5", "0.75", "0.75"};
+using Name = std::string_view;
 
-std::vector<std::string_view> AxisTypes(bool isX)
+/// The name of a control in the row of an axis.
+Name Of(AxisName axis, Name x, Name y)
+{
+    return axis == AxisName::x ? x : y;
+}
+
+std::vector<std::string_view> AxisTypes(AxisName axis)
 {
     std::vector<std::string_view> types = {"Linear",        "Log 1 Decade",  "Log 2 Decades", "Log 3 Decades",
                                            "Log 4 Decades", "Log 5 Decades", "Hydraulic"};
-    if (!isX) {
+    if (axis == AxisName::y) {
         types.emplace_back("Probability");
     }
     return types;
 }
 
-/// The X row of a table names its columns; the Y row stands under the same names.
-std::vector<Control> GridRow(const AxisControls& axis, std::string_view caption, bool isX)
+/// A field of a table. Only the X row has labels of its own.
+Traits Column(AxisName axis, Meaning meaning, Name label = {})
 {
-    Control density = textField(axis.lineSpacing, "Lines/in", "10").Converted(UnitRule::CountPerUnit);
-    if (isX) {
-        density = density.LabelledBy("StaticTextLinesPerUnit");
-    }
-    return {
-        popup(axis.type, caption, AxisTypes(isX)),
-        density.Means(Meaning::GridDensity).UnderCaption(),
-        textField(axis.lineThickness, "Weight", ".1").Means(Meaning::Weight).UnderCaption(),
-        textField(axis.major, "Major Spacing", "5").Means(Meaning::GridLines).UnderCaption(),
-        textField(axis.majorWeight, "Major Weight", ".7").Means(Meaning::Weight).UnderCaption(),
-        textField(axis.hydraulicExponent, "Hydraulic\rExponent", "1.85")
-            .Means(Meaning::Exponent)
-            .Disabled()
-            .UnderCaption(),
-    };
+    return {.label = Of(axis, label, {}), .captionAbove = true, .meaning = meaning};
 }
 
-std::vector<Control> AxisRow(const AxisControls& axis, std::string_view minimum, std::string_view maximum, bool isX)
+Traits Density(AxisName axis)
 {
-    const auto labelled = [isX](const Control& field, std::string_view label) {
-        return isX ? field.LabelledBy(label) : field;
-    };
-    return {
-        isX ? label("StaticText10", "X Axis:") : label("StaticText11", "Y Axis:"),
-        labelled(textField(axis.minimum, "Minimum", minimum).Means(Meaning::AxisValue), "StaticText13")
-            .UnderCaption(),
-        textField(axis.maximum, "Maximum", maximum).Means(Meaning::AxisValue).UnderCaption(),
-        labelled(textField(axis.step, "Step", "1").Means(Meaning::AxisStep), "StaticText14").UnderCaption(),
-        labelled(textField(axis.spacing, "Spacing", "5").Means(Meaning::NumberSpacing), "StaticText15")
-            .UnderCaption(),
-        textField(axis.weight, "Weight", "1.5").Means(Meaning::Weight).UnderCaption(),
-        textField(axis.textSize, "Text Size", "12").Means(Meaning::FontSize).UnderCaption(),
-        popup(axis.numberType, "Numbers", {"Numeric", "Trigonometric"}).UnderCaption(),
-    };
+    Traits traits = Column(axis, Meaning::GridDensity, "StaticTextLinesPerUnit");
+    traits.unitRule = UnitRule::CountPerUnit;
+    return traits;
 }
 
-std::vector<Control> TitleRow(const AxisControls& axis, std::string_view title, std::string_view x,
-                              std::string_view y)
+AxisType TypeOf(const Popup& popup)
 {
-    return {
-        textField(axis.title, "Title:", title).Means(Meaning::Prose),
-        checkBox(axis.autoPosition, "Auto Pos", false).Beside(),
-        textField(axis.titleTextSize, "Text Size", "16").Means(Meaning::FontSize).Beside(),
-        textField(axis.titleX, "X:", x).Means(Meaning::Length).Beside(),
-        textField(axis.titleY, "Y:", y).Means(Meaning::Length).Beside(),
-    };
-}
-
-std::vector<Control> Rows(std::initializer_list<std::vector<Control>> rows)
-{
-    std::vector<Control> all;
-    for (const std::vector<Control>& row : rows) {
-        all.insert(all.end(), row.begin(), row.end());
-    }
-    return all;
-}
-
-const ControlTable& OwnControls()
-{
-    Control linesPerUnit = unitLabel("StaticTextLinesPerUnit", "Lines/in", "Lines/cm");
-    linesPerUnit.caption = linesPerUnit.captionInInches;
-    static const ControlTable table = {
-        {Group::Spacing,
-         Rows({{linesPerUnit}, GridRow(xControls, "X Grid:", true), GridRow(yControls, "Y Grid:", false)})},
-        {Group::Axes, Rows({AxisRow(xControls, "-35", "35", true),
-                            AxisRow(yControls, "-45", "45", false),
-                            {checkBox("CheckBoxShowAxes", "Show Axes", true),
-                             checkBox("CheckBoxMarkers", "Add Markers", false).Beside()}})},
-        {Group::Lines,
-         {
-             swatch("LineColorCanvas", "Line Color"),
-             swatch("MajorLineColorCanvas", "Major Line Color").Beside(),
-             swatch("BackgroundColorCanvas", "Background Color", white).Beside(),
-         }},
-        {Group::Text, Rows({{textField("EditTitle", "Title:", "A Sample Graph Paper").Means(Meaning::Prose),
-                             textField("EditTitleSize", "Size:", "20").Means(Meaning::FontSize).Beside(),
-                             textField("EditTitleX", "X:", "2.6").Means(Meaning::TitlePlace).Beside(),
-                             textField("EditTitleY", "Y:", "1").Means(Meaning::Length).Beside()},
-                            TitleRow(xControls, "X-Axis Title", "2.9", "6.4"),
-                            TitleRow(yControls, "Y-Axis Title", "3.1", "4"),
-                            {popup("PopupFont1", "Font:", FontNames(), 4)}})},
-        {Group::File, {shiftClickNote("StaticTextShiftClick")}},
-    };
-    return table;
-}
-
-const SettingsTable& Settings()
-{
-    using namespace settings;
-    static const SettingsTable table = Concatenate({
-        {fixed("1.3.0"), text("EditTitle"), text("EditTitleX"), text("EditTitleY"), text("EditTitleSize"),
-         popup("PopupOrientation"), popup("PopupPaperSize"), fixed("0"), fixed("0"), popup("PopupUnits"),
-         text("EditXScale"), text("EditYScale")},
-        {text("EditXLineSpacing"), text("EditXLineThickness"), text("EditXMajor"), text("EditXMajorWeight"),
-         popup("PopupXAxis")},
-        {text("EditYLineSpacing"), text("EditYLineThickness"), text("EditYMajor"), text("EditYMajorWeight"),
-         popup("PopupYAxis")},
-        {text("EditXAxisMinimum"), text("EditXAxisStep"), text("EditXAxisSpacing"), text("EditXAxisWeight"),
-         text("EditXAxisTextSize")},
-        {text("EditYAxisMinimum"), text("EditYAxisStep"), text("EditYAxisSpacing"), text("EditYAxisWeight"),
-         text("EditYAxisTextSize")},
-        Margins(),
-        {box("CheckBoxShowAxes"), box("CheckBoxViewGraph"), box("CheckBoxMarkers"), colour("LineColorCanvas"),
-         colour("MajorLineColorCanvas"), fileReference(), text("EditXAxisTitle"), text("EditYAxisTitle"),
-         popup("PopupFont1")},
-        {text("EditXAxisTitleTextSize"), text("EditXAxisTitleX"), text("EditXAxisTitleY")},
-        {text("EditYAxisTitleTextSize"), text("EditYAxisTitleX"), text("EditYAxisTitleY")},
-        {popup("PopupXAxisType"), popup("PopupYAxisType"), text("EditXHydraulicExponent"),
-         text("EditYHydraulicExponent"), text("EditXAxisMaximum"), text("EditYAxisMaximum"),
-         inverseColour("BackgroundColorCanvas"), boolean("CheckAutoPosXAxisText"),
-         boolean("CheckAutoPosYAxisText")},
-    });
-    return table;
-}
-
-/// Zero, or a text without a number, counts as 1: nothing can be divided by it.
-double OrOne(double value)
-{
-    return value == 0.0 ? 1.0 : value;
+    return static_cast<AxisType>(popup.ListIndex());
 }
 
 }  // namespace
 
-MainWindow::MainWindow(Platform& thePlatform)
-    : PaperWindow(thePlatform, OwnControls(), Settings(), settingsType, margins),
-      wizard(std::make_unique<EasyGraphWizard>(*this))
-{
-    BindHandlers();
-}
+GridRow::GridRow(PaperForm& form, AxisName axis)
+    : type{form, Group::Spacing, Of(axis, "PopupXAxis", "PopupYAxis"), Of(axis, "X Grid:", "Y Grid:"),
+           AxisTypes(axis)},
+      lineSpacing{form, Group::Spacing, Of(axis, "EditXLineSpacing", "EditYLineSpacing"), "Lines/in", "10",
+                  Density(axis)},
+      lineThickness{form,
+                    Group::Spacing,
+                    Of(axis, "EditXLineThickness", "EditYLineThickness"),
+                    "Weight",
+                    ".1",
+                    Column(axis, Meaning::Weight)},
+      major{form,
+            Group::Spacing,
+            Of(axis, "EditXMajor", "EditYMajor"),
+            "Major Spacing",
+            "5",
+            Column(axis, Meaning::GridLines)},
+      majorWeight{form,
+                  Group::Spacing,
+                  Of(axis, "EditXMajorWeight", "EditYMajorWeight"),
+                  "Major Weight",
+                  ".7",
+                  Column(axis, Meaning::Weight)},
+      hydraulicExponent{form,
+                        Group::Spacing,
+                        Of(axis, "EditXHydraulicExponent", "EditYHydraulicExponent"),
+                        "Hydraulic\rExponent",
+                        "1.85",
+                        {.captionAbove = true, .enabled = false, .meaning = Meaning::Exponent}}
+{}
 
-MainWindow::~MainWindow() = default;
+AxisRow::AxisRow(PaperForm& form, AxisName axis)
+    : caption{form, Group::Axes, Of(axis, "StaticText10", "StaticText11"), Of(axis, "X Axis:", "Y Axis:")},
+      minimum{form,
+              Group::Axes,
+              Of(axis, "EditXAxisMinimum", "EditYAxisMinimum"),
+              "Minimum",
+              Of(axis, "-35", "-45"),
+              Column(axis, Meaning::AxisValue, "StaticText13")},
+      maximum{form,
+              Group::Axes,
+              Of(axis, "EditXAxisMaximum", "EditYAxisMaximum"),
+              "Maximum",
+              Of(axis, "35", "45"),
+              Column(axis, Meaning::AxisValue)},
+      step{form, Group::Axes, Of(axis, "EditXAxisStep", "EditYAxisStep"), "Step", "1",
+           Column(axis, Meaning::AxisStep, "StaticText14")},
+      spacing{form,
+              Group::Axes,
+              Of(axis, "EditXAxisSpacing", "EditYAxisSpacing"),
+              "Spacing",
+              "5",
+              Column(axis, Meaning::NumberSpacing, "StaticText15")},
+      weight{form,
+             Group::Axes,
+             Of(axis, "EditXAxisWeight", "EditYAxisWeight"),
+             "Weight",
+             "1.5",
+             Column(axis, Meaning::Weight)},
+      textSize{form,
+               Group::Axes,
+               Of(axis, "EditXAxisTextSize", "EditYAxisTextSize"),
+               "Text Size",
+               "12",
+               Column(axis, Meaning::FontSize)},
+      numberType{form,
+                 Group::Axes,
+                 Of(axis, "PopupXAxisType", "PopupYAxisType"),
+                 "Numbers",
+                 {"Numeric", "Trigonometric"},
+                 0,
+                 {.captionAbove = true}}
+{}
 
-void MainWindow::BindHandlers()
-{
-    for (const AxisControls* const axis : {&xControls, &yControls}) {
-        form.OnChange(axis->type, [this] { EnableAxisFields(); });
-        form.OnChange(axis->maximum, [this, axis] { RecalcIfTypedInto(axis->maximum); });
-        form.OnChange(axis->step, [this, axis] { RecalcIfTypedInto(axis->step); });
-    }
-    form.OnChange("CheckBoxShowAxes", [this] { CheckBoxShowAxes_Action(); });
-}
+AxisTitleRow::AxisTitleRow(PaperForm& form, AxisName axis)
+    : title{form,
+            Group::Text,
+            Of(axis, "EditXAxisTitle", "EditYAxisTitle"),
+            "Title:",
+            Of(axis, "X-Axis Title", "Y-Axis Title"),
+            {.meaning = Meaning::Prose}},
+      autoPosition{form,
+                   Group::Text,
+                   Of(axis, "CheckAutoPosXAxisText", "CheckAutoPosYAxisText"),
+                   "Auto Pos",
+                   false,
+                   {.beside = true}},
+      textSize{form,
+               Group::Text,
+               Of(axis, "EditXAxisTitleTextSize", "EditYAxisTitleTextSize"),
+               "Text Size",
+               "16",
+               {.beside = true, .meaning = Meaning::FontSize}},
+      titleX{form,
+             Group::Text,
+             Of(axis, "EditXAxisTitleX", "EditYAxisTitleX"),
+             "X:",
+             Of(axis, "2.9", "3.1"),
+             {.beside = true, .meaning = Meaning::Length}},
+      titleY{form,
+             Group::Text,
+             Of(axis, "EditXAxisTitleY", "EditYAxisTitleY"),
+             "Y:",
+             Of(axis, "6.4", "4"),
+             {.beside = true, .meaning = Meaning::Length}}
+{}
 
-void MainWindow::Event_Open()
+GraphForm::GraphForm() : PaperForm({.top = "1.5", .bottom = "0.5", .left = "0.75", .right = "0.75"})
 {
-    // Unlike in the other windows the units stay as they are, so that short texts such as ".1" stay too.
-    form.SetListIndex("PopupPaperSize", 1);
-    form.SetListIndex("PopupPaperSize", 0);
-    pdf.Delete();
-    form.SetColor("LineColorCanvas", black);
-    form.SetColor("MajorLineColorCanvas", black);
-    form.SetColor("BackgroundColorCanvas", white);
-}
-
-void MainWindow::Event_Close()
-{
-    SaveSettings(LastSettingsFile());
-}
-
-FolderItem MainWindow::LastSettingsFile() const
-{
-    return platform.PreferencesFolder().Child("LinealisLastSettings");
-}
-
-void MainWindow::LoadLastSettings()
-{
-    if (const FolderItem file = LastSettingsFile(); file.Exists()) {
-        LoadSettings(file);
-    }
-}
-
-std::error_code MainWindow::LoadSettings(const FolderItem& file)
-{
-    form.SetColor("BackgroundColorCanvas", white);
-    return PaperWindow::LoadSettings(file);
-}
-
-void MainWindow::EnableAxisFields()
-{
-    for (const AxisControls* const axis : {&xControls, &yControls}) {
-        const int type = form.ListIndex(axis->type);
-        const bool isLog = type >= logOneDecade && type <= logFiveDecades;
-        for (const std::string_view name :
-             {axis->lineSpacing, axis->major, axis->minimum, axis->step, axis->spacing}) {
-            form.SetEnabled(name, !isLog);
+    for (const AxisFields& fields : {X(), Y()}) {
+        fields.grid.type.onChange = [this] { EnableAxisFields(); };
+        for (TextField* const field : {&fields.axis.maximum, &fields.axis.step}) {
+            field->onChange = [this, field] {
+                if (focusedControl == field) {
+                    RecalcLinesPerInch();
+                }
+            };
         }
-        form.SetEnabled(axis->hydraulicExponent, type == hydraulic);
+    }
+    CheckBoxShowAxes.onClick = [this] { CheckBoxShowAxes_Action(); };
+}
+
+void GraphForm::Event_Open(const Platform& /*platform*/)
+{
+    OpenPaperSize();
+}
+
+void GraphForm::BeforeLoad()
+{
+    BackgroundColorCanvas.SetColor(white);
+}
+
+void GraphForm::EnableAxisFields()
+{
+    for (const AxisFields& fields : {X(), Y()}) {
+        const AxisType type = TypeOf(fields.grid.type);
+        for (TextField* const field : {&fields.grid.lineSpacing, &fields.grid.major, &fields.axis.minimum,
+                                       &fields.axis.step, &fields.axis.spacing}) {
+            field->SetEnabled(!IsLog(type));
+        }
+        const bool isHydraulic = type == hydraulic;
+        fields.grid.hydraulicExponent.SetEnabled(isHydraulic);
+        fields.axis.minimum.SetMeaning(isHydraulic ? Meaning::HydraulicStart : Meaning::AxisValue);
+        fields.axis.step.SetMeaning(isHydraulic ? Meaning::HydraulicStep : Meaning::AxisStep);
+        fields.axis.spacing.SetMeaning(isHydraulic ? Meaning::HydraulicNumber : Meaning::NumberSpacing);
     }
 }
 
-void MainWindow::CheckBoxShowAxes_Action()
+void GraphForm::CheckBoxShowAxes_Action()
 {
     // Whatever the axis types say: the next change of one puts it right again.
-    for (const char* const name :
-         {"StaticText10", "StaticText11", "StaticText13", "StaticText14", "StaticText15", "EditXAxisMinimum",
-          "EditYAxisMinimum", "EditXAxisStep", "EditYAxisStep", "EditXAxisSpacing", "EditYAxisSpacing"}) {
-        form.SetEnabled(name, form.Value("CheckBoxShowAxes"));
+    const bool shown = CheckBoxShowAxes.Value();
+    for (const AxisFields& fields : {X(), Y()}) {
+        fields.axis.caption.SetEnabled(shown);
+        for (TextField* const field : {&fields.axis.minimum, &fields.axis.step, &fields.axis.spacing}) {
+            field->SetEnabled(shown);
+            if (Label* const heading = field->CaptionLabel()) {
+                heading->SetEnabled(shown);
+            }
+        }
     }
 }
 
-void MainWindow::RecalcIfTypedInto(std::string_view field)
+void GraphForm::RecalcLinesPerInch()
 {
-    if (form.focusedControl == field) {
-        RecalcLinesPerInch();
-    }
+    const PageSetup setup = ReadSetup();
+    const auto recalc = [&](const AxisFields& fields, double room) {
+        const double step = UsedValue(Meaning::AxisStep, fields.axis.step.Number());
+        const double steps = std::ceil((fields.axis.maximum.Number() - fields.axis.minimum.Number()) / step);
+        // The little more than a whole number keeps the last line from being lost to rounding.
+        fields.grid.lineSpacing.SetText(Str(steps / (room / setup.unitPixels) * 1.00001));
+    };
+    recalc(X(), setup.UsableWidth());
+    recalc(Y(), setup.UsableHeight());
 }
 
-void MainWindow::ReadOwnValues()
+SettingsTable Settings(GraphForm& form)
 {
-    ReadAxis(xAxis);
-    ReadAxis(yAxis);
+    using namespace settings;
+    const auto gridRow = [](GridRow& row) -> SettingsTable {
+        return {text(row.lineSpacing), text(row.lineThickness), text(row.major), text(row.majorWeight),
+                index(row.type)};
+    };
+    const auto axisRow = [](AxisRow& row) -> SettingsTable {
+        return {text(row.minimum), text(row.step), text(row.spacing), text(row.weight), text(row.textSize)};
+    };
+    const auto titlePlace = [](AxisTitleRow& row) -> SettingsTable {
+        return {text(row.textSize), text(row.titleX), text(row.titleY)};
+    };
+    return Concatenate({
+        {version(), text(form.EditTitle), text(form.EditTitleX), text(form.EditTitleY), text(form.EditTitleSize),
+         index(form.PopupOrientation), index(form.PopupPaperSize), fixed("0"), fixed("0"), index(form.PopupUnits),
+         text(form.EditXScale), text(form.EditYScale)},
+        gridRow(form.xGrid),
+        gridRow(form.yGrid),
+        axisRow(form.xAxis),
+        axisRow(form.yAxis),
+        Margins(form),
+        {box(form.CheckBoxShowAxes), box(form.CheckBoxViewGraph), box(form.CheckBoxMarkers),
+         color(form.LineColorCanvas), color(form.MajorLineColorCanvas), fileReference(), text(form.xTitle.title),
+         text(form.yTitle.title), index(form.PopupFont1)},
+        titlePlace(form.xTitle),
+        titlePlace(form.yTitle),
+        {index(form.xAxis.numberType), index(form.yAxis.numberType), text(form.xGrid.hydraulicExponent),
+         text(form.yGrid.hydraulicExponent), text(form.xAxis.maximum), text(form.yAxis.maximum),
+         inverseColor(form.BackgroundColorCanvas), boolean(form.xTitle.autoPosition),
+         boolean(form.yTitle.autoPosition)},
+    });
 }
 
-void MainWindow::ReadAxis(Axis& axis)
+namespace {
+
+GraphAxis ReadAxis(const ConstAxisFields& fields, AxisName name, double unitPixels)
 {
-    const AxisControls& names = axis.controls;
-    axis.lineSpacing = (1.0 / OrOne(form.Number(names.lineSpacing))) * unitPixels;
-    axis.lineThickness = form.Number(names.lineThickness);
-    axis.type = form.ListIndex(names.type);
-    axis.majorStep = form.Number(names.major);
-    axis.majorWeight = form.Number(names.majorWeight);
-    axis.step = OrOne(form.Number(names.step));
-    // Anything from 0 to 1 would never reach the next line.
-    const double spacing = form.Number(names.spacing);
-    axis.spacing = spacing >= 0.0 && spacing < 1.0 ? 1.0 : spacing;
-    axis.hydraulicExponent = form.Number(names.hydraulicExponent);
+    GraphAxis axis;
+    axis.name = name;
+    axis.type = TypeOf(fields.grid.type);
+    axis.lineSpacing = (1.0 / fields.grid.lineSpacing.Used()) * unitPixels;
+    axis.lineThickness = fields.grid.lineThickness.Used();
+    axis.majorStep = fields.grid.major.Used();
+    axis.majorWeight = fields.grid.majorWeight.Used();
+    axis.hydraulicExponent = fields.grid.hydraulicExponent.Used();
+    axis.minimum = fields.axis.minimum.Used();
+    axis.maximum = fields.axis.maximum.Used();
+    axis.step = UsedValue(Meaning::AxisStep, fields.axis.step.Number());
+    axis.stepsForward = fields.axis.step.Number() > 0.0;
+    axis.numberSpacing = fields.axis.spacing.Used();
+    axis.weight = fields.axis.weight.Used();
+    axis.textSize = fields.axis.textSize.Used();
+    // The numbers of a Y axis are plain, whatever its popup says.
+    axis.isTrigonometric = name == AxisName::x && fields.axis.numberType.ListIndex() == 1;
+    axis.title = fields.title.title.Text();
+    axis.titleTextSize = fields.title.textSize.Used();
+    axis.titlePlacesItself = fields.title.autoPosition.Value();
+    axis.titleX = fields.title.titleX.Used() * unitPixels;
+    axis.titleY = fields.title.titleY.Used() * unitPixels;
+    return axis;
 }
 
-double MainWindow::RoomAcross() const
+}  // namespace
+
+GraphPage Read(const GraphForm& form)
 {
-    return static_cast<double>(paperWidth) - leftMargin - rightMargin;
+    GraphPage page;
+    page.frame = form.ReadFrame(form.BackgroundColorCanvas, &form.LineColorCanvas);
+    page.x = ReadAxis(form.X(), AxisName::x, page.frame.unitPixels);
+    page.y = ReadAxis(form.Y(), AxisName::y, page.frame.unitPixels);
+    page.lineColor = form.LineColorCanvas.Shown();
+    page.majorLineColor = form.MajorLineColorCanvas.Shown();
+    page.font = form.PopupFont1.ListIndex() + 1;
+    page.showsAxes = form.CheckBoxShowAxes.Value();
+    page.hasMarkers = form.CheckBoxMarkers.Value();
+    page.title = form.EditTitle.Text();
+    page.titleSize = form.EditTitleSize.Used();
+    page.titleIsCentred = form.EditTitleX.Text().empty();
+    page.titleX = form.EditTitleX.Used() * page.frame.unitPixels;
+    page.titleY = form.EditTitleY.Used() * page.frame.unitPixels;
+    return page;
 }
 
-double MainWindow::RoomUp() const
+std::unique_ptr<Wizard> MakeWizard(GraphForm& form)
 {
-    return static_cast<double>(paperHeight) - topMargin - bottomMargin;
-}
-
-void MainWindow::RecalcLinesPerInch()
-{
-    ReadGUIValues();
-    MeasureUsableArea();
-    RecalcAxis(xAxis, usableWidth);
-    RecalcAxis(yAxis, usableHeight);
-}
-
-void MainWindow::RecalcAxis(const Axis& axis, double room)
-{
-    const AxisControls& names = axis.controls;
-    const double steps = std::ceil((form.Number(names.maximum) - form.Number(names.minimum)) / axis.step);
-    // The little more than a whole number keeps the last line from being lost to rounding.
-    form.SetText(names.lineSpacing, Str(steps / (room / unitPixels) * 1.00001));
+    return std::make_unique<EasyGraphWizard>(form);
 }
 
 }  // namespace linealis

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "graph/Axis.h"
-#include "pipeline/PaperWindow.h"
+#include "pipeline/Paper.h"
 
 #include <memory>
 #include <string>
@@ -9,96 +8,154 @@
 
 namespace linealis {
 
-class EasyGraphWizard;
+/// The list indices of PopupXAxis and PopupYAxis. Of the logarithmic types the value is the number of decades.
+enum AxisType : int { linear = 0, logOneDecade = 1, logFiveDecades = 5, hydraulic = 6, probability = 7 };
+
+inline bool IsLog(AxisType type)
+{
+    return type >= logOneDecade && type <= logFiveDecades;
+}
+
+enum class AxisName { x, y };
+
+/// The grid of one axis: a row of a table whose columns the X row names.
+struct GridRow {
+    Popup type;
+    TextField lineSpacing;
+    TextField lineThickness;
+    TextField major;
+    TextField majorWeight;
+    TextField hydraulicExponent;
+
+    GridRow(PaperForm& form, AxisName axis);
+};
+
+/// The range and the numbers of one axis, a row of the second table.
+struct AxisRow {
+    Label caption;
+    TextField minimum;
+    TextField maximum;
+    TextField step;
+    TextField spacing;
+    TextField weight;
+    TextField textSize;
+    Popup numberType;
+
+    AxisRow(PaperForm& form, AxisName axis);
+};
+
+/// The title of one axis.
+struct AxisTitleRow {
+    TextField title;
+    CheckBox autoPosition;
+    TextField textSize;
+    TextField titleX;
+    TextField titleY;
+
+    AxisTitleRow(PaperForm& form, AxisName axis);
+};
+
+/// All fields of one axis.
+template <typename Grid, typename Axis, typename Title>
+struct AxisFieldsOf {
+    Grid& grid;
+    Axis& axis;
+    Title& title;
+};
+using AxisFields = AxisFieldsOf<GridRow, AxisRow, AxisTitleRow>;
+using ConstAxisFields = AxisFieldsOf<const GridRow, const AxisRow, const AxisTitleRow>;
 
 /// The general graph paper: two axes, each linear, logarithmic or hydraulic, the Y axis also probability.
-class MainWindow final : public PaperWindow {
-public:
-    static constexpr FileType settingsType{"Setg", "setg"};
+struct GraphForm final : PaperForm {
+    Label StaticTextLinesPerUnit{*this, Group::Spacing, "StaticTextLinesPerUnit", "Lines/in", {}, {"Lines/in", "Lines/cm"}};
+    GridRow xGrid{*this, AxisName::x};
+    GridRow yGrid{*this, AxisName::y};
+    AxisRow xAxis{*this, AxisName::x};
+    AxisRow yAxis{*this, AxisName::y};
+    CheckBox CheckBoxShowAxes{*this, Group::Axes, "CheckBoxShowAxes", "Show Axes", true};
+    CheckBox CheckBoxMarkers{*this, Group::Axes, "CheckBoxMarkers", "Add Markers", false, {.beside = true}};
+    Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Line Color", black};
+    Swatch MajorLineColorCanvas{*this, Group::Lines,    "MajorLineColorCanvas", "Major Line Color",
+                                black, {.beside = true}};
+    Swatch BackgroundColorCanvas{*this, Group::Lines,    "BackgroundColorCanvas", "Background Color",
+                                 white, {.beside = true}};
+    TextField EditTitle{*this,   Group::Text, "EditTitle", "Title:", "A Sample Graph Paper",
+                        {.meaning = Meaning::Prose}};
+    TextField EditTitleSize{*this,   Group::Text,
+                            "EditTitleSize", "Size:",
+                            "20",    {.beside = true, .meaning = Meaning::FontSize}};
+    TextField EditTitleX{*this, Group::Text, "EditTitleX", "X:", "2.6",
+                         {.beside = true, .meaning = Meaning::TitlePlace}};
+    TextField EditTitleY{*this, Group::Text, "EditTitleY", "Y:", "1", {.beside = true, .meaning = Meaning::Length}};
+    AxisTitleRow xTitle{*this, AxisName::x};
+    AxisTitleRow yTitle{*this, AxisName::y};
+    Popup PopupFont1{*this, Group::Text, "PopupFont1", "Font:", FontNames(), 4};
+    ShiftClickNote note{*this, "StaticTextShiftClick"};
 
-    explicit MainWindow(Platform& thePlatform);
-    ~MainWindow() override;
+    GraphForm();
 
-    void Event_Open() override;
+    AxisFields X() { return {xGrid, xAxis, xTitle}; }
+    AxisFields Y() { return {yGrid, yAxis, yTitle}; }
+    ConstAxisFields X() const { return {xGrid, xAxis, xTitle}; }
+    ConstAxisFields Y() const { return {yGrid, yAxis, yTitle}; }
 
-    /// Saves the form as the last settings.
-    void Event_Close() override;
+    /// Unlike in the other windows the units stay as they are, so that short texts such as ".1" stay too.
+    void Event_Open(const Platform& platform) override;
+    /// Makes the background white before anything else, so that a file without one gives a white page.
+    void BeforeLoad() override;
 
     /// Rewrites the two "Lines/in" fields so that the grid holds the whole range of each axis in whole steps.
     void RecalcLinesPerInch();
 
-    /// Makes the background white before anything else, so that a file without one gives a white page.
-    std::error_code LoadSettings(const FolderItem& file) override;
-
-    /// Loads what Event_Close saved, if there is such a file.
-    void LoadLastSettings();
-
-    /// The one wizard of this window.
-    EasyGraphWizard& Wizard() { return *wizard; }
-
-    /// Points between the margins, as ReadGUIValues left them.
-    double RoomAcross() const;
-    double RoomUp() const;
-
-protected:
-    void ReadOwnValues() override;
-    void DoGraph() override;
-
 private:
-    // The form (MainWindow.cpp).
-    void BindHandlers();
     void EnableAxisFields();
     void CheckBoxShowAxes_Action();
-    void RecalcIfTypedInto(std::string_view field);
-    void ReadAxis(Axis& axis);
-    void RecalcAxis(const Axis& axis, double room);
-
-    // The page (MainWindow_Page.cpp).
-    void MeasureGrid(Axis& axis);
-    void PlotAxesThatFillTheRoom();
-    void PlotAxesThatFillTheGrid();
-    void FindZero(Axis& axis) const;
-    void DrawAxes();
-    void DrawAxisLines();
-    void DrawXAxisTitle();
-    void DrawYAxisTitle();
-    void DrawTitle();
-
-    // What the plotters share (MainWindow_Page.cpp).
-    double Origin(const Axis& axis) const { return axis.IsX() ? leftMargin : bottomMargin; }
-    double Usable(const Axis& axis) const { return axis.IsX() ? usableWidth : usableHeight; }
-    const Axis& Across(const Axis& axis) const { return axis.IsX() ? yAxis : xAxis; }
-    /// A grid line of the axis: at `position` along it, from the graph's edge to `end` across it.
-    void DrawGridLine(const Axis& axis, double position, double end);
-    /// Where the lines of the axis end when the grid is what they fill.
-    double GridEnd(const Axis& axis) const;
-    void SetMinorStyle(const Axis& axis);
-    void SetMajorStyle(const Axis& axis);
-    double WidthOf(std::string_view text, double size) const;
-    static double TextHeight(double size) { return 0.0 + size * 0.63; }
-
-    // One plotter a type of axis (MainWindow_Linear.cpp and so on).
-    double StartOfMajorCount(const Axis& axis) const;
-    bool NextLineIsMajor(const Axis& axis, double& majorCount) const;
-    void PlotLinearAxis(const Axis& axis);
-    void DrawLinearNumbers(const Axis& axis);
-    std::string LinearNumber(const Axis& axis, double value) const;
-    void PlotLogAxis(const Axis& axis);
-    void DrawLogNumber(const Axis& axis, double value, double position);
-    void PlotHydraulicAxis(Axis& axis);
-    bool HydraulicAxisIsValid(const Axis& axis);
-    void DrawHydraulicNumber(const Axis& axis, double value, double position, double size);
-    void PlotProbabilityYAxis();
-    void PlotMarkers();
-    void PlotMarker(std::string_view line);
-    double MarkerPosition(const Axis& axis, double value) const;
-
-    FolderItem LastSettingsFile() const;
-
-    Axis xAxis{xControls};
-    Axis yAxis{yControls};
-    std::int64_t fonthandle = 0;
-    std::unique_ptr<EasyGraphWizard> wizard;
 };
+
+/// One axis of a graph. Lengths in points; values are the axis's own.
+struct GraphAxis {
+    AxisName name = AxisName::x;
+    AxisType type = linear;
+    double lineSpacing = 0.0;  ///< between two neighbouring grid lines
+    double lineThickness = 0.0;
+    double majorStep = 0.0;  ///< every how many grid lines a major line falls
+    double majorWeight = 0.0;
+    double hydraulicExponent = 0.0;
+    double minimum = 0.0;
+    double maximum = 0.0;
+    double step = 0.0;  ///< axis value from one grid line to the next
+    bool stepsForward = false;  ///< whether the form's step is above 0, without which a hydraulic axis has no lines
+    double numberSpacing = 0.0;  ///< every how many grid lines a number stands
+    double weight = 0.0;         ///< of the axis line across: each row's weight is that of the other one's line
+    double textSize = 0.0;
+    bool isTrigonometric = false;  ///< its numbers are multiples of pi
+    std::string title;
+    double titleTextSize = 0.0;
+    bool titlePlacesItself = false;
+    double titleX = 0.0;  ///< from the left margin
+    double titleY = 0.0;  ///< downwards
+};
+
+/// Lengths in points.
+struct GraphPage {
+    PageFrame frame;
+    GraphAxis x;
+    GraphAxis y;
+    Color lineColor;
+    Color majorLineColor;
+    std::int64_t font = 0;
+    bool showsAxes = true;
+    bool hasMarkers = false;
+    std::string title;
+    double titleSize = 0.0;
+    bool titleIsCentred = false;
+    double titleX = 0.0;  ///< from the left edge of the page
+    double titleY = 0.0;  ///< downwards
+};
+
+SettingsTable Settings(GraphForm& form);
+GraphPage Read(const GraphForm& form);
+void Draw(const GraphPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask);
+std::unique_ptr<Wizard> MakeWizard(GraphForm& form);
 
 }  // namespace linealis

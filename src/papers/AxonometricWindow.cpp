@@ -4,16 +4,25 @@
 
 namespace linealis {
 
-DiagonalWindow::Pattern AxonometricWindow::Measure() const
+namespace {
+
+double HeightWhereFallingLineEnters(const DiagonalPattern& pattern, double past)
 {
-    const double step = CellSize() * (1.0 / std::sqrt(2.0));
-    return {step, 2.0 * step, step, 2.0 * step, 1.0};
+    // The same as `past` in a longer way, which differs from it in the last bits.
+    return -(2.0 * pattern.xStep - past) + 2.0 * pattern.xStep;
 }
 
-double AxonometricWindow::HeightOnRightEdge(const Pattern& pattern, double x) const
+}  // namespace
+
+AxonometricPage Read(const AxonometricForm& form)
 {
-    // x - usableWidth in a longer way, which differs from it in the last bits.
-    return -(2.0 * pattern.xStep - (x - usableWidth)) + 2.0 * pattern.xStep;
+    return {ReadDiagonal(form)};
+}
+
+void Draw(const AxonometricPage& page, MyPDFGenerator& pdf, Turns& turns)
+{
+    const double step = page.size * (1.0 / std::sqrt(2.0));
+    DrawDiagonal(page, {step, 2.0 * step, step, 2.0 * step, 1.0}, HeightWhereFallingLineEnters, pdf, turns);
 }
 
 }  // namespace linealis

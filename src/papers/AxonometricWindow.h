@@ -1,19 +1,15 @@
 #pragma once
 
-#include "papers/DiagonalWindow.h"
+#include "papers/DiagonalLines.h"
 
 namespace linealis {
 
 /// Lines at 45 degrees. The cell size is the side of a diamond.
-class AxonometricWindow final : public DiagonalWindow {
-public:
-    static constexpr FileType settingsType{"Seta", "seta"};
+struct AxonometricForm final : DiagonalForm {};
 
-    explicit AxonometricWindow(Platform& thePlatform) : DiagonalWindow(thePlatform, settingsType) {}
+struct AxonometricPage : DiagonalPage {};
 
-protected:
-    Pattern Measure() const override;
-    double HeightOnRightEdge(const Pattern& pattern, double x) const override;
-};
+AxonometricPage Read(const AxonometricForm& form);
+void Draw(const AxonometricPage& page, MyPDFGenerator& pdf, Turns& turns);
 
 }  // namespace linealis

@@ -6,81 +6,55 @@ namespace linealis {
 
 namespace {
 
-const ControlTable& OwnControls()
+void DrawJoint(const CellGrid& grid, double row, double column, MyPDFGenerator& pdf)
 {
-    static const ControlTable table = {
-        {Group::Spacing,
-         {
-             textField("EditVertSpacing", "Vertical Spacing:", ".25")
-                 .Means(Meaning::Spacing)
-                 .LabelledBy("StaticText1")
-                 .Converted(UnitRule::Length),
-             textField("EditHorzWeight", "Line Weight:", ".5")
-                 .Means(Meaning::Weight)
-                 .LabelledBy("StaticTextVLines")
-                 .Beside(),
-             textField("EditHorzSpacing", "Horizontal Spacing:", ".75")
-                 .Means(Meaning::Spacing)
-                 .LabelledBy("StaticText24")
-                 .Converted(UnitRule::Length),
-             textField("EditVertWeight", "Line Weight:", ".5")
-                 .Means(Meaning::Weight)
-                 .LabelledBy("StaticTextHLines")
-                 .Beside(),
-         }},
-        {Group::Lines,
-         {
-             swatch("LinesColorCanvas", "Line Color").LabelledBy("StaticText5"),
-             swatch("BackgroundColorCanvas", "Background Color", white).LabelledBy("StaticText28").Beside(),
-         }},
-        {Group::File, {shiftClickNote("StaticText27")}},
-    };
-    return table;
-}
-
-const SettingsTable& Settings()
-{
-    using namespace settings;
-    // The grid's fields; the two check boxes that this kind does not have are always on.
-    static const SettingsTable table = Concatenate({
-        Head(),
-        {text("EditHorzSpacing"), text("EditVertSpacing")},
-        Margins(),
-        {box("CheckBoxViewGraph"), fileReference(), colour("LinesColorCanvas"), fixed("1"), fixed("1"),
-         text("EditHorzWeight"), text("EditVertWeight"), inverseColour("BackgroundColorCanvas")},
-    });
-    return table;
+    const bool oddCourse = truncated(row) % 2 != 0;
+    if (!oddCourse && column >= grid.columns) {
+        return;
+    }
+    const double x = oddCourse ? grid.ColumnX(column) : grid.ColumnX(column) + grid.horzSpacing / 2.0;
+    pdf.StrokeLine(x, grid.RowY(row), x, grid.RowY(row + 1.0));
 }
 
 }  // namespace
 
-BrickWindow::BrickWindow(Platform& thePlatform)
-    : CellGridWindow(thePlatform, OwnControls(), Settings(), settingsType)
-{}
-
-void BrickWindow::DoGraph()
+SettingsTable Settings(BrickForm& form)
 {
-    FitCells();
-    pdf.SetRGBColor(form.ColorOf("LinesColorCanvas"));
-    DrawHorizontalLines();
-    pdf.SetLineWidth(vertLineWeight);
-    for (double row = 0.0; row < rows && columns >= 0.0; row += 1.0) {  // no course stands on the top line
-        for (double column = 0.0; column <= columns; column += 1.0) {
-            DrawJoint(row, column);
-            RuntimeBackgroundTask();
-        }
-        RuntimeBackgroundTask();
-    }
+    using namespace settings;
+    // The grid's fields; the two check boxes that this kind does not have are always on.
+    return Concatenate({
+        Head(form),
+        {text(form.EditHorzSpacing), text(form.EditVertSpacing)},
+        Margins(form),
+        {box(form.CheckBoxViewGraph), fileReference(), color(form.LinesColorCanvas), fixed("1"), fixed("1"),
+         text(form.EditHorzWeight), text(form.EditVertWeight), inverseColor(form.BackgroundColorCanvas)},
+    });
 }
 
-void BrickWindow::DrawJoint(double row, double column)
+BrickPage Read(const BrickForm& form)
 {
-    const bool oddCourse = truncated(row) % 2 != 0;
-    if (!oddCourse && column >= columns) {
-        return;
+    BrickPage page;
+    page.frame = form.ReadFrame(form.BackgroundColorCanvas, nullptr);
+    page.grid = FitCells(page.frame, form.EditVertSpacing, form.EditHorzSpacing);
+    page.grid.horzLineWeight = form.EditHorzWeight.Used();
+    page.grid.vertLineWeight = form.EditVertWeight.Used();
+    page.linesColor = form.LinesColorCanvas.Shown();
+    return page;
+}
+
+void Draw(const BrickPage& page, MyPDFGenerator& pdf, Turns& turns)
+{
+    const CellGrid& grid = page.grid;
+    pdf.SetRGBColor(page.linesColor);
+    DrawHorizontalLines(grid, pdf, turns);
+    pdf.SetLineWidth(grid.vertLineWeight);
+    for (double row = 0.0; row < grid.rows && grid.columns >= 0.0; row += 1.0) {  // none stands on the top line
+        for (double column = 0.0; column <= grid.columns; column += 1.0) {
+            DrawJoint(grid, row, column, pdf);
+            turns.RuntimeBackgroundTask();
+        }
+        turns.RuntimeBackgroundTask();
     }
-    const double x = oddCourse ? ColumnX(column) : ColumnX(column) + horzSpacing / 2.0;
-    StrokeLine(x, RowY(row), x, RowY(row + 1.0));
 }
 
 }  // namespace linealis

@@ -1,21 +1,46 @@
 #pragma once
 
-#include "papers/CellGridWindow.h"
+#include "papers/CellGrid.h"
+#include "pipeline/Paper.h"
 
 namespace linealis {
 
 /// Bricks in running bond: courses whose joints stand half a brick beside those of the next.
-class BrickWindow final : public CellGridWindow {
-public:
-    static constexpr FileType settingsType{"Setk", "setk"};
-
-    explicit BrickWindow(Platform& thePlatform);
-
-protected:
-    void DoGraph() override;
-
-private:
-    void DrawJoint(double row, double column);
+struct BrickForm final : PaperForm {
+    TextField EditVertSpacing{*this,        Group::Spacing, "EditVertSpacing", "Vertical Spacing:", ".25",
+                              SpacingFields::vertical};
+    TextField EditHorzWeight{*this,
+                             Group::Spacing,
+                             "EditHorzWeight",
+                             "Line Weight:",
+                             ".5",
+                             {.label = "StaticTextVLines", .beside = true, .meaning = Meaning::Weight}};
+    TextField EditHorzSpacing{*this,        Group::Spacing, "EditHorzSpacing", "Horizontal Spacing:", ".75",
+                              SpacingFields::horizontal};
+    TextField EditVertWeight{*this,
+                             Group::Spacing,
+                             "EditVertWeight",
+                             "Line Weight:",
+                             ".5",
+                             {.label = "StaticTextHLines", .beside = true, .meaning = Meaning::Weight}};
+    Swatch LinesColorCanvas{*this, Group::Lines, "LinesColorCanvas", "Line Color", black, {.label = "StaticText5"}};
+    Swatch BackgroundColorCanvas{*this,
+                                 Group::Lines,
+                                 "BackgroundColorCanvas",
+                                 "Background Color",
+                                 white,
+                                 {.label = "StaticText28", .beside = true}};
+    ShiftClickNote note{*this, "StaticText27"};
 };
+
+struct BrickPage {
+    PageFrame frame;
+    CellGrid grid;  ///< a cell is a brick
+    Color linesColor;
+};
+
+SettingsTable Settings(BrickForm& form);
+BrickPage Read(const BrickForm& form);
+void Draw(const BrickPage& page, MyPDFGenerator& pdf, Turns& turns);
 
 }  // namespace linealis

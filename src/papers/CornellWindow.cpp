@@ -1,6 +1,5 @@
 #include "papers/CornellWindow.h"
 
-#include "papers/Ruling.h"
 #include "pipeline/Fitting.h"
 
 namespace linealis {
@@ -13,202 +12,181 @@ constexpr double headerRowPitch = 25.0;
 constexpr std::int64_t headerFont = 1;  // Courier
 constexpr double captionSize = 8.0;
 
-const ControlTable& OwnControls()
+struct Span {
+    double from;
+    double to;
+};
+
+class CornellDrawing {
+public:
+    CornellDrawing(const CornellPage& thePage, MyPDFGenerator& thePdf, Turns& theTurns)
+        : page(thePage), pdf(thePdf), turns(theTurns), usableWidth(thePage.frame.UsableWidth()),
+          usableHeight(thePage.frame.UsableHeight())
+    {}
+
+    void DoGraph();
+
+private:
+    void DrawHeader();
+    /// A box `drop` points below the header's top, with its caption and the value of its field.
+    void DrawHeaderBox(Span across, double drop, std::string_view caption, const std::string& value,
+                       double valueOffset);
+    void DrawBox(double left, double bottom, double right, double top);
+    /// A box that counts from the left and the bottom margin.
+    void DrawArea(Span across, Span up);
+    void DrawRuling(Span across, Span up);
+    void DrawColumns(Span across, Span up);
+
+    const CornellPage& page;
+    MyPDFGenerator& pdf;
+    Turns& turns;
+    const double left = page.frame.leftMargin;
+    const double bottom = page.frame.bottomMargin;
+    double usableWidth;
+    double usableHeight;  ///< less the header, once that is drawn
+};
+
+void CornellDrawing::DoGraph()
 {
-    static const ControlTable table = {
-        {Group::Spacing,
-         {
-             label("StaticText29", "Note Taking Area"),
-             textField("EditHorzSpacing", "Line Spacing:", "5")
-                 .Means(Meaning::LinesPerUnit)
-                 .LabelledBy("StaticText25"),
-             unitLabel("StaticHorzUnit", "per inch", "per cm").Beside(),
-             textField("EditLineThicknessHorz", "Line Weight:", ".2")
-                 .Means(Meaning::Weight)
-                 .LabelledBy("StaticText1")
-                 .Beside(),
-             checkBox("CheckGrid", "Grid", false).Beside(),
-             textField("EditNoteWidth", "Width:", "70").Means(Meaning::Share).LabelledBy("StaticText27"),
-             label("StaticText31", "%").Beside(),
-             textField("EditNoteHeight", "Height:", "83").Means(Meaning::Share).LabelledBy("StaticText30").Beside(),
-             label("StaticText32", "%").Beside(),
-         }},
-        {Group::Lines,
-         {
-             checkBox("CheckCueLeft", "Cue Area on Left", true),
-             checkBox("CheckSummaryBottom", "Summary Area on Bottom", true).Beside(),
-             textField("EditCueWeight", "Line Weight:", ".5").Means(Meaning::Weight).LabelledBy("StaticText28"),
-             swatch("LineColorCanvas", "Line Color").LabelledBy("StaticText4"),
-             swatch("BackgroundColorCanvas", "Background Color", white).LabelledBy("StaticText33").Beside(),
-         }},
-        {Group::Text,
-         {
-             checkBox("CheckBoxTopicArea", "Topic Area", true),
-             textField("EditName", "Name:", "Ned Fallow").Means(Meaning::Prose).LabelledBy("StaticName"),
-             textField("EditDate", "Date:", "").Means(Meaning::Prose).LabelledBy("StaticDate").Beside(),
-             textField("EditTopic", "Topic:", "English Term paper").Means(Meaning::Prose).LabelledBy("StaticTopic"),
-             textField("EditSubject", "Subject:", "Writing")
-                 .Means(Meaning::Prose)
-                 .LabelledBy("StaticSubject")
-                 .Beside(),
-             textField("EditTextSize", "Text Size:", "12").Means(Meaning::FontSize).LabelledBy("StaticTextSize"),
-         }},
-        {Group::File, {shiftClickNote("StaticText26")}},
-    };
-    return table;
-}
-
-const SettingsTable& Settings()
-{
-    using namespace settings;
-    static const SettingsTable table = Concatenate({
-        Head(),
-        {text("EditLineThicknessHorz")},
-        Margins(),
-        {boolean("CheckBoxViewGraph"), boolean("CheckBoxTopicArea"), text("EditName"), text("EditDate"),
-         text("EditTopic"), text("EditSubject"), text("EditTextSize"), text("EditHorzSpacing"),
-         text("EditLineThicknessHorz"),  // for the second time
-         boolean("CheckGrid"), text("EditNoteWidth"), text("EditNoteHeight"), boolean("CheckCueLeft"),
-         text("EditCueWeight"), boolean("CheckSummaryBottom"), colour("LineColorCanvas"), fileReference(),
-         inverseColour("BackgroundColorCanvas")},
-    });
-    return table;
-}
-
-}  // namespace
-
-CornellWindow::CornellWindow(Platform& thePlatform)
-    : PaperWindow(thePlatform, OwnControls(), Settings(), settingsType)
-{
-    form.OnChange("CheckBoxTopicArea", [this] { CheckBoxTopicArea_Action(); });
-}
-
-void CornellWindow::Event_Open()
-{
-    PaperWindow::Event_Open();
-    form.SetText("EditDate", platform.ShortDate());
-}
-
-void CornellWindow::CheckBoxTopicArea_Action()
-{
-    for (const char* const name : {"StaticName", "StaticDate", "StaticSubject", "StaticTopic", "StaticTextSize",
-                                   "EditName", "EditDate", "EditTopic", "EditSubject", "EditTextSize"}) {
-        form.SetEnabled(name, form.Value("CheckBoxTopicArea"));
-    }
-}
-
-void CornellWindow::ReadOwnValues()
-{
-    LineThicknessHorz = form.Number("EditLineThicknessHorz");
-    LineThicknessCue = form.Number("EditCueWeight");
-}
-
-/// A field of per cent as a fraction from 0 to 1. What lies outside is corrected in the form.
-double CornellWindow::Share(std::string_view field)
-{
-    double percent = form.Number(field);
-    if (percent < 0.0) {
-        percent = 0.0;
-        form.SetText(field, "0");
-    }
-    if (percent > 100.0) {
-        percent = 100.0;
-        form.SetText(field, "100");
-    }
-    return percent / 100.0;
-}
-
-void CornellWindow::DoGraph()
-{
-    MeasureUsableArea();
-    const double lineSpace = unitPixels / LinesPerUnit(form, "EditHorzSpacing");
-    const double noteWidthFraction = Share("EditNoteWidth");
-    const double noteHeightFraction = Share("EditNoteHeight");
-
-    Span cue{0.0, (1.0 - noteWidthFraction) * usableWidth};
+    Span cue{0.0, (1.0 - page.noteWidthFraction) * usableWidth};
     Span note{cue.to, usableWidth};
-    if (!form.Value("CheckCueLeft")) {
-        note = {0.0, noteWidthFraction * usableWidth};
+    if (!page.cueIsLeft) {
+        note = {0.0, page.noteWidthFraction * usableWidth};
         cue = {note.to, usableWidth};
     }
 
-    pdf.SetLineWidth(LineThicknessCue);
-    if (form.Value("CheckBoxTopicArea")) {
+    pdf.SetLineWidth(page.LineThicknessCue);
+    if (page.hasHeader) {
         DrawHeader();
         usableHeight -= headerHeight;
     }
 
-    const double summaryHeight = (1.0 - noteHeightFraction) * usableHeight;
+    const double summaryHeight = (1.0 - page.noteHeightFraction) * usableHeight;
     Span boxes{summaryHeight, usableHeight};
     Span summary{0.0, summaryHeight};
-    if (!form.Value("CheckSummaryBottom")) {
+    if (!page.summaryIsBottom) {
         boxes = {0.0, usableHeight - summaryHeight};
         summary = {boxes.to, usableHeight};
     }
     DrawArea(cue, boxes);
     DrawArea(note, boxes);
     DrawArea({0.0, usableWidth}, summary);
-    DrawRuling(note, boxes, lineSpace);
+    DrawRuling(note, boxes);
+    if (page.drawsGrid) {
+        DrawColumns(note, boxes);
+    }
 }
 
-void CornellWindow::DrawHeader()
+void CornellDrawing::DrawHeader()
 {
-    const double topY = bottomMargin + usableHeight;
-    const Span wide{leftMargin, leftMargin + 0.68 * usableWidth};
-    const Span narrow{leftMargin + 0.7 * usableWidth, leftMargin + usableWidth};
-    DrawHeaderBox(wide, topY, 0.0, "Name", "EditName", 28.0);
-    DrawHeaderBox(narrow, topY, 0.0, "Date", "EditDate", 38.0);
-    DrawHeaderBox(wide, topY, headerRowPitch, "Topic", "EditTopic", 32.0);
-    DrawHeaderBox(narrow, topY, headerRowPitch, "Subject", "EditSubject", 38.0);
+    const Span wide{left, left + 0.68 * usableWidth};
+    const Span narrow{left + 0.7 * usableWidth, left + usableWidth};
+    DrawHeaderBox(wide, 0.0, "Name", page.name, 28.0);
+    DrawHeaderBox(narrow, 0.0, "Date", page.date, 38.0);
+    DrawHeaderBox(wide, headerRowPitch, "Topic", page.topic, 32.0);
+    DrawHeaderBox(narrow, headerRowPitch, "Subject", page.subject, 38.0);
 }
 
-void CornellWindow::DrawHeaderBox(Span across, double topY, double drop, std::string_view caption,
-                                  std::string_view field, double valueOffset)
+void CornellDrawing::DrawHeaderBox(Span across, double drop, std::string_view caption, const std::string& value,
+                                   double valueOffset)
 {
+    const double topY = bottom + usableHeight;
     DrawBox(across.from, topY - (drop + headerBoxHeight), across.to, topY - drop);
     pdf.SetFont(headerFont, captionSize);
     pdf.SetTextPos(across.from + 3.0, topY - (drop + 7.0));
     pdf.Show(caption);
-    pdf.SetFont(headerFont, form.Number("EditTextSize"));
+    pdf.SetFont(headerFont, page.textSize);
     pdf.SetTextPos(across.from + valueOffset, topY - (drop + 15.0));
-    pdf.Show(form.Text(field));
+    pdf.Show(value);
 }
 
-void CornellWindow::DrawBox(double left, double bottom, double right, double top)
+void CornellDrawing::DrawBox(double boxLeft, double boxBottom, double boxRight, double boxTop)
 {
-    pdf.MoveTo(left, top);
-    pdf.LineTo(right, top);
-    pdf.LineTo(right, bottom);
-    pdf.LineTo(left, bottom);
-    pdf.LineTo(left, top + LineThicknessCue / 2.0);  // half a line further, so that the corner closes square
+    pdf.MoveTo(boxLeft, boxTop);
+    pdf.LineTo(boxRight, boxTop);
+    pdf.LineTo(boxRight, boxBottom);
+    pdf.LineTo(boxLeft, boxBottom);
+    // Half a line further, so that the corner closes square.
+    pdf.LineTo(boxLeft, boxTop + page.LineThicknessCue / 2.0);
     pdf.Stroke();
 }
 
-void CornellWindow::DrawArea(Span across, Span up)
+void CornellDrawing::DrawArea(Span across, Span up)
 {
-    DrawBox(leftMargin + across.from, bottomMargin + up.from, leftMargin + across.to, bottomMargin + up.to);
+    DrawBox(left + across.from, bottom + up.from, left + across.to, bottom + up.to);
 }
 
-void CornellWindow::DrawRuling(Span across, Span up, double lineSpace)
+void CornellDrawing::DrawRuling(Span across, Span up)
 {
-    pdf.SetLineWidth(LineThicknessHorz);
-    for (double y = up.from; y <= up.to; y += lineSpace) {
-        StrokeLine(leftMargin + across.from, bottomMargin + y, leftMargin + across.to, bottomMargin + y);
-        RuntimeBackgroundTask();
-        if (!Advances(y, lineSpace)) {
+    pdf.SetLineWidth(page.LineThicknessHorz);
+    for (double y = up.from; y <= up.to; y += page.lineSpace) {
+        pdf.StrokeLine(left + across.from, bottom + y, left + across.to, bottom + y);
+        turns.RuntimeBackgroundTask();
+        if (!Advances(y, page.lineSpace)) {
             break;
         }
     }
-    if (!form.Value("CheckGrid")) {
-        return;
-    }
-    for (double x = leftMargin + across.from; x <= leftMargin + across.to; x += lineSpace) {
-        StrokeLine(x, bottomMargin + up.from, x, bottomMargin + up.to);
-        RuntimeBackgroundTask();
-        if (!Advances(x, lineSpace)) {
+}
+
+void CornellDrawing::DrawColumns(Span across, Span up)
+{
+    for (double x = left + across.from; x <= left + across.to; x += page.lineSpace) {
+        pdf.StrokeLine(x, bottom + up.from, x, bottom + up.to);
+        turns.RuntimeBackgroundTask();
+        if (!Advances(x, page.lineSpace)) {
             break;
         }
     }
+}
+
+}  // namespace
+
+void CornellForm::Event_Open(const Platform& platform)
+{
+    PaperForm::Event_Open(platform);
+    EditDate.SetText(platform.ShortDate());
+}
+
+SettingsTable Settings(CornellForm& form)
+{
+    using namespace settings;
+    return Concatenate({
+        Head(form),
+        {text(form.EditLineThicknessHorz)},
+        Margins(form),
+        {boolean(form.CheckBoxViewGraph), boolean(form.CheckBoxTopicArea), text(form.EditName), text(form.EditDate),
+         text(form.EditTopic), text(form.EditSubject), text(form.EditTextSize), text(form.EditHorzSpacing),
+         text(form.EditLineThicknessHorz),  // for the second time
+         boolean(form.CheckGrid), text(form.EditNoteWidth), text(form.EditNoteHeight), boolean(form.CheckCueLeft),
+         text(form.EditCueWeight), boolean(form.CheckSummaryBottom), color(form.LineColorCanvas), fileReference(),
+         inverseColor(form.BackgroundColorCanvas)},
+    });
+}
+
+CornellPage Read(const CornellForm& form)
+{
+    CornellPage page;
+    page.frame = form.ReadFrame(form.BackgroundColorCanvas, &form.LineColorCanvas);
+    page.LineThicknessHorz = form.EditLineThicknessHorz.Used();
+    page.LineThicknessCue = form.EditCueWeight.Used();
+    page.lineSpace = page.frame.unitPixels / form.EditHorzSpacing.Used();
+    page.noteWidthFraction = form.EditNoteWidth.Used() / 100.0;
+    page.noteHeightFraction = form.EditNoteHeight.Used() / 100.0;
+    page.drawsGrid = form.CheckGrid.Value();
+    page.cueIsLeft = form.CheckCueLeft.Value();
+    page.summaryIsBottom = form.CheckSummaryBottom.Value();
+    page.hasHeader = form.CheckBoxTopicArea.Value();
+    page.textSize = form.EditTextSize.Used();
+    page.name = form.EditName.Text();
+    page.date = form.EditDate.Text();
+    page.topic = form.EditTopic.Text();
+    page.subject = form.EditSubject.Text();
+    return page;
+}
+
+void Draw(const CornellPage& page, MyPDFGenerator& pdf, Turns& turns)
+{
+    CornellDrawing(page, pdf, turns).DoGraph();
 }
 
 }  // namespace linealis

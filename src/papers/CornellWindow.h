@@ -1,44 +1,118 @@
 #pragma once
 
-#include "pipeline/PaperWindow.h"
+#include "pipeline/Paper.h"
 
-#include <cstdint>
-#include <string_view>
+#include <string>
 
 namespace linealis {
 
 /// Cornell note paper: a cue column, a ruled note column and a summary box, under a header of four labelled boxes.
-class CornellWindow final : public PaperWindow {
-public:
-    static constexpr FileType settingsType{"Setc", "setc"};
+struct CornellForm final : PaperForm {
+    Label StaticText29{*this, Group::Spacing, "StaticText29", "Note Taking Area"};
+    TextField EditHorzSpacing{*this,
+                              Group::Spacing,
+                              "EditHorzSpacing",
+                              "Line Spacing:",
+                              "5",
+                              {.label = "StaticText25", .meaning = Meaning::LinesPerUnit}};
+    Label StaticHorzUnit{*this, Group::Spacing, "StaticHorzUnit", "-", {.beside = true}, {"per inch", "per cm"}};
+    TextField EditLineThicknessHorz{*this,
+                                    Group::Spacing,
+                                    "EditLineThicknessHorz",
+                                    "Line Weight:",
+                                    ".2",
+                                    {.label = "StaticText1", .beside = true, .meaning = Meaning::Weight}};
+    CheckBox CheckGrid{*this, Group::Spacing, "CheckGrid", "Grid", false, {.beside = true}};
+    TextField EditNoteWidth{*this,
+                            Group::Spacing,
+                            "EditNoteWidth",
+                            "Width:",
+                            "70",
+                            {.label = "StaticText27", .meaning = Meaning::Share}};
+    Label StaticText31{*this, Group::Spacing, "StaticText31", "%", {.beside = true}};
+    TextField EditNoteHeight{*this,
+                             Group::Spacing,
+                             "EditNoteHeight",
+                             "Height:",
+                             "83",
+                             {.label = "StaticText30", .beside = true, .meaning = Meaning::Share}};
+    Label StaticText32{*this, Group::Spacing, "StaticText32", "%", {.beside = true}};
+    CheckBox CheckCueLeft{*this, Group::Lines, "CheckCueLeft", "Cue Area on Left", true};
+    CheckBox CheckSummaryBottom{*this, Group::Lines, "CheckSummaryBottom", "Summary Area on Bottom", true,
+                                {.beside = true}};
+    TextField EditCueWeight{*this,
+                            Group::Lines,
+                            "EditCueWeight",
+                            "Line Weight:",
+                            ".5",
+                            {.label = "StaticText28", .meaning = Meaning::Weight}};
+    Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Line Color", black, {.label = "StaticText4"}};
+    Swatch BackgroundColorCanvas{*this,
+                                 Group::Lines,
+                                 "BackgroundColorCanvas",
+                                 "Background Color",
+                                 white,
+                                 {.label = "StaticText33", .beside = true}};
+    CheckBox CheckBoxTopicArea{*this, Group::Text, "CheckBoxTopicArea", "Topic Area", true};
+    TextField EditName{*this,
+                       Group::Text,
+                       "EditName",
+                       "Name:",
+                       "Ned Fallow",
+                       {.label = "StaticName", .enabledBy = &CheckBoxTopicArea, .meaning = Meaning::Prose}};
+    TextField EditDate{
+        *this,
+        Group::Text,
+        "EditDate",
+        "Date:",
+        "",
+        {.label = "StaticDate", .beside = true, .enabledBy = &CheckBoxTopicArea, .meaning = Meaning::Prose}};
+    TextField EditTopic{*this,
+                        Group::Text,
+                        "EditTopic",
+                        "Topic:",
+                        "English Term paper",
+                        {.label = "StaticTopic", .enabledBy = &CheckBoxTopicArea, .meaning = Meaning::Prose}};
+    TextField EditSubject{
+        *this,
+        Group::Text,
+        "EditSubject",
+        "Subject:",
+        "Writing",
+        {.label = "StaticSubject", .beside = true, .enabledBy = &CheckBoxTopicArea, .meaning = Meaning::Prose}};
+    TextField EditTextSize{
+        *this,
+        Group::Text,
+        "EditTextSize",
+        "Text Size:",
+        "12",
+        {.label = "StaticTextSize", .enabledBy = &CheckBoxTopicArea, .meaning = Meaning::FontSize}};
+    ShiftClickNote note{*this, "StaticText26"};
 
-    explicit CornellWindow(Platform& thePlatform);
-
-    void Event_Open() override;
-
-protected:
-    void ReadOwnValues() override;
-    void DoGraph() override;
-
-private:
-    struct Span {
-        double from;
-        double to;
-    };
-
-    void CheckBoxTopicArea_Action();
-    double Share(std::string_view field);
-    void DrawHeader();
-    /// A box `drop` points below the header's top, with its caption and the value of its field.
-    void DrawHeaderBox(Span across, double topY, double drop, std::string_view caption, std::string_view field,
-                       double valueOffset);
-    void DrawBox(double left, double bottom, double right, double top);
-    /// A box that counts from the left and the bottom margin.
-    void DrawArea(Span across, Span up);
-    void DrawRuling(Span across, Span up, double lineSpace);
-
-    double LineThicknessHorz = 0.0;  ///< points; of the ruling
-    double LineThicknessCue = 0.0;   ///< points; of the boxes
+    void Event_Open(const Platform& platform) override;
 };
+
+/// Lengths in points.
+struct CornellPage {
+    PageFrame frame;
+    double LineThicknessHorz = 0.0;  ///< of the ruling
+    double LineThicknessCue = 0.0;   ///< of the boxes
+    double lineSpace = 0.0;
+    double noteWidthFraction = 0.0;   ///< of the usable width, 0 to 1
+    double noteHeightFraction = 0.0;  ///< of the usable height, 0 to 1
+    bool drawsGrid = false;           ///< vertical lines in the ruling too
+    bool cueIsLeft = true;
+    bool summaryIsBottom = true;
+    bool hasHeader = true;
+    double textSize = 0.0;
+    std::string name;
+    std::string date;
+    std::string topic;
+    std::string subject;
+};
+
+SettingsTable Settings(CornellForm& form);
+CornellPage Read(const CornellForm& form);
+void Draw(const CornellPage& page, MyPDFGenerator& pdf, Turns& turns);
 
 }  // namespace linealis

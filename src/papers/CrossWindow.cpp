@@ -2,74 +2,43 @@
 
 namespace linealis {
 
-namespace {
-
-const ControlTable& OwnControls()
-{
-    static const ControlTable table = {
-        SpacingControls(
-            ".5", ".5",
-            {
-                // Lengths too, but a change of units leaves their numbers alone.
-                textField("EditCrossHeight", "Cross Height:", ".15")
-                    .Means(Meaning::Length)
-                    .LabelledBy("StaticText25"),
-                textField("EditCrossWidth", "Cross Width:", ".15")
-                    .Means(Meaning::Length)
-                    .LabelledBy("StaticText26"),
-                textField("EditCrossWeight", "Cross Weight:", "1").Means(Meaning::Weight).LabelledBy("StaticText3"),
-            }),
-        LineControls(
-            false,
-            {swatch("LineColorCanvas", "Cross Color").LabelledBy("StaticText4"),
-             swatch("LinesColorCanvas", "Line Color").LabelledBy("StaticText5").Beside(),
-             swatch("BackgroundColorCanvas", "Background Color", white).LabelledBy("StaticText28").Beside()}),
-        {Group::File, {shiftClickNote("StaticText27")}},
-    };
-    return table;
-}
-
-const SettingsTable& Settings()
+SettingsTable Settings(CrossForm& form)
 {
     using namespace settings;
-    static const SettingsTable table = Concatenate({
-        Head(),
-        {text("EditCrossWeight"), text("EditHorzSpacing"), text("EditVertSpacing"), text("EditCrossHeight"),
-         text("EditCrossWidth")},
-        Margins(),
-        {box("CheckBoxViewGraph"), colour("LineColorCanvas"), fileReference(), colour("LinesColorCanvas"),
-         box("CheckVertLines"), box("CheckHorzLines"), text("EditHorzWeight"), text("EditVertWeight"),
-         inverseColour("BackgroundColorCanvas")},
+    return Concatenate({
+        Head(form),
+        {text(form.EditCrossWeight), text(form.spacing.EditHorzSpacing), text(form.spacing.EditVertSpacing),
+         text(form.EditCrossHeight), text(form.EditCrossWidth)},
+        Margins(form),
+        {box(form.CheckBoxViewGraph), color(form.LineColorCanvas), fileReference(), color(form.LinesColorCanvas),
+         box(form.lines.CheckVertLines), box(form.lines.CheckHorzLines), text(form.lines.EditHorzWeight),
+         text(form.lines.EditVertWeight), inverseColor(form.BackgroundColorCanvas)},
     });
-    return table;
 }
 
-}  // namespace
-
-CrossWindow::CrossWindow(Platform& thePlatform)
-    : CellGridWindow(thePlatform, OwnControls(), Settings(), settingsType)
+CrossPage Read(const CrossForm& form)
 {
-    BindLineControls(form);
+    CrossPage page;
+    page.frame = form.ReadFrame(form.BackgroundColorCanvas, &form.LineColorCanvas);
+    page.cross = {.width = form.EditCrossWidth.Used() * page.frame.unitPixels,
+                  .height = form.EditCrossHeight.Used() * page.frame.unitPixels};
+    page.grid = FitCells(page.frame, form.spacing, form.lines, page.cross);
+    page.crossWeight = form.EditCrossWeight.Used();
+    page.crossColor = form.LineColorCanvas.Shown();
+    page.linesColor = form.LinesColorCanvas.Shown();
+    return page;
 }
 
-void CrossWindow::ReadOwnValues()
+void Draw(const CrossPage& page, MyPDFGenerator& pdf, Turns& turns)
 {
-    CellGridWindow::ReadOwnValues();
-    crossWeight = form.Number("EditCrossWeight");
-    crossHeight = form.Number("EditCrossHeight") * unitPixels;
-    crossWidth = form.Number("EditCrossWidth") * unitPixels;
-}
-
-void CrossWindow::DoGraph()
-{
-    FitCells(crossWidth, crossHeight);
-    pdf.SetRGBColor(form.ColorOf("LinesColorCanvas"));
-    DrawChosenLines();
-    pdf.SetLineWidth(crossWeight);
-    pdf.SetRGBColor(form.ColorOf("LineColorCanvas"));
-    ForEachCrossing([this](double x, double y) {
-        StrokeLine(x - crossWidth / 2.0, y, x + crossWidth / 2.0, y);
-        StrokeLine(x, y - crossHeight / 2.0, x, y + crossHeight / 2.0);
+    pdf.SetRGBColor(page.linesColor);
+    DrawChosenLines(page.grid, pdf, turns);
+    pdf.SetLineWidth(page.crossWeight);
+    pdf.SetRGBColor(page.crossColor);
+    const Mark& cross = page.cross;
+    ForEachCrossing(page.grid, turns, [&](double x, double y) {
+        pdf.StrokeLine(x - cross.width / 2.0, y, x + cross.width / 2.0, y);
+        pdf.StrokeLine(x, y - cross.height / 2.0, x, y + cross.height / 2.0);
     });
 }
 

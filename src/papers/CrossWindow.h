@@ -1,24 +1,57 @@
 #pragma once
 
-#include "papers/CellGridWindow.h"
+#include "papers/CellGrid.h"
+#include "pipeline/Paper.h"
 
 namespace linealis {
 
 /// A small cross at every crossing of a grid, whose lines are optional.
-class CrossWindow final : public CellGridWindow {
-public:
-    static constexpr FileType settingsType{"Setr", "setr"};
-
-    explicit CrossWindow(Platform& thePlatform);
-
-protected:
-    void ReadOwnValues() override;
-    void DoGraph() override;
-
-private:
-    double crossWeight = 0.0;  ///< points
-    double crossWidth = 0.0;   ///< points; the whole horizontal bar
-    double crossHeight = 0.0;  ///< points; the whole vertical bar
+struct CrossForm final : PaperForm {
+    SpacingFields spacing{*this, ".5", ".5"};
+    // Lengths too, but a change of units leaves their numbers alone.
+    TextField EditCrossHeight{*this,
+                              Group::Spacing,
+                              "EditCrossHeight",
+                              "Cross Height:",
+                              ".15",
+                              {.label = "StaticText25", .meaning = Meaning::Length}};
+    TextField EditCrossWidth{*this,
+                             Group::Spacing,
+                             "EditCrossWidth",
+                             "Cross Width:",
+                             ".15",
+                             {.label = "StaticText26", .meaning = Meaning::Length}};
+    TextField EditCrossWeight{*this,
+                              Group::Spacing,
+                              "EditCrossWeight",
+                              "Cross Weight:",
+                              "1",
+                              {.label = "StaticText3", .meaning = Meaning::Weight}};
+    LineFields lines{*this, false};
+    Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Cross Color", black, {.label = "StaticText4"}};
+    Swatch LinesColorCanvas{*this,        Group::Lines,
+                            "LinesColorCanvas", "Line Color",
+                            black,        {.label = "StaticText5", .beside = true}};
+    Swatch BackgroundColorCanvas{*this,
+                                 Group::Lines,
+                                 "BackgroundColorCanvas",
+                                 "Background Color",
+                                 white,
+                                 {.label = "StaticText28", .beside = true}};
+    ShiftClickNote note{*this, "StaticText27"};
 };
+
+struct CrossPage {
+    PageFrame frame;
+    Mark cross;  ///< the whole length of its two bars
+    CellGrid grid;
+    double crossWeight = 0.0;  ///< points
+    Color crossColor;
+    Color linesColor;
+};
+
+SettingsTable Settings(CrossForm& form);
+CrossPage Read(const CrossForm& form);
+void Draw(const CrossPage& page, MyPDFGenerator& pdf, Turns& turns);
 
 }  // namespace linealis

@@ -6,61 +6,41 @@ namespace {
 
 constexpr double roundCap = 1.0;
 
-const ControlTable& OwnControls()
-{
-    static const ControlTable table = {
-        SpacingControls(
-            ".5", ".5",
-            {
-                textField("EditDotWeight", "Dot Weight:", "1").Means(Meaning::Weight).LabelledBy("StaticText3"),
-            }),
-        LineControls(
-            false,
-            {swatch("LineColorCanvas", "Dot Color").LabelledBy("StaticText4"),
-             swatch("LinesColorCanvas", "Line Color").LabelledBy("StaticText5").Beside(),
-             swatch("BackgroundColorCanvas", "Background Color", white).LabelledBy("StaticText26").Beside()}),
-        {Group::File, {shiftClickNote("StaticText25")}},
-    };
-    return table;
-}
-
-const SettingsTable& Settings()
-{
-    using namespace settings;
-    static const SettingsTable table = Concatenate({
-        Head(),
-        {text("EditDotWeight"), text("EditHorzSpacing"), text("EditVertSpacing")},
-        Margins(),
-        {box("CheckBoxViewGraph"), colour("LineColorCanvas"), fileReference(), colour("LinesColorCanvas"),
-         box("CheckVertLines"), box("CheckHorzLines"), text("EditHorzWeight"), text("EditVertWeight"),
-         inverseColour("BackgroundColorCanvas")},
-    });
-    return table;
-}
-
 }  // namespace
 
-DotsWindow::DotsWindow(Platform& thePlatform) : CellGridWindow(thePlatform, OwnControls(), Settings(), settingsType)
+SettingsTable Settings(DotsForm& form)
 {
-    BindLineControls(form);
+    using namespace settings;
+    return Concatenate({
+        Head(form),
+        {text(form.EditDotWeight), text(form.spacing.EditHorzSpacing), text(form.spacing.EditVertSpacing)},
+        Margins(form),
+        {box(form.CheckBoxViewGraph), color(form.LineColorCanvas), fileReference(), color(form.LinesColorCanvas),
+         box(form.lines.CheckVertLines), box(form.lines.CheckHorzLines), text(form.lines.EditHorzWeight),
+         text(form.lines.EditVertWeight), inverseColor(form.BackgroundColorCanvas)},
+    });
 }
 
-void DotsWindow::ReadOwnValues()
+DotsPage Read(const DotsForm& form)
 {
-    CellGridWindow::ReadOwnValues();
-    dotWeight = form.Number("EditDotWeight");
+    DotsPage page;
+    page.frame = form.ReadFrame(form.BackgroundColorCanvas, &form.LineColorCanvas);
+    page.grid = FitCells(page.frame, form.spacing, form.lines);
+    page.dotWeight = form.EditDotWeight.Used();
+    page.dotColor = form.LineColorCanvas.Shown();
+    page.linesColor = form.LinesColorCanvas.Shown();
+    return page;
 }
 
-void DotsWindow::DoGraph()
+void Draw(const DotsPage& page, MyPDFGenerator& pdf, Turns& turns)
 {
-    FitCells();
-    pdf.SetRGBColor(form.ColorOf("LinesColorCanvas"));
-    DrawChosenLines();
+    pdf.SetRGBColor(page.linesColor);
+    DrawChosenLines(page.grid, pdf, turns);
     // A line of no length with a round cap prints as a disc as wide as the line.
-    pdf.SetLineWidth(dotWeight);
+    pdf.SetLineWidth(page.dotWeight);
     pdf.SetLineCap(roundCap);
-    pdf.SetRGBColor(form.ColorOf("LineColorCanvas"));
-    ForEachCrossing([this](double x, double y) { StrokeLine(x, y, x, y); });
+    pdf.SetRGBColor(page.dotColor);
+    ForEachCrossing(page.grid, turns, [&](double x, double y) { pdf.StrokeLine(x, y, x, y); });
 }
 
 }  // namespace linealis

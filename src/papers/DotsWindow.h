@@ -1,22 +1,43 @@
 #pragma once
 
-#include "papers/CellGridWindow.h"
+#include "papers/CellGrid.h"
+#include "pipeline/Paper.h"
 
 namespace linealis {
 
 /// A round dot at every crossing of a grid, whose lines are optional.
-class DotsWindow final : public CellGridWindow {
-public:
-    static constexpr FileType settingsType{"Setd", "setd"};
-
-    explicit DotsWindow(Platform& thePlatform);
-
-protected:
-    void ReadOwnValues() override;
-    void DoGraph() override;
-
-private:
-    double dotWeight = 0.0;  ///< points; the diameter of a dot
+struct DotsForm final : PaperForm {
+    SpacingFields spacing{*this, ".5", ".5"};
+    TextField EditDotWeight{*this,
+                            Group::Spacing,
+                            "EditDotWeight",
+                            "Dot Weight:",
+                            "1",
+                            {.label = "StaticText3", .meaning = Meaning::Weight}};
+    LineFields lines{*this, false};
+    Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Dot Color", black, {.label = "StaticText4"}};
+    Swatch LinesColorCanvas{*this,        Group::Lines,
+                            "LinesColorCanvas", "Line Color",
+                            black,        {.label = "StaticText5", .beside = true}};
+    Swatch BackgroundColorCanvas{*this,
+                                 Group::Lines,
+                                 "BackgroundColorCanvas",
+                                 "Background Color",
+                                 white,
+                                 {.label = "StaticText26", .beside = true}};
+    ShiftClickNote note{*this, "StaticText25"};
 };
+
+struct DotsPage {
+    PageFrame frame;
+    CellGrid grid;
+    double dotWeight = 0.0;  ///< points; the diameter of a dot
+    Color dotColor;
+    Color linesColor;
+};
+
+SettingsTable Settings(DotsForm& form);
+DotsPage Read(const DotsForm& form);
+void Draw(const DotsPage& page, MyPDFGenerator& pdf, Turns& turns);
 
 }  // namespace linealis

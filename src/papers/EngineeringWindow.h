@@ -1,24 +1,73 @@
 #pragma once
 
-#include "pipeline/PaperWindow.h"
+#include "pipeline/Paper.h"
 
 namespace linealis {
 
 /// Engineering pad paper: a grid given in lines per unit, laid from the left and bottom margins, with a band free
 /// of horizontal lines at the top and one free of vertical lines at the left.
-class EngineeringWindow final : public PaperWindow {
-public:
-    static constexpr FileType settingsType{"Sete", "sete"};
-
-    explicit EngineeringWindow(Platform& thePlatform);
-
-protected:
-    void ReadOwnValues() override;
-    void DoGraph() override;
-
-private:
-    double LineThicknessHorz = 0.0;  ///< points; of the horizontal lines
-    double LineThicknessVert = 0.0;  ///< points; of the vertical lines
+struct EngineeringForm final : PaperForm {
+    TextField EditHorzSpacing{*this,
+                              Group::Spacing,
+                              "EditHorzSpacing",
+                              "Horizontal Grid Spacing:",
+                              "5",
+                              {.label = "StaticText25", .meaning = Meaning::LinesPerUnit}};
+    Label StaticHorzUnit{*this, Group::Spacing, "StaticHorzUnit", "-", {.beside = true}, {"per inch", "per cm"}};
+    TextField EditLineThicknessHorz{*this,
+                                    Group::Spacing,
+                                    "EditLineThicknessHorz",
+                                    "Line Weight:",
+                                    ".3",
+                                    {.label = "StaticText1", .beside = true, .meaning = Meaning::Weight}};
+    TextField EditBlankTop{*this,
+                           Group::Spacing,
+                           "EditBlankTop",
+                           "Blank Lines on Top:",
+                           "3",
+                           {.label = "StaticText27", .beside = true, .meaning = Meaning::Count}};
+    TextField EditVertiSpacing{*this,
+                               Group::Spacing,
+                               "EditVertiSpacing",
+                               "Vertical Grid Spacing:",
+                               "5",
+                               {.label = "StaticText26", .meaning = Meaning::LinesPerUnit}};
+    Label StaticvertUnit{*this, Group::Spacing, "StaticvertUnit", "-", {.beside = true}, {"per inch", "per cm"}};
+    TextField EditLineThicknessVert{*this,
+                                    Group::Spacing,
+                                    "EditLineThicknessVert",
+                                    "Line Weight:",
+                                    ".15",
+                                    {.label = "StaticText24", .beside = true, .meaning = Meaning::Weight}};
+    TextField EditBlankLeft{*this,
+                            Group::Spacing,
+                            "EditBlankLeft",
+                            "Blank Lines on Left:",
+                            "5",
+                            {.label = "StaticText28", .beside = true, .meaning = Meaning::Count}};
+    Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Line Color", black, {.label = "StaticText4"}};
+    Swatch BackgroundColorCanvas{*this,
+                                 Group::Lines,
+                                 "BackgroundColorCanvas",
+                                 "Background Color",
+                                 white,
+                                 {.label = "StaticText30", .beside = true}};
+    ShiftClickNote note{*this, "StaticText29"};
 };
+
+/// Lengths in points.
+struct EngineeringPage {
+    PageFrame frame;
+    double LineThicknessHorz = 0.0;  ///< of the horizontal lines
+    double LineThicknessVert = 0.0;  ///< of the vertical lines
+    double columnSpace = 0.0;
+    double rowSpace = 0.0;
+    double blankTop = 0.0;   ///< lines left out, whole; negative: lines added
+    double blankLeft = 0.0;  ///< likewise
+};
+
+SettingsTable Settings(EngineeringForm& form);
+EngineeringPage Read(const EngineeringForm& form);
+void Draw(const EngineeringPage& page, MyPDFGenerator& pdf, Turns& turns);
 
 }  // namespace linealis

@@ -2,46 +2,29 @@
 
 namespace linealis {
 
-namespace {
-
-const ControlTable& OwnControls()
-{
-    static const ControlTable table = {
-        SpacingControls(".25", ".25"),
-        LineControls(
-            true, {swatch("LinesColorCanvas", "Line Color").LabelledBy("StaticText5"),
-                   swatch("BackgroundColorCanvas", "Background Color", white).LabelledBy("StaticText28").Beside()}),
-        {Group::File, {shiftClickNote("StaticText27")}},
-    };
-    return table;
-}
-
-const SettingsTable& Settings()
+SettingsTable Settings(GridForm& form)
 {
     using namespace settings;
-    static const SettingsTable table = Concatenate({
-        Head(),
-        {text("EditHorzSpacing"), text("EditVertSpacing")},
-        Margins(),
-        {box("CheckBoxViewGraph"), fileReference(), colour("LinesColorCanvas"), box("CheckVertLines"),
-         box("CheckHorzLines"), text("EditHorzWeight"), text("EditVertWeight"),
-         inverseColour("BackgroundColorCanvas")},
+    return Concatenate({
+        Head(form),
+        {text(form.spacing.EditHorzSpacing), text(form.spacing.EditVertSpacing)},
+        Margins(form),
+        {box(form.CheckBoxViewGraph), fileReference(), color(form.LinesColorCanvas),
+         box(form.lines.CheckVertLines), box(form.lines.CheckHorzLines), text(form.lines.EditHorzWeight),
+         text(form.lines.EditVertWeight), inverseColor(form.BackgroundColorCanvas)},
     });
-    return table;
 }
 
-}  // namespace
-
-GridWindow::GridWindow(Platform& thePlatform) : CellGridWindow(thePlatform, OwnControls(), Settings(), settingsType)
+GridPage Read(const GridForm& form)
 {
-    BindLineControls(form);
+    const PageFrame frame = form.ReadFrame(form.BackgroundColorCanvas, nullptr);
+    return {frame, FitCells(frame, form.spacing, form.lines), form.LinesColorCanvas.Shown()};
 }
 
-void GridWindow::DoGraph()
+void Draw(const GridPage& page, MyPDFGenerator& pdf, Turns& turns)
 {
-    FitCells();
-    pdf.SetRGBColor(form.ColorOf("LinesColorCanvas"));
-    DrawChosenLines();
+    pdf.SetRGBColor(page.linesColor);
+    DrawChosenLines(page.grid, pdf, turns);
 }
 
 }  // namespace linealis

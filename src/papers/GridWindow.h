@@ -1,18 +1,32 @@
 #pragma once
 
-#include "papers/CellGridWindow.h"
+#include "papers/CellGrid.h"
+#include "pipeline/Paper.h"
 
 namespace linealis {
 
 /// A grid of horizontal and vertical lines.
-class GridWindow final : public CellGridWindow {
-public:
-    static constexpr FileType settingsType{"Setx", "setx"};
-
-    explicit GridWindow(Platform& thePlatform);
-
-protected:
-    void DoGraph() override;
+struct GridForm final : PaperForm {
+    SpacingFields spacing{*this, ".25", ".25"};
+    LineFields lines{*this, true};
+    Swatch LinesColorCanvas{*this, Group::Lines, "LinesColorCanvas", "Line Color", black, {.label = "StaticText5"}};
+    Swatch BackgroundColorCanvas{*this,
+                                 Group::Lines,
+                                 "BackgroundColorCanvas",
+                                 "Background Color",
+                                 white,
+                                 {.label = "StaticText28", .beside = true}};
+    ShiftClickNote note{*this, "StaticText27"};
 };
+
+struct GridPage {
+    PageFrame frame;
+    CellGrid grid;
+    Color linesColor;
+};
+
+SettingsTable Settings(GridForm& form);
+GridPage Read(const GridForm& form);
+void Draw(const GridPage& page, MyPDFGenerator& pdf, Turns& turns);
 
 }  // namespace linealis

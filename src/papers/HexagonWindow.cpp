@@ -1,137 +1,163 @@
 #include "papers/HexagonWindow.h"
 
 #include "pdf/Numbers.h"
-
-#include <cmath>
+#include "pdf/Units.h"
 
 namespace linealis {
 
 namespace {
 
-const ControlTable& OwnControls()
+class HexagonDrawing {
+public:
+    HexagonDrawing(const HexagonPage& thePage, MyPDFGenerator& thePdf, Turns& theTurns)
+        : page(thePage), pdf(thePdf), turns(theTurns), area(UsableArea(thePage.frame))
+    {}
+
+    void DoGraph();
+
+private:
+    void FitAcross();
+    void FitUp();
+    void DrawHexagons();
+    void DrawHexagon(double x, double y);
+    void DrawJoiningLines();
+    void ClipToGrid(double x1, double y1, double x2, double y2);
+    /// Calls draw(column, height of the row above the grid's bottom) for every cell, row by row from the bottom.
+    template <typename DrawCell>
+    void ForEachCell(DrawCell drawCell);
+
+    const HexagonPage& page;
+    MyPDFGenerator& pdf;
+    Turns& turns;
+    Area area;  ///< the room between the margins, and once it is fitted, the grid
+    const double side = page.side;
+    const double cellHeight = page.cellHeight;
+    double numAcross = 0.0;       ///< whole
+    double numberVertical = 0.0;  ///< whole
+};
+
+void HexagonDrawing::DoGraph()
 {
-    static const ControlTable table =
-        CellSizeControls({textField("EditLineThickness", "Line Weight:", ".3").Means(Meaning::Weight),
-                          textField("EditMinorLineThickness", "Minor Line Weight:", ".15").Means(Meaning::Weight)},
-                         {});
-    return table;
-}
-
-const SettingsTable& Settings()
-{
-    static const SettingsTable table = CellSizeSettings({});
-    return table;
-}
-
-}  // namespace
-
-HexagonWindow::HexagonWindow(Platform& thePlatform)
-    : CellSizeWindow(thePlatform, OwnControls(), Settings(), settingsType)
-{}
-
-void HexagonWindow::DoGraph()
-{
-    MeasureUsableArea();
-    MeasureCells();
     const bool canFit = side > 0.0;  // a size of 0 or less has nothing to fit
     if (canFit) {
         FitAcross();
         FitUp();
     }
-    pdf.SetLineWidth(minorLineThickness);
-    DrawFrame();
-    pdf.SetLineWidth(LineThickness);
+    pdf.SetLineWidth(page.minorLineThickness);
+    if (page.drawsFrame) {
+        DrawFrame(area, pdf);
+    }
+    pdf.SetLineWidth(page.LineThickness);
     if (canFit && numAcross >= 1.0) {
         DrawHexagons();
         DrawJoiningLines();
     }
 }
 
-void HexagonWindow::MeasureCells()
-{
-    const double size = form.Number("EditSize");
-    side = size * unitPixels;
-    doubleSide = (2.0 * size) * unitPixels;
-    cellHeight = (size * (2.0 * std::sqrt(0.75))) * unitPixels;
-}
-
-void HexagonWindow::FitAcross()
+void HexagonDrawing::FitAcross()
 {
     numAcross = 1.0;
-    double x = doubleSide;
-    while (usableWidth >= x) {
+    double x = page.doubleSide;
+    while (area.width >= x) {
         numAcross += 1.0;
         x = x + 1.5 * side;
-        RuntimeBackgroundTask();
+        turns.RuntimeBackgroundTask();
     }
     numAcross -= 1.0;
     x = x - 1.5 * side;
-    const double halfRest = (usableWidth - x) / 2.0;
-    usableWidth = x;
-    leftMargin = leftMargin + halfRest;
-    rightMargin = rightMargin + halfRest;
+    const double halfRest = (area.width - x) / 2.0;
+    area.width = x;
+    area.left = area.left + halfRest;
 }
 
-void HexagonWindow::FitUp()
+void HexagonDrawing::FitUp()
 {
-    numberVertical = static_cast<double>(truncated(usableHeight / cellHeight));
+    numberVertical = static_cast<double>(truncated(area.height / cellHeight));
     const double gridHeight = cellHeight * numberVertical;
-    const double halfRest = (usableHeight - gridHeight) / 2.0;
-    topMargin = topMargin + halfRest;
-    bottomMargin = bottomMargin + halfRest;
-    usableHeight = gridHeight;
+    const double halfRest = (area.height - gridHeight) / 2.0;
+    area.bottom = area.bottom + halfRest;
+    area.height = gridHeight;
 }
 
-void HexagonWindow::Clip(double x1, double y1, double x2, double y2)
+void HexagonDrawing::ClipToGrid(double x1, double y1, double x2, double y2)
 {
-    pdf.ClipLine(x1, y1, x2, y2, leftMargin, bottomMargin, usableWidth, usableHeight);
+    Clip(area, x1, y1, x2, y2, pdf);
 }
 
-void HexagonWindow::DrawHexagons()
+template <typename DrawCell>
+void HexagonDrawing::ForEachCell(DrawCell drawCell)
 {
     double yOff = 0.0;
     for (double row = 0.0; row < numberVertical; row += 1.0) {
-        // A column here is two of the fitting, so the later ones lie outside and draw nothing.
         for (double column = 0.0; column < numAcross; column += 1.0) {
-            const double x = (side / 2.0 + column * doubleSide) + side * column;
-            if (usableWidth >= x) {
-                DrawHexagon(leftMargin + x, bottomMargin + yOff);
-            }
-            RuntimeBackgroundTask();
+            drawCell(column, yOff);
+            turns.RuntimeBackgroundTask();
         }
         yOff = yOff + cellHeight;
     }
 }
 
-void HexagonWindow::DrawHexagon(double x, double y)
+void HexagonDrawing::DrawHexagons()
+{
+    ForEachCell([this](double column, double yOff) {
+        // A column here is two of the fitting, so the later ones lie outside and draw nothing.
+        const double x = (side / 2.0 + column * page.doubleSide) + side * column;
+        if (area.width >= x) {
+            DrawHexagon(area.left + x, area.bottom + yOff);
+        }
+    });
+}
+
+void HexagonDrawing::DrawHexagon(double x, double y)
 {
     const double right = x + side;
     const double middle = y + cellHeight / 2.0;
     const double top = y + cellHeight;
     const double farLeft = x - side / 2.0;
     const double farRight = x + (side * 3.0) / 2.0;
-    Clip(x, y, right, y);
-    Clip(x, y, farLeft, middle);
-    Clip(farLeft, middle, x, top);
-    Clip(right, y, farRight, middle);
-    Clip(farRight, middle, right, top);
-    Clip(x, top, right, top);
+    ClipToGrid(x, y, right, y);
+    ClipToGrid(x, y, farLeft, middle);
+    ClipToGrid(farLeft, middle, x, top);
+    ClipToGrid(right, y, farRight, middle);
+    ClipToGrid(farRight, middle, right, top);
+    ClipToGrid(x, top, right, top);
 }
 
-void HexagonWindow::DrawJoiningLines()
+void HexagonDrawing::DrawJoiningLines()
 {
-    double yOff = 0.0;
-    for (double row = 0.0; row < numberVertical; row += 1.0) {
-        for (double column = 0.0; column < numAcross; column += 1.0) {
-            const double x = (column + 1.0) * doubleSide + column * side;
-            if (usableWidth >= x) {
-                const double y = bottomMargin + yOff + cellHeight / 2.0;
-                Clip(leftMargin + x, y, leftMargin + x + side, y);
-            }
-            RuntimeBackgroundTask();
+    ForEachCell([this](double column, double yOff) {
+        const double x = (column + 1.0) * page.doubleSide + column * side;
+        if (area.width >= x) {
+            const double y = area.bottom + yOff + cellHeight / 2.0;
+            ClipToGrid(area.left + x, y, area.left + x + side, y);
         }
-        yOff = yOff + cellHeight;
-    }
+    });
+}
+
+}  // namespace
+
+SettingsTable Settings(HexagonForm& form)
+{
+    return CellSizeSettings(form, form.cell, form.outline);
+}
+
+HexagonPage Read(const HexagonForm& form)
+{
+    HexagonPage page;
+    page.frame = form.ReadFrame(form.outline.BackgroundColorCanvas, &form.outline.LineColorCanvas);
+    const double size = form.cell.EditSize.Used();
+    page.side = size * page.frame.unitPixels;
+    page.doubleSide = (2.0 * size) * page.frame.unitPixels;
+    page.cellHeight = (size * (2.0 * cosine30)) * page.frame.unitPixels;
+    page.LineThickness = form.cell.EditLineThickness.Used();
+    page.minorLineThickness = form.minor.EditMinorLineThickness.Used();
+    page.drawsFrame = form.outline.CheckBoxFrame.Value();
+    return page;
+}
+
+void Draw(const HexagonPage& page, MyPDFGenerator& pdf, Turns& turns)
+{
+    HexagonDrawing(page, pdf, turns).DoGraph();
 }
 
 }  // namespace linealis

@@ -1,62 +1,51 @@
 #include "papers/IsometricWindow.h"
 
+#include "pdf/Units.h"
 #include "pipeline/Fitting.h"
-
-#include <cmath>
 
 namespace linealis {
 
 namespace {
 
-// The slope of 30 degrees, as cosine and sine. Never as a tangent, which would differ in the last bit.
-const double cosine = std::sqrt(0.75);
-constexpr double sine = 0.5;
+// The slope of 30 degrees stands as cosine and sine, never as a tangent, which would differ in the last bit.
+class IsometricDrawing {
+public:
+    IsometricDrawing(const IsometricPage& page, MyPDFGenerator& thePdf, Turns& theTurns)
+        : size(page.size), area(UsableArea(page.frame)), pdf(thePdf), turns(theTurns)
+    {}
 
-const ControlTable& OwnControls()
+    void DrawFromBottomEdge();
+    void DrawRisingFromLeftEdge();
+    void DrawFallingFromLeftAndTopEdge();
+
+private:
+    /// A line of the pattern, in points from the lower left corner of the usable area.
+    void DrawLine(double x1, double y1, double x2, double y2);
+    /// Both return the height at which the last line, if there was one, has reached the right edge.
+    double DrawFallingFromLeftEdge();
+    void DrawFallingFromTopEdge(double y);
+
+    double size;
+    Area area;
+    MyPDFGenerator& pdf;
+    Turns& turns;
+    const double usableWidth = area.width;
+    const double usableHeight = area.height;
+};
+
+void IsometricDrawing::DrawLine(double x1, double y1, double x2, double y2)
 {
-    static const ControlTable table =
-        CellSizeControls({textField("EditLineThickness", "Line Weight:", ".15").Means(Meaning::Weight)}, {});
-    return table;
+    pdf.StrokeLine(area.left + x1, area.bottom + y1, area.left + x2, area.bottom + y2);
+    turns.RuntimeBackgroundTask();
 }
 
-const SettingsTable& Settings()
+void IsometricDrawing::DrawFromBottomEdge()
 {
-    static const SettingsTable table = CellSizeSettings({});
-    return table;
-}
-
-}  // namespace
-
-IsometricWindow::IsometricWindow(Platform& thePlatform)
-    : CellSizeWindow(thePlatform, OwnControls(), Settings(), settingsType)
-{}
-
-void IsometricWindow::DrawLine(double x1, double y1, double x2, double y2)
-{
-    StrokeLine(leftMargin + x1, bottomMargin + y1, leftMargin + x2, bottomMargin + y2);
-    RuntimeBackgroundTask();
-}
-
-void IsometricWindow::DoGraph()
-{
-    MeasureUsableArea();
-    pdf.SetLineWidth(LineThickness);
-    DrawFrame();
-    const double size = CellSize();
-    if (size > 0.0) {
-        DrawFromBottomEdge(size);
-        DrawRisingFromLeftEdge(size);
-        DrawFallingFromLeftAndTopEdge(size);
-    }
-}
-
-void IsometricWindow::DrawFromBottomEdge(double size)
-{
-    const double step = cosine * size;
+    const double step = cosine30 * size;
     double x = 0.0;
     while (usableWidth > x) {
         // Not limited at the top: on a paper much wider than high it ends above the usable area.
-        DrawLine(x, 0.0, usableWidth, ((usableWidth - x) * sine) / cosine);
+        DrawLine(x, 0.0, usableWidth, ((usableWidth - x) * sine30) / cosine30);
         DrawLine(x, 0.0, x, usableHeight);
         if (!Advances(x, step)) {
             break;
@@ -69,15 +58,15 @@ void IsometricWindow::DrawFromBottomEdge(double size)
     }
 }
 
-void IsometricWindow::DrawRisingFromLeftEdge(double size)
+void IsometricDrawing::DrawRisingFromLeftEdge()
 {
     double y = size;
     while (usableHeight > y) {
         double xEnd = usableWidth;
-        double yEnd = (usableWidth * sine) / cosine + y;
+        double yEnd = (usableWidth * sine30) / cosine30 + y;
         if (yEnd > usableHeight) {
             yEnd = usableHeight;
-            xEnd = ((usableHeight - y) * cosine) / sine;
+            xEnd = ((usableHeight - y) * cosine30) / sine30;
         }
         DrawLine(0.0, y, xEnd, yEnd);
         if (!Advances(y, size)) {
@@ -87,15 +76,21 @@ void IsometricWindow::DrawRisingFromLeftEdge(double size)
     }
 }
 
-void IsometricWindow::DrawFallingFromLeftAndTopEdge(double size)
+void IsometricDrawing::DrawFallingFromLeftAndTopEdge()
+{
+    // The same family goes on from the top edge, at the same spacing along the right edge.
+    DrawFallingFromTopEdge(DrawFallingFromLeftEdge() + size);
+}
+
+double IsometricDrawing::DrawFallingFromLeftEdge()
 {
     double y = 0.0;
     double yEnd = 0.0;
     while (usableHeight > y) {
-        double xEnd = (y * cosine) * 2.0;
+        double xEnd = (y * cosine30) * 2.0;
         yEnd = 0.0;
         if (xEnd > usableWidth) {
-            yEnd = 0.0 + ((xEnd - usableWidth) / cosine) / 2.0;
+            yEnd = 0.0 + ((xEnd - usableWidth) / cosine30) / 2.0;
             xEnd = usableWidth;
         }
         DrawLine(0.0, y, xEnd, yEnd);
@@ -104,17 +99,48 @@ void IsometricWindow::DrawFallingFromLeftAndTopEdge(double size)
         }
         y = y + size;
     }
-    // The same family goes on from the top edge, at the same spacing along the right edge.
-    y = yEnd + size;
+    return yEnd;
+}
+
+void IsometricDrawing::DrawFallingFromTopEdge(double y)
+{
     while (usableHeight > y) {
-        const double d = ((usableHeight - y) * cosine) * 2.0;
-        StrokeLine(leftMargin + usableWidth, bottomMargin + y, leftMargin + usableWidth - d,
-                   bottomMargin + usableHeight);
-        RuntimeBackgroundTask();
+        const double d = ((usableHeight - y) * cosine30) * 2.0;
+        pdf.StrokeLine(area.left + usableWidth, area.bottom + y, area.left + usableWidth - d,
+                       area.bottom + usableHeight);
+        turns.RuntimeBackgroundTask();
         if (!Advances(y, size)) {
             break;
         }
         y = y + size;
+    }
+}
+
+}  // namespace
+
+SettingsTable Settings(IsometricForm& form)
+{
+    return CellSizeSettings(form, form.cell, form.outline);
+}
+
+IsometricPage Read(const IsometricForm& form)
+{
+    const PageFrame frame = form.ReadFrame(form.outline.BackgroundColorCanvas, &form.outline.LineColorCanvas);
+    return {frame, form.cell.EditSize.Used() * frame.unitPixels, form.cell.EditLineThickness.Used(),
+            form.outline.CheckBoxFrame.Value()};
+}
+
+void Draw(const IsometricPage& page, MyPDFGenerator& pdf, Turns& turns)
+{
+    pdf.SetLineWidth(page.LineThickness);
+    if (page.drawsFrame) {
+        DrawFrame(UsableArea(page.frame), pdf);
+    }
+    if (page.size > 0.0) {
+        IsometricDrawing drawing(page, pdf, turns);
+        drawing.DrawFromBottomEdge();
+        drawing.DrawRisingFromLeftEdge();
+        drawing.DrawFallingFromLeftAndTopEdge();
     }
 }
 

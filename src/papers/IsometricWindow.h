@@ -1,26 +1,25 @@
 #pragma once
 
-#include "papers/CellSizeWindow.h"
+#include "papers/CellSize.h"
 
 namespace linealis {
 
 /// Verticals and two families of lines that rise and fall at 30 degrees: a triangular grid for isometric views.
-class IsometricWindow final : public CellSizeWindow {
-public:
-    static constexpr FileType settingsType{"Seti", "seti"};
-
-    explicit IsometricWindow(Platform& thePlatform);
-
-protected:
-    void DoGraph() override;
-
-private:
-    /// A line of the pattern, in points from the lower left corner of the usable area.
-    void DrawLine(double x1, double y1, double x2, double y2);
-
-    void DrawFromBottomEdge(double size);
-    void DrawRisingFromLeftEdge(double size);
-    void DrawFallingFromLeftAndTopEdge(double size);
+struct IsometricForm final : PaperForm {
+    CellSizeFields cell{*this, ".15"};
+    CellFrameFields outline{*this};
 };
+
+/// Lengths in points.
+struct IsometricPage {
+    PageFrame frame;
+    double size = 0.0;  ///< along a vertical, between two lines of a slanted family
+    double LineThickness = 0.0;
+    bool drawsFrame = true;
+};
+
+SettingsTable Settings(IsometricForm& form);
+IsometricPage Read(const IsometricForm& form);
+void Draw(const IsometricPage& page, MyPDFGenerator& pdf, Turns& turns);
 
 }  // namespace linealis

@@ -1,95 +1,53 @@
 #include "papers/LinedWindow.h"
 
-#include "papers/Ruling.h"
 #include "pipeline/Fitting.h"
-
-#include <algorithm>
 
 namespace linealis {
 
-namespace {
-
-const ControlTable& OwnControls()
-{
-    static const ControlTable table = {
-        {Group::Spacing,
-         {
-             textField("EditHorzSpacing", "Line Spacing:", "5")
-                 .Means(Meaning::LinesPerUnit)
-                 .LabelledBy("StaticText25"),
-             unitLabel("StaticHorzUnit", "per inch", "per cm").Beside(),
-             textField("EditBlankTop", "Blank Lines on Top:", "3").Means(Meaning::Count).LabelledBy("StaticText27"),
-             textField("EditLineThicknessHorz", "Line Weight:", ".2")
-                 .Means(Meaning::Weight)
-                 .LabelledBy("StaticText1")
-                 .Beside(),
-         }},
-        {Group::Lines,
-         {
-             checkBox("CheckBoxDrawVertical", "Draw Vertical Line", true),
-             textField("EditBlankLeft", "Offset From left:", "1")
-                 .Means(Meaning::WholeUnits)
-                 .LabelledBy("StaticText28"),
-             unitLabel("StaticvertUnit", "per inch", "per cm").Beside(),
-             textField("EditLineThicknessVert", "Line Weight:", ".5")
-                 .Means(Meaning::Weight)
-                 .LabelledBy("StaticText24")
-                 .Beside(),
-             swatch("LineColorCanvas", "Line Color").LabelledBy("StaticText4"),
-             swatch("BackgroundColorCanvas", "Background Color", white).LabelledBy("StaticText29").Beside(),
-         }},
-        {Group::File, {shiftClickNote("StaticText26")}},
-    };
-    return table;
-}
-
-const SettingsTable& Settings()
+SettingsTable Settings(LinedForm& form)
 {
     using namespace settings;
-    static const SettingsTable table = Concatenate({
-        Head(),
-        {text("EditLineThicknessHorz"), text("EditLineThicknessVert")},
-        Margins(),
-        {box("CheckBoxViewGraph"), text("EditHorzSpacing"), text("EditBlankTop"), text("EditBlankLeft"),
-         colour("LineColorCanvas"), fileReference(), inverseColour("BackgroundColorCanvas"),
-         boolean("CheckBoxDrawVertical")},
+    return Concatenate({
+        Head(form),
+        {text(form.EditLineThicknessHorz), text(form.EditLineThicknessVert)},
+        Margins(form),
+        {box(form.CheckBoxViewGraph), text(form.EditHorzSpacing), text(form.EditBlankTop),
+         text(form.EditBlankLeft), color(form.LineColorCanvas), fileReference(),
+         inverseColor(form.BackgroundColorCanvas), boolean(form.CheckBoxDrawVertical)},
     });
-    return table;
 }
 
-}  // namespace
-
-LinedWindow::LinedWindow(Platform& thePlatform) : PaperWindow(thePlatform, OwnControls(), Settings(), settingsType)
-{}
-
-void LinedWindow::ReadOwnValues()
+LinedPage Read(const LinedForm& form)
 {
-    LineThicknessHorz = form.Number("EditLineThicknessHorz");
-    LineThicknessVert = form.Number("EditLineThicknessVert");
-}
-
-void LinedWindow::DoGraph()
-{
-    MeasureUsableArea();
-    const double lineSpace = unitPixels / LinesPerUnit(form, "EditHorzSpacing");
-    const auto blankTop = static_cast<double>(truncated(form.Number("EditBlankTop")));
+    LinedPage page;
+    page.frame = form.ReadFrame(form.BackgroundColorCanvas, &form.LineColorCanvas);
+    page.LineThicknessHorz = form.EditLineThicknessHorz.Used();
+    page.LineThicknessVert = form.EditLineThicknessVert.Used();
+    page.lineSpace = page.frame.unitPixels / form.EditHorzSpacing.Used();
+    page.blankTop = form.EditBlankTop.Used();
     // A whole number of units, and of points as well.
-    const auto units = static_cast<double>(std::max<std::int64_t>(truncated(form.Number("EditBlankLeft")), 0));
-    const auto offset = static_cast<double>(truncated(units * unitPixels));
+    page.offset = static_cast<double>(truncated(form.EditBlankLeft.Used() * page.frame.unitPixels));
+    page.drawsVertical = form.CheckBoxDrawVertical.Value();
+    return page;
+}
 
-    const auto numberVertical = static_cast<double>(LinesThatFit(usableHeight, lineSpace));
-    usableHeight = lineSpace * (numberVertical - 1.0);
+void Draw(const LinedPage& page, MyPDFGenerator& pdf, Turns& turns)
+{
+    const double left = page.frame.leftMargin;
+    const double bottom = page.frame.bottomMargin;
+    const double usableWidth = page.frame.UsableWidth();
+    const auto numberVertical = static_cast<double>(LinesThatFit(page.frame.UsableHeight(), page.lineSpace));
+    const double usableHeight = page.lineSpace * (numberVertical - 1.0);
 
-    // Each weight belongs to the other row of the form: existing forms and settings files have it so.
-    pdf.SetLineWidth(LineThicknessVert);
-    for (double i = 0.0; i <= numberVertical - 1.0 - blankTop; i += 1.0) {
-        const double y = i * lineSpace + bottomMargin;
-        StrokeLine(leftMargin, y, leftMargin + usableWidth, y);
-        RuntimeBackgroundTask();
+    pdf.SetLineWidth(page.LineThicknessVert);
+    for (double i = 0.0; i <= numberVertical - 1.0 - page.blankTop; i += 1.0) {
+        const double y = i * page.lineSpace + bottom;
+        pdf.StrokeLine(left, y, left + usableWidth, y);
+        turns.RuntimeBackgroundTask();
     }
-    if (form.Value("CheckBoxDrawVertical")) {
-        pdf.SetLineWidth(LineThicknessHorz);
-        StrokeLine(offset + leftMargin, bottomMargin, offset + leftMargin, bottomMargin + usableHeight);
+    if (page.drawsVertical) {
+        pdf.SetLineWidth(page.LineThicknessHorz);
+        pdf.StrokeLine(page.offset + left, bottom, page.offset + left, bottom + usableHeight);
     }
 }
 

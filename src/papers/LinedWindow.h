@@ -1,23 +1,67 @@
 #pragma once
 
-#include "pipeline/PaperWindow.h"
+#include "pipeline/Paper.h"
 
 namespace linealis {
 
 /// Ruled writing paper: horizontal lines from the bottom margin upwards, and a vertical rule.
-class LinedWindow final : public PaperWindow {
-public:
-    static constexpr FileType settingsType{"Setl", "setl"};
-
-    explicit LinedWindow(Platform& thePlatform);
-
-protected:
-    void ReadOwnValues() override;
-    void DoGraph() override;
-
-private:
-    double LineThicknessHorz = 0.0;  ///< points; of the vertical rule
-    double LineThicknessVert = 0.0;  ///< points; of the ruled lines
+struct LinedForm final : PaperForm {
+    TextField EditHorzSpacing{*this,
+                              Group::Spacing,
+                              "EditHorzSpacing",
+                              "Line Spacing:",
+                              "5",
+                              {.label = "StaticText25", .meaning = Meaning::LinesPerUnit}};
+    Label StaticHorzUnit{*this, Group::Spacing, "StaticHorzUnit", "-", {.beside = true}, {"per inch", "per cm"}};
+    TextField EditBlankTop{*this,
+                           Group::Spacing,
+                           "EditBlankTop",
+                           "Blank Lines on Top:",
+                           "3",
+                           {.label = "StaticText27", .meaning = Meaning::Count}};
+    TextField EditLineThicknessHorz{*this,
+                                    Group::Spacing,
+                                    "EditLineThicknessHorz",
+                                    "Line Weight:",
+                                    ".2",
+                                    {.label = "StaticText1", .beside = true, .meaning = Meaning::Weight}};
+    CheckBox CheckBoxDrawVertical{*this, Group::Lines, "CheckBoxDrawVertical", "Draw Vertical Line", true};
+    TextField EditBlankLeft{*this,
+                            Group::Lines,
+                            "EditBlankLeft",
+                            "Offset From left:",
+                            "1",
+                            {.label = "StaticText28", .meaning = Meaning::WholeUnits}};
+    Label StaticvertUnit{*this, Group::Lines, "StaticvertUnit", "-", {.beside = true}, {"per inch", "per cm"}};
+    TextField EditLineThicknessVert{*this,
+                                    Group::Lines,
+                                    "EditLineThicknessVert",
+                                    "Line Weight:",
+                                    ".5",
+                                    {.label = "StaticText24", .beside = true, .meaning = Meaning::Weight}};
+    Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Line Color", black, {.label = "StaticText4"}};
+    Swatch BackgroundColorCanvas{*this,
+                                 Group::Lines,
+                                 "BackgroundColorCanvas",
+                                 "Background Color",
+                                 white,
+                                 {.label = "StaticText29", .beside = true}};
+    ShiftClickNote note{*this, "StaticText26"};
 };
+
+/// Lengths in points. Each weight belongs to the other row of the form: existing forms and settings files have it so.
+struct LinedPage {
+    PageFrame frame;
+    double LineThicknessHorz = 0.0;  ///< of the vertical rule
+    double LineThicknessVert = 0.0;  ///< of the ruled lines
+    double lineSpace = 0.0;
+    double blankTop = 0.0;       ///< lines left out at the top, whole; negative: lines added
+    double offset = 0.0;         ///< of the vertical rule from the left margin, whole
+    bool drawsVertical = false;  ///< whether there is a vertical rule
+};
+
+SettingsTable Settings(LinedForm& form);
+LinedPage Read(const LinedForm& form);
+void Draw(const LinedPage& page, MyPDFGenerator& pdf, Turns& turns);
 
 }  // namespace linealis

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pipeline/PaperWindow.h"
+#include "pipeline/Paper.h"
 
 #include <cstdint>
 #include <string>
@@ -8,34 +8,93 @@
 namespace linealis {
 
 /// Circles about a centre, crossed by major spokes with labels at their ends and by minor spokes, with a title.
-class PolarWindow final : public PaperWindow {
-public:
-    static constexpr FileType settingsType{"Setp", "setp"};
-
-    explicit PolarWindow(Platform& thePlatform);
-
-protected:
-    void ReadOwnValues() override;
-    void DoGraph() override;
-
-private:
-    void Measure();
-    void DrawCircles();
-    void DrawSpokes();
-    void DrawMinorSpokes();
-    void DrawTitle();
-    void DrawSpoke(double angle, double fromRadius);
-    void DrawLabel(const std::string& text, double angle);
-    std::string LabelOf(double spoke, double angle, std::int64_t numSpokes) const;
-    std::int64_t WholeNumber(std::string_view field) const;
-
-    double LineThickness = 0.0;       ///< points
-    double minorLineThickness = 0.0;  ///< points; of the minor spokes
-    std::int64_t fonthandle = 0;
-    std::int64_t numCircles = 0;
-    double outerRadius = 0.0;  ///< points, like the centre
-    double centerX = 0.0;
-    double centerY = 0.0;
+struct PolarForm final : PaperForm {
+    TextField EditNumCircles{*this, Group::Spacing, "EditNumCircles", "Circles:", "8",
+                             {.meaning = Meaning::CircleCount}};
+    TextField EditNumSpokes{*this,
+                            Group::Spacing,
+                            "EditNumSpokes",
+                            "Spokes:",
+                            "12",
+                            {.beside = true, .meaning = Meaning::Quantity}};
+    TextField EditNumMinorSpokes{*this,
+                                 Group::Spacing,
+                                 "EditNumMinorSpokes",
+                                 "Minor:",
+                                 "48",
+                                 {.beside = true, .meaning = Meaning::Quantity}};
+    TextField EditMinorStart{*this,
+                             Group::Spacing,
+                             "EditMinorStart",
+                             "Minor Start:",
+                             "2",
+                             {.beside = true, .meaning = Meaning::Count}};
+    TextField EditLineThickness{*this, Group::Lines, "EditLineThickness", "Line Weight:", ".45",
+                                {.meaning = Meaning::Weight}};
+    TextField EditMinorLineThickness{*this,
+                                     Group::Lines,
+                                     "EditMinorLineThickness",
+                                     "Minor Line Weight:",
+                                     ".1",
+                                     {.beside = true, .meaning = Meaning::Weight}};
+    Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Line Color", black};
+    Swatch BackgroundColorCanvas{*this, Group::Lines,    "BackgroundColorCanvas", "Background Color",
+                                 white, {.beside = true}};
+    RadioGroup RadioButton1{*this,
+                            Group::Text,
+                            "RadioButton1",
+                            "Labels:",
+                            {"None", "Degrees", "Radians", "Start At 0", "Start At 1"},
+                            1};
+    Popup PopupMenuLabelSkip{*this,
+                             Group::Text,
+                             "PopupMenuLabelSkip",
+                             "Print Every:",
+                             {"1",  "2",  "3",  "4",  "5",  "6",  "7",  "8",  "9",  "10",
+                              "11", "12", "13", "14", "15", "16", "17", "18", "19", "20"}};
+    Popup PopupFont1{*this, Group::Text, "PopupFont1", "Font:", FontNames(), 4};
+    TextField EditFontSize{*this,   Group::Text,
+                           "EditFontSize", "Size:",
+                           "10",    {.beside = true, .meaning = Meaning::FontSize}};
+    Swatch TextColorCanvas{*this, Group::Text, "TextColorCanvas", "Text Color", black};
+    TextField EditTitle{*this,    Group::Text, "EditTitle", "Title:", "Sample Polar Graph Paper",
+                        {.meaning = Meaning::Prose}};
+    TextField EditTitleX{*this, Group::Text, "EditTitleX", "X:", "2.6",
+                         {.beside = true, .meaning = Meaning::TitlePlace}};
+    TextField EditTitleY{*this, Group::Text, "EditTitleY", "Y:", "1", {.beside = true, .meaning = Meaning::Length}};
+    TextField EditTitleSize{*this,   Group::Text,
+                            "EditTitleSize", "Size:",
+                            "20",    {.beside = true, .meaning = Meaning::FontSize}};
+    ShiftClickNote note{*this, "StaticTextShiftClick"};
 };
+
+/// What stands at the end of a spoke, by the list index of RadioButton1.
+enum class SpokeLabels { none, degrees, radians, startAt0, startAt1 };
+
+/// Lengths in points.
+struct PolarPage {
+    PageFrame frame;
+    std::int64_t numCircles = 1;
+    std::int64_t numSpokes = 0;
+    std::int64_t numMinor = 0;
+    std::int64_t minorStart = 0;  ///< the circle at which the minor spokes start
+    double LineThickness = 0.0;
+    double minorLineThickness = 0.0;  ///< of the minor spokes
+    Color lineColor;
+    Color textColor;
+    SpokeLabels labels = SpokeLabels::none;
+    std::int64_t labelEvery = 1;  ///< every how many spokes a label stands
+    std::int64_t font = 0;
+    std::int64_t labelSize = 0;
+    std::string title;
+    double titleSize = 0.0;
+    bool titleIsCentred = false;
+    double titleX = 0.0;  ///< from the left edge of the page
+    double titleY = 0.0;  ///< downwards
+};
+
+SettingsTable Settings(PolarForm& form);
+PolarPage Read(const PolarForm& form);
+void Draw(const PolarPage& page, MyPDFGenerator& pdf, Turns& turns);
 
 }  // namespace linealis

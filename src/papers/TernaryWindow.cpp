@@ -1,135 +1,64 @@
 #include "papers/TernaryWindow.h"
 
+#include "pdf/Geometry.h"
 #include "pdf/Numbers.h"
+#include "pdf/Units.h"
 
-#include <cmath>
+#include <string>
 
 namespace linealis {
 
 namespace {
 
-const double cosine30 = std::sqrt(0.75);
 constexpr std::int64_t numberSize = 10;  // points
 constexpr double fullChannel = 255.0;    // for white, although a channel goes to 1: existing pages have it so
 
-enum Scaling : int { none = 0, axis = 1, center = 2 };
+class TernaryDrawing {
+public:
+    TernaryDrawing(const TernaryPage& thePage, MyPDFGenerator& thePdf, Turns& theTurns)
+        : page(thePage), pdf(thePdf), turns(theTurns)
+    {}
 
-const ControlTable& OwnControls()
+    void DrawTriangle();
+    void DrawMajorLines();
+    void DrawMinorLines();
+    void DrawNumbersInside();
+    void DrawNumbersOnSides();
+
+private:
+    void DrawMinorLinesOf(double i);
+    void DrawNumberOnHorizontal(double i);
+    void DrawNumberOnSlant(Point place, const std::string& text, double boxAngle, double textAngle, Point offset);
+    void ShowTurned(const std::string& text, double angle, double x, double y);
+
+    /// How far along a side, in points, the division `i` stands.
+    double Along(double i) const { return (i * side) / divisions; }
+    /// How high above the bottom side the division `i` stands.
+    double Up(double i) const { return ((i * cosine30) * side) / divisions; }
+    /// The number at the division `k` of an axis.
+    std::string NumberAt(double k) const { return Str((k / divisions) * page.axisMaximum); }
+    double WidthOf(const std::string& text) const { return MyPDFGenerator::StringWidth(text, font, numberSize); }
+
+    const TernaryPage& page;
+    MyPDFGenerator& pdf;
+    Turns& turns;
+    const std::int64_t font = pdf.FindFont("Courier", "host", 0);
+    const double divisions = page.majorDivisions;
+    const double usableWidth = page.frame.UsableWidth();
+    const double usableHeight = page.frame.UsableHeight();
+    const double side = usableHeight / cosine30 > usableWidth ? usableWidth : usableHeight / cosine30;
+    const double centerX = usableWidth / 2.0 + page.frame.leftMargin;
+    const double centerY = usableHeight / 2.0 + page.frame.bottomMargin;
+    const double leftX = centerX - side / 2.0;
+    const double rightX = centerX + side / 2.0;
+    const double bottomY = centerY - (side * cosine30) / 2.0;
+    const double topY = centerY + (side * cosine30) / 2.0;
+};
+
+void TernaryDrawing::DrawTriangle()
 {
-    static const ControlTable table = {
-        {Group::Spacing,
-         {
-             textField("EditMajorDivisions", "Major Divisions:", "10").Means(Meaning::Quantity),
-             textField("EditMinorDivisions", "Minor Divisions:", "5").Means(Meaning::Quantity).Beside(),
-             popup("PopupScaling", "Scaling:", {"None", "Axis", "Center"}),
-             textField("EditAxisMaximum", "Axis Maximum:", "100")
-                 .LabelledBy("StaticTextAxisMaximum")
-                 .Disabled()
-                 .Beside(),
-             checkBox("CheckBoxFlip", "Flip", false).Disabled().Beside(),
-         }},
-        {Group::Lines,
-         {
-             textField("EditLineThickness", "Major Weight:", "1").Means(Meaning::Weight),
-             textField("EditMinorLineThickness", "Minor Line Weight:", ".05").Means(Meaning::Weight).Beside(),
-             checkBox("CheckBoxFrame", "Draw Frame", true),  // nothing reads it: the triangle is always drawn
-             swatch("LineColorCanvas", "Line Color"),
-             swatch("BackgroundColorCanvas", "Background Color", white).Beside(),
-         }},
-        {Group::File, {shiftClickNote("StaticTextShiftClick")}},
-    };
-    return table;
-}
-
-const SettingsTable& Settings()
-{
-    using namespace settings;
-    static const SettingsTable table = Concatenate({
-        Head(),
-        {text("EditLineThickness")},
-        Margins(),
-        {box("CheckBoxViewGraph"), box("CheckBoxFlip"), colour("LineColorCanvas"), text("EditMajorDivisions"),
-         text("EditMinorDivisions"), popup("PopupScaling"), text("EditAxisMaximum"), fileReference(),
-         inverseColour("BackgroundColorCanvas")},
-    });
-    return table;
-}
-
-}  // namespace
-
-TernaryWindow::TernaryWindow(Platform& thePlatform)
-    : PaperWindow(thePlatform, OwnControls(), Settings(), settingsType)
-{
-    form.OnChange("PopupScaling", [this] { PopupScaling_Change(); });
-}
-
-void TernaryWindow::PopupScaling_Change()
-{
-    const int scaling = form.ListIndex("PopupScaling");
-    form.SetEnabled("StaticTextAxisMaximum", scaling != Scaling::none);
-    form.SetEnabled("EditAxisMaximum", scaling != Scaling::none);
-    form.SetEnabled("CheckBoxFlip", scaling == axis);
-}
-
-void TernaryWindow::ReadOwnValues()
-{
-    LineThickness = form.Number("EditLineThickness");
-    minorLineThickness = form.Number("EditMinorLineThickness");
-    majorDivisions = truncated(form.Number("EditMajorDivisions"));
-    minorDivisions = truncated(form.Number("EditMinorDivisions"));
-    axisMaximum = form.Number("EditAxisMaximum");
-}
-
-double TernaryWindow::Along(double i) const
-{
-    return (i * side) / static_cast<double>(majorDivisions);
-}
-
-double TernaryWindow::Up(double i) const
-{
-    return ((i * cosine30) * side) / static_cast<double>(majorDivisions);
-}
-
-std::string TernaryWindow::NumberAt(double k) const
-{
-    return Str((k / static_cast<double>(majorDivisions)) * axisMaximum);
-}
-
-double TernaryWindow::WidthOf(const std::string& text) const
-{
-    return MyPDFGenerator::StringWidth(text, fonthandle, numberSize);
-}
-
-void TernaryWindow::DoGraph()
-{
-    fonthandle = pdf.FindFont("Courier", "host", 0);
-    pdf.SetFont(fonthandle, static_cast<double>(numberSize));
-    MeasureTriangle();
-    DrawTriangle();
-    DrawMajorLines();
-    DrawMinorLines();
-    if (form.ListIndex("PopupScaling") == center) {
-        DrawNumbersInside();
-    } else if (form.ListIndex("PopupScaling") == axis) {
-        DrawNumbersOnSides();
-    }
-}
-
-void TernaryWindow::MeasureTriangle()
-{
-    MeasureUsableArea();
-    side = usableHeight / cosine30 > usableWidth ? usableWidth : usableHeight / cosine30;
-    centerX = usableWidth / 2.0 + leftMargin;
-    const double centerY = usableHeight / 2.0 + bottomMargin;
-    leftX = centerX - side / 2.0;
-    rightX = centerX + side / 2.0;
-    bottomY = centerY - (side * cosine30) / 2.0;
-    topY = centerY + (side * cosine30) / 2.0;
-}
-
-void TernaryWindow::DrawTriangle()
-{
-    pdf.SetLineWidth(LineThickness);
+    pdf.SetFont(font, static_cast<double>(numberSize));
+    pdf.SetLineWidth(page.LineThickness);
     pdf.MoveTo(leftX, bottomY);
     pdf.LineTo(centerX, topY);
     pdf.LineTo(rightX, bottomY);
@@ -138,48 +67,45 @@ void TernaryWindow::DrawTriangle()
     pdf.Stroke();
 }
 
-void TernaryWindow::DrawMajorLines()
+void TernaryDrawing::DrawMajorLines()
 {
-    const auto divisions = static_cast<double>(majorDivisions);
     for (double i = 1.0; i <= divisions - 1.0; i += 1.0) {
         const double n = divisions - i;
-        StrokeLine(leftX + Along(i), bottomY, leftX + Along(i) / 2.0, bottomY + Up(i));
-        StrokeLine(leftX + Along(i), bottomY, centerX + Along(i) / 2.0, topY - Up(i));
-        StrokeLine(leftX + Along(i) / 2.0, bottomY + Up(i), centerX + Along(n) / 2.0, topY - Up(n));
-        RuntimeBackgroundTask();
+        pdf.StrokeLine(leftX + Along(i), bottomY, leftX + Along(i) / 2.0, bottomY + Up(i));
+        pdf.StrokeLine(leftX + Along(i), bottomY, centerX + Along(i) / 2.0, topY - Up(i));
+        pdf.StrokeLine(leftX + Along(i) / 2.0, bottomY + Up(i), centerX + Along(n) / 2.0, topY - Up(n));
+        turns.RuntimeBackgroundTask();
     }
 }
 
-void TernaryWindow::DrawMinorLines()
+void TernaryDrawing::DrawMinorLines()
 {
-    pdf.SetLineWidth(minorLineThickness);
-    for (double i = 0.0; i <= static_cast<double>(majorDivisions) - 1.0; i += 1.0) {
+    pdf.SetLineWidth(page.minorLineThickness);
+    for (double i = 0.0; i <= divisions - 1.0; i += 1.0) {
         DrawMinorLinesOf(i);
-        RuntimeBackgroundTask();
+        turns.RuntimeBackgroundTask();
     }
 }
 
-void TernaryWindow::DrawMinorLinesOf(double i)
+void TernaryDrawing::DrawMinorLinesOf(double i)
 {
-    const auto divisions = static_cast<double>(minorDivisions);
-    const double minorSide = (side / static_cast<double>(majorDivisions)) / divisions;
-    const double n = static_cast<double>(majorDivisions) - i;
-    for (double j = 1.0; j <= divisions - 1.0; j += 1.0) {
+    const double minorSide = (side / divisions) / page.minorDivisions;
+    const double n = divisions - i;
+    for (double j = 1.0; j <= page.minorDivisions - 1.0; j += 1.0) {
         const double d = j * minorSide;
         const double e = (j * cosine30) * minorSide;
         const double x = leftX + Along(i) + d;
         const double onLeftSide = leftX + Along(i) / 2.0 + d / 2.0;
         const double height = bottomY + Up(i) + e;
-        StrokeLine(x, bottomY, onLeftSide, height);
-        StrokeLine(x, bottomY, centerX + Along(i) / 2.0 + d / 2.0, topY - Up(i) - e);
-        StrokeLine(onLeftSide, height, centerX + Along(n) / 2.0 - d / 2.0, topY - Up(n) + e);
-        RuntimeBackgroundTask();
+        pdf.StrokeLine(x, bottomY, onLeftSide, height);
+        pdf.StrokeLine(x, bottomY, centerX + Along(i) / 2.0 + d / 2.0, topY - Up(i) - e);
+        pdf.StrokeLine(onLeftSide, height, centerX + Along(n) / 2.0 - d / 2.0, topY - Up(n) + e);
+        turns.RuntimeBackgroundTask();
     }
 }
 
-void TernaryWindow::DrawNumbersInside()
+void TernaryDrawing::DrawNumbersInside()
 {
-    const auto divisions = static_cast<double>(majorDivisions);
     for (double i = 1.0; i <= divisions - 1.0; i += 1.0) {
         DrawNumberOnHorizontal(i);
         const Point rising =
@@ -188,49 +114,106 @@ void TernaryWindow::DrawNumbersInside()
         const Point falling =
             FindCenterOfTwoPoints(leftX + Along(i), bottomY, centerX + Along(i) / 2.0, topY - Up(i));
         DrawNumberOnSlant(falling, NumberAt(i), -120.0, 60.0, {-2.0, -5.0});
-        RuntimeBackgroundTask();
+        turns.RuntimeBackgroundTask();
     }
 }
 
-void TernaryWindow::DrawNumberOnHorizontal(double i)
+void TernaryDrawing::DrawNumberOnHorizontal(double i)
 {
     const std::string text = NumberAt(i);
     const double w = WidthOf(text);
     pdf.SetRGBColor(fullChannel, fullChannel, fullChannel);
     pdf.FillRect(truncated(centerX - w / 2.0), truncated(bottomY + Up(i) - 1.0 - 3.0), truncated(centerX + w / 2.0),
                  truncated(bottomY + Up(i) + 7.0 - 3.0));
-    pdf.SetRGBColor(form.ColorOf("LineColorCanvas"));
+    pdf.SetRGBColor(page.lineColor);
     pdf.SetTextPos(centerX - w / 2.0, Up(i) + bottomY - 3.0);
     pdf.Show(text);
 }
 
-void TernaryWindow::DrawNumberOnSlant(Point place, const std::string& text, double boxAngle, double textAngle,
-                                      Point offset)
+void TernaryDrawing::DrawNumberOnSlant(Point place, const std::string& text, double boxAngle, double textAngle,
+                                       Point offset)
 {
     const double w = WidthOf(text);
     pdf.SetRGBColor(fullChannel, fullChannel, fullChannel);
     pdf.FillRectRotated(truncated(place.x - w / 2.0), truncated(place.y - 5.0), truncated(place.x + w / 2.0),
                         truncated(place.y + 7.0), boxAngle);
-    pdf.SetRGBColor(form.ColorOf("LineColorCanvas"));
-    pdf.SetTextPos(0.0, 0.0);
-    pdf.ShowRotated(text, textAngle, place.x + offset.x, place.y + offset.y);
+    pdf.SetRGBColor(page.lineColor);
+    ShowTurned(text, textAngle, place.x + offset.x, place.y + offset.y);
 }
 
-void TernaryWindow::DrawNumbersOnSides()
+void TernaryDrawing::ShowTurned(const std::string& text, double angle, double x, double y)
 {
-    const auto divisions = static_cast<double>(majorDivisions);
-    const bool flip = form.Value("CheckBoxFlip");
+    pdf.SetTextPos(0.0, 0.0);
+    pdf.ShowRotated(text, angle, x, y);
+}
+
+void TernaryDrawing::DrawNumbersOnSides()
+{
     for (double i = 0.0; i <= divisions; i += 1.0) {
         const double n = divisions - i;
-        const std::string upwards = NumberAt(flip ? n : i);
-        const std::string downwards = NumberAt(flip ? i : n);
+        const std::string upwards = NumberAt(page.flip ? n : i);
+        const std::string downwards = NumberAt(page.flip ? i : n);
         pdf.SetTextPos(Along(i) + leftX - WidthOf(upwards) / 2.0, bottomY - 12.0);
         pdf.Show(upwards);
-        pdf.SetTextPos(0.0, 0.0);
-        pdf.ShowRotated(downwards, 60.0, Along(i) / 2.0 + leftX - 10.0, Up(i) + bottomY - 4.0);
-        pdf.SetTextPos(0.0, 0.0);
-        pdf.ShowRotated(upwards, -60.0, Along(n) / 2.0 + centerX + 10.0, Up(i) + bottomY + 8.0);
-        RuntimeBackgroundTask();
+        ShowTurned(downwards, 60.0, Along(i) / 2.0 + leftX - 10.0, Up(i) + bottomY - 4.0);
+        ShowTurned(upwards, -60.0, Along(n) / 2.0 + centerX + 10.0, Up(i) + bottomY + 8.0);
+        turns.RuntimeBackgroundTask();
+    }
+}
+
+}  // namespace
+
+TernaryForm::TernaryForm()
+{
+    PopupScaling.onChange = [this] { PopupScaling_Change(); };
+}
+
+void TernaryForm::PopupScaling_Change()
+{
+    const auto numbers = static_cast<TernaryNumbers>(PopupScaling.ListIndex());
+    EditAxisMaximum.CaptionLabel()->SetEnabled(numbers != TernaryNumbers::none);
+    EditAxisMaximum.SetEnabled(numbers != TernaryNumbers::none);
+    CheckBoxFlip.SetEnabled(numbers == TernaryNumbers::onSides);
+}
+
+SettingsTable Settings(TernaryForm& form)
+{
+    using namespace settings;
+    return Concatenate({
+        Head(form),
+        {text(form.EditLineThickness)},
+        Margins(form),
+        {box(form.CheckBoxViewGraph), box(form.CheckBoxFlip), color(form.LineColorCanvas),
+         text(form.EditMajorDivisions), text(form.EditMinorDivisions), index(form.PopupScaling),
+         text(form.EditAxisMaximum), fileReference(), inverseColor(form.BackgroundColorCanvas)},
+    });
+}
+
+TernaryPage Read(const TernaryForm& form)
+{
+    TernaryPage page;
+    page.frame = form.ReadFrame(form.BackgroundColorCanvas, &form.LineColorCanvas);
+    page.LineThickness = form.EditLineThickness.Used();
+    page.minorLineThickness = form.EditMinorLineThickness.Used();
+    page.lineColor = form.LineColorCanvas.Shown();
+    page.majorDivisions = form.EditMajorDivisions.Used();
+    page.minorDivisions = form.EditMinorDivisions.Used();
+    page.numbers = static_cast<TernaryNumbers>(form.PopupScaling.ListIndex());
+    page.axisMaximum = form.EditAxisMaximum.Used();
+    page.flip = form.CheckBoxFlip.Value();
+    return page;
+}
+
+void Draw(const TernaryPage& page, MyPDFGenerator& pdf, Turns& turns)
+{
+    TernaryDrawing drawing(page, pdf, turns);
+    drawing.DrawTriangle();
+    drawing.DrawMajorLines();
+    drawing.DrawMinorLines();
+    if (page.numbers == TernaryNumbers::inside) {
+        drawing.DrawNumbersInside();
+    } else if (page.numbers == TernaryNumbers::onSides) {
+        drawing.DrawNumbersOnSides();
     }
 }
 

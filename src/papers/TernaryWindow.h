@@ -1,57 +1,68 @@
 #pragma once
 
-#include "pdf/Geometry.h"
-#include "pipeline/PaperWindow.h"
+#include "pipeline/Paper.h"
 
 #include <cstdint>
-#include <string>
 
 namespace linealis {
 
 /// An equilateral triangle, divided by lines parallel to its sides, with numbers along the sides or inside.
-class TernaryWindow final : public PaperWindow {
-public:
-    static constexpr FileType settingsType{"Sety", "sety"};
+struct TernaryForm final : PaperForm {
+    TextField EditMajorDivisions{*this, Group::Spacing, "EditMajorDivisions", "Major Divisions:", "10",
+                                 {.meaning = Meaning::Count}};
+    TextField EditMinorDivisions{*this,
+                                 Group::Spacing,
+                                 "EditMinorDivisions",
+                                 "Minor Divisions:",
+                                 "5",
+                                 {.beside = true, .meaning = Meaning::Quantity}};
+    Popup PopupScaling{*this, Group::Spacing, "PopupScaling", "Scaling:", {"None", "Axis", "Center"}};
+    TextField EditAxisMaximum{*this,
+                              Group::Spacing,
+                              "EditAxisMaximum",
+                              "Axis Maximum:",
+                              "100",
+                              {.label = "StaticTextAxisMaximum", .beside = true, .enabled = false}};
+    CheckBox CheckBoxFlip{*this, Group::Spacing, "CheckBoxFlip", "Flip", false, {.beside = true, .enabled = false}};
+    TextField EditLineThickness{*this, Group::Lines, "EditLineThickness", "Major Weight:", "1",
+                                {.meaning = Meaning::Weight}};
+    TextField EditMinorLineThickness{*this,
+                                     Group::Lines,
+                                     "EditMinorLineThickness",
+                                     "Minor Line Weight:",
+                                     ".05",
+                                     {.beside = true, .meaning = Meaning::Weight}};
+    /// Nothing reads it: the triangle is always drawn.
+    CheckBox CheckBoxFrame{*this, Group::Lines, "CheckBoxFrame", "Draw Frame", true};
+    Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Line Color", black};
+    Swatch BackgroundColorCanvas{*this, Group::Lines,    "BackgroundColorCanvas", "Background Color",
+                                 white, {.beside = true}};
+    ShiftClickNote note{*this, "StaticTextShiftClick"};
 
-    explicit TernaryWindow(Platform& thePlatform);
-
-protected:
-    void ReadOwnValues() override;
-    void DoGraph() override;
+    TernaryForm();
 
 private:
     void PopupScaling_Change();
-
-    void MeasureTriangle();
-    void DrawTriangle();
-    void DrawMajorLines();
-    void DrawMinorLines();
-    void DrawMinorLinesOf(double i);
-    void DrawNumbersInside();
-    void DrawNumberOnHorizontal(double i);
-    void DrawNumberOnSlant(Point place, const std::string& text, double boxAngle, double textAngle, Point offset);
-    void DrawNumbersOnSides();
-
-    /// How far along a side, in points, the division `i` stands.
-    double Along(double i) const;
-    /// How high above the bottom side the division `i` stands.
-    double Up(double i) const;
-    /// The number at the division `k` of an axis.
-    std::string NumberAt(double k) const;
-    double WidthOf(const std::string& text) const;
-
-    double LineThickness = 0.0;       ///< points
-    double minorLineThickness = 0.0;  ///< points
-    std::int64_t majorDivisions = 0;
-    std::int64_t minorDivisions = 0;
-    double axisMaximum = 0.0;
-    std::int64_t fonthandle = 0;
-    double side = 0.0;  ///< points, like all below
-    double centerX = 0.0;
-    double leftX = 0.0;
-    double rightX = 0.0;
-    double bottomY = 0.0;
-    double topY = 0.0;
 };
+
+/// Where the numbers stand, by the list index of PopupScaling.
+enum class TernaryNumbers { none, onSides, inside };
+
+/// Lengths in points.
+struct TernaryPage {
+    PageFrame frame;
+    double LineThickness = 0.0;
+    double minorLineThickness = 0.0;
+    Color lineColor;
+    double majorDivisions = 0.0;  ///< whole, like minorDivisions
+    double minorDivisions = 0.0;
+    TernaryNumbers numbers = TernaryNumbers::none;
+    double axisMaximum = 0.0;
+    bool flip = false;
+};
+
+SettingsTable Settings(TernaryForm& form);
+TernaryPage Read(const TernaryForm& form);
+void Draw(const TernaryPage& page, MyPDFGenerator& pdf, Turns& turns);
 
 }  // namespace linealis

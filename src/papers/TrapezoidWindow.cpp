@@ -1,25 +1,29 @@
 #include "papers/TrapezoidWindow.h"
 
-#include <cmath>
+#include "pdf/Units.h"
 
 namespace linealis {
 
 namespace {
 
-const double cosine30 = std::sqrt(0.75);
-constexpr double sine30 = 0.5;
+double HeightWhereFallingLineEnters(const DiagonalPattern& /*pattern*/, double past)
+{
+    return (past / sine30) * cosine30;
+}
 
 }  // namespace
 
-DiagonalWindow::Pattern TrapezoidWindow::Measure() const
+TrapezoidPage Read(const TrapezoidForm& form)
 {
-    const double size = CellSize();
-    return {size * sine30, (2.0 * sine30) * size, cosine30 * size, (2.0 * cosine30) * size, 2.0 * cosine30};
+    return {ReadDiagonal(form)};
 }
 
-double TrapezoidWindow::HeightOnRightEdge(const Pattern& /*pattern*/, double x) const
+void Draw(const TrapezoidPage& page, MyPDFGenerator& pdf, Turns& turns)
 {
-    return ((x - usableWidth) / sine30) * cosine30;
+    const double size = page.size;
+    const DiagonalPattern pattern{size * sine30, (2.0 * sine30) * size, cosine30 * size, (2.0 * cosine30) * size,
+                                  2.0 * cosine30};
+    DrawDiagonal(page, pattern, HeightWhereFallingLineEnters, pdf, turns);
 }
 
 }  // namespace linealis

@@ -1,20 +1,15 @@
 #pragma once
 
-#include "papers/DiagonalWindow.h"
+#include "papers/DiagonalLines.h"
 
 namespace linealis {
 
-/// Lines at 60 degrees, which the horizontals make into trapezoids. The cell size is the distance of two lines of a
-/// family along the bottom edge.
-class TrapezoidWindow final : public DiagonalWindow {
-public:
-    static constexpr FileType settingsType{"Sett", "sett"};
+/// Lines at 60 degrees. The cell size stands between two lines of a family on the bottom edge.
+struct TrapezoidForm final : DiagonalForm {};
 
-    explicit TrapezoidWindow(Platform& thePlatform) : DiagonalWindow(thePlatform, settingsType) {}
+struct TrapezoidPage : DiagonalPage {};
 
-protected:
-    Pattern Measure() const override;
-    double HeightOnRightEdge(const Pattern& pattern, double x) const override;
-};
+TrapezoidPage Read(const TrapezoidForm& form);
+void Draw(const TrapezoidPage& page, MyPDFGenerator& pdf, Turns& turns);
 
 }  // namespace linealis

@@ -19,7 +19,7 @@ constexpr std::size_t compressorPieceSize = 50000;
 constexpr int compressionLevel = 9;
 
 /// What compressing a piece takes, in lines drawn, so that the interface gets its turn after every piece.
-constexpr int linesWorthOfAPiece = Platform::linesPerYield;
+constexpr int linesWorthOfAPiece = Turns::linesPerYield;
 
 /// The fonts of the objects 10 to 22. The first font, Courier, is object 7.
 constexpr std::string_view firstFont = "Courier";
@@ -104,8 +104,8 @@ std::string TwoDigits(int value)
 
 }  // namespace
 
-MyPDFGenerator::MyPDFGenerator(Platform& thePlatform)
-    : platform(thePlatform), streamC(initialCapacity, capacityIncrement)
+MyPDFGenerator::MyPDFGenerator(Turns& theTurns)
+    : turns(theTurns), streamC(initialCapacity, capacityIncrement)
 {}
 
 int MyPDFGenerator::CreateNew()
@@ -139,7 +139,7 @@ void MyPDFGenerator::Discard()
     b = BinaryStream();
 }
 
-void MyPDFGenerator::CloseFile()
+void MyPDFGenerator::CloseFile(Platform& platform)
 {
     const std::string streamData = CompressedStream();
     b = theFile.CreateBinaryFile();
@@ -153,7 +153,7 @@ void MyPDFGenerator::CloseFile()
         return;
     }
     WriteStringLineToFile("%PDF-1.4");
-    WriteObjects(streamData);
+    WriteObjects(streamData, platform.Now());
     WriteCrossReferenceTable();
     WriteTrailer();
     if (const std::error_code error = b.Close()) {
@@ -172,7 +172,7 @@ std::string MyPDFGenerator::CompressedStream()
     Compressor compressor(text.size());
     for (std::size_t start = 0; start < text.size(); start += compressorPieceSize) {
         compressor.Feed(text.substr(start, compressorPieceSize));
-        platform.RuntimeBackgroundTask(linesWorthOfAPiece);
+        turns.RuntimeBackgroundTask(linesWorthOfAPiece);
     }
     std::string data = compressor.Finish();
     data += AddFourBytes(checksum);
@@ -188,7 +188,7 @@ std::string MyPDFGenerator::AddFourBytes(std::uint64_t value)
     for (int i = 0; i < count; ++i) {
         bytes += static_cast<char>(value & 255U);
         value >>= 8U;
-        platform.RuntimeBackgroundTask();
+        turns.RuntimeBackgroundTask();
     }
     return bytes;
 }
@@ -237,7 +237,7 @@ void MyPDFGenerator::WriteContentObject(std::string_view data)
     WriteStringLineToFile("endobj");
 }
 
-void MyPDFGenerator::WriteInfoObject()
+void MyPDFGenerator::WriteInfoObject(const LocalTime& now)
 {
     NewObject();
     numObjectInfo = numObjects;
@@ -245,7 +245,7 @@ void MyPDFGenerator::WriteInfoObject()
     WriteStringLineToFile("/Title (Linealis)");
     WriteStringLineToFile("/Author (Tallowmere Works)");
     WriteStringLineToFile("/Creator (Linealis)");
-    WriteStringLineToFile("/CreationDate " + ReturnCurrentDate());
+    WriteStringLineToFile("/CreationDate " + ReturnCurrentDate(now));
     WriteStringLineToFile("/Producer (Linealis)");
     EndObject();
 }
@@ -266,19 +266,17 @@ void MyPDFGenerator::WriteResourceObject()
     EndObject();
 }
 
-void MyPDFGenerator::WriteObjects(std::string_view streamData)
+void MyPDFGenerator::WriteObjects(std::string_view streamData, const LocalTime& now)
 {
     WriteBareObject(1, "[/PDF]");
 
     NewObject();
-    numObjectPagesRoot = numObjects;
     WriteStringLineToFile("/Type/Pages");
     WriteStringLineToFile("/Count 1");
     WriteStringLineToFile("/Kids[ 3 0 R]");
     EndObject();
 
     NewObject();
-    numObjectPageInfo = numObjects;
     WriteStringLineToFile("/Type/Page");
     WriteStringLineToFile("/Parent 2 0 R");
     WriteStringLineToFile("/Contents 4 0 R");
@@ -288,7 +286,7 @@ void MyPDFGenerator::WriteObjects(std::string_view streamData)
 
     WriteContentObject(streamData);
     WriteBareObject(5, mystring(static_cast<std::int64_t>(streamData.size()) - 1));  // without the closing CR
-    WriteInfoObject();
+    WriteInfoObject(now);
     WriteFontObject(firstFont);
     WriteResourceObject();
 
@@ -312,7 +310,7 @@ void MyPDFGenerator::WriteCrossReferenceTable()
     for (std::int64_t i = 1; i <= numObjects; ++i) {
         const auto offset = static_cast<double>(objectOffsets[static_cast<std::size_t>(i)]);
         WriteStringLineToFile(myformatstring(offset, "0000000000") + " 00000 n ");
-        platform.RuntimeBackgroundTask();
+        turns.RuntimeBackgroundTask();
     }
 }
 
@@ -341,10 +339,9 @@ void MyPDFGenerator::WriteStringLineToFile(std::string_view text)
     WriteStringToFile("\r");
 }
 
-std::string MyPDFGenerator::ReturnCurrentDate() const
+std::string MyPDFGenerator::ReturnCurrentDate(const LocalTime& now)
 {
     constexpr double secondsPerHour = 3600.0;
-    const LocalTime now = platform.Now();
     const double offset = now.secondsEastOfGmt / secondsPerHour;
     std::string zone = "Z00";
     if (offset != 0.0) {

@@ -4,6 +4,7 @@
 #include "platform/BinaryStream.h"
 #include "platform/FolderItem.h"
 #include "platform/Platform.h"
+#include "platform/Turns.h"
 
 #include <array>
 #include <cstdint>
@@ -12,9 +13,6 @@
 #include <string_view>
 
 namespace linealis {
-
-/// Thrown when a page's drawing would pass the size that a page may have. Ends in PaperWindow::DoPage.
-struct PageTooLarge {};
 
 /// Writes the one kind of file the program makes: a PDF 1.4 file of one page, with one compressed content stream
 /// and the standard Type 1 fonts.
@@ -46,7 +44,8 @@ public:
 
     FolderItem theFile;  ///< the file that CloseFile writes; must be set by then
 
-    explicit MyPDFGenerator(Platform& thePlatform);
+    /// `theTurns` are those of its long loops.
+    explicit MyPDFGenerator(Turns& theTurns);
 
     // The document, in calling order (MyPDFGenerator.cpp).
 
@@ -63,9 +62,9 @@ public:
     void InitGraphics() {}
     void EndPage() {}
 
-    /// Compresses the page and writes the whole file. If it cannot be opened or written, says so through the
-    /// platform and leaves an existing file as it was.
-    void CloseFile();
+    /// Compresses the page and writes the whole file, dated by the platform's clock. If it cannot be opened or
+    /// written, says so through the platform and leaves an existing file as it was.
+    void CloseFile(Platform& platform);
 
     void Delete() {}
 
@@ -89,6 +88,9 @@ public:
     void FillRect(std::int64_t x1, std::int64_t y1, std::int64_t x2, std::int64_t y2);
     /// Fills the page with a colour, which then stays set. Does nothing if all channels are exactly 1.
     void SetBackgroundColor(double red, double green, double blue);
+    void SetBackgroundColor(Color color);
+    /// A line as a path of its own.
+    void StrokeLine(double x1, double y1, double x2, double y2);
 
     // Text, circles and rotated shapes (MyPDFGenerator_Text.cpp). Text is UTF-8 and is converted to the fonts'
     // encoding at the last moment. Nothing is escaped: a parenthesis or a backslash goes to the page as it is.
@@ -129,8 +131,8 @@ public:
 
     // What the file is made of, for CloseFile and whoever checks it.
 
-    /// The local date and time in PDF form, with its parentheses. The time zone is in whole hours.
-    std::string ReturnCurrentDate() const;
+    /// The date and time in PDF form, with its parentheses. The time zone is in whole hours.
+    static std::string ReturnCurrentDate(const LocalTime& now);
     /// Four bytes, the lowest first.
     std::string AddFourBytes(std::uint64_t value);
     /// The content stream as drawn so far.
@@ -154,28 +156,24 @@ private:
     void WriteBareObject(std::int64_t number, std::string_view line);
     void WriteFontObject(std::string_view baseFont);
     void WriteContentObject(std::string_view data);
-    void WriteInfoObject();
+    void WriteInfoObject(const LocalTime& now);
     void WriteResourceObject();
-    void WriteObjects(std::string_view streamData);
+    void WriteObjects(std::string_view streamData, const LocalTime& now);
     void WriteCrossReferenceTable();
     void WriteTrailer();
     void WriteStringToFile(std::string_view text);
     void WriteStringLineToFile(std::string_view text);
 
-    Platform& platform;
+    Turns& turns;
 
     std::int64_t numObjects = 0;  ///< highest object number used so far
     BinaryStream b;
     std::int64_t numObjectInfo = 0;
     std::int64_t numObjectCatalog = 0;
-    std::int64_t numObjectPagesRoot = 0;
-    std::int64_t numObjectPageInfo = 0;
     std::array<std::int64_t, 201> objectOffsets{};  ///< by object number; 0 holds nothing
     std::int64_t currentFileLength = 0;
     std::int64_t startxref = 0;
     CapacityString streamC;
-    double xPos = 0.0;
-    double yPos = 0.0;
     bool inTextMode = false;
     std::int64_t fontNum = 0;   ///< 0 to 14, the number in the font's name on the page
     std::int64_t fontSize = 0;  ///< whole points

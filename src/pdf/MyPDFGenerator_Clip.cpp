@@ -64,9 +64,7 @@ void MyPDFGenerator::ClipLine(double x1, double y1, double x2, double y2, double
             c2 = FindRegion(x2, y2);
         }
     }
-    MoveTo(x1, y1);
-    LineTo(x2, y2);
-    Stroke();
+    StrokeLine(x1, y1, x2, y2);
 }
 
 }  // namespace linealis

@@ -38,7 +38,7 @@ void MyPDFGenerator::AddLine(std::initializer_list<double> operands, std::string
 void MyPDFGenerator::LimitStream() const
 {
     if (streamC.Length() > largestStream) {
-        throw PageTooLarge();
+        throw PageGivenUp{"the page would hold more than 1 GiB of drawing, so it was given up"};
     }
 }
 
@@ -67,15 +67,11 @@ void MyPDFGenerator::SetLineCap(double cap)
 
 void MyPDFGenerator::MoveTo(double x, double y)
 {
-    xPos = x;
-    yPos = y;
     AddLine({x, y}, "m");
 }
 
 void MyPDFGenerator::LineTo(double x, double y)
 {
-    xPos = x;
-    yPos = y;
     AddLine({x, y}, "l");
 }
 
@@ -120,6 +116,18 @@ void MyPDFGenerator::SetBackgroundColor(double red, double green, double blue)
     }
     SetRGBColor(red, green, blue);
     FillRect(0, 0, pageWidth, pageHeight);
+}
+
+void MyPDFGenerator::SetBackgroundColor(Color color)
+{
+    SetBackgroundColor(color.red / channelMaximum, color.green / channelMaximum, color.blue / channelMaximum);
+}
+
+void MyPDFGenerator::StrokeLine(double x1, double y1, double x2, double y2)
+{
+    MoveTo(x1, y1);
+    LineTo(x2, y2);
+    Stroke();
 }
 
 }  // namespace linealis

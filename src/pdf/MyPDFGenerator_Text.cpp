@@ -107,7 +107,7 @@ void MyPDFGenerator::DrawCircularText(std::string_view text, double centerX, dou
         SetTextPos(0.0, radius);
         ShowRotated(character, a, centerX, centerY);
         a -= anglePerCharacter;
-        platform.RuntimeBackgroundTask();
+        turns.RuntimeBackgroundTask();
     }
 }
 

@@ -1,72 +1,165 @@
 #include "pipeline/Controls.h"
 
+#include "pdf/Numbers.h"
+#include "pipeline/Form.h"
+
+#include <algorithm>
 #include <utility>
 
 namespace linealis {
 
-namespace {
-
-Control Make(std::string_view name, ControlKind kind, std::string_view caption)
+Control::Control(Form& theForm, ControlKind theKind, Group theGroup, std::string_view theName,
+                 std::string_view theCaption, const Traits& theTraits)
+    : form(theForm), name(theName), kind(theKind), group(theGroup), traits(theTraits), caption(theCaption),
+      enabled(theTraits.enabledBy == nullptr ? theTraits.enabled : theTraits.enabledBy->Value())
 {
-    Control control;
-    control.name = name;
-    control.kind = kind;
-    control.caption = caption;
-    return control;
+    if (!traits.label.empty()) {
+        captionLabel = form.Find<Label>(traits.label);
+        if (captionLabel == nullptr) {
+            ownLabel = std::make_unique<Label>(form, group, traits.label, caption, Traits{.enabled = enabled});
+            captionLabel = ownLabel.get();
+        }
+    }
+    form.Add(*this);
 }
 
-Control WithItems(Control control, std::vector<std::string_view> items, int listIndex)
+Control::~Control() = default;
+
+void Control::Changed() const
 {
-    control.items = std::move(items);
-    control.listIndex = listIndex;
-    return control;
+    if (form.observer) {
+        form.observer(*this);
+    }
 }
 
-}  // namespace
-
-Control textField(std::string_view name, std::string_view caption, std::string_view text)
+void Control::SetCaption(std::string_view newCaption)
 {
-    Control control = Make(name, ControlKind::Text, caption);
-    control.text = text;
-    return control;
+    caption = newCaption;
+    Changed();
 }
 
-Control popup(std::string_view name, std::string_view caption, std::vector<std::string_view> items, int listIndex)
+void Control::SetEnabled(bool isEnabled)
 {
-    return WithItems(Make(name, ControlKind::Popup, caption), std::move(items), listIndex);
+    enabled = isEnabled;
+    Changed();
 }
 
-Control radioGroup(std::string_view name, std::string_view caption, std::vector<std::string_view> items,
-                   int listIndex)
+Label::Label(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
+             const Traits& theTraits, const UnitCaptions& theUnitCaptions)
+    : Control(theForm, kindOf, theGroup, theName, theCaption, theTraits), unitCaptions(theUnitCaptions)
+{}
+
+void Label::ShowUnit(bool inches)
 {
-    return WithItems(Make(name, ControlKind::Radio, caption), std::move(items), listIndex);
+    if (!unitCaptions.inInches.empty()) {
+        SetCaption(inches ? unitCaptions.inInches : unitCaptions.inCm);
+    }
 }
 
-Control checkBox(std::string_view name, std::string_view caption, bool value)
+TextField::TextField(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
+                     std::string_view openingText, const Traits& theTraits)
+    : Control(theForm, kindOf, theGroup, theName, theCaption, theTraits), text(openingText),
+      meaning(theTraits.meaning)
+{}
+
+double TextField::Number() const
 {
-    Control control = Make(name, ControlKind::Check, caption);
-    control.value = value;
-    return control;
+    return Val(text);
 }
 
-Control swatch(std::string_view name, std::string_view caption, Color color)
+double TextField::Used() const
 {
-    Control control = Make(name, ControlKind::Color, caption);
-    control.color = color;
-    return control;
+    return UsedValue(meaning, Number());
 }
 
-Control label(std::string_view name, std::string_view caption)
+std::int64_t TextField::Whole() const
 {
-    return Make(name, ControlKind::Label, caption);
+    return truncated(Number());
 }
 
-Control unitLabel(std::string_view name, std::string_view inInches, std::string_view inCm)
+std::string TextField::Remark() const
 {
-    Control control = Make(name, ControlKind::Label, "-");
-    control.captionInInches = inInches;
-    control.captionInCm = inCm;
-    return control;
+    return IsEnabled() ? RemarkOn(meaning, text) : "";
+}
+
+void TextField::SetText(std::string newText)
+{
+    text = std::move(newText);
+    Changed();
+    if (onChange) {
+        onChange();
+    }
+}
+
+void TextField::Type(std::string newText)
+{
+    form.focusedControl = this;
+    SetText(std::move(newText));
+    form.focusedControl = nullptr;
+}
+
+void TextField::SetMeaning(Meaning newMeaning)
+{
+    meaning = newMeaning;
+    Changed();
+}
+
+Choice::Choice(Form& theForm, ControlKind theKind, Group theGroup, std::string_view theName,
+               std::string_view theCaption, std::vector<std::string_view> theItems, int openingIndex,
+               const Traits& theTraits)
+    : Control(theForm, theKind, theGroup, theName, theCaption, theTraits), items(std::move(theItems)),
+      listIndex(openingIndex)
+{}
+
+void Choice::SetListIndex(std::int64_t index)
+{
+    const auto last = static_cast<std::int64_t>(items.size()) - 1;
+    listIndex = static_cast<int>(std::clamp<std::int64_t>(index, 0, last));
+    Changed();
+    if (onChange) {
+        onChange();
+    }
+}
+
+Popup::Popup(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
+             std::vector<std::string_view> theItems, int openingIndex, const Traits& theTraits)
+    : Choice(theForm, kindOf, theGroup, theName, theCaption, std::move(theItems), openingIndex, theTraits)
+{}
+
+RadioGroup::RadioGroup(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
+                       std::vector<std::string_view> theItems, int openingIndex)
+    : Choice(theForm, kindOf, theGroup, theName, theCaption, std::move(theItems), openingIndex, {})
+{}
+
+CheckBox::CheckBox(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
+                   bool openingValue, const Traits& theTraits)
+    : Control(theForm, kindOf, theGroup, theName, theCaption, theTraits), value(openingValue)
+{}
+
+void CheckBox::SetValue(bool newValue)
+{
+    value = newValue;
+    Changed();
+    form.EnableFollowersOf(*this);
+}
+
+void CheckBox::Click(bool newValue)
+{
+    SetValue(newValue);
+    if (onClick) {
+        onClick();
+    }
+}
+
+Swatch::Swatch(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
+               Color openingColor, const Traits& theTraits)
+    : Control(theForm, kindOf, theGroup, theName, theCaption, theTraits), color(openingColor)
+{}
+
+void Swatch::SetColor(Color newColor)
+{
+    color = newColor;
+    Changed();
 }
 
 }  // namespace linealis

@@ -1,16 +1,28 @@
 #pragma once
 
+#include "pipeline/Meaning.h"
 #include "platform/Color.h"
 
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
 namespace linealis {
 
+class CheckBox;
+class Form;
+class Label;
+
 enum class ControlKind { Text, Popup, Check, Radio, Color, Label };
 
 /// Where a control stands on the form, from top to bottom.
 enum class Group { Page, Spacing, Axes, Lines, Text, Margins, File };
+inline constexpr std::array allGroups = {Group::Page, Group::Spacing, Group::Axes, Group::Lines,
+                                         Group::Text, Group::Margins, Group::File};
 
 /// What a change of units does to a text field.
 enum class UnitRule {
@@ -19,87 +31,199 @@ enum class UnitRule {
     CountPerUnit,  ///< a count per inch or centimetre: divided by 2.54 on the way to centimetres
 };
 
-/// What the number or text of a text field stands for. Tells the user its unit, and whether the page can use it.
-enum class Meaning {
-    Number,         ///< any number
-    Prose,          ///< text that is printed
-    Length,         ///< in the current unit
-    TitlePlace,     ///< a length; empty centres the title
-    Spacing,        ///< a length; 0 makes no cells
-    CellSize,       ///< a length; 0 or less draws no pattern
-    CustomSize,     ///< a length; less than 10 points counts as 10
-    Weight,         ///< of a line, in points in both units
-    FontSize,       ///< in points in both units
-    Scale,          ///< per cent of the true size
-    Share,          ///< per cent, limited to 0 to 100
-    LinesPerUnit,   ///< 0 or less is replaced by 5
-    GridDensity,    ///< lines per unit of a graph; 0 counts as 1
-    Count,          ///< whole; a fraction is cut off
-    Quantity,       ///< whole; a negative one counts as 0
-    CircleCount,    ///< whole; less than 1 counts as 1
-    WholeUnits,     ///< a whole number of units; a negative one counts as 0
-    GridLines,      ///< a number of grid lines; 0 or less means none
-    NumberSpacing,  ///< a number of grid lines; from 0 to 1 counts as 1
-    AxisValue,      ///< in the axis's own values
-    AxisStep,       ///< in the axis's own values; 0 counts as 1
-    Exponent,       ///< must be above 1 on a hydraulic axis
+/// What a declaration says of a control besides its name, caption and content.
+struct Traits {
+    std::string_view label = {};  ///< the label that shows the caption, where that is a control of its own
+    bool beside = false;          ///< on the same row as the control before it
+    bool captionAbove = false;    ///< the caption heads a column instead of standing before the field
+    bool enabled = true;          ///< when the form opens
+    const CheckBox* enabledBy = nullptr;  ///< enabled, with its label, exactly while this box is on
+    Meaning meaning = Meaning::Number;    ///< of a text field
+    UnitRule unitRule = UnitRule::Keep;   ///< of a text field
 };
 
-/// One control of a form: what it is and what it holds when the form opens. The form starts from it, windows
-/// are built from it, and the command line lists and sets by it.
-struct Control {
-    std::string_view name;
-    ControlKind kind = ControlKind::Label;
-    std::string_view caption;             ///< beside or on the control; the text of a label
-    std::string_view text;                ///< of a text field
-    int listIndex = 0;                    ///< of a popup or radio group
-    bool value = false;                   ///< of a check box
-    Color color = black;                  ///< of a colour swatch
-    std::vector<std::string_view> items;  ///< of a popup or radio group
-    bool enabled = true;
-    std::string_view labelName;  ///< the control that shows the caption, where one has a name of its own
-    UnitRule unitRule = UnitRule::Keep;
-    Meaning meaning = Meaning::Number;  ///< of a text field
-    bool captionAbove = false;          ///< the caption heads a column instead of standing before the field
-    std::string_view captionInInches;   ///< of a label that names the unit; empty otherwise
-    std::string_view captionInCm;
-    bool besidePrevious = false;  ///< on the same row as the control before it
+/// One control of a form, declared once, as a member of it: what it is, and what it holds now. Windows are built
+/// from it, the command line lists and sets by it, settings files and pages are read from it.
+class Control {
+public:
+    Control(const Control&) = delete;  // forms and windows refer to it
+    Control& operator=(const Control&) = delete;
 
-    // For tables of controls: a copy of the control that differs in one thing.
-    Control LabelledBy(std::string_view label) const { return With(&Control::labelName, label); }
-    Control Disabled() const { return With(&Control::enabled, false); }
-    Control Converted(UnitRule rule) const { return With(&Control::unitRule, rule); }
-    Control Means(Meaning newMeaning) const { return With(&Control::meaning, newMeaning); }
-    Control UnderCaption() const { return With(&Control::captionAbove, true); }
-    Control Beside() const { return With(&Control::besidePrevious, true); }
+    std::string_view Name() const { return name; }
+    ControlKind Kind() const { return kind; }
+    Group InGroup() const { return group; }
+    const Traits& Declared() const { return traits; }
+    /// The label that shows this control's caption, or null.
+    Label* CaptionLabel() const { return captionLabel; }
+
+    const std::string& Caption() const { return caption; }
+    void SetCaption(std::string_view newCaption);
+    bool IsEnabled() const { return enabled; }
+    void SetEnabled(bool isEnabled);
+
+protected:
+    Control(Form& theForm, ControlKind theKind, Group theGroup, std::string_view theName,
+            std::string_view theCaption, const Traits& theTraits);
+    ~Control();
+
+    /// Tells the form that something of this control has changed.
+    void Changed() const;
+
+    Form& form;
 
 private:
-    template <typename T>
-    Control With(T Control::*member, T newValue) const
-    {
-        Control copy = *this;
-        copy.*member = newValue;
-        return copy;
-    }
-};
-
-/// The controls of a form, group by group, in the order in which a person reads them.
-struct ControlGroup {
+    std::string_view name;
+    ControlKind kind;
     Group group;
-    std::vector<Control> controls;
+    Traits traits;
+    std::string caption;
+    bool enabled;
+    std::unique_ptr<Label> ownLabel;
+    Label* captionLabel = nullptr;
 };
-using ControlTable = std::vector<ControlGroup>;
 
-Control textField(std::string_view name, std::string_view caption, std::string_view text);
-Control popup(std::string_view name, std::string_view caption, std::vector<std::string_view> items,
-              int listIndex = 0);
-Control radioGroup(std::string_view name, std::string_view caption, std::vector<std::string_view> items,
-                   int listIndex);
-Control checkBox(std::string_view name, std::string_view caption, bool value);
-Control swatch(std::string_view name, std::string_view caption, Color color = black);
-Control label(std::string_view name, std::string_view caption);
+/// A text that stands on the form, the caption of a field or one by itself.
+class Label final : public Control {
+public:
+    static constexpr ControlKind kindOf = ControlKind::Label;
 
-/// A label whose text follows the units; it stands as "-" until they are first chosen.
-Control unitLabel(std::string_view name, std::string_view inInches, std::string_view inCm);
+    /// What a label says in either unit, once the units have been chosen.
+    struct UnitCaptions {
+        std::string_view inInches;
+        std::string_view inCm;
+    };
+
+    Label(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
+          const Traits& theTraits = {}, const UnitCaptions& theUnitCaptions = {});
+
+    /// Shows the caption of the unit, if this label has one.
+    void ShowUnit(bool inches);
+
+private:
+    UnitCaptions unitCaptions;
+};
+
+class TextField final : public Control {
+public:
+    static constexpr ControlKind kindOf = ControlKind::Text;
+
+    TextField(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
+              std::string_view openingText, const Traits& theTraits = {});
+
+    const std::string& Text() const { return text; }
+    /// The leading number of the text.
+    double Number() const;
+    /// The number as the page uses it.
+    double Used() const;
+    /// The number, truncated.
+    std::int64_t Whole() const;
+    Meaning MeansNow() const { return meaning; }
+    /// What a person must know of the text; empty if all is well, or if the field is disabled.
+    std::string Remark() const;
+
+    void SetText(std::string newText);
+    /// The user types a text into the field, which has the focus meanwhile.
+    void Type(std::string newText);
+    /// For a field whose meaning follows another control.
+    void SetMeaning(Meaning newMeaning);
+
+    std::function<void()> onChange;  ///< runs at every change of the text, by whomever it is made
+
+private:
+    std::string text;
+    Meaning meaning;
+};
+
+/// One of several items: a popup or a group of radio buttons.
+class Choice : public Control {
+public:
+    const std::vector<std::string_view>& Items() const { return items; }
+    int ListIndex() const { return listIndex; }
+    /// The text of the selected item.
+    std::string_view Selected() const { return items[static_cast<std::size_t>(listIndex)]; }
+    /// Limited to the items that there are.
+    void SetListIndex(std::int64_t index);
+
+    std::function<void()> onChange;  ///< runs at every choice, also of the item that it already shows
+
+protected:
+    Choice(Form& theForm, ControlKind theKind, Group theGroup, std::string_view theName,
+           std::string_view theCaption, std::vector<std::string_view> theItems, int openingIndex,
+           const Traits& theTraits);
+
+private:
+    std::vector<std::string_view> items;
+    int listIndex;
+};
+
+class Popup final : public Choice {
+public:
+    static constexpr ControlKind kindOf = ControlKind::Popup;
+
+    Popup(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
+          std::vector<std::string_view> theItems, int openingIndex = 0, const Traits& theTraits = {});
+};
+
+class RadioGroup final : public Choice {
+public:
+    static constexpr ControlKind kindOf = ControlKind::Radio;
+
+    RadioGroup(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
+               std::vector<std::string_view> theItems, int openingIndex);
+};
+
+class CheckBox final : public Control {
+public:
+    static constexpr ControlKind kindOf = ControlKind::Check;
+
+    CheckBox(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption, bool openingValue,
+             const Traits& theTraits = {});
+
+    bool Value() const { return value; }
+    void SetValue(bool newValue);
+    /// The user clicks the box.
+    void Click(bool newValue);
+
+    std::function<void()> onClick;  ///< runs only when the user clicks
+
+private:
+    bool value;
+};
+
+/// A color swatch.
+class Swatch final : public Control {
+public:
+    static constexpr ControlKind kindOf = ControlKind::Color;
+
+    Swatch(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption, Color openingColor,
+           const Traits& theTraits = {});
+
+    Color Shown() const { return color; }
+    void SetColor(Color newColor);
+
+private:
+    Color color;
+};
+
+/// Calls `visitor` with the control as what it is.
+template <typename Visitor>
+decltype(auto) Visit(Control& control, Visitor&& visitor)
+{
+    switch (control.Kind()) {
+    case ControlKind::Text:
+        return visitor(static_cast<TextField&>(control));
+    case ControlKind::Popup:
+        return visitor(static_cast<Popup&>(control));
+    case ControlKind::Radio:
+        return visitor(static_cast<RadioGroup&>(control));
+    case ControlKind::Check:
+        return visitor(static_cast<CheckBox&>(control));
+    case ControlKind::Color:
+        return visitor(static_cast<Swatch&>(control));
+    case ControlKind::Label:
+        break;
+    }
+    return visitor(static_cast<Label&>(control));
+}
 
 }  // namespace linealis

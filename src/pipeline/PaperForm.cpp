@@ -1,117 +1,179 @@
 #include "pipeline/PaperForm.h"
 
+#include "pdf/MyPDFGenerator.h"
 #include "pdf/Numbers.h"
+#include "pdf/Units.h"
+#include "pipeline/UnitConversion.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace linealis {
 
-PaperForm::PaperForm(const ControlTable& table)
+namespace {
+
+using Pdf = MyPDFGenerator;
+
+/// By the list index of PopupPaperSize; the item behind these is Custom.
+constexpr std::array<PaperSize, 12> paperSizes = {{
+    {Pdf::letterWidth, Pdf::letterHeight},
+    {Pdf::legalWidth, Pdf::legalHeight},
+    {Pdf::ledgerWidth, Pdf::ledgerHeight},
+    {Pdf::A0Width, Pdf::A0Height},
+    {Pdf::A1Width, Pdf::A1Height},
+    {Pdf::A2Width, Pdf::A2Height},
+    {Pdf::A3Width, Pdf::A3Height},
+    {Pdf::A4Width, Pdf::A4Height},
+    {Pdf::A5Width, Pdf::A5Height},
+    {Pdf::A6Width, Pdf::A6Height},
+    {Pdf::B5Width, Pdf::B5Height},
+    {Pdf::p11x17width, Pdf::p11x17height},
+}};
+
+constexpr Traits margin{.beside = true, .meaning = Meaning::Length, .unitRule = UnitRule::Length};
+constexpr Traits firstMargin{.meaning = Meaning::Length, .unitRule = UnitRule::Length};
+constexpr Traits customSize{.beside = true, .enabled = false, .meaning = Meaning::CustomInches};
+constexpr Traits scale{.beside = true, .meaning = Meaning::Scale};
+
+}  // namespace
+
+PaperForm::PaperForm(const MarginTexts& margins)
+    : PopupPaperSize{*this,
+                     Group::Page,
+                     "PopupPaperSize",
+                     "Paper Size:",
+                     {"Letter", "Legal", "Ledger", "A0", "A1", "A2", "A3", "A4", "A5", "A6", "B5", "B (USA)",
+                      "Custom"}},
+      EditCustomWidth{*this, Group::Page, "EditCustomWidth", "", "8.5", customSize},
+      StaticBy{*this, Group::Page, "StaticBy", "by", {.beside = true, .enabled = false}},
+      EditCustomHeight{*this, Group::Page, "EditCustomHeight", "", "11", customSize},
+      StaticText16{*this, Group::Page, "StaticText16", "in", {.beside = true}, {"in", "cm"}},
+      PopupOrientation{*this, Group::Page, "PopupOrientation", "Orientation:", {"Portrait", "Landscape"}, 0,
+                       {.beside = true}},
+      PopupUnits{*this, Group::Page, "PopupUnits", "Units:", {"inches", "cm"}},
+      EditXScale{*this, Group::Page, "EditXScale", "X Scale:", "100", scale},
+      EditYScale{*this, Group::Page, "EditYScale", "Y Scale:", "100", scale},
+      EditTopMargin{*this, Group::Margins, "EditTopMargin", "Top", margins.top, firstMargin},
+      EditBottomMargin{*this, Group::Margins, "EditBottomMargin", "Bottom", margins.bottom, margin},
+      EditLeftMargin{*this, Group::Margins, "EditLeftMargin", "Left", margins.left, margin},
+      EditRightMargin{*this, Group::Margins, "EditRightMargin", "Right", margins.right, margin},
+      CheckBoxViewGraph{*this, Group::File, "CheckBoxViewGraph", "View Graph", true},
+      StaticFileName{*this, Group::File, "StaticFileName", "Untitled", {.beside = true}}
 {
-    for (const ControlGroup& group : table) {
-        for (const Control& control : group.controls) {
-            if (!control.labelName.empty() && !Has(control.labelName)) {
-                Control caption = label(control.labelName, control.caption);
-                caption.enabled = control.enabled;
-                Add(caption, group.group);
-            }
-            Add(control, group.group);
+    PopupPaperSize.onChange = [this] { PopupPaperSize_Change(); };
+    PopupUnits.onChange = [this] { PopupUnits_Change(); };
+}
+
+void PaperForm::Event_Open(const Platform& /*platform*/)
+{
+    OpenPaperSize();
+    // There and back, so that the handler runs and every field shows what it writes.
+    PopupUnits.SetListIndex(1);
+    PopupUnits.SetListIndex(0);
+}
+
+void PaperForm::OpenPaperSize()
+{
+    PopupPaperSize.SetListIndex(1);
+    PopupPaperSize.SetListIndex(0);
+}
+
+PaperSize PaperForm::GetPaperSize() const
+{
+    const auto index = static_cast<std::size_t>(PopupPaperSize.ListIndex());
+    if (index < paperSizes.size()) {
+        return paperSizes[index];
+    }
+    return {PointsOfCustomSide(EditCustomWidth.MeansNow(), EditCustomWidth.Number()),
+            PointsOfCustomSide(EditCustomHeight.MeansNow(), EditCustomHeight.Number())};
+}
+
+void PaperForm::SetPaperSize(const PaperSize& size)
+{
+    const auto inUnits = [this](std::int64_t points) {
+        const auto side = static_cast<double>(points);
+        return mystring(InInches() ? side / pointsPerInch : side * cmPerInch / pointsPerInch);
+    };
+    EditCustomHeight.SetText(inUnits(size.height));
+    EditCustomWidth.SetText(inUnits(size.width));
+}
+
+void PaperForm::PopupPaperSize_Change()
+{
+    const bool custom = static_cast<std::size_t>(PopupPaperSize.ListIndex()) >= paperSizes.size();
+    EditCustomHeight.SetEnabled(custom);
+    EditCustomWidth.SetEnabled(custom);
+    StaticBy.SetEnabled(custom);
+    if (!custom) {
+        SetPaperSize(GetPaperSize());
+    }
+}
+
+void PaperForm::PopupUnits_Change()
+{
+    ConvertUnits(*this, InInches());
+    // A custom size is read under the new unit, so its numbers stay and mean something else.
+    for (TextField* const side : {&EditCustomWidth, &EditCustomHeight}) {
+        side->SetMeaning(InInches() ? Meaning::CustomInches : Meaning::CustomCm);
+    }
+    SetPaperSize(GetPaperSize());
+}
+
+PageSetup PaperForm::ReadSetup() const
+{
+    const double unitPixels = InInches() ? pointsPerInch : pointsPerCm;
+    PaperSize paper = GetPaperSize();
+    if (PopupOrientation.ListIndex() == 1) {
+        std::swap(paper.width, paper.height);
+    }
+    return {.paperWidth = paper.width,
+            .paperHeight = paper.height,
+            .unitPixels = unitPixels,
+            .leftMargin = EditLeftMargin.Number() * unitPixels,
+            .rightMargin = EditRightMargin.Number() * unitPixels,
+            .topMargin = EditTopMargin.Number() * unitPixels,
+            .bottomMargin = EditBottomMargin.Number() * unitPixels};
+}
+
+PageFrame PaperForm::ReadFrame(const Swatch& background, const Swatch* lineColor) const
+{
+    PageFrame frame{ReadSetup()};
+    frame.paperHeight = std::max(frame.paperHeight, smallestPage);
+    frame.paperWidth = std::max(frame.paperWidth, smallestPage);
+    frame.xScale = EditXScale.Number() / 100.0;
+    frame.yScale = EditYScale.Number() / 100.0;
+    frame.background = background.Shown();
+    if (lineColor != nullptr) {
+        frame.lineColor = lineColor->Shown();
+    }
+    return frame;
+}
+
+void PaperForm::WriteCorrections()
+{
+    for (Control* const control : Controls()) {
+        if (control->Kind() != ControlKind::Text) {
+            continue;
+        }
+        auto& field = static_cast<TextField&>(*control);
+        if (IsCorrectedInForm(field.MeansNow()) && field.Used() != field.Number()) {
+            field.SetText(Str(field.Used()));
         }
     }
 }
 
-void PaperForm::Add(const Control& control, Group group)
-{
-    indices[control.name] = states.size();
-    State state;
-    state.control = control;
-    state.group = group;
-    state.caption = control.caption;
-    state.text = control.text;
-    state.listIndex = control.listIndex;
-    state.value = control.value;
-    state.color = control.color;
-    state.enabled = control.enabled;
-    states.push_back(std::move(state));
-}
+ShiftClickNote::ShiftClickNote(PaperForm& form, std::string_view name)
+    : label(form, Group::File, name, "(Shift click to change filename)", {.beside = true})
+{}
 
-double PaperForm::Number(std::string_view name) const
+const std::vector<std::string_view>& FontNames()
 {
-    return Val(Text(name));
-}
-
-std::string_view PaperForm::SelectedItem(std::string_view name) const
-{
-    const State& state = (*this)[name];
-    return state.control.items.at(static_cast<std::size_t>(state.listIndex));
-}
-
-void PaperForm::Changed(std::string_view name, bool runHandler)
-{
-    if (observer) {
-        observer(name);
-    }
-    const auto handler = handlers.find(name);
-    if (runHandler && handler != handlers.end()) {
-        handler->second();
-    }
-}
-
-void PaperForm::SetText(std::string_view name, std::string text)
-{
-    Find(name).text = std::move(text);
-    Changed(name, true);
-}
-
-void PaperForm::SetListIndex(std::string_view name, std::int64_t index)
-{
-    State& state = Find(name);
-    const auto last = static_cast<std::int64_t>(state.control.items.size()) - 1;
-    state.listIndex = static_cast<int>(std::clamp<std::int64_t>(index, 0, last));
-    Changed(name, state.control.kind == ControlKind::Popup);
-}
-
-void PaperForm::SetValue(std::string_view name, bool value)
-{
-    Find(name).value = value;
-    Changed(name, false);
-}
-
-void PaperForm::SetColor(std::string_view name, Color color)
-{
-    Find(name).color = color;
-    Changed(name, false);
-}
-
-void PaperForm::SetEnabled(std::string_view name, bool enabled)
-{
-    Find(name).enabled = enabled;
-    Changed(name, false);
-}
-
-void PaperForm::SetCaption(std::string_view name, std::string_view caption)
-{
-    Find(name).caption = caption;
-    Changed(name, false);
-}
-
-void PaperForm::Type(std::string_view name, std::string text)
-{
-    focusedControl = name;
-    SetText(name, std::move(text));
-    focusedControl.clear();
-}
-
-void PaperForm::Click(std::string_view name, bool value)
-{
-    Find(name).value = value;
-    Changed(name, true);
-}
-
-void PaperForm::OnChange(std::string_view name, Handler handler)
-{
-    handlers[name] = std::move(handler);
+    static const std::vector<std::string_view> names = {
+        "Courier",     "Courier Bold",   "Courier Bold Oblique",   "Courier Oblique",
+        "Helvetica",   "Helvetica Bold", "Helvetica Bold Oblique", "Helvetica Oblique",
+        "Times Roman", "Times Bold",     "Times Italic",           "Times Bold Italic"};
+    return names;
 }
 
 }  // namespace linealis

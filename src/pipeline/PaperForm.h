@@ -1,81 +1,84 @@
 #pragma once
 
-#include "pipeline/Controls.h"
+#include "pipeline/Form.h"
+#include "pipeline/PageFrame.h"
+#include "platform/Platform.h"
 
-#include <cstdint>
-#include <functional>
-#include <map>
-#include <string>
 #include <string_view>
 #include <vector>
 
 namespace linealis {
 
-/// The state of one window's controls, by control name. All logic reads and writes it; a window only shows it.
-///
-/// Each control has at most one handler, which runs when the control changes: of a popup at every choice, by the
-/// user or by program, also of the item it already shows; of a text field at every change of its text; of a check
-/// box only when the user clicks it. What depends on who typed asks focusedControl.
-///
-/// Asking for a control that the form does not have throws std::out_of_range.
-class PaperForm {
+/// What the margin fields hold when a form opens, in the current units.
+struct MarginTexts {
+    std::string_view top = "0.5";
+    std::string_view bottom = "0.5";
+    std::string_view left = "0.5";
+    std::string_view right = "0.5";
+};
+
+/// The state of one paper window's controls: those that every form has, and the kind's own, which are members of a
+/// class derived from this. All logic reads and writes it; a window only shows it.
+class PaperForm : public Form {
 public:
-    struct State {
-        Control control;
-        Group group = Group::Page;
-        std::string caption;
-        std::string text;
-        int listIndex = 0;
-        bool value = false;
-        Color color;
-        bool enabled = true;
-    };
-    using Handler = std::function<void()>;
+    explicit PaperForm(const MarginTexts& margins = {});
+    virtual ~PaperForm() = default;
 
-    explicit PaperForm(const ControlTable& table);
-    PaperForm(const PaperForm&) = delete;  // handlers and windows refer to it
-    PaperForm& operator=(const PaperForm&) = delete;
+    Popup PopupPaperSize;
+    TextField EditCustomWidth;
+    Label StaticBy;
+    TextField EditCustomHeight;
+    Label StaticText16;
+    Popup PopupOrientation;
+    Popup PopupUnits;
+    TextField EditXScale;
+    TextField EditYScale;
+    TextField EditTopMargin;
+    TextField EditBottomMargin;
+    TextField EditLeftMargin;
+    TextField EditRightMargin;
+    CheckBox CheckBoxViewGraph;
+    Label StaticFileName;
 
-    /// All controls in the order of the form. A caption with a name of its own is a label before its control.
-    const std::vector<State>& Controls() const { return states; }
-    bool Has(std::string_view name) const { return indices.contains(name); }
-    const State& operator[](std::string_view name) const { return states[indices.at(name)]; }
+    /// Brings the form into its opening state. Runs once, when the whole form stands. `platform` tells the date.
+    virtual void Event_Open(const Platform& platform);
+    /// Runs before a settings file is opened for a load, also of one that cannot be opened.
+    virtual void BeforeLoad() {}
 
-    const std::string& Text(std::string_view name) const { return (*this)[name].text; }
-    /// The leading number of a text field.
-    double Number(std::string_view name) const;
-    int ListIndex(std::string_view name) const { return (*this)[name].listIndex; }
-    /// The text of the selected item of a popup or radio group.
-    std::string_view SelectedItem(std::string_view name) const;
-    bool Value(std::string_view name) const { return (*this)[name].value; }
-    const Color& ColorOf(std::string_view name) const { return (*this)[name].color; }
+    bool InInches() const { return PopupUnits.ListIndex() == 0; }
 
-    void SetText(std::string_view name, std::string text);
-    /// Limited to the items that there are.
-    void SetListIndex(std::string_view name, std::int64_t index);
-    void SetValue(std::string_view name, bool value);
-    void SetColor(std::string_view name, Color color);
-    void SetEnabled(std::string_view name, bool enabled);
-    void SetCaption(std::string_view name, std::string_view caption);
+    /// The paper in points, upright, from the popup or the custom size fields.
+    PaperSize GetPaperSize() const;
+    /// Shows a size in points in the custom size fields.
+    void SetPaperSize(const PaperSize& size);
 
-    /// The user types a text into the field, which has the focus meanwhile.
-    void Type(std::string_view name, std::string text);
-    /// The user clicks a check box.
-    void Click(std::string_view name, bool value);
+    /// Paper, unit and margins as they stand in the form.
+    PageSetup ReadSetup() const;
+    /// The same for a page, with its scale and colors. A kind without a line color of the whole page gives none.
+    PageFrame ReadFrame(const Swatch& background, const Swatch* lineColor) const;
 
-    void OnChange(std::string_view name, Handler handler);
+    /// Writes into the form what a page uses instead of what a person has entered, where a kind says so.
+    void WriteCorrections();
 
-    std::string focusedControl;                           ///< empty: none
-    std::function<void(std::string_view name)> observer;  ///< told of every change, by whomever it is made
+protected:
+    /// Chooses another paper and back, so that the handler runs and the custom size shows what it writes.
+    void OpenPaperSize();
 
 private:
-    State& Find(std::string_view name) { return states[indices.at(name)]; }
-    void Add(const Control& control, Group group);
-    void Changed(std::string_view name, bool runHandler);
-
-    std::vector<State> states;
-    std::map<std::string_view, std::size_t> indices;
-    std::map<std::string_view, Handler> handlers;
+    void PopupPaperSize_Change();
+    void PopupUnits_Change();
 };
+
+/// The note under the file name. Its name differs from window to window.
+class ShiftClickNote {
+public:
+    ShiftClickNote(PaperForm& form, std::string_view name);
+
+private:
+    Label label;
+};
+
+/// The fonts of a font popup. An item's index plus 1 is the number of its font on the page.
+const std::vector<std::string_view>& FontNames();
 
 }  // namespace linealis

@@ -32,10 +32,6 @@ struct MessageDialog {
     std::string alternateActionButton;
 };
 
-/// Thrown by RuntimeBackgroundTask when the user has stopped the page that is being made. Passes through
-/// everything that draws and ends in PaperWindow::DoPage.
-struct PageStopped {};
-
 /// What the program asks of the machine it runs on, but for files, which are the same everywhere. One
 /// implementation has a screen, the other (ScreenlessPlatform) has its answers given by the caller.
 class Platform {
@@ -96,25 +92,8 @@ public:
     /// Today's date as a short text: the system's own form where there is a screen, otherwise YYYY-MM-DD.
     virtual std::string ShortDate() const;
 
-    /// The yield of every long loop: lets pending events run, and throws PageStopped if one of them was the
-    /// user's wish to stop. Costs next to nothing when called for every line: only each hundredth line's worth
-    /// of work reaches Yield. Work between two calls that takes longer than drawing a line says so.
-    void RuntimeBackgroundTask(int linesWorth = 1)
-    {
-        linesBeforeYield -= linesWorth;
-        if (linesBeforeYield <= 0) {
-            linesBeforeYield = linesPerYield;
-            Yield();
-        }
-    }
-
-    static constexpr int linesPerYield = 100;
-
-protected:
+    /// Lets pending events run, and throws PageStopped if one of them was the user's wish to stop what is under way.
     virtual void Yield() = 0;
-
-private:
-    int linesBeforeYield = linesPerYield;
 };
 
 }  // namespace linealis

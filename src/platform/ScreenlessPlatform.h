@@ -63,8 +63,6 @@ public:
     void FetchInBackground(const std::string& url, std::function<void(const std::string& page)> onReply) override;
     std::optional<std::int64_t> SystemVersion() const override { return systemVersion; }
     LocalTime Now() const override { return clock ? *clock : Platform::Now(); }
-
-protected:
     void Yield() override;
 };
 

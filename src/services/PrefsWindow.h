@@ -1,19 +1,27 @@
 #pragma once
 
-#include "pipeline/PaperForm.h"
+#include "pipeline/Form.h"
 
 namespace linealis {
 
 /// The preferences dialog: whether the program looks for a newer version when it starts.
 class PrefsWindow {
 public:
-    PaperForm form;
+    struct PrefsForm final : Form {
+        CheckBox CheckBoxUpdateCheck;
+
+        explicit PrefsForm(bool checks)
+            : CheckBoxUpdateCheck{*this, Group::Page, "CheckBoxUpdateCheck", "Check For Updates", checks}
+        {}
+    };
+
+    PrefsForm form;
 
     /// Shows and, on OK, changes `theNoUpdateCheck`.
-    explicit PrefsWindow(bool& theNoUpdateCheck);
+    explicit PrefsWindow(bool& theNoUpdateCheck) : form(!theNoUpdateCheck), noUpdateCheck(theNoUpdateCheck) {}
 
     /// OK.
-    void PushButton1_Action();
+    void PushButton1_Action() { noUpdateCheck = !form.CheckBoxUpdateCheck.Value(); }
     /// Cancel: changes nothing.
     void PushButton2_Action() {}
 

@@ -1,8 +1,5 @@
-#include "graph/MainWindow.h"
-
 #include "graph/AxisFunctions.h"
-#include "graph/MarkerFile.h"
-#include "graph/ProbabilityScale.h"
+#include "graph/GraphDrawing.h"
 #include "pdf/Numbers.h"
 
 #include <cmath>
@@ -11,7 +8,6 @@ namespace linealis {
 
 namespace {
 
-constexpr FileType textFileType{"text", ""};
 constexpr std::int64_t markerFont = 0;   // for its width only
 constexpr std::int64_t markerSize = 10;  // likewise; the text takes the font in force
 
@@ -30,20 +26,20 @@ std::string_view FieldOf(std::string_view line, int number)
 
 }  // namespace
 
-void MainWindow::PlotMarkers()
+void GraphDrawing::PlotMarkers()
 {
-    MarkerFile file(platform.GetOpenFolderItem(textFileType));
+    const auto nextLine = ask.askForMarkers();
     std::string line;
-    while (file.NextLine(line)) {
+    while (nextLine(line)) {
         PlotMarker(line);
-        RuntimeBackgroundTask();
+        turns.RuntimeBackgroundTask();
     }
 }
 
-void MainWindow::PlotMarker(std::string_view line)
+void GraphDrawing::PlotMarker(std::string_view line)
 {
-    const double px = MarkerPosition(xAxis, Val(FieldOf(line, 0)));
-    const double py = MarkerPosition(yAxis, Val(FieldOf(line, 1)));
+    const double px = MarkerPosition(x, Val(FieldOf(line, 0)));
+    const double py = MarkerPosition(y, Val(FieldOf(line, 1)));
     if (!std::isfinite(px) || !std::isfinite(py)) {
         return;
     }
@@ -54,23 +50,20 @@ void MainWindow::PlotMarker(std::string_view line)
 }
 
 /// Points from the graph's edge. Not finite where the axis has no place for the value.
-double MainWindow::MarkerPosition(const Axis& axis, double value) const
+double GraphDrawing::MarkerPosition(const Axis& axis, double value)
 {
-    if (axis.IsLog()) {
-        const double size = Usable(axis) / axis.type;
+    if (IsLog(axis.Type())) {
+        const double size = axis.usable / static_cast<double>(axis.Type());
         const auto decade = static_cast<double>(truncated(log10OnAxis(value)));
         return decade * size + log10OnAxis(value / std::pow(10.0, decade)) * size;
     }
-    if (axis.type == hydraulic) {
-        const double exponent = form.Number(axis.controls.hydraulicExponent);
-        const double offset = std::pow(form.Number(axis.controls.minimum), exponent);
-        const double scale = Usable(axis) / (std::pow(form.Number(axis.controls.maximum), exponent) - offset);
-        return (std::pow(value, exponent) - offset) * scale;
+    if (axis.Type() == hydraulic) {
+        return HydraulicScale(axis.form, axis.usable).PositionOf(value);
     }
-    if (axis.type == probability) {
-        return ShareOfProbabilityScale(value) * Usable(axis);
+    if (axis.Type() == probability) {
+        return ShareOfProbabilityScale(value) * axis.usable;
     }
-    return value * axis.lineSpacing / axis.step + axis.zero;
+    return value * axis.form.lineSpacing / axis.form.step + axis.zero;
 }
 
 }  // namespace linealis

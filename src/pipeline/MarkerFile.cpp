@@ -1,4 +1,4 @@
-#include "graph/MarkerFile.h"
+#include "pipeline/MarkerFile.h"
 
 #include "pdf/MyPDFGenerator.h"
 
@@ -59,7 +59,7 @@ bool MarkerFile::NextLine(std::string& line)
         }
         line += byte;
         if (line.size() > static_cast<std::size_t>(MyPDFGenerator::largestStream)) {
-            throw PageTooLarge();  // a line that no page can hold, from a source that may have no end
+            throw PageGivenUp{"a line of the marker file is longer than any page can hold"};  // a line that no page can hold, from a source that may have no end
         }
     } while (NextByte(byte));
     return true;

@@ -1,0 +1,177 @@
+#include "graph/GraphDrawing.h"
+
+#include "pdf/Numbers.h"
+
+namespace linealis {
+
+void Draw(const GraphPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask)
+{
+    GraphDrawing(page, pdf, turns, ask).DoGraph();
+}
+
+void GraphDrawing::DoGraph()
+{
+    pdf.SetFont(page.font, 10.0);
+    MeasureGrid(x);
+    MeasureGrid(y);
+    PlotAxesThatFillTheRoom();
+    // From here on the usable area is the grid, which stands at the lower left of the room.
+    x.usable = x.graphSize;
+    y.usable = y.graphSize;
+    PlotAxesThatFillTheGrid();
+
+    pdf.SetRGBColor(0.0, 0.0, 0.0);
+    FindZero(x);
+    FindZero(y);
+    if (page.hasMarkers) {
+        PlotMarkers();
+    }
+    if (page.showsAxes) {
+        DrawAxes();
+    }
+    DrawTitle();
+}
+
+void GraphDrawing::MeasureGrid(Axis& axis)
+{
+    axis.numLines = static_cast<double>(truncated(axis.usable / axis.form.lineSpacing)) + 1.0;
+    axis.graphSize = static_cast<double>(truncated((axis.numLines - 1.0) * axis.form.lineSpacing));
+}
+
+void GraphDrawing::PlotAxesThatFillTheRoom()
+{
+    if (x.Type() == hydraulic) {
+        PlotHydraulicAxis(x);
+    }
+    if (y.Type() == hydraulic) {
+        PlotHydraulicAxis(y);
+    }
+    if (y.Type() == probability) {
+        PlotProbabilityYAxis();
+    }
+}
+
+void GraphDrawing::PlotAxesThatFillTheGrid()
+{
+    for (const Axis* const axis : {&x, &y}) {
+        if (axis->Type() == linear) {
+            PlotLinearAxis(*axis);
+        } else if (IsLog(axis->Type())) {
+            PlotLogAxis(*axis);
+        }
+    }
+}
+
+void GraphDrawing::FindZero(Axis& axis) const
+{
+    axis.zero = (-axis.form.minimum) * axis.form.lineSpacing / axis.form.step;
+    if (axis.zero < 0.0) {
+        axis.zero = 0.0;
+    }
+}
+
+void GraphDrawing::DrawGridLine(const Axis& axis, double position, double end)
+{
+    if (axis.IsX()) {
+        pdf.StrokeLine(position, bottomMargin, position, end);
+    } else {
+        pdf.StrokeLine(leftMargin, position, end, position);
+    }
+    turns.RuntimeBackgroundTask();
+}
+
+void GraphDrawing::SetMinorStyle(const Axis& axis)
+{
+    pdf.SetLineWidth(axis.form.lineThickness);
+    pdf.SetRGBColor(page.lineColor);
+}
+
+void GraphDrawing::SetMajorStyle(const Axis& axis)
+{
+    pdf.SetLineWidth(axis.form.majorWeight);
+    pdf.SetRGBColor(page.majorLineColor);
+}
+
+double GraphDrawing::WidthOf(std::string_view text, double size) const
+{
+    return MyPDFGenerator::StringWidth(text, page.font, truncated(size));
+}
+
+void GraphDrawing::ShowBlack(const std::string& text, double atX, double atY)
+{
+    pdf.SetRGBColor(0.0, 0.0, 0.0);
+    pdf.SetTextPos(atX, atY);
+    pdf.Show(text);
+    pdf.SetRGBColor(page.lineColor);
+}
+
+void GraphDrawing::DrawAxes()
+{
+    // An axis that is not linear has no zero to stand at: its line stands at the edge of the graph.
+    if (x.Type() > linear) {
+        x.zero = 0.0;
+    }
+    if (y.Type() > linear) {
+        y.zero = 0.0;
+    }
+    DrawAxisLines();
+    for (const Axis* const axis : {&x, &y}) {
+        if (axis->Type() == linear) {
+            DrawLinearNumbers(*axis);
+        }
+    }
+    DrawXAxisTitle();
+    DrawYAxisTitle();
+}
+
+void GraphDrawing::DrawAxisLines()
+{
+    // The weight of the horizontal line is that of the Y row, and the other way round: existing forms have it so.
+    pdf.SetLineWidth(page.y.weight);
+    const double height = y.zero + bottomMargin;
+    pdf.StrokeLine(leftMargin, height, x.graphSize + leftMargin, height);
+    pdf.SetLineWidth(page.x.weight);
+    const double across = x.zero + leftMargin;
+    pdf.StrokeLine(across, bottomMargin, across, y.graphSize + bottomMargin);
+}
+
+void GraphDrawing::DrawXAxisTitle()
+{
+    pdf.SetFont(page.font, page.x.titleTextSize);
+    const double w = WidthOf(page.x.title, page.x.titleTextSize);
+    if (page.x.titlePlacesItself) {
+        pdf.SetTextPos(static_cast<double>(truncated(x.usable / 2.0 + leftMargin - w / 2.0)),
+                       static_cast<double>(truncated(bottomMargin + y.zero - 25.0)));
+    } else {
+        pdf.SetTextPos(page.x.titleX + leftMargin,
+                       page.frame.topMargin + bottomMargin + y.usable - page.x.titleY);
+    }
+    pdf.Show(page.x.title);
+}
+
+void GraphDrawing::DrawYAxisTitle()
+{
+    constexpr double upwards = 90.0;
+    pdf.SetFont(page.font, page.y.titleTextSize);
+    const double w = WidthOf(page.y.title, page.y.titleTextSize);
+    pdf.SetTextPos(0.0, 0.0);
+    if (page.y.titlePlacesItself) {
+        pdf.ShowRotated(page.y.title, upwards, static_cast<double>(truncated(leftMargin + x.zero - 25.0)),
+                        static_cast<double>(truncated(y.usable / 2.0 + bottomMargin - w / 2.0)));
+    } else {
+        pdf.ShowRotated(page.y.title, upwards, page.y.titleX + leftMargin,
+                        page.frame.topMargin + bottomMargin + y.usable - page.y.titleY);
+    }
+}
+
+void GraphDrawing::DrawTitle()
+{
+    pdf.SetFont(page.font, page.titleSize);
+    const double w = WidthOf(page.title, page.titleSize);
+    // Unlike those of the axis titles, a given X counts from the edge of the page.
+    const double atX = page.titleIsCentred ? x.usable / 2.0 + leftMargin - w / 2.0 : page.titleX;
+    pdf.SetTextPos(atX, page.frame.topMargin + bottomMargin + y.usable - page.titleY);
+    pdf.Show(page.title);
+}
+
+}  // namespace linealis

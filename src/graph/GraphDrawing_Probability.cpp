@@ -1,0 +1,30 @@
+#include "graph/AxisFunctions.h"
+#include "graph/GraphDrawing.h"
+#include "pdf/Numbers.h"
+
+#include <array>
+
+namespace linealis {
+
+namespace {
+
+constexpr std::array<double, 19> percentages = {0.1,  0.2,  0.5,  1.0,  2.0,  3.0,  5.0,  10.0, 20.0, 30.0,
+                                                40.0, 50.0, 60.0, 70.0, 80.0, 90.0, 95.0, 99.0, 99.9};
+
+}  // namespace
+
+// Sets neither line width nor color: lines and numbers take what is in force.
+void GraphDrawing::PlotProbabilityYAxis()
+{
+    pdf.SetFont(page.font, page.y.textSize);
+    for (const double percentage : percentages) {
+        const double height = ShareOfProbabilityScale(percentage) * y.usable + bottomMargin;
+        pdf.StrokeLine(leftMargin, height, leftMargin + x.usable, height);
+        const std::string text = mystring(percentage);
+        pdf.SetTextPos(leftMargin - WidthOf(text, page.y.textSize) - 5.0, height - 2.0);
+        pdf.Show(text);
+        turns.RuntimeBackgroundTask();
+    }
+}
+
+}  // namespace linealis

@@ -1,0 +1,90 @@
+#include "papers/CellGrid.h"
+
+#include "pipeline/Fitting.h"
+
+namespace linealis {
+
+SpacingFields::SpacingFields(PaperForm& form, std::string_view verticalText, std::string_view horizontalText)
+    : EditVertSpacing{form, Group::Spacing, "EditVertSpacing", "Vertical Spacing:", verticalText, vertical},
+      EditHorzSpacing{form, Group::Spacing, "EditHorzSpacing", "Horizontal Spacing:", horizontalText, horizontal}
+{}
+
+LineFields::LineFields(PaperForm& form, bool linesOn)
+    : CheckVertLines{form, Group::Lines, "CheckVertLines", "Vertical Lines", linesOn},
+      EditHorzWeight{form,
+                     Group::Lines,
+                     "EditHorzWeight",
+                     "Line Weight:",
+                     ".5",
+                     {.label = "StaticTextVLines",
+                      .beside = true,
+                      .enabledBy = &CheckVertLines,
+                      .meaning = Meaning::Weight}},
+      CheckHorzLines{form, Group::Lines, "CheckHorzLines", "Horizontal Lines", linesOn},
+      EditVertWeight{form,
+                     Group::Lines,
+                     "EditVertWeight",
+                     "Line Weight:",
+                     ".5",
+                     {.label = "StaticTextHLines",
+                      .beside = true,
+                      .enabledBy = &CheckHorzLines,
+                      .meaning = Meaning::Weight}}
+{}
+
+CellGrid FitCells(const PageFrame& frame, const TextField& vertSpacing, const TextField& horzSpacing,
+                  const Mark& mark)
+{
+    CellGrid grid;
+    grid.vertSpacing = vertSpacing.Used() * frame.unitPixels;
+    grid.horzSpacing = horzSpacing.Used() * frame.unitPixels;
+    const double usableWidth = frame.UsableWidth() - mark.width;
+    const double usableHeight = frame.UsableHeight() - mark.height;
+    const std::int64_t columns = WholeCells(usableWidth, grid.horzSpacing);
+    const std::int64_t rows = WholeCells(usableHeight, grid.vertSpacing);
+    grid.left = frame.leftMargin + CentringShift(usableWidth, columns, grid.horzSpacing, mark.width);
+    grid.bottom = frame.bottomMargin + CentringShift(usableHeight, rows, grid.vertSpacing, mark.height);
+    grid.columns = static_cast<double>(columns);
+    grid.rows = static_cast<double>(rows);
+    return grid;
+}
+
+CellGrid FitCells(const PageFrame& frame, const SpacingFields& spacing, const LineFields& lines, const Mark& mark)
+{
+    CellGrid grid = FitCells(frame, spacing.EditVertSpacing, spacing.EditHorzSpacing, mark);
+    grid.horzLineWeight = lines.EditHorzWeight.Used();
+    grid.vertLineWeight = lines.EditVertWeight.Used();
+    grid.drawsHorzLines = lines.CheckHorzLines.Value();
+    grid.drawsVertLines = lines.CheckVertLines.Value();
+    return grid;
+}
+
+void DrawHorizontalLines(const CellGrid& grid, MyPDFGenerator& pdf, Turns& turns)
+{
+    pdf.SetLineWidth(grid.horzLineWeight);
+    for (double i = 0.0; i <= grid.rows; i += 1.0) {
+        pdf.StrokeLine(grid.left, grid.RowY(i), grid.ColumnX(grid.columns), grid.RowY(i));
+        turns.RuntimeBackgroundTask();
+    }
+}
+
+void DrawVerticalLines(const CellGrid& grid, MyPDFGenerator& pdf, Turns& turns)
+{
+    pdf.SetLineWidth(grid.vertLineWeight);
+    for (double i = 0.0; i <= grid.columns; i += 1.0) {
+        pdf.StrokeLine(grid.ColumnX(i), grid.bottom, grid.ColumnX(i), grid.RowY(grid.rows));
+        turns.RuntimeBackgroundTask();
+    }
+}
+
+void DrawChosenLines(const CellGrid& grid, MyPDFGenerator& pdf, Turns& turns)
+{
+    if (grid.drawsHorzLines) {
+        DrawHorizontalLines(grid, pdf, turns);
+    }
+    if (grid.drawsVertLines) {
+        DrawVerticalLines(grid, pdf, turns);
+    }
+}
+
+}  // namespace linealis

@@ -1,0 +1,68 @@
+#include "papers/CellSize.h"
+
+namespace linealis {
+
+CellSizeFields::CellSizeFields(PaperForm& form, std::string_view lineWeight)
+    : EditSize{form,
+               Group::Spacing,
+               "EditSize",
+               "Cell Size:",
+               "0.5",
+               {.meaning = Meaning::CellSize, .unitRule = UnitRule::Length}},
+      EditLineThickness{form,       Group::Lines, "EditLineThickness", "Line Weight:", lineWeight,
+                        {.meaning = Meaning::Weight}}
+{}
+
+MinorWeightField::MinorWeightField(PaperForm& form)
+    : EditMinorLineThickness{form,
+                             Group::Lines,
+                             "EditMinorLineThickness",
+                             "Minor Line Weight:",
+                             ".15",
+                             {.meaning = Meaning::Weight}}
+{}
+
+CellFrameFields::CellFrameFields(PaperForm& form)
+    : CheckBoxFrame{form, Group::Lines, "CheckBoxFrame", "Draw Frame", true},
+      LineColorCanvas{form, Group::Lines, "LineColorCanvas", "Line Color", black},
+      BackgroundColorCanvas{form,  Group::Lines,     "BackgroundColorCanvas", "Background Color",
+                            white, {.beside = true}},
+      note{form, "StaticTextShiftClick"}
+{}
+
+SettingsTable CellSizeSettings(PaperForm& form, CellSizeFields& fields, CellFrameFields& frame,
+                               const SettingsTable& boxes)
+{
+    using namespace settings;
+    return Concatenate({
+        Head(form),
+        {text(fields.EditLineThickness)},
+        Margins(form),
+        {box(form.CheckBoxViewGraph)},
+        boxes,
+        {color(frame.LineColorCanvas), fileReference(), cellSize(form, fields.EditSize),
+         inverseColor(frame.BackgroundColorCanvas)},
+    });
+}
+
+Area UsableArea(const PageFrame& frame)
+{
+    return {frame.leftMargin, frame.bottomMargin, frame.UsableWidth(), frame.UsableHeight()};
+}
+
+void DrawFrame(const Area& area, MyPDFGenerator& pdf)
+{
+    const double right = area.Right();
+    const double top = area.Top();
+    pdf.StrokeLine(area.left, area.bottom, right, area.bottom);
+    pdf.StrokeLine(right, area.bottom, right, top);
+    pdf.StrokeLine(right, top, area.left, top);
+    pdf.StrokeLine(area.left, top, area.left, area.bottom);
+}
+
+void Clip(const Area& area, double x1, double y1, double x2, double y2, MyPDFGenerator& pdf)
+{
+    pdf.ClipLine(x1, y1, x2, y2, area.left, area.bottom, area.width, area.height);
+}
+
+}  // namespace linealis

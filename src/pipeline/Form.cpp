@@ -1,0 +1,34 @@
+#include "pipeline/Form.h"
+
+#include <algorithm>
+
+namespace linealis {
+
+Control* Form::Find(std::string_view name) const
+{
+    const auto found = std::find_if(controls.begin(), controls.end(),
+                                    [&](const Control* control) { return control->Name() == name; });
+    return found == controls.end() ? nullptr : *found;
+}
+
+void Form::Add(Control& control)
+{
+    const auto place =
+        std::upper_bound(controls.begin(), controls.end(), control.InGroup(),
+                         [](Group group, const Control* other) { return group < other->InGroup(); });
+    controls.insert(place, &control);
+}
+
+void Form::EnableFollowersOf(const CheckBox& box) const
+{
+    for (Control* const control : controls) {
+        if (control->Declared().enabledBy == &box) {
+            control->SetEnabled(box.Value());
+            if (Label* const label = control->CaptionLabel()) {
+                label->SetEnabled(box.Value());
+            }
+        }
+    }
+}
+
+}  // namespace linealis

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace linealis {
+
+/// What the number or text of a text field stands for: its unit, and what the page makes of it. Remarks and pages
+/// take the value used from the same function, UsedValue.
+enum class Meaning {
+    Number,           ///< any number
+    Prose,            ///< text that is printed
+    Length,           ///< in the current unit
+    TitlePlace,       ///< a length; empty centres the title
+    Spacing,          ///< a length; 0 makes no cells
+    CellSize,         ///< a length; 0 or less draws no pattern
+    CustomInches,     ///< a side of the paper in inches; less than 10 points counts as 10
+    CustomCm,         ///< the same in centimetres
+    Weight,           ///< of a line, in points in both units
+    FontSize,         ///< in points in both units
+    Scale,            ///< per cent of the true size
+    Share,            ///< per cent, limited to 0 to 100, in the form too
+    LinesPerUnit,     ///< 0 or less is replaced by 5, in the form too
+    GridDensity,      ///< lines per unit of a graph; 0 counts as 1
+    Count,            ///< whole; a fraction is cut off
+    Quantity,         ///< whole; a negative one counts as 0
+    CircleCount,      ///< whole; less than 1 counts as 1
+    WholeUnits,       ///< a whole number of units; a negative one counts as 0
+    GridLines,        ///< a number of grid lines; 0 or less means none
+    NumberSpacing,    ///< a number of grid lines, whole; from 0 to 1 counts as 1; below 0 writes none
+    AxisValue,        ///< in the axis's own values
+    AxisStep,         ///< in the axis's own values; 0 counts as 1
+    Exponent,         ///< must be above 1
+    HydraulicStart,   ///< the minimum of a hydraulic axis; must not be negative
+    HydraulicStep,    ///< in the axis's own values; 0 or less draws no grid line
+    HydraulicNumber,  ///< a number of grid lines, rounded up; less than 1 counts as 1
+};
+
+/// The value that the page works with, in the unit of the field.
+double UsedValue(Meaning meaning, double value);
+
+/// Whether Generate writes a corrected value back into the form.
+bool IsCorrectedInForm(Meaning meaning);
+
+/// A custom side of the paper in whole points, cut off, before a page raises it to its least size. `meaning` tells
+/// the unit.
+std::int64_t PointsOfCustomSide(Meaning meaning, double side);
+
+/// No page is smaller than this either way. Points.
+inline constexpr std::int64_t smallestPage = 10;
+
+/// A few words on what to enter, with the unit.
+std::string_view HintFor(Meaning meaning);
+
+/// What a person must know of the field: that its text is no number, which value counts instead, or what becomes of
+/// a value that the page can do little with. Empty if all is well.
+std::string RemarkOn(Meaning meaning, const std::string& text);
+
+}  // namespace linealis

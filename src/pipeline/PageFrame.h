@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/Color.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace linealis {
+
+/// Points.
+struct PaperSize {
+    std::int64_t width;
+    std::int64_t height;
+};
+
+/// The paper of a page and the room on it, in points.
+struct PageSetup {
+    std::int64_t paperWidth = 0;
+    std::int64_t paperHeight = 0;
+    double unitPixels = 0.0;  ///< points per unit of length
+    double leftMargin = 0.0;
+    double rightMargin = 0.0;
+    double topMargin = 0.0;
+    double bottomMargin = 0.0;
+
+    /// The room between the margins.
+    double UsableWidth() const { return static_cast<double>(paperWidth) - leftMargin - rightMargin; }
+    double UsableHeight() const { return static_cast<double>(paperHeight) - topMargin - bottomMargin; }
+};
+
+/// What every page begins with. No side of its paper is below smallestPage.
+struct PageFrame : PageSetup {
+    double xScale = 1.0;
+    double yScale = 1.0;
+    Color background = white;
+    std::optional<Color> lineColor = {};  ///< nothing: the kind sets its colors itself
+};
+
+}  // namespace linealis

@@ -1,0 +1,65 @@
+#include "pipeline/PageJob.h"
+
+#include "pdf/Numbers.h"
+
+#include <new>
+#include <string>
+
+namespace linealis {
+
+namespace {
+
+void GiveUp(MyPDFGenerator& pdf, const std::string& reason, Platform& platform)
+{
+    pdf.Discard();
+    platform.ShowFileError(pdf.theFile,
+                           "Unable to make the file " + pdf.theFile.Name() + ": " + reason +
+                               ". Nothing was written. Larger spacings or a smaller paper make a smaller page.",
+                           reason);
+}
+
+}  // namespace
+
+void DrawContent(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask)
+{
+    const PageFrame& frame = page.frame;
+    turns.Restart();
+    if (pdf.CreateNew() < 0) {
+        return;
+    }
+    pdf.SetParameter("compatibility", "1.4");
+    pdf.SetInfo("Creator", "Linealis");
+    pdf.SetInfo("Author", "Tallowmere Works");
+    pdf.SetInfo("Title", "Graph Paper");
+    pdf.SetInfo("Subject",
+                "Width: " + mystring(frame.paperWidth) + "  Height: " + mystring(frame.paperHeight));
+    pdf.BeginPage(frame.paperWidth, frame.paperHeight);
+    pdf.InitGraphics();
+    pdf.Scale(frame.xScale, frame.yScale);
+    pdf.SetBackgroundColor(frame.background);
+    if (frame.lineColor) {
+        pdf.SetRGBColor(*frame.lineColor);
+    }
+    page.doGraph(pdf, turns, ask);
+    pdf.EndPage();
+}
+
+bool MakePage(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask,
+              Platform& platform)
+{
+    try {
+        DrawContent(page, pdf, turns, ask);
+        pdf.CloseFile(platform);
+        pdf.Delete();
+    } catch (const PageStopped&) {
+        pdf.Discard();
+        return false;
+    } catch (const PageGivenUp& givenUp) {
+        GiveUp(pdf, givenUp.reason, platform);
+    } catch (const std::bad_alloc&) {
+        GiveUp(pdf, "there is not enough memory for the page, so it was given up", platform);
+    }
+    return true;
+}
+
+}  // namespace linealis

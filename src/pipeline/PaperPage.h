@@ -1,0 +1,45 @@
+#pragma once
+
+#include "pdf/MyPDFGenerator.h"
+#include "pipeline/PageFrame.h"
+#include "platform/Turns.h"
+
+#include <functional>
+#include <string>
+#include <utility>
+
+namespace linealis {
+
+/// What a drawing must say or ask on its way. Generate shows a dialog in the middle of the page, another caller
+/// collects.
+struct PageQuestions {
+    /// Tells the user something that keeps a part of the page from being drawn.
+    std::function<void(const std::string& message)> say;
+
+    /// Asks for the marker file. Returns the way to its lines: each call puts the next one, without its end, into
+    /// `line`, and returns whether there was one. Without a file there is none.
+    std::function<std::function<bool(std::string& line)>()> askForMarkers;
+};
+
+/// A page as it was read from a form: plain values, and the drawing that goes with them. It knows no form, window,
+/// file or screen, so that it can be drawn anywhere, on any thread.
+struct PaperPage {
+    PageFrame frame;
+    std::function<void(MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask)> doGraph;
+};
+
+/// The page of a kind, whose drawing is the function Draw for it.
+template <typename KindPage>
+PaperPage PageOf(KindPage page)
+{
+    const PageFrame frame = page.frame;
+    return {frame, [page = std::move(page)](MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask) {
+                if constexpr (requires { Draw(page, pdf, turns, ask); }) {
+                    Draw(page, pdf, turns, ask);
+                } else {
+                    Draw(page, pdf, turns);
+                }
+            }};
+}
+
+}  // namespace linealis
