@@ -20,7 +20,7 @@ struct PaperKind {
     int menuPosition;  ///< in the Graph menu, from 1
     FileType settingsType;
     Paper (*makePaper)(const Platform& platform);  ///< a paper in its opening state
-    bool hasMarkers = false;       ///< can write the lines of a marker file on its page
+    bool hasMarkers = false;                       ///< can write the lines of a marker file on its page
     bool keepsLastSettings = false;  ///< its form is saved when its window ends, and comes back from the gallery
     bool hasFixedSize = false;       ///< its window cannot be resized
 };

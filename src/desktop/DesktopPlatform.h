@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "platform/Turns.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -36,8 +37,6 @@ public:
 
     /// Whether work of that sort is under way.
     bool IsBusy() const { return !stops.empty(); }
-
-protected:
     void Yield() override;
 
 private:

@@ -8,11 +8,11 @@
 
 namespace linealis::desktop {
 
-FormDialog::FormDialog(const QString& title, PaperForm& form, QWidget* parent) : QDialog(parent)
+FormDialog::FormDialog(const QString& title, Form& form, QWidget* parent) : QDialog(parent)
 {
     setWindowTitle(title);
     auto* const layout = new QVBoxLayout(this);
-    layout->addWidget(new FormView(form, [](std::string_view) {}));
+    layout->addWidget(new FormView(form, GroupBoxes::none, [](Swatch&) {}));
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("PushButton1"));
     buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("PushButton2"));

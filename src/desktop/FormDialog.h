@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pipeline/PaperForm.h"
+#include "pipeline/Form.h"
 
 #include <QDialog>
 
@@ -11,7 +11,7 @@ class FormDialog final : public QDialog {
     Q_OBJECT
 
 public:
-    FormDialog(const QString& title, PaperForm& form, QWidget* parent);
+    FormDialog(const QString& title, Form& form, QWidget* parent);
 };
 
 }  // namespace linealis::desktop

@@ -3,8 +3,6 @@
 #include "desktop/FormDialog.h"
 #include "desktop/FormView.h"
 #include "desktop/Text.h"
-#include "graph/EasyGraphWizard.h"
-#include "graph/MainWindow.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -27,11 +25,11 @@ PaperView::PaperView(DesktopPlatform& thePlatform, const PaperKind& theKind, Pap
 {
     setWindowTitle(ToQt(kind.title));
     setObjectName(ToQt(kind.name));
-    auto* const form =
-        new FormView(window.form, [this](std::string_view name) { window.ColorCanvas_MouseDown(name); });
+    auto* const form = new FormView(window.form, GroupBoxes::withHeading,
+                                    [this](Swatch& canvas) { window.ColorCanvas_MouseDown(canvas); });
     form->AddBesideLastGroup(MakeButtons());
     setCentralWidget(form);
-    if (dynamic_cast<MainWindow*>(&window) != nullptr) {
+    if (kind.hasFixedSize) {
         layout()->setSizeConstraint(QLayout::SetFixedSize);
         setWindowFlag(Qt::WindowMaximizeButtonHint, false);
     }
@@ -52,7 +50,7 @@ QWidget* PaperView::MakeButtons()
     auto* const row = new QWidget;
     auto* const layout = new QVBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 4);
-    if (dynamic_cast<MainWindow*>(&window) != nullptr) {
+    if (window.GetWizard() != nullptr) {
         auto* const wizard = new QPushButton(QStringLiteral("Easy Graph Wizard"));
         wizard->setObjectName(QStringLiteral("PushButtonEasyWizard"));
         wizard->setAutoDefault(false);
@@ -105,8 +103,8 @@ void PaperView::Generate()
 
 void PaperView::ShowWizard()
 {
-    EasyGraphWizard& wizard = dynamic_cast<MainWindow&>(window).Wizard();
-    FormDialog dialog(QStringLiteral("Easy Graph Wizard"), wizard.form, this);
+    Wizard& wizard = *window.GetWizard();
+    FormDialog dialog(QStringLiteral("Easy Graph Wizard"), wizard.Fields(), this);
     if (dialog.exec() == QDialog::Accepted) {
         wizard.PushButton1_Action();
     } else {

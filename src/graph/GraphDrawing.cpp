@@ -143,8 +143,7 @@ void GraphDrawing::DrawXAxisTitle()
         pdf.SetTextPos(static_cast<double>(truncated(x.usable / 2.0 + leftMargin - w / 2.0)),
                        static_cast<double>(truncated(bottomMargin + y.zero - 25.0)));
     } else {
-        pdf.SetTextPos(page.x.titleX + leftMargin,
-                       page.frame.topMargin + bottomMargin + y.usable - page.x.titleY);
+        pdf.SetTextPos(page.x.titleX + leftMargin, page.frame.topMargin + bottomMargin + y.usable - page.x.titleY);
     }
     pdf.Show(page.x.title);
 }

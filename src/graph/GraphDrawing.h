@@ -21,11 +21,11 @@ private:
     /// An axis while it is drawn.
     struct Axis {
         const GraphAxis& form;
-        double origin;              ///< where it begins on the page
-        double usable;              ///< the room along it; once the grid is measured and wanted, the grid's size
-        double numLines = 0.0;      ///< whole; the first and the last line included
-        double graphSize = 0.0;     ///< whole; the grid's size along the axis
-        double zero = 0.0;          ///< where the value zero lies, from the graph's corner
+        double origin;           ///< where it begins on the page
+        double usable;           ///< the room along it; once the grid is measured and wanted, the grid's size
+        double numLines = 0.0;   ///< whole; the first and the last line included
+        double graphSize = 0.0;  ///< whole; the grid's size along the axis
+        double zero = 0.0;       ///< where the value zero lies, from the graph's corner
 
         bool IsX() const { return form.name == AxisName::x; }
         AxisType Type() const { return form.type; }

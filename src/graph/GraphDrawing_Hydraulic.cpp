@@ -1,4 +1,5 @@
 #include "graph/GraphDrawing.h"
+
 #include "pdf/Numbers.h"
 #include "pipeline/Fitting.h"
 

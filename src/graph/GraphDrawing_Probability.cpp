@@ -1,5 +1,6 @@
-#include "graph/AxisFunctions.h"
 #include "graph/GraphDrawing.h"
+
+#include "graph/AxisFunctions.h"
 #include "pdf/Numbers.h"
 
 #include <array>

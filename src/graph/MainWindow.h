@@ -67,7 +67,8 @@ using ConstAxisFields = AxisFieldsOf<const GridRow, const AxisRow, const AxisTit
 
 /// The general graph paper: two axes, each linear, logarithmic or hydraulic, the Y axis also probability.
 struct GraphForm final : PaperForm {
-    Label StaticTextLinesPerUnit{*this, Group::Spacing, "StaticTextLinesPerUnit", "Lines/in", {}, {"Lines/in", "Lines/cm"}};
+    Label StaticTextLinesPerUnit{*this, Group::Spacing,          "StaticTextLinesPerUnit", "Lines/in",
+                                 {},    {"Lines/in", "Lines/cm"}};
     GridRow xGrid{*this, AxisName::x};
     GridRow yGrid{*this, AxisName::y};
     AxisRow xAxis{*this, AxisName::x};
@@ -79,13 +80,12 @@ struct GraphForm final : PaperForm {
                                 black, {.beside = true}};
     Swatch BackgroundColorCanvas{*this, Group::Lines,    "BackgroundColorCanvas", "Background Color",
                                  white, {.beside = true}};
-    TextField EditTitle{*this,   Group::Text, "EditTitle", "Title:", "A Sample Graph Paper",
-                        {.meaning = Meaning::Prose}};
-    TextField EditTitleSize{*this,   Group::Text,
-                            "EditTitleSize", "Size:",
-                            "20",    {.beside = true, .meaning = Meaning::FontSize}};
-    TextField EditTitleX{*this, Group::Text, "EditTitleX", "X:", "2.6",
-                         {.beside = true, .meaning = Meaning::TitlePlace}};
+    TextField EditTitle{
+        *this, Group::Text, "EditTitle", "Title:", "A Sample Graph Paper", {.meaning = Meaning::Prose}};
+    TextField EditTitleSize{*this,   Group::Text, "EditTitleSize",
+                            "Size:", "20",        {.beside = true, .meaning = Meaning::FontSize}};
+    TextField EditTitleX{*this, Group::Text, "EditTitleX",
+                         "X:",  "2.6",       {.beside = true, .meaning = Meaning::TitlePlace}};
     TextField EditTitleY{*this, Group::Text, "EditTitleY", "Y:", "1", {.beside = true, .meaning = Meaning::Length}};
     AxisTitleRow xTitle{*this, AxisName::x};
     AxisTitleRow yTitle{*this, AxisName::y};
@@ -123,7 +123,7 @@ struct GraphAxis {
     double hydraulicExponent = 0.0;
     double minimum = 0.0;
     double maximum = 0.0;
-    double step = 0.0;  ///< axis value from one grid line to the next
+    double step = 0.0;          ///< axis value from one grid line to the next
     bool stepsForward = false;  ///< whether the form's step is above 0, without which a hydraulic axis has no lines
     double numberSpacing = 0.0;  ///< every how many grid lines a number stands
     double weight = 0.0;         ///< of the axis line across: each row's weight is that of the other one's line

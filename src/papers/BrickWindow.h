@@ -7,22 +7,16 @@ namespace linealis {
 
 /// Bricks in running bond: courses whose joints stand half a brick beside those of the next.
 struct BrickForm final : PaperForm {
-    TextField EditVertSpacing{*this,        Group::Spacing, "EditVertSpacing", "Vertical Spacing:", ".25",
-                              SpacingFields::vertical};
-    TextField EditHorzWeight{*this,
-                             Group::Spacing,
-                             "EditHorzWeight",
-                             "Line Weight:",
-                             ".5",
-                             {.label = "StaticTextVLines", .beside = true, .meaning = Meaning::Weight}};
-    TextField EditHorzSpacing{*this,        Group::Spacing, "EditHorzSpacing", "Horizontal Spacing:", ".75",
-                              SpacingFields::horizontal};
-    TextField EditVertWeight{*this,
-                             Group::Spacing,
-                             "EditVertWeight",
-                             "Line Weight:",
-                             ".5",
-                             {.label = "StaticTextHLines", .beside = true, .meaning = Meaning::Weight}};
+    TextField EditVertSpacing{
+        *this, Group::Spacing, "EditVertSpacing", "Vertical Spacing:", ".25", SpacingFields::vertical};
+    TextField EditHorzWeight{
+        *this,          Group::Spacing, "EditHorzWeight",
+        "Line Weight:", ".5",           {.label = "StaticTextVLines", .beside = true, .meaning = Meaning::Weight}};
+    TextField EditHorzSpacing{
+        *this, Group::Spacing, "EditHorzSpacing", "Horizontal Spacing:", ".75", SpacingFields::horizontal};
+    TextField EditVertWeight{
+        *this,          Group::Spacing, "EditVertWeight",
+        "Line Weight:", ".5",           {.label = "StaticTextHLines", .beside = true, .meaning = Meaning::Weight}};
     Swatch LinesColorCanvas{*this, Group::Lines, "LinesColorCanvas", "Line Color", black, {.label = "StaticText5"}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,

@@ -8,8 +8,8 @@
 
 namespace linealis {
 
-// What the grid, dots, crosses and brick papers share: whole cells, centred between the margins, with horizontal and
-// vertical lines on their edges.
+// What the grid, dots, crosses and brick papers share: whole cells, centred between the margins, with horizontal
+// and vertical lines on their edges.
 
 /// The two spacings, each with its opening text.
 struct SpacingFields {

@@ -3,29 +3,22 @@
 namespace linealis {
 
 CellSizeFields::CellSizeFields(PaperForm& form, std::string_view lineWeight)
-    : EditSize{form,
-               Group::Spacing,
-               "EditSize",
-               "Cell Size:",
-               "0.5",
-               {.meaning = Meaning::CellSize, .unitRule = UnitRule::Length}},
-      EditLineThickness{form,       Group::Lines, "EditLineThickness", "Line Weight:", lineWeight,
-                        {.meaning = Meaning::Weight}}
+    : EditSize{form,         Group::Spacing, "EditSize",
+               "Cell Size:", "0.5",          {.meaning = Meaning::CellSize, .unitRule = UnitRule::Length}},
+      EditLineThickness{form,           Group::Lines, "EditLineThickness",
+                        "Line Weight:", lineWeight,   {.meaning = Meaning::Weight}}
 {}
 
 MinorWeightField::MinorWeightField(PaperForm& form)
-    : EditMinorLineThickness{form,
-                             Group::Lines,
-                             "EditMinorLineThickness",
-                             "Minor Line Weight:",
-                             ".15",
-                             {.meaning = Meaning::Weight}}
+    : EditMinorLineThickness{
+          form, Group::Lines, "EditMinorLineThickness", "Minor Line Weight:", ".15", {.meaning = Meaning::Weight}}
 {}
 
 CellFrameFields::CellFrameFields(PaperForm& form)
-    : CheckBoxFrame{form, Group::Lines, "CheckBoxFrame", "Draw Frame", true},
-      LineColorCanvas{form, Group::Lines, "LineColorCanvas", "Line Color", black},
-      BackgroundColorCanvas{form,  Group::Lines,     "BackgroundColorCanvas", "Background Color",
+    : CheckBoxFrame{form, Group::Lines, "CheckBoxFrame", "Draw Frame", true}, LineColorCanvas{form, Group::Lines,
+                                                                                              "LineColorCanvas",
+                                                                                              "Line Color", black},
+      BackgroundColorCanvas{form,  Group::Lines,    "BackgroundColorCanvas", "Background Color",
                             white, {.beside = true}},
       note{form, "StaticTextShiftClick"}
 {}

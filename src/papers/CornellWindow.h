@@ -16,36 +16,22 @@ struct CornellForm final : PaperForm {
                               "5",
                               {.label = "StaticText25", .meaning = Meaning::LinesPerUnit}};
     Label StaticHorzUnit{*this, Group::Spacing, "StaticHorzUnit", "-", {.beside = true}, {"per inch", "per cm"}};
-    TextField EditLineThicknessHorz{*this,
-                                    Group::Spacing,
-                                    "EditLineThicknessHorz",
-                                    "Line Weight:",
-                                    ".2",
-                                    {.label = "StaticText1", .beside = true, .meaning = Meaning::Weight}};
+    TextField EditLineThicknessHorz{
+        *this,          Group::Spacing, "EditLineThicknessHorz",
+        "Line Weight:", ".2",           {.label = "StaticText1", .beside = true, .meaning = Meaning::Weight}};
     CheckBox CheckGrid{*this, Group::Spacing, "CheckGrid", "Grid", false, {.beside = true}};
-    TextField EditNoteWidth{*this,
-                            Group::Spacing,
-                            "EditNoteWidth",
-                            "Width:",
-                            "70",
-                            {.label = "StaticText27", .meaning = Meaning::Share}};
+    TextField EditNoteWidth{*this,    Group::Spacing, "EditNoteWidth",
+                            "Width:", "70",           {.label = "StaticText27", .meaning = Meaning::Share}};
     Label StaticText31{*this, Group::Spacing, "StaticText31", "%", {.beside = true}};
-    TextField EditNoteHeight{*this,
-                             Group::Spacing,
-                             "EditNoteHeight",
-                             "Height:",
-                             "83",
-                             {.label = "StaticText30", .beside = true, .meaning = Meaning::Share}};
+    TextField EditNoteHeight{
+        *this,     Group::Spacing, "EditNoteHeight",
+        "Height:", "83",           {.label = "StaticText30", .beside = true, .meaning = Meaning::Share}};
     Label StaticText32{*this, Group::Spacing, "StaticText32", "%", {.beside = true}};
     CheckBox CheckCueLeft{*this, Group::Lines, "CheckCueLeft", "Cue Area on Left", true};
-    CheckBox CheckSummaryBottom{*this, Group::Lines, "CheckSummaryBottom", "Summary Area on Bottom", true,
-                                {.beside = true}};
-    TextField EditCueWeight{*this,
-                            Group::Lines,
-                            "EditCueWeight",
-                            "Line Weight:",
-                            ".5",
-                            {.label = "StaticText28", .meaning = Meaning::Weight}};
+    CheckBox CheckSummaryBottom{*this, Group::Lines,    "CheckSummaryBottom", "Summary Area on Bottom",
+                                true,  {.beside = true}};
+    TextField EditCueWeight{*this,          Group::Lines, "EditCueWeight",
+                            "Line Weight:", ".5",         {.label = "StaticText28", .meaning = Meaning::Weight}};
     Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Line Color", black, {.label = "StaticText4"}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,
@@ -54,12 +40,9 @@ struct CornellForm final : PaperForm {
                                  white,
                                  {.label = "StaticText33", .beside = true}};
     CheckBox CheckBoxTopicArea{*this, Group::Text, "CheckBoxTopicArea", "Topic Area", true};
-    TextField EditName{*this,
-                       Group::Text,
-                       "EditName",
-                       "Name:",
-                       "Ned Fallow",
-                       {.label = "StaticName", .enabledBy = &CheckBoxTopicArea, .meaning = Meaning::Prose}};
+    TextField EditName{
+        *this,   Group::Text,  "EditName",
+        "Name:", "Ned Fallow", {.label = "StaticName", .enabledBy = &CheckBoxTopicArea, .meaning = Meaning::Prose}};
     TextField EditDate{
         *this,
         Group::Text,
@@ -81,12 +64,9 @@ struct CornellForm final : PaperForm {
         "Writing",
         {.label = "StaticSubject", .beside = true, .enabledBy = &CheckBoxTopicArea, .meaning = Meaning::Prose}};
     TextField EditTextSize{
-        *this,
-        Group::Text,
-        "EditTextSize",
-        "Text Size:",
-        "12",
-        {.label = "StaticTextSize", .enabledBy = &CheckBoxTopicArea, .meaning = Meaning::FontSize}};
+        *this,          Group::Text,
+        "EditTextSize", "Text Size:",
+        "12",           {.label = "StaticTextSize", .enabledBy = &CheckBoxTopicArea, .meaning = Meaning::FontSize}};
     ShiftClickNote note{*this, "StaticText26"};
 
     void Event_Open(const Platform& platform) override;

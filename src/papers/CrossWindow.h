@@ -9,18 +9,11 @@ namespace linealis {
 struct CrossForm final : PaperForm {
     SpacingFields spacing{*this, ".5", ".5"};
     // Lengths too, but a change of units leaves their numbers alone.
-    TextField EditCrossHeight{*this,
-                              Group::Spacing,
-                              "EditCrossHeight",
-                              "Cross Height:",
-                              ".15",
-                              {.label = "StaticText25", .meaning = Meaning::Length}};
-    TextField EditCrossWidth{*this,
-                             Group::Spacing,
-                             "EditCrossWidth",
-                             "Cross Width:",
-                             ".15",
-                             {.label = "StaticText26", .meaning = Meaning::Length}};
+    TextField EditCrossHeight{
+        *this,           Group::Spacing, "EditCrossHeight",
+        "Cross Height:", ".15",          {.label = "StaticText25", .meaning = Meaning::Length}};
+    TextField EditCrossWidth{*this,          Group::Spacing, "EditCrossWidth",
+                             "Cross Width:", ".15",          {.label = "StaticText26", .meaning = Meaning::Length}};
     TextField EditCrossWeight{*this,
                               Group::Spacing,
                               "EditCrossWeight",
@@ -29,9 +22,8 @@ struct CrossForm final : PaperForm {
                               {.label = "StaticText3", .meaning = Meaning::Weight}};
     LineFields lines{*this, false};
     Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Cross Color", black, {.label = "StaticText4"}};
-    Swatch LinesColorCanvas{*this,        Group::Lines,
-                            "LinesColorCanvas", "Line Color",
-                            black,        {.label = "StaticText5", .beside = true}};
+    Swatch LinesColorCanvas{*this,        Group::Lines, "LinesColorCanvas",
+                            "Line Color", black,        {.label = "StaticText5", .beside = true}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,
                                  "BackgroundColorCanvas",

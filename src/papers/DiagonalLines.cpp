@@ -51,9 +51,8 @@ void DiagonalDrawing::DrawDiagonals(HeightOnRightEdge heightOnRightEdge)
 {
     const double slope = pattern.slope;
     const double rise = slope * area.width;
-    Repeat(pattern.xStep, area.width, pattern.xAdvance, [&](double x) {
-        Clip(area, left + x, bottom, right, bottom + slope * (area.width - x), pdf);
-    });
+    Repeat(pattern.xStep, area.width, pattern.xAdvance,
+           [&](double x) { Clip(area, left + x, bottom, right, bottom + slope * (area.width - x), pdf); });
     Repeat(pattern.yStep, area.height, pattern.yAdvance,
            [&](double y) { Clip(area, left, bottom + y, right, (bottom + y) + rise, pdf); });
     const double x = Repeat(pattern.xStep, area.width, pattern.xAdvance, [&](double position) {
@@ -78,8 +77,8 @@ void DiagonalDrawing::DrawHorizontals()
 }  // namespace
 
 DiagonalForm::DiagonalForm()
-    : cell{*this, ".3"}, minor{*this},
-      CheckBoxHorizontal{*this, Group::Lines, "CheckBoxHorizontal", "Horizontal Lines", true},
+    : cell{*this, ".3"}, minor{*this}, CheckBoxHorizontal{*this, Group::Lines, "CheckBoxHorizontal",
+                                                          "Horizontal Lines", true},
       CheckBoxVertical{*this, Group::Lines, "CheckBoxVertical", "Vertical Lines", true}, outline{*this}
 {}
 

@@ -42,7 +42,8 @@ struct DiagonalPage {
 SettingsTable Settings(DiagonalForm& form);
 DiagonalPage ReadDiagonal(const DiagonalForm& form);
 
-/// The height at which a falling line that left the bottom edge `past` points behind the right edge, meets that edge.
+/// The height at which a falling line that left the bottom edge `past` points behind the right edge, meets that
+/// edge.
 using HeightOnRightEdge = double (*)(const DiagonalPattern& pattern, double past);
 
 void DrawDiagonal(const DiagonalPage& page, const DiagonalPattern& pattern, HeightOnRightEdge heightOnRightEdge,

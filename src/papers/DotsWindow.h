@@ -16,9 +16,8 @@ struct DotsForm final : PaperForm {
                             {.label = "StaticText3", .meaning = Meaning::Weight}};
     LineFields lines{*this, false};
     Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Dot Color", black, {.label = "StaticText4"}};
-    Swatch LinesColorCanvas{*this,        Group::Lines,
-                            "LinesColorCanvas", "Line Color",
-                            black,        {.label = "StaticText5", .beside = true}};
+    Swatch LinesColorCanvas{*this,        Group::Lines, "LinesColorCanvas",
+                            "Line Color", black,        {.label = "StaticText5", .beside = true}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,
                                  "BackgroundColorCanvas",

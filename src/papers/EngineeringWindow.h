@@ -14,12 +14,9 @@ struct EngineeringForm final : PaperForm {
                               "5",
                               {.label = "StaticText25", .meaning = Meaning::LinesPerUnit}};
     Label StaticHorzUnit{*this, Group::Spacing, "StaticHorzUnit", "-", {.beside = true}, {"per inch", "per cm"}};
-    TextField EditLineThicknessHorz{*this,
-                                    Group::Spacing,
-                                    "EditLineThicknessHorz",
-                                    "Line Weight:",
-                                    ".3",
-                                    {.label = "StaticText1", .beside = true, .meaning = Meaning::Weight}};
+    TextField EditLineThicknessHorz{
+        *this,          Group::Spacing, "EditLineThicknessHorz",
+        "Line Weight:", ".3",           {.label = "StaticText1", .beside = true, .meaning = Meaning::Weight}};
     TextField EditBlankTop{*this,
                            Group::Spacing,
                            "EditBlankTop",
@@ -33,12 +30,9 @@ struct EngineeringForm final : PaperForm {
                                "5",
                                {.label = "StaticText26", .meaning = Meaning::LinesPerUnit}};
     Label StaticvertUnit{*this, Group::Spacing, "StaticvertUnit", "-", {.beside = true}, {"per inch", "per cm"}};
-    TextField EditLineThicknessVert{*this,
-                                    Group::Spacing,
-                                    "EditLineThicknessVert",
-                                    "Line Weight:",
-                                    ".15",
-                                    {.label = "StaticText24", .beside = true, .meaning = Meaning::Weight}};
+    TextField EditLineThicknessVert{
+        *this,          Group::Spacing, "EditLineThicknessVert",
+        "Line Weight:", ".15",          {.label = "StaticText24", .beside = true, .meaning = Meaning::Weight}};
     TextField EditBlankLeft{*this,
                             Group::Spacing,
                             "EditBlankLeft",

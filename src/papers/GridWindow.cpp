@@ -9,9 +9,9 @@ SettingsTable Settings(GridForm& form)
         Head(form),
         {text(form.spacing.EditHorzSpacing), text(form.spacing.EditVertSpacing)},
         Margins(form),
-        {box(form.CheckBoxViewGraph), fileReference(), color(form.LinesColorCanvas),
-         box(form.lines.CheckVertLines), box(form.lines.CheckHorzLines), text(form.lines.EditHorzWeight),
-         text(form.lines.EditVertWeight), inverseColor(form.BackgroundColorCanvas)},
+        {box(form.CheckBoxViewGraph), fileReference(), color(form.LinesColorCanvas), box(form.lines.CheckVertLines),
+         box(form.lines.CheckHorzLines), text(form.lines.EditHorzWeight), text(form.lines.EditVertWeight),
+         inverseColor(form.BackgroundColorCanvas)},
     });
 }
 

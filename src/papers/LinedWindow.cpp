@@ -11,9 +11,9 @@ SettingsTable Settings(LinedForm& form)
         Head(form),
         {text(form.EditLineThicknessHorz), text(form.EditLineThicknessVert)},
         Margins(form),
-        {box(form.CheckBoxViewGraph), text(form.EditHorzSpacing), text(form.EditBlankTop),
-         text(form.EditBlankLeft), color(form.LineColorCanvas), fileReference(),
-         inverseColor(form.BackgroundColorCanvas), boolean(form.CheckBoxDrawVertical)},
+        {box(form.CheckBoxViewGraph), text(form.EditHorzSpacing), text(form.EditBlankTop), text(form.EditBlankLeft),
+         color(form.LineColorCanvas), fileReference(), inverseColor(form.BackgroundColorCanvas),
+         boolean(form.CheckBoxDrawVertical)},
     });
 }
 

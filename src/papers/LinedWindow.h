@@ -19,12 +19,9 @@ struct LinedForm final : PaperForm {
                            "Blank Lines on Top:",
                            "3",
                            {.label = "StaticText27", .meaning = Meaning::Count}};
-    TextField EditLineThicknessHorz{*this,
-                                    Group::Spacing,
-                                    "EditLineThicknessHorz",
-                                    "Line Weight:",
-                                    ".2",
-                                    {.label = "StaticText1", .beside = true, .meaning = Meaning::Weight}};
+    TextField EditLineThicknessHorz{
+        *this,          Group::Spacing, "EditLineThicknessHorz",
+        "Line Weight:", ".2",           {.label = "StaticText1", .beside = true, .meaning = Meaning::Weight}};
     CheckBox CheckBoxDrawVertical{*this, Group::Lines, "CheckBoxDrawVertical", "Draw Vertical Line", true};
     TextField EditBlankLeft{*this,
                             Group::Lines,
@@ -33,12 +30,9 @@ struct LinedForm final : PaperForm {
                             "1",
                             {.label = "StaticText28", .meaning = Meaning::WholeUnits}};
     Label StaticvertUnit{*this, Group::Lines, "StaticvertUnit", "-", {.beside = true}, {"per inch", "per cm"}};
-    TextField EditLineThicknessVert{*this,
-                                    Group::Lines,
-                                    "EditLineThicknessVert",
-                                    "Line Weight:",
-                                    ".5",
-                                    {.label = "StaticText24", .beside = true, .meaning = Meaning::Weight}};
+    TextField EditLineThicknessVert{
+        *this,          Group::Lines, "EditLineThicknessVert",
+        "Line Weight:", ".5",         {.label = "StaticText24", .beside = true, .meaning = Meaning::Weight}};
     Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Line Color", black, {.label = "StaticText4"}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,
@@ -49,7 +43,8 @@ struct LinedForm final : PaperForm {
     ShiftClickNote note{*this, "StaticText26"};
 };
 
-/// Lengths in points. Each weight belongs to the other row of the form: existing forms and settings files have it so.
+/// Lengths in points. Each weight belongs to the other row of the form: existing forms and settings files have it
+/// so.
 struct LinedPage {
     PageFrame frame;
     double LineThicknessHorz = 0.0;  ///< of the vertical rule

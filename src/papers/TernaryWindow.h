@@ -8,8 +8,8 @@ namespace linealis {
 
 /// An equilateral triangle, divided by lines parallel to its sides, with numbers along the sides or inside.
 struct TernaryForm final : PaperForm {
-    TextField EditMajorDivisions{*this, Group::Spacing, "EditMajorDivisions", "Major Divisions:", "10",
-                                 {.meaning = Meaning::Count}};
+    TextField EditMajorDivisions{
+        *this, Group::Spacing, "EditMajorDivisions", "Major Divisions:", "10", {.meaning = Meaning::Count}};
     TextField EditMinorDivisions{*this,
                                  Group::Spacing,
                                  "EditMinorDivisions",
@@ -17,15 +17,12 @@ struct TernaryForm final : PaperForm {
                                  "5",
                                  {.beside = true, .meaning = Meaning::Quantity}};
     Popup PopupScaling{*this, Group::Spacing, "PopupScaling", "Scaling:", {"None", "Axis", "Center"}};
-    TextField EditAxisMaximum{*this,
-                              Group::Spacing,
-                              "EditAxisMaximum",
-                              "Axis Maximum:",
-                              "100",
-                              {.label = "StaticTextAxisMaximum", .beside = true, .enabled = false}};
+    TextField EditAxisMaximum{
+        *this,           Group::Spacing, "EditAxisMaximum",
+        "Axis Maximum:", "100",          {.label = "StaticTextAxisMaximum", .beside = true, .enabled = false}};
     CheckBox CheckBoxFlip{*this, Group::Spacing, "CheckBoxFlip", "Flip", false, {.beside = true, .enabled = false}};
-    TextField EditLineThickness{*this, Group::Lines, "EditLineThickness", "Major Weight:", "1",
-                                {.meaning = Meaning::Weight}};
+    TextField EditLineThickness{*this,           Group::Lines, "EditLineThickness",
+                                "Major Weight:", "1",          {.meaning = Meaning::Weight}};
     TextField EditMinorLineThickness{*this,
                                      Group::Lines,
                                      "EditMinorLineThickness",

@@ -104,9 +104,7 @@ std::string TwoDigits(int value)
 
 }  // namespace
 
-MyPDFGenerator::MyPDFGenerator(Turns& theTurns)
-    : turns(theTurns), streamC(initialCapacity, capacityIncrement)
-{}
+MyPDFGenerator::MyPDFGenerator(Turns& theTurns) : turns(theTurns), streamC(initialCapacity, capacityIncrement) {}
 
 int MyPDFGenerator::CreateNew()
 {

@@ -33,10 +33,10 @@ enum class UnitRule {
 
 /// What a declaration says of a control besides its name, caption and content.
 struct Traits {
-    std::string_view label = {};  ///< the label that shows the caption, where that is a control of its own
-    bool beside = false;          ///< on the same row as the control before it
-    bool captionAbove = false;    ///< the caption heads a column instead of standing before the field
-    bool enabled = true;          ///< when the form opens
+    std::string_view label = {};          ///< the label that shows the caption, where that is a control of its own
+    bool beside = false;                  ///< on the same row as the control before it
+    bool captionAbove = false;            ///< the caption heads a column instead of standing before the field
+    bool enabled = true;                  ///< when the form opens
     const CheckBox* enabledBy = nullptr;  ///< enabled, with its label, exactly while this box is on
     Meaning meaning = Meaning::Number;    ///< of a text field
     UnitRule unitRule = UnitRule::Keep;   ///< of a text field
@@ -176,8 +176,8 @@ class CheckBox final : public Control {
 public:
     static constexpr ControlKind kindOf = ControlKind::Check;
 
-    CheckBox(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption, bool openingValue,
-             const Traits& theTraits = {});
+    CheckBox(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
+             bool openingValue, const Traits& theTraits = {});
 
     bool Value() const { return value; }
     void SetValue(bool newValue);

@@ -13,9 +13,8 @@ Control* Form::Find(std::string_view name) const
 
 void Form::Add(Control& control)
 {
-    const auto place =
-        std::upper_bound(controls.begin(), controls.end(), control.InGroup(),
-                         [](Group group, const Control* other) { return group < other->InGroup(); });
+    const auto place = std::upper_bound(controls.begin(), controls.end(), control.InGroup(),
+                                        [](Group group, const Control* other) { return group < other->InGroup(); });
     controls.insert(place, &control);
 }
 

@@ -59,7 +59,10 @@ bool MarkerFile::NextLine(std::string& line)
         }
         line += byte;
         if (line.size() > static_cast<std::size_t>(MyPDFGenerator::largestStream)) {
-            throw PageGivenUp{"a line of the marker file is longer than any page can hold"};  // a line that no page can hold, from a source that may have no end
+            throw PageGivenUp{
+                "a line of the marker file is longer than any page can hold"};  // a line that no page can hold,
+                                                                                // from a source that may have no
+                                                                                // end
         }
     } while (NextByte(byte));
     return true;

@@ -31,8 +31,7 @@ void DrawContent(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const
     pdf.SetInfo("Creator", "Linealis");
     pdf.SetInfo("Author", "Tallowmere Works");
     pdf.SetInfo("Title", "Graph Paper");
-    pdf.SetInfo("Subject",
-                "Width: " + mystring(frame.paperWidth) + "  Height: " + mystring(frame.paperHeight));
+    pdf.SetInfo("Subject", "Width: " + mystring(frame.paperWidth) + "  Height: " + mystring(frame.paperHeight));
     pdf.BeginPage(frame.paperWidth, frame.paperHeight);
     pdf.InitGraphics();
     pdf.Scale(frame.xScale, frame.yScale);

@@ -9,9 +9,9 @@ namespace linealis {
 /// What `turns` throws passes through, and so does PageGivenUp of a page that is too large.
 void DrawContent(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask);
 
-/// Draws the page and writes its file, `theFile` of the generator. A page that is stopped or given up leaves the old
-/// file as it was; `platform` tells why a page was given up or could not be written. Returns whether the page came
-/// to its end, written or not; false if the user has stopped it.
+/// Draws the page and writes its file, `theFile` of the generator. A page that is stopped or given up leaves the
+/// old file as it was; `platform` tells why a page was given up or could not be written. Returns whether the page
+/// came to its end, written or not; false if the user has stopped it.
 bool MakePage(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask,
               Platform& platform);
 

@@ -32,7 +32,8 @@ struct Paper {
     std::unique_ptr<Wizard> wizard;       ///< null: the kind has none
 };
 
-/// The paper of a kind: of its form, and of the functions Settings, Read and, if it has a wizard, MakeWizard for it.
+/// The paper of a kind: of its form, and of the functions Settings, Read and, if it has a wizard, MakeWizard for
+/// it.
 template <typename KindForm>
 Paper MakePaper(const Platform& platform)
 {

@@ -34,8 +34,8 @@ public:
     /// A click on a color swatch.
     void ColorCanvas_MouseDown(Swatch& canvas);
 
-    // Settings. A failure leaves form and file as they were and is returned, for who wants to tell of it; nothing is
-    // shown.
+    // Settings. A failure leaves form and file as they were and is returned, for who wants to tell of it; nothing
+    // is shown.
 
     std::error_code SaveSettings(const FolderItem& file) const;
     std::error_code LoadSettings(const FolderItem& file);

@@ -163,15 +163,12 @@ SettingsField integer(Choice& choice, std::int32_t offset)
 {
     return {choice.Name(), offset < 0 ? "32-bit integer, list index - 1" : "32-bit integer, list index + 1",
             [&choice, offset](File& file) { file.stream.WriteInt32(choice.ListIndex() + offset); },
-            [&choice, offset](File& file) {
-                choice.SetListIndex(std::int64_t{file.stream.ReadInt32()} - offset);
-            }};
+            [&choice, offset](File& file) { choice.SetListIndex(std::int64_t{file.stream.ReadInt32()} - offset); }};
 }
 
 SettingsField box(CheckBox& box)
 {
-    return {box.Name(), "\"1\" or \"0\"",
-            [&box](File& file) { file.stream.WritePString(box.Value() ? "1" : "0"); },
+    return {box.Name(), "\"1\" or \"0\"", [&box](File& file) { file.stream.WritePString(box.Value() ? "1" : "0"); },
             [&box](File& file) { box.SetValue(Val(file.stream.ReadPString()) != 0.0); }};
 }
 
@@ -218,8 +215,15 @@ SettingsTable Head(PaperForm& form)
 {
     SettingsField sizeMarker = fixed(noSizeMarker);
     sizeMarker.read = [](File& file) { file.sizeMarker = Val(file.stream.ReadPString()); };
-    return {version(),  index(form.PopupOrientation), index(form.PopupPaperSize), fixed("0"), fixed("0"),
-            index(form.PopupUnits), sizeMarker, text(form.EditXScale), text(form.EditYScale)};
+    return {version(),
+            index(form.PopupOrientation),
+            index(form.PopupPaperSize),
+            fixed("0"),
+            fixed("0"),
+            index(form.PopupUnits),
+            sizeMarker,
+            text(form.EditXScale),
+            text(form.EditYScale)};
 }
 
 SettingsTable Margins(PaperForm& form)

@@ -92,7 +92,8 @@ public:
     /// Today's date as a short text: the system's own form where there is a screen, otherwise YYYY-MM-DD.
     virtual std::string ShortDate() const;
 
-    /// Lets pending events run, and throws PageStopped if one of them was the user's wish to stop what is under way.
+    /// Lets pending events run, and throws PageStopped if one of them was the user's wish to stop what is under
+    /// way.
     virtual void Yield() = 0;
 };
 
