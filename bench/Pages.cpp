@@ -15,24 +15,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Reaches what a paper window keeps for its kinds. It is never made: only the names are its own.
-class Inside : public PaperWindow {
-public:
-    static void Draw(PaperWindow& window)
-    {
-        MyPDFGenerator& pdf = window.*&Inside::pdf;
-        window.ReadGUIValues();
-        pdf.CreateNew();
-        pdf.BeginPage(window.*&Inside::paperWidth, window.*&Inside::paperHeight);
-        pdf.Scale(1.0, 1.0);
-        (window.*&Inside::DoGraph)();
-    }
-
-    static double Width(const PaperWindow& window) { return static_cast<double>(window.*&Inside::paperWidth); }
-    static double Height(const PaperWindow& window) { return static_cast<double>(window.*&Inside::paperHeight); }
-    static void Round(PaperWindow& window) { (window.*&Inside::RuntimeBackgroundTask)(); }
-};
-
 std::vector<Setting> Spacing(const char* paper, const std::string& inches)
 {
     return {{"PopupPaperSize", paper}, {"EditVertSpacing", inches}, {"EditHorzSpacing", inches}};
@@ -89,18 +71,14 @@ Page PageOfDots(int dots)
              {"EditHorzSpacing", Str(spacing)}}};
 }
 
-void Apply(const std::vector<Setting>& settings, PaperForm& form)
+void Apply(const std::vector<Setting>& settings, const Form& form)
 {
     for (const Setting& setting : settings) {
-        const Control& control = form[setting.control].control;
-        if (control.kind != ControlKind::Popup) {
-            form.SetText(control.name, setting.value);
-            continue;
-        }
-        for (std::size_t i = 0; i < control.items.size(); ++i) {
-            if (control.items[i] == setting.value) {
-                form.SetListIndex(control.name, static_cast<std::int64_t>(i));
-            }
+        if (auto* const popup = form.Find<Popup>(setting.control)) {
+            const auto item = std::find(popup->Items().begin(), popup->Items().end(), setting.value);
+            popup->SetListIndex(item - popup->Items().begin());
+        } else {
+            form.Get<TextField>(setting.control).SetText(setting.value);
         }
     }
 }
@@ -122,10 +100,12 @@ const fs::path& ScratchFolder()
     return folder.path;
 }
 
-OpenPage::OpenPage(const Page& page) : window(FindPaperKind(page.kind)->make(platform))
+OpenPage::OpenPage(const Page& page)
+    : kind(*FindPaperKind(page.kind)), paper(kind.makePaper(platform)), window(MakeWindow(kind, platform))
 {
+    Apply(page.settings, *paper.form);
     Apply(page.settings, window->form);
-    window->form.SetValue("CheckBoxViewGraph", false);
+    window->form.CheckBoxViewGraph.SetValue(false);
     platform.saveAnswer = FolderItem(ScratchFolder() / "page.pdf");
 }
 
@@ -134,24 +114,26 @@ OpenPage::~OpenPage()
     platform.saveAnswer.Delete();
 }
 
-void OpenPage::Draw()
+void OpenPage::Generate()
 {
-    Inside::Draw(*window);
+    window->PushButtonGenerate_Action();
+    drawn = &window->Pdf();
 }
 
-void OpenPage::Round()
+void OpenPage::Draw()
 {
-    Inside::Round(*window);
+    DrawContent(paper.readPage(), pdf, turns, {});
+    drawn = &pdf;
 }
 
 double OpenPage::Width() const
 {
-    return Inside::Width(*window);
+    return static_cast<double>(paper.readPage().frame.paperWidth);
 }
 
 double OpenPage::Height() const
 {
-    return Inside::Height(*window);
+    return static_cast<double>(paper.readPage().frame.paperHeight);
 }
 
 std::size_t CountStrokes(std::string_view stream)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/PaperKinds.h"
+#include "pipeline/PageJob.h"
 #include "pipeline/PaperWindow.h"
 #include "platform/ScreenlessPlatform.h"
 
@@ -32,12 +34,12 @@ std::vector<Page> HeavyPages();
 /// A sheet with so many dots: all have the same pattern, a thousand dots in a row, and only the sheet grows.
 Page PageOfDots(int dots);
 
-void Apply(const std::vector<Setting>& settings, PaperForm& form);
+void Apply(const std::vector<Setting>& settings, const Form& form);
 
 /// A folder for what the benchmark writes, removed when the program ends.
 const std::filesystem::path& ScratchFolder();
 
-/// A window with the page's form, and the steps of making the page.
+/// A page's form, twice: by itself, and in a window. And the steps of making the page.
 class OpenPage {
 public:
     explicit OpenPage(const Page& page);
@@ -46,22 +48,28 @@ public:
     OpenPage& operator=(const OpenPage&) = delete;
 
     /// All that a press of Generate does, into a new file.
-    void Generate() { window->PushButtonGenerate_Action(); }
+    void Generate();
 
     /// Reads the form and draws; neither compresses nor writes.
     void Draw();
 
     /// What the drawing loops call for every stroke.
-    void Round();
+    void Round() { turns.RuntimeBackgroundTask(); }
 
-    std::string_view Stream() const { return window->Pdf().Stream(); }
+    /// The content of the page that was drawn last.
+    std::string_view Stream() const { return drawn->Stream(); }
     double Width() const;  ///< points, like the height
     double Height() const;
 
     ScreenlessPlatform platform;
 
 private:
+    const PaperKind& kind;
+    Paper paper;
     std::unique_ptr<PaperWindow> window;
+    Turns turns{[] {}};
+    MyPDFGenerator pdf{turns};
+    const MyPDFGenerator* drawn = &pdf;
 };
 
 /// The strokes of a content stream.

@@ -31,9 +31,9 @@ double ProcessorTime()
 }
 
 /// Notes every turn of the event loop and what passed since the one before.
-class Turns {
+class TurnWatch {
 public:
-    Turns()
+    TurnWatch()
     {
         QObject::connect(&everyTurn, &QTimer::timeout, [this] { Note(); });
     }
@@ -80,10 +80,10 @@ FolderItem SettingsWithOutput(const bench::Page& page)
 {
     ScreenlessPlatform platform;
     platform.saveAnswer = FolderItem(bench::ScratchFolder() / "turns.pdf");
-    const std::unique_ptr<PaperWindow> window = FindPaperKind(page.kind)->make(platform);
+    const std::unique_ptr<PaperWindow> window = MakeWindow(*FindPaperKind(page.kind), platform);
     window->PushButtonGenerate_Action();
     bench::Apply(page.settings, window->form);
-    window->form.SetValue("CheckBoxViewGraph", false);
+    window->form.CheckBoxViewGraph.SetValue(false);
     FolderItem settings(bench::ScratchFolder() / "turns.settings");
     window->SaveSettings(settings);
     return settings;
@@ -95,10 +95,11 @@ double CostOfYield(desktop::DesktopPlatform& platform)
     constexpr int yields = 4'000'000;
     const bool stop = false;
     double cost = 0.0;
+    linealis::Turns turns([&] { platform.Yield(); });
     platform.RunStoppable(stop, [&] {
         const double start = ProcessorTime();
         for (int i = 0; i < yields; ++i) {
-            platform.RuntimeBackgroundTask();
+            turns.RuntimeBackgroundTask();
         }
         cost = (ProcessorTime() - start) / yields;
     });
@@ -129,7 +130,7 @@ int main(int argc, char** argv)
     const bench::Page page = bench::PageOfDots(strokes);
     const FolderItem settings = SettingsWithOutput(page);
     desktop::DesktopPlatform platform;
-    const std::unique_ptr<PaperWindow> window = FindPaperKind(page.kind)->make(platform);
+    const std::unique_ptr<PaperWindow> window = MakeWindow(*FindPaperKind(page.kind), platform);
     window->LoadSettings(settings);
     bench::Apply(page.settings, window->form);  // settings do not hold the size of a custom page
     window->OutputFile().Delete();
@@ -137,7 +138,7 @@ int main(int argc, char** argv)
     view.show();
     QCoreApplication::processEvents();
 
-    Turns turns;
+    TurnWatch turns;
     // The first press makes a new file; the second replaces it, which waits until the disk has it.
     for (const char* const file : {"new", "replaced"}) {
         turns.Start();
@@ -148,7 +149,7 @@ int main(int argc, char** argv)
         const std::string_view stream = window->Pdf().Stream();
         constexpr std::size_t pieceSize = 50000;
         const double yields = static_cast<double>(bench::CountStrokes(stream)) +
-                              static_cast<double>(stream.size() / pieceSize) * Platform::linesPerYield;
+                              static_cast<double>(stream.size() / pieceSize) * linealis::Turns::linesPerYield;
         const double yielding = yields * CostOfYield(platform) + turns.count * CostOfTurn();
         results << file << "_gap " << turns.longestElapsed << '\n'
                 << file << "_gap_processor " << turns.longestProcessorTime << '\n'
