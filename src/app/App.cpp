@@ -90,15 +90,18 @@ PaperWindow& App::ShowPaper(const PaperKind& kind)
     return *window;
 }
 
-void App::PaperClosed(const PaperKind& kind)
+std::unique_ptr<PaperWindow> App::PaperClosed(const PaperKind& kind)
 {
     const auto closed = papers.find(&kind);
-    if (closed != papers.end()) {
-        if (kind.keepsLastSettings) {
-            closed->second->SaveSettings(LastSettingsFile());
-        }
-        papers.erase(closed);
+    if (closed == papers.end()) {
+        return nullptr;
     }
+    std::unique_ptr<PaperWindow> window = std::move(closed->second);
+    papers.erase(closed);
+    if (kind.keepsLastSettings) {
+        window->SaveSettings(LastSettingsFile());
+    }
+    return window;
 }
 
 void App::OpenFromGallery(std::size_t entry)

@@ -47,8 +47,9 @@ public:
     /// Shows the window of a kind, each at most once. It keeps its values until it is closed.
     PaperWindow& ShowPaper(const PaperKind& kind);
 
-    /// The front end tells that the window of the kind has been closed.
-    void PaperClosed(const PaperKind& kind);
+    /// The front end tells that the window of the kind has been closed. What is to be kept of its form is stored,
+    /// and the front end gets the paper window, to keep it as long as anything still shows it.
+    std::unique_ptr<PaperWindow> PaperClosed(const PaperKind& kind);
 
     /// A menu item that is not standard text editing. `front` is the paper window in front, or none.
     void Perform(const MenuItem& item, PaperWindow* front);

@@ -30,7 +30,7 @@ Menu EditMenu()
                 {"EditCopy", "&Copy", "Cmd+C", Command::Copy},
                 {"EditPaste", "&Paste", "Cmd+V", Command::Paste},
                 {"EditClear", "Clear", "", Command::Clear},
-                {"UntitledMenu4", "", "", Command::None},
+                {"UntitledMenu4", "", "", Command::Separator},
                 {"AppleAboutLinealis", "About Linealis...", "", Command::About},
                 {"AppleVisitWebsite", "Visit Website", "", Command::VisitWebsite},
                 {"AppleCheckForLatestVersion", "Check For Latest Version...", "", Command::CheckForLatestVersion},

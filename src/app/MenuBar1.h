@@ -9,7 +9,6 @@ namespace linealis {
 
 /// What a menu item does.
 enum class Command {
-    None,
     Separator,
     Open,
     Save,

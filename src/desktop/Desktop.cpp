@@ -5,28 +5,44 @@
 #include "desktop/Text.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QFileOpenEvent>
 #include <QResource>
-#include <QTimer>
 
 namespace linealis::desktop {
+
+namespace {
+
+/// Ends whatever waits for the user.
+void RejectDialogs()
+{
+    for (QWidget* const widget : QApplication::topLevelWidgets()) {
+        if (auto* const dialog = qobject_cast<QDialog*>(widget); dialog != nullptr && dialog->isVisible()) {
+            dialog->reject();
+        }
+    }
+    if (QWidget* const popup = QApplication::activePopupWidget()) {
+        popup->close();
+    }
+}
+
+}  // namespace
 
 Desktop::Desktop()
     : manual(QResource(QStringLiteral(":/manual.pdf")).uncompressedData()),
       app(platform, *this, {manual.constData(), static_cast<std::size_t>(manual.size())})
 {
-    QApplication::setQuitOnLastWindowClosed(false);  // a page may still be under way: EndIfLastWindow sees to it
+    QApplication::setQuitOnLastWindowClosed(false);  // a page may still be under way: Quit sees to it
     qApp->installEventFilter(this);
+    connect(&platform, &DesktopPlatform::Idle, this, &Desktop::ProceedSoon);
+    connect(qApp, &QCoreApplication::aboutToQuit, this, &Desktop::End);
+    connect(qApp, &QGuiApplication::commitDataRequest, this, &Desktop::Quit);
 }
 
 Desktop::~Desktop()
 {
-    for (auto& [kind, view] : views) {
-        delete view;
-        app.PaperClosed(*kind);
-    }
-    delete galleryView;
-    app.Event_Close();
+    End();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // no loop does that any more
 }
 
 void Desktop::Open()
@@ -35,56 +51,89 @@ void Desktop::Open()
     galleryView = new GalleryView(app.Gallery());
     GiveMenus(*galleryView, nullptr);
     connect(galleryView, &GalleryView::HelpWanted, this, [this] { app.DoHelp(); });
-    connect(galleryView, &GalleryView::Closed, this, &Desktop::EndIfLastWindow);
+    connect(galleryView, &GalleryView::Closed, this, &Desktop::GalleryClosed);
+    galleryView->Place();
     galleryView->show();
+    inFront = galleryView;
 }
 
 bool Desktop::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::FileOpen) {  // how macOS hands in a document
-        OpenDocument(static_cast<QFileOpenEvent*>(event)->file());
+    switch (event->type()) {
+    case QEvent::FileOpen:  // how macOS hands in a document
+        OpenDocuments({static_cast<QFileOpenEvent*>(event)->file()});
         return true;
+    case QEvent::Quit:  // how the system asks the program to end
+        Quit();
+        return true;
+    case QEvent::WindowActivate:
+        if (auto* const window = qobject_cast<QMainWindow*>(watched)) {
+            inFront = window;
+        }
+        break;
+    default:
+        break;
     }
     return QObject::eventFilter(watched, event);
+}
+
+void Desktop::OpenDocuments(const QStringList& files)
+{
+    waitingDocuments += files;
+    ProceedSoon();
 }
 
 void Desktop::OpenDocument(const QString& path)
 {
     app.Event_OpenDocument(FolderItem(std::filesystem::path(path.toStdString())));
     for (const auto& [kind, view] : views) {
-        if (view) {
-            UpdateMenus(*view);  // a document can be saved
+        UpdateMenus(*view);  // a document can be saved
+    }
+}
+
+void Desktop::ProceedSoon()
+{
+    QMetaObject::invokeMethod(this, &Desktop::Proceed, Qt::QueuedConnection);
+}
+
+void Desktop::Proceed()
+{
+    if (platform.HasDialog()) {
+        return;  // comes again when that has ended
+    }
+    if (quitting) {
+        if (!platform.IsBusy()) {
+            End();
+            QCoreApplication::exit();
         }
+    } else if (!waitingDocuments.isEmpty()) {
+        ProceedSoon();
+        OpenDocument(waitingDocuments.takeFirst());
     }
 }
 
 void Desktop::Raise()
 {
-    QWidget* front = galleryView;
-    for (const auto& [kind, view] : views) {
-        if (view && view->isVisible()) {
-            front = view;
-        }
-    }
-    if (front != nullptr) {
-        front->raise();
-        front->activateWindow();
+    if (QWidget* const window = inFront) {
+        window->setWindowState((window->windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
+        window->show();
+        window->raise();
+        window->activateWindow();
     }
 }
 
 void Desktop::Show(const PaperKind& kind, PaperWindow& window)
 {
-    PaperView& view = ViewOf(kind, window);
-    view.show();
-    view.setWindowState(view.windowState() & ~Qt::WindowMinimized);
-    view.raise();
-    view.activateWindow();
+    if (!quitting) {
+        inFront = &ViewOf(kind, window);
+        Raise();
+    }
 }
 
 PaperView& Desktop::ViewOf(const PaperKind& kind, PaperWindow& window)
 {
-    QPointer<PaperView>& view = views[&kind];
-    if (!view) {
+    PaperView*& view = views[&kind];
+    if (view == nullptr) {
         view = new PaperView(platform, kind, window);
         GiveMenus(*view, view);
         connect(view, &PaperView::Closed, this, &Desktop::PaperClosed);
@@ -94,22 +143,24 @@ PaperView& Desktop::ViewOf(const PaperKind& kind, PaperWindow& window)
 
 void Desktop::PaperClosed(const PaperKind& kind)
 {
-    // The view still stands in its own event, and the form that it shows must outlive it.
-    QPointer<PaperView> view = views[&kind];
+    PaperView* const view = views[&kind];
     views.erase(&kind);
-    view->hide();
-    QTimer::singleShot(0, this, [this, view, &kind] {
-        delete view;
-        app.PaperClosed(kind);
-    });
+    // The view still stands in its own event, and what it shows must outlive it.
+    view->Keep(app.PaperClosed(kind));
+    view->deleteLater();
+    EndIfLastWindow();
+}
+
+void Desktop::GalleryClosed()
+{
+    galleryView->deleteLater();
+    galleryView = nullptr;
     EndIfLastWindow();
 }
 
 void Desktop::EndIfLastWindow()
 {
     if (!AnyWindowOpen()) {
-        QTimer::singleShot(0, qApp, &QCoreApplication::quit);
-    } else if (quitting) {
         Quit();
     }
 }
@@ -118,22 +169,29 @@ void Desktop::Quit()
 {
     quitting = true;
     for (const auto& [kind, view] : views) {
-        if (view && view->IsGenerating()) {
-            view->close();  // ends the page first, then the window, and then asks here again
-            return;
-        }
+        view->Cancel();
     }
-    QCoreApplication::quit();
+    RejectDialogs();
+    ProceedSoon();
+}
+
+void Desktop::End()
+{
+    if (ended) {
+        return;
+    }
+    ended = true;
+    quitting = true;
+    while (!views.empty()) {
+        views.begin()->second->End();
+    }
+    delete galleryView;
+    app.Event_Close();
 }
 
 bool Desktop::AnyWindowOpen() const
 {
-    for (const auto& [kind, view] : views) {
-        if (view && view->isVisible()) {
-            return true;
-        }
-    }
-    return galleryView && galleryView->isVisible();
+    return !views.empty() || galleryView;
 }
 
 void Desktop::CloseFrontWindow()
@@ -146,7 +204,7 @@ void Desktop::CloseFrontWindow()
 void Desktop::ShowPreferences(PrefsWindow& window)
 {
     FormDialog dialog(QStringLiteral("Preferences"), window.form, QApplication::activeWindow());
-    if (dialog.exec() == QDialog::Accepted) {
+    if (platform.RunModal(dialog) == QDialog::Accepted) {
         window.PushButton1_Action();
     } else {
         window.PushButton2_Action();
@@ -156,12 +214,16 @@ void Desktop::ShowPreferences(PrefsWindow& window)
 void Desktop::GiveMenus(QMainWindow& window, PaperView* paper)
 {
     const auto front = [paper]() -> PaperWindow* { return paper == nullptr ? nullptr : &paper->Window(); };
-    InstallMenus(window, {[this, paper, &window](const MenuItem& item) {
+    InstallMenus(window, {[this, paper, view = QPointer<QMainWindow>(&window)](const MenuItem& item) {
                               Perform(item, paper);
-                              UpdateMenus(window);
+                              if (view) {
+                                  UpdateMenus(*view);
+                              }
                           },
                           // A menu that can be used has its window.
-                          [front](const MenuItem& item) { return IsEnabled(item, front(), true); }});
+                          [front](const MenuItem& item) {
+                              return IsEnabled(item, front(), true) && CanEditText(item.command);
+                          }});
 }
 
 void Desktop::Perform(const MenuItem& item, PaperView* paper)

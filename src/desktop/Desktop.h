@@ -8,11 +8,15 @@
 #include <QByteArray>
 #include <QObject>
 #include <QPointer>
+#include <QStringList>
 #include <map>
 
 namespace linealis::desktop {
 
 /// The application on the screen: its windows, and the way from their events to App.
+///
+/// A window ends in one way, whoever ends it: what it has to store is stored at once, App and this forget it, and
+/// only its memory goes later, when its events have ended. The program ends in one way too, by Quit.
 class Desktop final : public QObject, private AppWindows {
     Q_OBJECT
 
@@ -22,12 +26,19 @@ public:
 
     /// Reads the preferences, starts the version check and shows the gallery.
     void Open();
-    void OpenDocument(const QString& path);
-    /// Brings the program to the front, for a second start.
+
+    /// Opens the files one after the other, each as soon as no dialog is open.
+    void OpenDocuments(const QStringList& files);
+
+    /// Brings the window that was in front last to the front again, for a second start.
     void Raise();
+
+    /// Stops the pages that are being made, rejects the dialogs that are open, and as soon as they have ended, ends
+    /// every window and the program.
     void Quit();
 
     App& Application() { return app; }
+    DesktopPlatform& OwnPlatform() { return platform; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -39,17 +50,28 @@ private:
     void CloseFrontWindow() override;
 
     PaperView& ViewOf(const PaperKind& kind, PaperWindow& window);
+    void OpenDocument(const QString& path);
     void PaperClosed(const PaperKind& kind);
+    void GalleryClosed();
     void GiveMenus(QMainWindow& window, PaperView* paper);
     void Perform(const MenuItem& item, PaperView* paper);
+
+    /// Has Proceed called between two events.
+    void ProceedSoon();
+    /// Does what has waited for its turn: ends the program, or opens the next document.
+    void Proceed();
     void EndIfLastWindow();
+    void End();
 
     DesktopPlatform platform;
     QByteArray manual;
     App app;
-    std::map<const PaperKind*, QPointer<PaperView>> views;
-    QPointer<GalleryView> galleryView;
+    std::map<const PaperKind*, PaperView*> views;  ///< of the open windows
+    QPointer<GalleryView> galleryView;             ///< nothing once it is closed
+    QPointer<QWidget> inFront;                     ///< the window that was active last
+    QStringList waitingDocuments;
     bool quitting = false;
+    bool ended = false;
 };
 
 }  // namespace linealis::desktop

@@ -10,9 +10,9 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QLocale>
-#include <QMessageBox>
 #include <QOperatingSystemVersion>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QStandardPaths>
 #include <QTimer>
 #include <QUrl>
@@ -37,10 +37,9 @@ QString ToPath(const FolderItem& file)
     return ToQt(file.Path().string());
 }
 
-/// A file dialog limited to the type. A type without an extension takes every file.
-FolderItem AskForFile(const FileType& type, QFileDialog::AcceptMode mode, const QString& suggestedName)
+/// Limits a file dialog to the type. A type without an extension takes every file.
+void Prepare(QFileDialog& dialog, const FileType& type, QFileDialog::AcceptMode mode, const QString& suggestedName)
 {
-    QFileDialog dialog(QApplication::activeWindow());
     dialog.setAcceptMode(mode);
     dialog.setFileMode(mode == QFileDialog::AcceptSave ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     if (!type.extension.empty()) {
@@ -52,15 +51,6 @@ FolderItem AskForFile(const FileType& type, QFileDialog::AcceptMode mode, const 
     if (!suggestedName.isEmpty()) {
         dialog.selectFile(suggestedName);
     }
-    return dialog.exec() == QDialog::Accepted ? ToItem(dialog.selectedFiles().value(0)) : FolderItem();
-}
-
-void ShowMessage(QMessageBox::Icon icon, const std::string& text, const QString& more = {})
-{
-    QMessageBox box(icon, QStringLiteral("Linealis"), ToQt(text), QMessageBox::Ok, QApplication::activeWindow());
-    box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(more);
-    box.exec();
 }
 
 }  // namespace
@@ -72,7 +62,23 @@ DesktopPlatform::DesktopPlatform()
 
 void DesktopPlatform::MsgBox(const std::string& text)
 {
-    ShowMessage(QMessageBox::Information, text);
+    ShowMessage(QMessageBox::Information, text, {});
+}
+
+void DesktopPlatform::ShowMessage(QMessageBox::Icon icon, const std::string& text, const QString& more)
+{
+    QMessageBox box(icon, QStringLiteral("Linealis"), ToQt(text), QMessageBox::Ok, QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(more);
+    RunModal(box);
+}
+
+FolderItem DesktopPlatform::AskForFile(const FileType& type, QFileDialog::AcceptMode mode,
+                                       const QString& suggestedName)
+{
+    QFileDialog dialog(QApplication::activeWindow());
+    Prepare(dialog, type, mode, suggestedName);
+    return RunModal(dialog) == QDialog::Accepted ? ToItem(dialog.selectedFiles().value(0)) : FolderItem();
 }
 
 MessageDialog::Button DesktopPlatform::ShowModal(const MessageDialog& dialog)
@@ -91,7 +97,7 @@ MessageDialog::Button DesktopPlatform::ShowModal(const MessageDialog& dialog)
     if (!dialog.alternateActionButton.empty()) {
         alternate = box.addButton(ToQt(dialog.alternateActionButton), QMessageBox::DestructiveRole);
     }
-    box.exec();
+    RunModal(box);
     const QAbstractButton* const clicked = box.clickedButton();
     if (clicked == action) {
         return MessageDialog::Button::Action;
@@ -123,13 +129,15 @@ bool DesktopPlatform::ShiftKey() const
 
 bool DesktopPlatform::SelectColor(Color& color, const std::string& title)
 {
-    const QColor chosen = QColorDialog::getColor(QColor(color.red, color.green, color.blue),
-                                                 QApplication::activeWindow(), ToQt(title));
-    if (chosen.isValid()) {
-        color = {static_cast<std::uint8_t>(chosen.red()), static_cast<std::uint8_t>(chosen.green()),
-                 static_cast<std::uint8_t>(chosen.blue())};
+    QColorDialog dialog(QColor(color.red, color.green, color.blue), QApplication::activeWindow());
+    dialog.setWindowTitle(ToQt(title));
+    if (RunModal(dialog) != QDialog::Accepted) {
+        return false;
     }
-    return chosen.isValid();
+    const QColor chosen = dialog.selectedColor();
+    color = {static_cast<std::uint8_t>(chosen.red()), static_cast<std::uint8_t>(chosen.green()),
+             static_cast<std::uint8_t>(chosen.blue())};
+    return true;
 }
 
 bool DesktopPlatform::Launch(const FolderItem& file)
@@ -179,9 +187,28 @@ std::string DesktopPlatform::ShortDate() const
 
 void DesktopPlatform::RunStoppable(const bool& stop, const std::function<void()>& work)
 {
-    stops.push_back(&stop);
-    work();
-    stops.pop_back();
+    {
+        stops.push_back(&stop);
+        const auto ended = qScopeGuard([this] { stops.pop_back(); });
+        work();
+    }
+    EmitIfIdle();
+}
+
+int DesktopPlatform::RunModal(QDialog& dialog)
+{
+    ++dialogs;
+    const int result = dialog.exec();
+    --dialogs;
+    EmitIfIdle();
+    return result;
+}
+
+void DesktopPlatform::EmitIfIdle()
+{
+    if (!HasDialog()) {
+        emit Idle();
+    }
 }
 
 void DesktopPlatform::Yield()

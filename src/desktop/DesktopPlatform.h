@@ -4,6 +4,8 @@
 #include "platform/Turns.h"
 
 #include <QElapsedTimer>
+#include <QFileDialog>
+#include <QMessageBox>
 #include <QObject>
 #include <functional>
 #include <vector>
@@ -31,16 +33,32 @@ public:
     FolderItem PreferencesFolder() const override;
     FolderItem TemporaryFolder() const override;
     std::string ShortDate() const override;
+    void Yield() override;
 
     /// Runs long work that gives the interface its turn while it lasts, and ends it when `stop` has become true.
     void RunStoppable(const bool& stop, const std::function<void()>& work);
 
     /// Whether work of that sort is under way.
     bool IsBusy() const { return !stops.empty(); }
-    void Yield() override;
+
+    /// Shows a dialog and waits for the user. Returns how it ended.
+    int RunModal(QDialog& dialog);
+
+    /// Whether a dialog waits for the user.
+    bool HasDialog() const { return dialogs > 0; }
+
+signals:
+    /// The last work, or the last dialog, has ended. Who began it has not: take it as the event to come after that.
+    void Idle();
 
 private:
+    void ShowMessage(QMessageBox::Icon icon, const std::string& text, const QString& more);
+    /// A file dialog limited to the type.
+    FolderItem AskForFile(const FileType& type, QFileDialog::AcceptMode mode, const QString& suggestedName);
+    void EmitIfIdle();
+
     QElapsedTimer sinceLastTurn;
+    int dialogs = 0;                 ///< open ones, one in the other
     std::vector<const bool*> stops;  ///< of the work under way, the innermost last
 };
 

@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLayout>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPixmap>
 #include <QPushButton>
@@ -36,12 +37,24 @@ protected:
     {
         QPainter painter(this);
         painter.drawPixmap(rect(), picture);
-        painter.setPen(hasFocus() ? palette().highlight().color() : QColor(Qt::black));
+        painter.setPen(Qt::black);
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
-        if (hasFocus()) {
-            painter.drawRect(rect().adjusted(1, 1, -2, -2));
+        if (hasFocus()) {  // beside the frame, which stays as it is
+            painter.setPen(QPen(palette().highlight(), 3));
+            painter.drawRect(rect().adjusted(3, 3, -4, -4));
         }
     }
+
+    /// The release counts wherever the pointer stands.
+    void mouseReleaseEvent(QMouseEvent* event) override
+    {
+        if (event->button() == Qt::LeftButton && isDown()) {
+            setDown(false);
+            emit clicked();
+        }
+    }
+
+    void mouseMoveEvent(QMouseEvent* /*event*/) override {}
 
 private:
     QPixmap picture;
@@ -76,9 +89,14 @@ GalleryView::GalleryView(GalleryWindow& theGallery) : gallery(theGallery)
     help->move(GalleryWindow::width - help->sizeHint().width() - 20,
                GalleryWindow::height - help->sizeHint().height() - 20);
     connect(help, &QPushButton::clicked, this, &GalleryView::HelpWanted);
+}
 
+void GalleryView::Place()
+{
+    adjustSize();
     const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
-    const GalleryWindow::Place place = GalleryWindow::PlaceOnScreen(room.width(), room.height());
+    const GalleryWindow::Place place = GalleryWindow::PlaceOnScreen(
+        room.width(), room.height(), frameGeometry().width(), frameGeometry().height());
     move(room.left() + place.left, room.top() + place.top);
 }
 

@@ -13,6 +13,9 @@ class GalleryView final : public QMainWindow {
 public:
     explicit GalleryView(GalleryWindow& theGallery);
 
+    /// Centres the window on the first screen, once it has its menus.
+    void Place();
+
 signals:
     void HelpWanted();
     void Closed();

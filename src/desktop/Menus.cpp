@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -18,6 +19,7 @@ QKeySequence ShortcutOf(const MenuItem& item)
     return QKeySequence(ToQt(item.shortcut).replace(QStringLiteral("Cmd"), QStringLiteral("Ctrl")));
 }
 
+/// Only the items about the program itself move to the application's menu, where there is one.
 QAction::MenuRole RoleOf(Command command)
 {
     switch (command) {
@@ -26,20 +28,20 @@ QAction::MenuRole RoleOf(Command command)
     case Command::VisitWebsite:
     case Command::CheckForLatestVersion:
         return QAction::ApplicationSpecificRole;
-    case Command::Quit:
-        return QAction::QuitRole;
-    case Command::Preferences:
-        return QAction::PreferencesRole;
     default:
         return QAction::NoRole;
     }
 }
 
+/// The text field that has the focus, if the user can edit its text; otherwise null.
+QLineEdit* EditableField()
+{
+    auto* const field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    return field != nullptr && field->isEnabled() && !field->isReadOnly() ? field : nullptr;
+}
+
 void AddItem(QMenu& menu, const MenuItem& item, const MenuHost& host)
 {
-    if (item.command == Command::None) {
-        return;
-    }
     if (item.command == Command::Separator) {
         menu.addSeparator();
         return;
@@ -81,27 +83,44 @@ void UpdateMenus(QMainWindow& window)
     }
 }
 
-void EditText(Command command)
+bool CanEditText(Command command)
 {
-    auto* const field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
-    if (field == nullptr) {
-        return;
-    }
+    const QLineEdit* const field = EditableField();
     switch (command) {
     case Command::Undo:
-        field->undo();
+        return field != nullptr && field->isUndoAvailable();
+    case Command::Cut:
+    case Command::Copy:
+    case Command::Clear:
+        return field != nullptr && field->hasSelectedText();
+    case Command::Paste:
+        return field != nullptr && !QApplication::clipboard()->text().isEmpty();
+    default:
+        return true;
+    }
+}
+
+void EditText(Command command)
+{
+    if (!CanEditText(command)) {
+        return;
+    }
+    QLineEdit& field = *EditableField();
+    switch (command) {
+    case Command::Undo:
+        field.undo();
         break;
     case Command::Cut:
-        field->cut();
+        field.cut();
         break;
     case Command::Copy:
-        field->copy();
+        field.copy();
         break;
     case Command::Paste:
-        field->paste();
+        field.paste();
         break;
     case Command::Clear:
-        field->del();
+        field.del();
         break;
     default:
         break;

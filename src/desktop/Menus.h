@@ -19,7 +19,10 @@ void InstallMenus(QMainWindow& window, const MenuHost& host);
 /// Settles the enabling of a window's menu items now, for their shortcuts.
 void UpdateMenus(QMainWindow& window);
 
-/// Cut, copy, paste, undo and clear in the text field that has the focus. Does nothing with any other item.
+/// Whether an item for editing text has something to edit in the field that has the focus. True for any other item.
+bool CanEditText(Command command);
+
+/// Undo, cut, copy, paste and clear in the text field that has the focus, if they can be done.
 void EditText(Command command);
 
 }  // namespace linealis::desktop

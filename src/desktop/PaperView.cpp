@@ -45,6 +45,11 @@ PaperView::PaperView(DesktopPlatform& thePlatform, const PaperKind& theKind, Pap
     });
 }
 
+PaperView::~PaperView()
+{
+    delete takeCentralWidget();  // before the form that it shows
+}
+
 QWidget* PaperView::MakeButtons()
 {
     auto* const row = new QWidget;
@@ -105,7 +110,7 @@ void PaperView::ShowWizard()
 {
     Wizard& wizard = *window.GetWizard();
     FormDialog dialog(QStringLiteral("Easy Graph Wizard"), wizard.Fields(), this);
-    if (dialog.exec() == QDialog::Accepted) {
+    if (platform.RunModal(dialog) == QDialog::Accepted) {
         wizard.PushButton1_Action();
     } else {
         wizard.PushButton2_Action();
@@ -131,6 +136,12 @@ void PaperView::closeEvent(QCloseEvent* event)
         return;
     }
     event->accept();
+    End();
+}
+
+void PaperView::End()
+{
+    hide();
     emit Closed(kind);
 }
 

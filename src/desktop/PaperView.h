@@ -6,6 +6,8 @@
 #include <QMainWindow>
 #include <QTimer>
 #include <functional>
+#include <memory>
+#include <utility>
 
 class QLabel;
 class QProgressBar;
@@ -19,9 +21,18 @@ class PaperView final : public QMainWindow {
 
 public:
     PaperView(DesktopPlatform& thePlatform, const PaperKind& theKind, PaperWindow& theWindow);
+    ~PaperView() override;
+    PaperView(const PaperView&) = delete;
+    PaperView& operator=(const PaperView&) = delete;
 
     const PaperKind& Kind() const { return kind; }
     PaperWindow& Window() { return window; }
+
+    /// Owns the paper window from now on, because nobody else will.
+    void Keep(std::unique_ptr<PaperWindow> closedWindow) { kept = std::move(closedWindow); }
+
+    /// Ends the window, which makes no page.
+    void End();
 
     /// Makes the page, as the Generate button does. Does nothing while one is being made.
     void Generate();
@@ -45,6 +56,7 @@ private:
     DesktopPlatform& platform;
     const PaperKind& kind;
     PaperWindow& window;
+    std::unique_ptr<PaperWindow> kept;  ///< the same, once it is closed
     QPushButton* generateButton = nullptr;
     QPushButton* cancelButton = nullptr;
     QProgressBar* progress = nullptr;

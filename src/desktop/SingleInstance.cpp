@@ -1,5 +1,7 @@
 #include "desktop/SingleInstance.h"
 
+#include "platform/posix/OwnUser.h"
+
 #include <QDataStream>
 #include <QLocalSocket>
 
@@ -8,24 +10,38 @@ namespace linealis::desktop {
 namespace {
 
 constexpr int millisecondsToConnect = 500;
-constexpr int millisecondsToAnswer = 5000;
+constexpr int millisecondsToAnswer = 2000;
 constexpr qint64 longestMessage = 1 << 20;
 constexpr char acknowledgement = 'k';
 
+bool IsOwn(const QLocalSocket& socket)
+{
+    return posix::PeerIsOwnUser(static_cast<int>(socket.socketDescriptor()));
+}
+
+/// Reads the files, once all have come. Returns whether they have.
+bool ReadFiles(QLocalSocket& socket, QStringList& files)
+{
+    QDataStream stream(&socket);
+    stream.startTransaction();
+    stream >> files;
+    return stream.commitTransaction();
+}
+
 }  // namespace
 
-SingleInstance::SingleInstance(const QString& name, QObject* parent)
-    : QObject(parent), serverName(name + QLatin1Char('-') + qEnvironmentVariable("USER"))
+SingleInstance::SingleInstance(const QString& folder, const QString& name, QObject* parent)
+    : QObject(parent), path(folder.isEmpty() ? QString() : folder + QLatin1Char('/') + name)
 {
     server.setSocketOptions(QLocalServer::UserAccessOption);
-    connect(&server, &QLocalServer::newConnection, this, &SingleInstance::Receive);
+    connect(&server, &QLocalServer::newConnection, this, &SingleInstance::Accept);
 }
 
 bool SingleInstance::HandOver(const QStringList& files) const
 {
     QLocalSocket socket;
-    socket.connectToServer(serverName);
-    if (!socket.waitForConnected(millisecondsToConnect)) {
+    socket.connectToServer(path);
+    if (path.isEmpty() || !socket.waitForConnected(millisecondsToConnect) || !IsOwn(socket)) {
         return false;
     }
     QByteArray message;
@@ -39,26 +55,28 @@ bool SingleInstance::HandOver(const QStringList& files) const
 
 void SingleInstance::Listen()
 {
-    QLocalServer::removeServer(serverName);  // what a killed program left behind
-    server.listen(serverName);
+    if (!path.isEmpty()) {
+        QLocalServer::removeServer(path);  // what a killed program left behind
+        server.listen(path);
+    }
 }
 
-void SingleInstance::Receive()
+void SingleInstance::Accept()
 {
     while (QLocalSocket* const socket = server.nextPendingConnection()) {
         socket->setReadBufferSize(longestMessage);
         connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+        if (!IsOwn(*socket)) {
+            socket->abort();
+            continue;
+        }
         connect(socket, &QLocalSocket::readyRead, this, [this, socket] {
-            QDataStream stream(socket);
-            stream.startTransaction();
             QStringList files;
-            stream >> files;
-            if (!stream.commitTransaction()) {
-                return;  // more is to come
+            if (ReadFiles(*socket, files)) {
+                socket->write(QByteArray(1, acknowledgement));
+                socket->flush();
+                emit Received(files);
             }
-            socket->write(QByteArray(1, acknowledgement));
-            socket->flush();
-            emit Received(files);
         });
     }
 }

@@ -28,9 +28,10 @@ GalleryWindow::GalleryWindow(std::vector<Entry> theEntries, std::function<void(s
     }
 }
 
-GalleryWindow::Place GalleryWindow::PlaceOnScreen(int availableWidth, int availableHeight)
+GalleryWindow::Place GalleryWindow::PlaceOnScreen(int availableWidth, int availableHeight, int windowWidth,
+                                                  int windowHeight)
 {
-    return {(availableWidth - width) / 2, (availableHeight - height) / 2};
+    return {(availableWidth - windowWidth) / 2, (availableHeight - windowHeight) / 2};
 }
 
 void GalleryWindow::Event_MouseUp(std::size_t entry)

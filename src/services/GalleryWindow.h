@@ -36,8 +36,8 @@ public:
 
     const std::vector<Entry>& Entries() const { return entries; }
 
-    /// Where the window stands: in the middle of the room that the first screen has.
-    static Place PlaceOnScreen(int availableWidth, int availableHeight);
+    /// Where a window of that size stands: in the middle of the room that the first screen has.
+    static Place PlaceOnScreen(int availableWidth, int availableHeight, int windowWidth, int windowHeight);
 
     /// A click on the picture of an entry. The number of no entry does nothing.
     void Event_MouseUp(std::size_t entry);
