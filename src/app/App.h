@@ -77,6 +77,7 @@ public:
 private:
     void OpenFromGallery(std::size_t entry);
     void ShowAbout();
+    FolderItem HelpFile() const;
     FolderItem PrefsFile() const;
 
     Platform& platform;

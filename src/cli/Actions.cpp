@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <iostream>
 #include <optional>
 #include <string_view>
 
@@ -166,7 +165,7 @@ void Apply(const std::vector<Action>& actions, const PaperKind& kind, PaperWindo
             GraphFor("--markers", kind, window);
             platform.openAnswer = FolderItem(action.argument);
             if (!platform.openAnswer.Exists()) {  // the page is made all the same, without markers
-                std::cerr << "linealis-cli: " << action.argument << ": no such file, so there are no markers\n";
+                Complain(action.argument + ": no such file, so there are no markers");
             }
             break;
         case Action::Kind::Wizard:
