@@ -8,8 +8,8 @@ namespace linealis {
 
 namespace {
 
-constexpr std::size_t longestText = 64 * 1024 * 1024;
-constexpr std::size_t longestLine = 64 * 1024;
+constexpr std::size_t longestText = std::size_t{64} << 20U;
+constexpr std::size_t longestLine = std::size_t{64} << 10U;
 
 /// The bytes of the file, or more than longestText of them.
 std::string ReadText(BinaryStream& stream)

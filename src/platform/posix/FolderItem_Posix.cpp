@@ -1,8 +1,9 @@
 #include "platform/FolderItem.h"
 
-#include <stdlib.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include <cstdlib>
 
 namespace linealis {
 

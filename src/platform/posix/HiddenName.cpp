@@ -4,13 +4,13 @@
 
 #include <dirent.h>
 #include <fcntl.h>
-#include <signal.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 
 #include <array>
 #include <atomic>
 #include <charconv>
+#include <csignal>
 #include <string_view>
 
 namespace linealis::posix {

@@ -4,13 +4,13 @@
 #include "platform/posix/Attributes.h"
 
 #include <fcntl.h>
-#include <signal.h>
 #include <sys/file.h>
 #include <sys/mman.h>
 #include <sys/sendfile.h>
 #include <sys/stat.h>
 
 #include <charconv>
+#include <csignal>
 #include <optional>
 
 namespace linealis::posix {
@@ -315,9 +315,10 @@ std::error_code OutputFile::Overwrite()
     if (::fstat(old.Number(), &before) != 0 || ::fstat(content.Number(), &after) != 0) {
         return LastError();
     }
-    if (const int error = ::posix_fallocate(old.Number(), 0, after.st_size); error != 0) {
-        ::ftruncate(old.Number(), before.st_size);
-        return {error, std::generic_category()};
+    const SignalsHeld held;
+    if (after.st_size > 0 && ::fallocate(old.Number(), 0, 0, after.st_size) != 0 && errno != EOPNOTSUPP) {
+        const std::error_code error = LastError();
+        return ::ftruncate(old.Number(), before.st_size) == 0 ? error : LastError();
     }
     off_t done = 0;
     while (done < after.st_size) {

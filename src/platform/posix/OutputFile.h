@@ -45,7 +45,7 @@ private:
         std::string name;
     };
 
-    static std::unique_ptr<OutputFile> Direct(Descriptor file, std::error_code& error);
+    static std::unique_ptr<OutputFile> Direct(Descriptor descriptor, std::error_code& error);
     static std::filesystem::path PlaceOfNew(const std::filesystem::path& path, std::error_code& error);
     std::error_code ExpectNothing(const std::filesystem::path& path);
     std::error_code OpenOld(const std::filesystem::path& path, Target target);

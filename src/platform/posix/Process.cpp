@@ -2,11 +2,11 @@
 
 #include "platform/posix/HiddenName.h"
 
-#include <signal.h>
 #include <spawn.h>
 #include <unistd.h>
 
 #include <array>
+#include <csignal>
 
 namespace linealis {
 
