@@ -339,12 +339,42 @@ TEST_F(Help, WritesTheManualAnewAndOpensIt)
     EXPECT_TRUE(platform.messages.empty());
 }
 
-TEST_F(Help, UsesWhatCannotBeDeleted)
+TEST_F(Help, UsesItsOwnFileThatCannotBeDeleted)
 {
-    fs::create_directories(help.Path() / "in use");
+    const Unprivileged user;
+    fs::create_directory(folder / "mine");
+    platform.temporaryFolder = FolderItem(folder / "mine");
+    WriteFile(folder / "mine/docsLNS.pdf", "old");
+    fs::permissions(folder / "mine", fs::perms(0555));
     app.DoHelp();
-    EXPECT_EQ(platform.launched, std::vector{help});
+    fs::permissions(folder / "mine", fs::perms(0777));
+    EXPECT_EQ(platform.launched, std::vector{FolderItem(folder / "mine/docsLNS.pdf")});
+    EXPECT_TRUE(platform.messages.empty() &&
+                ReadFile(folder / "mine/docsLNS.pdf") == (user.Worked() ? "old" : manual));
+}
+
+TEST_F(Help, AStrangersFileOrLinkIsLeftAlone)
+{
+    WriteFile(folder / "victim", "precious");
+    const auto helpGoesElsewhere = [&] {
+        platform.launched.clear();
+        app.DoHelp();
+        ASSERT_EQ(platform.launched.size(), 1U);
+        const fs::path file = platform.launched[0].Path();
+        EXPECT_TRUE(file.parent_path().parent_path() == temporary.Path() && ReadFile(file) == manual) << file;
+        EXPECT_EQ(fs::status(file.parent_path()).permissions(), fs::perms(0700));
+    };
+    for (const char* const end : {"victim", "missing"}) {
+        fs::create_symlink(folder / end, help.Path());
+        helpGoesElsewhere();
+        EXPECT_TRUE(fs::is_symlink(help.Path()));
+        help.Delete();
+    }
+    fs::create_directories(help.Path() / "in use");
+    helpGoesElsewhere();
     EXPECT_TRUE(platform.messages.empty() && fs::is_directory(help.Path() / "in use"));
+    EXPECT_EQ(ReadFile(folder / "victim"), "precious");
+    EXPECT_FALSE(fs::exists(folder / "missing"));
 }
 
 TEST_F(Help, TellsOnceThatItFailed)

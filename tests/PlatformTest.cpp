@@ -1,7 +1,11 @@
 #include "TestSupport.h"
+#include "graph/MarkerFile.h"
+#include "pdf/OwnPdf.h"
 #include "platform/BinaryStream.h"
+#include "platform/FileFault.h"
 
 #include <sys/stat.h>
+#include <sys/xattr.h>
 
 #include <future>
 
@@ -89,11 +93,60 @@ TEST_F(Stream, ReadsNothingPastTheEnd)
     EXPECT_EQ(stream.Read(0x7fffffff), "");
     EXPECT_FALSE(stream.Close());
     EXPECT_EQ(Open("\1\2\3").ReadInt32(), 0);
-    EXPECT_EQ(Open("abc").Read(SIZE_MAX), "abc");
+    BinaryStream longField = Open(std::string(70'000, 'x') + "\1z end");
+    EXPECT_EQ(longField.Read(70'000), "") << "no field is that long";
+    EXPECT_EQ(longField.ReadPString(), "z") << "but what follows has its place";
+    EXPECT_EQ(longField.Read(SIZE_MAX), "");
+    EXPECT_EQ(longField.Read(1), "");
+    EXPECT_EQ(longField.ReadLast(3), "end");
+    EXPECT_EQ(Open("abc").ReadLast(100), "abc");
 
     EXPECT_EQ(FolderItem(folder / "missing").OpenAsBinaryFile().Error(), std::errc::no_such_file_or_directory);
     EXPECT_FALSE(FolderItem(folder / "").OpenAsBinaryFile().IsOpen()) << "a folder";
     EXPECT_FALSE(FolderItem().OpenAsBinaryFile().IsOpen());
+}
+
+TEST_F(Stream, OnlyRegularFilesAreRead)
+{
+    const fs::path pipe = folder / "pipe";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    for (const fs::path& path : {pipe, fs::path("/dev/zero"), fs::path("/dev/stdin")}) {
+        const BinaryStream stream = FolderItem(path).OpenAsBinaryFile();
+        EXPECT_FALSE(stream.IsOpen());
+        EXPECT_EQ(stream.Error(), FileFault::NotRegular) << path;
+        EXPECT_EQ(MarkerFile(FolderItem(path)).Error(), path.string() + ": Is not a regular file");
+    }
+    const auto errorOf = [&](const std::string& text) {
+        WriteFile(folder / "read", text);
+        return MarkerFile(FolderItem(folder / "read")).Error();
+    };
+    const std::string line(65536, 'x'), name = folder / "read";
+    EXPECT_EQ(errorOf(line + "\r\n" + line + "\r" + line), "");
+    EXPECT_EQ(errorOf("\n" + line + "x\n"), name + ": a line is longer than 64 KiB");
+    EXPECT_EQ(errorOf(std::string("a\0b", 3)), name + ": not a text file");
+    errorOf("a\n");
+    fs::resize_file(folder / "read", 1ULL << 40U);
+    EXPECT_EQ(MarkerFile(FolderItem(folder / "read")).Error(), name + ": larger than 64 MiB");
+}
+
+TEST_F(Stream, ImpossibleNamesAreErrors)
+{
+    std::string deep = folder / "";
+    for (int i = 0; i < 2500; ++i) {
+        deep += "d/";
+    }
+    WriteFile(folder / "fi", "old");
+    const std::string withZero = std::string(folder / "fi") + std::string("\0x", 2);
+    for (const std::string& name :
+         {std::string(folder / std::string(256, 'n')), deep + "file", withZero, std::string()}) {
+        const FolderItem file(name);
+        EXPECT_TRUE(Replace(name, "x") && file.OpenAsBinaryFile().Error() && file.CreateNewBinaryFile().Error());
+        EXPECT_TRUE(!file.Exists() && !file.IsOwnRegularFile() && !IsOwnPdf(file));
+        file.Delete();
+    }
+    EXPECT_EQ(folder.Names(), Names{"fi"});
+    EXPECT_EQ(ReadFile(folder / "fi"), "old");
+    EXPECT_FALSE(Replace(folder / std::string(255, 'n'), "x"));
 }
 
 TEST_F(Replacing, TheOldFileStandsUntilTheNewOneIsWhole)
@@ -138,6 +191,27 @@ TEST_F(Replacing, PermissionsStay)
     EXPECT_EQ(fs::status(folder / "new").permissions(), fs::perms(0644));
 }
 
+TEST_F(Replacing, OwnerGroupAndAttributesStayButNoRightGrows)
+{
+    const fs::path file = folder / "file";
+    WriteFile(file, "old");
+    const bool attributes = ::setxattr(file.c_str(), "user.note", "kept", 4, 0) == 0;
+    const bool superuser = ::chown(file.c_str(), 1234, 2345) == 0;
+    fs::permissions(file, fs::perms(06676));
+    EXPECT_FALSE(Replace(file, "new"));
+    struct stat status {};
+    ASSERT_EQ(::stat(file.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777U, 0676U) << "whoever writes a program anew does not make it run as another";
+    std::string note(4, ' ');
+    EXPECT_TRUE(!attributes || (::getxattr(file.c_str(), "user.note", note.data(), 4) == 4 && note == "kept"));
+    if (superuser) {
+        EXPECT_TRUE(status.st_uid == 1234 && status.st_gid == 2345);
+        const Unprivileged user;
+        EXPECT_FALSE(Replace(file, "newer"));
+        EXPECT_EQ(fs::status(file).permissions(), fs::perms(0666)) << "the group is another";
+    }
+}
+
 TEST_F(Replacing, LinksAreFollowed)
 {
     fs::create_directories(folder / "far/away");
@@ -153,6 +227,9 @@ TEST_F(Replacing, LinksAreFollowed)
     EXPECT_TRUE(fs::is_symlink(folder / "dangling"));
     EXPECT_EQ(ReadFile(folder / "far/later"), "there");
 
+    EXPECT_EQ(FolderItem(folder / "link").WithoutLinks().CreateBinaryFile().Error(), FileFault::IsALink);
+    EXPECT_EQ(BinaryStream::New(folder / "dangling").Close(), std::errc::file_exists);
+
     fs::create_symlink("there", folder / "back");
     fs::create_symlink("back", folder / "there");
     EXPECT_TRUE(Replace(folder / "back", "nowhere"));
@@ -164,8 +241,12 @@ TEST_F(Replacing, WhatMayNotBeWrittenCannotBeOpened)
     const fs::path file = folder / "file";
     WriteFile(file, "old");
     fs::permissions(file, fs::perms(0444));
-    fs::create_directory(folder / "closed");
-    fs::permissions(folder / "closed", fs::perms(0555));
+    for (const auto& [name, permissions] : {std::pair("closed", 0555), std::pair("sticky", 01777)}) {
+        fs::create_directory(folder / name);
+        WriteFile(folder / name / "writable", std::string(100, 'x'));
+        fs::permissions(folder / name / "writable", fs::perms(0666));
+        fs::permissions(folder / name, fs::perms(permissions));
+    }
     {
         const Unprivileged user;
         if (!user.Worked()) {
@@ -173,11 +254,18 @@ TEST_F(Replacing, WhatMayNotBeWrittenCannotBeOpened)
         }
         EXPECT_EQ(Replace(file, "new"), std::errc::permission_denied);
         EXPECT_EQ(Replace(folder / "closed/file", "new"), std::errc::permission_denied);
+        EXPECT_EQ(Replace(folder / "closed/writable", "a shorter text"), std::error_code());
+        EXPECT_EQ(Replace(folder / "sticky/writable", "a shorter text"), std::error_code());
+        BinaryStream::Replacing(folder / "closed/writable").Write(std::string(100'000, 'x'));
     }
+    for (const char* const path : {"closed/writable", "sticky/writable"}) {
+        EXPECT_EQ(ReadFile(folder / path), "a shorter text") << "written in place, but only when whole";
+    }
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder / "sticky"), {}), 1);
     EXPECT_EQ(Replace(folder / "closed", "new"), std::errc::is_a_directory);
     EXPECT_EQ(Replace(folder / "missing/file", "new"), std::errc::no_such_file_or_directory);
     EXPECT_EQ(ReadFile(file), "old");
-    EXPECT_EQ(folder.Names(), (Names{"closed", "file"}));
+    EXPECT_EQ(folder.Names(), (Names{"closed", "file", "sticky"}));
 }
 
 TEST_F(Replacing, PipesAndDevicesAreWrittenDirectly)

@@ -2,7 +2,8 @@
 
 #include "TestSupport.h"
 
-#include <limits>
+#include <sys/stat.h>
+
 #include <utility>
 
 namespace linealis::test {
@@ -47,19 +48,12 @@ TEST_F(PreferencesFile, HasItsBytes)
     const std::string before(reservedBefore, '\0'), behind(reservedBehind, '\0');
     Write({true, 140}, file);
     EXPECT_TRUE(ReadFile(file.Path()) == before + noStrings + noCheckAnd140 + behind);
+    EXPECT_EQ(Read(), Values(true, 140));
     EXPECT_EQ(yields, 10100 / Platform::linesPerYield) << "each of the reserved integers is a yield point";
     Write({false, 0x01020304}, file);
     EXPECT_TRUE(ReadFile(file.Path()) == before + noStrings + std::string("\0\0\0\0\1\2\3\4", 8) + behind);
+    EXPECT_EQ(Read(), Values(false, 0x01020304));
     EXPECT_EQ(folder.Names(), Names{"prefs"});
-}
-
-TEST_F(PreferencesFile, GivesBackWhatWasWritten)
-{
-    constexpr std::int64_t largest = std::numeric_limits<std::int32_t>::max();
-    for (const Values& values : {Values{true, 140}, Values{false, 999}, Values{true, 0}, Values{false, largest}}) {
-        Write({values.first, values.second}, file);
-        EXPECT_EQ(Read(), values);
-    }
 }
 
 TEST_F(PreferencesFile, OnlyItsOwnMarkSwitchesTheCheckOff)
@@ -85,6 +79,9 @@ TEST_F(PreferencesFile, WithoutAFileTheInitialValuesStand)
     EXPECT_EQ(Read(), Values(false, 0));
     fs::create_directory(file.Path());
     EXPECT_EQ(Read(), Values(false, 0));
+    fs::remove(file.Path());
+    ASSERT_EQ(::mkfifo(file.Path().c_str(), 0600), 0);
+    EXPECT_EQ(Read(), Values(false, 0)) << "and a pipe that nobody writes is not waited for";
     const Preferences nowhere = ReadPrefs(FolderItem());
     EXPECT_FALSE(nowhere.noUpdateCheck);
 }
@@ -103,23 +100,6 @@ TEST_F(PreferencesFile, WhereItCannotBeWrittenNothingHappens)
     Write({true, 140}, FolderItem());
     Write({true, 140}, FolderItem(folder / "missing/prefs"));
     EXPECT_EQ(folder.Names(), Names{});
-
-    const fs::path closed = folder / "closed";
-    fs::create_directory(closed);
-    Write({true, 140}, FolderItem(closed / "prefs"));
-    const std::string old = ReadFile(closed / "prefs");
-    fs::permissions(closed / "prefs", fs::perms(0444));
-    fs::permissions(closed, fs::perms(0555));
-    {
-        const Unprivileged user;
-        if (user.Worked()) {
-            Write({false, 999}, FolderItem(closed / "prefs"));
-            Write({false, 999}, FolderItem(closed / "other"));
-        }
-    }
-    fs::permissions(closed, fs::perms::all);
-    EXPECT_TRUE(ReadFile(closed / "prefs") == old);
-    EXPECT_FALSE(fs::exists(closed / "other"));
 }
 
 }  // namespace

@@ -28,6 +28,13 @@ std::string ExtensionOf(const FolderItem& file)
     return extension.empty() ? "" : extension.substr(1);
 }
 
+std::error_code WriteNew(const FolderItem& file, std::string_view bytes)
+{
+    BinaryStream stream = file.CreateNewBinaryFile();
+    stream.Write(bytes);
+    return stream.Close();
+}
+
 }  // namespace
 
 App::App(Platform& thePlatform, AppWindows& theWindows, std::string_view theManual)
@@ -165,25 +172,30 @@ void App::ShowAbout()
 
 void App::DoHelp()
 {
-    const FolderItem file = platform.TemporaryFolder().Child("docsLNS.pdf");
-    if (file.IsEmpty()) {
+    const FolderItem file = HelpFile();
+    if (file.IsEmpty() || !platform.Launch(file)) {
         platform.MsgBox(helpFailed);
-        return;
     }
-    if (file.Exists()) {
+}
+
+/// The manual as a file of its own, written anew if that can be; nothing if there is none.
+FolderItem App::HelpFile() const
+{
+    const std::string name = "docsLNS.pdf";
+    const FolderItem folder = platform.TemporaryFolder();
+    FolderItem file = folder.Child(name);
+    if (file.IsOwnRegularFile()) {
         file.Delete();
-    }
-    if (!file.Exists()) {
-        BinaryStream stream = file.CreateBinaryFile();
-        stream.Write(manual);
-        if (stream.Close()) {
-            platform.MsgBox(helpFailed);
-            return;
+        if (file.IsOwnRegularFile()) {
+            return file;
         }
     }
-    if (!platform.Launch(file)) {
-        platform.MsgBox(helpFailed);
+    std::error_code error = WriteNew(file, manual);
+    if (error == std::errc::file_exists) {  // the folder is everybody's, and somebody else has the name
+        file = folder.MakePrivateFolder("linealis-").Child(name);
+        error = WriteNew(file, manual);
     }
+    return error ? FolderItem() : file;
 }
 
 }  // namespace linealis

@@ -78,6 +78,7 @@ public:
 private:
     void OpenFromGallery(std::size_t entry);
     void ShowAbout();
+    FolderItem HelpFile() const;
     FolderItem PrefsFile() const;
     FolderItem LastSettingsFile() const;
 

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <iostream>
 #include <optional>
 #include <string_view>
 
@@ -161,7 +160,7 @@ void Apply(const std::vector<Action>& actions, const PaperKind& kind, PaperWindo
             CheckAbility("--markers", kind, kind.hasMarkers);
             platform.openAnswer = FolderItem(action.argument);
             if (!platform.openAnswer.Exists()) {  // the page is made all the same, without markers
-                std::cerr << "linealis-cli: " << action.argument << ": no such file, so there are no markers\n";
+                Complain(action.argument + ": no such file, so there are no markers");
             }
             break;
         case Action::Kind::Wizard:

@@ -1,12 +1,12 @@
 #include "cli/Commands.h"
 
 #include "cli/Errors.h"
+#include "platform/Process.h"
 #include "platform/ScreenlessPlatform.h"
 
 #include <nlohmann/json.hpp>
-#include <spawn.h>
-#include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <iostream>
@@ -128,14 +128,10 @@ Json KindJson(const PaperKind& kind)
 
 void LaunchViewer(const FolderItem& file)
 {
-    std::string program = "xdg-open";
-    std::string path = file.Path().string();
-    std::array<char*, 3> arguments = {program.data(), path.data(), nullptr};
-    pid_t process = 0;
-    const int error = ::posix_spawnp(&process, program.c_str(), nullptr, nullptr, arguments.data(), environ);
-    if (error != 0) {
+    const std::string program = "xdg-open", path = file.Path().string();
+    if (const std::error_code error = StartProgram(program, path)) {
         throw WorkError{path + ": the page is made, but the viewer could not be started: " + program + ": " +
-                        std::generic_category().message(error)};
+                        error.message()};
     }
 }
 
@@ -146,10 +142,13 @@ void GeneratePage(const Source& source, const GenerateRequest& request, const st
     ScreenlessPlatform platform;
     platform.shiftKey = true;
     platform.saveAnswer = OutputFile(output);
+    if (request.output.empty()) {  // whoever may write to the folder shall not choose another file for the page
+        platform.saveAnswer = platform.saveAnswer.WithoutLinks();
+    }
     const OpenWindow open = Open(source, request.actions, platform);
     open.window->PushButtonGenerate_Action();
-    for (const std::string& message : platform.messages) {
-        std::cerr << "linealis-cli: " << message << '\n';
+    for (const std::vector<std::string>* const said : {&platform.messages, &platform.notes}) {
+        std::for_each(said->begin(), said->end(), Complain);
     }
     if (!platform.fileErrors.empty()) {
         throw WorkError{output + ": " + platform.fileErrors.front().reason};
@@ -174,6 +173,28 @@ std::vector<std::string> OutputNames(const GenerateRequest& request)
     return names;
 }
 
+/// The page shall not take the place of what it is made from.
+void CheckIsNoInput(const std::string& output, const GenerateRequest& request)
+{
+    std::vector<std::string> inputs;
+    for (const Source& source : request.sources) {
+        if (FindPaperKind(source) == nullptr) {
+            inputs.push_back(source);
+        }
+    }
+    for (const Action& action : request.actions) {
+        if (action.kind == Action::Kind::Load || action.kind == Action::Kind::Markers) {
+            inputs.push_back(action.argument);
+        }
+    }
+    for (const std::string& input : inputs) {
+        std::error_code oneIsMissing;
+        if (fs::equivalent(input, output, oneIsMissing)) {
+            throw UsageError{"the page would replace " + input + ", which it is made from"};
+        }
+    }
+}
+
 void CheckRequest(const GenerateRequest& request)
 {
     const bool toFile = !request.output.empty();
@@ -184,6 +205,7 @@ void CheckRequest(const GenerateRequest& request)
         throw UsageError{"-o " + request.output + " takes one page, but " + std::to_string(request.sources.size()) +
                          " are asked for; --output-dir DIR takes any number"};
     }
+    CheckIsNoInput(request.output, request);
     if (request.view && request.output == "-") {
         throw UsageError{"--view needs a file, not standard output"};
     }
@@ -229,25 +251,27 @@ void Generate(const GenerateRequest& request)
         return;
     }
     const std::vector<std::string> outputs = OutputNames(request);
-    std::vector<std::string> failures;
+    std::string failure;
     for (std::size_t i = 0; i < request.sources.size(); ++i) {
         try {
             GeneratePage(request.sources[i], request, outputs[i]);
         } catch (const WorkError& error) {
-            failures.push_back(error.message);
+            if (!failure.empty()) {
+                Complain(failure);
+            }
+            failure = error.message;
         }
     }
-    if (!failures.empty()) {
-        std::string all = failures.front();
-        for (std::size_t i = 1; i < failures.size(); ++i) {
-            all += "\nlinealis-cli: " + failures[i];
-        }
-        throw WorkError{all};
+    if (!failure.empty()) {
+        throw WorkError{failure};
     }
 }
 
 void Save(const Source& source, const std::vector<Action>& actions, const std::string& output)
 {
+    if (output.empty()) {
+        throw UsageError{"-o takes a file name, not an empty text"};
+    }
     ScreenlessPlatform platform;
     const OpenWindow open = Open(source, actions, platform);
     if (const std::error_code error = open.window->SaveSettings(OutputFile(output))) {

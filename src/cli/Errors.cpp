@@ -1,7 +1,12 @@
 #include "cli/Errors.h"
 
+#include "pdf/MacRoman.h"
+
 #include <algorithm>
+#include <array>
 #include <cctype>
+#include <cstdio>
+#include <iostream>
 #include <numeric>
 
 namespace linealis::cli {
@@ -31,7 +36,36 @@ std::size_t Distance(std::string_view a, std::string_view b)
     return row.back();
 }
 
+/// Of a piece as Characters() gives it: a byte alone is ASCII or no UTF-8, and C2 80 to C2 9F are controls too.
+bool IsShownAsItIs(std::string_view character)
+{
+    if (character.size() == 1) {
+        return character[0] >= ' ' && character[0] <= '~';
+    }
+    return character < "\xC2\x80" || character > "\xC2\x9F";
+}
+
+std::string Escaped(std::string_view bytes)
+{
+    std::string escaped;
+    for (const char byte : bytes) {
+        std::array<char, 5> text{};
+        std::snprintf(text.data(), text.size(), "\\x%02X", static_cast<unsigned>(static_cast<unsigned char>(byte)));
+        escaped += text.data();
+    }
+    return escaped;
+}
+
 }  // namespace
+
+void Complain(std::string_view message)
+{
+    std::string line = "linealis-cli: ";
+    for (const std::string_view character : Characters(message)) {
+        line += IsShownAsItIs(character) ? std::string(character) : Escaped(character);
+    }
+    std::cerr << line << '\n';
+}
 
 UsageError Unknown(std::string_view what, std::string_view given, std::vector<std::string> possible)
 {

@@ -16,6 +16,10 @@ struct WorkError {
     std::string message;
 };
 
+/// Prints "linealis-cli: MESSAGE" and a line end on standard error. What would command the terminal instead of
+/// being read, control characters and bytes that are no UTF-8, is shown as \xNN.
+void Complain(std::string_view message);
+
 /// "unknown WHAT 'GIVEN'; possible: ...", the nearest match first.
 UsageError Unknown(std::string_view what, std::string_view given, std::vector<std::string> possible);
 

@@ -1,10 +1,13 @@
 #include "cli/Commands.h"
 #include "cli/Errors.h"
+#include "platform/Process.h"
 
 #include <CLI/CLI.hpp>
 
+#include <cstdio>
 #include <iostream>
 #include <map>
+#include <new>
 #include <string>
 
 namespace {
@@ -160,6 +163,7 @@ void Run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    linealis::EndCleanlyOnSignals();
     try {
         Run(argc, argv);
         if (!std::cout.flush()) {
@@ -167,13 +171,19 @@ int main(int argc, char** argv)
         }
         return success;
     } catch (const WorkError& error) {
-        std::cerr << "linealis-cli: " << error.message << '\n';
+        Complain(error.message);
         return workFailed;
     } catch (const UsageError& error) {
-        std::cerr << "linealis-cli: " << error.message << '\n';
+        Complain(error.message);
         return usageWrong;
+    } catch (const std::bad_alloc&) {
+        std::fputs("linealis-cli: there is not enough memory\n", stderr);
+        return workFailed;
     } catch (const std::exception& error) {
-        std::cerr << "linealis-cli: " << error.what() << '\n';
+        Complain(error.what());
+        return workFailed;
+    } catch (...) {
+        Complain("the work failed for an unknown reason");
         return workFailed;
     }
 }

@@ -1,71 +1,89 @@
 #include "pipeline/MarkerFile.h"
 
-#include "pdf/MyPDFGenerator.h"
+#include "platform/BinaryStream.h"
+
+#include <algorithm>
 
 namespace linealis {
+
+namespace {
+
+constexpr std::size_t longestText = std::size_t{64} << 20U;
+constexpr std::size_t longestLine = std::size_t{64} << 10U;
+
+/// The bytes of the file, or more than longestText of them.
+std::string ReadText(BinaryStream& stream)
+{
+    std::string text, piece;
+    do {
+        piece = stream.Read(BinaryStream::longestField);
+        text += piece;
+    } while (!piece.empty() && text.size() <= longestText);
+    return text;
+}
+
+bool HasLongLine(std::string_view text)
+{
+    std::size_t start = 0;
+    while (text.size() - start > longestLine) {
+        const std::size_t end = text.find_first_of("\r\n", start);
+        if (std::min(end, text.size()) - start > longestLine) {
+            return true;
+        }
+        start = end + 1;
+    }
+    return false;
+}
+
+/// Why it cannot be a text of markers; empty if it can.
+std::string FaultOf(std::string_view text)
+{
+    if (text.size() > longestText) {
+        return "larger than 64 MiB";
+    }
+    if (text.find('\0') != std::string_view::npos) {
+        return "not a text file";
+    }
+    return HasLongLine(text) ? "a line is longer than 64 KiB" : "";
+}
+
+}  // namespace
 
 MarkerFile::MarkerFile(const FolderItem& item)
 {
     if (item.IsEmpty()) {
         return;
     }
-    stream = item.OpenAsBinaryFile();
-    ReadPiece();
-    if (piece.find('\0') != std::string::npos) {  // no text has zero bytes
-        piece.clear();
-        stream.Close();
+    BinaryStream stream = item.OpenAsBinaryFile();
+    text = ReadText(stream);
+    const std::string fault = stream.Error() ? stream.Error().message() : FaultOf(text);
+    if (!fault.empty()) {
+        whyNot = item.Path().string() + ": " + fault;
+        return;
     }
+    rest = text;
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-    if (piece.starts_with(byteOrderMark)) {
-        position = byteOrderMark.size();
+    if (rest.starts_with(byteOrderMark)) {
+        rest.remove_prefix(byteOrderMark.size());
     }
-}
-
-void MarkerFile::ReadPiece()
-{
-    constexpr std::size_t pieceSize = 65536;
-    piece = stream.Read(pieceSize);
-    position = 0;
-}
-
-bool MarkerFile::NextByte(char& byte)
-{
-    if (position == piece.size()) {
-        ReadPiece();
-    }
-    if (piece.empty()) {
-        return false;
-    }
-    byte = piece[position++];
-    return true;
 }
 
 bool MarkerFile::NextLine(std::string& line)
 {
-    line.clear();
-    char byte = 0;
-    if (!NextByte(byte)) {
+    if (rest.empty()) {
         return false;
     }
-    do {
-        if (byte == '\n') {
-            return true;
-        }
-        if (byte == '\r') {
-            if (NextByte(byte) && byte != '\n') {
-                --position;  // belongs to the next line
-            }
-            return true;
-        }
-        line += byte;
-        if (line.size() > static_cast<std::size_t>(MyPDFGenerator::largestStream)) {
-            throw PageGivenUp{
-                "a line of the marker file is longer than any page can hold"};  // a line that no page can hold,
-                                                                                // from a source that may have no
-                                                                                // end
-        }
-    } while (NextByte(byte));
+    line = CutLine();
     return true;
+}
+
+std::string_view MarkerFile::CutLine()
+{
+    const std::size_t length = std::min(rest.find_first_of("\r\n"), rest.size());
+    const std::string_view line = rest.substr(0, length);
+    rest.remove_prefix(length);
+    rest.remove_prefix(rest.starts_with("\r\n") ? 2 : std::min<std::size_t>(rest.size(), 1));
+    return line;
 }
 
 }  // namespace linealis

@@ -68,7 +68,11 @@ PageQuestions PaperWindow::Dialogs() const
 {
     return {.say = [this](const std::string& message) { platform.MsgBox(message); },
             .askForMarkers = [this]() -> std::function<bool(std::string&)> {
-                auto file = std::make_shared<MarkerFile>(platform.GetOpenFolderItem(textFileType));
+                const FolderItem chosen = platform.GetOpenFolderItem(textFileType);
+                auto file = std::make_shared<MarkerFile>(chosen);
+                if (chosen.Exists() && !file->Error().empty()) {
+                    platform.Note(file->Error() + ", so there are no markers");
+                }
                 return [file](std::string& line) { return file->NextLine(line); };
             }};
 }

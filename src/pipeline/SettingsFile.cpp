@@ -60,29 +60,12 @@ void WriteAlias(const FolderItem& file, BinaryStream& stream)
     stream.Write(reference);
 }
 
-/// Reads past `count` bytes, or to the end of the file if that is nearer.
-void Skip(BinaryStream& stream, std::size_t count)
-{
-    constexpr std::size_t pieceSize = 65536;
-    for (std::size_t wanted = 0; count > 0; count -= wanted) {
-        wanted = std::min(count, pieceSize);
-        if (stream.Read(wanted).size() < wanted) {
-            return;
-        }
-    }
-}
-
 /// The file that the reference leads to, if that is a page of this program; anything else could be a file that a
 /// foreign settings file wants Generate to overwrite.
 FolderItem ReadAlias(BinaryStream& stream)
 {
-    constexpr std::size_t longestReference = 65536;  // longer than any path
     const auto size = static_cast<std::size_t>(std::max(stream.ReadInt32(), 0));
-    if (size == 0 || size > longestReference) {
-        Skip(stream, size);
-        return {};
-    }
-    const std::string reference = stream.Read(size);
+    const std::string reference = stream.Read(size);  // nothing if it is longer than any path
     const std::filesystem::path path = reference;
     const bool whole = reference.size() == size;
     if (!whole || reference.find('\0') != std::string::npos || !path.is_absolute()) {

@@ -7,33 +7,45 @@
 #include <string>
 #include <string_view>
 #include <system_error>
-#include <utility>
 
 namespace linealis {
 
-/// A binary file, open for reading or for writing.
+namespace posix {
+class OutputFile;
+}
+
+/// What writing does where it finds a link.
+enum class Links { Follow, Refuse };
+
+/// A binary file, open for reading or for writing. No operation throws but for want of memory.
 ///
-/// Writing replaces a file whole: the bytes go to a new file beside it, which Close() renames over it. Until
-/// then the old file stands untouched, and it stays if writing fails or the stream is dropped unclosed. A link
-/// is followed, and the old file's permissions stay. A pipe or a device is written directly. A file that exists
-/// and may not be written counts as one that cannot be opened.
+/// Writing replaces a file whole: the bytes go to a new file, which Close() puts in the old one's place. Until then
+/// the old file stands untouched, and it stays if writing fails or the stream is dropped unclosed. Its permissions
+/// stay, and its owner, group and extended attributes where the system allows it. A writable file in a folder that
+/// may not be written is written over at Close(). A pipe, a device, or what the process itself has open under the
+/// name (/dev/stdout) is written directly. A file that exists and may not be written counts as one that cannot be
+/// opened.
 ///
-/// Reading never fails once the file is open: past its end everything reads as empty, 0 or false.
+/// Reading takes regular files only, and never fails once the file is open: past its end everything reads as empty,
+/// 0 or false.
 class BinaryStream {
 public:
     /// A stream that is not open.
-    BinaryStream() = default;
-    BinaryStream(BinaryStream&& other) noexcept { *this = std::move(other); }
+    BinaryStream();
+    BinaryStream(BinaryStream&& other) noexcept;
     BinaryStream& operator=(BinaryStream&& other) noexcept;
     BinaryStream(const BinaryStream&) = delete;
     BinaryStream& operator=(const BinaryStream&) = delete;
     ~BinaryStream();
 
     static BinaryStream Reading(const std::filesystem::path& path);
-    static BinaryStream Replacing(const std::filesystem::path& path);
+    static BinaryStream Replacing(const std::filesystem::path& path, Links links = Links::Follow);
+
+    /// A file that is not there yet, by a link neither, and that only this user may read.
+    static BinaryStream New(const std::filesystem::path& path);
     static BinaryStream OnStandardOutput();
 
-    bool IsOpen() const { return file != nullptr; }
+    bool IsOpen() const { return input || output; }
 
     /// Why the stream could not be opened, or the first failure in writing; empty when all is well.
     std::error_code Error() const { return error; }
@@ -51,8 +63,13 @@ public:
     void WriteBoolean(bool value);
 
     /// The next `count` bytes, or what is left of the file if that is less. The count may come from the file
-    /// itself: memory is taken only for bytes that are there.
+    /// itself: no field is longer than longestField, so more than that is passed over and reads as empty.
     std::string Read(std::size_t count);
+
+    static constexpr std::size_t longestField = 65536;
+
+    /// The last `count` bytes of the file, or all of it if that is less; at most longestField.
+    std::string ReadLast(std::size_t count);
 
     std::string ReadPString();
     std::int32_t ReadInt32();
@@ -68,14 +85,8 @@ private:
         void operator()(std::FILE* handle) const { std::fclose(handle); }
     };
 
-    static BinaryStream Failed(std::error_code reason);
-    static BinaryStream Adopt(int descriptor);
-    void NoteFailure();
-    void Discard();
-
-    std::unique_ptr<std::FILE, CloseFile> file;
-    std::filesystem::path temporary;  ///< what is being written, until it is renamed; empty otherwise
-    std::filesystem::path target;     ///< what `temporary` will replace
+    std::unique_ptr<std::FILE, CloseFile> input;
+    std::unique_ptr<posix::OutputFile> output;
     std::error_code error;
 };
 

@@ -9,6 +9,9 @@ FolderItem::FolderItem(const std::filesystem::path& anyPath)
     if (!anyPath.empty()) {
         std::error_code error;
         path = std::filesystem::absolute(anyPath, error);
+        if (error) {  // the working directory is gone
+            path = anyPath;
+        }
     }
 }
 
@@ -19,21 +22,36 @@ FolderItem FolderItem::StandardOutput()
     return item;
 }
 
+FolderItem FolderItem::WithoutLinks() const
+{
+    FolderItem item = *this;
+    item.linksRefused = true;
+    return item;
+}
+
 std::string FolderItem::Name() const
 {
     return standardOutput ? "standard output" : path.filename().string();
 }
 
+/// The system takes a path to end at a zero byte, and would see another file.
+bool FolderItem::IsPossible() const
+{
+    return !path.empty() && path.native().find('\0') == std::string::npos;
+}
+
 bool FolderItem::Exists() const
 {
     std::error_code error;
-    return !path.empty() && std::filesystem::exists(path, error);
+    return IsPossible() && std::filesystem::exists(path, error);
 }
 
 void FolderItem::Delete() const
 {
     std::error_code error;
-    std::filesystem::remove(path, error);
+    if (IsPossible()) {
+        std::filesystem::remove(path, error);
+    }
 }
 
 FolderItem FolderItem::Child(const std::string& name) const
@@ -43,7 +61,13 @@ FolderItem FolderItem::Child(const std::string& name) const
 
 BinaryStream FolderItem::CreateBinaryFile() const
 {
-    return standardOutput ? BinaryStream::OnStandardOutput() : BinaryStream::Replacing(path);
+    return standardOutput ? BinaryStream::OnStandardOutput()
+                          : BinaryStream::Replacing(path, linksRefused ? Links::Refuse : Links::Follow);
+}
+
+BinaryStream FolderItem::CreateNewBinaryFile() const
+{
+    return BinaryStream::New(path);
 }
 
 BinaryStream FolderItem::OpenAsBinaryFile() const

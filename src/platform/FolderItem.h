@@ -23,11 +23,19 @@ class FolderItem {
 public:
     FolderItem() = default;
 
-    /// The path is made absolute at once, so that a later change of the working directory does not move it.
+    /// The path is made absolute at once, so that a later change of the working directory does not move it. A path
+    /// that no file can have, such as one too long, refers to a file that does not exist and cannot be created.
     explicit FolderItem(const std::filesystem::path& anyPath);
 
     /// The process's standard output: can be created (written) once, never read, and has no path.
     static FolderItem StandardOutput();
+
+    /// The same file, which is created only if no link has its name.
+    FolderItem WithoutLinks() const;
+
+    /// Makes a folder in this one that only this user may look into. Its name begins with the prefix. Nothing if
+    /// that fails.
+    FolderItem MakePrivateFolder(const std::string& prefix) const;
 
     bool IsEmpty() const { return path.empty() && !standardOutput; }
     bool IsStandardOutput() const { return standardOutput; }
@@ -40,6 +48,9 @@ public:
 
     bool Exists() const;
 
+    /// Whether it is a regular file of this user, and no link to one.
+    bool IsOwnRegularFile() const;
+
     /// Failure is silent: Exists() tells.
     void Delete() const;
 
@@ -50,14 +61,20 @@ public:
     /// On failure the stream is not open and its Error() tells why.
     BinaryStream CreateBinaryFile() const;
 
-    /// Opens for reading. On failure the stream is not open and its Error() tells why.
+    /// Opens for writing a file that must not exist (see BinaryStream). Failure as above.
+    BinaryStream CreateNewBinaryFile() const;
+
+    /// Opens a regular file for reading. On failure the stream is not open and its Error() tells why.
     BinaryStream OpenAsBinaryFile() const;
 
     friend bool operator==(const FolderItem&, const FolderItem&) = default;
 
 private:
+    bool IsPossible() const;
+
     std::filesystem::path path;
     bool standardOutput = false;
+    bool linksRefused = false;
 };
 
 }  // namespace linealis

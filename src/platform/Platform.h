@@ -51,6 +51,9 @@ public:
     /// itself gives it.
     virtual void ShowFileError(const FolderItem& file, const std::string& text, const std::string& reason) = 0;
 
+    /// Says something that needs no answer, where no message box has its place: in passing, or not at all.
+    virtual void Note(const std::string& /*text*/) {}
+
     /// Asks where to save; nothing if the user cancels.
     virtual FolderItem GetSaveFolderItem(const FileType& type, const std::string& suggestedName) = 0;
 

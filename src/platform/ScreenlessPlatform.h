@@ -43,6 +43,7 @@ public:
     // What happened, in order.
     std::vector<std::string> messages;
     std::vector<FileError> fileErrors;
+    std::vector<std::string> notes;
     std::vector<Question> saveQuestions;
     std::vector<FolderItem> launched;
     std::vector<MessageDialog> dialogs;
@@ -50,6 +51,7 @@ public:
     std::vector<Fetch> fetches;  ///< the caller answers, or does not
 
     void MsgBox(const std::string& text) override { messages.push_back(text); }
+    void Note(const std::string& text) override { notes.push_back(text); }
     MessageDialog::Button ShowModal(const MessageDialog& dialog) override;
     void ShowFileError(const FolderItem& file, const std::string& text, const std::string& reason) override;
     FolderItem GetSaveFolderItem(const FileType& type, const std::string& suggestedName) override;

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+
+namespace linealis::posix {
+
+/// Opens a regular file. Anything else that could be read, a device or a pipe, is refused before it is. Nothing on
+/// failure, and `error` tells why.
+std::FILE* OpenForReading(const std::filesystem::path& path, std::error_code& error);
+
+}  // namespace linealis::posix

@@ -1,0 +1,61 @@
+#include "platform/Process.h"
+
+#include "platform/posix/HiddenName.h"
+
+#include <spawn.h>
+#include <unistd.h>
+
+#include <array>
+#include <csignal>
+
+namespace linealis {
+
+namespace {
+
+/// Runs with the signal's own handling already back in force, which the raised signal gets when this returns.
+extern "C" void RemoveNamesAndEnd(int signal)
+{
+    posix::HiddenName::RemoveAll();
+    ::raise(signal);
+}
+
+/// A signal that whoever started the program has told it to ignore stays ignored.
+void EndCleanlyOn(int signal)
+{
+    struct sigaction before {};
+    if (::sigaction(signal, nullptr, &before) != 0 || before.sa_handler != SIG_DFL) {
+        return;
+    }
+    struct sigaction action {};
+    action.sa_handler = RemoveNamesAndEnd;
+    action.sa_flags = static_cast<int>(SA_RESETHAND);
+    ::sigaction(signal, &action, nullptr);
+}
+
+}  // namespace
+
+void EndCleanlyOnSignals()
+{
+    for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGPIPE, SIGXCPU}) {
+        EndCleanlyOn(signal);
+    }
+    ::signal(SIGXFSZ, SIG_IGN);
+}
+
+std::error_code StartProgram(std::string program, std::string argument)
+{
+    std::array<char*, 3> arguments = {program.data(), argument.data(), nullptr};
+    posix_spawnattr_t attributes;
+    ::posix_spawnattr_init(&attributes);
+    sigset_t asEver;  // the other program shall not inherit what this one ignores
+    ::sigemptyset(&asEver);
+    ::sigaddset(&asEver, SIGXFSZ);
+    ::posix_spawnattr_setsigdefault(&attributes, &asEver);
+    ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
+    pid_t process = 0;
+    const int error = ::posix_spawnp(&process, program.c_str(), nullptr, &attributes, arguments.data(), environ);
+    ::posix_spawnattr_destroy(&attributes);
+    return {error, std::generic_category()};
+}
+
+}  // namespace linealis
