@@ -99,6 +99,14 @@ Color ColorFrom(const Control& control, const std::string& given)
             static_cast<std::uint8_t>(*number)};
 }
 
+/// The user chooses an item. The one that already shows is none: its handler would, say, convert lengths once more.
+void Choose(PaperForm& form, const Control& control, std::int64_t item)
+{
+    if (item != form.ListIndex(control.name)) {
+        form.SetListIndex(control.name, item);
+    }
+}
+
 void Set(std::string_view owner, PaperForm& form, const Assignment& assignment)
 {
     const Control control = FindControl(owner, form, assignment.control, [](ControlKind type) {
@@ -110,7 +118,7 @@ void Set(std::string_view owner, PaperForm& form, const Assignment& assignment)
         break;
     case ControlKind::Popup:
     case ControlKind::Radio:
-        form.SetListIndex(control.name, ItemIndex(control, assignment.value));
+        Choose(form, control, ItemIndex(control, assignment.value));
         break;
     case ControlKind::Check:
         form.Click(control.name, OnOrOff(control, assignment.value));
