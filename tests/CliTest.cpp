@@ -1,4 +1,5 @@
 #include "TestSupport.h"
+#include "app/Version.h"
 
 #include <nlohmann/json.hpp>
 
@@ -74,7 +75,7 @@ TEST_F(Cli, HelpAndVersion)
         EXPECT_GT(help.output.size(), 50U);
         EXPECT_EQ(help.errors, "");
     }
-    EXPECT_EQ(Call({"--version"}).output, "linealis-cli " LINEALIS_VERSION "\n");
+    EXPECT_EQ(Call({"--version"}).output, std::string("linealis-cli ") + versionText + "\n");
 }
 
 TEST_F(Cli, ShowsTheForm)

@@ -1,3 +1,4 @@
+#include "app/Version.h"
 #include "desktop/Desktop.h"
 #include "desktop/SingleInstance.h"
 
@@ -38,7 +39,7 @@ int main(int argc, char** argv)
     const std::future<void> fonts = std::async(std::launch::async, ReadFonts);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Linealis"));
-    QApplication::setApplicationVersion(QStringLiteral(LINEALIS_VERSION));
+    QApplication::setApplicationVersion(QString::fromUtf8(linealis::versionText));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/gallery/Graph.png")));
 
     const QStringList documents = Documents();
