@@ -4,14 +4,18 @@ JOBS := $(shell nproc)
 NINJA_FLAGS ?=
 BENCH_FLAGS ?=
 
-.PHONY: run test bench pictures format clean setup release
+.PHONY: run test bench pictures format clean setup programs release
 
 # Opens the program; without a screen, writes a sample page of every paper kind instead.
-run: release
+run: programs
 	@scripts/run build/release/bin
 
 test: release
 	@ctest --preset release -j $(JOBS)
+
+programs: setup
+	@cmake --preset release > /dev/null
+	@cmake --build --preset programs -- $(NINJA_FLAGS)
 
 release: setup
 	@cmake --preset release > /dev/null

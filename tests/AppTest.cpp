@@ -1,6 +1,7 @@
 #include "app/App.h"
 
 #include "PageSupport.h"
+#include "app/Version.h"
 
 #include <array>
 #include <limits>
@@ -39,7 +40,7 @@ private:
     const ScreenlessPlatform& platform;
 };
 
-const std::string server = LINEALIS_SERVER;
+const std::string server = makersServer;
 const std::string helpFailed = "Could not display help";
 
 class AppTest : public testing::Test {
@@ -113,7 +114,7 @@ TEST_F(Start, ChecksForANewVersionIfThatIsAllowed)
 {
     app.Event_Open();
     ASSERT_EQ(platform.fetches.size(), 1U) << "there are no preferences yet";
-    std::string version = LINEALIS_VERSION;
+    std::string version = versionText;
     std::erase(version, '.');
     const std::string request = server + "/version/versionb.html?p=1230";
     EXPECT_EQ(platform.fetches[0].url, request + version.substr(0, 3) + "M000000000");
@@ -400,7 +401,7 @@ TEST_F(Commands, AboutTellsTheVersion)
     const MessageDialog& dialog = platform.dialogs[0];
     const Names lines = Lines(dialog.message, '\n');
     ASSERT_EQ(lines.size(), 2U) << dialog.message;
-    EXPECT_EQ(lines[0], std::string("Linealis   Version: ") + LINEALIS_VERSION);
+    EXPECT_EQ(lines[0], std::string("Linealis   Version: ") + versionText);
     EXPECT_FALSE(lines[1].empty());
     EXPECT_EQ(dialog.actionButton, "OK");
     EXPECT_TRUE(dialog.cancelButton.empty() && dialog.alternateActionButton.empty());
@@ -410,8 +411,7 @@ TEST_F(Commands, WebPagesOpenInTheBrowser)
 {
     Choose("AppleVisitWebsite");
     Choose("AppleCheckForLatestVersion");
-    EXPECT_EQ(platform.shownUrls,
-              (Names{server, server + "/version.html?prog=linealis&version=" + LINEALIS_VERSION}));
+    EXPECT_EQ(platform.shownUrls, (Names{server, server + "/version.html?prog=linealis&version=" + versionText}));
     EXPECT_TRUE(platform.fetches.empty());
 }
 

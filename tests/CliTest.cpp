@@ -1,4 +1,5 @@
 #include "TestSupport.h"
+#include "app/Version.h"
 
 #include <nlohmann/json.hpp>
 
@@ -74,7 +75,7 @@ TEST_F(Cli, HelpAndVersion)
         EXPECT_GT(help.output.size(), 50U);
         EXPECT_EQ(help.errors, "");
     }
-    EXPECT_EQ(Call({"--version"}).output, "linealis-cli " LINEALIS_VERSION "\n");
+    EXPECT_EQ(Call({"--version"}).output, std::string("linealis-cli ") + versionText + "\n");
 }
 
 TEST_F(Cli, ShowsTheForm)
@@ -118,6 +119,11 @@ TEST_F(Cli, ActionsAreAppliedInOrder)
     EXPECT_EQ(value(form, "EditCustomWidth"), "43.18");
     EXPECT_EQ(value(form, "LinesColorCanvas"), "#0A0BFE");
     EXPECT_EQ(form["controls"]["EditHorzWeight"]["enabled"], false) << "the box's handler has run";
+
+    const Json chosenAgain = Form({"--set", "PopupUnits=inches", "--set", "EditCustomWidth=3", "--set",
+                                   "PopupPaperSize=Letter", "--set", "PopupPaperSize=#0"});
+    EXPECT_EQ(value(chosenAgain, "EditTopMargin"), value(Form({}), "EditTopMargin")) << "nothing is converted";
+    EXPECT_EQ(value(chosenAgain, "EditCustomWidth"), "3");
 
     Succeeds({"save", "grid", "--set", "EditXScale=33", "--set", "EditYScale=44", "-o", In("a.setx")});
     const Json loaded = Form({"--set", "EditXScale=1", "--load", In("a.setx"), "--set", "EditYScale=2"});

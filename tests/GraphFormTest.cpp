@@ -81,7 +81,7 @@ TEST_F(GraphForm, AxisTypesEnableTheirFields)
                                       "StaticText15", "EditYAxisMinimum", "EditYAxisStep", "EditYAxisSpacing"}));
     Set({"CheckBoxShowAxes=on"});
     EXPECT_EQ(Disabled(), with(exponents, {"EditXLineSpacing", "EditXMajor"})) << "whatever the axis types";
-    Set({"PopupYAxis=Linear"});
+    form.SetListIndex("PopupYAxis", 0);
     EXPECT_EQ(Disabled(), logX) << "until an axis popup changes, be it to what it shows already";
 }
 

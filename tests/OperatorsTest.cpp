@@ -2,6 +2,8 @@
 #include "pdf/MacRoman.h"
 #include "pdf/MyPDFGenerator.h"
 
+#include <cmath>
+
 namespace linealis::test {
 namespace {
 
@@ -189,6 +191,20 @@ TEST_F(Clipping, LinesThroughAnEdgeAreCutAtIt)
     EXPECT_EQ(Clipped(-40, -30, 160, 120), (Names{"26.66667 20 m", "93.33333 70 l", "S"}))
         << "through both corners' regions";
     EXPECT_EQ(Clipped(0, 50, 20, 90), (Names{"10 70 m", "10 70 l", "S"})) << "through the corner itself";
+}
+
+TEST_F(Clipping, EndsThatRoundingThrowsAboutAreInTheCorner)
+{
+    pdf.ClipLine(0.8, 0.8, 0, 0, 0.2, 0.2, 0.6, 0.9);
+    EXPECT_EQ(Drawn(), (Names{"0.8 0.8 m", "0.2 0.2 l", "S"}));
+    pdf.ClipLine(0, 0, 2, 2, 0.2, 0.2, 0.6, 0.9);
+    EXPECT_EQ(Drawn(), (Names{"0.2 0.2 m", "0.8 0.8 l", "S"})) << "the other end is cut as ever";
+    pdf.ClipLine(1628.0587662198989, 1406.9511656287448, -668.26832070767648, -581.72642704885243,
+                 53.858268299999999, 43.65354378, 1096.72440807, 724.25196777000008);
+    EXPECT_EQ(Drawn(), (Names{"890.1524 767.9055 m", "53.85827 43.65354 l", "S"})) << "across a page";
+    for (const double end : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
+        EXPECT_LE(Clipped(end, end, 60, 50).size(), 3) << "ends, whatever it draws";
+    }
 }
 
 TEST_F(Clipping, EachCallHasItsOwnRectangle)

@@ -1,17 +1,14 @@
 #include "app/App.h"
 
+#include "app/Version.h"
 #include "platform/BinaryStream.h"
 
 namespace linealis {
 
 namespace {
 
-constexpr ProgramVersion programVersion{LINEALIS_VERSION_MAJOR, LINEALIS_VERSION_MINOR, LINEALIS_VERSION_PATCH};
 constexpr const char* const makersNotice = "Tallowmere Works";
 constexpr const char* const helpFailed = "Could not display help";
-
-/// The maker's web server.
-const std::string server = LINEALIS_SERVER;
 
 std::vector<GalleryWindow::Entry> GalleryEntries()
 {
@@ -73,7 +70,7 @@ void App::Event_Close()
 void App::CheckForTheLatestVersion()
 {
     versionCheck = std::make_unique<VersionCheckThread>(
-        platform, programVersion, server, preferences.lastUpdateCheckVersion,
+        platform, programVersion, makersServer, preferences.lastUpdateCheckVersion,
         [this](std::int64_t version) { preferences.lastUpdateCheckVersion = version; });
     versionCheck->Event_Run();
 }
@@ -141,10 +138,10 @@ void App::Perform(const MenuItem& item, PaperWindow* front)
         ShowAbout();
         break;
     case Command::VisitWebsite:
-        platform.ShowURL(server);
+        platform.ShowURL(makersServer);
         break;
     case Command::CheckForLatestVersion:
-        platform.ShowURL(server + "/version.html?prog=linealis&version=" + LINEALIS_VERSION);
+        platform.ShowURL(std::string(makersServer) + "/version.html?prog=linealis&version=" + versionText);
         break;
     case Command::Preferences: {
         PrefsWindow window(preferences.noUpdateCheck);

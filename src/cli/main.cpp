@@ -1,3 +1,4 @@
+#include "app/Version.h"
 #include "cli/Commands.h"
 #include "cli/Errors.h"
 #include "platform/Process.h"
@@ -104,7 +105,7 @@ void CheckCommand(const CLI::App& app, int argc, char** argv)
 void Run(int argc, char** argv)
 {
     CLI::App app("Makes printable paper as PDF files.", "linealis-cli");
-    app.set_version_flag("--version", "linealis-cli " LINEALIS_VERSION);
+    app.set_version_flag("--version", "linealis-cli " + std::string(linealis::versionText));
     app.require_subcommand(1);
     app.footer(exitHelp);
 

@@ -1,3 +1,4 @@
+#include "app/Version.h"
 #include "desktop/Application.h"
 #include "desktop/Desktop.h"
 #include "desktop/SingleInstance.h"
@@ -44,7 +45,7 @@ bool PrintsHelpOrVersion(int argc, char** argv)
     if (line.parser.isSet(line.help)) {
         std::fputs(line.parser.helpText().toUtf8().constData(), stdout);
     } else if (line.parser.isSet(line.version)) {
-        std::printf("linealis %s\n", LINEALIS_VERSION);
+        std::printf("linealis %s\n", versionText);
     } else {
         return false;
     }
@@ -118,7 +119,7 @@ int main(int argc, char** argv)
     const QString runtimeFolder = RuntimeFolder();
     desktop::Application application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Linealis"));
-    QApplication::setApplicationVersion(QStringLiteral(LINEALIS_VERSION));
+    QApplication::setApplicationVersion(QString::fromUtf8(versionText));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/gallery/Graph.png")));
 
     CommandLine line;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "pdf/CapacityString.h"
+#include "pdf/Geometry.h"
 #include "platform/BinaryStream.h"
 #include "platform/FolderItem.h"
 #include "platform/Platform.h"
@@ -125,7 +126,8 @@ public:
     /// Where a point lies by the rectangle of the latest ClipLine: the sum of 1 above, 2 below, 4 right, 8 left.
     /// A point on an edge counts as inside.
     int FindRegion(double x, double y) const;
-    /// Strokes what the rectangle leaves of the line, as a path of its own; nothing if it leaves nothing.
+    /// Strokes what the rectangle leaves of the line, as a path of its own; nothing if it leaves nothing. An
+    /// end on which rounding cannot decide at a corner is put into the corner.
     void ClipLine(double x1, double y1, double x2, double y2, double left, double bottom, double width,
                   double height);
 
@@ -149,6 +151,12 @@ private:
     void DrawCircularText(std::string_view text, double centerX, double centerY, double radius, double angle,
                           std::int64_t size, std::int64_t font);
     void AddCirclePath(double x, double y, double r);
+
+    using Line = std::array<Point, 2>;
+    /// The point of the line on one edge of the clip rectangle that the region lies outside of.
+    Point CutLine(const Line& line, int region) const;
+    /// Moves one end of the line into the clip rectangle. False if both ends lie outside on the same side.
+    bool BringInside(Line& line, std::size_t end) const;
 
     std::string CompressedStream();
     void NewObject();

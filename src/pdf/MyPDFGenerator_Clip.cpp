@@ -1,10 +1,21 @@
 #include "pdf/MyPDFGenerator.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace linealis {
 
 namespace {
 
 enum Region : int { inside = 0, above = 1, below = 2, right = 4, left = 8 };
+
+/// More cuts than any end needs. Two bring it onto an edge, and rounding may ask for a few more at a corner.
+constexpr int mostCuts = 32;
+
+bool IsFinite(const Point& point)
+{
+    return std::isfinite(point.x) && std::isfinite(point.y);
+}
 
 }  // namespace
 
@@ -24,7 +35,44 @@ int MyPDFGenerator::FindRegion(double x, double y) const
     return region;
 }
 
-// The line clipping of Cohen and Sutherland. Multiplication comes before division: pages depend on the last bit.
+// Multiplication comes before division, and always from the first end: pages depend on the last bit.
+Point MyPDFGenerator::CutLine(const Line& line, int region) const
+{
+    const auto [x1, y1] = line[0];
+    const auto [x2, y2] = line[1];
+    if ((region & above) != 0) {
+        return {x1 + (x2 - x1) * (clipMaxY - y1) / (y2 - y1), clipMaxY};
+    }
+    if ((region & below) != 0) {
+        return {x1 + (x2 - x1) * (clipMinY - y1) / (y2 - y1), clipMinY};
+    }
+    if ((region & Region::right) != 0) {
+        return {clipMaxX, y1 + (y2 - y1) * (clipMaxX - x1) / (x2 - x1)};
+    }
+    return {clipMinX, y1 + (y2 - y1) * (clipMinX - x1) / (x2 - x1)};
+}
+
+bool MyPDFGenerator::BringInside(Line& line, std::size_t end) const
+{
+    const int otherRegion = FindRegion(line[1 - end].x, line[1 - end].y);
+    for (int cuts = 0; cuts < mostCuts; ++cuts) {
+        const int region = FindRegion(line[end].x, line[end].y);
+        if (region == inside) {
+            return true;
+        }
+        if ((region & otherRegion) != 0) {
+            return false;
+        }
+        line[end] = CutLine(line, region);
+    }
+    // At a corner rounding throws the end from the outside of one edge to that of the other, for ever. The line may
+    // well cross the whole rectangle, so it is not given up: it ends in the corner.
+    line[end] = {std::min(std::max(line[end].x, clipMinX), clipMaxX),
+                 std::min(std::max(line[end].y, clipMinY), clipMaxY)};
+    return IsFinite(line[end]);
+}
+
+// The line clipping of Cohen and Sutherland.
 void MyPDFGenerator::ClipLine(double x1, double y1, double x2, double y2, double left, double bottom, double width,
                               double height)
 {
@@ -32,39 +80,10 @@ void MyPDFGenerator::ClipLine(double x1, double y1, double x2, double y2, double
     clipMinY = bottom;
     clipMaxX = left + width;
     clipMaxY = bottom + height;
-    int c1 = FindRegion(x1, y1);
-    int c2 = FindRegion(x2, y2);
-    while ((c1 | c2) != inside) {
-        if ((c1 & c2) != 0) {
-            return;
-        }
-        const int c = c1 != inside ? c1 : c2;
-        double x = 0.0;
-        double y = 0.0;
-        if ((c & above) != 0) {
-            y = clipMaxY;
-            x = x1 + (x2 - x1) * (clipMaxY - y1) / (y2 - y1);
-        } else if ((c & below) != 0) {
-            y = clipMinY;
-            x = x1 + (x2 - x1) * (clipMinY - y1) / (y2 - y1);
-        } else if ((c & Region::right) != 0) {
-            x = clipMaxX;
-            y = y1 + (y2 - y1) * (clipMaxX - x1) / (x2 - x1);
-        } else {
-            x = clipMinX;
-            y = y1 + (y2 - y1) * (clipMinX - x1) / (x2 - x1);
-        }
-        if (c == c1) {
-            x1 = x;
-            y1 = y;
-            c1 = FindRegion(x1, y1);
-        } else {
-            x2 = x;
-            y2 = y;
-            c2 = FindRegion(x2, y2);
-        }
+    Line line = {{{x1, y1}, {x2, y2}}};
+    if (BringInside(line, 0) && BringInside(line, 1)) {
+        StrokeLine(line[0].x, line[0].y, line[1].x, line[1].y);
     }
-    StrokeLine(x1, y1, x2, y2);
 }
 
 }  // namespace linealis

@@ -4,8 +4,10 @@
 #include <bit>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <limits>
+#include <optional>
 
 namespace linealis {
 
@@ -19,10 +21,7 @@ constexpr std::array<double, maximumDecimals + 1> powersOfTen = {1.0, 1e1, 1e2, 
 /// Below this, every whole double converts to an integer and back without loss.
 constexpr double largestExactWhole = 1e15;
 
-bool IsBlank(char c)
-{
-    return c == ' ' || c == '\t';
-}
+constexpr std::string_view blanks = " \t";
 
 bool IsDigit(char c)
 {
@@ -156,6 +155,29 @@ Pattern ReadPattern(std::string_view pattern)
     return {static_cast<std::size_t>(std::max<std::ptrdiff_t>(zeros, 1)), static_cast<int>(decimals)};
 }
 
+/// The decimal exponent of the text behind its "e", limited far outside what a double can hold.
+std::int64_t ReadExponent(std::string_view text)
+{
+    constexpr std::int64_t limit = 1'000'000'000'000;
+    std::int64_t exponent = 0;
+    for (const char c : text) {
+        if (IsDigit(c)) {
+            exponent = std::min(exponent * 10 + (c - '0'), limit);
+        }
+    }
+    return text.starts_with('-') ? -exponent : exponent;
+}
+
+/// What the digits mean times a power of ten, correctly rounded; nothing if a double cannot hold it.
+/// std::from_chars would do, but not every standard library has it for doubles. In a text without a decimal mark
+/// std::strtod has no use for the machine's locale.
+std::optional<double> FromDecimal(const std::string& digits, std::int64_t exponent)
+{
+    const double value = std::strtod((digits + 'e' + std::to_string(exponent)).c_str(), nullptr);
+    const bool isZero = digits.find_first_not_of('0') == std::string::npos;
+    return std::isfinite(value) && (value != 0.0 || isZero) ? std::optional(value) : std::nullopt;
+}
+
 /// What Val reads: where the number ends, and what it is. No end if there is no number.
 struct ReadNumber {
     std::size_t end = 0;
@@ -170,44 +192,35 @@ ReadNumber Read(std::string_view text)
         }
         return i;
     };
-    std::size_t start = 0;
-    while (start < text.size() && IsBlank(text[start])) {
-        ++start;
-    }
-    const bool negative = start < text.size() && text[start] == '-';
-    if (start < text.size() && (text[start] == '-' || text[start] == '+')) {
-        ++start;
-    }
+    const auto isOneOf = [&](std::size_t i, std::string_view characters) {
+        return i < text.size() && characters.find(text[i]) != std::string_view::npos;
+    };
+    const std::size_t sign = std::min(text.find_first_not_of(blanks), text.size());
+    const std::size_t start = sign + (isOneOf(sign, "+-") ? 1 : 0);
     std::size_t end = skipDigits(start);
-    std::size_t digits = end - start;
-    const std::size_t mark = end;
-    if (end < text.size() && (text[end] == '.' || text[end] == ',')) {
-        end = skipDigits(mark + 1);
-        digits += end - mark - 1;
+    std::string digits(text.substr(start, end - start));
+    std::int64_t exponent = 0;
+    if (isOneOf(end, ".,")) {
+        const std::size_t decimals = end + 1;
+        end = skipDigits(decimals);
+        digits += text.substr(decimals, end - decimals);
+        exponent -= static_cast<std::int64_t>(end - decimals);
     }
-    if (digits == 0) {
+    if (digits.empty()) {
         return {};
     }
-    if (end < text.size() && (text[end] == 'e' || text[end] == 'E')) {
-        std::size_t exponent = end + 1;
-        if (exponent < text.size() && (text[exponent] == '-' || text[exponent] == '+')) {
-            ++exponent;
-        }
-        const std::size_t exponentEnd = skipDigits(exponent);
-        if (exponentEnd > exponent) {
+    if (isOneOf(end, "eE")) {
+        const std::size_t exponentDigits = end + (isOneOf(end + 1, "+-") ? 2 : 1);
+        if (const std::size_t exponentEnd = skipDigits(exponentDigits); exponentEnd > exponentDigits) {
+            exponent += ReadExponent(text.substr(end + 1, exponentEnd - end - 1));
             end = exponentEnd;
         }
     }
-    std::string number(text.substr(start, end - start));
-    if (mark < end && text[mark] == ',') {
-        number[mark - start] = '.';
-    }
-    double value = 0.0;
-    const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
-    if (result.ec != std::errc()) {
+    const std::optional<double> value = FromDecimal(digits, exponent);
+    if (!value) {
         return {};
     }
-    return {end, negative ? -value : value};
+    return {end, text[sign] == '-' ? -*value : *value};
 }
 
 }  // namespace
@@ -220,7 +233,7 @@ double Val(std::string_view text)
 bool IsNumber(std::string_view text)
 {
     const std::size_t end = Read(text).end;
-    return end > 0 && std::all_of(text.begin() + static_cast<std::ptrdiff_t>(end), text.end(), IsBlank);
+    return end > 0 && text.find_first_not_of(blanks, end) == std::string_view::npos;
 }
 
 char* WritePlainNumber(char* out, double value)

@@ -1,4 +1,5 @@
 #include "DesktopTestSupport.h"
+#include "app/Version.h"
 
 #include <QFileOpenEvent>
 
@@ -271,12 +272,12 @@ TEST_F(DesktopProgram, PreferencesAreAskedForAndKept)
 TEST_F(DesktopProgram, AboutHelpAndWeb)
 {
     QWidget& window = OpenPaper("hexagon");
-    person.ReadsMessage("Linealis   Version: " LINEALIS_VERSION "\nTallowmere Works");
+    person.ReadsMessage(std::string("Linealis   Version: ") + versionText + "\nTallowmere Works");
     ChooseItem(window, "AppleAboutLinealis");
     ChooseItem(window, "AppleVisitWebsite");
     ChooseItem(window, "AppleCheckForLatestVersion");
-    EXPECT_EQ(viewer.shown,
-              Names({LINEALIS_SERVER, LINEALIS_SERVER "/version.html?prog=linealis&version=" LINEALIS_VERSION}));
+    EXPECT_EQ(viewer.shown, Names({makersServer, std::string(makersServer) +
+                                                     "/version.html?prog=linealis&version=" + versionText}));
     viewer.shown.clear();
 
     const fs::path manual = fs::temp_directory_path() / "docsLNS.pdf";

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "services/VersionCheckThread.h"
+
+namespace linealis {
+
+// What the build says of the program. Only Version.cpp is compiled with it.
+
+extern const ProgramVersion programVersion;
+
+/// The same as text, such as "1.2.3".
+extern const char* const versionText;
+
+/// Address of the maker's web server, without a path.
+extern const char* const makersServer;
+
+}  // namespace linealis
