@@ -64,10 +64,10 @@ TEST_F(GraphMarkers, TakeColourAndFontInForce)
 {
     Set({"LineColorCanvas=#0000FF", "MajorLineColorCanvas=#FF0000", "PopupFont1=Courier Bold"});
     ShownText marker = Markers("0 0 abcd").at(0);
-    EXPECT_TRUE(marker.font == "/F2" && marker.size == 10 && marker.color == "0.00 0.00 0.00");
+    EXPECT_TRUE(marker.font == 2 && marker.size == 10 && marker.color == PageColor{});
     Set({"PopupXAxis=Log 1 Decade", "EditXAxisTextSize=30"});
     marker = Markers("1 0 abcd").back();
-    EXPECT_TRUE(marker.font == "/F2" && marker.size == 30) << "that of the numbers of the axis";
+    EXPECT_TRUE(marker.font == 2 && marker.size == 30) << "that of the numbers of the axis";
     EXPECT_NEAR(marker.at.x, 54 - 12, 1e-3) << "centred as at size 10 all the same";
 }
 

@@ -54,7 +54,7 @@ TEST_F(GraphPage, OrderOfDrawing)
     // V, H: strokes in that direction; t: texts
     const auto order = [&](const Names& assignments) {
         std::string letters, x;
-        for (const std::string& line : Draw(assignments).operators) {
+        for (const std::string& line : Lines(Draw(assignments).content)) {
             char letter = 0;
             if (line.ends_with(" m")) {
                 x = line.substr(0, line.find(' '));

@@ -14,10 +14,10 @@ TEST(RuledPapers, CountsPerUnitAreCorrectedInTheFormAndNotConverted)
                                                  {"cornell", {"EditHorzSpacing"}}};
     for (const auto& [kind, names] : fields) {
         Paper paper(kind);
-        const Names usual = paper.Generate();
+        const std::string usual = paper.Content();
         for (const std::string& name : names) {
             for (const char* const nothing : {"0", "-3", "", "five"}) {
-                EXPECT_EQ(paper.Draw({name + "=" + nothing}).operators, usual) << kind;
+                EXPECT_EQ(paper.Draw({name + "=" + nothing}).content, usual) << kind;
                 EXPECT_EQ(paper.form.Text(name), "5");
             }
         }
