@@ -551,7 +551,7 @@ std::string Describe(std::string_view content)
         at += run.Covers();
         const std::string& first = run.lines[0];
         const bool makesOne = run.count == 1;
-        if (makesOne && pen == PenOf(first) && !pen.empty() && first.find(": ") == std::string::npos &&
+        if (makesOne && pen == PenOf(first) && !pen.empty() &&
             text.size() - lineStart + first.size() < widest) {  // with those before it in one line
             text.replace(text.size() - pen.size() - 1, pen.size() + 1, "; " + first + '\n');
             continue;
