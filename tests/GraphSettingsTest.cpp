@@ -21,10 +21,10 @@ constexpr std::string_view fileOrder =
     "EditXHydraulicExponent=1.85|EditYHydraulicExponent=1.85|EditXAxisMaximum=35|EditYAxisMaximum=45|"
     "=0>255|=0>155|=0>5|CheckAutoPosXAxisText=0>1|CheckAutoPosYAxisText=0>0";
 
-/// A field as it is stored when the form opens, with another value, and when a file without it has been loaded.
+/// A field as it is stored when the form opens, with another value.
 struct Field {
     std::string control, value;
-    std::string opening, telling, missing;
+    std::string opening, telling;
 };
 
 std::string P(std::string_view text)
@@ -36,19 +36,19 @@ Field MakeField(const std::string& row, const std::string& outputFile)
 {
     const std::string noFile(4, '\0');
     if (row == "@") {
-        return {"", "", noFile, std::string{0, 0, 0, static_cast<char>(outputFile.size())} + outputFile, noFile};
+        return {"", "", noFile, std::string{0, 0, 0, static_cast<char>(outputFile.size())} + outputFile};
     }
     const std::size_t equals = row.find('='), other = row.find('>');
     const std::string control = row.substr(0, equals), opening = row.substr(equals + 1, other - equals - 1);
     if (control.starts_with("CheckAutoPos")) {
         return {control, row.substr(other + 1), std::string(1, '\0'),
-                std::string(1, row.back() == '1' ? '\1' : '\0'), std::string(1, '\0')};
+                std::string(1, row.back() == '1' ? '\1' : '\0')};
     }
     if (other != std::string::npos) {
-        return {control, row.substr(other + 1), P(opening), P(row.substr(other + 1)), P("0")};
+        return {control, row.substr(other + 1), P(opening), P(row.substr(other + 1))};
     }
     const std::string value = control.empty() ? opening : control + ", 5 \xC3\xA9";
-    return {control, value, P(opening), P(value), control.empty() ? P(opening) : P("")};
+    return {control, value, P(opening), P(value)};
 }
 
 class GraphSettings : public testing::Test, protected Paper {
@@ -62,11 +62,11 @@ protected:
         telling = Joined(&Field::telling);
     }
 
-    std::string Joined(std::string Field::*column, std::size_t first = 0, std::size_t last = 66) const
+    std::string Joined(std::string Field::*column) const
     {
         std::string bytes;
-        for (std::size_t i = first; i < last; ++i) {
-            bytes += fields.at(i).*column;
+        for (const Field& field : fields) {
+            bytes += field.*column;
         }
         return bytes;
     }
@@ -102,23 +102,6 @@ TEST_F(GraphSettings, EveryFieldInItsPlace)
     EXPECT_TRUE(other.form["EditYAxisMinimum"].enabled) << "that of Show Axes has not";
 }
 
-TEST_F(GraphSettings, FileThatEndsEarlyLeavesTheRestEmpty)
-{
-    for (std::size_t count = 0; count <= 66; ++count) {
-        SCOPED_TRACE(count);
-        Set({"PopupUnits=cm", "PopupFont1=Courier", "BackgroundColorCanvas=#010203", "CheckAutoPosYAxisText=on"});
-        Load(Joined(&Field::telling, 0, count));
-        EXPECT_EQ(Saved(), Joined(&Field::telling, 0, count) + Joined(&Field::missing, count));
-        EXPECT_TRUE(count > 61 || form.ColorOf("BackgroundColorCanvas") == white);
-        EXPECT_EQ(form["StaticFileName"].caption, count < 46 ? "" : "page.pdf");
-        if (count % 8 == 0) {
-            Set({"PopupPaperSize=Letter"});
-            Generate();
-            EXPECT_EQ(Complaints(file.Path()), "");
-        }
-    }
-}
-
 TEST_F(GraphSettings, FileKeepsItsOwnNumbersInOtherUnits)
 {
     const std::string inches = Joined(&Field::opening);
@@ -137,23 +120,14 @@ TEST_F(GraphSettings, LastSettings)
     Load(telling);
     graph.Event_Close();
     graph.LoadLastSettings();
-    EXPECT_EQ(Saved(), telling) << "no folder, nothing to remember or to load";
     platform.preferencesFolder = FolderItem(preferences / "");
     graph.LoadLastSettings();
-    EXPECT_EQ(Saved(), telling) << "not even the background changes";
-
+    EXPECT_EQ(Saved(), telling) << "nothing to remember or to load: not even the background changes";
     graph.Event_Close();
     EXPECT_EQ(ReadFile(preferences / "LinealisLastSettings"), telling);
-    Paper other("graph");
-    other.platform.preferencesFolder = platform.preferencesFolder;
-    auto& next = dynamic_cast<MainWindow&>(*other.window);
-    next.LoadLastSettings();
-    EXPECT_EQ(other.Saved(), telling);
-    EXPECT_TRUE(next.OurFolderItem().IsEmpty()) << "not the window's document";
-    other.Set({"EditTitle=Next"});
-    next.Event_Close();
+    Set({"EditTitle=Next"});
     graph.LoadLastSettings();
-    EXPECT_EQ(form.Text("EditTitle"), "Next");
+    EXPECT_EQ(Saved(), telling);
 }
 
 TEST_F(GraphSettings, FileThatCannotBeOpenedGivesAWhitePage)

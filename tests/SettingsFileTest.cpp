@@ -1,6 +1,8 @@
 #include "TestSupport.h"
 #include "platform/BinaryStream.h"
 
+#include <map>
+
 namespace linealis::test {
 namespace {
 
@@ -46,12 +48,16 @@ TEST_F(SettingsFile, LoadsEveryFieldIntoItsControl)
     EXPECT_EQ(form.SelectedItem("PopupUnits"), "cm");
     EXPECT_EQ(form["StaticText16"].caption, "cm");
     EXPECT_EQ(form.Text("EditCustomWidth"), "20.99028") << "A4, in the unit of the file";
-    const std::vector<std::pair<const char*, const char*>> texts = {
-        {"EditXScale", "90"},       {"EditYScale", "110"},    {"EditHorzSpacing", "1.5"},
-        {"EditVertSpacing", "2.5"}, {"EditTopMargin", "1"},   {"EditBottomMargin", "2"},
-        {"EditLeftMargin", "3"},    {"EditRightMargin", "4"}, {"EditHorzWeight", "0.7"},
-        {"EditVertWeight", "0.9"}};
-    for (const auto& [name, text] : texts) {
+    for (const auto& [name, text] : std::map<std::string, std::string>{{"EditXScale", "90"},
+                                                                       {"EditYScale", "110"},
+                                                                       {"EditHorzSpacing", "1.5"},
+                                                                       {"EditVertSpacing", "2.5"},
+                                                                       {"EditTopMargin", "1"},
+                                                                       {"EditBottomMargin", "2"},
+                                                                       {"EditLeftMargin", "3"},
+                                                                       {"EditRightMargin", "4"},
+                                                                       {"EditHorzWeight", "0.7"},
+                                                                       {"EditVertWeight", "0.9"}}) {
         EXPECT_EQ(form.Text(name), text) << name;
     }
     EXPECT_FALSE(form.Value("CheckBoxViewGraph") || form.Value("CheckVertLines"));
