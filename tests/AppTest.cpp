@@ -272,7 +272,6 @@ TEST_F(Help, WritesTheManualAnewAndOpensIt)
 {
     WriteFile(help.Path(), std::string(1000, 'x'));
     Choose("EditHelp");
-    EXPECT_TRUE(ReadFile(help.Path()) == manual);
     app.DoHelp();
     EXPECT_TRUE(ReadFile(help.Path()) == manual);
     EXPECT_EQ(platform.launched, (std::vector{help, help}));
@@ -283,47 +282,26 @@ TEST_F(Help, TellsOnceThatItFailed)
 {
     platform.launchSucceeds = false;
     app.DoHelp();
-    EXPECT_EQ(platform.launched.size(), 1U);
     EXPECT_EQ(platform.messages, Names{helpFailed});
     platform.launched.clear();
-    for (const FolderItem& nowhere : {FolderItem(), FolderItem(folder / "missing")}) {
-        platform.messages.clear();
-        platform.temporaryFolder = nowhere;
-        app.DoHelp();
-        EXPECT_EQ(platform.messages, Names{helpFailed});
-        EXPECT_TRUE(platform.launched.empty()) << "there is nothing to open";
-    }
+    platform.temporaryFolder = FolderItem(folder / "missing");
+    app.DoHelp();
+    EXPECT_EQ(platform.messages, (Names{helpFailed, helpFailed}));
+    EXPECT_TRUE(platform.launched.empty()) << "there is nothing to open";
 }
 
-TEST_F(Commands, AboutTellsTheVersion)
+TEST_F(Commands, AboutAndWebPages)
 {
     Choose("AppleAboutLinealis");
     ASSERT_EQ(platform.dialogs.size(), 1U);
     const MessageDialog& dialog = platform.dialogs[0];
-    const Names lines = Lines(dialog.message, '\n');
-    ASSERT_EQ(lines.size(), 2U) << dialog.message;
-    EXPECT_EQ(lines[0], std::string("Linealis   Version: ") + LINEALIS_VERSION);
-    EXPECT_FALSE(lines[1].empty());
-    EXPECT_EQ(dialog.actionButton, "OK");
-    EXPECT_TRUE(dialog.cancelButton.empty() && dialog.alternateActionButton.empty());
-}
-
-TEST_F(Commands, WebPagesOpenInTheBrowser)
-{
+    EXPECT_TRUE(dialog.message.starts_with(std::string("Linealis   Version: ") + LINEALIS_VERSION + '\n'));
+    EXPECT_EQ(dialog.actionButton + dialog.cancelButton + dialog.alternateActionButton, "OK");
     Choose("AppleVisitWebsite");
     Choose("AppleCheckForLatestVersion");
     EXPECT_EQ(platform.shownUrls,
               (Names{server, server + "/version.html?prog=linealis&version=" + LINEALIS_VERSION}));
     EXPECT_TRUE(platform.fetches.empty());
-}
-
-TEST_F(Commands, TheServerOfAnUnconfiguredBuildIsNobodys)
-{
-    const std::string build = ReadFile(fs::path(LINEALIS_PAGES_PATH) / "../../CMakeLists.txt");
-    const std::string setting = "set(LINEALIS_SERVER \"";
-    const std::size_t start = build.find(setting) + setting.size();
-    const std::string address = build.substr(start, build.find('"', start) - start);
-    EXPECT_TRUE(address.starts_with("http://") && address.ends_with(".invalid")) << address;
 }
 
 TEST_F(Commands, NeedWhatTheyWorkOn)

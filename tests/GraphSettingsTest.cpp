@@ -114,22 +114,6 @@ TEST_F(GraphSettings, FileKeepsItsOwnNumbersInOtherUnits)
     EXPECT_EQ(Saved(), telling);
 }
 
-TEST_F(GraphSettings, LastSettings)
-{
-    const TemporaryFolder preferences;
-    Load(telling);
-    graph.Event_Close();
-    graph.LoadLastSettings();
-    platform.preferencesFolder = FolderItem(preferences / "");
-    graph.LoadLastSettings();
-    EXPECT_EQ(Saved(), telling) << "nothing to remember or to load: not even the background changes";
-    graph.Event_Close();
-    EXPECT_EQ(ReadFile(preferences / "LinealisLastSettings"), telling);
-    Set({"EditTitle=Next"});
-    graph.LoadLastSettings();
-    EXPECT_EQ(Saved(), telling);
-}
-
 TEST_F(GraphSettings, FileThatCannotBeOpenedGivesAWhitePage)
 {
     const TemporaryFolder empty;

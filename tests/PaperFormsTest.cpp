@@ -66,15 +66,6 @@ TEST(TernaryPaper, TheScalingEnablesMaximumAndFlip)
     EXPECT_EQ(enabled, "maximum flip maximum");
 }
 
-TEST(CornellPaper, TheHeaderMayGo)
-{
-    Paper paper("cornell", {"CheckBoxTopicArea=off"});
-    for (const char* const name :
-         {"StaticName", "EditName", "EditDate", "EditTopic", "EditSubject", "EditTextSize"}) {
-        EXPECT_FALSE(paper.form[name].enabled) << name;
-    }
-}
-
 TEST(CornellPaper, SharesAreCorrectedInTheForm)
 {
     Paper paper("cornell");

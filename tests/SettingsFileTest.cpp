@@ -115,8 +115,7 @@ TEST_F(SettingsFile, AliasResolvesOnlyToOurOwnPdf)
     fs::current_path(old);
     EXPECT_EQ(resolved(Alias(own + '\0' + "x")), "");
     EXPECT_EQ(resolved(std::string("\x7F\xFF\xFF\xFF", 4) + own), "") << "longer than the file";
-    EXPECT_EQ(resolved(std::string("\xFF\xFF\xFF\xFF", 4) + own), "") << "negative";
-    EXPECT_EQ(resolved(std::string("\x80\0\0\0", 4) + own), "");
+    EXPECT_EQ(resolved(std::string("\x80\0\0\0", 4) + own), "") << "negative";
     EXPECT_EQ(ReadFile(own), pdf);
 
     window = Open();
