@@ -27,8 +27,9 @@ std::string NumberText(double value)
 {
     std::string text = Printed("%.7g", value);
     if (text.find('e') != std::string::npos) {
-        text = Printed("%.*f", value == std::trunc(value) ? 0 : 12, value);
-        text.erase(std::min(text.size(), text.find_last_not_of('0') + 1));
+        const bool whole = value == std::trunc(value);
+        text = Printed("%.*f", whole ? 0 : 12, value);
+        text.erase(whole ? text.size() : text.find_last_not_of('0') + 1);
     }
     return text == "-0" ? "0" : text;
 }
