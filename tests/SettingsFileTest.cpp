@@ -1,8 +1,6 @@
 #include "TestSupport.h"
 #include "platform/BinaryStream.h"
 
-#include <map>
-
 namespace linealis::test {
 namespace {
 
@@ -39,34 +37,6 @@ protected:
 
     FolderItem settings{folder / "grid.setx"};
 };
-
-TEST_F(SettingsFile, LoadsEveryFieldIntoItsControl)
-{
-    Load(start + Alias("") + rest);
-    EXPECT_EQ(form.SelectedItem("PopupOrientation"), "Landscape");
-    EXPECT_EQ(form.SelectedItem("PopupPaperSize"), "A4");
-    EXPECT_EQ(form.SelectedItem("PopupUnits"), "cm");
-    EXPECT_EQ(form["StaticText16"].caption, "cm");
-    EXPECT_EQ(form.Text("EditCustomWidth"), "20.99028") << "A4, in the unit of the file";
-    for (const auto& [name, text] : std::map<std::string, std::string>{{"EditXScale", "90"},
-                                                                       {"EditYScale", "110"},
-                                                                       {"EditHorzSpacing", "1.5"},
-                                                                       {"EditVertSpacing", "2.5"},
-                                                                       {"EditTopMargin", "1"},
-                                                                       {"EditBottomMargin", "2"},
-                                                                       {"EditLeftMargin", "3"},
-                                                                       {"EditRightMargin", "4"},
-                                                                       {"EditHorzWeight", "0.7"},
-                                                                       {"EditVertWeight", "0.9"}}) {
-        EXPECT_EQ(form.Text(name), text) << name;
-    }
-    EXPECT_FALSE(form.Value("CheckBoxViewGraph") || form.Value("CheckVertLines"));
-    EXPECT_TRUE(form.Value("CheckHorzLines"));
-    EXPECT_EQ(form.ColorOf("LinesColorCanvas"), (Color{10, 20, 30}));
-    EXPECT_EQ(form.ColorOf("BackgroundColorCanvas"), (Color{250, 200, 100})) << "stored inverse";
-    EXPECT_EQ(form["StaticFileName"].caption, "");
-    EXPECT_EQ(Saved(), start + Alias("") + rest);
-}
 
 TEST_F(SettingsFile, IndicesAndChannelsOutOfRangeAreLimited)
 {
