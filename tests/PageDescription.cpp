@@ -273,9 +273,9 @@ Texts Attempts(const std::vector<Operation>& made)
         const std::string source = made[made.size() - 2].source;
         const Texts& m = made[2].operands;
         const std::string at = plain ? point(2) : m.size() == 6 ? m[4] + ',' + m[5] : "";
-        const std::string text = "text " + Quoted(source.substr(1, source.rfind(')') - 1)) + " at " + at +
-                                 " font " + made[1].source.substr(2, made[1].source.find(' ') - 2) + " size " +
-                                 made[1].operands[0];
+        const std::string font = made[1].source.substr(2, made[1].source.find(' ') - 2);
+        const std::string text = Joined({"text", Quoted(source.substr(1, source.rfind(')') - 1)), "at", at, "font",
+                                         font, "size", made[1].operands[0]});
         if (plain || m.size() != 6) {
             return {text};
         }

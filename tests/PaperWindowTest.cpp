@@ -199,7 +199,27 @@ TEST_F(Window, APageTooLargeIsGivenUp)
     form.SetText("EditHorzSpacing", ".25");
     Generate();
     EXPECT_EQ(ReadFile(page.Path()), old);
-    EXPECT_EQ(platform.fileErrors.size(), 1U) << "the next page counts anew";
+}
+
+TEST_F(Window, APageOfNoEndIsGivenUpAndTheNextCountsAnew)
+{
+    struct Endless : PaperWindow {
+        explicit Endless(Platform& its)
+            : PaperWindow(its, {{Group::Lines, {swatch("BackgroundColorCanvas", "", white)}}}, {}, {"", ""})
+        {}
+        void ReadOwnValues() override {}
+        void DoGraph() override
+        {
+            do {
+                RuntimeBackgroundTask();
+            } while (form.Text("EditXScale") == "100");
+        }
+    } endless(platform);
+    endless.PushButtonGenerate_Action();
+    EXPECT_TRUE(platform.fileErrors.size() == 1 && !page.Exists());
+    endless.form.SetText("EditXScale", "50");
+    endless.PushButtonGenerate_Action();
+    EXPECT_TRUE(platform.fileErrors.size() == 1 && page.Exists());
 }
 
 TEST_F(Window, FileMenuRemembersTheSettingsFile)
