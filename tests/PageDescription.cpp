@@ -280,12 +280,12 @@ Texts Attempts(const std::vector<Operation>& made)
             return {text};
         }
         const double angle = std::atan2(Number(m[1]), Number(m[0])) / 3.1415927 * 180.0;
-        const std::string from = " from " + point(3);
+        const std::string from = "from " + point(3);
         Texts attempts;
         for (int decimals = 0; decimals < 10; ++decimals) {
-            attempts.push_back(text + Printed(" turned %.*f", decimals, angle) + from);
+            attempts.push_back(Joined({text, Printed("turned %.*f", decimals, angle), from}));
         }
-        attempts.push_back(text + " matrix " + Joined({m[0], m[1], m[2], m[3]}) + from);
+        attempts.push_back(Joined({text, "matrix", m[0], m[1], m[2], m[3], from}));
         return attempts;
     }
     Texts points;
