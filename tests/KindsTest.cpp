@@ -14,8 +14,6 @@ std::string Fields(const Names& texts)
     return bytes;
 }
 
-const std::string noFile("\0\0\0\0", 4);
-
 /// Puts something into every control that a person can set: other things in each control, and for each `seed`.
 void Fill(PaperForm& form, int seed)
 {
@@ -61,6 +59,100 @@ const std::map<std::string_view, std::set<std::string_view>> notInTheFile = {
      {"EditTitle", "EditTitleX", "EditTitleY", "EditTitleSize", "PopupFont1", "EditFontSize", "TextColorCanvas"}},
 };
 
+// The fields of each file in order. A popup stands there by its index, a box as 1 or 0, or with ! as a byte, a
+// color by its channels, with ~ inverse; #N is a 32-bit index and N more, =TEXT always the same, @ the output file.
+const std::string head = "=1.3.0 PopupOrientation PopupPaperSize =0 =0 PopupUnits =10 EditXScale EditYScale ";
+const std::string margins = "EditTopMargin EditBottomMargin EditLeftMargin EditRightMargin ";
+const std::string view = margins + "CheckBoxViewGraph ";
+const std::string colors = "LineColorCanvas @ ~BackgroundColorCanvas";
+const std::string spacings = "EditHorzSpacing EditVertSpacing ";
+const std::string weights = "EditHorzWeight EditVertWeight ~BackgroundColorCanvas";
+const std::string rows = view + "LineColorCanvas @ LinesColorCanvas CheckVertLines CheckHorzLines " + weights;
+const std::string thicknesses = "EditLineThicknessHorz EditLineThicknessVert " + view;
+const std::string cellSize = "LineColorCanvas @ EditSize ~BackgroundColorCanvas";
+const std::string diagonals =
+    head + "EditLineThickness " + view + "CheckBoxVertical CheckBoxHorizontal " + cellSize;
+
+std::string PerAxis(const std::string& names)
+{
+    std::string both;
+    for (const char axis : {'X', 'Y'}) {
+        std::string one = names;
+        std::replace(one.begin(), one.end(), '*', axis);
+        both += one;
+    }
+    return both;
+}
+
+const std::map<std::string, std::string> fileOrder = {
+    {"axonometric", diagonals},
+    {"trapezoid", diagonals},
+    {"hexagon", head + "EditLineThickness " + view + cellSize},
+    {"isometric", head + "EditLineThickness " + view + cellSize},
+    {"grid", head + spacings + view + "@ LinesColorCanvas CheckVertLines CheckHorzLines " + weights},
+    {"brick", head + spacings + view + "@ LinesColorCanvas =1 =1 " + weights},
+    {"dots", head + "EditDotWeight " + spacings + rows},
+    {"crosses", head + "EditCrossWeight " + spacings + "EditCrossHeight EditCrossWidth " + rows},
+    {"engineering", head + thicknesses + "EditHorzSpacing EditVertiSpacing EditBlankTop EditBlankLeft " + colors},
+    {"lined",
+     head + thicknesses + "EditHorzSpacing EditBlankTop EditBlankLeft " + colors + " CheckBoxDrawVertical!"},
+    {"polar", head + "EditLineThickness " + view + colors +
+                  " RadioButton1#-1 PopupMenuLabelSkip#1 "
+                  "EditMinorLineThickness EditNumCircles EditNumSpokes EditNumMinorSpokes EditMinorStart"},
+    {"ternary", head + "EditLineThickness " + view +
+                    "CheckBoxFlip LineColorCanvas EditMajorDivisions "
+                    "EditMinorDivisions PopupScaling EditAxisMaximum @ ~BackgroundColorCanvas"},
+    {"cornell",
+     head + "EditLineThicknessHorz " + margins +
+         "CheckBoxViewGraph! CheckBoxTopicArea! EditName EditDate "
+         "EditTopic EditSubject EditTextSize EditHorzSpacing EditLineThicknessHorz CheckGrid! EditNoteWidth "
+         "EditNoteHeight CheckCueLeft! EditCueWeight CheckSummaryBottom! " +
+         colors},
+    {"graph",
+     "=1.3.0 EditTitle EditTitleX EditTitleY EditTitleSize PopupOrientation PopupPaperSize =0 =0 PopupUnits "
+     "EditXScale EditYScale " +
+         PerAxis("Edit*LineSpacing Edit*LineThickness Edit*Major Edit*MajorWeight Popup*Axis ") +
+         PerAxis("Edit*AxisMinimum Edit*AxisStep Edit*AxisSpacing Edit*AxisWeight Edit*AxisTextSize ") + margins +
+         "CheckBoxShowAxes CheckBoxViewGraph CheckBoxMarkers LineColorCanvas MajorLineColorCanvas @ "
+         "EditXAxisTitle EditYAxisTitle PopupFont1 " +
+         PerAxis("Edit*AxisTitleTextSize Edit*AxisTitleX Edit*AxisTitleY ") + PerAxis("Popup*AxisType ") +
+         PerAxis("Edit*HydraulicExponent ") + PerAxis("Edit*AxisMaximum ") + "~BackgroundColorCanvas " +
+         PerAxis("CheckAutoPos*AxisText! ")}};
+
+std::string FourBytes(std::int64_t value)
+{
+    return {static_cast<char>(value >> 24), static_cast<char>(value >> 16), static_cast<char>(value >> 8),
+            static_cast<char>(value)};
+}
+
+/// The field as the file must have it.
+std::string FieldBytes(const std::string& field, const Paper& paper)
+{
+    if (field == "@") {
+        const std::string path = paper.file.Path().string();
+        return FourBytes(static_cast<std::int64_t>(path.size())) + path;
+    }
+    if (field[0] == '=') {
+        return Fields({field.substr(1)});
+    }
+    const std::size_t mark = field.find_first_of("#!");
+    const bool inverse = field[0] == '~';
+    const PaperForm::State& state = paper.form[field.substr(inverse ? 1 : 0, mark)];
+    const auto channel = [&](int value) { return std::to_string(inverse ? 255 - value : value); };
+    switch (state.control.kind) {
+    case ControlKind::Check:
+        return mark != std::string::npos ? std::string(1, state.value ? '\1' : '\0')
+                                         : Fields({state.value ? "1" : "0"});
+    case ControlKind::Color:
+        return Fields({channel(state.color.red), channel(state.color.green), channel(state.color.blue)});
+    case ControlKind::Text:
+        return Fields({state.text});
+    default:
+        return mark == std::string::npos ? Fields({std::to_string(state.listIndex)})
+                                         : FourBytes(state.listIndex + std::stoi(field.substr(mark + 1)));
+    }
+}
+
 class EveryKind : public testing::TestWithParam<std::string> {};
 
 TEST_P(EveryKind, KeepsItsFormAndMakesItsPage)
@@ -71,6 +163,11 @@ TEST_P(EveryKind, KeepsItsFormAndMakesItsPage)
     EXPECT_EQ(Complaints(paper.file.Path()), "") << "the default page";
     Fill(paper.form, 1);
     const std::string saved = paper.Saved();
+    std::string bytes;
+    for (const std::string& field : Lines(fileOrder.at(GetParam()), ' ')) {
+        bytes += FieldBytes(field, paper);
+    }
+    EXPECT_EQ(saved, bytes);
 
     Paper other(GetParam());
     Fill(other.form, 2);
@@ -123,119 +220,61 @@ TEST_P(EveryKind, LoadsAFileThatIsCutAnywhere)
 INSTANTIATE_TEST_SUITE_P(Kinds, EveryKind, testing::ValuesIn(KindNames()),
                          [](const auto& instance) { return instance.param; });
 
-/// Each CONTROL=TEXT.
-void ExpectTexts(const Paper& paper, const Names& expected)
+TEST(SettingsOf, CellSizesHaveAMarkerInOldFiles)
 {
-    for (const std::string& text : expected) {
-        const std::string name = text.substr(0, text.find('='));
-        EXPECT_EQ(name + "=" + paper.form.Text(name), text);
-    }
-}
-
-/// The head of a file in centimetres on A4, turned.
-const std::string head = Fields({"1.3.0", "1", "7", "0", "0", "1", "10", "90", "110"});
-
-TEST(SettingsBytes, Lined)
-{
-    const std::string bytes = head +
-                              Fields({".3", ".6", "1", "2", "3", "4", "0", "6", "-2", "2.5", "10", "20", "30"}) +
-                              noFile + Fields({"5", "55", "155"});
-    Paper paper("lined");
-    paper.Load(bytes + '\0');
-    ExpectTexts(paper, {"EditLineThicknessHorz=.3", "EditLineThicknessVert=.6", "EditTopMargin=1",
-                        "EditBottomMargin=2", "EditLeftMargin=3", "EditRightMargin=4", "EditHorzSpacing=6",
-                        "EditBlankTop=-2", "EditBlankLeft=2.5"});
-    EXPECT_FALSE(paper.form.Value("CheckBoxViewGraph") || paper.form.Value("CheckBoxDrawVertical"));
-    EXPECT_EQ(paper.form.ColorOf("LineColorCanvas"), (Color{10, 20, 30}));
-    EXPECT_EQ(paper.form.ColorOf("BackgroundColorCanvas"), (Color{250, 200, 100}));
-    EXPECT_EQ(paper.form["StaticvertUnit"].caption, "per cm");
-    EXPECT_EQ(paper.Saved(), bytes + '\0');
-    paper.Load(bytes + '\x80');
-    EXPECT_TRUE(paper.form.Value("CheckBoxDrawVertical")) << "any byte but 0";
-    EXPECT_EQ(paper.Saved(), bytes + '\1');
-}
-
-TEST(SettingsBytes, Cornell)
-{
-    const auto bytes = [](const std::string& firstWeight, bool on) {
-        const std::string yes(1, on ? '\1' : '\0'), no(1, on ? '\0' : '\1');
-        return head + Fields({firstWeight, "1", "2", "3", "4"}) + yes + no +
-               Fields({"Åsa", "31/1", "Topic", "", "9", "6", ".4"}) + yes + Fields({"60", "70"}) + no +
-               Fields({".8"}) + yes + Fields({"10", "20", "30"}) + noFile + Fields({"5", "55", "155"});
-    };
-    Paper paper("cornell");
-    for (const bool on : {true, false}) {
-        paper.Load(bytes("7", on));
-        ExpectTexts(paper,
-                    {"EditTopMargin=1", "EditRightMargin=4", "EditName=Åsa", "EditDate=31/1", "EditTopic=Topic",
-                     "EditSubject=", "EditTextSize=9", "EditHorzSpacing=6", "EditLineThicknessHorz=.4",
-                     "EditNoteWidth=60", "EditNoteHeight=70", "EditCueWeight=.8"});
-        for (const char* const box : {"CheckBoxViewGraph", "CheckGrid", "CheckSummaryBottom"}) {
-            EXPECT_EQ(paper.form.Value(box), on) << box;
-        }
-        EXPECT_EQ(paper.form.Value("CheckBoxTopicArea"), !on);
-        EXPECT_EQ(paper.form.Value("CheckCueLeft"), !on);
-        EXPECT_EQ(paper.form.ColorOf("LineColorCanvas"), (Color{10, 20, 30}));
-        EXPECT_EQ(paper.Saved(), bytes(".4", on)) << "the weight stands there twice; the second counts";
-    }
-}
-
-TEST(SettingsBytes, Polar)
-{
-    const auto bytes = [](std::string_view style, std::string_view skip, const Names& last) {
-        return head + Fields({".3", "1", "2", "3", "4", "1", "10", "20", "30"}) + noFile +
-               Fields({"5", "55", "155"}) + std::string(style) + std::string(skip) + Fields(last);
-    };
-    using namespace std::string_view_literals;
-    const Names last = {".7", "6", "5", "4", "3"};
-    Paper paper("polar");
-    const auto loaded = [&](std::string_view style, std::string_view skip) {
-        paper.Load(bytes(style, skip, last));
-        return std::string(paper.form.SelectedItem("RadioButton1")) + ", " +
-               std::string(paper.form.SelectedItem("PopupMenuLabelSkip"));
-    };
-    EXPECT_EQ(loaded("\0\0\0\2"sv, "\0\0\0\7"sv), "Start At 0, 7");
-    EXPECT_EQ(paper.Saved(), bytes("\0\0\0\2"sv, "\0\0\0\7"sv, last)) << "the highest byte first";
-    EXPECT_EQ(loaded("\xFF\xFF\xFF\xFF"sv, "\0\0\0\x14"sv), "None, 20");
-    EXPECT_EQ(paper.Saved(), bytes("\xFF\xFF\xFF\xFF"sv, "\0\0\0\x14"sv, last));
-    EXPECT_EQ(loaded("\0\0\0\4"sv, "\0\0\0\0"sv), "Start At 1, 1");
-    EXPECT_EQ(loaded("\x80\0\0\0"sv, "\x80\0\0\0"sv), "None, 1");
-    EXPECT_EQ(loaded("\x7F\xFF\xFF\xFF"sv, "\x7F\xFF\xFF\xFF"sv), "Start At 1, 20");
-    const Names numbers = {"EditMinorLineThickness=.7", "EditNumCircles=6", "EditNumSpokes=5",
-                           "EditNumMinorSpokes=4", "EditMinorStart=3"};
-    ExpectTexts(paper, numbers);
-    for (const Names& empty : {Names{"", "", "", "", ""}, Names{}}) {
-        paper.Load(bytes("\0\0\0\0"sv, "\0\0\0\1"sv, empty));
-        ExpectTexts(paper, numbers);
-    }
-    EXPECT_EQ(paper.form.SelectedItem("RadioButton1"), "Degrees");
-}
-
-TEST(SettingsBytes, HexagonAndItsSizeMarker)
-{
-    const auto bytes = [](const std::string& units, const std::string& marker) {
-        return Fields({"1.3.0", "1", "7", "0", "0", units, marker, "90", "110", ".4", "1", "2", "3", "4", "0", "10",
-                       "20", "30"}) +
-               noFile + Fields({".75", "5", "55", "155"});
-    };
-    for (const char* const kind : {"hexagon", "isometric"}) {  // the same fields
-        Paper paper(kind);
+    for (const char* const kind : {"hexagon", "isometric"}) {
+        Paper paper(kind, {"EditSize=.75"});
+        const std::string saved = paper.Saved();
         const auto size = [&](const std::string& units, const std::string& marker) {
-            paper.Load(bytes(units, marker));
+            std::string bytes = saved;
+            paper.Load(bytes.replace(14, 5, Fields({units, marker})));
             return paper.form.Text("EditSize");
         };
-        EXPECT_EQ(size("0", "10"), ".75");
-        EXPECT_EQ(paper.Saved(), bytes("0", "10"));
-        ExpectTexts(paper, {"EditXScale=90", "EditYScale=110", "EditLineThickness=.4", "EditTopMargin=1",
-                            "EditBottomMargin=2", "EditLeftMargin=3", "EditRightMargin=4"});
-        EXPECT_FALSE(paper.form.Value("CheckBoxViewGraph"));
-        EXPECT_EQ(paper.form.ColorOf("BackgroundColorCanvas"), (Color{250, 200, 100}));
         EXPECT_EQ(Names({size("0", "0"), size("0", "1"), size("0", "2")}), (Names{"0.5", "0.25", "0.2"}));
         EXPECT_EQ(Names({size("1", "0"), size("1", "1"), size("1", "2")}), (Names{"0.2", "0.5", "1.0"}));
         EXPECT_EQ(Names({size("1", "3"), size("1", "-1"), size("1", "10")}), (Names{".75", ".75", ".75"}));
-        size("1", "2");
-        EXPECT_EQ(paper.Saved().substr(16, 3), Fields({"10"})) << "files of today have no other marker";
+        size("0", "2");
+        EXPECT_EQ(paper.Saved().substr(14, 5), Fields({"0", "10"})) << "files of today have no other marker";
     }
+}
+
+TEST(SettingsOf, PolarAreLimitedAndKeepWhatAnOldFileLacks)
+{
+    Paper paper("polar");
+    const std::string saved = paper.Saved();
+    std::size_t integers = saved.size() - 8;
+    for (const char* const name :
+         {"EditMinorLineThickness", "EditNumCircles", "EditNumSpokes", "EditNumMinorSpokes", "EditMinorStart"}) {
+        integers -= 1 + paper.form.Text(name).size();
+    }
+    const auto loaded = [&](std::string_view style, std::string_view skip, std::size_t length) {
+        std::string bytes = saved.substr(0, length);
+        paper.Load(bytes.replace(integers, 8, std::string(style) + std::string(skip)));
+        return std::string(paper.form.SelectedItem("RadioButton1")) + ", " +
+               std::string(paper.form.SelectedItem("PopupMenuLabelSkip"));
+    };
+    using namespace std::string_view_literals;
+    EXPECT_EQ(loaded("\0\0\0\4"sv, "\0\0\0\0"sv, saved.size()), "Start At 1, 1");
+    EXPECT_EQ(loaded("\x80\0\0\0"sv, "\x7F\xFF\xFF\xFF"sv, saved.size()), "None, 20");
+    EXPECT_EQ(loaded("\0\0\0\0"sv, "\0\0\0\1"sv, integers + 8), "Degrees, 1");
+    EXPECT_EQ(paper.Saved(), saved) << "what is not in the file stays";
+}
+
+TEST(SettingsOf, TheGraphKeepTheirNumbersInOtherUnits)
+{
+    Paper paper("graph");
+    const std::string inches = paper.Saved();
+    paper.Set({"PopupUnits=cm", "EditTitle=T", "BackgroundColorCanvas=#0064FA"});
+    const std::string centimeters = paper.Saved();
+    for (const std::string& bytes : {inches, centimeters}) {
+        paper.Load(bytes);
+        EXPECT_EQ(paper.form["StaticTextLinesPerUnit"].caption, bytes == inches ? "Lines/in" : "Lines/cm");
+        EXPECT_EQ(paper.Saved(), bytes) << "neither converted nor worked out anew";
+    }
+    paper.window->LoadSettings(FolderItem());
+    EXPECT_EQ(paper.form.ColorOf("BackgroundColorCanvas"), white) << "though there is no file";
+    paper.Set({"BackgroundColorCanvas=#0064FA"});
+    EXPECT_EQ(paper.Saved(), centimeters) << "and nothing else changes";
 }
 
 }  // namespace

@@ -2,10 +2,9 @@
 
 #include "TestSupport.h"
 #include "cli/Actions.h"
-#include "pdf/Geometry.h"
+#include "pdf/PageContent.h"
 
 #include <functional>
-#include <sstream>
 #include <utility>
 
 namespace linealis::test {
@@ -13,68 +12,39 @@ namespace linealis::test {
 struct ShownText {
     std::string text;
     Point at{};
-    std::string font;
+    int font = 0;
     double size = 0.0;
-    std::string color;
+    PageColor color;
 };
 
-/// A page as a person sees it. Every operand of it must be a number that PDF knows.
-class Page {
-public:
-    Names operators;
+/// What a page shows, by PageContent.
+struct Page : PageSink {
+    std::string content;
     std::vector<ShownText> texts;
     std::size_t verticals = 0;  ///< lines
     std::size_t horizontals = 0;
 
-    explicit Page(Names lines) : operators(std::move(lines))
+    explicit Page(std::string theContent) : content(std::move(theContent))
     {
-        for (const std::string& line : operators) {
-            if (line.starts_with('(')) {
-                texts.push_back({line.substr(1, line.rfind(')') - 1), at, font, size, color});
-            } else {
-                Read(line);
-            }
-        }
+        const PageDamage damage = ReadPage(content, *this);
+        EXPECT_EQ(damage.message, "") << "line " << damage.line;
     }
 
-private:
-    void Read(const std::string& line)
+    bool Scale(double, double) override { return true; }
+    bool Stroke(PagePath path, const PagePen&) override
     {
-        std::istringstream words(line);
-        std::vector<double> numbers;
-        std::string word, fontName;
-        while (words >> word && word.find_first_not_of("-.0123456789") == std::string::npos) {
-            numbers.push_back(std::strtod(word.c_str(), nullptr));
-        }
-        if (word.starts_with("/F")) {
-            fontName = word;
-            words >> size >> word;
-        }
-        EXPECT_TRUE(words.peek() == std::char_traits<char>::eof()) << line;
-        const auto last = [&] { return Point{numbers.at(numbers.size() - 2), numbers.back()}; };
-        if (word == "m") {
-            from = last();
-        } else if (word == "l") {
-            verticals += last().x == from.x ? 1U : 0U;
-            horizontals += last().y == from.y ? 1U : 0U;
-        } else if (word == "rg") {
-            color = line.substr(0, line.size() - 3);
-        } else if (word == "Tf") {
-            font = fontName;
-            turned = false;
-        } else if (word == "Tm" || (word == "Td" && !turned)) {
-            at = last();
-            turned = word == "Tm";
-        } else {
-            const Names others = {"cm", "RG", "w", "J", "c", "S", "f", "B", "BT", "Td", "ET"};
-            EXPECT_NE(std::find(others.begin(), others.end(), word), others.end()) << line;
-        }
+        verticals += path[0].to.x == path[1].to.x ? 1U : 0U;
+        horizontals += path[0].to.y == path[1].to.y ? 1U : 0U;
+        return true;
     }
-
-    std::string color, font;
-    double size = 0.0;
-    Point from{}, at{};
-    bool turned = false;
+    bool Fill(PagePath, const PageColor&) override { return true; }
+    bool FillAndStroke(PagePath, const PageColor&, const PagePen&) override { return true; }
+    bool Text(const PageText& text) override
+    {
+        texts.push_back(
+            {std::string(text.bytes), {text.matrix[4], text.matrix[5]}, text.font, text.size, text.color});
+        return true;
+    }
 };
 
 inline Names TextsOf(const std::vector<ShownText>& texts)
@@ -101,19 +71,22 @@ public:
             Do({cli::Action::Kind::Set, assignment});
         }
     }
-    void Do(const cli::Action& action) { cli::Apply({action}, kind, *window, platform); }
+    void Do(const cli::Action& action) { Do(std::vector{action}); }
+    void Do(const std::vector<cli::Action>& actions) { cli::Apply(actions, kind, *window, platform); }
 
-    Names Generate()
+    /// Generates, and returns the content of the page.
+    std::string Content()
     {
         platform.saveAnswer = file;
         window->PushButtonGenerate_Action();
         EXPECT_TRUE(platform.fileErrors.empty());
-        return PageOf(file.Path());
+        return Inflate(StreamDataOf(ReadFile(file.Path()))).text;
     }
+    Names Generate() { return Lines(Content()); }
     Page Draw(const Names& assignments = {})
     {
         Set(assignments);
-        return Page(Generate());
+        return Page(Content());
     }
 
     std::string Saved() const

@@ -14,10 +14,10 @@ TEST(RuledPapers, CountsPerUnitAreCorrectedInTheFormAndNotConverted)
                                                  {"cornell", {"EditHorzSpacing"}}};
     for (const auto& [kind, names] : fields) {
         Paper paper(kind);
-        const Names usual = paper.Generate();
+        const std::string usual = paper.Content();
         for (const std::string& name : names) {
             for (const char* const nothing : {"0", "-3", "", "five"}) {
-                EXPECT_EQ(paper.Draw({name + "=" + nothing}).operators, usual) << kind;
+                EXPECT_EQ(paper.Draw({name + "=" + nothing}).content, usual) << kind;
                 EXPECT_EQ(paper.form.Text(name), "5");
             }
         }
@@ -53,26 +53,6 @@ TEST(MarkedPapers, TheSizeOfACrossIsNotConverted)
     EXPECT_EQ(paper.form.Text("EditHorzSpacing") + paper.form.Text("EditCrossWidth"), "1.27.15");
 }
 
-TEST(PolarPaper, LabelsOfEveryStyle)
-{
-    Paper paper("polar", {"EditTitle=."});
-    const auto labels = [&](const Names& assignments) {
-        std::string all;
-        for (const ShownText& text : paper.Draw(assignments).texts) {
-            all += text.text;
-        }
-        return all;
-    };
-    EXPECT_EQ(labels({}), "0306090120150180210240270300330.");
-    EXPECT_EQ(labels({"RadioButton1=Radians"}),
-              "0PI/62 PI/63 PI/64 PI/65 PI/66 PI/67 PI/68 PI/69 PI/610 PI/611 PI/6.");
-    EXPECT_EQ(labels({"RadioButton1=Start At 0"}), "01234567891011.");
-    EXPECT_EQ(labels({"RadioButton1=Start At 1"}), "123456789101112.");
-    EXPECT_EQ(labels({"PopupMenuLabelSkip=3"}), "14710.");
-    EXPECT_EQ(labels({"EditNumSpokes=7", "PopupMenuLabelSkip=2", "RadioButton1=Radians"}), "04 PI/78 PI/712 PI/7.");
-    EXPECT_EQ(labels({"RadioButton1=None"}), ".");
-}
-
 TEST(TernaryPaper, TheScalingEnablesMaximumAndFlip)
 {
     Paper paper("ternary");
@@ -84,15 +64,6 @@ TEST(TernaryPaper, TheScalingEnablesMaximumAndFlip)
     }
     enabled += paper.form["EditAxisMaximum"].enabled ? "maximum" : "";
     EXPECT_EQ(enabled, "maximum flip maximum");
-}
-
-TEST(CornellPaper, TheHeaderMayGo)
-{
-    Paper paper("cornell", {"CheckBoxTopicArea=off"});
-    for (const char* const name :
-         {"StaticName", "EditName", "EditDate", "EditTopic", "EditSubject", "EditTextSize"}) {
-        EXPECT_FALSE(paper.form[name].enabled) << name;
-    }
 }
 
 TEST(CornellPaper, SharesAreCorrectedInTheForm)

@@ -113,6 +113,29 @@ std::string ToMacRoman(std::string_view text)
     return encoded;
 }
 
+std::string FromMacRoman(std::string_view bytes)
+{
+    constexpr std::uint32_t replacement = 0xFFFD;
+    std::string text;
+    for (const char byte : bytes) {
+        const auto code = static_cast<unsigned char>(byte);
+        if (code < firstUpperCode) {
+            text += byte;
+            continue;
+        }
+        const std::uint32_t listed = upperHalf[code - firstUpperCode];
+        const std::uint32_t character = listed == 0 ? replacement : listed;
+        if (character >= 0x800) {
+            text += static_cast<char>(0xE0U | character >> 12U);
+            text += static_cast<char>(0x80U | (character >> 6U & 0x3FU));
+        } else {
+            text += static_cast<char>(0xC0U | character >> 6U);
+        }
+        text += static_cast<char>(0x80U | (character & 0x3FU));
+    }
+    return text;
+}
+
 bool IsInMacRoman(std::string_view text)
 {
     for (std::size_t position = 0; position < text.size();) {

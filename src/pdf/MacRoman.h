@@ -20,4 +20,7 @@ bool IsInMacRoman(std::string_view text);
 /// D.2), a byte a character. What the encoding lacks becomes "?". ASCII goes through unchanged.
 std::string ToMacRoman(std::string_view text);
 
+/// The text in that encoding as UTF-8. A code that the encoding does not have becomes U+FFFD.
+std::string FromMacRoman(std::string_view bytes);
+
 }  // namespace linealis

@@ -1,0 +1,455 @@
+#include "pdf/PageContent.h"
+
+#include "pdf/MacRoman.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <optional>
+
+namespace linealis {
+
+namespace {
+
+enum class Takes : std::uint8_t { Numbers, FontName, Dash, Text };
+
+struct OperatorForm {
+    std::string_view word;
+    PageOperator operation;
+    std::size_t operands;
+    Takes takes = Takes::Numbers;
+};
+
+/// The frequent ones first.
+constexpr std::array<OperatorForm, 18> operatorForms = {{
+    {"m", PageOperator::Move, 2},
+    {"l", PageOperator::Line, 2},
+    {"S", PageOperator::Stroke, 0},
+    {"c", PageOperator::Curve, 6},
+    {"w", PageOperator::LineWidth, 1},
+    {"RG", PageOperator::StrokeColor, 3},
+    {"rg", PageOperator::FillColor, 3},
+    {"B", PageOperator::FillAndStroke, 0},
+    {"f", PageOperator::Fill, 0},
+    {"BT", PageOperator::BeginText, 0},
+    {"Tf", PageOperator::Font, 2, Takes::FontName},
+    {"Tm", PageOperator::TextMatrix, 6},
+    {"Td", PageOperator::TextPosition, 2},
+    {"Tj", PageOperator::ShowText, 0, Takes::Text},
+    {"ET", PageOperator::EndText, 0},
+    {"J", PageOperator::LineCap, 1},
+    {"d", PageOperator::Dash, 3, Takes::Dash},
+    {"cm", PageOperator::Scale, 6},
+}};
+
+bool IsDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+bool IsOctal(char c)
+{
+    return c >= '0' && c <= '7';
+}
+
+constexpr std::array<double, 16> powersOfTen = {1.0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
+/// Reads digits with at most one point at `from` and returns where they end: `from` if there is no digit. `value`
+/// is the double nearest to them.
+const char* ReadDigits(const char* from, const char* end, double& value)
+{
+    std::uint64_t digits = 0;
+    const char* at = from;
+    const char* point = nullptr;
+    for (; at != end && (IsDigit(*at) || (*at == '.' && point == nullptr)); ++at) {
+        if (*at == '.') {
+            point = at;
+        } else {
+            digits = digits * 10 + static_cast<std::uint64_t>(*at - '0');
+        }
+    }
+    const std::ptrdiff_t length = at - from - (point == nullptr ? 0 : 1);
+    if (length == 0) {
+        return from;
+    }
+    if (length < static_cast<std::ptrdiff_t>(powersOfTen.size())) {
+        // Both are exact, so that the one division rounds correctly.
+        const std::ptrdiff_t decimals = point == nullptr ? 0 : at - point - 1;
+        value = static_cast<double>(digits) / powersOfTen[static_cast<std::size_t>(decimals)];
+    } else if (std::from_chars(from, at, value, std::chars_format::fixed).ec != std::errc()) {
+        return from;
+    }
+    return at;
+}
+
+}  // namespace
+
+bool PageReader::Fail(const char* why)
+{
+    problem = why;
+    return false;
+}
+
+bool PageReader::Next()
+{
+    while (next != end && !IsDamaged()) {
+        line += 1 + linesInText;
+        linesInText = 0;
+        lineStart = next;
+        SkipBlanks();
+        const bool isEmpty = AtLineEnd();
+        const bool isRead = !isEmpty && ReadLine();
+        lineEnd = next;
+        next += next != end ? 1 : 0;
+        if (!isEmpty) {
+            return isRead;
+        }
+    }
+    return false;
+}
+
+void PageReader::SkipBlanks()
+{
+    while (next != end && *next == ' ') {
+        ++next;
+    }
+}
+
+bool PageReader::ReadLine()
+{
+    count = 0;
+    hasText = hasFontName = hasDash = false;
+    while (!AtLineEnd()) {
+        const char c = *next;
+        if ((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z')) {
+            return ReadOperator();
+        }
+        if (!ReadOperand()) {
+            return false;
+        }
+        SkipBlanks();
+    }
+    return Fail("an operator is missing");
+}
+
+bool PageReader::ReadOperand()
+{
+    switch (*next) {
+    case '/':
+        return ReadFontName();
+    case '[':
+        return ReadDash();
+    case '(':
+        return ReadText();
+    default:
+        return ReadNumber();
+    }
+}
+
+bool PageReader::ReadNumber()
+{
+    const bool negative = *next == '-';
+    const char* const digits = next + (negative ? 1 : 0);
+    double value = 0.0;
+    next = ReadDigits(digits, end, value);
+    if (next == digits) {
+        return Fail("a number cannot be read");
+    }
+    if (count == mostOperands) {
+        return Fail("too many operands");
+    }
+    operands[count++] = negative ? -value : value;
+    return true;
+}
+
+bool PageReader::ReadFontName()
+{
+    constexpr double highestFont = 14;
+    if (hasFontName || count != 0 || end - next < 3 || next[1] != 'F' || !IsDigit(next[2])) {
+        return Fail("a font name cannot be read");
+    }
+    next += 2;
+    hasFontName = true;
+    if (!ReadNumber()) {
+        return false;
+    }
+    const bool exists = operands[0] <= highestFont && std::trunc(operands[0]) == operands[0];
+    return exists || Fail("there is no such font");
+}
+
+bool PageReader::ReadDash()
+{
+    if (hasDash || count != 0) {
+        return Fail("a dash cannot be read");
+    }
+    ++next;
+    hasDash = true;
+    for (SkipBlanks(); !AtLineEnd() && *next != ']'; SkipBlanks()) {
+        if (!ReadNumber()) {
+            return false;
+        }
+    }
+    if (AtLineEnd() || (count != 0 && count != 2)) {
+        return Fail("a dash cannot be read");
+    }
+    ++next;
+    if (count == 0) {
+        operands[0] = operands[1] = 0.0;
+        count = 2;
+    }
+    return true;
+}
+
+bool PageReader::ReadText()
+{
+    if (hasText || count != 0) {
+        return Fail("a text cannot be read");
+    }
+    const char* const start = ++next;
+    for (int depth = 1; next != end; ++next) {
+        if (*next == '(') {
+            ++depth;
+        } else if (*next == ')' && --depth == 0) {
+            text = {start, next++};
+            hasText = true;
+            SkipShownNothing();
+            return true;
+        } else if (*next == '\\' && next + 1 != end) {
+            ++next;
+        }
+        linesInText += *next == '\r' ? 1 : 0;
+    }
+    return Fail("a text is not closed");
+}
+
+/// Behind a text that is closed too early: what remains of it is no operator, and takes the text away.
+void PageReader::SkipShownNothing()
+{
+    constexpr std::string_view shows = " Tj";
+    const std::string_view rest(next, end);
+    const std::string_view restOfLine = rest.substr(0, rest.find('\r'));
+    if (restOfLine.size() > shows.size() && restOfLine.ends_with(shows)) {
+        text = {};
+        next += restOfLine.size() - shows.size();
+    }
+}
+
+bool PageReader::ReadOperator()
+{
+    const char* const start = next;
+    while (!AtLineEnd() && *next != ' ') {
+        ++next;
+    }
+    const std::string_view word(start, next);
+    SkipBlanks();
+    if (!AtLineEnd()) {
+        return Fail("something stands behind the operator");
+    }
+    for (const OperatorForm& form : operatorForms) {
+        if (form.word == word) {
+            operation = form.operation;
+            const bool fits = form.operands == count && hasText == (form.takes == Takes::Text) &&
+                              hasFontName == (form.takes == Takes::FontName) &&
+                              hasDash == (form.takes == Takes::Dash);
+            return fits || Fail("the operator takes other operands");
+        }
+    }
+    return Fail("the operator is not known");
+}
+
+std::string PageString(std::string_view text)
+{
+    constexpr std::string_view letters = "nrtbf";
+    constexpr std::string_view meanings = "\n\r\t\b\f";
+    std::string bytes;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool escaped = text[i] == '\\' && i + 1 < text.size();
+        i += escaped ? 1U : 0U;
+        const char c = text[i];
+        if (c == '\r' || c == '\n') {
+            i += c == '\r' && text.substr(i + 1).starts_with('\n') ? 1U : 0U;
+            bytes += escaped ? "" : "\n";
+        } else if (escaped && IsOctal(c)) {
+            unsigned code = 0;
+            for (int digits = 0; digits < 3 && i < text.size() && IsOctal(text[i]); ++digits, ++i) {
+                code = code * 8 + static_cast<unsigned>(text[i] - '0');
+            }
+            --i;
+            bytes += static_cast<char>(code);
+        } else if (const std::size_t letter = letters.find(c); escaped && letter != std::string_view::npos) {
+            bytes += meanings[letter];
+        } else if (c != '\\' || escaped) {
+            bytes += c;
+        }
+    }
+    return bytes;
+}
+
+namespace {
+
+/// The graphic state of a page, and what is being made with it.
+class Interpreter {
+public:
+    explicit Interpreter(PageSink& theSink) : sink(theSink) {}
+
+    /// Returns whether to go on. No value: the operator cannot stand here.
+    std::optional<bool> Do(const PageReader& reader);
+
+private:
+    void AddSegment(PageOperator operation, std::span<const double> at);
+    std::optional<bool> Paint(PageOperator operation);
+    std::optional<bool> SetScale(std::span<const double> matrix);
+    std::optional<bool> DoText(const PageReader& reader);
+    bool Show(std::string_view source);
+    void SetState(PageOperator operation, std::span<const double> values);
+
+    PageSink& sink;
+    PagePen pen;
+    PageColor fill;
+    double scaleX = 1.0;
+    double scaleY = 1.0;
+    std::vector<PathSegment> path;
+    bool inText = false;
+    std::string bytes;
+    std::string utf8;
+    PageText text;
+};
+
+std::optional<bool> Interpreter::Do(const PageReader& reader)
+{
+    const PageOperator operation = reader.Operator();
+    switch (operation) {
+    case PageOperator::Line:
+    case PageOperator::Curve:
+        if (path.empty()) {
+            return std::nullopt;
+        }
+        [[fallthrough]];
+    case PageOperator::Move:
+        AddSegment(operation, reader.Operands());
+        return true;
+    case PageOperator::Stroke:
+    case PageOperator::Fill:
+    case PageOperator::FillAndStroke:
+        return Paint(operation);
+    case PageOperator::Scale:
+        return SetScale(reader.Operands());
+    case PageOperator::BeginText:
+    case PageOperator::EndText:
+    case PageOperator::TextMatrix:
+    case PageOperator::TextPosition:
+    case PageOperator::ShowText:
+        return DoText(reader);
+    default:
+        SetState(operation, reader.Operands());
+        return true;
+    }
+}
+
+void Interpreter::AddSegment(PageOperator operation, std::span<const double> at)
+{
+    if (operation == PageOperator::Curve) {
+        path.push_back({operation, {at[4], at[5]}, {at[0], at[1]}, {at[2], at[3]}});
+    } else {
+        path.push_back({operation, {at[0], at[1]}});
+    }
+}
+
+std::optional<bool> Interpreter::Paint(PageOperator operation)
+{
+    if (path.empty()) {
+        return std::nullopt;
+    }
+    const bool goOn = operation == PageOperator::Stroke ? sink.Stroke(path, pen)
+                      : operation == PageOperator::Fill ? sink.Fill(path, fill)
+                                                        : sink.FillAndStroke(path, fill, pen);
+    path.clear();
+    return goOn;
+}
+
+std::optional<bool> Interpreter::SetScale(std::span<const double> matrix)
+{
+    if (matrix[1] != 0.0 || matrix[2] != 0.0 || matrix[4] != 0.0 || matrix[5] != 0.0 || !path.empty()) {
+        return std::nullopt;
+    }
+    scaleX *= matrix[0];
+    scaleY *= matrix[3];
+    return sink.Scale(scaleX, scaleY);
+}
+
+std::optional<bool> Interpreter::DoText(const PageReader& reader)
+{
+    const std::span<const double> values = reader.Operands();
+    auto& [a, b, c, d, e, f] = text.matrix;
+    if (inText == (reader.Operator() == PageOperator::BeginText) || !path.empty()) {
+        return std::nullopt;
+    }
+    switch (reader.Operator()) {
+    case PageOperator::BeginText:
+        text.matrix = {1.0, 0.0, 0.0, 1.0, 0.0, 0.0};
+        [[fallthrough]];
+    case PageOperator::EndText:
+        inText = !inText;
+        return true;
+    case PageOperator::TextMatrix:
+        std::copy(values.begin(), values.end(), text.matrix.begin());
+        return true;
+    case PageOperator::TextPosition:
+        e += values[0] * a + values[1] * c;
+        f += values[0] * b + values[1] * d;
+        return true;
+    default:
+        return Show(reader.Text());
+    }
+}
+
+bool Interpreter::Show(std::string_view source)
+{
+    bytes = PageString(source);
+    utf8 = FromMacRoman(bytes);
+    text.bytes = bytes;
+    text.utf8 = utf8;
+    text.color = fill;
+    return sink.Text(text);
+}
+
+void Interpreter::SetState(PageOperator operation, std::span<const double> values)
+{
+    if (operation == PageOperator::StrokeColor) {
+        pen.color = {values[0], values[1], values[2]};
+    } else if (operation == PageOperator::FillColor) {
+        fill = {values[0], values[1], values[2]};
+    } else if (operation == PageOperator::LineWidth) {
+        pen.width = values[0];
+    } else if (operation == PageOperator::LineCap) {
+        pen.cap = static_cast<int>(std::clamp(values[0], 0.0, 2.0));
+    } else if (operation == PageOperator::Dash) {
+        pen.dashOn = values[0];
+        pen.dashOff = values[1];
+        pen.dashPhase = values[2];
+    } else {
+        text.font = static_cast<int>(values[0]);
+        text.size = values[1];
+    }
+}
+
+}  // namespace
+
+PageDamage ReadPage(std::string_view content, PageSink& sink)
+{
+    PageReader reader(content);
+    Interpreter interpreter(sink);
+    while (reader.Next()) {
+        const std::optional<bool> goOn = interpreter.Do(reader);
+        if (!goOn) {
+            return {reader.Line(), "the operator cannot stand here"};
+        }
+        if (!*goOn) {
+            return {};
+        }
+    }
+    return {reader.IsDamaged() ? reader.Line() : 0, reader.Problem()};
+}
+
+}  // namespace linealis
