@@ -61,8 +61,8 @@ TEST_P(EveryKind, TabGoesOverTheFormAsItIsRead)
             << last->objectName().toStdString() << " -> " << next->objectName().toStdString();
     }
     const auto& controls = program->Application().ShowPaper(*FindPaperKind(GetParam().kind)).form.Controls();
-    const auto takesFocus = [](const PaperForm::State& state) {
-        return state.enabled && state.control.kind != ControlKind::Label;
+    const auto takesFocus = [](const Control* control) {
+        return control->IsEnabled() && control->Kind() != ControlKind::Label;
     };
     const auto fields = std::count_if(controls.begin(), controls.end(), takesFocus);
     const std::size_t buttons = GetParam().kind == "graph" ? 2 : 1;
@@ -306,6 +306,15 @@ TEST_F(DesktopForm, EditMenuWorksInTextFields)
     select("EditTitleY");
     ChooseItem(window, "EditClear");
     EXPECT_EQ(Shown(window, "EditTitleY"), "");
+    Click(Child(window, "EditTitleSize"));
+    for (const char* const item : {"EditCut", "EditCopy", "EditClear"}) {
+        EXPECT_FALSE(CanChoose(window, item)) << item << ": nothing is selected";
+    }
+    EXPECT_TRUE(CanChoose(window, "EditPaste"));
+    Child(window, "PopupUnits").setFocus();
+    for (const char* const item : {"EditUndo", "EditCut", "EditCopy", "EditPaste", "EditClear"}) {
+        EXPECT_FALSE(CanChoose(window, item)) << item << ": there is no text";
+    }
 
     // The form has followed.
     GenerateAs(window, folder / "page.pdf");

@@ -11,9 +11,11 @@ int main(int argc, char** argv)
     }
     // Nothing of the user's is read or written, and two runs do not meet.
     const linealis::test::TemporaryFolder home;
-    for (const char* const name : {"HOME", "TMPDIR", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME"}) {
+    for (const char* const name :
+         {"HOME", "TMPDIR", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR"}) {
         const std::string path = home / name;
         linealis::test::fs::create_directory(path);
+        linealis::test::fs::permissions(path, linealis::test::fs::perms(0700));
         qputenv(name, QByteArray::fromStdString(path));
     }
     QStandardPaths::setTestModeEnabled(true);

@@ -30,7 +30,9 @@ protected:
     void Hand(const std::string& extension, const fs::path& path)
     {
         person.ReadsMessage(extension);
-        program->OpenDocument(ToQt(path.string()));
+        program->OpenDocuments({ToQt(path.string())});
+        EXPECT_TRUE(QTest::qWaitFor([this] { return person.IsDone(); }));
+        Settle();
     }
 };
 
@@ -207,41 +209,14 @@ TEST_F(DesktopProgram, DocumentsReachTheirWindow)
     QFileOpenEvent fromTheSystem(ToQt((folder / "d.setd").string()));
     person.ReadsMessage("setd");
     QApplication::sendEvent(qApp, &fromTheSystem);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return person.IsDone(); }));
+    Settle();
     EXPECT_EQ(Shown(Window("dots"), "EditDotWeight"), "4");
 
     Hand("txt", folder / "notes.txt");
     Hand("", folder / "notes");
     const auto isOpen = [](const PaperKind& kind) { return FindWindow(kind.name) != nullptr; };
     EXPECT_EQ(std::count_if(PaperKinds().begin(), PaperKinds().end(), isOpen), 2);
-}
-
-TEST_F(DesktopProgram, LastWindowClosedEndsTheProgram)
-{
-    OpenPaper("lined");
-    bool stillRuns = false;
-    QTimer::singleShot(0, [&] {
-        ChooseItem(Window("gallery"), "FileClose");
-        QTimer::singleShot(0, [&] {
-            stillRuns = true;
-            Press(Window("lined"), Qt::Key_W, Qt::ControlModifier);
-        });
-    });
-    EXPECT_EQ(Run(), 0);
-    EXPECT_TRUE(stillRuns);
-    EXPECT_EQ(FindWindow("gallery"), nullptr);
-    EXPECT_EQ(FindWindow("lined"), nullptr);
-}
-
-TEST_F(DesktopProgram, QuitKeepsTheLastSettings)
-{
-    QWidget& graph = OpenPaper("graph");
-    Enter(graph, {"EditTitle=Tide"});
-    QTimer::singleShot(0, [&] { Press(graph, Qt::Key_Q, Qt::ControlModifier); });
-    EXPECT_EQ(Run(), 0);
-    End();
-    EXPECT_TRUE(PreferencesFile("LinealisLastSettings").Exists());
-    Start();
-    EXPECT_EQ(Shown(OpenPaper("graph"), "EditTitle"), "Tide");
 }
 
 TEST_F(DesktopProgram, PreferencesAreAskedForAndKept)
@@ -373,27 +348,6 @@ TEST_F(LongPage, EndsBeforeItsWindowCloses)
     EXPECT_EQ(FindWindow("dots"), nullptr);
     ExpectOldFile();
     EXPECT_EQ(Shown(OpenPaper("dots"), "EditVertSpacing"), "0.5");
-}
-
-TEST_F(LongPage, EndsBeforeTheProgramQuits)
-{
-    WhenProgressShows([this] { Press(*window, Qt::Key_Q, Qt::ControlModifier); });
-    QTimer::singleShot(0, [this] { Click(Child(*window, "PushButtonGenerate")); });
-    EXPECT_EQ(Run(), 0);
-    End();
-    ExpectOldFile();
-}
-
-TEST_F(LongPage, EndsBeforeTheProgramEndsWithItsLastWindow)
-{
-    WhenProgressShows([this] {
-        Press(Window("gallery"), Qt::Key_W, Qt::ControlModifier);
-        Press(*window, Qt::Key_W, Qt::ControlModifier);
-    });
-    QTimer::singleShot(0, [this] { Click(Child(*window, "PushButtonGenerate")); });
-    EXPECT_EQ(Run(), 0);
-    End();
-    ExpectOldFile();
 }
 
 }  // namespace

@@ -4,8 +4,6 @@
 #include "desktop/Desktop.h"
 #include "desktop/FormDialog.h"
 #include "desktop/Text.h"
-#include "graph/EasyGraphWizard.h"
-#include "graph/MainWindow.h"
 
 #include <QApplication>
 #include <QDir>
@@ -56,7 +54,7 @@ QWidget& WindowNamed(const QString& name)
     qFatal("there is no window %s", qPrintable(name));
 }
 
-void ShowDialog(Camera& camera, const QString& title, const QString& name, PaperForm& form)
+void ShowDialog(Camera& camera, const QString& title, const QString& name, Form& form)
 {
     FormDialog dialog(title, form, nullptr);
     dialog.show();
@@ -80,13 +78,13 @@ int main(int argc, char** argv)
     for (const PaperKind& kind : PaperKinds()) {
         PaperWindow& window = desktop.Application().ShowPaper(kind);
         camera.Take(WindowNamed(ToQt(kind.name)), ToQt(kind.name));
-        if (auto* const graph = dynamic_cast<MainWindow*>(&window)) {
-            ShowDialog(camera, QStringLiteral("Easy Graph Wizard"), QStringLiteral("wizard"), graph->Wizard().form);
+        if (Wizard* const wizard = window.GetWizard()) {
+            ShowDialog(camera, QStringLiteral("Easy Graph Wizard"), QStringLiteral("wizard"), wizard->Fields());
         }
         if (kind.name == "lined") {  // with every sort of remark
-            window.form.SetText("EditHorzSpacing", "abc");
-            window.form.SetText("EditBlankTop", "2.9");
-            window.form.SetText("EditBlankLeft", "-1");
+            window.form.Get<TextField>("EditHorzSpacing").SetText("abc");
+            window.form.Get<TextField>("EditBlankTop").SetText("2.9");
+            window.form.Get<TextField>("EditBlankLeft").SetText("-1");
             camera.Take(WindowNamed(ToQt(kind.name)), QStringLiteral("remarks"));
         }
     }
