@@ -21,7 +21,7 @@ constexpr int usageWrong = 2;
 
 const char* const actionHelp =
     "Actions are done in the order in which they stand:\n"
-    "  --set CONTROL=VALUE   text; item or #INDEX of a popup or radio group; on or off; colour #RRGGBB\n"
+    "  --set CONTROL=VALUE   text; item or #INDEX of a popup or radio group; on or off; color #RRGGBB\n"
     "  --type CONTROL=TEXT   text typed by hand, so that what follows from it is worked out anew\n"
     "  --load FILE           load a settings file\n"
     "  --markers FILE        of graph, with CheckBoxMarkers on: the file of its markers\n"
@@ -33,21 +33,22 @@ const char* const exitHelp = "Exit status: 0 done; 1 the work failed; 2 the comm
 /// The options that are actions, and what they were given, in the order of the command line.
 class ActionOptions {
 public:
-    explicit ActionOptions(CLI::App& theCommand) : command(theCommand)
+    void AddTo(CLI::App& theCommand)
     {
+        command = &theCommand;
         Add("--set", "CONTROL=VALUE", "Set a control", Action::Kind::Set);
         Add("--type", "CONTROL=TEXT", "Type a text into a field", Action::Kind::Type);
         Add("--load", "FILE", "Load a settings file", Action::Kind::Load);
         Add("--markers", "FILE", "The marker file of a graph with CheckBoxMarkers on", Action::Kind::Markers);
         Add("--wizard", "CONTROL=TEXT", "Fill in the wizard of a graph", Action::Kind::Wizard);
-        command.footer(actionHelp);
+        command->footer(actionHelp);
     }
 
     std::vector<Action> InOrder() const
     {
         std::vector<Action> actions;
         std::map<const CLI::Option*, std::size_t> taken;
-        for (const CLI::Option* const option : command.parse_order()) {
+        for (const CLI::Option* const option : command->parse_order()) {
             if (const auto kind = kinds.find(option); kind != kinds.end()) {
                 actions.push_back({kind->second, option->results()[taken[option]++]});
             }
@@ -58,10 +59,10 @@ public:
 private:
     void Add(const char* name, const char* argument, const char* help, Action::Kind kind)
     {
-        kinds[command.add_option(name)->description(help)->type_name(argument)->expected(1)->take_all()] = kind;
+        kinds[command->add_option(name)->description(help)->type_name(argument)->expected(1)->take_all()] = kind;
     }
 
-    CLI::App& command;
+    CLI::App* command = nullptr;
     std::map<const CLI::Option*, Action::Kind> kinds;
 };
 
@@ -101,64 +102,83 @@ void CheckCommand(const CLI::App& app, int argc, char** argv)
     throw Unknown("command", argv[1], possible);
 }
 
-/// Parses the command line and does what it says.
-void Run(int argc, char** argv)
-{
-    CLI::App app("Makes printable paper as PDF files.", "linealis-cli");
-    app.set_version_flag("--version", "linealis-cli " + std::string(linealis::versionText));
-    app.require_subcommand(1);
-    app.footer(exitHelp);
+/// The commands and what they were given.
+class CommandLine {
+public:
+    CommandLine()
+    {
+        app.set_version_flag("--version", "linealis-cli " + std::string(linealis::versionText));
+        app.require_subcommand(1);
+        app.footer(exitHelp);
+        kinds.add_flag("--json", asJson, "As JSON");
+        for (CLI::App* const command : {&form, &save}) {
+            command->add_option("source", source, "A kind of paper, or a settings file")->required();
+        }
+        AddGenerateOptions();
+        save.add_option("-o,--output", output, "The settings file; - is standard output")
+            ->type_name("FILE")
+            ->required();
+        formActions.AddTo(form);
+        generateActions.AddTo(generate);
+        saveActions.AddTo(save);
+    }
 
-    CLI::App* const kinds = app.add_subcommand("kinds", "List the kinds of paper: kind, title, settings extension");
+    /// Parses the command line and does what it says.
+    void Run(int argc, char** argv)
+    {
+        CheckCommand(app, argc, argv);
+        try {
+            app.parse(argc, argv);
+        } catch (const CLI::ParseError& error) {
+            if (error.get_exit_code() != success) {
+                throw Explain(app, error);
+            }
+            app.exit(error);  // prints the help or the version that was asked for
+            return;
+        }
+        RunCommand();
+    }
+
+private:
+    CLI::App& Add(const char* name, const char* help) { return *app.add_subcommand(name, help); }
+
+    void AddGenerateOptions()
+    {
+        generate.add_option("source", request.sources, "A kind of paper, or settings files")->required();
+        generate.add_option("-o,--output", request.output, "The PDF file; - is standard output")->type_name("FILE");
+        generate
+            .add_option("--output-dir", request.outputDirectory, "Folder for a PDF file named after each source")
+            ->type_name("DIR");
+        generate.add_flag("--view", request.view, "Open the page in the viewer");
+    }
+
+    void RunCommand()
+    {
+        if (kinds.parsed()) {
+            ListKinds(asJson);
+        } else if (form.parsed()) {
+            ShowForm(source, formActions.InOrder());
+        } else if (generate.parsed()) {
+            request.actions = generateActions.InOrder();
+            Generate(request);
+        } else {
+            Save(source, saveActions.InOrder(), output);
+        }
+    }
+
+    CLI::App app{"Makes printable paper as PDF files.", "linealis-cli"};
+    CLI::App& kinds = Add("kinds", "List the kinds of paper: kind, title, settings extension");
+    CLI::App& form = Add("form", "Show a form as JSON");
+    CLI::App& generate = Add("generate", "Make a page");
+    CLI::App& save = Add("save", "Save a form as a settings file");
+    ActionOptions formActions;
+    ActionOptions generateActions;
+    ActionOptions saveActions;
     bool asJson = false;
-    kinds->add_flag("--json", asJson, "As JSON");
-
     Source source;
     std::string output;
-    const auto addSource = [&](CLI::App* command) {
-        command->add_option("source", source, "A kind of paper, or a settings file")->required();
-    };
-    CLI::App* const form = app.add_subcommand("form", "Show a form as JSON");
-    addSource(form);
-    const ActionOptions formActions(*form);
-
-    CLI::App* const generate = app.add_subcommand("generate", "Make a page");
     GenerateRequest request;
-    generate->add_option("source", request.sources, "A kind of paper, or settings files")->required();
-    generate->add_option("-o,--output", request.output, "The PDF file; - is standard output")->type_name("FILE");
-    generate->add_option("--output-dir", request.outputDirectory, "Folder for a PDF file named after each source")
-        ->type_name("DIR");
-    generate->add_flag("--view", request.view, "Open the page in the viewer");
-    const ActionOptions generateActions(*generate);
-
-    CLI::App* const save = app.add_subcommand("save", "Save a form as a settings file");
-    addSource(save);
-    save->add_option("-o,--output", output, "The settings file; - is standard output")
-        ->type_name("FILE")
-        ->required();
-    const ActionOptions saveActions(*save);
-
-    CheckCommand(app, argc, argv);
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        if (error.get_exit_code() != success) {
-            throw Explain(app, error);
-        }
-        app.exit(error);  // prints the help or the version that was asked for
-        return;
-    }
-    if (kinds->parsed()) {
-        ListKinds(asJson);
-    } else if (form->parsed()) {
-        ShowForm(source, formActions.InOrder());
-    } else if (generate->parsed()) {
-        request.actions = generateActions.InOrder();
-        Generate(request);
-    } else {
-        Save(source, saveActions.InOrder(), output);
-    }
-}
+};
 
 }  // namespace
 
@@ -166,7 +186,7 @@ int main(int argc, char** argv)
 {
     linealis::EndCleanlyOnSignals();
     try {
-        Run(argc, argv);
+        CommandLine().Run(argc, argv);
         if (!std::cout.flush()) {
             throw WorkError{"standard output could not be written"};
         }

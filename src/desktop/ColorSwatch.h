@@ -6,7 +6,7 @@
 
 namespace linealis::desktop {
 
-/// A patch of colour in a black frame, which is clicked to choose another.
+/// A patch of color in a black frame, which is clicked to choose another.
 class ColorSwatch final : public QAbstractButton {
     Q_OBJECT
 

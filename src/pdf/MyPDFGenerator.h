@@ -74,7 +74,7 @@ public:
 
     // Path operators (MyPDFGenerator_Path.cpp). They check nothing and leave out nothing.
 
-    /// Channels from 0 to 1. Sets the colours of strokes and fills together.
+    /// Channels from 0 to 1. Sets the colors of strokes and fills together.
     void SetRGBColor(double red, double green, double blue);
     /// The channels' bytes, each divided by 255.
     void SetRGBColor(Color color);
@@ -87,7 +87,7 @@ public:
     /// `on` and `off` both 0 give a solid line, whatever `phase` says.
     void SetDash(std::int64_t on, std::int64_t off, std::int64_t phase);
     void FillRect(std::int64_t x1, std::int64_t y1, std::int64_t x2, std::int64_t y2);
-    /// Fills the page with a colour, which then stays set. Does nothing if all channels are exactly 1.
+    /// Fills the page with a color, which then stays set. Does nothing if all channels are exactly 1.
     void SetBackgroundColor(double red, double green, double blue);
     void SetBackgroundColor(Color color);
     /// A line as a path of its own.

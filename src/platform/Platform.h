@@ -63,7 +63,7 @@ public:
     /// Whether the shift key is held down.
     virtual bool ShiftKey() const = 0;
 
-    /// Lets the user choose a colour, starting from `color`. Returns whether one was chosen.
+    /// Lets the user choose a color, starting from `color`. Returns whether one was chosen.
     virtual bool SelectColor(Color& color, const std::string& title) = 0;
 
     /// Opens a file in the user's viewer for it. Returns whether that could be started.

@@ -31,7 +31,7 @@ public:
     bool shiftKey = false;
     FolderItem saveAnswer;             ///< empty: every save dialog is cancelled
     FolderItem openAnswer;             ///< empty: every open dialog is cancelled
-    std::optional<Color> colorAnswer;  ///< empty: the colour picker is cancelled
+    std::optional<Color> colorAnswer;  ///< empty: the color picker is cancelled
     FolderItem preferencesFolder;      ///< empty: nothing is remembered between runs
     std::optional<LocalTime> clock;    ///< empty: the real clock
     FolderItem temporaryFolder;        ///< empty: there is none
