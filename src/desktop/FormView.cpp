@@ -51,7 +51,7 @@ QString RemarkText(const Control& control)
     if (control.Kind() != ControlKind::Text) {
         return {};
     }
-    const QString remark = ToQt(static_cast<const TextField&>(control).Remark());
+    QString remark = ToQt(static_cast<const TextField&>(control).Remark());
     QString caption = CaptionText(control).replace(QLatin1Char('\n'), QLatin1Char(' '));
     if (remark.isEmpty() || caption.isEmpty()) {
         return remark;
