@@ -23,7 +23,7 @@ public:
 
     void Show(const PaperKind& kind, PaperWindow& window) override
     {
-        shown.push_back({kind.name, &window, window.form.Text("EditXScale"), !window.OurFolderItem().IsEmpty(),
+        shown.push_back({kind.name, &window, window.form.EditXScale.Text(), !window.OurFolderItem().IsEmpty(),
                          platform.messages.size()});
     }
     void ShowPreferences(PrefsWindow& window) override { user(window); }
@@ -77,8 +77,8 @@ protected:
     FolderItem Document(const PaperKind& kind, const std::string& name)
     {
         ScreenlessPlatform elsewhere;
-        const auto window = kind.make(elsewhere);
-        window->form.SetText("EditXScale", "77");
+        const auto window = MakeWindow(kind, elsewhere);
+        window->form.EditXScale.SetText("77");
         FolderItem file(folder / name);
         EXPECT_FALSE(window->SaveSettings(file));
         return file;
@@ -172,7 +172,7 @@ TEST_F(Documents, ReachTheirWindowStepByStep)
             EXPECT_TRUE(shown.scale == "100" && !shown.hasDocument) << "shown before it is loaded";
             const PaperWindow& window = Window(kinds[i]);
             EXPECT_EQ(&window, shown.window);
-            EXPECT_EQ(window.form.Text("EditXScale"), "77");
+            EXPECT_EQ(window.form.EditXScale.Text(), "77");
             EXPECT_EQ(window.OurFolderItem(), file);
         }
     }
@@ -182,13 +182,13 @@ TEST_F(Documents, ReachTheirWindowStepByStep)
 TEST_F(Documents, ReachAWindowThatIsAlreadyOpen)
 {
     PaperWindow& window = Window("grid");
-    window.form.SetText("EditXScale", "55");
+    window.form.EditXScale.SetText("55");
     const FolderItem missing(folder / "missing.setx");
     app.Event_OpenDocument(missing);
-    EXPECT_EQ(window.form.Text("EditXScale"), "55");
+    EXPECT_EQ(window.form.EditXScale.Text(), "55");
     EXPECT_EQ(window.OurFolderItem(), missing);
     app.Event_OpenDocument(Document(*FindPaperKind("grid"), "there.setx"));
-    EXPECT_EQ(window.form.Text("EditXScale"), "77");
+    EXPECT_EQ(window.form.EditXScale.Text(), "77");
     EXPECT_EQ(windows.shown.at(1).window, &window);
     EXPECT_EQ(platform.messages, (Names{"setx", "setx"}));
 }
@@ -208,7 +208,7 @@ TEST_F(PaperWindows, AreMadeOnceAndKeepTheirValuesUntilClosed)
         SCOPED_TRACE(item.name);
         Choose(item.name);
         ASSERT_EQ(windows.shown.back().kind, item.kind->name);
-        Window(item.kind->name).form.SetText("EditXScale", "55");
+        Window(item.kind->name).form.EditXScale.SetText("55");
         Choose(item.name);
         EXPECT_EQ(windows.shown.back().scale, "55");
         app.PaperClosed(*item.kind);
@@ -223,8 +223,8 @@ TEST_F(PaperWindows, TheGraphsLastSettingsAreLoadedByTheGalleryAlone)
 {
     const PaperKind& graph = *FindPaperKind("graph");
     app.Gallery().Event_MouseUp(0);
-    EXPECT_EQ(Window("graph").form.Text("EditXScale"), "100") << "there are none yet";
-    Window("graph").form.SetText("EditXScale", "77");
+    EXPECT_EQ(Window("graph").form.EditXScale.Text(), "100") << "there are none yet";
+    Window("graph").form.EditXScale.SetText("77");
     app.PaperClosed(graph);
     for (const std::string& other : KindNames()) {
         if (other != graph.name) {
@@ -237,15 +237,15 @@ TEST_F(PaperWindows, TheGraphsLastSettingsAreLoadedByTheGalleryAlone)
 
     Choose("WindowGraphPaper");
     PaperWindow& window = Window("graph");
-    EXPECT_EQ(window.form.Text("EditXScale"), "100");
+    EXPECT_EQ(window.form.EditXScale.Text(), "100");
     app.Gallery().Event_MouseUp(0);
     EXPECT_EQ(windows.shown.back().scale, "100") << "shown before they are loaded";
     EXPECT_EQ(windows.shown.back().window, &window);
-    EXPECT_EQ(window.form.Text("EditXScale"), "77");
+    EXPECT_EQ(window.form.EditXScale.Text(), "77");
     EXPECT_TRUE(window.OurFolderItem().IsEmpty()) << "they are nobody's document";
-    window.form.SetText("EditXScale", "66");
+    window.form.EditXScale.SetText("66");
     app.Gallery().Event_MouseUp(0);
-    EXPECT_EQ(window.form.Text("EditXScale"), "77") << "loaded again by each click";
+    EXPECT_EQ(window.form.EditXScale.Text(), "77") << "loaded again by each click";
 }
 
 TEST_F(Gallery, AClickOpensItsKindOnce)
@@ -258,7 +258,7 @@ TEST_F(Gallery, AClickOpensItsKindOnce)
         app.Gallery().Event_MouseUp(i);
         EXPECT_EQ(windows.shown.back().kind, kinds[i]);
         PaperWindow& window = Window(kinds[i]);
-        window.form.SetText("EditXScale", "55");
+        window.form.EditXScale.SetText("55");
         app.Gallery().Event_MouseUp(i);
         EXPECT_EQ(windows.shown.back().window, &window);
         EXPECT_EQ(windows.shown.back().scale, "55");
@@ -372,15 +372,15 @@ TEST_F(Commands, SettingsFilesAreTheFrontWindows)
     PaperWindow& grid = Window("grid");
     PaperWindow& lined = Window("lined");
     platform.saveAnswer = FolderItem(folder / "grid.setx");
-    grid.form.SetText("EditXScale", "55");
+    grid.form.EditXScale.SetText("55");
     Choose("FileSaveAs", &grid);
     EXPECT_EQ(grid.OurFolderItem(), platform.saveAnswer);
-    grid.form.SetText("EditXScale", "66");
+    grid.form.EditXScale.SetText("66");
     Choose("FileSave", &grid);
-    grid.form.SetText("EditXScale", "77");
+    grid.form.EditXScale.SetText("77");
     platform.openAnswer = platform.saveAnswer;
     Choose("FileOpen", &grid);
-    EXPECT_EQ(grid.form.Text("EditXScale"), "66");
+    EXPECT_EQ(grid.form.EditXScale.Text(), "66");
     EXPECT_TRUE(lined.OurFolderItem().IsEmpty());
     Choose("FileClose");
     windows.anyOpen = false;
@@ -390,12 +390,11 @@ TEST_F(Commands, SettingsFilesAreTheFrontWindows)
 
 TEST_F(PreferencesDialog, OkTakesEffectAtTheNextStartAndCancelNever)
 {
-    const std::string_view box = "CheckBoxUpdateCheck";
     app.Event_Open();
     windows.user = [&](PrefsWindow& window) {
-        EXPECT_EQ(window.form[box].control.caption, "Check For Updates");
-        EXPECT_TRUE(window.form.Value(box));
-        window.form.Click(box, false);
+        EXPECT_EQ(window.form.CheckBoxUpdateCheck.Caption(), "Check For Updates");
+        EXPECT_TRUE(window.form.CheckBoxUpdateCheck.Value());
+        window.form.CheckBoxUpdateCheck.Click(false);
         window.PushButton1_Action();
     };
     Choose("EditPreferences");
@@ -406,8 +405,8 @@ TEST_F(PreferencesDialog, OkTakesEffectAtTheNextStartAndCancelNever)
     EXPECT_EQ(FetchesAtTheNextStart(), 0U);
     for (const bool pressesOk : {false, true}) {
         windows.user = [&](PrefsWindow& window) {
-            EXPECT_EQ(window.form.Value(box), false);
-            window.form.Click(box, true);
+            EXPECT_EQ(window.form.CheckBoxUpdateCheck.Value(), false);
+            window.form.CheckBoxUpdateCheck.Click(true);
             pressesOk ? window.PushButton1_Action() : window.PushButton2_Action();
         };
         Choose("EditPreferences");

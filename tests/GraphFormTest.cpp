@@ -1,7 +1,5 @@
 #include "PageSupport.h"
 #include "graph/AxisFunctions.h"
-#include "graph/EasyGraphWizard.h"
-#include "graph/MainWindow.h"
 
 #include <nlohmann/json.hpp>
 
@@ -20,10 +18,9 @@ protected:
     Fields Disabled() const
     {
         Fields names;
-        for (const PaperForm::State& state : form.Controls()) {
-            if (!state.enabled && !state.control.name.starts_with("EditCustom") &&
-                state.control.name != "StaticBy") {
-                names.emplace(state.control.name);
+        for (const ControlState& state : form.Controls()) {
+            if (!state.enabled && !state.name.starts_with("EditCustom") && state.name != "StaticBy") {
+                names.emplace(state.name);
             }
         }
         return names;
@@ -47,7 +44,8 @@ protected:
     }
     using Counts = std::pair<std::size_t, std::size_t>;
 
-    MainWindow& graph = dynamic_cast<MainWindow&>(*window);
+    Wizard& easy = *window->GetWizard();
+    NamedForm wizard{easy.Fields()};
     const Names linesPerUnit = {"EditXLineSpacing", "EditYLineSpacing"};
 };
 
@@ -59,7 +57,7 @@ TEST_F(GraphForm, AxisTypesEnableTheirFields)
         return fields;
     };
     EXPECT_EQ(Disabled(), exponents);
-    EXPECT_TRUE(form["PopupXAxis"].control.items.size() == 7 && form["PopupYAxis"].control.items.size() == 8);
+    EXPECT_TRUE(form["PopupXAxis"].items == 7 && form["PopupYAxis"].items == 8);
     Set({"PopupXAxis=Hydraulic"});
     EXPECT_EQ(Disabled(), Fields{"EditYHydraulicExponent"});
     const Fields logX = with(
@@ -90,7 +88,7 @@ TEST_F(GraphForm, TypingARangeRecalculatesTheLines)
     const Names byHand = {"3", "4"}, fitted = {"10.0001", "10.0001"};
     for (const std::string field : {"EditXAxisMaximum", "EditXAxisStep", "EditYAxisMaximum", "EditYAxisStep"}) {
         const std::string text = form.Text(field);
-        form.focusedControl = "EditXMajor";
+        window->form.focusedControl = window->form.Find("EditXMajor");
         Set({"EditXLineSpacing=3", "EditYLineSpacing=4", field + "=2", field + "=" + text});
         EXPECT_EQ(Texts(linesPerUnit), byHand) << field << " set by code";
         form.Type(field, text);
@@ -138,26 +136,26 @@ TEST_F(GraphForm, WizardFillsTwelveFields)
     const Names twelve = {"EditXLineSpacing", "EditXAxisMinimum", "EditXAxisMaximum", "EditXAxisStep",
                           "EditXMajor",       "EditXAxisSpacing", "EditYLineSpacing", "EditYAxisMinimum",
                           "EditYAxisMaximum", "EditYAxisStep",    "EditYMajor",       "EditYAxisSpacing"};
-    PaperForm& wizard = graph.Wizard().form;
     Generate();
     const std::string before = Saved();
+    const Names openingTexts = Texts(twelve);
     wizard.Type("EditMinX", "-20 m");
-    graph.Wizard().PushButton2_Action();
+    easy.PushButton2_Action();
     EXPECT_EQ(Saved(), before) << "Cancel";
     EXPECT_EQ(wizard.Text("EditMinX"), "-20 m") << "but it keeps what was typed";
-    graph.Wizard().PushButton1_Action();
+    easy.PushButton1_Action();
     EXPECT_EQ(Texts(twelve),
               (Names{"2.857171", "-20", "20", "2", "5", "5", "7.777856", "-35", "35", "1", "10", "10"}));
     EXPECT_EQ(GridLines(), Counts(21, 71));
     Set({"CheckBoxShowAxes=on"});
-    for (const std::string& name : twelve) {
-        form.SetText(name, std::string(form[name].control.text));
+    for (std::size_t i = 0; i < twelve.size(); ++i) {
+        form.SetText(twelve[i], openingTexts[i]);
     }
     EXPECT_EQ(Saved(), before) << "no other field has changed";
 
     wizard.SetText("EditMajorXSpacing", "5");
     wizard.SetText("EditMinorYSpacing", "0");
-    graph.Wizard().PushButton1_Action();
+    easy.PushButton1_Action();
     EXPECT_EQ(Texts({"EditXMajor", "EditXAxisSpacing"}), (Names{"2.5", "2.5"}));
     EXPECT_EQ(Texts({"EditYLineSpacing", "EditYMajor", "EditYAxisStep"}), (Names{"7.777856", "10", "0"}))
         << "0 counts as 1, and stays as typed";
@@ -165,7 +163,7 @@ TEST_F(GraphForm, WizardFillsTwelveFields)
     wizard.SetText("EditMinorYSpacing", "");
     wizard.SetText("EditMaxY", "a");
     Set({"PopupUnits=cm", "PopupOrientation=Landscape"});
-    graph.Wizard().PushButton1_Action();
+    easy.PushButton1_Action();
     EXPECT_NEAR(form.Number("EditXLineSpacing"), 20 / 24.13 * 1.00001, 1e-5) << "lines per cm";
     EXPECT_NEAR(form.Number("EditYLineSpacing"), 35 / 16.51 * 1.00001, 1e-5);
     EXPECT_EQ(GridLines(), Counts(21, 36));

@@ -15,25 +15,24 @@ std::string Fields(const Names& texts)
 }
 
 /// Puts something into every control that a person can set: other things in each control, and for each `seed`.
-void Fill(PaperForm& form, int seed)
+void Fill(const NamedForm& form, int seed)
 {
     int number = 11 + 100 * seed;
-    for (std::size_t i = 0; i < form.Controls().size(); ++i) {
-        const Control control = form.Controls()[i].control;
+    for (const ControlState& state : form.Controls()) {
         ++number;
-        switch (control.kind) {
+        switch (state.kind) {
         case ControlKind::Text:
-            form.SetText(control.name, std::to_string(number) + ",50 é");
+            form.SetText(state.name, std::to_string(number) + ",50 é");
             break;
         case ControlKind::Popup:
         case ControlKind::Radio:
-            form.SetListIndex(control.name, static_cast<std::int64_t>(control.items.size()) - seed);
+            form.SetListIndex(state.name, state.items - seed);
             break;
         case ControlKind::Check:
-            form.Click(control.name, control.value == (seed == 2));
+            form.Click(state.name, state.value == (seed == 2));
             break;
         case ControlKind::Color:
-            form.SetColor(control.name, {static_cast<std::uint8_t>(number), static_cast<std::uint8_t>(seed), 254});
+            form.SetColor(state.name, {static_cast<std::uint8_t>(number), static_cast<std::uint8_t>(seed), 254});
             break;
         case ControlKind::Label:
             break;
@@ -41,7 +40,7 @@ void Fill(PaperForm& form, int seed)
     }
 }
 
-std::string ValueOf(const PaperForm::State& state)
+std::string ValueOf(const ControlState& state)
 {
     const Color color = state.color;
     return state.text + "|" + std::to_string(state.listIndex) + "|" + std::to_string(state.value) + "|" +
@@ -137,9 +136,9 @@ std::string FieldBytes(const std::string& field, const Paper& paper)
     }
     const std::size_t mark = field.find_first_of("#!");
     const bool inverse = field[0] == '~';
-    const PaperForm::State& state = paper.form[field.substr(inverse ? 1 : 0, mark)];
+    const ControlState state = paper.form[field.substr(inverse ? 1 : 0, mark)];
     const auto channel = [&](int value) { return std::to_string(inverse ? 255 - value : value); };
-    switch (state.control.kind) {
+    switch (state.kind) {
     case ControlKind::Check:
         return mark != std::string::npos ? std::string(1, state.value ? '\1' : '\0')
                                          : Fields({state.value ? "1" : "0"});
@@ -172,17 +171,17 @@ TEST_P(EveryKind, KeepsItsFormAndMakesItsPage)
     Paper other(GetParam());
     Fill(other.form, 2);
     std::map<std::string_view, std::string> before;
-    for (const PaperForm::State& state : other.form.Controls()) {
-        before[state.control.name] = ValueOf(state);
+    for (const ControlState& state : other.form.Controls()) {
+        before[state.name] = ValueOf(state);
     }
     other.Load(saved);
     EXPECT_EQ(other.Saved(), saved);
     EXPECT_EQ(other.window->OutputFile(), paper.file);
     const auto exceptions = notInTheFile.find(GetParam());
-    for (const PaperForm::State& state : other.form.Controls()) {
-        const std::string_view name = state.control.name;
+    for (const ControlState& state : other.form.Controls()) {
+        const std::string_view name = state.name;
         const bool kept = exceptions != notInTheFile.end() && exceptions->second.contains(name);
-        if (state.control.kind != ControlKind::Label && !name.starts_with("EditCustom")) {
+        if (state.kind != ControlKind::Label && !name.starts_with("EditCustom")) {
             EXPECT_EQ(ValueOf(state), kept ? before[name] : ValueOf(paper.form[name])) << name;
             EXPECT_NE(ValueOf(paper.form[name]), before[name]) << name << ": the test cannot tell them apart";
         }
@@ -250,8 +249,8 @@ TEST(SettingsOf, PolarAreLimitedAndKeepWhatAnOldFileLacks)
     const auto loaded = [&](std::string_view style, std::string_view skip, std::size_t length) {
         std::string bytes = saved.substr(0, length);
         paper.Load(bytes.replace(integers, 8, std::string(style) + std::string(skip)));
-        return std::string(paper.form.SelectedItem("RadioButton1")) + ", " +
-               std::string(paper.form.SelectedItem("PopupMenuLabelSkip"));
+        return std::string(paper.form.Selected("RadioButton1")) + ", " +
+               std::string(paper.form.Selected("PopupMenuLabelSkip"));
     };
     using namespace std::string_view_literals;
     EXPECT_EQ(loaded("\0\0\0\4"sv, "\0\0\0\0"sv, saved.size()), "Start At 1, 1");

@@ -21,7 +21,8 @@ protected:
     }
 
     ScreenlessPlatform platform;
-    MyPDFGenerator pdf{platform};
+    Turns turns{[this] { platform.Yield(); }};
+    MyPDFGenerator pdf{turns};
 
 private:
     std::size_t seen = 0;

@@ -112,8 +112,8 @@ private:
 public:
     ClockedPlatform platform;
     FolderItem file{folder / "page.pdf"};
-    std::unique_ptr<PaperWindow> window = kind.make(platform);
-    PaperForm& form = window->form;
+    std::unique_ptr<PaperWindow> window = MakeWindow(kind, platform);
+    NamedForm form{window->form};
 };
 
 inline Names KindNames()

@@ -1,33 +1,51 @@
 #include "TestSupport.h"
 #include "pdf/Numbers.h"
-#include "pipeline/PaperForm.h"
+#include "pipeline/PageJob.h"
+
+#include <future>
 
 namespace linealis::test {
 namespace {
 
+struct SmallForm final : Form {
+    Popup popup{*this, Group::Page, "Popup", "", {"a", "b", "c"}};
+    TextField text{*this, Group::Page, "Text", "", "1"};
+    CheckBox box{*this, Group::Page, "Box", "Box", false};
+    TextField follower{*this, Group::Page, "Follower", "Caption:", "", {.label = "Label", .enabledBy = &box}};
+};
+
 TEST(Form, HandlersRunWhenTheControlIsSet)
 {
-    PaperForm form(
-        {{Group::Page,
-          {popup("Popup", "", {"a", "b", "c"}), textField("Text", "", "1"), checkBox("Box", "Box", false),
-           textField("Labelled", "Caption:", "").LabelledBy("Label").Disabled()}}});
-    std::vector<std::string> log;
-    form.OnChange("Popup", [&] { log.push_back("popup " + std::to_string(form.ListIndex("Popup"))); });
-    form.OnChange("Text", [&] { log.push_back("text " + form.focusedControl); });
-    form.OnChange("Box", [&] { log.emplace_back("box"); });
+    SmallForm form;
+    Names log;
+    form.popup.onChange = [&] { log.push_back("popup " + std::to_string(form.popup.ListIndex())); };
+    form.text.onChange = [&] { log.emplace_back(form.focusedControl == &form.text ? "typed" : "set"); };
+    form.box.onClick = [&] { log.emplace_back("box"); };
     for (const std::int64_t index : {1, 1, 99, -7}) {
-        form.SetListIndex("Popup", index);
+        form.popup.SetListIndex(index);
     }
-    form.SetText("Text", "2");
-    form.Type("Text", "3");
-    form.SetValue("Box", true);
-    form.Click("Box", true);
-    EXPECT_EQ(log, (Names{"popup 1", "popup 1", "popup 2", "popup 0", "text ", "text Text", "box"}));
-    EXPECT_EQ(form.focusedControl, "");
-    EXPECT_EQ(form.SelectedItem("Popup"), "a");
-    EXPECT_EQ(form["Label"].caption, "Caption:");
-    EXPECT_FALSE(form["Label"].enabled);
-    EXPECT_THROW(form.SetText("Unknown", ""), std::out_of_range);
+    form.text.SetText("2");
+    form.text.Type("3");
+    form.box.SetValue(true);
+    form.box.Click(true);
+    EXPECT_EQ(log, (Names{"popup 1", "popup 1", "popup 2", "popup 0", "set", "typed", "box"}));
+    EXPECT_EQ(form.focusedControl, nullptr);
+    EXPECT_EQ(form.Get<Label>("Label").Caption(), "Caption:");
+    EXPECT_THROW(form.Get<TextField>("Popup"), std::out_of_range);
+}
+
+TEST(Form, AFollowerIsEnabledExactlyWhileItsBoxIsOn)
+{
+    SmallForm form;
+    const auto enabled = [&] {
+        EXPECT_EQ(form.follower.IsEnabled(), form.Get<Label>("Label").IsEnabled());
+        return form.follower.IsEnabled();
+    };
+    EXPECT_FALSE(enabled());
+    form.box.SetValue(true);
+    EXPECT_TRUE(enabled()) << "also when a file is loaded";
+    form.box.Click(false);
+    EXPECT_FALSE(enabled());
 }
 
 class Window : public GridTest {
@@ -82,7 +100,7 @@ TEST_F(Window, PaperSizesHaveTheirPoints)
     form.SetText("EditVertSpacing", "1");
     for (std::size_t i = 0; i < sizes.size(); ++i) {
         form.SetListIndex("PopupPaperSize", static_cast<std::int64_t>(i));
-        EXPECT_EQ(PageSize(), sizes[i]) << form.SelectedItem("PopupPaperSize");
+        EXPECT_EQ(PageSize(), sizes[i]) << form.Selected("PopupPaperSize");
     }
     EXPECT_EQ(Texts(customSize), (Names{"17", "11"}));
     form.SetListIndex("PopupOrientation", 1);
@@ -130,9 +148,9 @@ TEST_F(Window, CustomSizes)
 TEST_F(Window, AColorIsChosenOrStays)
 {
     platform.colorAnswer = Color{255, 0, 51};
-    window->ColorCanvas_MouseDown("BackgroundColorCanvas");
+    window->ColorCanvas_MouseDown(window->form.Get<Swatch>("BackgroundColorCanvas"));
     platform.colorAnswer.reset();
-    window->ColorCanvas_MouseDown("BackgroundColorCanvas");
+    window->ColorCanvas_MouseDown(window->form.Get<Swatch>("BackgroundColorCanvas"));
     EXPECT_EQ(Generate().at(1), "1.00 0.00 0.20 RG");
 }
 
@@ -169,7 +187,14 @@ TEST_F(Window, CancelledDialogMakesNothing)
     window->PushButtonGenerate_Action();
     EXPECT_EQ(form["StaticFileName"].caption, "");
     EXPECT_TRUE(window->OutputFile().IsEmpty() && platform.launched.empty() && platform.fileErrors.empty());
+    EXPECT_TRUE(window->Pdf().theFile.IsEmpty());
     EXPECT_EQ(ReadFile(page.Path()), old);
+    WriteFile(folder / "none.setx", "");
+    window->LoadSettings(FolderItem(folder / "none.setx"));  // which forgets the file, without the shift key
+    form.SetValue("CheckBoxViewGraph", true);
+    platform.shiftKey = false;
+    window->PushButtonGenerate_Action();
+    EXPECT_TRUE(platform.launched.empty());
 }
 
 TEST_F(Window, ViewsThePageOnlyIfWanted)
@@ -193,6 +218,7 @@ TEST_F(Window, APageTooLargeIsGivenUp)
     window->PushButtonGenerate_Action();
     ASSERT_EQ(platform.fileErrors.size(), 1U);
     EXPECT_EQ(platform.fileErrors[0].file, page);
+    EXPECT_NE(platform.fileErrors[0].reason.find("1 GiB"), std::string::npos);
     EXPECT_EQ(ReadFile(page.Path()), old);
     EXPECT_EQ(folder.Names(), Names{"page.pdf"});
 
@@ -203,23 +229,49 @@ TEST_F(Window, APageTooLargeIsGivenUp)
 
 TEST_F(Window, APageOfNoEndIsGivenUpAndTheNextCountsAnew)
 {
-    struct Endless : PaperWindow {
-        explicit Endless(Platform& its)
-            : PaperWindow(its, {{Group::Lines, {swatch("BackgroundColorCanvas", "", white)}}}, {}, {"", ""})
-        {}
-        void ReadOwnValues() override {}
-        void DoGraph() override
-        {
-            do {
-                RuntimeBackgroundTask();
-            } while (form.Text("EditXScale") == "100");
-        }
-    } endless(platform);
-    endless.PushButtonGenerate_Action();
-    EXPECT_TRUE(platform.fileErrors.size() == 1 && !page.Exists());
-    endless.form.SetText("EditXScale", "50");
-    endless.PushButtonGenerate_Action();
+    bool ends = false;
+    const PaperPage endless{PageFrame(), [&](MyPDFGenerator&, Turns& turns, const PageQuestions&) {
+                                do {
+                                    turns.RuntimeBackgroundTask();
+                                } while (!ends);
+                            }};
+    Turns turns([] {}, 1000);
+    MyPDFGenerator pdf(turns);
+    pdf.theFile = page;
+    EXPECT_TRUE(MakePage(endless, pdf, turns, {}, platform));
+    ASSERT_TRUE(platform.fileErrors.size() == 1 && !page.Exists());
+    EXPECT_NE(platform.fileErrors[0].reason.find("rounds"), std::string::npos);
+    ends = true;
+    for (int i = 0; i < 2000; ++i) {
+        MakePage(endless, pdf, turns, {}, platform);
+    }
     EXPECT_TRUE(platform.fileErrors.size() == 1 && page.Exists());
+}
+
+TEST_F(Window, WhatChangesWhileAPageIsDrawnComesWithTheNext)
+{
+    form.SetText("EditHorzSpacing", ".01");
+    const Names before = Generate();
+    platform.onYield = [this] {
+        form.SetText("EditLeftMargin", "3");
+        form.SetColor("LinesColorCanvas", {255, 0, 0});
+        form.SetListIndex("PopupPaperSize", 3);
+    };
+    EXPECT_TRUE(Generate() == before);
+    EXPECT_FALSE(Generate() == before);
+}
+
+TEST_F(Window, APageCanBeDrawnOnAThreadOfItsOwn)
+{
+    const Names made = Generate();
+    const PaperPage read = FindPaperKind("grid")->makePaper(platform).readPage();
+    auto drawn = std::async(std::launch::async, [&read] {
+        Turns turns([] {});
+        MyPDFGenerator pdf(turns);
+        DrawContent(read, pdf, turns, {});
+        return std::string(pdf.Stream());
+    });
+    EXPECT_EQ(made, Lines(drawn.get()));
 }
 
 TEST_F(Window, FileMenuRemembersTheSettingsFile)

@@ -28,7 +28,7 @@ protected:
     std::string Close()
     {
         pdf.EndPage();
-        pdf.CloseFile();
+        pdf.CloseFile(platform);
         pdf.Delete();
         return ReadFile(page.Path());
     }
@@ -48,7 +48,8 @@ protected:
     TemporaryFolder folder;
     FolderItem page{folder / "page.pdf"};
     ScreenlessPlatform platform;
-    MyPDFGenerator pdf{platform};
+    Turns turns{[this] { platform.Yield(); }};
+    MyPDFGenerator pdf{turns};
 };
 
 /// The file as it must be round the given stream data, its offsets counted here.
@@ -166,10 +167,9 @@ TEST_F(PdfFile, DateHasItsZoneInWholeHours)
         {0, "Z00"}, {1, "+01"}, {-11, "-11"}, {5.5, "+06"}, {4.5, "+04"}, {-3.5, "-04"}, {-2.5, "-02"}};
     for (const auto& [hours, zone] : zones) {
         platform.clock->secondsEastOfGmt = static_cast<int>(hours * hour);
-        EXPECT_EQ(pdf.ReturnCurrentDate(), "(D:20240131174501" + zone + "'00')") << hours;
+        EXPECT_EQ(MyPDFGenerator::ReturnCurrentDate(platform.Now()), "(D:20240131174501" + zone + "'00')") << hours;
     }
-    platform.clock = LocalTime{987, 2, 3, 4, 5, 6, 0};
-    EXPECT_EQ(pdf.ReturnCurrentDate(), "(D:09870203040506Z00'00')");
+    EXPECT_EQ(MyPDFGenerator::ReturnCurrentDate({987, 2, 3, 4, 5, 6, 0}), "(D:09870203040506Z00'00')");
 }
 
 TEST_F(PdfFile, OperatorsThatNoPaperUses)
@@ -193,7 +193,7 @@ TEST_F(PdfFile, FailedOpenTellsOnceAndTheNextNameWorks)
         platform.fileErrors.clear();
         pdf.OpenFilename(FolderItem(folder / name));
         Begin();
-        pdf.CloseFile();
+        pdf.CloseFile(platform);
         ASSERT_EQ(platform.fileErrors.size(), 1U);
         EXPECT_EQ(
             platform.fileErrors[0].text,
@@ -211,14 +211,14 @@ TEST_F(PdfFile, StoppedWhileItIsWrittenLeavesTheOldFile)
 {
     WriteFile(page.Path(), "old");
     int stopped = 0;
-    for (int yieldsBefore = 0; yieldsBefore < Platform::linesPerYield; ++yieldsBefore) {
+    for (int yieldsBefore = 0; yieldsBefore < Turns::linesPerYield; ++yieldsBefore) {
         platform.onYield = nullptr;
-        platform.RuntimeBackgroundTask(Platform::linesPerYield);  // from here the yields are counted anew
-        platform.RuntimeBackgroundTask(yieldsBefore);
+        turns.RuntimeBackgroundTask(Turns::linesPerYield);  // from here the yields are counted anew
+        turns.RuntimeBackgroundTask(yieldsBefore);
         platform.onYield = [] { throw PageStopped(); };
         Begin();
         try {
-            pdf.CloseFile();
+            pdf.CloseFile(platform);
             WriteFile(page.Path(), "old");
         } catch (const PageStopped&) {
             ++stopped;

@@ -49,7 +49,7 @@ TEST_F(PreferencesFile, HasItsBytes)
     Write({true, 140}, file);
     EXPECT_TRUE(ReadFile(file.Path()) == before + noStrings + noCheckAnd140 + behind);
     EXPECT_EQ(Read(), Values(true, 140));
-    EXPECT_EQ(yields, 10100 / Platform::linesPerYield) << "each of the reserved integers is a yield point";
+    EXPECT_EQ(yields, 10100 / Turns::linesPerYield) << "each of the reserved integers is a yield point";
     Write({false, 0x01020304}, file);
     EXPECT_TRUE(ReadFile(file.Path()) == before + noStrings + std::string("\0\0\0\0\1\2\3\4", 8) + behind);
     EXPECT_EQ(Read(), Values(false, 0x01020304));

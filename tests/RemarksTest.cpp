@@ -1,5 +1,3 @@
-#include "pipeline/Remarks.h"
-
 #include "PageSupport.h"
 
 namespace linealis::test {
@@ -11,7 +9,7 @@ std::string Remark(std::string_view kind, std::string_view field, const std::str
 {
     Paper paper(kind, assignments);
     paper.form.Type(field, text);
-    return RemarkOn(paper.form[field]);
+    return paper.form.Remark(field);
 }
 
 struct Case {
@@ -70,7 +68,31 @@ TEST(Remarks, OnValuesThatThePageCorrects)
         {"grid", "EditCustomWidth", "0", "10", custom},
         {"grid", "EditCustomHeight", "-8", "10", custom},
         {"grid", "EditCustomHeight", "8", "", custom},
+        {"grid", "EditCustomHeight", "0.138", "10", custom},
+        {"grid", "EditCustomHeight", "0.139", "", custom},
+        {"grid", "EditCustomHeight", "0.35", "10", {"PopupUnits=cm", "PopupPaperSize=Custom"}},
     });
+}
+
+TEST(Remarks, OnAHydraulicAxisAreWhatItDraws)
+{
+    const Names hydraulic = {"PopupXAxis=Hydraulic", "EditXAxisMinimum=0", "EditXAxisStep=7",
+                             "PopupYAxis=Log 1 Decade"};
+    Expect({{"graph", "EditXAxisStep", "0", "no grid line", hydraulic},
+            {"graph", "EditXAxisStep", "", "no grid line", hydraulic},
+            {"graph", "EditXAxisMinimum", "-1", "negative", hydraulic},
+            {"graph", "EditXAxisSpacing", "2.5", "counts as 3", hydraulic},
+            {"graph", "EditXAxisSpacing", "-2", "counts as 1", hydraulic}});
+    const auto drawn = [&](const std::string& assignment) {
+        Paper paper("graph", hydraulic);
+        const Page page = paper.Draw({assignment, "CheckBoxShowAxes=off"});
+        return std::pair(page.verticals, page.texts.size() - 1);  // but the title
+    };
+    using Drawn = std::pair<std::size_t, std::size_t>;
+    EXPECT_EQ(drawn("EditXAxisStep=0"), Drawn(0, 0));
+    EXPECT_EQ(drawn("EditXAxisStep="), Drawn(0, 0));
+    EXPECT_EQ(drawn("EditXAxisSpacing=2.5"), Drawn(6, 2)) << "lines 1 and 4 have numbers";
+    EXPECT_EQ(drawn("EditXAxisSpacing=-2"), Drawn(6, 6));
 }
 
 TEST(Remarks, OnNumbersThatMustBeWhole)
@@ -99,7 +121,8 @@ TEST(Remarks, OnValuesThatDrawNothing)
         {"polar", "EditLineThickness", "-1", "negative"},
         {"polar", "EditLineThickness", "0", ""},
         {"polar", "EditNumSpokes", "-12", "0"},
-        {"ternary", "EditMajorDivisions", "-5", "0"},
+        {"ternary", "EditMinorDivisions", "-5", "0"},
+        {"graph", "EditXAxisSpacing", "-1", "no numbers"},
     });
 }
 
@@ -121,8 +144,10 @@ TEST_P(RemarksOfEveryKind, NoneWhenTheFormOpens)
     Paper paper(GetParam());
     for (const char* const units : {"inches", "cm", "inches"}) {
         paper.Set({std::string("PopupUnits=") + units});
-        for (const PaperForm::State& state : paper.form.Controls()) {
-            EXPECT_EQ(RemarkOn(state), "") << state.control.name << "=" << state.text << " in " << units;
+        for (const ControlState& state : paper.form.Controls()) {
+            if (state.kind == ControlKind::Text) {
+                EXPECT_EQ(paper.form.Remark(state.name), "") << state.name << "=" << state.text << " in " << units;
+            }
         }
     }
 }
@@ -131,12 +156,13 @@ TEST_P(RemarksOfEveryKind, ANumberThatIsNamedIsTheOneThatThePageUses)
 {
     const Paper fields(GetParam());
     int told = 0;
-    for (const PaperForm::State& state : fields.form.Controls()) {
-        if (state.control.kind != ControlKind::Text || state.control.meaning == Meaning::Prose || !state.enabled) {
+    for (const ControlState& state : fields.form.Controls()) {
+        if (state.kind != ControlKind::Text || !state.enabled ||
+            fields.window->form.Get<TextField>(state.name).MeansNow() == Meaning::Prose) {
             continue;
         }
         for (const char* const text : {"", "-1", "0", "0.5", "2.5", "150"}) {
-            const std::string_view name = state.control.name;
+            const std::string_view name = state.name;
             const std::string used = NumberBehind(Remark(GetParam(), name, text));
             if (used.empty()) {
                 continue;

@@ -65,11 +65,11 @@ TEST_F(SettingsFile, AliasResolvesOnlyToOurOwnPdf)
     const auto resolved = [&](const std::string& alias) {
         window = Open();
         Load(start + alias + rest);
-        EXPECT_EQ(window->form["StaticFileName"].caption, window->OutputFile().Name());
+        EXPECT_EQ(window->form.StaticFileName.Caption(), window->OutputFile().Name());
         return window->OutputFile().Path().string();
     };
     EXPECT_EQ(resolved(Alias(own)), own);
-    EXPECT_EQ(window->form.ColorOf("LinesColorCanvas"), (Color{10, 20, 30}));
+    EXPECT_EQ(NamedForm(window->form).ColorOf("LinesColorCanvas"), (Color{10, 20, 30}));
 
     std::string foreign = pdf;
     foreign.replace(foreign.rfind("(Linealis)"), 10, "(Linear's)");
@@ -103,9 +103,9 @@ TEST_F(SettingsFile, LongTextIsCutAndWhatFollowsStays)
     Saved();
     window = Open();
     EXPECT_FALSE(window->LoadSettings(settings));
-    EXPECT_EQ(window->form.Text("EditXScale"), std::string(254, '1'));
-    EXPECT_EQ(window->form.Text("EditYScale"), std::string(255, '3'));
-    EXPECT_EQ(window->form.Text("EditVertWeight"), "0.123");
+    EXPECT_EQ(NamedForm(window->form).Text("EditXScale"), std::string(254, '1'));
+    EXPECT_EQ(NamedForm(window->form).Text("EditYScale"), std::string(255, '3'));
+    EXPECT_EQ(NamedForm(window->form).Text("EditVertWeight"), "0.123");
 }
 
 TEST_F(SettingsFile, FailuresLeaveFormAndFileSilently)

@@ -206,12 +206,94 @@ private:
     bool worked;
 };
 
+/// What a control holds.
+struct ControlState {
+    std::string_view name;
+    ControlKind kind;
+    std::string caption;
+    std::string text;
+    int listIndex = 0;
+    int items = 0;
+    bool value = false;
+    Color color{};
+    bool enabled = false;
+};
+
+/// A form by the names of its controls, for tests that go over many of them. An unknown name throws.
+class NamedForm {
+public:
+    explicit NamedForm(Form& theForm) : form(theForm) {}
+
+    ControlState operator[](std::string_view name) const { return StateOf(Find(name)); }
+    std::vector<ControlState> Controls() const
+    {
+        std::vector<ControlState> states;
+        for (Control* const control : form.Controls()) {
+            states.push_back(StateOf(*control));
+        }
+        return states;
+    }
+    std::string Text(std::string_view name) const { return form.Get<TextField>(name).Text(); }
+    double Number(std::string_view name) const { return form.Get<TextField>(name).Number(); }
+    std::string Remark(std::string_view name) const { return form.Get<TextField>(name).Remark(); }
+    int ListIndex(std::string_view name) const { return ChoiceNamed(name).ListIndex(); }
+    std::string Selected(std::string_view name) const { return std::string(ChoiceNamed(name).Selected()); }
+    bool Value(std::string_view name) const { return form.Get<CheckBox>(name).Value(); }
+    Color ColorOf(std::string_view name) const { return form.Get<Swatch>(name).Shown(); }
+    void SetText(std::string_view name, std::string text) const
+    {
+        form.Get<TextField>(name).SetText(std::move(text));
+    }
+    void Type(std::string_view name, std::string text) const { form.Get<TextField>(name).Type(std::move(text)); }
+    void SetListIndex(std::string_view name, std::int64_t index) const { ChoiceNamed(name).SetListIndex(index); }
+    void SetValue(std::string_view name, bool value) const { form.Get<CheckBox>(name).SetValue(value); }
+    void Click(std::string_view name, bool value) const { form.Get<CheckBox>(name).Click(value); }
+    void SetColor(std::string_view name, Color color) const { form.Get<Swatch>(name).SetColor(color); }
+
+private:
+    struct Reader {
+        ControlState& state;
+        void operator()(const TextField& field) const { state.text = field.Text(); }
+        void operator()(const Choice& choice) const
+        {
+            state.listIndex = choice.ListIndex();
+            state.items = static_cast<int>(choice.Items().size());
+        }
+        void operator()(const CheckBox& box) const { state.value = box.Value(); }
+        void operator()(const Swatch& swatch) const { state.color = swatch.Shown(); }
+        void operator()(const Label& /*label*/) const {}
+    };
+
+    static ControlState StateOf(Control& control)
+    {
+        ControlState state{.name = control.Name(),
+                           .kind = control.Kind(),
+                           .caption = control.Caption(),
+                           .text = {},
+                           .enabled = control.IsEnabled()};
+        Visit(control, Reader{state});
+        return state;
+    }
+    Control& Find(std::string_view name) const
+    {
+        Control* const control = form.Find(name);
+        return control != nullptr ? *control : throw std::out_of_range(std::string(name));
+    }
+    Choice& ChoiceNamed(std::string_view name) const
+    {
+        auto* const popup = form.Find<Popup>(name);
+        return popup != nullptr ? static_cast<Choice&>(*popup) : form.Get<RadioGroup>(name);
+    }
+
+    Form& form;
+};
+
 /// An open grid window whose save dialog answers with page.pdf.
 class GridTest : public testing::Test {
 protected:
     GridTest() { platform.clock = someTime; }
 
-    std::unique_ptr<PaperWindow> Open() { return FindPaperKind("grid")->make(platform); }
+    std::unique_ptr<PaperWindow> Open() { return MakeWindow(*FindPaperKind("grid"), platform); }
 
     /// Generates, and returns the operators of the page.
     std::vector<std::string> Generate()
@@ -224,7 +306,7 @@ protected:
     FolderItem page{folder / "page.pdf"};
     ScreenlessPlatform platform;
     std::unique_ptr<PaperWindow> window = Open();
-    PaperForm& form = window->form;
+    NamedForm form{window->form};
 
     void SetUp() override { platform.saveAnswer = page; }
 };

@@ -1,6 +1,6 @@
 #include "desktop/SingleInstance.h"
 
-#include "platform/posix/OwnUser.h"
+#include "platform/OwnUser.h"
 
 #include <QDataStream>
 #include <QLocalSocket>
@@ -16,7 +16,7 @@ constexpr char acknowledgement = 'k';
 
 bool IsOwn(const QLocalSocket& socket)
 {
-    return posix::PeerIsOwnUser(static_cast<int>(socket.socketDescriptor()));
+    return PeerIsOwnUser(static_cast<int>(socket.socketDescriptor()));
 }
 
 /// Reads the files, once all have come. Returns whether they have.

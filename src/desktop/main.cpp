@@ -2,8 +2,8 @@
 #include "desktop/Application.h"
 #include "desktop/Desktop.h"
 #include "desktop/SingleInstance.h"
-#include "platform/posix/OwnUser.h"
-#include "platform/posix/SignalPipe.h"
+#include "platform/OwnUser.h"
+#include "platform/SignalPipe.h"
 
 #ifdef LINEALIS_FONTCONFIG
 #include <fontconfig/fontconfig.h>
@@ -74,7 +74,7 @@ void ReadFonts()
 /// A folder of this user's own. Qt is told of it too, which would otherwise complain that there is none.
 QString RuntimeFolder()
 {
-    const auto folder = posix::PrivateRuntimeFolder(QDir::tempPath().toStdString());
+    const auto folder = PrivateRuntimeFolder(QDir::tempPath().toStdString());
     if (!folder.empty()) {
         qputenv("XDG_RUNTIME_DIR", folder.c_str());
     }
@@ -96,7 +96,7 @@ int RunProgram(desktop::Application& application, desktop::SingleInstance& insta
         desktop.Raise();
         desktop.OpenDocuments(files);
     });
-    QSocketNotifier endingSignals(posix::PipeOfEndingSignals(), QSocketNotifier::Read);
+    QSocketNotifier endingSignals(PipeOfEndingSignals(), QSocketNotifier::Read);
     QObject::connect(&endingSignals, &QSocketNotifier::activated, &desktop, [&] {
         endingSignals.setEnabled(false);
         desktop.Quit();

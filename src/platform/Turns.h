@@ -24,18 +24,20 @@ public:
     static constexpr std::int64_t mostRounds = std::int64_t{1} << 28U;
 
     /// `theYield` lets pending events run. It may throw PageStopped.
-    explicit Turns(std::function<void()> theYield) : yield(std::move(theYield)) {}
+    explicit Turns(std::function<void()> theYield, std::int64_t theLimit = mostRounds)
+        : yield(std::move(theYield)), limit(theLimit)
+    {}
 
     /// A new page begins.
     void Restart() { rounds = 0; }
 
     /// Ends a round. Costs next to nothing when called for every line: only each hundredth line's worth of work
     /// reaches the yield. Work between two calls that takes longer than drawing a line says so. Throws PageGivenUp
-    /// after more than mostRounds.
+    /// after more rounds than the limit.
     void RuntimeBackgroundTask(int linesWorth = 1)
     {
-        if (++rounds > mostRounds) {
-            throw PageGivenUp{"the page would take more than 268 million rounds of drawing, so it was given up"};
+        if (++rounds > limit) {
+            throw PageGivenUp{"the page would take too many rounds of drawing, so it was given up"};
         }
         linesBeforeYield -= linesWorth;
         if (linesBeforeYield <= 0) {
@@ -46,6 +48,7 @@ public:
 
 private:
     std::function<void()> yield;
+    std::int64_t limit;
     std::int64_t rounds = 0;
     int linesBeforeYield = linesPerYield;
 };

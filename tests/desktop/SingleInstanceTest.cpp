@@ -1,7 +1,7 @@
 #include "desktop/SingleInstance.h"
 
 #include "DesktopTestSupport.h"
-#include "platform/posix/OwnUser.h"
+#include "platform/OwnUser.h"
 
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -81,7 +81,6 @@ TEST_F(SingleInstanceTest, NoPlaceOrNoAnswerIsNoProgram)
 
 TEST_F(SingleInstanceTest, OnlyAFolderOfOnesOwnIsTrusted)
 {
-    using posix::PrivateRuntimeFolder;
     const fs::path own = folder / ("linealis-" + std::to_string(::getuid()));
     ::setenv("XDG_RUNTIME_DIR", (folder / "none").c_str(), 1);
     EXPECT_EQ(PrivateRuntimeFolder(place), own) << "made";

@@ -1,4 +1,4 @@
-#include "platform/posix/OwnUser.h"
+#include "platform/OwnUser.h"
 
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <string>
 
-namespace linealis::posix {
+namespace linealis {
 
 namespace {
 
@@ -47,4 +47,4 @@ bool PeerIsOwnUser(int socket)
 #endif
 }
 
-}  // namespace linealis::posix
+}  // namespace linealis

@@ -1,4 +1,4 @@
-#include "platform/posix/SignalPipe.h"
+#include "platform/SignalPipe.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -7,7 +7,7 @@
 #include <cerrno>
 #include <csignal>
 
-namespace linealis::posix {
+namespace linealis {
 
 namespace {
 
@@ -50,4 +50,4 @@ int PipeOfEndingSignals()
     return ends[0];
 }
 
-}  // namespace linealis::posix
+}  // namespace linealis
