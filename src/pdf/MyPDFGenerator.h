@@ -155,8 +155,9 @@ private:
     using Line = std::array<Point, 2>;
     /// The point of the line on one edge of the clip rectangle that the region lies outside of.
     Point CutLine(const Line& line, int region) const;
-    /// Moves one end of the line into the clip rectangle. False if both ends lie outside on the same side.
-    bool BringInside(Line& line, std::size_t end) const;
+    /// Moves one end of the line, which lies in `region`, into the clip rectangle. False if there is nothing of the
+    /// line in it: an end and the other one, which lies in `otherRegion`, are outside on the same side.
+    bool BringInside(Line& line, std::size_t end, int region, int otherRegion) const;
 
     std::string CompressedStream();
     void NewObject();

@@ -52,24 +52,23 @@ Point MyPDFGenerator::CutLine(const Line& line, int region) const
     return {clipMinX, y1 + (y2 - y1) * (clipMinX - x1) / (x2 - x1)};
 }
 
-bool MyPDFGenerator::BringInside(Line& line, std::size_t end) const
+bool MyPDFGenerator::BringInside(Line& line, std::size_t end, int region, int otherRegion) const
 {
-    const int otherRegion = FindRegion(line[1 - end].x, line[1 - end].y);
-    for (int cuts = 0; cuts < mostCuts; ++cuts) {
-        const int region = FindRegion(line[end].x, line[end].y);
-        if (region == inside) {
-            return true;
-        }
+    for (int cuts = 0; region != inside; ++cuts) {
         if ((region & otherRegion) != 0) {
             return false;
         }
+        if (cuts == mostCuts) {
+            // At a corner rounding throws the end from the outside of one edge to that of the other, for ever. The
+            // line may well cross the whole rectangle, so it is not given up: it ends in the corner.
+            line[end] = {std::min(std::max(line[end].x, clipMinX), clipMaxX),
+                         std::min(std::max(line[end].y, clipMinY), clipMaxY)};
+            return IsFinite(line[end]);
+        }
         line[end] = CutLine(line, region);
+        region = FindRegion(line[end].x, line[end].y);
     }
-    // At a corner rounding throws the end from the outside of one edge to that of the other, for ever. The line may
-    // well cross the whole rectangle, so it is not given up: it ends in the corner.
-    line[end] = {std::min(std::max(line[end].x, clipMinX), clipMaxX),
-                 std::min(std::max(line[end].y, clipMinY), clipMaxY)};
-    return IsFinite(line[end]);
+    return true;
 }
 
 // The line clipping of Cohen and Sutherland.
@@ -80,8 +79,14 @@ void MyPDFGenerator::ClipLine(double x1, double y1, double x2, double y2, double
     clipMinY = bottom;
     clipMaxX = left + width;
     clipMaxY = bottom + height;
+    const int region1 = FindRegion(x1, y1);
+    const int region2 = FindRegion(x2, y2);
+    if ((region1 | region2) == inside) {  // as most are
+        StrokeLine(x1, y1, x2, y2);
+        return;
+    }
     Line line = {{{x1, y1}, {x2, y2}}};
-    if (BringInside(line, 0) && BringInside(line, 1)) {
+    if (BringInside(line, 0, region1, region2) && BringInside(line, 1, region2, inside)) {
         StrokeLine(line[0].x, line[0].y, line[1].x, line[1].y);
     }
 }
