@@ -29,11 +29,13 @@ public:
     void ShowPreferences(PrefsWindow& window) override { user(window); }
     bool AnyWindowOpen() const override { return anyOpen; }
     void CloseFrontWindow() override { ++closed; }
+    bool IsEnding() const override { return isEnding; }
 
     std::vector<Shown> shown;
     std::function<void(PrefsWindow& window)> user;
     bool anyOpen = true;
     int closed = 0;
+    bool isEnding = false;
 
 private:
     const ScreenlessPlatform& platform;

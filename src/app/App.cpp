@@ -67,6 +67,21 @@ void App::Event_Close()
     WritePrefs(preferences, PrefsFile(), platform);
 }
 
+void App::StoreLastSettings(const PaperKind& kind, const PaperWindow& window) const
+{
+    if (kind.keepsLastSettings) {
+        window.SaveSettings(LastSettingsFile());
+    }
+}
+
+void App::Store()
+{
+    for (const auto& [kind, window] : papers) {
+        StoreLastSettings(*kind, *window);
+    }
+    Event_Close();
+}
+
 void App::CheckForTheLatestVersion()
 {
     versionCheck = std::make_unique<VersionCheckThread>(
@@ -79,6 +94,9 @@ void App::Event_OpenDocument(const FolderItem& file)
 {
     const std::string extension = ExtensionOf(file);
     platform.MsgBox(extension);
+    if (windows.IsEnding()) {
+        return;  // the user has ended the program instead of reading the box
+    }
     if (const PaperKind* const kind = FindPaperKindByExtension(extension)) {
         ShowPaper(*kind).OpenDocument(file);
     }
@@ -102,9 +120,7 @@ std::unique_ptr<PaperWindow> App::PaperClosed(const PaperKind& kind)
     }
     std::unique_ptr<PaperWindow> window = std::move(closed->second);
     papers.erase(closed);
-    if (kind.keepsLastSettings) {
-        window->SaveSettings(LastSettingsFile());
-    }
+    StoreLastSettings(kind, *window);
     return window;
 }
 

@@ -31,6 +31,8 @@ public:
     virtual void ShowPreferences(PrefsWindow& window) = 0;
     virtual bool AnyWindowOpen() const = 0;
     virtual void CloseFrontWindow() = 0;
+    /// Whether the program is about to end.
+    virtual bool IsEnding() const = 0;
 };
 
 /// The application: starts and ends the program, opens the paper windows, and hands a settings file that the system
@@ -42,6 +44,9 @@ public:
 
     void Event_Open();
     void Event_Close();
+
+    /// Stores what the end of every window and of the program would, while they go on.
+    void Store();
     void Event_OpenDocument(const FolderItem& file);
 
     /// Shows the window of a kind, each at most once. It keeps its values until it is closed.
@@ -81,6 +86,7 @@ private:
     FolderItem HelpFile() const;
     FolderItem PrefsFile() const;
     FolderItem LastSettingsFile() const;
+    void StoreLastSettings(const PaperKind& kind, const PaperWindow& window) const;
 
     Platform& platform;
     AppWindows& windows;

@@ -36,7 +36,8 @@ Desktop::Desktop()
     qApp->installEventFilter(this);
     connect(&platform, &DesktopPlatform::Idle, this, &Desktop::ProceedSoon);
     connect(qApp, &QCoreApplication::aboutToQuit, this, &Desktop::End);
-    connect(qApp, &QGuiApplication::commitDataRequest, this, &Desktop::Quit);
+    // The session may end after this, or go on.
+    connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { app.Store(); });
 }
 
 Desktop::~Desktop()
@@ -168,6 +169,7 @@ void Desktop::EndIfLastWindow()
 void Desktop::Quit()
 {
     quitting = true;
+    emit Quitting();
     for (const auto& [kind, view] : views) {
         view->Cancel();
     }

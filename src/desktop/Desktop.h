@@ -40,6 +40,10 @@ public:
     App& Application() { return app; }
     DesktopPlatform& OwnPlatform() { return platform; }
 
+signals:
+    /// From now on no document is taken.
+    void Quitting();
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -48,6 +52,7 @@ private:
     void ShowPreferences(PrefsWindow& window) override;
     bool AnyWindowOpen() const override;
     void CloseFrontWindow() override;
+    bool IsEnding() const override { return quitting; }
 
     PaperView& ViewOf(const PaperKind& kind, PaperWindow& window);
     void OpenDocument(const QString& path);

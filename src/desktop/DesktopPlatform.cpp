@@ -187,21 +187,22 @@ std::string DesktopPlatform::ShortDate() const
 
 void DesktopPlatform::RunStoppable(const bool& stop, const std::function<void()>& work)
 {
-    {
-        stops.push_back(&stop);
-        const auto ended = qScopeGuard([this] { stops.pop_back(); });
-        work();
-    }
-    EmitIfIdle();
+    stops.push_back(&stop);
+    const auto ended = qScopeGuard([this] {
+        stops.pop_back();
+        EmitIfIdle();
+    });
+    work();
 }
 
 int DesktopPlatform::RunModal(QDialog& dialog)
 {
     ++dialogs;
-    const int result = dialog.exec();
-    --dialogs;
-    EmitIfIdle();
-    return result;
+    const auto ended = qScopeGuard([this] {
+        --dialogs;
+        EmitIfIdle();
+    });
+    return dialog.exec();
 }
 
 void DesktopPlatform::EmitIfIdle()
@@ -213,12 +214,14 @@ void DesktopPlatform::EmitIfIdle()
 
 void DesktopPlatform::Yield()
 {
-    if (stops.empty() || sinceLastTurn.elapsed() < millisecondsPerTurn) {
+    if (stops.empty()) {
         return;
     }
-    QCoreApplication::processEvents();
-    sinceLastTurn.restart();
-    if (*stops.back()) {
+    if (sinceLastTurn.elapsed() >= millisecondsPerTurn) {
+        QCoreApplication::processEvents();
+        sinceLastTurn.restart();
+    }
+    if (*stops.back()) {  // by an event of this turn, or in a dialog of the page
         throw PageStopped();
     }
 }

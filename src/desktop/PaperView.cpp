@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QVBoxLayout>
 
 namespace linealis::desktop {
@@ -92,18 +93,25 @@ void PaperView::Generate()
     if (generating) {
         return;
     }
+    MakePage();
+    if (closeWhenDone) {
+        close();
+    }
+}
+
+void PaperView::MakePage()
+{
     generating = true;
     stop = false;
     generateButton->setEnabled(false);
     progressDelay.start();
+    const auto ended = qScopeGuard([this] {
+        progressDelay.stop();
+        ShowProgress(false);
+        generateButton->setEnabled(true);
+        generating = false;
+    });
     platform.RunStoppable(stop, [this] { window.PushButtonGenerate_Action(); });
-    progressDelay.stop();
-    ShowProgress(false);
-    generateButton->setEnabled(true);
-    generating = false;
-    if (closeWhenDone) {
-        close();
-    }
 }
 
 void PaperView::ShowWizard()

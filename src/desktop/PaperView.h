@@ -50,6 +50,7 @@ protected:
 
 private:
     QWidget* MakeButtons();
+    void MakePage();
     void ShowWizard();
     void ShowProgress(bool visible);
 

@@ -3,14 +3,15 @@
 #include "platform/OwnUser.h"
 
 #include <QDataStream>
+#include <QElapsedTimer>
 #include <QLocalSocket>
+#include <QThread>
 
 namespace linealis::desktop {
 
 namespace {
 
-constexpr int millisecondsToConnect = 500;
-constexpr int millisecondsToAnswer = 2000;
+constexpr int millisecondsInAll = 1000;
 constexpr qint64 longestMessage = 1 << 20;
 constexpr char acknowledgement = 'k';
 
@@ -37,11 +38,33 @@ SingleInstance::SingleInstance(const QString& folder, const QString& name, QObje
     connect(&server, &QLocalServer::newConnection, this, &SingleInstance::Accept);
 }
 
-bool SingleInstance::HandOver(const QStringList& files) const
+bool SingleInstance::HandOver(const QStringList& files)
+{
+    if (path.isEmpty()) {
+        return false;
+    }
+    lock = std::make_unique<QLockFile>(path + QStringLiteral(".lock"));
+    lock->setStaleLockTime(0);  // as long as its process lives
+    QElapsedTimer time;
+    time.start();
+    do {
+        if (lock->tryLock(0)) {
+            Listen();
+            return false;
+        }
+        if (Ask(files)) {
+            return true;
+        }
+        QThread::msleep(20);  // it may be about to listen, or to end
+    } while (time.elapsed() < millisecondsInAll);
+    return false;
+}
+
+bool SingleInstance::Ask(const QStringList& files) const
 {
     QLocalSocket socket;
     socket.connectToServer(path);
-    if (path.isEmpty() || !socket.waitForConnected(millisecondsToConnect) || !IsOwn(socket)) {
+    if (!socket.waitForConnected(millisecondsInAll) || !IsOwn(socket)) {
         return false;
     }
     QByteArray message;
@@ -50,15 +73,13 @@ bool SingleInstance::HandOver(const QStringList& files) const
     socket.write(message);
     socket.flush();
     // Only an answer shows that the other program is alive.
-    return socket.waitForReadyRead(millisecondsToAnswer) && socket.read(1) == QByteArray(1, acknowledgement);
+    return socket.waitForReadyRead(millisecondsInAll) && socket.read(1) == QByteArray(1, acknowledgement);
 }
 
 void SingleInstance::Listen()
 {
-    if (!path.isEmpty()) {
-        QLocalServer::removeServer(path);  // what a killed program left behind
-        server.listen(path);
-    }
+    QLocalServer::removeServer(path);  // what a killed program left behind
+    server.listen(path);
 }
 
 void SingleInstance::Accept()

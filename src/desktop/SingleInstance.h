@@ -1,12 +1,15 @@
 #pragma once
 
 #include <QLocalServer>
+#include <QLockFile>
 #include <QObject>
 #include <QStringList>
+#include <memory>
 
 namespace linealis::desktop {
 
-/// One running program a user and display: a second start hands its files to the first and leaves.
+/// One running program a user and display: a second start hands its files to the first and leaves. The running
+/// program is the one that holds a lock, so that two that start at once are not both the first.
 class SingleInstance final : public QObject {
     Q_OBJECT
 
@@ -15,12 +18,13 @@ public:
     /// from others. Without a folder every start is the only one.
     SingleInstance(const QString& folder, const QString& name, QObject* parent = nullptr);
 
-    /// Hands the files to the running program. Returns whether there is one that took them. Whatever else stands at
-    /// the place of its socket delays the start by less than three seconds.
-    bool HandOver(const QStringList& files) const;
+    /// Hands the files to the running program, or becomes it if there is none. Returns whether another took the
+    /// files. One that holds the lock and does not answer, or holds none and has left its socket, is none after a
+    /// second.
+    bool HandOver(const QStringList& files);
 
-    /// Becomes the running program.
-    void Listen();
+    /// The program is about to end: the next start is a program of its own.
+    void Stop() { server.close(); }
 
 signals:
     /// Another start has handed over its files, which may be none. Who takes them does it later: the other program
@@ -28,9 +32,12 @@ signals:
     void Received(const QStringList& files);
 
 private:
+    bool Ask(const QStringList& files) const;
+    void Listen();
     void Accept();
 
     QString path;  ///< of the socket; empty if there is no place for it
+    std::unique_ptr<QLockFile> lock;
     QLocalServer server;
 };
 

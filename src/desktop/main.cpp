@@ -13,9 +13,11 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QIcon>
+#include <QRegularExpression>
 #include <QSocketNotifier>
 #include <cstdio>
 #include <future>
+#include <optional>
 
 namespace {
 
@@ -23,43 +25,60 @@ using namespace linealis;
 
 constexpr int usageWrong = 2;
 
-struct CommandLine {
-    QCommandLineParser parser;
-    QCommandLineOption help = parser.addHelpOption();
-    QCommandLineOption version = parser.addVersionOption();
-
-    CommandLine()
-    {
-        parser.setApplicationDescription(QStringLiteral("Makes printable paper."));
-        parser.addPositionalArgument(QStringLiteral("files"), QStringLiteral("Settings files to open."),
-                                     QStringLiteral("[files...]"));
-    }
-};
-
-/// Prints what is asked for with --help or --version. Returns whether something was. Needs no screen.
-bool PrintsHelpOrVersion(int argc, char** argv)
+/// Qt's own options and, where it has one, the word behind each, taken out of what main was given.
+QStringList WithoutQtOptions(int argc, char** argv)
 {
-    QCoreApplication application(argc, argv);
-    CommandLine line;
-    line.parser.parse(QCoreApplication::arguments());
-    if (line.parser.isSet(line.help)) {
-        std::fputs(line.parser.helpText().toUtf8().constData(), stdout);
-    } else if (line.parser.isSet(line.version)) {
-        std::printf("linealis %s\n", versionText);
-    } else {
-        return false;
+    const QStringList withWord = {QStringLiteral("platform"),        QStringLiteral("style"),
+                                  QStringLiteral("stylesheet"),      QStringLiteral("display"),
+                                  QStringLiteral("geometry"),        QStringLiteral("session"),
+                                  QStringLiteral("qwindowgeometry"), QStringLiteral("qwindowtitle"),
+                                  QStringLiteral("platformtheme"),   QStringLiteral("platformpluginpath")};
+    QStringList own;
+    for (int i = 0; i < argc; ++i) {
+        const QString argument = QString::fromLocal8Bit(argv[i]);
+        const QString name = QString(argument).remove(QRegularExpression(QStringLiteral("^--?")));
+        if (argument.startsWith(QLatin1Char('-')) && withWord.contains(name)) {
+            ++i;
+        } else {
+            own << argument;
+        }
     }
-    return true;
+    return own;
 }
 
-/// The documents on the command line, as a program with another working directory finds them.
-QStringList Documents(const QStringList& arguments)
-{
+/// What the command line asks for, told without a screen.
+struct CommandLine {
     QStringList files;
-    for (const QString& argument : arguments) {
-        files << QFileInfo(argument).absoluteFilePath();
+    std::optional<int> status;  ///< with which the program ends at once
+
+    CommandLine(int argc, char** argv);
+};
+
+CommandLine::CommandLine(int argc, char** argv)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Makes printable paper."));
+    const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption version = parser.addVersionOption();
+    parser.addPositionalArgument(QStringLiteral("files"), QStringLiteral("Settings files to open."),
+                                 QStringLiteral("[files...]"));
+    if (!parser.parse(WithoutQtOptions(argc, argv))) {
+        std::fprintf(stderr, "linealis: %s; possible: --help, --version, and settings files to open\n",
+                     parser.errorText().toUtf8().constData());
+        status = usageWrong;
+    } else if (parser.isSet(help)) {
+        int none = 1;
+        const QCoreApplication application(none, argv);  // whose name the help has
+        std::fputs(parser.helpText().toUtf8().constData(), stdout);
+        status = 0;
+    } else if (parser.isSet(version)) {
+        std::printf("linealis %s\n", versionText);
+        status = 0;
     }
-    return files;
+    // As a program with another working directory finds them.
+    for (const QString& file : parser.positionalArguments()) {
+        files << QFileInfo(file).absoluteFilePath();
+    }
 }
 
 /// Reads the system's list of fonts, which takes longer than all else before the first window is painted. Qt has it
@@ -81,11 +100,16 @@ QString RuntimeFolder()
     return QString::fromStdString(folder.string());
 }
 
-/// What tells the running programs of one user apart: the display that they are on.
+/// What tells the running programs of one user apart: the display that they are on. All screens of one are the
+/// same.
 QString NameOfInstance()
 {
-    const QString display = qEnvironmentVariable("WAYLAND_DISPLAY", qEnvironmentVariable("DISPLAY"));
-    return QStringLiteral("linealis-") + QString::fromLatin1(display.toUtf8().toPercentEncoding());
+    const bool isX11 = QGuiApplication::platformName() == QLatin1String("xcb");
+    const QString display = qEnvironmentVariable(isX11 ? "DISPLAY" : "WAYLAND_DISPLAY");
+    const QRegularExpression screen(QStringLiteral("(:\\d+)\\.\\d+$"));
+    return QStringLiteral("linealis-") +
+           QString::fromLatin1(
+               QString(display).replace(screen, QStringLiteral("\\1")).toUtf8().toPercentEncoding());
 }
 
 int RunProgram(desktop::Application& application, desktop::SingleInstance& instance, const QStringList& documents)
@@ -96,6 +120,7 @@ int RunProgram(desktop::Application& application, desktop::SingleInstance& insta
         desktop.Raise();
         desktop.OpenDocuments(files);
     });
+    QObject::connect(&desktop, &desktop::Desktop::Quitting, &instance, &desktop::SingleInstance::Stop);
     QSocketNotifier endingSignals(PipeOfEndingSignals(), QSocketNotifier::Read);
     QObject::connect(&endingSignals, &QSocketNotifier::activated, &desktop, [&] {
         endingSignals.setEnabled(false);
@@ -112,8 +137,9 @@ int RunProgram(desktop::Application& application, desktop::SingleInstance& insta
 
 int main(int argc, char** argv)
 {
-    if (PrintsHelpOrVersion(argc, argv)) {
-        return 0;
+    const CommandLine line(argc, argv);
+    if (line.status) {
+        return *line.status;
     }
     const std::future<void> fonts = std::async(std::launch::async, ReadFonts);
     const QString runtimeFolder = RuntimeFolder();
@@ -122,18 +148,10 @@ int main(int argc, char** argv)
     QApplication::setApplicationVersion(QString::fromUtf8(versionText));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/gallery/Graph.png")));
 
-    CommandLine line;
-    if (!line.parser.parse(QApplication::arguments())) {
-        std::fprintf(stderr, "linealis: %s; possible: --help, --version, and settings files to open\n",
-                     line.parser.errorText().toUtf8().constData());
-        return usageWrong;
-    }
-    const QStringList documents = Documents(line.parser.positionalArguments());
     desktop::SingleInstance instance(runtimeFolder, NameOfInstance());
-    if (instance.HandOver(documents)) {
+    if (instance.HandOver(line.files)) {
         std::puts("Linealis is already running; its window comes to the front.");
         return 0;
     }
-    instance.Listen();
-    return RunProgram(application, instance, documents);
+    return RunProgram(application, instance, line.files);
 }

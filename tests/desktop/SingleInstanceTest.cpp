@@ -43,7 +43,7 @@ TEST_F(SingleInstanceTest, FilesGoToTheRunningProgram)
     const std::vector<QStringList> starts = {{QStringLiteral("/a.setx"), QStringLiteral("/b c.setd")}, {}, many};
     {
         SingleInstance first(path, name);
-        first.Listen();
+        EXPECT_FALSE(first.HandOver({}));
         QSignalSpy received(&first, &SingleInstance::Received);
         for (const QStringList& files : starts) {
             EXPECT_TRUE(Start(files));
@@ -65,7 +65,7 @@ TEST_F(SingleInstanceTest, WhatADeadProgramLeftIsNoProgram)
 
     EXPECT_FALSE(Start({QStringLiteral("/a.setx")}));
     SingleInstance next(path, name);
-    next.Listen();
+    EXPECT_FALSE(next.HandOver({}));
     QSignalSpy received(&next, &SingleInstance::Received);
     EXPECT_TRUE(Start({QStringLiteral("/a.setx")}));
     EXPECT_EQ(received.size(), 1);
