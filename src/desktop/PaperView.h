@@ -36,7 +36,6 @@ public:
 
     /// Makes the page, as the Generate button does. Does nothing while one is being made.
     void Generate();
-    bool IsGenerating() const { return generating; }
 
     /// Stops the page that is being made; the file stays as it was.
     void Cancel() { stop = true; }

@@ -17,7 +17,7 @@ double ComputeInverseERF(double p);
 /// Where a percentage lies on the normal probability scale: 0 at 0.1 per cent, 1 at 99.9 per cent.
 double ShareOfProbabilityScale(double percentage);
 
-/// The error function, as the first 86 terms of its Maclaurin series.
+/// The error function, as the first 86 terms of its Maclaurin series. No page needs it.
 double ComputeERF(double x);
 
 /// n! as a float. 1 for 0 and below.

@@ -28,8 +28,8 @@ public:
     /// Appends what has been written into the room, up to `end`.
     void TakeIn(const char* end) { mLength = end - mData.get(); }
 
-    /// Inserts before the byte at `position`, which counts from 1; Length() + 1 appends. Positions outside are
-    /// moved to the nearest end.
+    /// For whoever writes a page out of order; the generator does not. Inserts before the byte at `position`, which
+    /// counts from 1; Length() + 1 appends. Positions outside are moved to the nearest end.
     void InsertString(std::int64_t position, std::string_view text);
 
     /// A copy of the content.

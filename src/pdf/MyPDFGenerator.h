@@ -22,6 +22,9 @@ namespace linealis {
 /// operators, EndPage, CloseFile, Delete. Drawing only appends text to a buffer in memory; CloseFile writes the
 /// file, in one go. A generator is used again for every page of its window.
 ///
+/// No kind of paper calls OpenFilename, SetDash, DrawRotatedText, FillCircle, HandleInTextMode and
+/// HandleOutTextMode: they are there for kinds to come, and tested.
+///
 /// Coordinates are PDF points, the origin at the lower left corner of the page, y upwards. A line of the content
 /// stream and of the file ends in one CR byte.
 class MyPDFGenerator {

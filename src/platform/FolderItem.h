@@ -38,7 +38,6 @@ public:
     FolderItem MakePrivateFolder(const std::string& prefix) const;
 
     bool IsEmpty() const { return path.empty() && !standardOutput; }
-    bool IsStandardOutput() const { return standardOutput; }
 
     /// Absolute; empty for an empty reference and for standard output.
     const std::filesystem::path& Path() const { return path; }
