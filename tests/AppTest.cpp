@@ -155,46 +155,6 @@ const Names kinds = {"graph",     "axonometric", "cornell", "crosses",   "dots",
                      "isometric", "lined",       "polar",   "trapezoid", "ternary", "grid",        "brick"};
 constexpr std::string_view letters = "gacrdehilptyxk";
 
-TEST_F(Documents, ReachTheirWindowStepByStep)
-{
-    for (std::size_t i = 0; i < kinds.size(); ++i) {
-        const PaperKind& kind = *FindPaperKind(kinds[i]);
-        for (const std::string& extension :
-             {std::string("set") + letters[i], std::string("SET") + static_cast<char>(letters[i] - 'a' + 'A')}) {
-            SCOPED_TRACE(extension);
-            app.PaperClosed(kind);
-            const FolderItem file = Document(kind, "a.seta." + extension);
-            platform.messages.clear();
-            windows.shown.clear();
-            app.Event_OpenDocument(file);
-            EXPECT_EQ(platform.messages, Names{extension});
-            ASSERT_EQ(windows.shown.size(), 1U);
-            const Windows::Shown shown = windows.shown[0];  // a copy: the list grows below
-            EXPECT_TRUE(shown.kind == kinds[i] && shown.messagesBefore == 1);
-            EXPECT_TRUE(shown.scale == "100" && !shown.hasDocument) << "shown before it is loaded";
-            const PaperWindow& window = Window(kinds[i]);
-            EXPECT_EQ(&window, shown.window);
-            EXPECT_EQ(window.form.EditXScale.Text(), "77");
-            EXPECT_EQ(window.OurFolderItem(), file);
-        }
-    }
-    EXPECT_TRUE(platform.dialogs.empty() && platform.fileErrors.empty());
-}
-
-TEST_F(Documents, ReachAWindowThatIsAlreadyOpen)
-{
-    PaperWindow& window = Window("grid");
-    window.form.EditXScale.SetText("55");
-    const FolderItem missing(folder / "missing.setx");
-    app.Event_OpenDocument(missing);
-    EXPECT_EQ(window.form.EditXScale.Text(), "55");
-    EXPECT_EQ(window.OurFolderItem(), missing);
-    app.Event_OpenDocument(Document(*FindPaperKind("grid"), "there.setx"));
-    EXPECT_EQ(window.form.EditXScale.Text(), "77");
-    EXPECT_EQ(windows.shown.at(1).window, &window);
-    EXPECT_EQ(platform.messages, (Names{"setx", "setx"}));
-}
-
 TEST_F(Documents, OfAnUnknownExtensionAreDroppedAfterTheMessage)
 {
     for (const char* const name : {"page.pdf", "setx", "grid.set", "grid.setxx", "grid.setx.bak", "grid."}) {
@@ -202,23 +162,6 @@ TEST_F(Documents, OfAnUnknownExtensionAreDroppedAfterTheMessage)
     }
     EXPECT_EQ(platform.messages, (Names{"pdf", "", "set", "setxx", "bak", ""}));
     EXPECT_TRUE(windows.shown.empty());
-}
-
-TEST_F(PaperWindows, AreMadeOnceAndKeepTheirValuesUntilClosed)
-{
-    for (const MenuItem& item : MenuBar1().at(3).items) {
-        SCOPED_TRACE(item.name);
-        Choose(item.name);
-        ASSERT_EQ(windows.shown.back().kind, item.kind->name);
-        Window(item.kind->name).form.EditXScale.SetText("55");
-        Choose(item.name);
-        EXPECT_EQ(windows.shown.back().scale, "55");
-        app.PaperClosed(*item.kind);
-        app.PaperClosed(*item.kind);  // harmless, though it is no longer there
-        Choose(item.name);
-        EXPECT_EQ(windows.shown.back().scale, "100");
-    }
-    EXPECT_EQ(windows.shown.size(), 3 * kinds.size());
 }
 
 TEST_F(PaperWindows, TheGraphsLastSettingsAreLoadedByTheGalleryAlone)
@@ -252,21 +195,24 @@ TEST_F(PaperWindows, TheGraphsLastSettingsAreLoadedByTheGalleryAlone)
 
 TEST_F(Gallery, AClickOpensItsKindOnce)
 {
-    ASSERT_EQ(app.Gallery().Entries().size(), kinds.size());
-    for (std::size_t i = 0; i < kinds.size(); ++i) {
+    ASSERT_EQ(app.Gallery().Entries().size(), PaperKinds().size());
+    for (std::size_t i = 0; i < PaperKinds().size(); ++i) {
+        const std::string_view kind = PaperKinds()[i].name;
+        EXPECT_TRUE(i >= kinds.size() || kind == kinds[i]) << "the gallery's order is what its users know";
         const fs::path pictures = fs::path(LINEALIS_PAGES_PATH) / "../../resources/gallery";
         const std::string png = ReadFile(pictures / app.Gallery().Entries()[i].picture);
-        EXPECT_EQ(png.substr(16, 8), std::string("\0\0\0\x66\0\0\0\x84", 8)) << "not 102 by 132";
+        EXPECT_EQ(png.substr(16, 8), std::string("\0\0\0\x66\0\0\0\x84", 8))
+            << "resources/gallery has no picture of 102 by 132 pixels for " << kind;
         app.Gallery().Event_MouseUp(i);
-        EXPECT_EQ(windows.shown.back().kind, kinds[i]);
-        PaperWindow& window = Window(kinds[i]);
+        EXPECT_EQ(windows.shown.back().kind, kind);
+        PaperWindow& window = Window(kind);
         window.form.EditXScale.SetText("55");
         app.Gallery().Event_MouseUp(i);
         EXPECT_EQ(windows.shown.back().window, &window);
         EXPECT_EQ(windows.shown.back().scale, "55");
     }
     windows.shown.clear();
-    app.Gallery().Event_MouseUp(kinds.size());
+    app.Gallery().Event_MouseUp(PaperKinds().size());
     app.Gallery().Event_MouseUp(std::numeric_limits<std::size_t>::max());
     EXPECT_TRUE(windows.shown.empty());
 }
@@ -319,31 +265,6 @@ TEST_F(Help, AStrangersFileOrLinkIsLeftAlone)
     EXPECT_FALSE(fs::exists(folder / "missing"));
 }
 
-TEST_F(Help, TellsOnceThatItFailed)
-{
-    platform.launchSucceeds = false;
-    app.DoHelp();
-    EXPECT_EQ(platform.messages, Names{helpFailed});
-    platform.launched.clear();
-    platform.temporaryFolder = FolderItem(folder / "missing");
-    app.DoHelp();
-    EXPECT_EQ(platform.messages, (Names{helpFailed, helpFailed}));
-    EXPECT_TRUE(platform.launched.empty()) << "there is nothing to open";
-}
-
-TEST_F(Commands, AboutAndWebPages)
-{
-    Choose("AppleAboutLinealis");
-    ASSERT_EQ(platform.dialogs.size(), 1U);
-    const MessageDialog& dialog = platform.dialogs[0];
-    EXPECT_TRUE(dialog.message.starts_with(std::string("Linealis   Version: ") + versionText + '\n'));
-    EXPECT_EQ(dialog.actionButton + dialog.cancelButton + dialog.alternateActionButton, "OK");
-    Choose("AppleVisitWebsite");
-    Choose("AppleCheckForLatestVersion");
-    EXPECT_EQ(platform.shownUrls, (Names{server, server + "/version.html?prog=linealis&version=" + versionText}));
-    EXPECT_TRUE(platform.fetches.empty());
-}
-
 TEST_F(Commands, NeedWhatTheyWorkOn)
 {
     const auto disabled = [](const PaperWindow* front, bool anyWindow) {
@@ -367,54 +288,6 @@ TEST_F(Commands, NeedWhatTheyWorkOn)
     EXPECT_EQ(disabled(&window, true), Names{"FileSave"}) << "a page is no settings file";
     window.FileSaveAs_Action();
     EXPECT_EQ(disabled(&window, true), Names{});
-}
-
-TEST_F(Commands, SettingsFilesAreTheFrontWindows)
-{
-    PaperWindow& grid = Window("grid");
-    PaperWindow& lined = Window("lined");
-    platform.saveAnswer = FolderItem(folder / "grid.setx");
-    grid.form.EditXScale.SetText("55");
-    Choose("FileSaveAs", &grid);
-    EXPECT_EQ(grid.OurFolderItem(), platform.saveAnswer);
-    grid.form.EditXScale.SetText("66");
-    Choose("FileSave", &grid);
-    grid.form.EditXScale.SetText("77");
-    platform.openAnswer = platform.saveAnswer;
-    Choose("FileOpen", &grid);
-    EXPECT_EQ(grid.form.EditXScale.Text(), "66");
-    EXPECT_TRUE(lined.OurFolderItem().IsEmpty());
-    Choose("FileClose");
-    windows.anyOpen = false;
-    Choose("FileClose");
-    EXPECT_EQ(windows.closed, 1) << "there is none to close";
-}
-
-TEST_F(PreferencesDialog, OkTakesEffectAtTheNextStartAndCancelNever)
-{
-    app.Event_Open();
-    windows.user = [&](PrefsWindow& window) {
-        EXPECT_EQ(window.form.CheckBoxUpdateCheck.Caption(), "Check For Updates");
-        EXPECT_TRUE(window.form.CheckBoxUpdateCheck.Value());
-        window.form.CheckBoxUpdateCheck.Click(false);
-        window.PushButton1_Action();
-    };
-    Choose("EditPreferences");
-    platform.fetches.at(0).onReply("9.8.7");
-    EXPECT_EQ(platform.dialogs.size(), 1U) << "the check that is under way goes on";
-    EXPECT_EQ(FetchesAtTheNextStart(), 1U) << "not yet written";
-    app.Event_Close();
-    EXPECT_EQ(FetchesAtTheNextStart(), 0U);
-    for (const bool pressesOk : {false, true}) {
-        windows.user = [&](PrefsWindow& window) {
-            EXPECT_EQ(window.form.CheckBoxUpdateCheck.Value(), false);
-            window.form.CheckBoxUpdateCheck.Click(true);
-            pressesOk ? window.PushButton1_Action() : window.PushButton2_Action();
-        };
-        Choose("EditPreferences");
-        app.Event_Close();
-        EXPECT_EQ(FetchesAtTheNextStart(), pressesOk ? 1U : 0U);
-    }
 }
 
 }  // namespace

@@ -131,20 +131,6 @@ TEST_F(Cli, ActionsAreAppliedInOrder)
     EXPECT_EQ(value(loaded, "EditYScale"), "2");
 }
 
-TEST_F(Cli, GeneratesAPage)
-{
-    Succeeds({"generate", "grid", "-o", In("page.pdf")});
-    const std::vector<std::string> page = PageOf(folder / "page.pdf");
-    EXPECT_EQ(std::count(page.begin(), page.end(), "S"), 41 + 31);
-    EXPECT_EQ(Complaints(folder / "page.pdf"), "");
-    const Finished piped = Call({"generate", "grid", "-o", "-"});
-    EXPECT_EQ(piped.status, 0);
-    WriteFile(folder / "piped.pdf", piped.output);
-    EXPECT_EQ(PageOf(folder / "piped.pdf"), page);
-    EXPECT_EQ(Complaints(folder / "piped.pdf"), "");
-    EXPECT_EQ(folder.Names(), (Names{"page.pdf", "piped.pdf"}));
-}
-
 TEST_F(Cli, GeneratesFromSettingsFiles)
 {
     Succeeds({"generate", "grid", "-o", In("old.pdf")});

@@ -57,7 +57,9 @@ std::string FirstDifference(const std::string& content, const Names& description
 TEST_P(GoldenPages, AreAsTheyWere)
 {
     const TemporaryFolder folder;
-    for (const fs::directory_entry& entry : fs::directory_iterator(fs::path(LINEALIS_PAGES_PATH) / GetParam())) {
+    const fs::path cases = fs::path(LINEALIS_PAGES_PATH) / GetParam();
+    ASSERT_TRUE(fs::is_directory(cases)) << "there is no golden page of this kind: make " << cases << "/NAME";
+    for (const fs::directory_entry& entry : fs::directory_iterator(cases)) {
         SCOPED_TRACE(entry.path().filename());
         const Case wanted = ReadCase(entry.path());
         Paper paper(GetParam());

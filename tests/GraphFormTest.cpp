@@ -112,25 +112,6 @@ TEST_F(GraphForm, TypingARangeRecalculatesTheLines)
     EXPECT_EQ(GridLines(), Counts(101, 46));
 }
 
-TEST_F(GraphForm, UnitsThereAndBack)
-{
-    const Names converted = {"EditTopMargin",    "EditBottomMargin", "EditLeftMargin",   "EditRightMargin",
-                             "EditXLineSpacing", "EditYLineSpacing", "EditCustomHeight", "EditCustomWidth"};
-    const Names before = Texts(converted);
-    const std::string saved = Saved();
-    Set({"PopupUnits=cm"});
-    EXPECT_EQ(Texts(converted),
-              (Names{"3.81", "1.27", "1.905", "1.905", "3.937008", "3.937008", "27.94", "21.59"}));
-    EXPECT_TRUE(form["StaticTextLinesPerUnit"].caption == "Lines/cm" && form["StaticText16"].caption == "cm");
-    EXPECT_EQ(Texts({"EditTitleX", "EditTitleY", "EditXAxisTitleX", "EditYAxisTitleY", "EditXLineThickness"}),
-              (Names{"2.6", "1", "2.9", "4", ".1"}))
-        << "all else keeps its digits";
-    Set({"PopupUnits=inches"});
-    EXPECT_EQ(Texts(converted), before);
-    EXPECT_EQ(Saved(), saved);
-    EXPECT_TRUE(form["StaticTextLinesPerUnit"].caption == "Lines/in" && form["StaticText16"].caption == "in");
-}
-
 TEST_F(GraphForm, WizardFillsTwelveFields)
 {
     const Names twelve = {"EditXLineSpacing", "EditXAxisMinimum", "EditXAxisMaximum", "EditXAxisStep",

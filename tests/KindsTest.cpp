@@ -160,6 +160,7 @@ TEST_P(EveryKind, KeepsItsFormAndMakesItsPage)
     EXPECT_EQ(paper.form["StaticFileName"].caption, "Untitled");
     paper.Generate();
     EXPECT_EQ(Complaints(paper.file.Path()), "") << "the default page";
+    ASSERT_TRUE(fileOrder.contains(GetParam())) << "the table above does not have the settings file of this kind";
     Fill(paper.form, 1);
     const std::string saved = paper.Saved();
     std::string bytes;

@@ -66,26 +66,6 @@ TEST_F(Operators, WidthCountsCharacters)
     EXPECT_EQ(MyPDFGenerator::StringWidth("a\xFFz\xC3", 1, 10), 24.0) << "a stray byte is a character";
 }
 
-TEST_F(Operators, RotatedText)
-{
-    pdf.SetFont(5, 10.0);
-    pdf.SetTextPos(1.5, 2.0);
-    const auto matrix = [&](double angle) {
-        pdf.ShowRotated("T", angle, 100.0, 200.5);
-        const Names drawn = Drawn();
-        EXPECT_EQ(drawn.size(), 6U);
-        return drawn.at(2);
-    };
-    pdf.ShowRotated("T", 0.0, 100.0, 200.5);
-    EXPECT_EQ(Drawn(),
-              (Names{"BT", "/F5 10 Tf", "00001.00000000 00000.00000000 00000.00000000 00001.00000000 100 200.5 Tm",
-                     "1.5 2 Td", "(T) Tj", "ET"}));
-    // The stored pi is 0.00000005 too large, which shows in the eighth decimal.
-    EXPECT_EQ(matrix(90.0), "-00000.00000002 00001.00000000 -00001.00000000 -00000.00000002 100 200.5 Tm");
-    EXPECT_EQ(matrix(60.0), "00000.49999999 00000.86602541 -00000.86602541 00000.49999999 100 200.5 Tm");
-    EXPECT_EQ(matrix(-60.0), "00000.49999999 -00000.86602541 00000.86602541 00000.49999999 100 200.5 Tm");
-}
-
 TEST_F(Operators, TextOnACircle)
 {
     // A character is 6 points wide, 0.1 radian of this circle.
@@ -101,43 +81,6 @@ TEST_F(Operators, TextOnACircle)
                      "0 60 Td", "(x) Tj", "ET"}));
     pdf.DrawRotatedTextFont("", 100.0, 200.0, 60.0, 90.0, 10, 5);
     EXPECT_EQ(Drawn(), Names{});
-}
-
-TEST_F(Operators, CirclesAreFourCurvesFromTheTop)
-{
-    // On the unit circle the small excess of the stored pi shows in the place of each quadrant's end.
-    Names unitCircle = {"0 1 m",
-                        "0.5522847 1 1 0.5522847 1 -0.000000023205 c",
-                        "1 -0.000000023205 m",
-                        "1 -0.5522848 0.5522847 -1 -0.00000004641 -1 c",
-                        "-0.00000004641 -1 m",
-                        "-0.5522848 -1 -1 -0.5522847 -1 0.000000069615 c",
-                        "-1 0.000000069615 m",
-                        "-1 0.5522848 -0.5522847 1 0.00000009282 1 c",
-                        " S"};
-    pdf.DrawCircle(0.0, 0.0, 1.0);
-    EXPECT_EQ(Drawn(), unitCircle);
-    pdf.FillCircle(0.0, 0.0, 1.0);
-    unitCircle.back() = " B";
-    EXPECT_EQ(Drawn(), unitCircle);
-    pdf.DrawCircle(100.0, 200.0, 50.0);
-    EXPECT_EQ(Drawn(),
-              (Names{"100 250 m", "127.6142 250 150 227.6142 150 200 c", "150 200 m",
-                     "150 172.3858 127.6142 150 100 150 c", "100 150 m", "72.38576 150 50 172.3858 50 200 c",
-                     "50 200 m", "50 227.6142 72.38577 250 100 250 c", " S"}));
-}
-
-TEST_F(Operators, FilledRectangles)
-{
-    pdf.FillRect(1, 2, 30, 40);
-    EXPECT_EQ(Drawn(), (Names{"1 2 m", "30 2 l", "30 40 l", "1 40 l", "1 2 l", " f"}));
-    const Names turned = {"5 -5 m", "15 -5 l", "15 15 l", "5 15 l", "5 -5 l", " f"};
-    pdf.FillRectRotated(0, 0, 20, 10, 90.0);
-    EXPECT_EQ(Drawn(), turned) << "from the upper left corner, about the centre 10, 5";
-    pdf.FillRectRotated(20, 10, 0, 0, 90.0);
-    EXPECT_EQ(Drawn(), turned);
-    pdf.FillRectRotated(0, 0, 3, 1, 180.0);
-    EXPECT_EQ(Drawn().at(0), "3 0.000000069615 m") << "the centre may lie between two points";
 }
 
 TEST_F(Operators, AnOpenTextObjectIsOpenedAndClosedOnce)

@@ -14,40 +14,6 @@ struct SmallForm final : Form {
     TextField follower{*this, Group::Page, "Follower", "Caption:", "", {.label = "Label", .enabledBy = &box}};
 };
 
-TEST(Form, HandlersRunWhenTheControlIsSet)
-{
-    SmallForm form;
-    Names log;
-    form.popup.onChange = [&] { log.push_back("popup " + std::to_string(form.popup.ListIndex())); };
-    form.text.onChange = [&] { log.emplace_back(form.focusedControl == &form.text ? "typed" : "set"); };
-    form.box.onClick = [&] { log.emplace_back("box"); };
-    for (const std::int64_t index : {1, 1, 99, -7}) {
-        form.popup.SetListIndex(index);
-    }
-    form.text.SetText("2");
-    form.text.Type("3");
-    form.box.SetValue(true);
-    form.box.Click(true);
-    EXPECT_EQ(log, (Names{"popup 1", "popup 1", "popup 2", "popup 0", "set", "typed", "box"}));
-    EXPECT_EQ(form.focusedControl, nullptr);
-    EXPECT_EQ(form.Get<Label>("Label").Caption(), "Caption:");
-    EXPECT_THROW(form.Get<TextField>("Popup"), std::out_of_range);
-}
-
-TEST(Form, AFollowerIsEnabledExactlyWhileItsBoxIsOn)
-{
-    SmallForm form;
-    const auto enabled = [&] {
-        EXPECT_EQ(form.follower.IsEnabled(), form.Get<Label>("Label").IsEnabled());
-        return form.follower.IsEnabled();
-    };
-    EXPECT_FALSE(enabled());
-    form.box.SetValue(true);
-    EXPECT_TRUE(enabled()) << "also when a file is loaded";
-    form.box.Click(false);
-    EXPECT_FALSE(enabled());
-}
-
 class Window : public GridTest {
 protected:
     Names Texts(const Names& names) const
@@ -145,15 +111,6 @@ TEST_F(Window, CustomSizes)
     EXPECT_EQ(Texts(customSize), (Names{mystring(595 * 2.54 / 72), mystring(842 * 2.54 / 72)}));
 }
 
-TEST_F(Window, AColorIsChosenOrStays)
-{
-    platform.colorAnswer = Color{255, 0, 51};
-    window->ColorCanvas_MouseDown(window->form.Get<Swatch>("BackgroundColorCanvas"));
-    platform.colorAnswer.reset();
-    window->ColorCanvas_MouseDown(window->form.Get<Swatch>("BackgroundColorCanvas"));
-    EXPECT_EQ(Generate().at(1), "1.00 0.00 0.20 RG");
-}
-
 TEST_F(Window, RemembersItsFileUntilAShiftClick)
 {
     Generate();
@@ -195,19 +152,6 @@ TEST_F(Window, CancelledDialogMakesNothing)
     platform.shiftKey = false;
     window->PushButtonGenerate_Action();
     EXPECT_TRUE(platform.launched.empty());
-}
-
-TEST_F(Window, ViewsThePageOnlyIfWanted)
-{
-    form.SetValue("CheckBoxViewGraph", false);
-    Generate();
-    EXPECT_TRUE(platform.launched.empty());
-    form.SetValue("CheckBoxViewGraph", true);
-    platform.shiftKey = true;
-    platform.saveAnswer = FolderItem(folder / "missing/page.pdf");
-    window->PushButtonGenerate_Action();
-    EXPECT_EQ(platform.fileErrors.size(), 1U);
-    EXPECT_EQ(platform.launched, std::vector{platform.saveAnswer}) << "whatever became of the page";
 }
 
 TEST_F(Window, APageTooLargeIsGivenUp)
@@ -272,32 +216,6 @@ TEST_F(Window, APageCanBeDrawnOnAThreadOfItsOwn)
         return std::string(pdf.Stream());
     });
     EXPECT_EQ(made, Lines(drawn.get()));
-}
-
-TEST_F(Window, FileMenuRemembersTheSettingsFile)
-{
-    const FolderItem first(folder / "first.setx"), second(folder / "second.setx");
-    platform.saveAnswer = FolderItem();
-    window->FileSave_Action();
-    window->FileSaveAs_Action();
-    EXPECT_TRUE(window->OurFolderItem().IsEmpty());
-    EXPECT_EQ(folder.Names(), Names{});
-
-    platform.saveAnswer = first;
-    window->FileSaveAs_Action();
-    EXPECT_EQ(platform.saveQuestions.back().type, (FileType{"Setx", "setx"}));
-    EXPECT_EQ(platform.saveQuestions.back().suggestedName, "Untitled");
-    form.SetText("EditXScale", "77");
-    window->FileSave_Action();
-    fs::copy_file(first.Path(), second.Path());
-    form.SetText("EditXScale", "66");
-    platform.openAnswer = second;
-    window->FileOpen_Action();
-    EXPECT_EQ(form.Text("EditXScale"), "77");
-    EXPECT_EQ(window->OurFolderItem(), second);
-    platform.openAnswer = FolderItem();
-    window->FileOpen_Action();
-    EXPECT_EQ(window->OurFolderItem(), second);
 }
 
 }  // namespace

@@ -116,106 +116,6 @@ protected:
     }
 };
 
-TEST_F(DesktopForm, LabelsAndTipsExplainTheFields)
-{
-    QWidget& window = OpenPaper("lined");
-    std::map<std::string, std::string> buddies;
-    for (const QLabel* const label : window.findChildren<QLabel*>()) {
-        if (label->buddy() != nullptr) {
-            buddies[label->buddy()->objectName().toStdString()] = label->text().toStdString();
-        }
-    }
-    EXPECT_EQ(buddies["PopupUnits"], "Units:");
-    EXPECT_EQ(buddies["EditYScale"], "Y Scale:");
-    EXPECT_EQ(buddies["EditBlankTop"], "Blank Lines on Top:");
-    const auto expectTip = [&](std::string_view field, std::string_view words) {
-        const std::string tip = Child(window, field).toolTip().toStdString();
-        EXPECT_NE(tip.find(words), std::string::npos) << field << ": " << tip;
-    };
-    expectTip("EditXScale", "Per cent");
-    expectTip("EditLeftMargin", "inches or centimetres");
-    expectTip("EditLineThicknessHorz", "points");
-}
-
-TEST_F(DesktopForm, OnlyTheCustomSizeCanBeTyped)
-{
-    QWidget& window = OpenPaper("lined");
-    const Fields size = {"EditCustomWidth", "StaticBy", "EditCustomHeight"};
-    ExpectEnabled(window, false, size);
-    Enter(window, {"PopupPaperSize=A4"});
-    ExpectEnabled(window, false, size);
-    EXPECT_EQ(Shown(window, {"EditCustomWidth", "EditCustomHeight"}), "8.263889 11.69444");
-    Enter(window, {"PopupPaperSize=Custom"});
-    ExpectEnabled(window, true, size);
-    EXPECT_EQ(Shown(window, {"EditCustomWidth", "EditCustomHeight"}), "8.263889 11.69444");
-    Enter(window, {"PopupPaperSize=Letter"});
-    ExpectEnabled(window, false, size);
-}
-
-TEST_F(DesktopForm, BoxesAndPopupsEnableTheirFields)
-{
-    QWidget& grid = OpenPaper("grid");
-    Enter(grid, {"CheckVertLines=off"});
-    ExpectEnabled(grid, false, {"EditHorzWeight"});
-    ExpectEnabled(grid, true, {"EditVertWeight"});
-    Enter(grid, {"CheckVertLines=on"});
-    ExpectEnabled(grid, true, {"EditHorzWeight"});
-
-    const Fields topic = {"EditName", "EditDate", "EditTopic", "EditSubject", "EditTextSize"};
-    QWidget& note = OpenPaper("cornell");
-    ExpectEnabled(note, true, topic);
-    Enter(note, {"CheckBoxTopicArea=off"});
-    ExpectEnabled(note, false, topic);
-    Enter(note, {"CheckBoxTopicArea=on"});
-    ExpectEnabled(note, true, topic);
-
-    QWidget& ternary = OpenPaper("ternary");
-    ExpectEnabled(ternary, false, {"EditAxisMaximum", "CheckBoxFlip"});
-    Enter(ternary, {"PopupScaling=Axis"});
-    ExpectEnabled(ternary, true, {"EditAxisMaximum", "CheckBoxFlip"});
-    Enter(ternary, {"PopupScaling=None"});
-    ExpectEnabled(ternary, false, {"EditAxisMaximum", "CheckBoxFlip"});
-}
-
-TEST_F(DesktopForm, AxisTypesEnableTheirFields)
-{
-    QWidget& window = OpenPaper("graph");
-    const Fields linear = {"EditXLineSpacing", "EditXMajor", "EditXAxisMinimum", "EditXAxisStep",
-                           "EditXAxisSpacing"};
-    Enter(window, {"PopupXAxis=Log 3 Decades"});
-    ExpectEnabled(window, false, linear);
-    ExpectEnabled(window, false, {"EditXHydraulicExponent"});
-    ExpectEnabled(window, true, {"EditXAxisMaximum", "EditYLineSpacing"});
-    Enter(window, {"CheckBoxShowAxes=off"});
-    ExpectEnabled(window, false, {"StaticText13", "EditYAxisMinimum", "EditYAxisStep", "EditYAxisSpacing"});
-    Enter(window, {"CheckBoxShowAxes=on"});  // which does not look at the axis type
-    ExpectEnabled(window, true, {"StaticText13", "EditXAxisMinimum", "EditYAxisMinimum"});
-    ExpectEnabled(window, false, {"EditXLineSpacing"});
-    Enter(window, {"PopupXAxis=Hydraulic", "PopupYAxis=Probability"});
-    ExpectEnabled(window, true, linear);
-    ExpectEnabled(window, true, {"EditXHydraulicExponent", "EditYLineSpacing"});
-    ExpectEnabled(window, false, {"EditYHydraulicExponent"});
-}
-
-TEST_F(DesktopForm, UnitsChangeLabelsAndNumbers)
-{
-    const std::initializer_list<std::string_view> graphTexts = {"StaticTextLinesPerUnit", "StaticText16",
-                                                                "EditTopMargin", "EditXLineSpacing"};
-    QWidget& graph = OpenPaper("graph");
-    Enter(graph, {"PopupUnits=inches"});  // nothing changes, and nothing is converted
-    EXPECT_EQ(Shown(graph, graphTexts), "Lines/in in 1.5 10");
-    Enter(graph, {"PopupUnits=cm"});
-    EXPECT_EQ(Shown(graph, graphTexts), "Lines/cm cm 3.81 3.937008");
-    Enter(graph, {"PopupUnits=cm"});
-    EXPECT_EQ(Shown(graph, graphTexts), "Lines/cm cm 3.81 3.937008");
-    EXPECT_EQ(Shown(graph, {"EditCustomWidth", "EditCustomHeight"}), "21.59 27.94");
-
-    QWidget& lined = OpenPaper("lined");
-    EXPECT_EQ(Shown(lined, {"StaticHorzUnit", "StaticvertUnit", "EditHorzSpacing"}), "per inch per inch 5");
-    Enter(lined, {"PopupUnits=cm"});
-    EXPECT_EQ(Shown(lined, {"StaticHorzUnit", "StaticvertUnit", "EditHorzSpacing"}), "per cm per cm 5");
-}
-
 TEST_F(DesktopForm, RemarksComeAndGoWhileTyping)
 {
     QWidget& polar = OpenPaper("polar");
@@ -255,17 +155,6 @@ TEST_F(DesktopForm, RemarksComeAndGoWhileTyping)
     GenerateAs(note, folder / "page.pdf");
     EXPECT_EQ(Shown(note, {"EditNoteWidth", "EditHorzSpacing"}), "100 5");
     EXPECT_EQ(Remarks(note), Names());
-}
-
-TEST_F(DesktopForm, TypedAxisEndFitsTheGrid)
-{
-    QWidget& window = OpenPaper("graph");
-    Enter(window, {"EditXAxisMinimum=-30"});
-    EXPECT_EQ(Shown(window, {"EditXLineSpacing", "EditYLineSpacing"}), "10 10");
-    Enter(window, {"EditXAxisMaximum=40"});  // 70 steps on 7 inches, 90 on 9
-    EXPECT_EQ(Shown(window, {"EditXLineSpacing", "EditYLineSpacing"}), "10.0001 10.0001");
-    Enter(window, {"EditYAxisStep=2"});
-    EXPECT_EQ(Shown(window, {"EditXLineSpacing", "EditYLineSpacing"}), "10.0001 5.00005");
 }
 
 TEST_F(DesktopForm, SwatchAsksForAColor)

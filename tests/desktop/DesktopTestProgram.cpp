@@ -59,80 +59,6 @@ TEST_F(DesktopProgram, GalleryOpensEveryKindOnce)
     EXPECT_EQ(Shown(Window("polar"), "EditXScale"), "100") << "a closed window is made anew";
 }
 
-TEST_F(DesktopProgram, GalleryAndGraphHaveOneSize)
-{
-    OpenPaper("graph");
-    for (const char* const name : {"gallery", "graph"}) {
-        QWidget& window = Window(name);
-        const QSize size = window.size();
-        for (const int length : {100, 2000}) {
-            window.resize(length, length);
-            QCoreApplication::processEvents();
-            EXPECT_EQ(window.size(), size) << name;
-        }
-    }
-    EXPECT_FALSE(Window("gallery").windowFlags().testFlag(Qt::WindowMaximizeButtonHint));
-}
-
-TEST_F(DesktopProgram, GraphFromTheGalleryHasItsLastSettings)
-{
-    QWidget& graph = OpenPaper("graph");
-    Enter(graph, {"EditTitle=Tide", "EditXAxisMaximum=12"});
-    Press(graph, Qt::Key_W, Qt::ControlModifier);
-    Settle();
-    QWidget& again = OpenPaper("graph");
-    EXPECT_EQ(Shown(again, {"EditTitle", "EditXAxisMaximum"}), "Tide 12");
-    Enter(again, {"EditTitle=Wind"});
-    OpenPaper("graph");
-    EXPECT_EQ(Shown(again, "EditTitle"), "Tide") << "each click loads them";
-    again.close();
-    Settle();
-    ChooseItem(Window("gallery"), "WindowGraphPaper");
-    EXPECT_EQ(Shown(Window("graph"), "EditTitle"), "A Sample Graph Paper");
-}
-
-TEST_F(DesktopProgram, GenerateAsksOnceAndRemembers)
-{
-    QWidget& window = OpenPaper("grid");
-    QWidget& button = Child(window, "PushButtonGenerate");
-    const fs::path first = folder / "first.pdf", second = folder / "second.pdf";
-    EXPECT_EQ(Shown(window, "StaticFileName"), "Untitled");
-    person.CancelsFile();
-    Click(button);
-    EXPECT_EQ(Shown(window, "StaticFileName"), "Untitled");
-    EXPECT_EQ(viewer.shown, Names());
-
-    person.NamesPage(first);
-    Click(button);
-    EXPECT_EQ(Shown(window, "StaticFileName"), "first.pdf");
-    EXPECT_EQ(viewer.shown, Names({first}));
-    const std::string page = ReadFile(first);
-
-    Enter(window, {"EditXScale=50", "CheckBoxViewGraph=off"});
-    Click(button);
-    EXPECT_NE(ReadFile(first), page);
-    EXPECT_EQ(viewer.shown, Names({first}));
-
-    person.NamesPage(folder / "second");  // gets its extension
-    Click(button, Qt::ShiftModifier);
-    EXPECT_EQ(Shown(window, "StaticFileName"), "second.pdf");
-    EXPECT_EQ(PageOf(second), PageOf(first));
-
-    Enter(window, {"CheckBoxViewGraph=on"});
-    fs::remove(first);
-    fs::remove(second);
-    person.CancelsFile();
-    Click(button, Qt::ShiftModifier);
-    EXPECT_EQ(Shown(window, "StaticFileName"), "");
-    EXPECT_EQ(folder.Names(), Names());
-    EXPECT_EQ(viewer.shown, Names({first}));
-
-    person.NamesPage(folder / "none" / "page.pdf");
-    person.Answers<QMessageBox>([&](QMessageBox& box) { box.close(); });
-    Click(button);
-    EXPECT_EQ(folder.Names(), Names());
-}
-
 TEST_F(DesktopProgram, ReturnGenerates)
 {
     QWidget& window = OpenPaper("crosses");
@@ -244,26 +170,6 @@ TEST_F(DesktopProgram, PreferencesAreAskedForAndKept)
     EXPECT_TRUE(ReadPrefs(PreferencesFile("LinealisPrefs")).noUpdateCheck);
 }
 
-TEST_F(DesktopProgram, AboutHelpAndWeb)
-{
-    QWidget& window = OpenPaper("hexagon");
-    person.ReadsMessage(std::string("Linealis   Version: ") + versionText + "\nTallowmere Works");
-    ChooseItem(window, "AppleAboutLinealis");
-    ChooseItem(window, "AppleVisitWebsite");
-    ChooseItem(window, "AppleCheckForLatestVersion");
-    EXPECT_EQ(viewer.shown, Names({makersServer, std::string(makersServer) +
-                                                     "/version.html?prog=linealis&version=" + versionText}));
-    viewer.shown.clear();
-
-    const fs::path manual = fs::temp_directory_path() / "docsLNS.pdf";
-    Press(window, Qt::Key_H, Qt::ControlModifier);
-    EXPECT_EQ(ReadFile(manual).substr(0, 5), "%PDF-");
-    WriteFile(manual, "old");
-    Click(Child(Window("gallery"), "PushButton1"));
-    EXPECT_EQ(ReadFile(manual).substr(0, 5), "%PDF-");
-    EXPECT_EQ(viewer.shown, Names({manual, manual}));
-}
-
 /// A page that takes long, over an old file.
 class LongPage : public DesktopProgram {
 protected:
@@ -313,17 +219,6 @@ TEST_F(LongPage, CanBeCancelled)
     Click(Child(*window, "PushButtonGenerate"));
     EXPECT_NE(ReadFile(page), old) << "the next page is not cancelled";
     EXPECT_EQ(viewer.shown, Names({page}));
-}
-
-TEST_F(LongPage, HasNotBegunWhileTheDialogAsks)
-{
-    person.Answers<QFileDialog>([this](QFileDialog& dialog) {
-        QTest::qWait(600);  // longer than a page may take before it shows its progress
-        EXPECT_FALSE(Child(*window, "Progress").isVisible());
-        Press(dialog, Qt::Key_Escape);
-    });
-    Click(Child(*window, "PushButtonGenerate"), Qt::ShiftModifier);
-    ExpectOldFile();
 }
 
 TEST_F(LongPage, LeavesOtherWindowsAlive)

@@ -247,27 +247,5 @@ TEST_F(VersionCheck, NewerVersionIsOffered)
     ExpectDialog(markup, "<b>x</b>", "Not Now");
 }
 
-TEST_F(VersionCheck, SkippedVersionIsReported)
-{
-    const WebServer server(Page("1.4.0"));
-    ExpectDialog(server, "1.4.0", "Skip This Version");
-    EXPECT_EQ(skipped, 140);
-    ExpectDialog(server, "1.4.0", "Not Now");
-    EXPECT_EQ(server.Requests(), Names({"GET /version/versionb.html?p=1230130M000000000 HTTP/1.1",
-                                        "GET /version/versionb.html?p=1230140M000000000 HTTP/1.1"}));
-}
-
-TEST_F(VersionCheck, NothingElseIsShown)
-{
-    for (const WebServer::Answer& answer :
-         {Page("LATEST"), Page("LATEST\r\n"), Page(""), Page("1.4.0", "404 Not Found"),
-          Page("1.4.0", "500 Internal Server Error")}) {
-        const WebServer server(answer);
-        Check(server);
-        server.WaitForLeaving(1);  // a dialog would be one that nobody expects
-    }
-    EXPECT_EQ(skipped, 0);
-}
-
 }  // namespace
 }  // namespace linealis::test
