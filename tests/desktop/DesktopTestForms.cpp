@@ -69,27 +69,35 @@ TEST_P(EveryKind, TabGoesOverTheFormAsItIsRead)
     EXPECT_EQ(stops, static_cast<std::size_t>(fields) + buttons);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Desktop, EveryKind,
-    testing::Values(
-        KindValues{"graph",
-                   {"EditXAxisMaximum=40", "PopupYAxis=Log 3 Decades", "EditTitle=Yield (kg)",
-                    "PopupFont1=Times Bold", "CheckAutoPosXAxisText=on", "MajorLineColorCanvas=#804020"}},
-        KindValues{"axonometric", {"EditSize=0.9", "CheckBoxVertical=off", "LineColorCanvas=#102030"}},
-        KindValues{"cornell", {"EditDate=1 May", "EditNoteWidth=60", "CheckCueLeft=off", "CheckGrid=on"}},
-        KindValues{"crosses", {"EditCrossHeight=.3", "CheckVertLines=on", "LinesColorCanvas=#00a0ff"}},
-        KindValues{"dots", {"EditHorzSpacing=.7", "EditDotWeight=3", "CheckHorzLines=on", "EditVertWeight=2"}},
-        KindValues{"engineering", {"EditVertiSpacing=4", "EditBlankLeft=2", "LineColorCanvas=#008000"}},
-        KindValues{"hexagon", {"EditSize=.8", "EditMinorLineThickness=.4", "CheckBoxFrame=off"}},
-        KindValues{"isometric", {"EditSize=.8", "EditLineThickness=.4"}},
-        KindValues{"lined", {"EditHorzSpacing=3", "EditBlankTop=1", "CheckBoxDrawVertical=off"}},
-        KindValues{"polar",
-                   {"EditNumSpokes=8", "RadioButton1=Radians", "EditTitle=Wind", "TextColorCanvas=#ff0000"}},
-        KindValues{"trapezoid", {"EditSize=.8", "CheckBoxHorizontal=off"}},
-        KindValues{"ternary", {"PopupScaling=Axis", "EditAxisMaximum=10", "CheckBoxFlip=on"}},
-        KindValues{"grid", {"EditVertSpacing=1.5", "CheckVertLines=off", "EditVertWeight=2"}},
-        KindValues{"brick", {"EditHorzSpacing=2", "EditVertWeight=1.5"}}),
-    [](const auto& test) { return test.param.kind; });
+const std::vector<KindValues> everyKind = {
+    KindValues{"graph",
+               {"EditXAxisMaximum=40", "PopupYAxis=Log 3 Decades", "EditTitle=Yield (kg)", "PopupFont1=Times Bold",
+                "CheckAutoPosXAxisText=on", "MajorLineColorCanvas=#804020"}},
+    KindValues{"axonometric", {"EditSize=0.9", "CheckBoxVertical=off", "LineColorCanvas=#102030"}},
+    KindValues{"cornell", {"EditDate=1 May", "EditNoteWidth=60", "CheckCueLeft=off", "CheckGrid=on"}},
+    KindValues{"crosses", {"EditCrossHeight=.3", "CheckVertLines=on", "LinesColorCanvas=#00a0ff"}},
+    KindValues{"dots", {"EditHorzSpacing=.7", "EditDotWeight=3", "CheckHorzLines=on", "EditVertWeight=2"}},
+    KindValues{"engineering", {"EditVertiSpacing=4", "EditBlankLeft=2", "LineColorCanvas=#008000"}},
+    KindValues{"hexagon", {"EditSize=.8", "EditMinorLineThickness=.4", "CheckBoxFrame=off"}},
+    KindValues{"isometric", {"EditSize=.8", "EditLineThickness=.4"}},
+    KindValues{"lined", {"EditHorzSpacing=3", "EditBlankTop=1", "CheckBoxDrawVertical=off"}},
+    KindValues{"polar", {"EditNumSpokes=8", "RadioButton1=Radians", "EditTitle=Wind", "TextColorCanvas=#ff0000"}},
+    KindValues{"trapezoid", {"EditSize=.8", "CheckBoxHorizontal=off"}},
+    KindValues{"ternary", {"PopupScaling=Axis", "EditAxisMaximum=10", "CheckBoxFlip=on"}},
+    KindValues{"grid", {"EditVertSpacing=1.5", "CheckVertLines=off", "EditVertWeight=2"}},
+    KindValues{"brick", {"EditHorzSpacing=2", "EditVertWeight=1.5"}}};
+
+INSTANTIATE_TEST_SUITE_P(Desktop, EveryKind, testing::ValuesIn(everyKind),
+                         [](const auto& test) { return test.param.kind; });
+
+TEST(DesktopForms, HaveValuesOfEveryKind)
+{
+    for (const PaperKind& kind : PaperKinds()) {
+        EXPECT_TRUE(
+            std::any_of(everyKind.begin(), everyKind.end(), [&](const auto& own) { return own.kind == kind.name; }))
+            << kind.name << ": add what a person enters into its form to everyKind";
+    }
+}
 
 class DesktopForm : public DesktopTest {
 protected:
