@@ -150,10 +150,9 @@ TEST_F(Start, DoesNotCheckIfSwitchedOff)
     EXPECT_EQ(platform.shownUrls.size(), 1U) << "the menu's way stays open";
 }
 
-/// In the order of the gallery, with the letters of their extensions.
+/// In the order of the gallery.
 const Names kinds = {"graph",     "axonometric", "cornell", "crosses",   "dots",    "engineering", "hexagon",
                      "isometric", "lined",       "polar",   "trapezoid", "ternary", "grid",        "brick"};
-constexpr std::string_view letters = "gacrdehilptyxk";
 
 TEST_F(Documents, OfAnUnknownExtensionAreDroppedAfterTheMessage)
 {
