@@ -1,6 +1,7 @@
 #include "pdf/PageContent.h"
 
-#include <charconv>
+#include "pdf/Numbers.h"
+
 #include <cmath>
 
 namespace linealis {
@@ -73,10 +74,11 @@ const char* ReadDigits(const char* from, const char* end, double& value)
         // Both are exact, so that the one division rounds correctly.
         const std::ptrdiff_t decimals = point == nullptr ? 0 : at - point - 1;
         value = static_cast<double>(digits) / powersOfTen[static_cast<std::size_t>(decimals)];
-    } else if (std::from_chars(from, at, value, std::chars_format::fixed).ec != std::errc()) {
-        return from;
+        return at;
     }
-    return at;
+    const std::string_view text(from, static_cast<std::size_t>(at - from));
+    value = Val(text);
+    return IsNumber(text) ? at : from;
 }
 
 }  // namespace

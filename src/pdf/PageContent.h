@@ -48,7 +48,8 @@ struct PageDamage {
     std::string message;  ///< empty: no damage
 };
 
-/// Goes through a content from operator to operator. Allocates nothing; the content must outlive it.
+/// Goes through a content from operator to operator. The content must outlive it.
+/// Allocates nothing but for a number of more than 15 digits.
 class PageReader {
 public:
     explicit PageReader(std::string_view content)
