@@ -90,9 +90,8 @@ TEST(PageContent, NumbersAreTheNearestDoubles)
 {
     for (const char* const text : {"0.1", "00001.00000000", "-00000.05260726", "612.3457", "123456789012345678",
                                    "0.1234567890123456789", ".5", "5.", "0.000000000001", "9007199254740993.5"}) {
-        PageReader reader(text + std::string(" w\r"));
         const std::string content = text + std::string(" w\r");
-        reader = PageReader(content);
+        PageReader reader(content);
         ASSERT_TRUE(reader.Next()) << text;
         EXPECT_EQ(reader.Operands()[0], std::strtod(text, nullptr)) << text;
         EXPECT_EQ(std::string(reader.Source()) + '\r', content);
