@@ -97,9 +97,18 @@ void App::Event_OpenDocument(const FolderItem& file)
     if (windows.IsEnding()) {
         return;  // the user has ended the program instead of reading the box
     }
-    if (const PaperKind* const kind = FindPaperKindByExtension(extension)) {
-        ShowPaper(*kind).OpenDocument(file);
+    OpenSettings(file);
+}
+
+PaperWindow* App::OpenSettings(const FolderItem& file)
+{
+    const PaperKind* const kind = FindPaperKindByExtension(ExtensionOf(file));
+    if (kind == nullptr) {
+        return nullptr;
     }
+    PaperWindow& window = ShowPaper(*kind);
+    window.OpenDocument(file);
+    return &window;
 }
 
 PaperWindow& App::ShowPaper(const PaperKind& kind)

@@ -49,6 +49,9 @@ public:
     void Store();
     void Event_OpenDocument(const FolderItem& file);
 
+    /// Opens a settings file of any kind in its window, without a message. Null if its extension is none of them.
+    PaperWindow* OpenSettings(const FolderItem& file);
+
     /// Shows the window of a kind, each at most once. It keeps its values until it is closed.
     PaperWindow& ShowPaper(const PaperKind& kind);
 

@@ -84,7 +84,10 @@ FormView::FormView(Form& theForm, GroupBoxes groupBoxes, std::function<void(Swat
         AddGroup(group, groupBoxes);
     }
     column->addStretch(1);
-    form.observer = [this](const Control& control) { Refresh(control); };
+    form.observer = [this](const Control& control) {
+        Refresh(control);
+        emit Changed();
+    };
     RefreshAll();
 }
 

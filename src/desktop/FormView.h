@@ -34,6 +34,14 @@ public:
     /// Puts a window's own buttons to the right of the last group.
     void AddBesideLastGroup(QWidget* widget);
 
+signals:
+    /// Something of the form has changed, by whomever it was done.
+    void Changed();
+    /// The user has ended a change: left a text field or pressed Return in it, chosen an item, clicked a box.
+    void Committed();
+    /// The control that has the focus now, or null.
+    void FocusMoved(const linealis::Control* control);
+
 protected:
     void changeEvent(QEvent* event) override;
 

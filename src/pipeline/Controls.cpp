@@ -9,14 +9,17 @@
 namespace linealis {
 
 Control::Control(Form& theForm, ControlKind theKind, Group theGroup, std::string_view theName,
-                 std::string_view theCaption, const Traits& theTraits)
-    : form(theForm), name(theName), kind(theKind), group(theGroup), traits(theTraits), caption(theCaption),
-      enabled(theTraits.enabledBy == nullptr ? theTraits.enabled : theTraits.enabledBy->Value())
+                 std::string_view theCaption, const Traits& theTraits, Content openingContent)
+    : form(theForm), name(theName), kind(theKind), group(theGroup),
+      traits(theTraits), state{std::string(theCaption),
+                               theTraits.enabledBy == nullptr ? theTraits.enabled : theTraits.enabledBy->Value(),
+                               theTraits.meaning, std::move(openingContent)}
 {
     if (!traits.label.empty()) {
         captionLabel = form.Find<Label>(traits.label);
         if (captionLabel == nullptr) {
-            ownLabel = std::make_unique<Label>(form, group, traits.label, caption, Traits{.enabled = enabled});
+            ownLabel =
+                std::make_unique<Label>(form, group, traits.label, state.caption, Traits{.enabled = state.enabled});
             captionLabel = ownLabel.get();
         }
     }
@@ -34,13 +37,25 @@ void Control::Changed() const
 
 void Control::SetCaption(std::string_view newCaption)
 {
-    caption = newCaption;
+    state.caption = newCaption;
     Changed();
 }
 
 void Control::SetEnabled(bool isEnabled)
 {
-    enabled = isEnabled;
+    state.enabled = isEnabled;
+    Changed();
+}
+
+void Control::Restore(const ControlState& earlier)
+{
+    state = earlier;
+    Changed();
+}
+
+void Control::SetContent(Content content)
+{
+    state.content = std::move(content);
     Changed();
 }
 
@@ -58,18 +73,17 @@ void Label::ShowUnit(bool inches)
 
 TextField::TextField(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
                      std::string_view openingText, const Traits& theTraits)
-    : Control(theForm, kindOf, theGroup, theName, theCaption, theTraits), text(openingText),
-      meaning(theTraits.meaning)
+    : Control(theForm, kindOf, theGroup, theName, theCaption, theTraits, std::string(openingText))
 {}
 
 double TextField::Number() const
 {
-    return Val(text);
+    return Val(Text());
 }
 
 double TextField::Used() const
 {
-    return UsedValue(meaning, Number());
+    return UsedValue(MeansNow(), Number());
 }
 
 std::int64_t TextField::Whole() const
@@ -79,13 +93,12 @@ std::int64_t TextField::Whole() const
 
 std::string TextField::Remark() const
 {
-    return IsEnabled() ? RemarkOn(meaning, text) : "";
+    return IsEnabled() ? RemarkOn(MeansNow(), Text()) : "";
 }
 
 void TextField::SetText(std::string newText)
 {
-    text = std::move(newText);
-    Changed();
+    SetContent(std::move(newText));
     if (onChange) {
         onChange();
     }
@@ -100,22 +113,20 @@ void TextField::Type(std::string newText)
 
 void TextField::SetMeaning(Meaning newMeaning)
 {
-    meaning = newMeaning;
+    SetMeaningOfState(newMeaning);
     Changed();
 }
 
 Choice::Choice(Form& theForm, ControlKind theKind, Group theGroup, std::string_view theName,
                std::string_view theCaption, std::vector<std::string_view> theItems, int openingIndex,
                const Traits& theTraits)
-    : Control(theForm, theKind, theGroup, theName, theCaption, theTraits), items(std::move(theItems)),
-      listIndex(openingIndex)
+    : Control(theForm, theKind, theGroup, theName, theCaption, theTraits, openingIndex), items(std::move(theItems))
 {}
 
 void Choice::SetListIndex(std::int64_t index)
 {
     const auto last = static_cast<std::int64_t>(items.size()) - 1;
-    listIndex = static_cast<int>(std::clamp<std::int64_t>(index, 0, last));
-    Changed();
+    SetContent(static_cast<int>(std::clamp<std::int64_t>(index, 0, last)));
     if (onChange) {
         onChange();
     }
@@ -133,13 +144,12 @@ RadioGroup::RadioGroup(Form& theForm, Group theGroup, std::string_view theName, 
 
 CheckBox::CheckBox(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
                    bool openingValue, const Traits& theTraits)
-    : Control(theForm, kindOf, theGroup, theName, theCaption, theTraits), value(openingValue)
+    : Control(theForm, kindOf, theGroup, theName, theCaption, theTraits, openingValue)
 {}
 
 void CheckBox::SetValue(bool newValue)
 {
-    value = newValue;
-    Changed();
+    SetContent(newValue);
     form.EnableFollowersOf(*this);
 }
 
@@ -153,13 +163,12 @@ void CheckBox::Click(bool newValue)
 
 Swatch::Swatch(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
                Color openingColor, const Traits& theTraits)
-    : Control(theForm, kindOf, theGroup, theName, theCaption, theTraits), color(openingColor)
+    : Control(theForm, kindOf, theGroup, theName, theCaption, theTraits, openingColor)
 {}
 
 void Swatch::SetColor(Color newColor)
 {
-    color = newColor;
-    Changed();
+    SetContent(newColor);
 }
 
 }  // namespace linealis

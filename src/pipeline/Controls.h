@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 namespace linealis {
@@ -42,6 +43,16 @@ struct Traits {
     UnitRule unitRule = UnitRule::Keep;   ///< of a text field
 };
 
+/// What a control holds at a moment: all that can change of it.
+struct ControlState {
+    std::string caption;
+    bool enabled = true;
+    Meaning meaning = Meaning::Number;                                    ///< of a text field
+    std::variant<std::monostate, std::string, int, bool, Color> content;  ///< its text, list index, value or color
+
+    bool operator==(const ControlState&) const = default;
+};
+
 /// One control of a form, declared once, as a member of it: what it is, and what it holds now. Windows are built
 /// from it, the command line lists and sets by it, settings files and pages are read from it.
 class Control {
@@ -56,15 +67,29 @@ public:
     /// The label that shows this control's caption, or null.
     Label* CaptionLabel() const { return captionLabel; }
 
-    const std::string& Caption() const { return caption; }
+    const std::string& Caption() const { return state.caption; }
     void SetCaption(std::string_view newCaption);
-    bool IsEnabled() const { return enabled; }
+    bool IsEnabled() const { return state.enabled; }
     void SetEnabled(bool isEnabled);
 
+    const ControlState& State() const { return state; }
+    /// Puts a state of this control back. No handler runs.
+    void Restore(const ControlState& earlier);
+
 protected:
+    using Content = decltype(ControlState::content);
+
     Control(Form& theForm, ControlKind theKind, Group theGroup, std::string_view theName,
-            std::string_view theCaption, const Traits& theTraits);
+            std::string_view theCaption, const Traits& theTraits, Content openingContent = {});
     ~Control();
+
+    template <typename Type>
+    const Type& Holds() const
+    {
+        return std::get<Type>(state.content);
+    }
+    void SetContent(Content content);
+    void SetMeaningOfState(Meaning newMeaning) { state.meaning = newMeaning; }
 
     /// Tells the form that something of this control has changed.
     void Changed() const;
@@ -76,8 +101,7 @@ private:
     ControlKind kind;
     Group group;
     Traits traits;
-    std::string caption;
-    bool enabled;
+    ControlState state;
     std::unique_ptr<Label> ownLabel;
     Label* captionLabel = nullptr;
 };
@@ -110,14 +134,14 @@ public:
     TextField(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
               std::string_view openingText, const Traits& theTraits = {});
 
-    const std::string& Text() const { return text; }
+    const std::string& Text() const { return Holds<std::string>(); }
     /// The leading number of the text.
     double Number() const;
     /// The number as the page uses it.
     double Used() const;
     /// The number, truncated.
     std::int64_t Whole() const;
-    Meaning MeansNow() const { return meaning; }
+    Meaning MeansNow() const { return State().meaning; }
     /// What a person must know of the text; empty if all is well, or if the field is disabled.
     std::string Remark() const;
 
@@ -128,19 +152,15 @@ public:
     void SetMeaning(Meaning newMeaning);
 
     std::function<void()> onChange;  ///< runs at every change of the text, by whomever it is made
-
-private:
-    std::string text;
-    Meaning meaning;
 };
 
 /// One of several items: a popup or a group of radio buttons.
 class Choice : public Control {
 public:
     const std::vector<std::string_view>& Items() const { return items; }
-    int ListIndex() const { return listIndex; }
+    int ListIndex() const { return Holds<int>(); }
     /// The text of the selected item.
-    std::string_view Selected() const { return items[static_cast<std::size_t>(listIndex)]; }
+    std::string_view Selected() const { return items[static_cast<std::size_t>(ListIndex())]; }
     /// Limited to the items that there are.
     void SetListIndex(std::int64_t index);
 
@@ -153,7 +173,6 @@ protected:
 
 private:
     std::vector<std::string_view> items;
-    int listIndex;
 };
 
 class Popup final : public Choice {
@@ -179,15 +198,12 @@ public:
     CheckBox(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
              bool openingValue, const Traits& theTraits = {});
 
-    bool Value() const { return value; }
+    bool Value() const { return Holds<bool>(); }
     void SetValue(bool newValue);
     /// The user clicks the box.
     void Click(bool newValue);
 
     std::function<void()> onClick;  ///< runs only when the user clicks
-
-private:
-    bool value;
 };
 
 /// A color swatch.
@@ -198,11 +214,8 @@ public:
     Swatch(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption, Color openingColor,
            const Traits& theTraits = {});
 
-    Color Shown() const { return color; }
+    Color Shown() const { return Holds<Color>(); }
     void SetColor(Color newColor);
-
-private:
-    Color color;
 };
 
 /// Calls `visitor` with the control as what it is.

@@ -11,6 +11,24 @@ Control* Form::Find(std::string_view name) const
     return found == controls.end() ? nullptr : *found;
 }
 
+std::vector<ControlState> Form::State() const
+{
+    std::vector<ControlState> state;
+    for (const Control* const control : controls) {
+        state.push_back(control->State());
+    }
+    return state;
+}
+
+void Form::Restore(const std::vector<ControlState>& earlier)
+{
+    for (std::size_t i = 0; i < controls.size(); ++i) {
+        if (controls[i]->State() != earlier.at(i)) {
+            controls[i]->Restore(earlier[i]);
+        }
+    }
+}
+
 void Form::Add(Control& control)
 {
     const auto place = std::upper_bound(controls.begin(), controls.end(), control.InGroup(),

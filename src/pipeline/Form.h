@@ -41,6 +41,11 @@ public:
         throw std::out_of_range("no such control: " + std::string(name));
     }
 
+    /// What all controls hold, in their order.
+    std::vector<ControlState> State() const;
+    /// Puts a state of this form back. No handler runs.
+    void Restore(const std::vector<ControlState>& earlier);
+
     const Control* focusedControl = nullptr;               ///< the one that the user types into, or null
     std::function<void(const Control& control)> observer;  ///< told of every change, by whomever it is made
 

@@ -43,6 +43,13 @@ void DrawContent(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const
     pdf.EndPage();
 }
 
+std::string ContentOf(const PaperPage& page, Turns& turns, const PageQuestions& ask)
+{
+    MyPDFGenerator pdf(turns);
+    DrawContent(page, pdf, turns, ask);
+    return std::string(pdf.Stream());
+}
+
 bool MakePage(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask,
               Platform& platform)
 {

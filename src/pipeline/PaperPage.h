@@ -11,14 +11,16 @@
 namespace linealis {
 
 /// What a drawing must say or ask on its way. Generate shows a dialog in the middle of the page, another caller
-/// collects.
+/// collects. By default nothing is heard, and there are no markers.
 struct PageQuestions {
     /// Tells the user something that keeps a part of the page from being drawn.
-    std::function<void(const std::string& message)> say;
+    std::function<void(const std::string& message)> say = [](const std::string& /*message*/) {};
 
     /// Asks for the marker file. Returns the way to its lines: each call puts the next one, without its end, into
     /// `line`, and returns whether there was one. Without a file there is none.
-    std::function<std::function<bool(std::string& line)>()> askForMarkers;
+    std::function<std::function<bool(std::string& line)>()> askForMarkers = [] {
+        return [](std::string& /*line*/) { return false; };
+    };
 };
 
 /// A page as it was read from a form: plain values, and the drawing that goes with them. It knows no form, window,

@@ -20,9 +20,16 @@ PaperWindow::PaperWindow(Paper thePaper, const FileType& typeOfSettings, Platfor
       turns([this] { platform.Yield(); }), pdf(turns)
 {}
 
+void PaperWindow::Restore(const WindowState& earlier)
+{
+    form.Restore(earlier.form);
+    outputFile = earlier.outputFile;
+    ourFolderItem = earlier.ourFolderItem;
+}
+
 void PaperWindow::ReadGUIValues()
 {
-    page = paper.readPage();
+    page = ReadPage();
 }
 
 void PaperWindow::PushButtonGenerate_Action()

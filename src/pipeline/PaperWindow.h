@@ -6,8 +6,18 @@
 #include "platform/Platform.h"
 
 #include <system_error>
+#include <vector>
 
 namespace linealis {
+
+/// What a paper window holds at a moment.
+struct WindowState {
+    std::vector<ControlState> form;
+    FolderItem outputFile;
+    FolderItem ourFolderItem;
+
+    bool operator==(const WindowState&) const = default;
+};
 
 /// A paper window without its screen: a form, the road from Generate to the file, and the settings file. It is the
 /// same for every kind of paper.
@@ -23,7 +33,14 @@ public:
     /// The wizard of this window, or null.
     Wizard* GetWizard() const { return paper.wizard.get(); }
 
+    WindowState State() const { return {form.State(), outputFile, ourFolderItem}; }
+    /// Puts a state of this window back. No handler runs.
+    void Restore(const WindowState& earlier);
+
     // Page.
+
+    /// The page as the form stands now, for who wants to look at it without making it.
+    PaperPage ReadPage() const { return paper.readPage(); }
 
     /// Turns the form's text into the page's numbers, in points.
     void ReadGUIValues();
