@@ -182,7 +182,7 @@ TEST_F(Window, APageOfNoEndIsGivenUpAndTheNextCountsAnew)
     Turns turns([] {}, 1000);
     MyPDFGenerator pdf(turns);
     pdf.theFile = page;
-    EXPECT_TRUE(MakePage(endless, pdf, turns, {}, platform));
+    EXPECT_EQ(MakePage(endless, pdf, turns, {}, platform), PageEnd::Failed);
     ASSERT_TRUE(platform.fileErrors.size() == 1 && !page.Exists());
     EXPECT_NE(platform.fileErrors[0].reason.find("rounds"), std::string::npos);
     ends = true;

@@ -49,6 +49,16 @@ Desktop::~Desktop()
 void Desktop::Open()
 {
     app.Event_Open();
+    ShowGallery();
+}
+
+void Desktop::ShowGallery()
+{
+    if (galleryView) {
+        inFront = galleryView;
+        Raise();
+        return;
+    }
     galleryView = new GalleryView(app.Gallery());
     GiveMenus(*galleryView, nullptr);
     connect(galleryView, &GalleryView::HelpWanted, this, [this] { app.DoHelp(); });
@@ -86,8 +96,26 @@ void Desktop::OpenDocuments(const QStringList& files)
 
 void Desktop::OpenDocument(const QString& path)
 {
-    app.Event_OpenDocument(FolderItem(std::filesystem::path(path.toStdString())));
+    const FolderItem file(std::filesystem::path(path.toStdString()));
+    DoAsStep(tr("Open %1").arg(ToQt(file.Name())), [&] { app.Event_OpenDocument(file); });
+}
+
+void Desktop::OpenSettings(const QStringList& files)
+{
+    for (const QString& path : files) {
+        const FolderItem file(std::filesystem::path(path.toStdString()));
+        DoAsStep(tr("Open %1").arg(ToQt(file.Name())), [&] { app.OpenSettings(file); });
+    }
+}
+
+void Desktop::DoAsStep(const QString& name, const std::function<void()>& change)
+{
     for (const auto& [kind, view] : views) {
+        view->History().Commit(tr("Change"));
+    }
+    change();
+    for (const auto& [kind, view] : views) {
+        view->ChangedOutside(name);
         UpdateMenus(*view);  // a document can be saved
     }
 }
@@ -138,6 +166,8 @@ PaperView& Desktop::ViewOf(const PaperKind& kind, PaperWindow& window)
         view = new PaperView(platform, kind, window);
         GiveMenus(*view, view);
         connect(view, &PaperView::Closed, this, &Desktop::PaperClosed);
+        connect(view, &PaperView::GalleryWanted, this, &Desktop::ShowGallery);
+        connect(view, &PaperView::FilesDropped, this, &Desktop::OpenSettings);
     }
     return *view;
 }
@@ -223,8 +253,10 @@ void Desktop::GiveMenus(QMainWindow& window, PaperView* paper)
                               }
                           },
                           // A menu that can be used has its window.
-                          [front](const MenuItem& item) {
-                              return IsEnabled(item, front(), true) && CanEditText(item.command);
+                          [front, paper](const MenuItem& item) {
+                              const bool undoesForm =
+                                  item.command == Command::Undo && paper != nullptr && paper->History().CanUndo();
+                              return IsEnabled(item, front(), true) && (undoesForm || CanEditText(item.command));
                           }});
 }
 
@@ -235,6 +267,12 @@ void Desktop::Perform(const MenuItem& item, PaperView* paper)
         Quit();
         break;
     case Command::Undo:
+        if (paper == nullptr || CanEditText(Command::Undo)) {
+            EditText(Command::Undo);
+        } else {
+            paper->History().Undo();
+        }
+        break;
     case Command::Cut:
     case Command::Copy:
     case Command::Paste:
@@ -242,7 +280,8 @@ void Desktop::Perform(const MenuItem& item, PaperView* paper)
         EditText(item.command);
         break;
     default:
-        app.Perform(item, paper == nullptr ? nullptr : &paper->Window());
+        DoAsStep(ToQt(item.text).remove(QLatin1String("...")),
+                 [&] { app.Perform(item, paper == nullptr ? nullptr : &paper->Window()); });
     }
 }
 

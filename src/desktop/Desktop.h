@@ -30,6 +30,9 @@ public:
     /// Opens the files one after the other, each as soon as no dialog is open.
     void OpenDocuments(const QStringList& files);
 
+    /// Opens settings files of any kind at once, without a message.
+    void OpenSettings(const QStringList& files);
+
     /// Brings the window that was in front last to the front again, for a second start.
     void Raise();
 
@@ -56,6 +59,9 @@ private:
 
     PaperView& ViewOf(const PaperKind& kind, PaperWindow& window);
     void OpenDocument(const QString& path);
+    /// Does what may change any window, as one step of that name in each that it changes.
+    void DoAsStep(const QString& name, const std::function<void()>& change);
+    void ShowGallery();
     void PaperClosed(const PaperKind& kind);
     void GalleryClosed();
     void GiveMenus(QMainWindow& window, PaperView* paper);

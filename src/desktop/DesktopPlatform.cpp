@@ -2,6 +2,7 @@
 
 #include "desktop/HttpFetch.h"
 #include "desktop/Text.h"
+#include "desktop/WindowSettings.h"
 
 #include <QApplication>
 #include <QColorDialog>
@@ -37,9 +38,29 @@ QString ToPath(const FolderItem& file)
     return ToQt(file.Path().string());
 }
 
+/// What a file dialog is called.
+QString TitleFor(const FileType& type, QFileDialog::AcceptMode mode)
+{
+    if (type == pdfFileType) {
+        return DesktopPlatform::tr("Save Page as PDF");
+    }
+    if (type.extension.empty()) {
+        return DesktopPlatform::tr("Choose a Marker File");
+    }
+    return mode == QFileDialog::AcceptSave ? DesktopPlatform::tr("Save Settings")
+                                           : DesktopPlatform::tr("Open Settings");
+}
+
+/// The folder of each type of file that the user was in last.
+QString FolderKey(const FileType& type)
+{
+    return QStringLiteral("folders/") + ToQt(type.extension.empty() ? type.name : type.extension);
+}
+
 /// Limits a file dialog to the type. A type without an extension takes every file.
 void Prepare(QFileDialog& dialog, const FileType& type, QFileDialog::AcceptMode mode, const QString& suggestedName)
 {
+    dialog.setWindowTitle(TitleFor(type, mode));
     dialog.setAcceptMode(mode);
     dialog.setFileMode(mode == QFileDialog::AcceptSave ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     if (!type.extension.empty()) {
@@ -77,8 +98,15 @@ FolderItem DesktopPlatform::AskForFile(const FileType& type, QFileDialog::Accept
                                        const QString& suggestedName)
 {
     QFileDialog dialog(QApplication::activeWindow());
+    if (const QString last = WindowSettings().value(FolderKey(type)).toString(); QDir(last).exists()) {
+        dialog.setDirectory(last);
+    }
     Prepare(dialog, type, mode, suggestedName);
-    return RunModal(dialog) == QDialog::Accepted ? ToItem(dialog.selectedFiles().value(0)) : FolderItem();
+    if (RunModal(dialog) != QDialog::Accepted) {
+        return {};
+    }
+    WindowSettings().setValue(FolderKey(type), dialog.directory().absolutePath());
+    return ToItem(dialog.selectedFiles().value(0));
 }
 
 MessageDialog::Button DesktopPlatform::ShowModal(const MessageDialog& dialog)
@@ -110,6 +138,11 @@ void DesktopPlatform::ShowFileError(const FolderItem& /*file*/, const std::strin
 {
     const bool said = text.find(reason) != std::string::npos;
     ShowMessage(QMessageBox::Warning, text, said ? QString() : ToQt(reason));
+}
+
+void DesktopPlatform::Note(const std::string& text)
+{
+    note = ToQt(text);
 }
 
 FolderItem DesktopPlatform::GetSaveFolderItem(const FileType& type, const std::string& suggestedName)

@@ -8,6 +8,7 @@
 #include <QMessageBox>
 #include <QObject>
 #include <functional>
+#include <utility>
 #include <vector>
 
 namespace linealis::desktop {
@@ -22,6 +23,7 @@ public:
     void MsgBox(const std::string& text) override;
     MessageDialog::Button ShowModal(const MessageDialog& dialog) override;
     void ShowFileError(const FolderItem& file, const std::string& text, const std::string& reason) override;
+    void Note(const std::string& text) override;
     FolderItem GetSaveFolderItem(const FileType& type, const std::string& suggestedName) override;
     FolderItem GetOpenFolderItem(const FileType& type) override;
     bool ShiftKey() const override;
@@ -34,6 +36,9 @@ public:
     FolderItem TemporaryFolder() const override;
     std::string ShortDate() const override;
     void Yield() override;
+
+    /// What was noted since the last call, for the status line of whoever began it.
+    QString TakeNote() { return std::exchange(note, {}); }
 
     /// Runs long work that gives the interface its turn while it lasts, and ends it when `stop` has become true.
     void RunStoppable(const bool& stop, const std::function<void()>& work);
@@ -57,6 +62,7 @@ private:
     FolderItem AskForFile(const FileType& type, QFileDialog::AcceptMode mode, const QString& suggestedName);
     void EmitIfIdle();
 
+    QString note;
     QElapsedTimer sinceLastTurn;
     int dialogs = 0;                 ///< open ones, one in the other
     std::vector<const bool*> stops;  ///< of the work under way, the innermost last

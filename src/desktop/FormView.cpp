@@ -3,11 +3,15 @@
 #include "desktop/FormRow.h"
 #include "desktop/Text.h"
 
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
 #include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPalette>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -84,6 +88,11 @@ FormView::FormView(Form& theForm, GroupBoxes groupBoxes, std::function<void(Swat
         AddGroup(group, groupBoxes);
     }
     column->addStretch(1);
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget* /*old*/, const QWidget* now) {
+        const auto has = [now](const auto& entry) { return entry.second.control.widget == now; };
+        const auto found = std::find_if(controls.begin(), controls.end(), has);
+        emit FocusMoved(found == controls.end() ? nullptr : found->first);
+    });
     form.observer = [this](const Control& control) {
         Refresh(control);
         emit Changed();
@@ -96,9 +105,12 @@ FormView::~FormView()
     form.observer = nullptr;
 }
 
-void FormView::AddBesideLastGroup(QWidget* widget)
+QWidget* FormView::TakeLastGroup()
 {
-    lastRow->addWidget(widget, 0, Qt::AlignBottom);
+    QWidget* const group = lastRow->itemAt(0)->widget();
+    lastRow->removeWidget(group);
+    group->setParent(nullptr);
+    return group;
 }
 
 void FormView::changeEvent(QEvent* event)
@@ -200,7 +212,29 @@ void FormView::AddRemark(QGridLayout& grid, const Row& row)
 QWidget* FormView::MakeWidget(Control& control)
 {
     controls[&control].control = MakeControlWidget(control, swatchClicked);
-    return controls[&control].control.widget;
+    QWidget* const widget = controls[&control].control.widget;
+    WatchEdits(*widget);
+    return widget;
+}
+
+/// Tells of each change that the user has ended. It is in the form by then.
+void FormView::WatchEdits(QWidget& widget)
+{
+    if (auto* const edit = qobject_cast<QLineEdit*>(&widget)) {
+        connect(edit, &QLineEdit::editingFinished, this, [this, edit] {
+            if (edit->isModified()) {
+                edit->setModified(false);
+                emit Committed();
+            }
+        });
+    } else if (auto* const popup = qobject_cast<QComboBox*>(&widget)) {
+        connect(popup, &QComboBox::activated, this, &FormView::Committed);
+    } else if (auto* const button = qobject_cast<QAbstractButton*>(&widget)) {
+        connect(button, &QAbstractButton::clicked, this, &FormView::Committed);
+    }
+    for (const auto* const button : widget.findChildren<QAbstractButton*>()) {
+        connect(button, &QAbstractButton::clicked, this, &FormView::Committed);
+    }
 }
 
 QLabel* FormView::MakeCaption(Control& control)

@@ -31,8 +31,8 @@ public:
     FormView(const FormView&) = delete;
     FormView& operator=(const FormView&) = delete;
 
-    /// Puts a window's own buttons to the right of the last group.
-    void AddBesideLastGroup(QWidget* widget);
+    /// Hands over the last group, to stand elsewhere in the window. It still shows its controls.
+    QWidget* TakeLastGroup();
 
 signals:
     /// Something of the form has changed, by whomever it was done.
@@ -64,6 +64,7 @@ private:
     void AddRow(QGridLayout& grid, const Row& row);
     void AddRemark(QGridLayout& grid, const Row& row);
     QWidget* MakeWidget(Control& control);
+    void WatchEdits(QWidget& widget);
     /// The label of a control's caption, its buddy; null if the control has no caption before it.
     QLabel* MakeCaption(Control& control);
 

@@ -2,6 +2,7 @@
 
 #include "app/App.h"
 #include "desktop/DesktopPlatform.h"
+#include "desktop/FormHistory.h"
 
 #include <QMainWindow>
 #include <QTimer>
@@ -9,13 +10,17 @@
 #include <memory>
 #include <utility>
 
-class QLabel;
-class QProgressBar;
-class QPushButton;
+class QMimeData;
 
 namespace linealis::desktop {
 
-/// The window of one paper kind.
+class FormView;
+class LivePage;
+class PaperBottomBar;
+class PaperTopBar;
+class StatusLine;
+
+/// The window of one paper kind: its form, the page that it makes, and what can be done with both.
 class PaperView final : public QMainWindow {
     Q_OBJECT
 
@@ -40,30 +45,63 @@ public:
     /// Stops the page that is being made; the file stays as it was.
     void Cancel() { stop = true; }
 
+    /// Asks for another file for the page.
+    void ChangeFile();
+    /// Puts everything back to what a fresh window holds, but for the files. Can be undone.
+    void Reset();
+
+    /// Does something with the window as one step of that name, which can be undone, and says what went wrong.
+    void DoAsStep(const QString& name, const std::function<void(PaperWindow& window)>& change);
+    FormHistory& History() { return history; }
+
+    /// Says in the window's status line what has happened.
+    void Say(const QString& text, const QList<QPair<QString, QString>>& links = {});
+
+    /// What has changed of the window by other hands than its own is one step of that name, if `name` is not
+    /// empty, and is said so if something went wrong.
+    void ChangedOutside(const QString& name);
+
 signals:
     void Closed(const PaperKind& kind);
+    void GalleryWanted();
+    /// Settings files have been dropped on the window.
+    void FilesDropped(const QStringList& files);
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
-    QWidget* MakeButtons();
+    void LayOut();
+    void Connect();
+    void Place();
     void MakePage();
+    void SayHowPageEnded();
     void ShowWizard();
-    void ShowProgress(bool visible);
+    void FormChanged();
+    void Follow(const QString& link);
 
     DesktopPlatform& platform;
     const PaperKind& kind;
     PaperWindow& window;
+    FormHistory history;
     std::unique_ptr<PaperWindow> kept;  ///< the same, once it is closed
-    QPushButton* generateButton = nullptr;
-    QPushButton* cancelButton = nullptr;
-    QProgressBar* progress = nullptr;
+    FormView* form = nullptr;
+    PaperTopBar* topBar = nullptr;
+    PaperBottomBar* bottomBar = nullptr;
+    StatusLine* status = nullptr;
+    QTimer changeDelay;
     QTimer progressDelay;
+    bool placed = false;
     bool generating = false;
     bool stop = false;
     bool closeWhenDone = false;
 };
+
+/// The settings files among what is dragged over a window, by their extensions.
+QStringList SettingsFilesIn(const QMimeData& dragged);
 
 }  // namespace linealis::desktop

@@ -137,7 +137,7 @@ void MyPDFGenerator::Discard()
     b = BinaryStream();
 }
 
-void MyPDFGenerator::CloseFile(Platform& platform)
+bool MyPDFGenerator::CloseFile(Platform& platform)
 {
     const std::string streamData = CompressedStream();
     b = theFile.CreateBinaryFile();
@@ -148,7 +148,7 @@ void MyPDFGenerator::CloseFile(Platform& platform)
                 ", perhaps it is already open for display in another program? Hold down the shift "
                 "key when clicking the Generate button again to change the filename.",
             b.Error().message());
-        return;
+        return false;
     }
     WriteStringLineToFile("%PDF-1.4");
     WriteObjects(streamData, platform.Now());
@@ -159,7 +159,9 @@ void MyPDFGenerator::CloseFile(Platform& platform)
                                "Unable to write the file " + theFile.Name() + ": " + error.message() +
                                    ". What was there before is unchanged.",
                                error.message());
+        return false;
     }
+    return true;
 }
 
 std::string MyPDFGenerator::CompressedStream()

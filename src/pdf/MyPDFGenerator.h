@@ -67,8 +67,8 @@ public:
     void EndPage() {}
 
     /// Compresses the page and writes the whole file, dated by the platform's clock. If it cannot be opened or
-    /// written, says so through the platform and leaves an existing file as it was.
-    void CloseFile(Platform& platform);
+    /// written, says so through the platform and leaves an existing file as it was. Returns whether it was written.
+    bool CloseFile(Platform& platform);
 
     void Delete() {}
 

@@ -50,22 +50,23 @@ std::string ContentOf(const PaperPage& page, Turns& turns, const PageQuestions& 
     return std::string(pdf.Stream());
 }
 
-bool MakePage(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask,
-              Platform& platform)
+PageEnd MakePage(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask,
+                 Platform& platform)
 {
     try {
         DrawContent(page, pdf, turns, ask);
-        pdf.CloseFile(platform);
+        const bool written = pdf.CloseFile(platform);
         pdf.Delete();
+        return written ? PageEnd::Written : PageEnd::Failed;
     } catch (const PageStopped&) {
         pdf.Discard();
-        return false;
+        return PageEnd::Stopped;
     } catch (const PageGivenUp& givenUp) {
         GiveUp(pdf, givenUp.reason, platform);
     } catch (const std::bad_alloc&) {
         GiveUp(pdf, "there is not enough memory for the page, so it was given up", platform);
     }
-    return true;
+    return PageEnd::Failed;
 }
 
 }  // namespace linealis

@@ -15,10 +15,16 @@ void DrawContent(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const
 /// throws passes through, and so does PageGivenUp.
 std::string ContentOf(const PaperPage& page, Turns& turns, const PageQuestions& ask = {});
 
-/// Draws the page and writes its file, `theFile` of the generator. A page that is stopped or given up leaves the
-/// old file as it was; `platform` tells why a page was given up or could not be written. Returns whether the page
-/// came to its end, written or not; false if the user has stopped it.
-bool MakePage(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask,
-              Platform& platform);
+/// How the making of a page ended.
+enum class PageEnd {
+    Written,
+    Failed,   ///< given up, or not to be written: the platform has told why
+    Stopped,  ///< by the user
+};
+
+/// Draws the page and writes its file, `theFile` of the generator. Unless it is written, the old file stays as it
+/// was; `platform` tells why a page was given up or could not be written.
+PageEnd MakePage(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask,
+                 Platform& platform);
 
 }  // namespace linealis

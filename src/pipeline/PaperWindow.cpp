@@ -1,7 +1,6 @@
 #include "pipeline/PaperWindow.h"
 
 #include "pipeline/MarkerFile.h"
-#include "pipeline/PageJob.h"
 
 #include <memory>
 #include <string>
@@ -12,6 +11,7 @@ namespace linealis {
 namespace {
 
 constexpr FileType textFileType{"text", ""};
+constexpr const char* const suggestedPageName = "Untitled.pdf";
 
 }  // namespace
 
@@ -37,18 +37,19 @@ void PaperWindow::PushButtonGenerate_Action()
     if (platform.ShiftKey()) {
         SetOutputFile({});
     }
-    pageStopped = false;
+    lastPage.reset();
     ReadGUIValues();
     DoFilename();
-    if (form.CheckBoxViewGraph.Value() && !pdf.theFile.IsEmpty() && !pageStopped) {
-        platform.Launch(pdf.theFile);
+    const bool toBeShown = !pdf.theFile.IsEmpty() && lastPage != PageEnd::Stopped;
+    if (form.CheckBoxViewGraph.Value() && toBeShown && !platform.Launch(pdf.theFile)) {
+        platform.Note("No viewer could be started for " + pdf.theFile.Name());
     }
 }
 
 void PaperWindow::DoFilename()
 {
     if (outputFile.IsEmpty()) {
-        outputFile = platform.GetSaveFolderItem(pdfFileType, "Untitled.pdf");
+        outputFile = platform.GetSaveFolderItem(pdfFileType, suggestedPageName);
     }
     pdf.theFile = outputFile;
     if (outputFile.IsEmpty()) {
@@ -56,6 +57,13 @@ void PaperWindow::DoFilename()
     }
     SetOutputFile(outputFile);
     DoPage();
+}
+
+void PaperWindow::ChooseOutputFile()
+{
+    if (const FolderItem file = platform.GetSaveFolderItem(pdfFileType, suggestedPageName); !file.IsEmpty()) {
+        SetOutputFile(file);
+    }
 }
 
 void PaperWindow::SetOutputFile(const FolderItem& file)
@@ -67,7 +75,7 @@ void PaperWindow::SetOutputFile(const FolderItem& file)
 void PaperWindow::DoPage()
 {
     form.WriteCorrections();
-    pageStopped = !MakePage(page, pdf, turns, Dialogs(), platform);
+    lastPage = MakePage(page, pdf, turns, Dialogs(), platform);
 }
 
 /// Each in its place, in the middle of the page.
@@ -99,19 +107,46 @@ std::error_code PaperWindow::SaveSettings(const FolderItem& file) const
 
 std::error_code PaperWindow::LoadSettings(const FolderItem& file)
 {
+    return Load(file).error;
+}
+
+LoadResult PaperWindow::Load(const FolderItem& file)
+{
     form.BeforeLoad();
     FolderItem loaded = outputFile;
-    const std::error_code error = linealis::LoadSettings(paper.settings, loaded, file);
-    if (!error) {
+    const LoadResult result = linealis::LoadSettings(paper.settings, loaded, file);
+    if (!result.error) {
         SetOutputFile(loaded);
     }
-    return error;
+    return result;
+}
+
+void PaperWindow::NoteFailure(const FolderItem& file, const char* what, std::error_code error) const
+{
+    if (error) {
+        platform.Note(file.Name() + " could not be " + what + ": " + error.message());
+    }
 }
 
 void PaperWindow::OpenDocument(const FolderItem& file)
 {
-    LoadSettings(file);
+    const LoadResult result = Load(file);
+    NoteFailure(file, "opened", result.error);
+    if (result.fieldsRead < result.fields) {
+        platform.Note(file.Name() + " ended at field " + std::to_string(result.fieldsRead + 1) + " of " +
+                      std::to_string(result.fields) + "; the rest is empty");
+    }
     ourFolderItem = file;
+    stored = form.State();
+}
+
+void PaperWindow::Store(const FolderItem& file)
+{
+    const std::error_code error = SaveSettings(file);
+    NoteFailure(file, "saved", error);
+    if (!error) {
+        stored = form.State();
+    }
 }
 
 void PaperWindow::FileOpen_Action()
@@ -123,14 +158,14 @@ void PaperWindow::FileOpen_Action()
 
 void PaperWindow::FileSave_Action()
 {
-    SaveSettings(ourFolderItem);
+    Store(ourFolderItem);
 }
 
 void PaperWindow::FileSaveAs_Action()
 {
     if (const FolderItem file = platform.GetSaveFolderItem(settingsType, "Untitled"); !file.IsEmpty()) {
-        SaveSettings(file);
         ourFolderItem = file;
+        Store(file);
     }
 }
 

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "pdf/MyPDFGenerator.h"
+#include "pipeline/PageJob.h"
 #include "pipeline/Paper.h"
 #include "platform/FolderItem.h"
 #include "platform/Platform.h"
 
+#include <optional>
 #include <system_error>
 #include <vector>
 
@@ -48,6 +50,8 @@ public:
     void DoFilename();
     void DoPage();
     void PushButtonGenerate_Action();
+    /// Asks for another file for the page. Keeps the one there is if the user cancels.
+    void ChooseOutputFile();
     /// A click on a color swatch.
     void ColorCanvas_MouseDown(Swatch& canvas);
 
@@ -56,8 +60,12 @@ public:
 
     std::error_code SaveSettings(const FolderItem& file) const;
     std::error_code LoadSettings(const FolderItem& file);
-    /// Loads the file and takes it for the window's document.
+    /// Loads the file and takes it for the window's document. What goes wrong is noted (Platform::Note), as in the
+    /// actions below.
     void OpenDocument(const FolderItem& file);
+    /// Whether the form, or the file that its page goes to, is no longer what the settings file holds that was
+    /// last opened or saved. False as long as there is none.
+    bool IsModified() const { return !ourFolderItem.IsEmpty() && stored != form.State(); }
     void FileOpen_Action();
     void FileSave_Action();
     void FileSaveAs_Action();
@@ -65,10 +73,15 @@ public:
     const FolderItem& OutputFile() const { return outputFile; }
     /// The settings file last opened or saved; empty until then.
     const FolderItem& OurFolderItem() const { return ourFolderItem; }
+    /// How the last Generate ended; nothing if it made no page, for want of a file.
+    std::optional<PageEnd> LastPage() const { return lastPage; }
     /// The page as drawn last, for who wants to look at its operators.
     const MyPDFGenerator& Pdf() const { return pdf; }
 
 private:
+    LoadResult Load(const FolderItem& file);
+    void Store(const FolderItem& file);
+    void NoteFailure(const FolderItem& file, const char* what, std::error_code error) const;
     void SetOutputFile(const FolderItem& file);
     PageQuestions Dialogs() const;
 
@@ -80,7 +93,8 @@ private:
     PaperPage page;
     FolderItem outputFile;
     FolderItem ourFolderItem;
-    bool pageStopped = false;  ///< by the user, the last time
+    std::vector<ControlState> stored;  ///< the form when it was last saved or opened
+    std::optional<PageEnd> lastPage;
 };
 
 }  // namespace linealis

@@ -89,17 +89,22 @@ std::error_code SaveSettings(const SettingsTable& table, const FolderItem& outpu
     return settings.stream.Close();
 }
 
-std::error_code LoadSettings(const SettingsTable& table, FolderItem& outputFile, const FolderItem& file)
+LoadResult LoadSettings(const SettingsTable& table, FolderItem& outputFile, const FolderItem& file)
 {
     SettingsStream settings{.stream = file.OpenAsBinaryFile(), .outputFile = outputFile};
     if (!settings.stream.IsOpen()) {
-        return settings.stream.Error();
+        return {settings.stream.Error()};
     }
+    LoadResult result;
+    result.fields = table.size();
     for (const SettingsField& field : table) {
+        if (!settings.stream.AtEnd()) {
+            ++result.fieldsRead;
+        }
         field.read(settings);
     }
     outputFile = settings.outputFile;
-    return settings.stream.Close();
+    return result;
 }
 
 namespace settings {

@@ -36,9 +36,16 @@ using SettingsTable = std::vector<SettingsField>;
 /// was and is returned. Nothing happens without a file.
 std::error_code SaveSettings(const SettingsTable& table, const FolderItem& outputFile, const FolderItem& file);
 
+/// How a load went.
+struct LoadResult {
+    std::error_code error = {};  ///< why the file could not be opened
+    std::size_t fieldsRead = 0;  ///< before the file's end
+    std::size_t fields = 0;      ///< of a whole file
+};
+
 /// Reads a file into the form that the table belongs to, and the output file that it refers to. A file that cannot
-/// be opened leaves both as they were, and the failure is returned. A shorter file reads as empty at its end.
-std::error_code LoadSettings(const SettingsTable& table, FolderItem& outputFile, const FolderItem& file);
+/// be opened leaves both as they were. A shorter file reads as empty at its end.
+LoadResult LoadSettings(const SettingsTable& table, FolderItem& outputFile, const FolderItem& file);
 
 namespace settings {
 

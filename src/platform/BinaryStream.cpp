@@ -133,6 +133,15 @@ std::string BinaryStream::ReadLast(std::size_t count)
     return Read(wanted);
 }
 
+bool BinaryStream::AtEnd()
+{
+    if (!input) {
+        return true;
+    }
+    const int next = std::getc(input.get());
+    return next == EOF || std::ungetc(next, input.get()) == EOF;
+}
+
 std::string BinaryStream::ReadPString()
 {
     const std::string length = Read(1);

@@ -71,6 +71,9 @@ public:
     /// The last `count` bytes of the file, or all of it if that is less; at most longestField.
     std::string ReadLast(std::size_t count);
 
+    /// Whether nothing is left to read.
+    bool AtEnd();
+
     std::string ReadPString();
     std::int32_t ReadInt32();
 

@@ -23,6 +23,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QTest>
 #include <QTimer>
 #include <QUrl>
@@ -46,8 +47,14 @@ Widget& Child(const QObject& parent, std::string_view name)
     return *child;
 }
 
+/// Scrolls to the widget first, where that is needed.
 inline void Click(QWidget& widget, Qt::KeyboardModifiers keys = {}, QPoint place = {})
 {
+    for (QWidget* parent = widget.parentWidget(); parent != nullptr; parent = parent->parentWidget()) {
+        if (auto* const area = qobject_cast<QScrollArea*>(parent)) {
+            area->ensureWidgetVisible(&widget);
+        }
+    }
     QTest::mouseClick(&widget, Qt::LeftButton, keys, place);
 }
 
