@@ -59,6 +59,7 @@ CalibrationDialog::CalibrationDialog(const QStringList& printers, FolderItem the
     said = Named(Words({}), "CalibrationMessage");
     layout->addWidget(said);
     AddButtons(*layout, static_cast<bool>(takeOver));
+    across->setFocus();
     ShowStoredFactors();
     if (printers.isEmpty()) {
         said->setText(QStringLiteral("No printer is set up on this machine."));
@@ -108,6 +109,7 @@ void CalibrationDialog::AddButtons(QVBoxLayout& layout, bool canTakeOver)
     const auto add = [&](const char* caption, const char* name, QDialogButtonBox::ButtonRole role, bool isEnabled) {
         QPushButton* const button = buttons->addButton(QString::fromLatin1(caption), role);
         button->setEnabled(isEnabled);
+        button->setAutoDefault(false);
         return Named(button, name);
     };
     const bool hasPrinter = printer->count() > 0;

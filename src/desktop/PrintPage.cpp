@@ -8,13 +8,12 @@
 #include <QPageLayout>
 #include <QPainter>
 #include <QPrintDialog>
+#include <QPrintEngine>
 #include <QPrinterInfo>
 #include <QPushButton>
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstddef>
-#include <utility>
+#include <iterator>
 
 namespace linealis::desktop {
 
@@ -99,6 +98,54 @@ private:
     double scaleY = 1.0;
 };
 
+bool IsSame(const QSizeF& a, const QSizeF& b)
+{
+    return std::abs(a.width() - b.width()) <= sameSidePoints && std::abs(a.height() - b.height()) <= sameSidePoints;
+}
+
+/// What a printer has of an upright paper: in a file the size to the point, on a device a paper that it knows by
+/// name, or one cut to size. A device without either keeps its usual paper.
+QPageSize PaperFor(const QPrinter& printer, const QSizeF& upright)
+{
+    const QPageSize exact(upright, QPageSize::Point, {}, QPageSize::ExactMatch);
+    if (printer.outputFormat() == QPrinter::PdfFormat) {
+        return exact;
+    }
+    const QPrinterInfo device(printer);
+    for (const QPageSize& known : device.supportedPageSizes()) {
+        if (IsSame(known.size(QPageSize::Point), upright)) {
+            return known;
+        }
+    }
+    return device.supportsCustomPageSizes() || device.isNull() ? exact : device.defaultPageSize();
+}
+
+/// The room that the printer can print on, in points from the sheet's upper left corner. Qt tells the margins of
+/// upright paper, whichever way it lies, and a driver may turn it to either side.
+QRectF RoomOf(QPageLayout layout)
+{
+    layout.setUnits(QPageLayout::Point);
+    const QMarginsF upright = layout.minimumMargins();
+    QMarginsF margins = upright;
+    if (layout.orientation() == QPageLayout::Landscape) {
+        const double ends = std::max(upright.top(), upright.bottom());
+        const double sides = std::max(upright.left(), upright.right());
+        margins = {ends, sides, ends, sides};
+    }
+    return QRectF(QPointF(), layout.fullRect().size()).marginsRemoved(margins);
+}
+
+/// Has CUPS print without fitting, whatever the queue's own setting is. Qt hands such options on under a key that
+/// its public headers do not name; a print engine without CUPS passes over it.
+void ForbidFitting(const QPrinter& printer)
+{
+    constexpr auto cupsOptions = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xfe00);
+    QPrintEngine* const engine = printer.printEngine();
+    const QStringList options = engine->property(cupsOptions).toStringList();
+    engine->setProperty(cupsOptions,
+                        options + QStringList{QStringLiteral("print-scaling"), QStringLiteral("none")});
+}
+
 /// Whether the user prints nevertheless.
 bool IsWanted(const std::vector<QString>& warnings, QWidget* parent, const ModalRunner& runModal)
 {
@@ -140,12 +187,8 @@ void SetPaper(QPrinter& printer, const PageFrame& frame)
 {
     const QSizeF size = PaperOf(frame);
     const bool isLandscape = size.width() > size.height();
-    // Printers know their papers upright, and by name; a file has the size to the point.
-    const bool isFile = printer.outputFormat() == QPrinter::PdfFormat;
-    const QPageSize paper(isLandscape ? size.transposed() : size, QPageSize::Point, {},
-                          isFile ? QPageSize::ExactMatch : QPageSize::FuzzyMatch);
     printer.setFullPage(true);
-    printer.setPageSize(paper);
+    printer.setPageSize(PaperFor(printer, isLandscape ? size.transposed() : size));
     printer.setPageOrientation(isLandscape ? QPageLayout::Landscape : QPageLayout::Portrait);
 }
 
@@ -153,19 +196,15 @@ std::vector<QString> PrintWarnings(const QPrinter& printer, const DrawnPage& pag
 {
     std::vector<QString> warnings;
     const QPageLayout layout = printer.pageLayout();
-    const QRectF sheet(QPointF(), layout.fullRect(QPageLayout::Point).size());
+    const QSizeF sheet = layout.fullRect(QPageLayout::Point).size();
     const QSizeF paper = PaperOf(page.frame);
-    if (std::abs(sheet.width() - paper.width()) > sameSidePoints ||
-        std::abs(sheet.height() - paper.height()) > sameSidePoints) {
+    if (!IsSame(sheet, paper)) {
         warnings.push_back(
             QStringLiteral("The printer's paper is %1, the page's %2. The page is printed at 100 % from "
                            "the upper left corner.")
-                .arg(SizeText(sheet.size()), SizeText(paper)));
+                .arg(SizeText(sheet), SizeText(paper)));
     }
-    QPageLayout inPoints = layout;
-    inPoints.setUnits(QPageLayout::Point);
-    Overreach reach(sheet.marginsRemoved(inPoints.minimumMargins()), paper.height(),
-                    Turned(factors, layout.orientation()));
+    Overreach reach(RoomOf(layout), paper.height(), Turned(factors, layout.orientation()));
     ReadPage(page.content, reach);
     if (reach.lines > 0) {
         warnings.push_back(QStringLiteral("Lines that reach out of what the printer can print: %1, by up to %2 mm.")
@@ -178,6 +217,7 @@ std::vector<QString> PrintWarnings(const QPrinter& printer, const DrawnPage& pag
 bool PaintOnPrinter(QPrinter& printer, const DrawnPage& page, const PrinterFactors& factors)
 {
     printer.setFullPage(true);
+    ForbidFitting(printer);
     QPainter painter;
     if (!painter.begin(&printer)) {
         return false;
@@ -199,6 +239,7 @@ QString PrintWithDialog(QPrinter& printer, const DrawnPage& page, const FolderIt
     if (runModal(dialog) != QDialog::Accepted) {
         return {};
     }
+    SetPaper(printer, page.frame);  // of the chosen printer; the dialog goes back to that one's usual paper
     const PrinterFactors factors = ReadPrinterFactors(factorsFile, printer.printerName().toStdString());
     const std::vector<QString> warnings = PrintWarnings(printer, page, factors);
     if (!warnings.empty() && !IsWanted(warnings, parent, runModal)) {

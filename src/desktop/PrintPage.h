@@ -20,7 +20,7 @@ struct DrawnPage {
 };
 
 /// Asks of the printer the page's paper and orientation, and the whole of the sheet from its corner. A printer that
-/// does not have the paper keeps its own.
+/// does not have the paper is left with its usual one.
 void SetPaper(QPrinter& printer, const PageFrame& frame);
 
 /// What is to be said before the page is printed, a sentence each: that the printer's paper is another one than the
@@ -37,9 +37,10 @@ bool PaintOnPrinter(QPrinter& printer, const DrawnPage& page, const PrinterFacto
 /// Shows a dialog and waits for the user. Returns how it ended.
 using ModalRunner = std::function<int(QDialog& dialog)>;
 
-/// Lets the user choose in the print dialog, tells the warnings, if there are any, in one message with Print and
-/// Cancel, and prints with the chosen printer's factors of the file. An empty file means factors of 1. Returns what
-/// to say in a status line; empty if the user cancelled.
+/// Lets the user choose the printer in the print dialog (paper and orientation are the page's all the same), tells
+/// the warnings, if there are any, in one message with Print and Cancel, and prints with the chosen printer's
+/// factors of the file. An empty file means factors of 1. Returns what to say in a status line; empty if the user
+/// cancelled.
 QString PrintWithDialog(QPrinter& printer, const DrawnPage& page, const FolderItem& factorsFile, QWidget* parent,
                         const ModalRunner& runModal);
 
