@@ -102,11 +102,12 @@ protected:
         return Execute({"pdfinfo", file}).output.find(" " + size + " pts") != std::string::npos;
     }
     /// Has the printer margins of its own, in points.
-    void Limit(double margin)
+    void Limit(double margin) { Limit({margin, margin, margin, margin}); }
+    void Limit(const QMarginsF& margins)
     {
         QPageLayout layout = printer.pageLayout();
         layout.setUnits(QPageLayout::Point);
-        layout.setMinimumMargins({margin, margin, margin, margin});
+        layout.setMinimumMargins(margins);
         ASSERT_TRUE(printer.setPageLayout(layout));
     }
     std::vector<std::string> Warnings(const DrawnPage& page, const PrinterFactors& factors = {}) const
@@ -177,6 +178,9 @@ TEST_F(Print, WarnsOfAnotherPaperAndOfLinesOutOfReach)
     const std::vector<std::string> turned = Warnings(page);
     ASSERT_EQ(turned.size(), 2U);
     EXPECT_NE(turned[0].find("279.4 × 215.9 mm, the page's 215.9 × 279.4 mm"), std::string::npos) << turned[0];
+    Limit({0.0, 0.0, 0.0, 36.5});
+    window->form.Get<Popup>("PopupOrientation").SetListIndex(1);
+    EXPECT_EQ(Warnings(Draw(*window)).size(), 1U) << "the lower margin of upright paper is at a side";
 }
 
 TEST_F(Print, TheDialogsLeadToTheSheetOrToNothing)
