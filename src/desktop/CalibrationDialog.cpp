@@ -118,7 +118,7 @@ void CalibrationDialog::AddButtons(QVBoxLayout& layout, bool canTakeOver)
     QPushButton* const reset = add("Reset", "CalibrationReset", QDialogButtonBox::ActionRole, hasPrinter);
     QPushButton* const save = add("Save", "CalibrationSave", QDialogButtonBox::ActionRole, hasPrinter);
     QPushButton* const close = Named(buttons->addButton(QDialogButtonBox::Close), "CalibrationClose");
-    save->setDefault(hasPrinter);
+    close->setAutoDefault(false);
     connect(close, &QPushButton::clicked, this, &QDialog::reject);
     connect(reset, &QPushButton::clicked, this, &CalibrationDialog::Reset);
     connect(save, &QPushButton::clicked, this, &CalibrationDialog::Save);
@@ -131,6 +131,7 @@ void CalibrationDialog::AddButtons(QVBoxLayout& layout, bool canTakeOver)
         }
     });
     layout.addWidget(buttons);
+    save->setDefault(true);  // only a button in a dialog can be that one's
 }
 
 void CalibrationDialog::ShowStoredFactors()

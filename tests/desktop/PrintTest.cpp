@@ -250,6 +250,10 @@ TEST_F(Print, CalibrationKeepsFactorsByPrinter)
     EXPECT_EQ(Shown(dialog, {"CalibrationAcross", "CalibrationDown"}), "99 100.5");
     Click(Child(dialog, "CalibrationReset"));
     EXPECT_EQ(ReadPrinterFactors(factors, "Office"), PrinterFactors());
+    Fill(Child<QLineEdit>(dialog, "CalibrationAcross"), "98");
+    Press(dialog, Qt::Key_Return);
+    EXPECT_NEAR(ReadPrinterFactors(factors, "Office").x, 100.0 / 98.0, 1e-6);
+    EXPECT_TRUE(dialog.isVisible());
 }
 
 TEST_F(Print, WithoutAPrinterItSaysSo)
