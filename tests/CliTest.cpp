@@ -68,8 +68,12 @@ TEST_F(Cli, ListsKinds)
 
 TEST_F(Cli, HelpAndVersion)
 {
-    for (const Names& call :
-         {Names{"--help"}, {"kinds", "--help"}, {"form", "--help"}, {"generate", "--help"}, {"save", "--help"}}) {
+    for (const Names& call : {Names{"--help"},
+                              {"kinds", "--help"},
+                              {"form", "--help"},
+                              {"generate", "--help"},
+                              {"save", "--help"},
+                              {"calibration", "--help"}}) {
         const Finished help = Call(call);
         EXPECT_EQ(help.status, 0);
         EXPECT_GT(help.output.size(), 50U);

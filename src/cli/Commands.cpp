@@ -59,11 +59,6 @@ OpenWindow Open(const Source& source, const std::vector<Action>& actions, Screen
     return open;
 }
 
-FolderItem OutputFile(const std::string& name)
-{
-    return name == "-" ? FolderItem::StandardOutput() : FolderItem(name);
-}
-
 void Print(const Json& json)
 {
     constexpr int indent = 2;
@@ -215,6 +210,11 @@ void CheckRequest(const GenerateRequest& request)
 }
 
 }  // namespace
+
+FolderItem OutputFile(const std::string& name)
+{
+    return name == "-" ? FolderItem::StandardOutput() : FolderItem(name);
+}
 
 void ListKinds(bool asJson)
 {

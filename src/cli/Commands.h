@@ -10,6 +10,9 @@ namespace linealis::cli {
 /// A kind's name, or a settings file whose extension tells the kind.
 using Source = std::string;
 
+/// The file that an option names; "-" is standard output.
+FolderItem OutputFile(const std::string& name);
+
 /// Prints the kinds, a line each, or as JSON.
 void ListKinds(bool asJson);
 

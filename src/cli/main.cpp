@@ -1,4 +1,5 @@
 #include "app/Version.h"
+#include "cli/CalibrationCommand.h"
 #include "cli/Commands.h"
 #include "cli/Errors.h"
 #include "platform/Process.h"
@@ -118,6 +119,7 @@ public:
         save.add_option("-o,--output", output, "The settings file; - is standard output")
             ->type_name("FILE")
             ->required();
+        AddCalibrationOptions();
         formActions.AddTo(form);
         generateActions.AddTo(generate);
         saveActions.AddTo(save);
@@ -152,6 +154,14 @@ private:
         generate.add_flag("--view", request.view, "Open the page in the viewer");
     }
 
+    void AddCalibrationOptions()
+    {
+        calibration.add_option("-o,--output", output, "The PDF file; - is standard output")
+            ->type_name("FILE")
+            ->required();
+        calibration.add_option("--paper", paper, "a4 or letter")->type_name("PAPER")->capture_default_str();
+    }
+
     void RunCommand()
     {
         if (kinds.parsed()) {
@@ -161,6 +171,8 @@ private:
         } else if (generate.parsed()) {
             request.actions = generateActions.InOrder();
             Generate(request);
+        } else if (calibration.parsed()) {
+            MakeCalibrationSheet(paper, output);
         } else {
             Save(source, saveActions.InOrder(), output);
         }
@@ -171,12 +183,14 @@ private:
     CLI::App& form = Add("form", "Show a form as JSON");
     CLI::App& generate = Add("generate", "Make a page");
     CLI::App& save = Add("save", "Save a form as a settings file");
+    CLI::App& calibration = Add("calibration", "Make the sheet that shows how true a printer's lengths are");
     ActionOptions formActions;
     ActionOptions generateActions;
     ActionOptions saveActions;
     bool asJson = false;
     Source source;
     std::string output;
+    std::string paper = "a4";
     GenerateRequest request;
 };
 

@@ -1,0 +1,36 @@
+#include "cli/CalibrationCommand.h"
+
+#include "app/Calibration.h"
+#include "cli/Commands.h"
+#include "cli/Errors.h"
+#include "pipeline/PageJob.h"
+#include "platform/ScreenlessPlatform.h"
+
+#include <vector>
+
+namespace linealis::cli {
+
+void MakeCalibrationSheet(const std::string& paper, const std::string& output)
+{
+    const CalibrationPaper* const found = FindCalibrationPaper(paper);
+    if (found == nullptr) {
+        std::vector<std::string> possible;
+        for (const CalibrationPaper& known : CalibrationPapers()) {
+            possible.emplace_back(known.name);
+        }
+        throw Unknown("paper", paper, possible);
+    }
+    if (output.empty()) {
+        throw UsageError{"-o takes a file name, not an empty text"};
+    }
+    ScreenlessPlatform platform;
+    Turns turns([] {});
+    MyPDFGenerator pdf(turns);
+    pdf.theFile = OutputFile(output);
+    MakePage(CalibrationPage(*found), pdf, turns, {}, platform);
+    if (!platform.fileErrors.empty()) {
+        throw WorkError{output + ": " + platform.fileErrors.front().reason};
+    }
+}
+
+}  // namespace linealis::cli

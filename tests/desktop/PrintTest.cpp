@@ -1,0 +1,272 @@
+#include "DesktopTestSupport.h"
+#include "desktop/CalibrationDialog.h"
+#include "desktop/PrintPage.h"
+#include "pdf/Numbers.h"
+#include "pdf/PageContent.h"
+#include "pipeline/PageJob.h"
+
+#include <QPrintDialog>
+#include <QPrinterInfo>
+#include <QTransform>
+#include <sstream>
+
+namespace linealis::test {
+namespace {
+
+using desktop::DrawnPage;
+
+constexpr double hundredthMm = 0.01 * 72.0 / 25.4;  // points
+
+/// The points of a page's strokes, in points of the paper from its lower left corner.
+struct StrokePoints : PageSink {
+    QTransform system;
+    std::vector<QPointF> points;
+
+    bool Scale(double sx, double sy) override
+    {
+        system = QTransform::fromScale(sx, sy);
+        return true;
+    }
+    bool Stroke(PagePath path, const PagePen&) override
+    {
+        for (const PathSegment& segment : path) {
+            if (segment.operation == PageOperator::Curve) {
+                points.push_back(system.map(QPointF(segment.control1.x, segment.control1.y)));
+                points.push_back(system.map(QPointF(segment.control2.x, segment.control2.y)));
+            }
+            points.push_back(system.map(QPointF(segment.to.x, segment.to.y)));
+        }
+        return true;
+    }
+    bool Fill(PagePath, const PageColor&) override { return true; }
+    bool FillAndStroke(PagePath path, const PageColor&, const PagePen& pen) override { return Stroke(path, pen); }
+    bool Text(const PageText&) override { return true; }
+};
+
+/// The same of a page that Qt has printed into a PDF file.
+std::vector<QPointF> PrintedPoints(const std::string& file)
+{
+    const std::string pdf = Execute({"qpdf", "--qdf", "--object-streams=disable", file, "-"}).output;
+    const std::size_t start = pdf.find("stream\n") + 7;
+    std::istringstream content(pdf.substr(start, pdf.find("endstream") - start));
+    std::vector<QPointF> points, path;
+    std::vector<double> numbers;
+    std::vector<QTransform> systems(1);
+    for (std::string token; content >> token;) {
+        if (IsNumber(token)) {
+            numbers.push_back(Val(token));
+            continue;
+        }
+        if (token == "q") {
+            systems.push_back(systems.back());
+        } else if (token == "Q") {
+            systems.pop_back();
+        } else if (token == "cm") {
+            systems.back() =
+                QTransform(numbers[0], numbers[1], numbers[2], numbers[3], numbers[4], numbers[5]) * systems.back();
+        } else if (token == "m" || token == "l" || token == "c") {
+            for (std::size_t i = 0; i + 1 < numbers.size(); i += 2) {
+                path.push_back(systems.back().map(QPointF(numbers[i], numbers[i + 1])));
+            }
+        } else if (token == "S") {
+            points.insert(points.end(), path.begin(), path.end());
+        }
+        if (token == "S" || token.starts_with('f') || token == "n" || token.starts_with('W')) {
+            path.clear();
+        }
+        numbers.clear();
+    }
+    return points;
+}
+
+DrawnPage Draw(PaperWindow& window)
+{
+    const PaperPage page = window.ReadPage();
+    Turns turns([] {});
+    return {page.frame, ContentOf(page, turns)};
+}
+
+class Print : public testing::Test {
+protected:
+    Print() { PrintInto(printer); }
+
+    void PrintInto(QPrinter& device) const
+    {
+        device.setOutputFormat(QPrinter::PdfFormat);
+        device.setResolution(1200);
+        device.setOutputFileName(ToQt(file));
+    }
+    bool HasPaper(const PageFrame& frame) const
+    {
+        const std::string size = std::to_string(frame.paperWidth) + " x " + std::to_string(frame.paperHeight);
+        return Execute({"pdfinfo", file}).output.find(" " + size + " pts") != std::string::npos;
+    }
+    /// Has the printer margins of its own, in points.
+    void Limit(double margin) { Limit({margin, margin, margin, margin}); }
+    void Limit(const QMarginsF& margins)
+    {
+        QPageLayout layout = printer.pageLayout();
+        layout.setUnits(QPageLayout::Point);
+        layout.setMinimumMargins(margins);
+        ASSERT_TRUE(printer.setPageLayout(layout));
+    }
+    std::vector<std::string> Warnings(const DrawnPage& page, const PrinterFactors& factors = {}) const
+    {
+        std::vector<std::string> texts;
+        for (const QString& text : desktop::PrintWarnings(printer, page, factors)) {
+            texts.push_back(text.toStdString());
+        }
+        return texts;
+    }
+
+    TemporaryFolder folder;
+    std::string file = folder / "printed.pdf";
+    ScreenlessPlatform platform;
+    QPrinter printer{QPrinter::HighResolution};
+};
+
+TEST_F(Print, EveryLineIsWhereTheContentHasIt)
+{
+    int paper = 0;
+    for (const PaperKind& kind : PaperKinds()) {
+        SCOPED_TRACE(kind.name);
+        const auto window = MakeWindow(kind, platform);
+        const NamedForm form(window->form);
+        form.SetListIndex("PopupPaperSize", paper % form["PopupPaperSize"].items);
+        form.SetListIndex("PopupOrientation", paper % 2);
+        form.SetText("EditCustomWidth", "7.77");
+        form.SetText("EditXScale", "97.3");
+        const DrawnPage page = Draw(*window);
+        StrokePoints expected;
+        ReadPage(page.content, expected);
+        for (const PrinterFactors& factors : {PrinterFactors{}, PrinterFactors{100.0 / 99.0, 0.98}}) {
+            QPrinter device(QPrinter::HighResolution);
+            PrintInto(device);
+            desktop::SetPaper(device, page.frame);
+            ASSERT_TRUE(desktop::PaintOnPrinter(device, page, factors));
+            EXPECT_TRUE(HasPaper(page.frame));
+            const bool isLandscape = page.frame.paperWidth > page.frame.paperHeight;
+            const double x = isLandscape ? factors.y : factors.x, y = isLandscape ? factors.x : factors.y;
+            const auto height = static_cast<double>(page.frame.paperHeight);
+            const std::vector<QPointF> printed = PrintedPoints(file);
+            ASSERT_EQ(printed.size(), expected.points.size());
+            double furthest = 0.0;
+            for (std::size_t i = 0; i < printed.size(); ++i) {
+                const QPointF& point = expected.points[i];
+                const QPointF off = printed[i] - QPointF(point.x() * x, height - (height - point.y()) * y);
+                furthest = std::max({furthest, std::abs(off.x()), std::abs(off.y())});
+            }
+            EXPECT_LT(furthest, hundredthMm);
+        }
+        ++paper;
+    }
+}
+
+TEST_F(Print, WarnsOfAnotherPaperAndOfLinesOutOfReach)
+{
+    const auto window = MakeWindow(*FindPaperKind("grid"), platform);  // lines from 36 points on
+    const DrawnPage page = Draw(*window);
+    desktop::SetPaper(printer, page.frame);
+    Limit(36.0);
+    EXPECT_EQ(Warnings(page), Names());
+    const std::vector<std::string> grown = Warnings(page, {1.01, 1.0});
+    ASSERT_EQ(grown.size(), 1U);
+    EXPECT_NE(grown[0].find("by up to 2.0 mm"), std::string::npos) << grown[0];
+    Limit(36.5);
+    EXPECT_EQ(Warnings(page).size(), 1U);
+    printer.setPageOrientation(QPageLayout::Landscape);
+    const std::vector<std::string> turned = Warnings(page);
+    ASSERT_EQ(turned.size(), 2U);
+    EXPECT_NE(turned[0].find("279.4 × 215.9 mm, the page's 215.9 × 279.4 mm"), std::string::npos) << turned[0];
+    Limit({0.0, 0.0, 0.0, 36.5});
+    window->form.Get<Popup>("PopupOrientation").SetListIndex(1);
+    EXPECT_EQ(Warnings(Draw(*window)).size(), 1U) << "the lower margin of upright paper is at a side";
+}
+
+TEST_F(Print, TheDialogsLeadToTheSheetOrToNothing)
+{
+    const auto window = MakeWindow(*FindPaperKind("grid"), platform);
+    DrawnPage page = Draw(*window);
+    Names shown;
+    bool prints = true;
+    const auto run = [&](QDialog& dialog) {
+        dialog.show();
+        if (auto* const box = qobject_cast<QMessageBox*>(&dialog)) {
+            shown.push_back(box->text().toStdString());
+            Click(*box->buttons().at(prints ? 0 : 1));
+        } else {
+            dialog.accept();
+        }
+        return dialog.result();
+    };
+    const auto print = [&] { return desktop::PrintWithDialog(printer, page, {}, nullptr, run).toStdString(); };
+    EXPECT_EQ(desktop::PrintWithDialog(printer, page, {}, nullptr, [](QDialog&) { return 0; }), QString());
+    EXPECT_EQ(folder.Names(), Names());
+    const std::string said = print();
+    EXPECT_TRUE(said.starts_with("Printed on " + file + ", Letter") && said.ends_with(", 100 %")) << said;
+    EXPECT_EQ(shown, Names());
+    fs::remove(file);
+    page.content += "0 0 m\r-36 0 l\rS\r";
+    prints = false;
+    EXPECT_EQ(print(), "");
+    EXPECT_EQ(folder.Names(), Names());
+    prints = true;
+    EXPECT_NE(print(), "");
+    EXPECT_EQ(folder.Names(), Names{"printed.pdf"});
+    EXPECT_EQ(shown, Names(2, "Lines that reach out of what the printer can print: 1, by up to 12.7 mm."));
+    printer.setOutputFileName(ToQt(std::string(folder / "missing/printed.pdf")));
+    EXPECT_NE(print().find("could not be printed on"), std::string::npos);
+}
+
+TEST_F(Print, CalibrationKeepsFactorsByPrinter)
+{
+    const FolderItem factors(folder / "factors");
+    std::pair<double, double> taken;
+    desktop::CalibrationDialog dialog(
+        {"Office", "Home"}, factors, [](QDialog&) { return 0; },
+        [&](double x, double y) {
+            taken = {x, y};
+        },
+        nullptr);
+    dialog.show();
+    const auto enter = [&](std::string_view across, std::string_view down, std::string_view button) {
+        Fill(Child<QLineEdit>(dialog, "CalibrationAcross"), across);
+        Fill(Child<QLineEdit>(dialog, "CalibrationDown"), down);
+        Click(Child(dialog, button));
+        return Shown(dialog, "CalibrationMessage");
+    };
+    EXPECT_EQ(enter("99", "100,5", "CalibrationSave"), "Saved for Office.");
+    EXPECT_EQ(Shown(dialog, "CalibrationFactors"), "1.010101 across, 0.9950249 down");
+    EXPECT_NEAR(ReadPrinterFactors(factors, "Office").x, 100.0 / 99.0, 1e-6);
+    EXPECT_NEAR(ReadPrinterFactors(factors, "Office").y, 100.0 / 100.5, 1e-6);
+    enter("98", "101", "CalibrationTakeOver");
+    EXPECT_NEAR(taken.first, 10000.0 / 98.0, 1e-9);
+    EXPECT_NEAR(taken.second, 10000.0 / 101.0, 1e-9);
+    EXPECT_NE(enter("99", "80", "CalibrationSave").find("down is '80'; possible are 90.9 to 111.1 mm"),
+              std::string::npos);
+    Choose(Child<QComboBox>(dialog, "CalibrationPrinter"), "Home");
+    EXPECT_EQ(Shown(dialog, {"CalibrationAcross", "CalibrationDown"}), "100 100");
+    Choose(Child<QComboBox>(dialog, "CalibrationPrinter"), "Office");
+    EXPECT_EQ(Shown(dialog, {"CalibrationAcross", "CalibrationDown"}), "99 100.5");
+    Click(Child(dialog, "CalibrationReset"));
+    EXPECT_EQ(ReadPrinterFactors(factors, "Office"), PrinterFactors());
+    Fill(Child<QLineEdit>(dialog, "CalibrationAcross"), "98");
+    Press(dialog, Qt::Key_Return);
+    EXPECT_NEAR(ReadPrinterFactors(factors, "Office").x, 100.0 / 98.0, 1e-6);
+    EXPECT_TRUE(dialog.isVisible());
+}
+
+TEST_F(Print, WithoutAPrinterItSaysSo)
+{
+    if (!QPrinterInfo::availablePrinterNames().isEmpty()) {
+        GTEST_SKIP() << "there is a printer here";
+    }
+    EXPECT_EQ(desktop::PrintWithDialog({}, {}, nullptr, {}), "No printer is set up on this machine");
+    desktop::CalibrationDialog dialog({}, {}, {}, {}, nullptr);
+    for (const char* const button : {"CalibrationPrint", "CalibrationSave", "CalibrationTakeOver"}) {
+        EXPECT_FALSE(Child(dialog, button).isEnabled()) << button;
+    }
+}
+
+}  // namespace
+}  // namespace linealis::test
