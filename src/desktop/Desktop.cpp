@@ -165,6 +165,7 @@ PaperView& Desktop::ViewOf(const PaperKind& kind, PaperWindow& window)
     if (view == nullptr) {
         view = new PaperView(platform, kind, window);
         GiveMenus(*view, view);
+        view->AddMenus();
         connect(view, &PaperView::Closed, this, &Desktop::PaperClosed);
         connect(view, &PaperView::GalleryWanted, this, &Desktop::ShowGallery);
         connect(view, &PaperView::FilesDropped, this, &Desktop::OpenSettings);

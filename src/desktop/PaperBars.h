@@ -21,7 +21,7 @@ public:
     QSize minimumSizeHint() const override { return {200, 120}; }
 };
 
-/// A row of buttons above the form: to the gallery, the presets, undo, redo, reset.
+/// A row of buttons above the form: to the gallery, undo, redo, reset.
 class PaperTopBar final : public QWidget {
     Q_OBJECT
 
@@ -29,7 +29,6 @@ public:
     PaperTopBar();
 
     QToolButton* gallery;
-    QToolButton* presets;
     QToolButton* undo;
     QToolButton* redo;
     QToolButton* reset;

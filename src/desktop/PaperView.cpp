@@ -1,29 +1,57 @@
 #include "desktop/PaperView.h"
 
+#include "desktop/CalibrationDialog.h"
 #include "desktop/FormDialog.h"
 #include "desktop/FormView.h"
+#include "desktop/LivePage.h"
 #include "desktop/PaperBars.h"
+#include "desktop/PrintPage.h"
 #include "desktop/Text.h"
+#include "pdf/Numbers.h"
+#include "pipeline/PageJob.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QMimeData>
-#include <QProgressBar>
+#include <QPrinterInfo>
 #include <QPushButton>
 #include <QScopeGuard>
-#include <QScreen>
-#include <QStatusBar>
 #include <QToolButton>
 #include <QUrl>
-#include <QVBoxLayout>
+#include <algorithm>
+#include <cmath>
 
 namespace linealis::desktop {
 
 namespace {
 
-constexpr int millisecondsBeforeProgress = 400;
+/// Changes a control a little, to see what on the page follows it. False if that makes no sense.
+bool Nudge(Control& control)
+{
+    if (control.Kind() == ControlKind::Text) {
+        auto& field = static_cast<TextField&>(control);
+        if (field.MeansNow() == Meaning::Prose) {
+            return false;
+        }
+        const double number = field.Number();
+        field.SetText(mystring(number == 0.0 ? 1.0 : number + std::max(1.0, std::abs(number) / 10.0)));
+        return true;
+    }
+    if (control.Kind() == ControlKind::Check) {
+        auto& box = static_cast<CheckBox&>(control);
+        box.SetValue(!box.Value());
+        return true;
+    }
+    if (control.Kind() == ControlKind::Color) {
+        auto& swatch = static_cast<Swatch&>(control);
+        const Color color = swatch.Shown();
+        swatch.SetColor({static_cast<std::uint8_t>(255 - color.red), color.green, color.blue});
+        return true;
+    }
+    return false;
+}
 
 }  // namespace
 
@@ -40,7 +68,7 @@ QStringList SettingsFilesIn(const QMimeData& dragged)
 }
 
 PaperView::PaperView(DesktopPlatform& thePlatform, const PaperKind& theKind, PaperWindow& theWindow)
-    : platform(thePlatform), kind(theKind), window(theWindow), history(theWindow)
+    : platform(thePlatform), kind(theKind), window(theWindow), history(theWindow), twin(kind.makePaper(platform))
 {
     setWindowTitle(ToQt(kind.title));
     setObjectName(ToQt(kind.name));
@@ -55,72 +83,27 @@ PaperView::~PaperView()
     delete takeCentralWidget();  // before the form that it shows
 }
 
-void PaperView::LayOut()
+void PaperView::LightUp(const Control* control)
 {
-    form = new FormView(window.form, GroupBoxes::withHeading,
-                        [this](Swatch& canvas) { window.ColorCanvas_MouseDown(canvas); });
-    auto* const content = new QWidget;
-    auto* const column = new QVBoxLayout(content);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    topBar = new PaperTopBar;
-    bottomBar = new PaperBottomBar(form->TakeLastGroup(), window.GetWizard() != nullptr);
-    column->addWidget(topBar);
-    column->addWidget(new FormScrollArea(form), 1);
-    column->addWidget(bottomBar);
-    setCentralWidget(content);
-    status = new StatusLine;
-    statusBar()->setSizeGripEnabled(!kind.hasFixedSize);
-    statusBar()->addWidget(status, 1);
-}
-
-void PaperView::Connect()
-{
-    connect(topBar->gallery, &QToolButton::clicked, this, &PaperView::GalleryWanted);
-    connect(topBar->undo, &QToolButton::clicked, &history, &FormHistory::Undo);
-    connect(topBar->redo, &QToolButton::clicked, &history, &FormHistory::Redo);
-    connect(topBar->reset, &QToolButton::clicked, this, &PaperView::Reset);
-    if (bottomBar->wizard != nullptr) {
-        connect(bottomBar->wizard, &QPushButton::clicked, this, &PaperView::ShowWizard);
+    if (!livePage->isVisible()) {
+        return;
     }
-    connect(bottomBar->cancel, &QPushButton::clicked, this, &PaperView::Cancel);
-    connect(bottomBar->changeFile, &QPushButton::clicked, this, &PaperView::ChangeFile);
-    connect(bottomBar->generate, &QPushButton::clicked, this, &PaperView::Generate);
-    connect(form, &FormView::Committed, &history, [this] { history.Commit(tr("Change")); });
-    connect(status, &QLabel::linkActivated, this, &PaperView::Follow);
-
-    changeDelay.setSingleShot(true);  // what changes at once is one change
-    connect(form, &FormView::Changed, &changeDelay, qOverload<>(&QTimer::start));
-    connect(&history, &FormHistory::Changed, &changeDelay, qOverload<>(&QTimer::start));
-    connect(&changeDelay, &QTimer::timeout, this, &PaperView::FormChanged);
-    FormChanged();
-
-    progressDelay.setSingleShot(true);
-    progressDelay.setInterval(millisecondsBeforeProgress);
-    connect(&progressDelay, &QTimer::timeout, this, [this] {
-        if (QApplication::activeModalWidget() != nullptr) {
-            progressDelay.start();  // the user is being asked: nothing is under way yet
-        } else {
-            bottomBar->ShowProgress(true);
-        }
-    });
-}
-
-/// No window is larger than the room on the screen.
-void PaperView::Place()
-{
-    const QSize frame(8, 40);  // of a window manager, about
-    const QSize room = screen()->availableSize() - frame;
-    const QSize size = sizeHint().boundedTo(room);
-    if (kind.hasFixedSize) {
-        setFixedSize(size);
-    } else {
-        resize(size);
+    const auto& controls = window.form.Controls();
+    const auto found = std::find(controls.begin(), controls.end(), control);
+    if (control == nullptr || found == controls.end()) {
+        livePage->LightUp(std::nullopt);
+        return;
     }
+    twin.form->Restore(window.form.State());
+    Control& tried = *twin.form->Controls()[static_cast<std::size_t>(found - controls.begin())];
+    livePage->LightUp(Nudge(tried) ? std::optional(twin.readPage()) : std::nullopt);
 }
 
 void PaperView::FormChanged()
 {
+    if (livePage->isVisible()) {
+        livePage->Show(window.ReadPage(), windowTitle());
+    }
     topBar->undo->setEnabled(history.CanUndo());
     topBar->redo->setEnabled(history.CanRedo());
     const FolderItem& document = window.OurFolderItem();
@@ -171,6 +154,53 @@ void PaperView::Generate()
 
 void PaperView::MakePage()
 {
+    Work([this] { window.PushButtonGenerate_Action(); });
+    SayHowPageEnded();
+    ChangedOutside(tr("Generate"));  // by what the page corrected in the form
+}
+
+void PaperView::Print()
+{
+    if (generating) {
+        return;
+    }
+    DrawnPage page{window.ReadPage().frame, {}};
+    bool isDrawn = false;
+    Work([&] {
+        try {
+            page.content = window.DrawPage();
+            isDrawn = true;
+        } catch (const PageStopped&) {
+            Say(tr("Cancelled; nothing was printed"));
+        } catch (const PageGivenUp& givenUp) {
+            Say(tr("Nothing was printed: %1").arg(QString::fromUtf8(givenUp.reason)));
+        }
+    });
+    if (isDrawn) {
+        Say(PrintWithDialog(page, PrinterFactorsFile(platform.PreferencesFolder()), this,
+                            [this](QDialog& dialog) { return platform.RunModal(dialog); }));
+    }
+    if (closeWhenDone) {
+        close();
+    }
+}
+
+void PaperView::Calibrate()
+{
+    const auto takeOver = [this](double xPercent, double yPercent) {
+        DoAsStep(tr("Calibration"), [=](PaperWindow& shown) {
+            shown.form.EditXScale.SetText(mystring(xPercent));
+            shown.form.EditYScale.SetText(mystring(yPercent));
+        });
+    };
+    CalibrationDialog dialog(
+        QPrinterInfo::availablePrinterNames(), PrinterFactorsFile(platform.PreferencesFolder()),
+        [this](QDialog& inner) { return platform.RunModal(inner); }, takeOver, this);
+    platform.RunModal(dialog);
+}
+
+void PaperView::Work(const std::function<void()>& work)
+{
     generating = true;
     stop = false;
     bottomBar->generate->setEnabled(false);
@@ -182,9 +212,7 @@ void PaperView::MakePage()
         generating = false;
     });
     Say({});
-    platform.RunStoppable(stop, [this] { window.PushButtonGenerate_Action(); });
-    SayHowPageEnded();
-    ChangedOutside(tr("Generate"));  // by what the page corrected in the form
+    platform.RunStoppable(stop, work);
 }
 
 void PaperView::SayHowPageEnded()
@@ -291,6 +319,7 @@ void PaperView::closeEvent(QCloseEvent* event)
 
 void PaperView::End()
 {
+    Keep();
     hide();
     emit Closed(kind);
 }

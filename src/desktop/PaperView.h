@@ -10,6 +10,7 @@
 #include <memory>
 #include <utility>
 
+class QAction;
 class QMimeData;
 
 namespace linealis::desktop {
@@ -45,6 +46,14 @@ public:
     /// Stops the page that is being made; the file stays as it was.
     void Cancel() { stop = true; }
 
+    /// Adds to the window's menus what goes with the form, behind the items that they have.
+    void AddMenus();
+
+    /// Shows or hides the page beside the form.
+    void ShowLivePage(bool visible);
+    /// Prints the page through the system's dialog.
+    void Print();
+
     /// Asks for another file for the page.
     void ChangeFile();
     /// Puts everything back to what a fresh window holds, but for the files. Can be undone.
@@ -76,12 +85,18 @@ protected:
 
 private:
     void LayOut();
+    QSize LargestSize() const;
     void Connect();
     void Place();
+    void Calibrate();
+    /// Works on a page, with progress and Cancel.
+    void Work(const std::function<void()>& work);
     void MakePage();
     void SayHowPageEnded();
     void ShowWizard();
     void FormChanged();
+    void LightUp(const Control* control);
+    void Keep() const;
     void Follow(const QString& link);
 
     DesktopPlatform& platform;
@@ -90,6 +105,9 @@ private:
     FormHistory history;
     std::unique_ptr<PaperWindow> kept;  ///< the same, once it is closed
     FormView* form = nullptr;
+    LivePage* livePage = nullptr;
+    QAction* livePageAction = nullptr;
+    Paper twin;  ///< a form to try out on what a field governs
     PaperTopBar* topBar = nullptr;
     PaperBottomBar* bottomBar = nullptr;
     StatusLine* status = nullptr;

@@ -27,6 +27,11 @@ void PaperWindow::Restore(const WindowState& earlier)
     ourFolderItem = earlier.ourFolderItem;
 }
 
+std::string PaperWindow::DrawPage()
+{
+    return ContentOf(ReadPage(), turns, Dialogs());
+}
+
 void PaperWindow::ReadGUIValues()
 {
     page = ReadPage();

@@ -41,6 +41,9 @@ public:
 
     // Page.
 
+    /// The content of the page as the form stands now, drawn as Generate draws it, with its dialogs and turns. What
+    /// these throw passes through (DrawContent).
+    std::string DrawPage();
     /// The page as the form stands now, for who wants to look at it without making it.
     PaperPage ReadPage() const { return paper.readPage(); }
 

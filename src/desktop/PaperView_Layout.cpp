@@ -1,0 +1,169 @@
+#include "desktop/PaperView.h"
+
+#include "desktop/FormView.h"
+#include "desktop/LivePage.h"
+#include "desktop/PaperBars.h"
+#include "desktop/Text.h"
+#include "desktop/WindowSettings.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace linealis::desktop {
+
+namespace {
+
+constexpr int millisecondsBeforeProgress = 400;
+
+/// On a screen narrower than this, in pixels, form and page do not fit beside each other.
+constexpr int narrowScreen = 1100;
+
+QString KeyOf(const PaperKind& kind, const char* what)
+{
+    return QStringLiteral("windows/%1/%2").arg(ToQt(kind.name), QString::fromLatin1(what));
+}
+
+}  // namespace
+
+void PaperView::LayOut()
+{
+    form = new FormView(window.form, GroupBoxes::withHeading,
+                        [this](Swatch& canvas) { window.ColorCanvas_MouseDown(canvas); });
+    auto* const content = new QWidget;
+    auto* const column = new QVBoxLayout(content);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    topBar = new PaperTopBar;
+    bottomBar = new PaperBottomBar(form->TakeLastGroup(), window.GetWizard() != nullptr);
+    column->addWidget(topBar);
+    livePage = new LivePage;
+    livePageAction = new QAction(tr("Live Page"), this);
+    livePageAction->setObjectName(QStringLiteral("ViewLivePage"));
+    livePageAction->setShortcut(Qt::Key_F9);
+    livePageAction->setCheckable(true);
+    auto* const middle = new QSplitter;
+    middle->addWidget(new FormScrollArea(form));
+    middle->addWidget(livePage);
+    middle->setStretchFactor(1, 1);
+    middle->setChildrenCollapsible(false);
+    column->addWidget(middle, 1);
+    column->addWidget(bottomBar);
+    setCentralWidget(content);
+    status = new StatusLine;
+    statusBar()->setSizeGripEnabled(!kind.hasFixedSize);
+    statusBar()->addWidget(status, 1);
+}
+
+void PaperView::Connect()
+{
+    connect(topBar->gallery, &QToolButton::clicked, this, &PaperView::GalleryWanted);
+    connect(topBar->undo, &QToolButton::clicked, &history, &FormHistory::Undo);
+    connect(topBar->redo, &QToolButton::clicked, &history, &FormHistory::Redo);
+    connect(topBar->reset, &QToolButton::clicked, this, &PaperView::Reset);
+    if (bottomBar->wizard != nullptr) {
+        connect(bottomBar->wizard, &QPushButton::clicked, this, &PaperView::ShowWizard);
+    }
+    connect(bottomBar->cancel, &QPushButton::clicked, this, &PaperView::Cancel);
+    connect(bottomBar->changeFile, &QPushButton::clicked, this, &PaperView::ChangeFile);
+    connect(bottomBar->generate, &QPushButton::clicked, this, &PaperView::Generate);
+    connect(form, &FormView::Committed, &history, [this] { history.Commit(tr("Change")); });
+    connect(bottomBar->print, &QPushButton::clicked, this, &PaperView::Print);
+    connect(form, &FormView::FocusMoved, this, &PaperView::LightUp);
+    connect(livePageAction, &QAction::triggered, this, &PaperView::ShowLivePage);
+    connect(status, &QLabel::linkActivated, this, &PaperView::Follow);
+
+    changeDelay.setSingleShot(true);  // what changes at once is one change
+    connect(form, &FormView::Changed, &changeDelay, qOverload<>(&QTimer::start));
+    connect(&history, &FormHistory::Changed, &changeDelay, qOverload<>(&QTimer::start));
+    connect(&changeDelay, &QTimer::timeout, this, &PaperView::FormChanged);
+    FormChanged();
+
+    progressDelay.setSingleShot(true);
+    progressDelay.setInterval(millisecondsBeforeProgress);
+    connect(&progressDelay, &QTimer::timeout, this, [this] {
+        if (QApplication::activeModalWidget() != nullptr) {
+            progressDelay.start();  // the user is being asked: nothing is under way yet
+        } else {
+            bottomBar->ShowProgress(true);
+        }
+    });
+}
+
+/// No window is larger than the room on the screen.
+void PaperView::Place()
+{
+    const WindowSettings settings;
+    const bool isWide = screen()->availableSize().width() >= narrowScreen;
+    ShowLivePage(settings.value(KeyOf(kind, "livePage"), isWide).toBool());
+    if (const QByteArray geometry = settings.value(KeyOf(kind, "geometry")).toByteArray(); !geometry.isEmpty()) {
+        restoreGeometry(geometry);
+    }
+}
+
+QSize PaperView::LargestSize() const
+{
+    const QSize frame(8, 40);  // of a window manager, about
+    return screen()->availableSize() - frame;
+}
+
+/// The window grows and shrinks by the room of the page.
+void PaperView::ShowLivePage(bool visible)
+{
+    livePage->setVisible(visible);
+    livePageAction->setChecked(visible);
+    const QSize size = sizeHint().boundedTo(LargestSize());
+    if (kind.hasFixedSize) {
+        setFixedSize(size);
+    } else {
+        resize(size.width(), std::max(size.height(), placed ? height() : 0));
+    }
+    changeDelay.start();
+}
+
+void PaperView::Keep() const
+{
+    WindowSettings settings;
+    settings.setValue(KeyOf(kind, "livePage"), livePage->isVisible());
+    settings.setValue(KeyOf(kind, "geometry"), saveGeometry());
+}
+
+void PaperView::AddMenus()
+{
+    const auto menu = [this](const char* name) { return menuBar()->findChild<QMenu*>(QString::fromLatin1(name)); };
+    const auto add = [this](QMenu& to, const QString& text, const QString& name, const QKeySequence& key,
+                            auto act) {
+        QAction* const action = to.addAction(text);
+        action->setObjectName(name);
+        action->setShortcut(key);
+        connect(action, &QAction::triggered, this, act);
+        return action;
+    };
+    QMenu& file = *menu("FileMenu");
+    file.addSeparator();
+    add(file, tr("Print..."), QStringLiteral("FilePrint"), QKeySequence::Print, &PaperView::Print);
+    QMenu& edit = *menu("EditMenu");
+    edit.addSeparator();
+    QAction* const redo =
+        add(edit, tr("Redo"), QStringLiteral("EditRedo"), QKeySequence::Redo, [this] { history.Redo(); });
+    connect(&edit, &QMenu::aboutToShow, redo, [this, redo] { redo->setEnabled(history.CanRedo()); });
+    connect(&edit, &QMenu::aboutToHide, redo, [redo] { redo->setEnabled(true); });
+    add(edit, tr("Reset Form"), QStringLiteral("EditReset"), {}, &PaperView::Reset);
+    QMenu& view = *menuBar()->addMenu(tr("&View"));
+    view.addAction(livePageAction);
+    view.addSeparator();
+    view.addActions(livePage->ViewActions());
+    view.addSeparator();
+    QMenu& help = *menuBar()->addMenu(tr("&Help"));
+    add(help, tr("Calibration Sheet..."), QStringLiteral("HelpCalibration"), {}, &PaperView::Calibrate);
+    add(view, tr("Gallery"), QStringLiteral("ViewGallery"), {}, &PaperView::GalleryWanted);
+}
+
+}  // namespace linealis::desktop
