@@ -83,14 +83,14 @@ PaperView::~PaperView()
     delete takeCentralWidget();  // before the form that it shows
 }
 
-void PaperView::LightUp(const Control* control)
+void PaperView::LightUp()
 {
     if (!livePage->isVisible()) {
         return;
     }
     const auto& controls = window.form.Controls();
-    const auto found = std::find(controls.begin(), controls.end(), control);
-    if (control == nullptr || found == controls.end()) {
+    const auto found = std::find(controls.begin(), controls.end(), focused);
+    if (found == controls.end()) {
         livePage->LightUp(std::nullopt);
         return;
     }
@@ -103,6 +103,7 @@ void PaperView::FormChanged()
 {
     if (livePage->isVisible()) {
         livePage->Show(window.ReadPage(), windowTitle());
+        LightUp();
     }
     topBar->undo->setEnabled(history.CanUndo());
     topBar->redo->setEnabled(history.CanRedo());

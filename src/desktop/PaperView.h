@@ -95,7 +95,8 @@ private:
     void SayHowPageEnded();
     void ShowWizard();
     void FormChanged();
-    void LightUp(const Control* control);
+    /// Lights up what the field with the focus governs.
+    void LightUp();
     void Keep() const;
     void Follow(const QString& link);
 
@@ -107,7 +108,8 @@ private:
     FormView* form = nullptr;
     LivePage* livePage = nullptr;
     QAction* livePageAction = nullptr;
-    Paper twin;  ///< a form to try out on what a field governs
+    const Control* focused = nullptr;  ///< the field with the focus, or null
+    Paper twin;                        ///< a form to try out on what a field governs
     PaperTopBar* topBar = nullptr;
     PaperBottomBar* bottomBar = nullptr;
     StatusLine* status = nullptr;

@@ -76,7 +76,10 @@ void PaperView::Connect()
     connect(bottomBar->generate, &QPushButton::clicked, this, &PaperView::Generate);
     connect(form, &FormView::Committed, &history, [this] { history.Commit(tr("Change")); });
     connect(bottomBar->print, &QPushButton::clicked, this, &PaperView::Print);
-    connect(form, &FormView::FocusMoved, this, &PaperView::LightUp);
+    connect(form, &FormView::FocusMoved, this, [this](const Control* control) {
+        focused = control;
+        LightUp();
+    });
     connect(livePageAction, &QAction::triggered, this, &PaperView::ShowLivePage);
     connect(status, &QLabel::linkActivated, this, &PaperView::Follow);
 

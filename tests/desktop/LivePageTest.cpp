@@ -1,0 +1,234 @@
+#include "desktop/LivePage.h"
+
+#include "DesktopTestSupport.h"
+#include "desktop/PagePainter.h"
+#include "pipeline/PageJob.h"
+
+#include <QSignalSpy>
+
+namespace linealis::test {
+namespace {
+
+using desktop::LivePage;
+
+constexpr int dotsPerInch = 300;
+
+/// Where texts stand, whose fonts differ from reader to reader.
+struct TextPlaces : PageSink {
+    std::vector<QRectF> places;  ///< points from the upper left corner
+    double pageHeight = 0.0;
+
+    bool Scale(double /*sx*/, double /*sy*/) override { return true; }
+    bool Stroke(PagePath /*path*/, const PagePen& /*pen*/) override { return true; }
+    bool Fill(PagePath /*path*/, const PageColor& /*color*/) override { return true; }
+    bool FillAndStroke(PagePath /*path*/, const PageColor& /*color*/, const PagePen& /*pen*/) override
+    {
+        return true;
+    }
+    bool Text(const PageText& text) override
+    {
+        const double width = text.size * static_cast<double>(text.bytes.size()) * 0.8;
+        const QTransform place(text.matrix[0], text.matrix[1], text.matrix[2], text.matrix[3], text.matrix[4],
+                               text.matrix[5]);
+        const QRectF box = place.mapRect(QRectF(-2, -text.size / 2, width + 4, 2 * text.size));
+        places.emplace_back(box.left(), pageHeight - box.bottom(), box.width(), box.height());
+        return true;
+    }
+};
+
+std::string ContentOfWindow(const PaperWindow& window)
+{
+    Turns turns([] {});
+    return ContentOf(window.ReadPage(), turns);
+}
+
+QImage Painted(const PageFrame& frame, std::string_view content)
+{
+    const QSizeF paper(static_cast<double>(frame.paperWidth), static_cast<double>(frame.paperHeight));
+    const double scale = dotsPerInch / 72.0;
+    QImage image(static_cast<int>(std::lround(paper.width() * scale)),
+                 static_cast<int>(std::lround(paper.height() * scale)), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.scale(scale, scale);
+    EXPECT_EQ(desktop::PaintPage(painter, paper, content).message, "");
+    painter.end();
+    return image.convertToFormat(QImage::Format_Grayscale8);
+}
+
+/// The dark pixels of one picture, outside of texts, that have nothing dark within a pixel of them in the other.
+int Strays(const QImage& image, const QImage& other, const std::vector<QRectF>& texts)
+{
+    const auto isDark = [](const QImage& from, int x, int y, int limit) {
+        return from.rect().contains(x, y) && from.constScanLine(y)[x] < limit;
+    };
+    int strays = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (!isDark(image, x, y, 100)) {
+                continue;
+            }
+            bool found = false;
+            for (int i = 0; i < 9 && !found; ++i) {
+                found = isDark(other, x + i % 3 - 1, y + i / 3 - 1, 235);
+            }
+            const QPointF point(x * 72.0 / dotsPerInch, y * 72.0 / dotsPerInch);
+            const bool inText = !found && std::any_of(texts.begin(), texts.end(),
+                                                      [&](const QRectF& text) { return text.contains(point); });
+            strays += found || inText ? 0 : 1;
+        }
+    }
+    return strays;
+}
+
+struct PaintedKind : testing::TestWithParam<std::string_view> {};
+
+TEST_P(PaintedKind, IsWhatAnotherReaderShows)
+{
+    const TemporaryFolder folder;
+    ScreenlessPlatform platform;
+    const auto window = MakeWindow(*FindPaperKind(GetParam()), platform);
+    const std::string pdf = (folder / "page.pdf").string(), picture = (folder / "page").string();
+    ASSERT_EQ(Execute({LINEALIS_CLI_PATH, "generate", std::string(GetParam()), "-o", pdf}).status, 0);
+    const std::string resolution = std::to_string(dotsPerInch);
+    ASSERT_EQ(Execute({"pdftoppm", "-gray", "-singlefile", "-r", resolution, pdf, picture}).status, 0);
+    const QImage expected = QImage(ToQt(picture + ".pgm")).convertToFormat(QImage::Format_Grayscale8);
+    const PageFrame frame = window->ReadPage().frame;
+    const std::string content = ContentOfWindow(*window);
+    TextPlaces texts;
+    texts.pageHeight = static_cast<double>(frame.paperHeight);
+    ReadPage(content, texts);
+    const QImage painted = Painted(frame, content);
+    ASSERT_EQ(painted.size(), expected.size());
+    EXPECT_EQ(Strays(painted, expected, texts.places), 0) << "painted and not in the PDF";
+    EXPECT_EQ(Strays(expected, painted, texts.places), 0) << "in the PDF and not painted";
+}
+
+std::vector<std::string_view> KindNames()
+{
+    std::vector<std::string_view> names;
+    for (const PaperKind& kind : PaperKinds()) {
+        names.push_back(kind.name);
+    }
+    return names;
+}
+
+INSTANTIATE_TEST_SUITE_P(Desktop, PaintedKind, testing::ValuesIn(KindNames()),
+                         [](const auto& test) { return std::string(test.param); });
+
+class DesktopLivePage : public DesktopTest {
+protected:
+    LivePage& Show(QWidget& window)
+    {
+        auto& page = Child<LivePage>(window, "LivePage");
+        QSignalSpy painted(&page, &LivePage::Painted);
+        Press(window, Qt::Key_F9);
+        EXPECT_TRUE(page.isVisible());
+        EXPECT_TRUE(painted.count() > 0 || painted.wait());
+        return page;
+    }
+
+    /// Waits until the picture shows what the form holds.
+    static QImage Picture(LivePage& page)
+    {
+        QSignalSpy painted(&page, &LivePage::Painted);
+        while (painted.wait(300)) {
+        }
+        return page.Picture().image;
+    }
+};
+
+TEST_F(DesktopLivePage, FollowsTheForm)
+{
+    QWidget& window = OpenPaper("grid");
+    LivePage& page = Show(window);
+    const QImage before = Picture(page);
+    Enter(window, {"EditVertSpacing=2"});
+    const QImage spaced = Picture(page);
+    EXPECT_NE(spaced, before);
+    Fill(static_cast<QLineEdit&>(Child(window, "EditHorzWeight")), "3");
+    const QImage lit = Picture(page);  // the field has the focus, so what it governs is lit up
+    Child(window, "PopupUnits").setFocus();
+    const QImage plain = Picture(page);
+    EXPECT_NE(lit, plain);
+    int litRows = 0;
+    for (int y = 0; y < lit.height(); ++y) {
+        int changed = 0;
+        for (int x = 0; x < lit.width(); ++x) {
+            changed += lit.pixel(x, y) != plain.pixel(x, y) ? 1 : 0;
+        }
+        litRows += changed > lit.width() / 2 ? 1 : 0;
+        EXPECT_TRUE(changed == 0 || changed > lit.width() / 2) << "only the horizontal lines are lit up: row " << y;
+    }
+    EXPECT_GT(litRows, 4);
+
+    page.ViewActions().at(1)->trigger();
+    const double actual = page.PixelsPerPoint();
+    EXPECT_NEAR(actual, page.screen()->physicalDotsPerInch() / 72.0, 1e-9);
+    for (int i = 0; i < 40; ++i) {
+        page.ViewActions().at(2)->trigger();
+    }
+    EXPECT_NEAR(page.PixelsPerPoint(), 16 * actual, 1e-9);
+    Picture(page);
+    EXPECT_LE(page.Picture().image.width(), page.width()) << "only what is looked at is painted";
+}
+
+TEST_F(DesktopLivePage, HeavyPageStepsAside)
+{
+    QWidget& window = OpenPaper("dots");
+    LivePage& page = Show(window);
+    Enter(window, {"PopupPaperSize=A0", "EditVertSpacing=.01", "EditHorzSpacing=.01"});
+    QTest::qWait(300);
+    EXPECT_NE(page.Picture().excerpt.size, QSize());
+    Enter(window, {"EditVertSpacing=5", "EditHorzSpacing=5"});
+    QSignalSpy painted(&page, &LivePage::Painted);
+    EXPECT_TRUE(painted.count() > 0 || painted.wait(2000)) << "the heavy page goes on";
+    Enter(window, {"EditVertSpacing=.01", "EditHorzSpacing=.01"});
+    QTest::qWait(100);
+    window.close();  // ends the thread in the midst of the page
+}
+
+TEST_F(DesktopLivePage, FormIsUndoneAsAWhole)
+{
+    QWidget& window = OpenPaper("grid");
+    Enter(window, {"EditVertSpacing=.5", "EditXScale=80", "PopupUnits=cm"});
+    EXPECT_EQ(Shown(window, {"EditVertSpacing", "EditXScale", "EditTopMargin"}), "1.27 80 1.27");
+    Child(window, "CheckVertLines").setFocus();
+    ChooseItem(window, "EditUndo");
+    EXPECT_EQ(Shown(window, {"EditVertSpacing", "PopupUnits", "EditTopMargin"}), ".5 inches 0.5");
+    Child<QAbstractButton>(window, "ToolUndo").click();
+    EXPECT_EQ(Shown(window, {"EditVertSpacing", "EditXScale"}), ".5 100");
+    Child<QAbstractButton>(window, "ToolUndo").click();
+    EXPECT_EQ(Shown(window, "EditVertSpacing"), "0.25");
+    EXPECT_FALSE(CanChoose(window, "EditUndo"));
+    for (int i = 0; i < 3; ++i) {
+        ChooseItem(window, "EditRedo");
+    }
+    EXPECT_EQ(Shown(window, {"EditVertSpacing", "EditXScale", "PopupUnits"}), "1.27 80 cm");
+    Child<QAbstractButton>(window, "ToolReset").click();
+    EXPECT_EQ(Shown(window, {"EditVertSpacing", "PopupUnits"}), "0.25 inches");
+    Child<QAbstractButton>(window, "ToolUndo").click();
+
+    const fs::path file = folder / "notes.setx";
+    person.NamesFile(file, "setx", "Untitled");
+    ChooseItem(window, "FileSaveAs");
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("notes.setx[*] - Grid Graph Paper"));
+    fs::resize_file(file, 30);
+    Enter(window, {"EditXScale=70"});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.isWindowModified(); }));
+    person.NamesFile(file, "setx", "");
+    ChooseItem(window, "FileOpen");
+    EXPECT_NE(Shown(window, "StatusLine").find("notes.setx ended at field "), std::string::npos);
+    EXPECT_EQ(Shown(window, "EditVertSpacing"), "");
+    emit Child<QLabel>(window, "StatusLine").linkActivated(QStringLiteral("undo"));
+    EXPECT_EQ(Shown(window, {"EditVertSpacing", "EditXScale"}), "1.27 70");
+
+    GenerateAs(window, folder / "page.pdf");
+    EXPECT_NE(Shown(window, "StatusLine").find("Wrote page.pdf"), std::string::npos);
+    ChooseItem(window, "EditUndo");  // the page stays where it is made
+    Press(window, Qt::Key_Return);
+    EXPECT_EQ(Shown(window, "StaticFileName"), "page.pdf");
+}
+
+}  // namespace
+}  // namespace linealis::test
