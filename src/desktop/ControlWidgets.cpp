@@ -9,7 +9,10 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QRadioButton>
+#include <QStyle>
+#include <QWheelEvent>
 
 namespace linealis::desktop {
 
@@ -17,6 +20,34 @@ namespace {
 
 constexpr int numberFieldCharacters = 9;
 constexpr int proseFieldCharacters = 26;
+
+/// A popup that lets the wheel scroll the form, unless it has the focus: nobody changes it in passing.
+class PopupBox final : public QComboBox {
+public:
+    PopupBox() { setFocusPolicy(Qt::StrongFocus); }
+
+protected:
+    void wheelEvent(QWheelEvent* event) override { hasFocus() ? QComboBox::wheelEvent(event) : event->ignore(); }
+};
+
+/// A text that makes do with less room than it needs, cut in its middle.
+class ElidedLabel final : public QLabel {
+public:
+    QSize minimumSizeHint() const override { return {40, QLabel::minimumSizeHint().height()}; }
+    QSize sizeHint() const override { return QLabel::sizeHint().boundedTo({widest, QWIDGETSIZE_MAX}); }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        QPainter painter(this);
+        const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+        style()->drawItemText(&painter, contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(),
+                              shown, foregroundRole());
+    }
+
+private:
+    static constexpr int widest = 260;
+};
 
 /// One for each type of control.
 struct WidgetMaker {
@@ -49,7 +80,7 @@ ControlWidget WidgetMaker::operator()(TextField& field) const
 
 ControlWidget WidgetMaker::operator()(Popup& popup) const
 {
-    auto* const box = new QComboBox;
+    auto* const box = new PopupBox;
     for (const std::string_view item : popup.Items()) {
         box->addItem(ToQt(item));
     }
@@ -94,7 +125,7 @@ ControlWidget WidgetMaker::operator()(Swatch& swatch) const
 
 ControlWidget WidgetMaker::operator()(Label& label) const
 {
-    auto* const text = new QLabel;
+    QLabel* const text = label.InGroup() == Group::File ? new ElidedLabel : new QLabel;
     text->setTextFormat(Qt::PlainText);
     return {text, [text, &label] { text->setText(CaptionText(label)); }};
 }

@@ -107,6 +107,9 @@ void PaperView::FormChanged()
     }
     topBar->undo->setEnabled(history.CanUndo());
     topBar->redo->setEnabled(history.CanRedo());
+    if (auto* const fileName = bottomBar->findChild<QWidget*>(ToQt(window.form.StaticFileName.Name()))) {
+        fileName->setToolTip(ToQt(window.OutputFile().Path().string()));
+    }
     const FolderItem& document = window.OurFolderItem();
     setWindowTitle(document.IsEmpty() ? ToQt(kind.title)
                                       : ToQt(document.Name()) + QStringLiteral("[*] - ") + ToQt(kind.title));

@@ -5,6 +5,7 @@
 #include "pipeline/PageJob.h"
 
 #include <QSignalSpy>
+#include <QWheelEvent>
 
 namespace linealis::test {
 namespace {
@@ -223,7 +224,19 @@ TEST_F(DesktopLivePage, FormIsUndoneAsAWhole)
     emit Child<QLabel>(window, "StatusLine").linkActivated(QStringLiteral("undo"));
     EXPECT_EQ(Shown(window, {"EditVertSpacing", "EditXScale"}), "1.27 70");
 
-    GenerateAs(window, folder / "page.pdf");
+    const int width = window.minimumSizeHint().width();
+    GenerateAs(window, folder / (std::string(200, 'w') + ".pdf"));
+    EXPECT_EQ(window.minimumSizeHint().width(), width) << "a long name does not widen the window";
+    QComboBox& popup = Child<QComboBox>(window, "PopupPaperSize");
+    Child(window, "EditXScale").setFocus();
+    const QPointF middle = popup.rect().center();
+    QWheelEvent wheel(middle, popup.mapToGlobal(middle), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&popup, &wheel);
+    EXPECT_EQ(popup.currentText(), QStringLiteral("Letter")) << "the wheel scrolls the form";
+
+    person.NamesPage(folder / "page.pdf");
+    Press(window, Qt::Key_Return, Qt::ShiftModifier);
     EXPECT_NE(Shown(window, "StatusLine").find("Wrote page.pdf"), std::string::npos);
     ChooseItem(window, "EditUndo");  // the page stays where it is made
     Press(window, Qt::Key_Return);
