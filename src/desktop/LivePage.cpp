@@ -26,7 +26,7 @@ constexpr double notch = 120.0;  // of a wheel, in eighths of a degree
 LivePage::LivePage(QWidget* parent) : QAbstractScrollArea(parent)
 {
     setObjectName(QStringLiteral("LivePage"));
-    setAccessibleName(tr("Page"));
+    setAccessibleName(tr("Live page"));
     setFocusPolicy(Qt::ClickFocus);
     setFrameShape(QFrame::NoFrame);
     setMinimumWidth(200);

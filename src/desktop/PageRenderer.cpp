@@ -20,16 +20,26 @@ constexpr std::size_t longestContentLitUp = std::size_t{8} << 20U;
 
 constexpr PageColor light{0.95, 0.35, 0.0};
 
+void StopIf(const std::atomic<bool>& stops)
+{
+    if (stops.load(std::memory_order_relaxed)) {
+        throw PageStopped();
+    }
+}
+
 /// What tells one stroke from another.
 std::size_t KeyOf(PagePath path, const PagePen& pen)
 {
     std::size_t key = 0;
     const auto add = [&key](double value) { key = key * 1099511628211U + std::hash<double>()(value); };
     for (const PathSegment& segment : path) {
-        add(segment.to.x);
-        add(segment.to.y);
+        for (const Point& point : {segment.to, segment.control1, segment.control2}) {
+            add(point.x);
+            add(point.y);
+        }
     }
-    for (const double value : {pen.width, pen.color.red, pen.color.green, pen.color.blue}) {
+    for (const double value : {pen.width, pen.color.red, pen.color.green, pen.color.blue,
+                               static_cast<double>(pen.cap), pen.dashOn, pen.dashOff, pen.dashPhase}) {
         add(value);
     }
     return key;
@@ -37,16 +47,18 @@ std::size_t KeyOf(PagePath path, const PagePen& pen)
 
 using StrokeCounts = std::unordered_map<std::size_t, int>;
 
-/// Counts the strokes of a content.
+/// Counts the strokes of a content, until a newer wish has come.
 class StrokeCounter final : public PageSink {
 public:
+    explicit StrokeCounter(const std::atomic<bool>& stops) : stop(stops) {}
+
     StrokeCounts counts;
 
     bool Scale(double /*sx*/, double /*sy*/) override { return true; }
     bool Stroke(PagePath path, const PagePen& pen) override
     {
         ++counts[KeyOf(path, pen)];
-        return true;
+        return !stop.load(std::memory_order_relaxed);
     }
     bool Fill(PagePath /*path*/, const PageColor& /*color*/) override { return true; }
     bool FillAndStroke(PagePath /*path*/, const PageColor& /*color*/, const PagePen& /*pen*/) override
@@ -54,6 +66,9 @@ public:
         return true;
     }
     bool Text(const PageText& /*text*/) override { return true; }
+
+private:
+    const std::atomic<bool>& stop;
 };
 
 /// Paints until a newer wish has come.
@@ -89,6 +104,10 @@ public:
         return StoppablePainter::Stroke(path, lit);
     }
     bool Fill(PagePath /*path*/, const PageColor& /*color*/) override { return GoesOn(); }
+    bool FillAndStroke(PagePath /*path*/, const PageColor& /*color*/, const PagePen& /*pen*/) override
+    {
+        return GoesOn();
+    }
     bool Text(const PageText& /*text*/) override { return GoesOn(); }
 
 private:
@@ -105,6 +124,7 @@ PageRenderer::~PageRenderer()
         const std::lock_guard lock(mutex);
         ends = true;
         isNew = true;
+        pageIsNew = true;
     }
     changed.notify_one();
     thread.join();
@@ -124,6 +144,7 @@ void PageRenderer::Want(Change change)
 void PageRenderer::SetPage(PaperPage page)
 {
     Want([&](Wish& wish) {
+        pageIsNew = true;
         wish.page = std::make_shared<PaperPage>(std::move(page));
         wish.other = nullptr;
     });
@@ -136,7 +157,7 @@ void PageRenderer::LightUp(std::optional<PaperPage> other)
 
 void PageRenderer::SetExcerpt(const PageExcerpt& excerpt)
 {
-    Want([&](Wish& wish) { wish.excerpt = excerpt; });
+    Want([&](Wish& wish) { wish.excerpt = excerpt; });  // the page itself goes on being drawn
 }
 
 void PageRenderer::Work()
@@ -150,6 +171,7 @@ void PageRenderer::Work()
                 return;
             }
             isNew = false;
+            pageIsNew = false;
             wish = wanted;
         }
         try {
@@ -163,16 +185,10 @@ void PageRenderer::Work()
     }
 }
 
-void PageRenderer::CheckIsNewest() const
+std::shared_ptr<const std::string> PageRenderer::Draw(const PaperPage& page, QString& problem,
+                                                      const std::atomic<bool>& stops)
 {
-    if (isNew.load(std::memory_order_relaxed)) {
-        throw PageStopped();
-    }
-}
-
-std::shared_ptr<const std::string> PageRenderer::Draw(const PaperPage& page, QString& problem)
-{
-    Turns turns([this] { CheckIsNewest(); });
+    Turns turns([&stops] { StopIf(stops); });
     problem.clear();
     try {
         return std::make_shared<std::string>(ContentOf(page, turns));
@@ -186,7 +202,7 @@ void PageRenderer::Fulfil(const Wish& wish)
 {
     if (drawnPage != wish.page) {
         drawnPage = nullptr;
-        content = Draw(*wish.page, drawnProblem);
+        content = Draw(*wish.page, drawnProblem, pageIsNew);
         drawnPage = wish.page;
     }
     const PageExcerpt& excerpt = wish.excerpt;
@@ -206,19 +222,22 @@ void PageRenderer::Fulfil(const Wish& wish)
     StoppablePainter shown(painter, paper.height(), thinnest, isNew);
     const PageDamage damage = ReadPage(*content, shown);
     painter.restore();
-    CheckIsNewest();
+    StopIf(isNew);
     if (wish.other && content->size() <= longestContentLitUp) {
         if (drawnOther != wish.other) {
-            QString ignored;
             drawnOther = nullptr;
-            otherContent = Draw(*wish.other, ignored);
+            QString problem;
+            otherContent = Draw(*wish.other, problem, isNew);
+            if (!problem.isEmpty()) {  // nothing to compare with
+                otherContent = content;
+            }
             drawnOther = wish.other;
         }
-        StrokeCounter counter;
+        StrokeCounter counter(isNew);
         ReadPage(*otherContent, counter);
         Highlighter lights(painter, paper.height(), 2.0 * thinnest, isNew, std::move(counter.counts));
         ReadPage(*content, lights);
-        CheckIsNewest();
+        StopIf(isNew);
     }
     painter.end();
     const QString problem = damage.message.empty()

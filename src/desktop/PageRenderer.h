@@ -66,13 +66,14 @@ private:
     void Work();
     void Fulfil(const Wish& wish);
     /// The content of a page, or as much of it as there is.
-    std::shared_ptr<const std::string> Draw(const PaperPage& page, QString& problem);
-    void CheckIsNewest() const;
+    static std::shared_ptr<const std::string> Draw(const PaperPage& page, QString& problem,
+                                                   const std::atomic<bool>& stops);
 
     std::mutex mutex;
     std::condition_variable changed;
     Wish wanted;
-    std::atomic<bool> isNew = false;
+    std::atomic<bool> isNew = false;      ///< the wish: what is being painted stops
+    std::atomic<bool> pageIsNew = false;  ///< its page: what is being drawn stops
     bool ends = false;
 
     // Of the thread alone.
