@@ -191,7 +191,7 @@ PageDamage PaintPage(QPainter& painter, const QSizeF& paper, std::string_view co
     painter.fillRect(page, Qt::white);
     painter.setClipRect(page);
     PagePainter sink(painter, paper.height(), thinnest);
-    const PageDamage damage = ReadPage(content, sink);
+    PageDamage damage = ReadPage(content, sink);
     painter.restore();
     return damage;
 }

@@ -92,7 +92,7 @@ PaperBottomBar::PaperBottomBar(QWidget* file, bool hasWizard)
     ShowProgress(false);
 }
 
-void PaperBottomBar::ShowProgress(bool visible)
+void PaperBottomBar::ShowProgress(bool visible) const
 {
     progress->setVisible(visible);
     cancel->setVisible(visible);

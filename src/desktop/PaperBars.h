@@ -45,7 +45,7 @@ public:
     /// `file` is the form's group of that name, `wizard` whether there is a button for one.
     PaperBottomBar(QWidget* file, bool hasWizard);
 
-    void ShowProgress(bool visible);
+    void ShowProgress(bool visible) const;
 
     QPushButton* wizard = nullptr;
     QProgressBar* progress;
