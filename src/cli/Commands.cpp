@@ -24,36 +24,64 @@ struct OpenWindow {
     std::unique_ptr<PaperWindow> window;
 };
 
-std::string ExtensionOf(const Source& source)
+std::string ExtensionOf(const std::string& fileName)
 {
-    const std::string extension = fs::path(source).extension().string();
+    const std::string extension = fs::path(fileName).extension().string();
     return extension.empty() ? "" : extension.substr(1);
+}
+
+std::vector<std::string> KindNames()
+{
+    std::vector<std::string> names;
+    for (const PaperKind& kind : PaperKinds()) {
+        names.emplace_back(kind.name);
+    }
+    return names;
 }
 
 const PaperKind& KindOf(const Source& source)
 {
-    if (const PaperKind* const kind = FindPaperKind(source)) {
+    if (source.preset != nullptr) {
+        return KindOf(*source.preset);
+    }
+    if (const PaperKind* const kind = FindPaperKind(source.name)) {
         return *kind;
     }
-    if (const PaperKind* const kind = FindPaperKindByExtension(ExtensionOf(source))) {
+    if (const PaperKind* const kind = FindPaperKindByExtension(ExtensionOf(source.name))) {
         return *kind;
     }
-    std::vector<std::string> possible;
-    for (const PaperKind& kind : PaperKinds()) {
-        possible.emplace_back(kind.name);
-    }
+    std::vector<std::string> possible = KindNames();
     for (const PaperKind& kind : PaperKinds()) {
         possible.push_back("FILE." + std::string(kind.settingsType.extension));
     }
-    throw Unknown("kind", source, possible);
+    throw Unknown("kind", source.name, possible);
+}
+
+bool IsFile(const Source& source)
+{
+    return source.preset == nullptr && FindPaperKind(source.name) == nullptr;
+}
+
+const Preset& PresetNamed(const std::string& id)
+{
+    if (const Preset* const preset = FindPreset(id)) {
+        return *preset;
+    }
+    std::vector<std::string> possible;
+    for (const Preset& preset : Presets()) {
+        possible.emplace_back(preset.id);
+    }
+    throw Unknown("preset", id, possible);
 }
 
 OpenWindow Open(const Source& source, const std::vector<Action>& actions, ScreenlessPlatform& platform)
 {
     const PaperKind& kind = KindOf(source);
     OpenWindow open{&kind, MakeWindow(kind, platform)};
-    if (source != kind.name) {
-        Load(source, *open.window);
+    if (source.preset != nullptr) {
+        LayOver(*source.preset, *open.window, platform);
+    } else if (IsFile(source)) {
+        Load(source.name, *open.window);
     }
     Apply(actions, kind, *open.window, platform);
     return open;
@@ -159,7 +187,7 @@ std::vector<std::string> OutputNames(const GenerateRequest& request)
     std::vector<std::string> names;
     std::set<std::string> taken;
     for (const Source& source : request.sources) {
-        const std::string stem = fs::path(source).stem().string();
+        const std::string stem = source.preset != nullptr ? source.name : fs::path(source.name).stem().string();
         names.push_back((fs::path(request.outputDirectory) / (stem + ".pdf")).string());
         if (!taken.insert(names.back()).second) {
             throw UsageError{"two pages would be written to " + names.back()};
@@ -173,8 +201,8 @@ void CheckIsNoInput(const std::string& output, const GenerateRequest& request)
 {
     std::vector<std::string> inputs;
     for (const Source& source : request.sources) {
-        if (FindPaperKind(source) == nullptr) {
-            inputs.push_back(source);
+        if (IsFile(source)) {
+            inputs.push_back(source.name);
         }
     }
     for (const Action& action : request.actions) {
@@ -214,6 +242,49 @@ void CheckRequest(const GenerateRequest& request)
 FolderItem OutputFile(const std::string& name)
 {
     return name == "-" ? FolderItem::StandardOutput() : FolderItem(name);
+}
+
+std::vector<Source> SourcesOf(const std::vector<std::string>& names, const std::optional<std::string>& preset)
+{
+    if (!preset) {
+        if (names.empty()) {
+            throw UsageError{"source is required: a kind of paper, a settings file, or --preset NAME"};
+        }
+        std::vector<Source> sources;
+        for (const std::string& name : names) {
+            sources.push_back({name});
+        }
+        return sources;
+    }
+    const Preset& found = PresetNamed(*preset);
+    for (const std::string& name : names) {
+        if (name != found.kind) {
+            throw UsageError{"--preset " + *preset + " is a preset of " + std::string(found.kind) +
+                             ", and goes with no other source, such as '" + name + "'"};
+        }
+    }
+    return {{*preset, &found}};
+}
+
+void ListPresets(bool asJson, const std::optional<std::string>& kind)
+{
+    if (kind && FindPaperKind(*kind) == nullptr) {
+        throw Unknown("kind", *kind, KindNames());
+    }
+    Json list = Json::array();
+    for (const Preset& preset : Presets()) {
+        if (kind && preset.kind != *kind) {
+            continue;
+        }
+        if (asJson) {
+            list.push_back({{"preset", preset.id}, {"kind", preset.kind}, {"title", preset.title}});
+        } else {
+            std::cout << preset.id << '\t' << preset.kind << '\t' << preset.title << '\n';
+        }
+    }
+    if (asJson) {
+        Print(list);
+    }
 }
 
 void ListKinds(bool asJson)

@@ -1,20 +1,33 @@
 #pragma once
 
+#include "app/Presets.h"
 #include "cli/Actions.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace linealis::cli {
 
-/// A kind's name, or a settings file whose extension tells the kind.
-using Source = std::string;
+/// Where a form comes from: a kind, a settings file or a preset.
+struct Source {
+    std::string name;                ///< of the kind or the preset, or the file, whose extension tells the kind
+    const Preset* preset = nullptr;  ///< null: it is none
+};
+
+/// The sources of those names, or the preset, beside which the name of its own kind may stand. Throws UsageError
+/// if there is neither, if there is no such preset, or if the names say otherwise.
+std::vector<Source> SourcesOf(const std::vector<std::string>& names, const std::optional<std::string>& preset);
 
 /// The file that an option names; "-" is standard output.
 FolderItem OutputFile(const std::string& name);
 
 /// Prints the kinds, a line each, or as JSON.
 void ListKinds(bool asJson);
+
+/// Prints the presets, of all kinds or of the one named, a line each, or as JSON. Throws UsageError if there is no
+/// such kind.
+void ListPresets(bool asJson, const std::optional<std::string>& kind);
 
 /// Prints the form as JSON after the actions.
 void ShowForm(const Source& source, const std::vector<Action>& actions);

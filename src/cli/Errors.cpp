@@ -81,9 +81,4 @@ UsageError Unknown(std::string_view what, std::string_view given, std::vector<st
     return {message};
 }
 
-bool SameText(std::string_view a, std::string_view b)
-{
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return Lower(x) == Lower(y); });
-}
-
 }  // namespace linealis::cli

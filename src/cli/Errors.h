@@ -23,7 +23,4 @@ void Complain(std::string_view message);
 /// "unknown WHAT 'GIVEN'; possible: ...", the nearest match first.
 UsageError Unknown(std::string_view what, std::string_view given, std::vector<std::string> possible);
 
-/// Whether the texts are the same but for the case of ASCII letters.
-bool SameText(std::string_view a, std::string_view b);
-
 }  // namespace linealis::cli

@@ -10,7 +10,9 @@
 #include <iostream>
 #include <map>
 #include <new>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -27,7 +29,7 @@ const char* const actionHelp =
     "  --load FILE           load a settings file\n"
     "  --markers FILE        of graph, with CheckBoxMarkers on: the file of its markers\n"
     "  --wizard CONTROL=TEXT of graph: fill in the wizard, whose OK is pressed after all other actions\n"
-    "'linealis-cli form KIND' shows the controls.";
+    "'linealis-cli form KIND' shows the controls, 'linealis-cli presets' the presets.";
 
 const char* const exitHelp = "Exit status: 0 done; 1 the work failed; 2 the command line is wrong.";
 
@@ -112,8 +114,9 @@ public:
         app.require_subcommand(1);
         app.footer(exitHelp);
         kinds.add_flag("--json", asJson, "As JSON");
+        AddPresetOptions();
         for (CLI::App* const command : {&form, &save}) {
-            command->add_option("source", source, "A kind of paper, or a settings file")->required();
+            command->add_option("source", source, "A kind of paper, or a settings file");
         }
         AddGenerateOptions();
         save.add_option("-o,--output", output, "The settings file; - is standard output")
@@ -146,12 +149,29 @@ private:
 
     void AddGenerateOptions()
     {
-        generate.add_option("source", request.sources, "A kind of paper, or settings files")->required();
+        generate.add_option("source", sources, "A kind of paper, or settings files");
         generate.add_option("-o,--output", request.output, "The PDF file; - is standard output")->type_name("FILE");
         generate
             .add_option("--output-dir", request.outputDirectory, "Folder for a PDF file named after each source")
             ->type_name("DIR");
         generate.add_flag("--view", request.view, "Open the page in the viewer");
+    }
+
+    void AddPresetOptions()
+    {
+        presets.add_flag("--json", asJson, "As JSON");
+        presets.add_option("--kind", kind, "Of this kind of paper only")->type_name("KIND");
+        for (CLI::App* const command : {&form, &generate, &save}) {
+            command->add_option("--preset", preset, "Begin with a preset, which tells the kind of paper")
+                ->type_name("NAME");
+        }
+    }
+
+    /// The one source of a command that takes no more.
+    Source OneSource() const
+    {
+        const auto names = source ? std::vector{*source} : std::vector<std::string>{};
+        return SourcesOf(names, preset).front();
     }
 
     void AddCalibrationOptions()
@@ -166,20 +186,24 @@ private:
     {
         if (kinds.parsed()) {
             ListKinds(asJson);
+        } else if (presets.parsed()) {
+            ListPresets(asJson, kind);
         } else if (form.parsed()) {
-            ShowForm(source, formActions.InOrder());
+            ShowForm(OneSource(), formActions.InOrder());
         } else if (generate.parsed()) {
+            request.sources = SourcesOf(sources, preset);
             request.actions = generateActions.InOrder();
             Generate(request);
         } else if (calibration.parsed()) {
             MakeCalibrationSheet(paper, output);
         } else {
-            Save(source, saveActions.InOrder(), output);
+            Save(OneSource(), saveActions.InOrder(), output);
         }
     }
 
     CLI::App app{"Makes printable paper as PDF files.", "linealis-cli"};
     CLI::App& kinds = Add("kinds", "List the kinds of paper: kind, title, settings extension");
+    CLI::App& presets = Add("presets", "List the presets: name, kind, title");
     CLI::App& form = Add("form", "Show a form as JSON");
     CLI::App& generate = Add("generate", "Make a page");
     CLI::App& save = Add("save", "Save a form as a settings file");
@@ -188,7 +212,10 @@ private:
     ActionOptions generateActions;
     ActionOptions saveActions;
     bool asJson = false;
-    Source source;
+    std::optional<std::string> kind;
+    std::optional<std::string> preset;
+    std::optional<std::string> source;
+    std::vector<std::string> sources;  ///< of generate
     std::string output;
     std::string paper = "a4";
     GenerateRequest request;

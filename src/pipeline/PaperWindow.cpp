@@ -115,6 +115,23 @@ std::error_code PaperWindow::LoadSettings(const FolderItem& file)
     return Load(file).error;
 }
 
+std::string PaperWindow::SettingsBytes() const
+{
+    std::string bytes;
+    linealis::SaveSettings(paper.settings, outputFile, BinaryStream::IntoMemory(bytes));
+    return bytes;
+}
+
+std::error_code PaperWindow::LayOver(BinaryStream settings)
+{
+    if (!settings.IsOpen()) {
+        return settings.Error();
+    }
+    form.BeforeLoad();
+    FolderItem ignored;
+    return linealis::LoadSettings(paper.settings, ignored, std::move(settings)).error;
+}
+
 LoadResult PaperWindow::Load(const FolderItem& file)
 {
     form.BeforeLoad();

@@ -7,6 +7,7 @@
 #include "platform/Platform.h"
 
 #include <optional>
+#include <string>
 #include <system_error>
 #include <vector>
 
@@ -63,6 +64,10 @@ public:
 
     std::error_code SaveSettings(const FolderItem& file) const;
     std::error_code LoadSettings(const FolderItem& file);
+    /// What SaveSettings writes.
+    std::string SettingsBytes() const;
+    /// Loads settings, but for the output file, which stays. A stream that is not open leaves all as it was.
+    std::error_code LayOver(BinaryStream settings);
     /// Loads the file and takes it for the window's document. What goes wrong is noted (Platform::Note), as in the
     /// actions below.
     void OpenDocument(const FolderItem& file);

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace linealis {
 
@@ -79,10 +80,12 @@ FolderItem ReadAlias(BinaryStream& stream)
 
 std::error_code SaveSettings(const SettingsTable& table, const FolderItem& outputFile, const FolderItem& file)
 {
-    if (file.IsEmpty()) {
-        return {};
-    }
-    SettingsStream settings{.stream = file.CreateBinaryFile(), .outputFile = outputFile};
+    return file.IsEmpty() ? std::error_code() : SaveSettings(table, outputFile, file.CreateBinaryFile());
+}
+
+std::error_code SaveSettings(const SettingsTable& table, const FolderItem& outputFile, BinaryStream stream)
+{
+    SettingsStream settings{.stream = std::move(stream), .outputFile = outputFile};
     for (const SettingsField& field : table) {
         field.write(settings);
     }
@@ -91,7 +94,12 @@ std::error_code SaveSettings(const SettingsTable& table, const FolderItem& outpu
 
 LoadResult LoadSettings(const SettingsTable& table, FolderItem& outputFile, const FolderItem& file)
 {
-    SettingsStream settings{.stream = file.OpenAsBinaryFile(), .outputFile = outputFile};
+    return LoadSettings(table, outputFile, file.OpenAsBinaryFile());
+}
+
+LoadResult LoadSettings(const SettingsTable& table, FolderItem& outputFile, BinaryStream stream)
+{
+    SettingsStream settings{.stream = std::move(stream), .outputFile = outputFile};
     if (!settings.stream.IsOpen()) {
         return {settings.stream.Error()};
     }

@@ -36,6 +36,9 @@ using SettingsTable = std::vector<SettingsField>;
 /// was and is returned. Nothing happens without a file.
 std::error_code SaveSettings(const SettingsTable& table, const FolderItem& outputFile, const FolderItem& file);
 
+/// The same into a stream. Returns its failure.
+std::error_code SaveSettings(const SettingsTable& table, const FolderItem& outputFile, BinaryStream stream);
+
 /// How a load went.
 struct LoadResult {
     std::error_code error = {};  ///< why the file could not be opened
@@ -46,6 +49,9 @@ struct LoadResult {
 /// Reads a file into the form that the table belongs to, and the output file that it refers to. A file that cannot
 /// be opened leaves both as they were. A shorter file reads as empty at its end.
 LoadResult LoadSettings(const SettingsTable& table, FolderItem& outputFile, const FolderItem& file);
+
+/// The same from a stream.
+LoadResult LoadSettings(const SettingsTable& table, FolderItem& outputFile, BinaryStream stream);
 
 namespace settings {
 

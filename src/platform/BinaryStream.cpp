@@ -68,6 +68,20 @@ BinaryStream BinaryStream::OnStandardOutput()
     return stream;
 }
 
+BinaryStream BinaryStream::FromMemory(std::string_view bytes)
+{
+    BinaryStream stream;
+    stream.input.reset(posix::OpenMemory(bytes, stream.error));
+    return stream;
+}
+
+BinaryStream BinaryStream::IntoMemory(std::string& bytes)
+{
+    BinaryStream stream;
+    stream.memory = &bytes;
+    return stream;
+}
+
 std::error_code BinaryStream::Close()
 {
     if (output && !error) {
@@ -75,6 +89,7 @@ std::error_code BinaryStream::Close()
     }
     output.reset();
     input.reset();
+    memory = nullptr;
     return error;
 }
 
@@ -82,6 +97,9 @@ void BinaryStream::Write(std::string_view bytes)
 {
     if (output && !error) {
         error = output->Write(bytes);
+    }
+    if (memory != nullptr) {
+        memory->append(bytes);
     }
 }
 

@@ -17,7 +17,7 @@ class OutputFile;
 /// What writing does where it finds a link.
 enum class Links { Follow, Refuse };
 
-/// A binary file, open for reading or for writing. No operation throws but for want of memory.
+/// A binary file, or bytes in memory, open for reading or for writing. No operation throws but for want of memory.
 ///
 /// Writing replaces a file whole: the bytes go to a new file, which Close() puts in the old one's place. Until then
 /// the old file stands untouched, and it stays if writing fails or the stream is dropped unclosed. Its permissions
@@ -45,7 +45,13 @@ public:
     static BinaryStream New(const std::filesystem::path& path);
     static BinaryStream OnStandardOutput();
 
-    bool IsOpen() const { return input || output; }
+    /// Reads bytes that are no file's. They must outlive the stream.
+    static BinaryStream FromMemory(std::string_view bytes);
+
+    /// What is written goes behind the bytes, at once. They must outlive the stream.
+    static BinaryStream IntoMemory(std::string& bytes);
+
+    bool IsOpen() const { return input || output || memory != nullptr; }
 
     /// Why the stream could not be opened, or the first failure in writing; empty when all is well.
     std::error_code Error() const { return error; }
@@ -90,6 +96,7 @@ private:
 
     std::unique_ptr<std::FILE, CloseFile> input;
     std::unique_ptr<posix::OutputFile> output;
+    std::string* memory = nullptr;  ///< what is written to instead of a file
     std::error_code error;
 };
 

@@ -44,4 +44,14 @@ std::FILE* OpenForReading(const std::filesystem::path& path, std::error_code& er
     return handle;
 }
 
+std::FILE* OpenMemory(std::string_view bytes, std::error_code& error)
+{
+    // What is opened for reading is not written to.
+    std::FILE* const handle = ::fmemopen(const_cast<char*>(bytes.data()), bytes.size(), "r");
+    if (handle == nullptr) {
+        error = LastError();
+    }
+    return handle;
+}
+
 }  // namespace linealis::posix

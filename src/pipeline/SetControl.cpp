@@ -1,0 +1,119 @@
+#include "pipeline/SetControl.h"
+
+#include <algorithm>
+#include <cctype>
+#include <charconv>
+#include <optional>
+
+namespace linealis {
+
+namespace {
+
+template <typename Wanted>
+Control& FindControl(std::string_view owner, const Form& form, std::string_view name, Wanted isWanted)
+{
+    if (Control* const control = form.Find(name); control != nullptr && isWanted(control->Kind())) {
+        return *control;
+    }
+    std::vector<std::string> possible;
+    for (const Control* const control : form.Controls()) {
+        if (isWanted(control->Kind())) {
+            possible.emplace_back(control->Name());
+        }
+    }
+    throw UnknownInput{"control of " + std::string(owner), std::string(name), possible};
+}
+
+/// Whether the texts are the same but for the case of ASCII letters.
+bool SameText(std::string_view a, std::string_view b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
+}
+
+/// The whole text as a number in the base, or nothing.
+std::optional<unsigned> WholeNumber(std::string_view digits, int base)
+{
+    unsigned number = 0;
+    const char* const end = digits.data() + digits.size();
+    const auto result = std::from_chars(digits.data(), end, number, base);
+    if (digits.empty() || result.ec != std::errc() || result.ptr != end) {
+        return std::nullopt;
+    }
+    return number;
+}
+
+/// The index of an item that is given by its text or as #INDEX.
+std::int64_t ItemIndex(const Choice& choice, std::string_view given)
+{
+    const std::vector<std::string_view>& items = choice.Items();
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        if (SameText(items[i], given)) {
+            return static_cast<std::int64_t>(i);
+        }
+    }
+    if (given.starts_with('#')) {
+        const auto index = WholeNumber(given.substr(1), 10);
+        if (index && *index < items.size()) {
+            return *index;
+        }
+    }
+    std::vector<std::string> possible(items.begin(), items.end());
+    possible.push_back("#0 to #" + std::to_string(items.size() - 1));
+    throw UnknownInput{"item of " + std::string(choice.Name()), std::string(given), possible};
+}
+
+bool OnOrOff(const Control& control, std::string_view given)
+{
+    if (SameText(given, "on")) {
+        return true;
+    }
+    if (SameText(given, "off")) {
+        return false;
+    }
+    throw UnknownInput{"value of " + std::string(control.Name()), std::string(given), {"on", "off"}};
+}
+
+Color ColorFrom(const Control& control, std::string_view given)
+{
+    constexpr std::size_t length = 7;
+    const auto number =
+        given.starts_with('#') && given.size() == length ? WholeNumber(given.substr(1), 16) : std::nullopt;
+    if (!number) {
+        throw UnknownInput{"color of " + std::string(control.Name()), std::string(given), {"#RRGGBB"}};
+    }
+    return {static_cast<std::uint8_t>(*number >> 16U), static_cast<std::uint8_t>(*number >> 8U),
+            static_cast<std::uint8_t>(*number)};
+}
+
+/// Sets a control to what is given, as the user would.
+struct Setter {
+    std::string_view given;
+
+    void operator()(TextField& field) const { field.SetText(std::string(given)); }
+    void operator()(Choice& choice) const
+    {
+        if (const std::int64_t index = ItemIndex(choice, given); index != choice.ListIndex()) {
+            choice.SetListIndex(index);  // choosing the same item again is no change
+        }
+    }
+    void operator()(CheckBox& box) const { box.Click(OnOrOff(box, given)); }
+    void operator()(Swatch& swatch) const { swatch.SetColor(ColorFrom(swatch, given)); }
+    void operator()(Label& /*label*/) const {}
+};
+
+}  // namespace
+
+void SetControl(std::string_view owner, const Form& form, const Setting& setting)
+{
+    const auto canBeSet = [](ControlKind kind) { return kind != ControlKind::Label; };
+    Visit(FindControl(owner, form, setting.control, canBeSet), Setter{setting.value});
+}
+
+void TypeIntoControl(std::string_view owner, const Form& form, const Setting& setting)
+{
+    const auto isText = [](ControlKind kind) { return kind == ControlKind::Text; };
+    static_cast<TextField&>(FindControl(owner, form, setting.control, isText)).Type(std::string(setting.value));
+}
+
+}  // namespace linealis

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "pipeline/Form.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace linealis {
+
+/// A name or a value was given that there is not.
+struct UnknownInput {
+    std::string what;  ///< such as "control of grid"
+    std::string given;
+    std::vector<std::string> possible;
+};
+
+/// A control by its name, and what it is to hold.
+struct Setting {
+    std::string_view control;
+    std::string_view value;
+};
+
+/// Sets a control as the user would: a text; the item of a popup or radio group, or its #INDEX; on or off; a color
+/// as #RRGGBB. Items and "on" are the same in any case. `owner` is who the form belongs to, for the error. Throws
+/// UnknownInput if there is no such control or it has no such value.
+void SetControl(std::string_view owner, const Form& form, const Setting& setting);
+
+/// Types the value into a text field, as the user would. Throws UnknownInput if there is no such field.
+void TypeIntoControl(std::string_view owner, const Form& form, const Setting& setting);
+
+}  // namespace linealis
