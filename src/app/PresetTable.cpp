@@ -38,7 +38,7 @@ Settings OnLetter(const Settings& rest)
 
 constexpr Text softBlue = "#6F8FAF";   // lines to write and draw between
 constexpr Text softGreen = "#5F9F7F";  // of engineering pads
-constexpr Text darkGray = "#505050";   // lines to read values at
+constexpr Text darkBlue = "#4F6F8F";   // lines to read values at
 
 Settings Margins(Text top, Text bottom, Text left, Text right)
 {
@@ -65,9 +65,14 @@ Settings Squares(Text size, Text weight)
         {Cells(size), {{"EditHorzWeight", weight}, {"EditVertWeight", weight}, {"LinesColorCanvas", softBlue}}});
 }
 
+Settings Dots()
+{
+    return {{"EditDotWeight", "1.4"}, {"LineColorCanvas", softBlue}};
+}
+
 // Lined and note paper.
 
-/// Lines without a number above 1 blank line less than the top margin of a school book.
+/// The blank lines make the head of the page.
 Settings Ruled(Text linesPerUnit, Text blankLines)
 {
     return {{"EditHorzSpacing", linesPerUnit},
@@ -81,6 +86,7 @@ Settings Ruled(Text linesPerUnit, Text blankLines)
 Settings Notes(Text linesPerUnit)
 {
     return {{"EditHorzSpacing", linesPerUnit},
+            {"LineColorCanvas", darkBlue},
             {"EditName", ""},
             {"EditDate", ""},
             {"EditTopic", ""},
@@ -100,7 +106,7 @@ Settings Spokes(Text labels, Text spokes, Text minorSpokes)
 {
     return {{"EditNumCircles", "10"},      {"EditNumSpokes", spokes},   {"EditNumMinorSpokes", minorSpokes},
             {"EditMinorStart", "3"},       {"EditLineThickness", ".4"}, {"EditMinorLineThickness", ".15"},
-            {"LineColorCanvas", darkGray}, {"RadioButton1", labels},    {"EditTitle", ""}};
+            {"LineColorCanvas", darkBlue}, {"RadioButton1", labels},    {"EditTitle", ""}};
 }
 
 Settings Triangle(Text divisions, Text minorDivisions)
@@ -139,7 +145,7 @@ Settings HeavySquares(Text linesPerUnit, Text major)
                  Untitled()});
 }
 
-/// What all papers to plot on share: thin gray lines, small numbers.
+/// What all papers to plot on share: thin blue lines, small numbers.
 Settings Plot(const Settings& x, const Settings& y)
 {
     return Join({{{"EditXLineThickness", ".15"},
@@ -147,11 +153,11 @@ Settings Plot(const Settings& x, const Settings& y)
                   {"EditYLineThickness", ".15"},
                   {"EditYMajorWeight", ".5"},
                   {"EditXAxisWeight", "1"},
-                  {"EditXAxisTextSize", "8"},
+                  {"EditXAxisTextSize", "7"},
                   {"EditYAxisWeight", "1"},
-                  {"EditYAxisTextSize", "8"},
-                  {"LineColorCanvas", darkGray},
-                  {"MajorLineColorCanvas", darkGray}},
+                  {"EditYAxisTextSize", "7"},
+                  {"LineColorCanvas", darkBlue},
+                  {"MajorLineColorCanvas", darkBlue}},
                  x,
                  y,
                  Untitled()});
@@ -258,9 +264,9 @@ std::vector<Preset> MakePresets()
          OnLetter(Join({Ruled("4", "4"), {{"EditBlankLeft", "1"}}, Margins("0.25", "0.25", "0.25", "0.25")}))},
 
         {"dots-5mm", "Dot Grid 5 mm", "dots", metric, "dotted journal bullet",
-         OnA4(Join({Cells("0.5"), {{"EditDotWeight", "1"}, {"LineColorCanvas", softBlue}}, NarrowMargins("0.45")}))},
+         OnA4(Join({Cells("0.5"), Dots(), NarrowMargins("0.45")}))},
         {"dots-quarter-inch", "Dot Grid 1/4 inch", "dots", us, "dotted journal bullet",
-         OnLetter(Join({Cells("0.25"), {{"EditDotWeight", "1"}, {"LineColorCanvas", softBlue}},
+         OnLetter(Join({Cells("0.25"), Dots(),
                         NarrowMargins("0.25")}))},
         {"crosses-1cm", "Crosses 1 cm", "crosses", metric, "cross plus ticks",
          OnA4(Join({Cells("1"), {{"EditCrossHeight", "0.2"}, {"EditCrossWidth", "0.2"}, {"EditCrossWeight", ".4"},
