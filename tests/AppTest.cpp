@@ -1,6 +1,7 @@
 #include "app/App.h"
 
 #include "PageSupport.h"
+#include "app/OwnPresets.h"
 #include "app/Version.h"
 
 #include <limits>
@@ -177,6 +178,7 @@ TEST_F(PaperWindows, TheGraphsLastSettingsAreLoadedByTheGalleryAlone)
         }
     }
     EXPECT_EQ(fs::exists(preferences.Path() / "LinealisLastSettings"), true);
+    fs::remove_all(preferences.Path() / "left");
     EXPECT_EQ(std::distance(fs::directory_iterator(preferences.Path()), {}), 1) << "of no other kind";
 
     Choose("WindowGraphPaper");
@@ -190,6 +192,30 @@ TEST_F(PaperWindows, TheGraphsLastSettingsAreLoadedByTheGalleryAlone)
     window.form.EditXScale.SetText("66");
     app.Gallery().Event_MouseUp(0);
     EXPECT_EQ(window.form.EditXScale.Text(), "77") << "loaded again by each click";
+}
+
+TEST_F(PaperWindows, BeginWithTheUsersDefaultAndAreLeftInAFile)
+{
+    const OwnPresets own(preferences);
+    for (const PaperKind* const kind : {FindPaperKind("graph"), FindPaperKind("grid")}) {
+        Window(kind->name).form.EditXScale.SetText("88");
+        EXPECT_FALSE(own.LeftFile(*kind).Exists());
+        app.PaperClosed(*kind);
+        EXPECT_EQ(Window(kind->name).form.EditXScale.Text(), "100") << "there is no default yet";
+        EXPECT_FALSE(Window(kind->name).LayOver(own.LeftFile(*kind).OpenAsBinaryFile()));
+        EXPECT_EQ(Window(kind->name).form.EditXScale.Text(), "88");
+        Window(kind->name).form.EditXScale.SetText("55");
+        EXPECT_FALSE(own.SaveDefault(*kind, Window(kind->name)));
+        Window(kind->name).form.EditXScale.SetText("66");
+        app.PaperClosed(*kind);
+        EXPECT_EQ(Window(kind->name).form.EditXScale.Text(), "55");
+        EXPECT_TRUE(Window(kind->name).OurFolderItem().IsEmpty());
+    }
+    app.Gallery().Event_MouseUp(0);
+    EXPECT_EQ(Window("graph").form.EditXScale.Text(), "55") << "a default goes before the last settings";
+    EXPECT_FALSE(own.ForgetDefault(*FindPaperKind("graph")));
+    app.Gallery().Event_MouseUp(0);
+    EXPECT_EQ(Window("graph").form.EditXScale.Text(), "66");
 }
 
 TEST_F(Gallery, AClickOpensItsKindOnce)

@@ -66,6 +66,41 @@ TEST_F(Cli, ListsKinds)
     EXPECT_EQ(kinds.size(), Lines(lines.output, '\n').size());
 }
 
+TEST_F(Cli, BeginsWithAPreset)
+{
+    const std::string line = "polar-radians\tpolar\tPolar in radians";
+    const Names all = Lines(Call({"presets"}).output, '\n'),
+                polar = Lines(Call({"presets", "--kind", "polar"}).output, '\n');
+    EXPECT_EQ(std::count(all.begin(), all.end(), line), 1);
+    EXPECT_EQ(std::count(polar.begin(), polar.end(), line), 1);
+    EXPECT_LT(polar.size(), all.size());
+    const Json listed = Json::parse(Call({"presets", "--json"}).output);
+    EXPECT_EQ(listed.size(), all.size());
+    EXPECT_EQ(listed[0], Json({{"preset", "squares-5mm"}, {"kind", "grid"}, {"title", "Squares 5 mm"}}));
+
+    const Names begin = {"--preset", "squares-5mm", "--set", "EditHorzSpacing=1", "-o"};
+    const auto with = [&](Names call, const std::string& output) {
+        call.insert(call.end(), begin.begin(), begin.end());
+        call.push_back(output);
+        return call;
+    };
+    Succeeds(with({"generate"}, In("page.pdf")));
+    Succeeds(with({"save", "grid"}, In("page.setx")));
+    Succeeds({"generate", In("page.setx"), "-o", In("same.pdf")});
+    EXPECT_EQ(PageOf(In("page.pdf")), PageOf(In("same.pdf")));
+    Succeeds({"generate", "--preset", "squares-5mm", "--output-dir", In("")});
+    EXPECT_GT(PageOf(In("squares-5mm.pdf")).size(), PageOf(In("page.pdf")).size());
+    const Json form = Json::parse(Call({"form", "--preset", "polar-radians"}).output);
+    EXPECT_EQ(form["kind"], "polar");
+    EXPECT_EQ(form["controls"]["EditTitle"]["value"], "");
+
+    Fails(2, with({"generate", "dots"}, In("x.pdf")), {"squares-5mm is a preset of grid", "'dots'"});
+    Fails(2, with({"save", In("page.setx")}, In("x.setx")), {"squares-5mm is a preset of grid", "page.setx'"});
+    Fails(2, {"form", "--preset", "squars-5mm"}, {"unknown preset 'squars-5mm'; possible: squares-5mm, "});
+    Fails(2, {"presets", "--kind", "polr"}, {"unknown kind 'polr'; possible: polar, "});
+    Fails(2, {"form"}, {"source is required"});
+}
+
 TEST_F(Cli, HelpAndVersion)
 {
     for (const Names& call : {Names{"--help"},
@@ -73,6 +108,7 @@ TEST_F(Cli, HelpAndVersion)
                               {"form", "--help"},
                               {"generate", "--help"},
                               {"save", "--help"},
+                              {"presets", "--help"},
                               {"calibration", "--help"}}) {
         const Finished help = Call(call);
         EXPECT_EQ(help.status, 0);

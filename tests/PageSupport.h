@@ -21,6 +21,7 @@ struct ShownText {
 struct Page : PageSink {
     std::string content;
     std::vector<ShownText> texts;
+    std::size_t strokes = 0;
     std::size_t verticals = 0;  ///< lines
     std::size_t horizontals = 0;
 
@@ -33,6 +34,7 @@ struct Page : PageSink {
     bool Scale(double, double) override { return true; }
     bool Stroke(PagePath path, const PagePen&) override
     {
+        ++strokes;
         verticals += path[0].to.x == path[1].to.x ? 1U : 0U;
         horizontals += path[0].to.y == path[1].to.y ? 1U : 0U;
         return true;

@@ -1,5 +1,6 @@
 #include "app/App.h"
 
+#include "app/OwnPresets.h"
 #include "app/Version.h"
 #include "platform/BinaryStream.h"
 
@@ -54,6 +55,11 @@ FolderItem App::LastSettingsFile() const
     return platform.PreferencesFolder().Child("LinealisLastSettings");
 }
 
+FolderItem App::DefaultFile(const PaperKind& kind) const
+{
+    return OwnPresets(platform.PreferencesFolder()).DefaultFile(kind);
+}
+
 void App::Event_Open()
 {
     preferences = ReadPrefs(PrefsFile());
@@ -72,6 +78,7 @@ void App::StoreLastSettings(const PaperKind& kind, const PaperWindow& window) co
     if (kind.keepsLastSettings) {
         window.SaveSettings(LastSettingsFile());
     }
+    OwnPresets(platform.PreferencesFolder()).SaveLeft(kind, window);
 }
 
 void App::Store()
@@ -116,6 +123,9 @@ PaperWindow& App::ShowPaper(const PaperKind& kind)
     std::unique_ptr<PaperWindow>& window = papers[&kind];
     if (!window) {
         window = MakeWindow(kind, platform);
+        if (const FolderItem file = DefaultFile(kind); file.Exists()) {
+            window->LayOver(file.OpenAsBinaryFile());
+        }
     }
     windows.Show(kind, *window);
     return *window;
@@ -137,6 +147,9 @@ void App::OpenFromGallery(std::size_t entry)
 {
     const PaperKind& kind = PaperKinds()[entry];
     PaperWindow& window = ShowPaper(kind);
+    if (DefaultFile(kind).Exists()) {
+        return;  // the user has chosen what to begin with
+    }
     if (const FolderItem file = LastSettingsFile(); kind.keepsLastSettings && file.Exists()) {
         window.LoadSettings(file);
     }

@@ -52,7 +52,8 @@ public:
     /// Opens a settings file of any kind in its window, without a message. Null if its extension is none of them.
     PaperWindow* OpenSettings(const FolderItem& file);
 
-    /// Shows the window of a kind, each at most once. It keeps its values until it is closed.
+    /// Shows the window of a kind, each at most once. It begins with the user's default, if there is one, and keeps
+    /// its values until it is closed.
     PaperWindow& ShowPaper(const PaperKind& kind);
 
     /// The front end tells that the window of the kind has been closed. What is to be kept of its form is stored,
@@ -89,6 +90,7 @@ private:
     FolderItem HelpFile() const;
     FolderItem PrefsFile() const;
     FolderItem LastSettingsFile() const;
+    FolderItem DefaultFile(const PaperKind& kind) const;
     void StoreLastSettings(const PaperKind& kind, const PaperWindow& window) const;
 
     Platform& platform;
