@@ -111,11 +111,9 @@ Settings Spokes(Text labels, Text spokes, Text minorSpokes)
 
 Settings Triangle(Text divisions, Text minorDivisions)
 {
-    return {{"EditMajorDivisions", divisions},
-            {"EditMinorDivisions", minorDivisions},
-            {"PopupScaling", "Axis"},
-            {"EditAxisMaximum", "100"},
-            {"EditLineThickness", ".6"}};
+    return {{"EditMajorDivisions", divisions}, {"EditMinorDivisions", minorDivisions},
+            {"PopupScaling", "Axis"},          {"EditAxisMaximum", "100"},
+            {"EditLineThickness", ".6"},       {"LineColorCanvas", darkBlue}};
 }
 
 // Graph paper. None of it has titles.

@@ -13,13 +13,14 @@
 #include <QPainter>
 #include <QPixmapCache>
 #include <QProxyStyle>
+#include <QStyleOption>
 
 namespace linealis::desktop {
 
 namespace {
 
 constexpr QSize pictureSize{48, 62};  // pixels of the screen
-constexpr double thinnestPixel = 0.3;
+constexpr double thinnestPixel = 0.2;
 
 QString Translate(const char* text)
 {
@@ -53,13 +54,14 @@ public:
 
     void paint(QPainter* painter, const QRect& place, QIcon::Mode /*mode*/, QIcon::State /*state*/) override
     {
-        const QPixmap picture = PresetPicture(preset, place.size(), painter->device()->devicePixelRatio());
+        const QPixmap picture =
+            PresetPicture(preset, place.size().boundedTo(pictureSize), painter->device()->devicePixelRatio());
         const QSizeF shown = picture.deviceIndependentSize();
         painter->drawPixmap(QPointF(place.center()) - QPointF(shown.width() / 2.0, shown.height() / 2.0), picture);
     }
     QPixmap pixmap(const QSize& size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override
     {
-        return PresetPicture(preset, size, 1.0);
+        return PresetPicture(preset, size.boundedTo(pictureSize), 1.0);
     }
     QIconEngine* clone() const override { return new PresetIcon(preset); }
 
@@ -73,6 +75,29 @@ public:
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override
     {
         return metric == PM_SmallIconSize ? pictureSize.height() : QProxyStyle::pixelMetric(metric, option, widget);
+    }
+
+    /// A box to check would be drawn as large as the pictures.
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override
+    {
+        const auto* const item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+        if (element != CE_MenuItem || item == nullptr || item->checkType == QStyleOptionMenuItem::NotCheckable) {
+            QProxyStyle::drawControl(element, option, painter, widget);
+            return;
+        }
+        QStyleOptionMenuItem plain(*item);
+        plain.checkType = QStyleOptionMenuItem::NotCheckable;
+        QProxyStyle::drawControl(element, &plain, painter, widget);
+        QStyleOptionButton box;
+        box.palette = item->palette;
+        box.state = (item->state & State_Enabled) | (item->checked ? State_On : State_Off);
+        const QRect column(item->rect.topLeft(), QSize(item->maxIconWidth, item->rect.height()));
+        const QSize size(pixelMetric(PM_IndicatorWidth, &box, widget),
+                         pixelMetric(PM_IndicatorHeight, &box, widget));
+        box.rect =
+            alignedRect(item->direction, Qt::AlignCenter, size, visualRect(item->direction, item->rect, column));
+        drawPrimitive(PE_IndicatorCheckBox, &box, painter, widget);
     }
 };
 
@@ -94,7 +119,7 @@ public:
 
     void Fill()
     {
-        menu.clear();
+        Clear();
         AddBuiltIn();
         const std::vector<OwnPreset> saved = own.List(host.kind);
         AddOwn(saved);
@@ -105,6 +130,17 @@ public:
     }
 
 private:
+    /// What was there goes only when the event has ended: it may be one of these items that has brought it.
+    void Clear()
+    {
+        for (QAction* const old : menu.actions()) {
+            menu.removeAction(old);
+            QObject* const owner = old->menu() == nullptr ? static_cast<QObject*>(old) : old->menu();
+            owner->setObjectName({});
+            owner->deleteLater();
+        }
+    }
+
     QAction& AddLaying(const QString& title, const QString& name, const PresetMenuHost::Lay& lay)
     {
         QAction* const action = menu.addAction(QString(title).replace(QLatin1Char('&'), QLatin1String("&&")));
@@ -213,7 +249,7 @@ QPixmap PresetPicture(const Preset& preset, const QSize& size, double pixelRatio
     QPixmap picture;
     if (!QPixmapCache::find(key, &picture)) {
         ScreenlessPlatform platform;
-        picture = Paint(MakeWindow(preset, platform)->ReadPage(), size.boundedTo(pictureSize), pixelRatio);
+        picture = Paint(MakeWindow(preset, platform)->ReadPage(), size, pixelRatio);
         QPixmapCache::insert(key, picture);
     }
     return picture;

@@ -29,7 +29,7 @@ struct PresetMenuHost {
 /// with presets. It is filled anew each time it opens.
 void FillPresetMenu(QMenu& menu, const PresetMenuHost& host);
 
-/// The page of a preset, made small: `size` pixels of the screen, or narrower where the page is. Made once a size.
+/// The page of a preset, made small to fit in `size` pixels of the screen. Made once for each size.
 QPixmap PresetPicture(const Preset& preset, const QSize& size, double pixelRatio);
 
 // What a host may do when it is asked. Each tells the user what went wrong.
