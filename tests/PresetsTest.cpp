@@ -3,6 +3,9 @@
 #include "PageSupport.h"
 #include "app/OwnPresets.h"
 
+#include <array>
+#include <cctype>
+#include <cstdio>
 #include <set>
 
 namespace linealis::test {

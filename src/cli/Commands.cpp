@@ -250,10 +250,9 @@ std::vector<Source> SourcesOf(const std::vector<std::string>& names, const std::
         if (names.empty()) {
             throw UsageError{"source is required: a kind of paper, a settings file, or --preset NAME"};
         }
-        std::vector<Source> sources;
-        for (const std::string& name : names) {
-            sources.push_back({name});
-        }
+        std::vector<Source> sources(names.size());
+        std::transform(names.begin(), names.end(), sources.begin(),
+                       [](const std::string& name) { return Source{name}; });
         return sources;
     }
     const Preset& found = PresetNamed(*preset);

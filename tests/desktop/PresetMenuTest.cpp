@@ -2,6 +2,8 @@
 
 #include "DesktopTestSupport.h"
 
+#include <QInputDialog>
+
 namespace linealis::test {
 namespace {
 
@@ -82,6 +84,36 @@ TEST_F(PresetMenu, KeepsDefaultsAndDeletesPresets)
         Child<QMenu>(menu, "PresetDelete").actions().at(0)->trigger();
         EXPECT_EQ(own.List(kind).empty(), answer == MessageDialog::Button::Action);
     }
+}
+
+TEST_F(PresetMenu, SavesUnderANameThatCanBe)
+{
+    desktop::DesktopPlatform screen;
+    Person person;
+    const auto names = [&](const char* name) {
+        person.Answers<QInputDialog>([name](QInputDialog& dialog) {
+            dialog.setTextValue(QString::fromLatin1(name));
+            Press(dialog, Qt::Key_Return);
+        });
+    };
+    names("a/b");
+    person.ReadsMessage("The name of a preset cannot have a slash in it.");
+    names("b");
+    QWidget parent;
+    window->form.EditXScale.SetText("77");
+    desktop::SaveAsPreset(parent, screen, kind, *window);
+    names("b");
+    person.Answers<QMessageBox>([](QMessageBox& box) { Press(box, Qt::Key_Escape); });
+    person.Answers<QInputDialog>([](QInputDialog& dialog) { Press(dialog, Qt::Key_Escape); });
+    window->form.EditXScale.SetText("66");
+    desktop::SaveAsPreset(parent, screen, kind, *window);
+    EXPECT_TRUE(person.IsDone());
+
+    const std::vector<OwnPreset> saved = OwnPresets(screen.PreferencesFolder()).List(kind);
+    ASSERT_EQ(saved.size(), 1U);
+    EXPECT_EQ(saved[0].name, "b");
+    window->LayOver(saved[0].file.OpenAsBinaryFile());
+    EXPECT_EQ(window->form.EditXScale.Text(), "77") << "it was not to be replaced";
 }
 
 TEST_F(PresetMenu, ShowsThePages)
