@@ -310,6 +310,8 @@ std::vector<Preset> MakePresets()
         {"log-log-1", "Log-log, 1 by 1 decade", "graph", metric, "logarithmic cycle", LogLog("Log 1 Decade")},
         {"log-log-2", "Log-log, 2 by 2 decades", "graph", metric, "logarithmic cycles", LogLog("Log 2 Decades")},
         {"log-log-3", "Log-log, 3 by 3 decades", "graph", metric, "logarithmic cycles", LogLog("Log 3 Decades")},
+        {"log-log-4", "Log-log, 4 by 4 decades", "graph", metric, "logarithmic cycles", LogLog("Log 4 Decades")},
+        {"log-log-5", "Log-log, 5 by 5 decades", "graph", metric, "logarithmic cycles", LogLog("Log 5 Decades")},
         {"probability-normal", "Normal probability", "graph", metric, "gauss distribution percent",
          OnA4(Join({PlotMargins(), Plot(LinearX(), TypeY("Probability"))}))},
         {"probability-log", "Probability against log, 2 decades", "graph", metric, "lognormal distribution percent",

@@ -57,16 +57,20 @@ bool FormHistory::Commit(const QString& name)
     return false;
 }
 
-void FormHistory::Undo()
+QString FormHistory::Undo()
 {
     Commit(QStringLiteral("Change"));
+    const QString name = stack.undoText();
     stack.undo();
+    return name;
 }
 
-void FormHistory::Redo()
+QString FormHistory::Redo()
 {
     Commit(QStringLiteral("Change"));
+    const QString name = stack.redoText();
     stack.redo();
+    return name;
 }
 
 bool FormHistory::CanUndo() const

@@ -17,8 +17,9 @@ public:
     /// Makes one step, of that name, of what has changed since the last. Returns false if nothing has.
     bool Commit(const QString& name);
 
-    void Undo();
-    void Redo();
+    /// Takes the last step back, or does it again. Returns its name; empty if there is none.
+    QString Undo();
+    QString Redo();
     bool CanUndo() const;
     bool CanRedo() const { return stack.canRedo(); }
 

@@ -50,6 +50,8 @@ PaperTopBar::PaperTopBar()
     row->setContentsMargins(8, 4, 8, 0);
     row->setSpacing(2);
     gallery = Add(tr("Gallery"), QStringLiteral("ToolGallery"), tr("Show all kinds of paper"));
+    presets = Add(tr("Presets"), QStringLiteral("ToolPresets"), tr("Fill in the form from a ready paper"));
+    presets->setPopupMode(QToolButton::InstantPopup);
     undo = Add(tr("Undo"), QStringLiteral("ToolUndo"), {});
     redo = Add(tr("Redo"), QStringLiteral("ToolRedo"), {});
     reset = Add(tr("Reset"), QStringLiteral("ToolReset"), tr("Fill in the form as a fresh window has it"));

@@ -21,7 +21,7 @@ public:
     QSize minimumSizeHint() const override { return {200, 120}; }
 };
 
-/// A row of buttons above the form: to the gallery, undo, redo, reset.
+/// A row of buttons above the form: to the gallery, presets, undo, redo, reset.
 class PaperTopBar final : public QWidget {
     Q_OBJECT
 
@@ -29,6 +29,7 @@ public:
     PaperTopBar();
 
     QToolButton* gallery;
+    QToolButton* presets;  ///< opens a menu
     QToolButton* undo;
     QToolButton* redo;
     QToolButton* reset;

@@ -106,7 +106,9 @@ void PaperView::FormChanged()
         LightUp();
     }
     topBar->undo->setEnabled(history.CanUndo());
+    topBar->undo->setToolTip(tr("Undo: %1").arg(history.UndoName()));
     topBar->redo->setEnabled(history.CanRedo());
+    topBar->redo->setToolTip(tr("Redo: %1").arg(history.RedoName()));
     if (auto* const fileName = bottomBar->findChild<QWidget*>(ToQt(window.form.StaticFileName.Name()))) {
         fileName->setToolTip(ToQt(window.OutputFile().Path().string()));
     }
@@ -116,21 +118,37 @@ void PaperView::FormChanged()
     setWindowModified(window.IsModified());
 }
 
-void PaperView::DoAsStep(const QString& name, const std::function<void(PaperWindow& window)>& change)
+bool PaperView::DoAsStep(const QString& name, const std::function<void(PaperWindow& window)>& change)
 {
     history.Commit(tr("Change"));
     change(window);
-    ChangedOutside(name);
+    return ChangedOutside(name);
 }
 
-void PaperView::ChangedOutside(const QString& name)
+bool PaperView::ChangedOutside(const QString& name)
 {
     const bool isStep = history.Commit(name);
-    if (const QString note = platform.TakeNote(); !note.isEmpty()) {
+    const QString note = platform.TakeNote();
+    if (!note.isEmpty()) {
         using Links = QList<QPair<QString, QString>>;
         Say(note, isStep ? Links{{tr("Undo"), QStringLiteral("undo")}} : Links{});
     }
     changeDelay.start();
+    return note.isEmpty();
+}
+
+void PaperView::Undo()
+{
+    if (const QString name = history.Undo(); !name.isEmpty()) {
+        Say(tr("Undone: %1").arg(name));
+    }
+}
+
+void PaperView::Redo()
+{
+    if (const QString name = history.Redo(); !name.isEmpty()) {
+        Say(tr("Done again: %1").arg(name));
+    }
 }
 
 void PaperView::Reset()
@@ -254,8 +272,7 @@ void PaperView::Follow(const QString& link)
 {
     const FolderItem& page = window.OutputFile();
     if (link == QLatin1String("undo")) {
-        history.Undo();
-        Say({});
+        Undo();
     } else if (link == QLatin1String("open") && !platform.Launch(page)) {
         Say(tr("No viewer could be started for %1").arg(ToQt(page.Name())));
     } else if (link == QLatin1String("folder")) {

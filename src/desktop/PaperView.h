@@ -11,6 +11,7 @@
 #include <utility>
 
 class QAction;
+class QMenu;
 class QMimeData;
 
 namespace linealis::desktop {
@@ -56,19 +57,23 @@ public:
 
     /// Asks for another file for the page.
     void ChangeFile();
+    /// Takes the last step back, or does it again, and says so.
+    void Undo();
+    void Redo();
     /// Puts everything back to what a fresh window holds, but for the files. Can be undone.
     void Reset();
 
     /// Does something with the window as one step of that name, which can be undone, and says what went wrong.
-    void DoAsStep(const QString& name, const std::function<void(PaperWindow& window)>& change);
+    /// Returns whether that was nothing.
+    bool DoAsStep(const QString& name, const std::function<void(PaperWindow& window)>& change);
     FormHistory& History() { return history; }
 
     /// Says in the window's status line what has happened.
     void Say(const QString& text, const QList<QPair<QString, QString>>& links = {});
 
     /// What has changed of the window by other hands than its own is one step of that name, if `name` is not
-    /// empty, and is said so if something went wrong.
-    void ChangedOutside(const QString& name);
+    /// empty, and is said so if something went wrong. Returns whether that was nothing.
+    bool ChangedOutside(const QString& name);
 
 signals:
     void Closed(const PaperKind& kind);
@@ -87,6 +92,7 @@ private:
     void LayOut();
     QSize LargestSize() const;
     void Connect();
+    void MakePresetMenu();
     void Place();
     void Calibrate();
     /// Works on a page, with progress and Cancel.
@@ -108,6 +114,7 @@ private:
     FormView* form = nullptr;
     LivePage* livePage = nullptr;
     QAction* livePageAction = nullptr;
+    QMenu* presets = nullptr;
     const Control* focused = nullptr;  ///< the field with the focus, or null
     Paper twin;                        ///< a form to try out on what a field governs
     PaperTopBar* topBar = nullptr;

@@ -3,6 +3,7 @@
 #include "desktop/FormView.h"
 #include "desktop/LivePage.h"
 #include "desktop/PaperBars.h"
+#include "desktop/PresetMenu.h"
 #include "desktop/Text.h"
 #include "desktop/WindowSettings.h"
 
@@ -65,8 +66,9 @@ void PaperView::LayOut()
 void PaperView::Connect()
 {
     connect(topBar->gallery, &QToolButton::clicked, this, &PaperView::GalleryWanted);
-    connect(topBar->undo, &QToolButton::clicked, &history, &FormHistory::Undo);
-    connect(topBar->redo, &QToolButton::clicked, &history, &FormHistory::Redo);
+    MakePresetMenu();
+    connect(topBar->undo, &QToolButton::clicked, this, &PaperView::Undo);
+    connect(topBar->redo, &QToolButton::clicked, this, &PaperView::Redo);
     connect(topBar->reset, &QToolButton::clicked, this, &PaperView::Reset);
     if (bottomBar->wizard != nullptr) {
         connect(bottomBar->wizard, &QPushButton::clicked, this, &PaperView::ShowWizard);
@@ -98,6 +100,35 @@ void PaperView::Connect()
             bottomBar->ShowProgress(true);
         }
     });
+}
+
+void PaperView::MakePresetMenu()
+{
+    presets = new QMenu(tr("&Presets"), this);
+    presets->setObjectName(QStringLiteral("PresetsMenu"));
+    const auto lay = [this](const QString& title, const PresetMenuHost::Lay& change) {
+        if (DoAsStep(title, change)) {
+            Say(tr("The form is now %1").arg(title), {{tr("Undo"), QStringLiteral("undo")}});
+        }
+    };
+    const auto save = [this] {
+        if (const auto name = SaveAsPreset(*this, platform, kind, window)) {
+            Say(tr("Saved as the preset %1").arg(ToQt(*name)));
+        }
+    };
+    const auto useAsDefault = [this](bool on) {
+        if (UseAsDefault(platform, kind, window, on)) {
+            Say(on ? tr("From now on this window opens like this")
+                   : tr("From now on this window opens as it did at first"));
+        }
+    };
+    const auto remove = [this](const OwnPreset& preset) {
+        if (DeletePreset(platform, preset)) {
+            Say(tr("Deleted the preset %1").arg(ToQt(preset.name)));
+        }
+    };
+    FillPresetMenu(*presets, {kind, platform, lay, save, useAsDefault, remove});
+    topBar->presets->setMenu(presets);
 }
 
 /// No window is larger than the room on the screen.
@@ -154,11 +185,12 @@ void PaperView::AddMenus()
     add(file, tr("Print..."), QStringLiteral("FilePrint"), QKeySequence::Print, &PaperView::Print);
     QMenu& edit = *menu("EditMenu");
     edit.addSeparator();
-    QAction* const redo =
-        add(edit, tr("Redo"), QStringLiteral("EditRedo"), QKeySequence::Redo, [this] { history.Redo(); });
+    QAction* const redo = add(edit, tr("Redo"), QStringLiteral("EditRedo"), {}, &PaperView::Redo);
+    redo->setShortcuts({Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y});
     connect(&edit, &QMenu::aboutToShow, redo, [this, redo] { redo->setEnabled(history.CanRedo()); });
-    connect(&edit, &QMenu::aboutToHide, redo, [redo] { redo->setEnabled(true); });
+    connect(&edit, &QMenu::aboutToHide, redo, [redo] { redo->setEnabled(true); });  // its shortcut works again
     add(edit, tr("Reset Form"), QStringLiteral("EditReset"), {}, &PaperView::Reset);
+    menuBar()->addMenu(presets);
     QMenu& view = *menuBar()->addMenu(tr("&View"));
     view.addAction(livePageAction);
     view.addSeparator();

@@ -265,7 +265,8 @@ void FillPresetMenu(QMenu& menu, const PresetMenuHost& host)
     fill();
 }
 
-void SaveAsPreset(QWidget& parent, DesktopPlatform& platform, const PaperKind& kind, const PaperWindow& window)
+std::optional<std::string> SaveAsPreset(QWidget& parent, DesktopPlatform& platform, const PaperKind& kind,
+                                        const PaperWindow& window)
 {
     const OwnPresets own(platform.PreferencesFolder());
     std::string entered;
@@ -283,32 +284,37 @@ void SaveAsPreset(QWidget& parent, DesktopPlatform& platform, const PaperKind& k
             platform.ShowFileError(file, "The preset could not be saved.", error.message());
             continue;
         }
-        return;
+        return entered;
     }
+    return std::nullopt;
 }
 
-void UseAsDefault(Platform& platform, const PaperKind& kind, const PaperWindow& window, bool on)
+bool UseAsDefault(Platform& platform, const PaperKind& kind, const PaperWindow& window, bool on)
 {
     const OwnPresets own(platform.PreferencesFolder());
     if (const std::error_code error = on ? own.SaveDefault(kind, window) : own.ForgetDefault(kind)) {
         platform.ShowFileError(own.DefaultFile(kind),
                                on ? "The default could not be saved." : "The default could not be forgotten.",
                                error.message());
+        return false;
     }
+    return true;
 }
 
-void DeletePreset(Platform& platform, const OwnPreset& preset)
+bool DeletePreset(Platform& platform, const OwnPreset& preset)
 {
     MessageDialog dialog;
     dialog.message = Translate("Delete the preset “%1”?").arg(ToQt(preset.name)).toStdString();
     dialog.actionButton = Translate("Delete").toStdString();
     dialog.cancelButton = Translate("Cancel").toStdString();
     if (platform.ShowModal(dialog) != MessageDialog::Button::Action) {
-        return;
+        return false;
     }
     if (const std::error_code error = OwnPresets::Delete(preset)) {
         platform.ShowFileError(preset.file, "The preset could not be deleted.", error.message());
+        return false;
     }
+    return true;
 }
 
 }  // namespace linealis::desktop

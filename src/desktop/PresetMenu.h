@@ -7,6 +7,8 @@
 #include <QPixmap>
 #include <QString>
 #include <functional>
+#include <optional>
+#include <string>
 
 namespace linealis::desktop {
 
@@ -34,13 +36,15 @@ QPixmap PresetPicture(const Preset& preset, const QSize& size, double pixelRatio
 
 // What a host may do when it is asked. Each tells the user what went wrong.
 
-/// Asks for a name and saves the window under it, until that is done or the user gives up.
-void SaveAsPreset(QWidget& parent, DesktopPlatform& platform, const PaperKind& kind, const PaperWindow& window);
+/// Asks for a name and saves the window under it, until that is done or the user gives up. Returns the name, or
+/// nothing.
+std::optional<std::string> SaveAsPreset(QWidget& parent, DesktopPlatform& platform, const PaperKind& kind,
+                                        const PaperWindow& window);
 
-/// Keeps the window as it is for the default of its kind, or forgets the default.
-void UseAsDefault(Platform& platform, const PaperKind& kind, const PaperWindow& window, bool on);
+/// Keeps the window as it is for the default of its kind, or forgets the default. Returns whether that was done.
+bool UseAsDefault(Platform& platform, const PaperKind& kind, const PaperWindow& window, bool on);
 
-/// Asks whether the preset shall be deleted, and does it.
-void DeletePreset(Platform& platform, const OwnPreset& preset);
+/// Asks whether the preset shall be deleted, and does it. Returns whether it was.
+bool DeletePreset(Platform& platform, const OwnPreset& preset);
 
 }  // namespace linealis::desktop
