@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QFileOpenEvent>
+#include <QKeyEvent>
 #include <QResource>
 
 namespace linealis::desktop {
@@ -77,6 +78,12 @@ bool Desktop::eventFilter(QObject* watched, QEvent* event)
     case QEvent::Quit:  // how the system asks the program to end
         Quit();
         return true;
+    case QEvent::ShortcutOverride:
+        if (IsUndoOfNothing(watched, *static_cast<QKeyEvent*>(event))) {
+            event->ignore();
+            return true;
+        }
+        break;
     case QEvent::WindowActivate:
         if (auto* const window = qobject_cast<QMainWindow*>(watched)) {
             inFront = window;
@@ -116,7 +123,6 @@ void Desktop::DoAsStep(const QString& name, const std::function<void()>& change)
     change();
     for (const auto& [kind, view] : views) {
         view->ChangedOutside(name);
-        UpdateMenus(*view);  // a document can be saved
     }
 }
 
@@ -247,12 +253,7 @@ void Desktop::ShowPreferences(PrefsWindow& window)
 void Desktop::GiveMenus(QMainWindow& window, PaperView* paper)
 {
     const auto front = [paper]() -> PaperWindow* { return paper == nullptr ? nullptr : &paper->Window(); };
-    InstallMenus(window, {[this, paper, view = QPointer<QMainWindow>(&window)](const MenuItem& item) {
-                              Perform(item, paper);
-                              if (view) {
-                                  UpdateMenus(*view);
-                              }
-                          },
+    InstallMenus(window, {[this, paper](const MenuItem& item) { Perform(item, paper); },
                           // A menu that can be used has its window.
                           [front, paper](const MenuItem& item) {
                               const bool undoesForm =
@@ -271,7 +272,7 @@ void Desktop::Perform(const MenuItem& item, PaperView* paper)
         if (paper == nullptr || CanEditText(Command::Undo)) {
             EditText(Command::Undo);
         } else {
-            paper->History().Undo();
+            paper->Undo();
         }
         break;
     case Command::Cut:

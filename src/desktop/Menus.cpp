@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -52,12 +53,15 @@ void AddItem(QMenu& menu, const MenuItem& item, const MenuHost& host)
     if (!item.shortcut.empty()) {
         action->setShortcut(ShortcutOf(item));
     }
-    QObject::connect(action, &QAction::triggered, &menu, [&item, perform = host.perform] { perform(item); });
-    const auto update = [action, &item, isEnabled = host.isEnabled] { action->setEnabled(isEnabled(item)); };
-    QObject::connect(&menu, &QMenu::aboutToShow, action, update);
-    // A shortcut of an item that an earlier look found disabled must work again as soon as the menu has closed.
-    QObject::connect(&menu, &QMenu::aboutToHide, action, update);
-    update();
+    QObject::connect(action, &QAction::triggered, &menu, [&item, host] {
+        if (host.isEnabled(item)) {
+            host.perform(item);
+        }
+    });
+    QObject::connect(&menu, &QMenu::aboutToShow, action,
+                     [action, &item, host] { action->setEnabled(host.isEnabled(item)); });
+    // Nobody tells when an item can be used again, and its shortcut must work then.
+    QObject::connect(&menu, &QMenu::aboutToHide, action, [action] { action->setEnabled(true); });
 }
 
 }  // namespace
@@ -76,13 +80,6 @@ void InstallMenus(QMainWindow& window, const MenuHost& host)
     }
 }
 
-void UpdateMenus(QMainWindow& window)
-{
-    for (QMenu* const menu : window.menuBar()->findChildren<QMenu*>()) {
-        emit menu->aboutToShow();
-    }
-}
-
 bool CanEditText(Command command)
 {
     const QLineEdit* const field = EditableField();
@@ -98,6 +95,13 @@ bool CanEditText(Command command)
     default:
         return true;
     }
+}
+
+bool IsUndoOfNothing(const QObject* receiver, const QKeyEvent& key)
+{
+    const auto* const field = qobject_cast<const QLineEdit*>(receiver);
+    return field != nullptr && ((key.matches(QKeySequence::Undo) && !field->isUndoAvailable()) ||
+                                (key.matches(QKeySequence::Redo) && !field->isRedoAvailable()));
 }
 
 void EditText(Command command)

@@ -5,6 +5,8 @@
 #include <QMainWindow>
 #include <functional>
 
+class QKeyEvent;
+
 namespace linealis::desktop {
 
 /// What a menu bar asks when it is used.
@@ -13,14 +15,16 @@ struct MenuHost {
     std::function<bool(const MenuItem& item)> isEnabled;
 };
 
-/// Gives a window the program's menu bar. The enabling of its items is settled each time a menu opens.
+/// Gives a window the program's menu bar. Which items are enabled shows as long as their menu is open; the shortcut
+/// of an item that is not enabled does nothing.
 void InstallMenus(QMainWindow& window, const MenuHost& host);
-
-/// Settles the enabling of a window's menu items now, for their shortcuts.
-void UpdateMenus(QMainWindow& window);
 
 /// Whether an item for editing text has something to edit in the field that has the focus. True for any other item.
 bool CanEditText(Command command);
+
+/// Whether the key event, which is to be a shortcut or text, is undo or redo in a text field that has none. It
+/// would take the key all the same, which then is to be the form's.
+bool IsUndoOfNothing(const QObject* receiver, const QKeyEvent& key);
 
 /// Undo, cut, copy, paste and clear in the text field that has the focus, if they can be done.
 void EditText(Command command);

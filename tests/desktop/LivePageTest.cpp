@@ -206,6 +206,18 @@ TEST_F(DesktopLivePage, FormIsUndoneAsAWhole)
         ChooseItem(window, "EditRedo");
     }
     EXPECT_EQ(Shown(window, {"EditVertSpacing", "EditXScale", "PopupUnits"}), "1.27 80 cm");
+    EXPECT_FALSE(CanChoose(window, "EditRedo"));
+    Child(window, "EditXScale").setFocus();  // a field whose text has nothing to undo
+    Press(Child(window, "EditXScale"), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Shown(window, "PopupUnits"), "inches");
+    Press(Child(window, "EditXScale"), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(Shown(window, "PopupUnits"), "cm");
+    QMenu& presets = PullDown(window, Item(window, "PresetSave"));  // which fills it
+    Click(presets, {}, presets.actionGeometry(&Item(window, "Preset.squares-4mm")).center());
+    EXPECT_EQ(Shown(window, "EditVertSpacing"), "0.4");
+    EXPECT_NE(Shown(window, "StatusLine").find("The form is now Squares 4 mm"), std::string::npos);
+    Child<QAbstractButton>(window, "ToolUndo").click();
+    EXPECT_EQ(Shown(window, "EditVertSpacing"), "1.27");
     Child<QAbstractButton>(window, "ToolReset").click();
     EXPECT_EQ(Shown(window, {"EditVertSpacing", "PopupUnits"}), "0.25 inches");
     Child<QAbstractButton>(window, "ToolUndo").click();
