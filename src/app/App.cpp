@@ -26,6 +26,15 @@ std::string ExtensionOf(const FolderItem& file)
     return extension.empty() ? "" : extension.substr(1);
 }
 
+/// A sentence on what becomes of a document.
+std::string WhatOpens(const FolderItem& document)
+{
+    const PaperKind* const kind = FindPaperKindByExtension(ExtensionOf(document));
+    return kind == nullptr ? document.Name() + " is no settings file of this program. Nothing opens."
+                           : document.Name() + " holds settings of " + std::string(kind->galleryTitle) +
+                                 ". What its window holds now can be brought back by Undo.";
+}
+
 std::error_code WriteNew(const FolderItem& file, std::string_view bytes)
 {
     BinaryStream stream = file.CreateNewBinaryFile();
@@ -100,7 +109,7 @@ void App::CheckForTheLatestVersion()
 void App::Event_OpenDocument(const FolderItem& file)
 {
     const std::string extension = ExtensionOf(file);
-    platform.MsgBox(extension);
+    platform.MsgBoxUnlessHidden(extension, WhatOpens(file), "openedDocument");
     if (windows.IsEnding()) {
         return;  // the user has ended the program instead of reading the box
     }

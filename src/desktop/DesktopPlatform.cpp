@@ -5,6 +5,7 @@
 #include "desktop/WindowSettings.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QColorDialog>
 #include <QDate>
 #include <QDesktopServices>
@@ -84,6 +85,26 @@ DesktopPlatform::DesktopPlatform()
 void DesktopPlatform::MsgBox(const std::string& text)
 {
     ShowMessage(QMessageBox::Information, text, {});
+}
+
+void DesktopPlatform::MsgBoxUnlessHidden(const std::string& text, const std::string& explanation,
+                                         std::string_view name)
+{
+    WindowSettings settings;
+    const QString key = QStringLiteral("hiddenMessages/") + ToQt(name);
+    if (settings.value(key).toBool()) {
+        return;
+    }
+    QMessageBox box(QMessageBox::Information, QStringLiteral("Linealis"), ToQt(text), QMessageBox::Ok,
+                    QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(ToQt(explanation));
+    auto* const hide = new QCheckBox(tr("Do not show again"));
+    box.setCheckBox(hide);
+    RunModal(box);
+    if (hide->isChecked()) {
+        settings.setValue(key, true);
+    }
 }
 
 void DesktopPlatform::ShowMessage(QMessageBox::Icon icon, const std::string& text, const QString& more)

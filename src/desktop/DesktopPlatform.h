@@ -21,6 +21,8 @@ public:
     DesktopPlatform();
 
     void MsgBox(const std::string& text) override;
+    void MsgBoxUnlessHidden(const std::string& text, const std::string& explanation,
+                            std::string_view name) override;
     MessageDialog::Button ShowModal(const MessageDialog& dialog) override;
     void ShowFileError(const FolderItem& file, const std::string& text, const std::string& reason) override;
     void Note(const std::string& text) override;

@@ -44,6 +44,14 @@ public:
     /// Shows a message and waits until the user has read it.
     virtual void MsgBox(const std::string& text) = 0;
 
+    /// The same for a message that a user may choose to see no more. `explanation` stands below it, `name` tells it
+    /// from other messages of this sort.
+    virtual void MsgBoxUnlessHidden(const std::string& text, const std::string& /*explanation*/,
+                                    std::string_view /*name*/)
+    {
+        MsgBox(text);
+    }
+
     /// Shows a message with its buttons and waits for the user. Closing it in another way is Cancel.
     virtual MessageDialog::Button ShowModal(const MessageDialog& dialog) = 0;
 

@@ -143,6 +143,19 @@ TEST_F(DesktopProgram, DocumentsReachTheirWindow)
     Hand("", folder / "notes");
     const auto isOpen = [](const PaperKind& kind) { return FindWindow(kind.name) != nullptr; };
     EXPECT_EQ(std::count_if(PaperKinds().begin(), PaperKinds().end(), isOpen), 2);
+
+    // The box can be hidden for good.
+    QFileOpenEvent again(ToQt((folder / "d.setd").string()));
+    person.Answers<QMessageBox>([](QMessageBox& box) {
+        EXPECT_TRUE(box.informativeText().startsWith(QStringLiteral("d.setd holds settings of Dots Paper.")));
+        Click(*box.checkBox(), {}, {8, box.checkBox()->height() / 2});
+        Press(box, Qt::Key_Return);
+    });
+    QApplication::sendEvent(qApp, &again);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return person.IsDone(); }));
+    Enter(Window("dots"), {"EditDotWeight=5"});
+    QApplication::sendEvent(qApp, &again);
+    EXPECT_TRUE(QTest::qWaitFor([] { return Shown(Window("dots"), "EditDotWeight") == "4"; }));
 }
 
 TEST_F(DesktopProgram, PreferencesAreAskedForAndKept)
