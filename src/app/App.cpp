@@ -31,8 +31,7 @@ std::string WhatOpens(const FolderItem& document)
 {
     const PaperKind* const kind = FindPaperKindByExtension(ExtensionOf(document));
     return kind == nullptr ? document.Name() + " is no settings file of this program. Nothing opens."
-                           : document.Name() + " holds settings of " + std::string(kind->galleryTitle) +
-                                 ". What its window holds now can be brought back by Undo.";
+                           : document.Name() + " opens in the window of " + std::string(kind->galleryTitle) + ".";
 }
 
 std::error_code WriteNew(const FolderItem& file, std::string_view bytes)

@@ -147,7 +147,7 @@ TEST_F(DesktopProgram, DocumentsReachTheirWindow)
     // The box can be hidden for good.
     QFileOpenEvent again(ToQt((folder / "d.setd").string()));
     person.Answers<QMessageBox>([](QMessageBox& box) {
-        EXPECT_TRUE(box.informativeText().startsWith(QStringLiteral("d.setd holds settings of Dots Paper.")));
+        EXPECT_TRUE(box.informativeText().startsWith(QStringLiteral("d.setd opens in the window of Dots Paper.")));
         Click(*box.checkBox(), {}, {8, box.checkBox()->height() / 2});
         Press(box, Qt::Key_Return);
     });
