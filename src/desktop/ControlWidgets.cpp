@@ -1,6 +1,7 @@
 #include "desktop/ControlWidgets.h"
 
 #include "desktop/ColorSwatch.h"
+#include "desktop/ElidedLabel.h"
 #include "desktop/Text.h"
 
 #include <QButtonGroup>
@@ -9,9 +10,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPainter>
 #include <QRadioButton>
-#include <QStyle>
 #include <QWheelEvent>
 
 namespace linealis::desktop {
@@ -28,25 +27,6 @@ public:
 
 protected:
     void wheelEvent(QWheelEvent* event) override { hasFocus() ? QComboBox::wheelEvent(event) : event->ignore(); }
-};
-
-/// A text that makes do with less room than it needs, cut in its middle.
-class ElidedLabel final : public QLabel {
-public:
-    QSize minimumSizeHint() const override { return {40, QLabel::minimumSizeHint().height()}; }
-    QSize sizeHint() const override { return QLabel::sizeHint().boundedTo({widest, QWIDGETSIZE_MAX}); }
-
-protected:
-    void paintEvent(QPaintEvent* /*event*/) override
-    {
-        QPainter painter(this);
-        const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
-        style()->drawItemText(&painter, contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(),
-                              shown, foregroundRole());
-    }
-
-private:
-    static constexpr int widest = 260;
 };
 
 /// One for each type of control.
@@ -125,7 +105,7 @@ ControlWidget WidgetMaker::operator()(Swatch& swatch) const
 
 ControlWidget WidgetMaker::operator()(Label& label) const
 {
-    QLabel* const text = label.InGroup() == Group::File ? new ElidedLabel : new QLabel;
+    QLabel* const text = label.InGroup() == Group::File ? new ElidedLabel(Qt::ElideMiddle) : new QLabel;
     text->setTextFormat(Qt::PlainText);
     return {text, [text, &label] { text->setText(CaptionText(label)); }};
 }

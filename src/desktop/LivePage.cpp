@@ -2,6 +2,7 @@
 
 #include "pdf/Units.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QMouseEvent>
 #include <QPainter>
@@ -27,18 +28,21 @@ LivePage::LivePage(QWidget* parent) : QAbstractScrollArea(parent)
 {
     setObjectName(QStringLiteral("LivePage"));
     setAccessibleName(tr("Live page"));
-    setFocusPolicy(Qt::ClickFocus);
+    setFocusPolicy(Qt::StrongFocus);
     setFrameShape(QFrame::NoFrame);
     setMinimumWidth(200);
     viewport()->setCursor(Qt::OpenHandCursor);
+    viewport()->setMouseTracking(true);
     const auto middle = [this] { return QRectF(viewport()->rect()).center(); };
-    AddAction(tr("Fit Page"), QKeySequence(QStringLiteral("Ctrl+0")), [=, this] { Zoom({}, middle()); });
-    AddAction(tr("Actual Size"), QKeySequence(QStringLiteral("Ctrl+1")),
+    AddAction("ViewFit", tr("Fit Page"), tr("Fit"), QKeySequence(QStringLiteral("Ctrl+0")),
+              [=, this] { Zoom({}, middle()); });
+    AddAction("ViewActualSize", tr("Actual Size"), tr("100 %"), QKeySequence(QStringLiteral("Ctrl+1")),
               [=, this] { Zoom(ActualSize(), middle()); });
-    AddAction(tr("Zoom In"), QKeySequence(QStringLiteral("Ctrl++")), [=, this] { ZoomBy(zoomStep, middle()); });
-    AddAction(tr("Zoom Out"), QKeySequence(QStringLiteral("Ctrl+-")),
+    AddAction("ViewZoomIn", tr("Zoom In"), QStringLiteral("+"), QKeySequence(QStringLiteral("Ctrl++")),
+              [=, this] { ZoomBy(zoomStep, middle()); });
+    AddAction("ViewZoomOut", tr("Zoom Out"), QStringLiteral("\u2212"), QKeySequence(QStringLiteral("Ctrl+-")),
               [=, this] { ZoomBy(1 / zoomStep, middle()); });
-    QAction* const margins = AddAction(tr("Shade Margins"), {}, [this] {
+    QAction* const margins = AddAction("ViewMargins", tr("Shade Margins"), tr("Margins"), {}, [this] {
         showsMargins = !showsMargins;
         viewport()->update();
     });
@@ -50,9 +54,13 @@ LivePage::LivePage(QWidget* parent) : QAbstractScrollArea(parent)
     });
 }
 
-QAction* LivePage::AddAction(const QString& text, const QKeySequence& key, const std::function<void()>& act)
+QAction* LivePage::AddAction(const char* name, const QString& text, const QString& shortText,
+                             const QKeySequence& key, const std::function<void()>& act)
 {
     auto* const action = new QAction(text, this);
+    action->setObjectName(QString::fromLatin1(name));
+    action->setIconText(shortText);
+    action->setToolTip(key.isEmpty() ? text : tr("%1 (%2)").arg(text, key.toString(QKeySequence::NativeText)));
     action->setShortcut(key);
     connect(action, &QAction::triggered, this, act);
     viewActions << action;
@@ -63,7 +71,11 @@ void LivePage::Show(const PaperPage& page, const QString& summary)
 {
     const bool sameSize = frame.paperWidth == page.frame.paperWidth && frame.paperHeight == page.frame.paperHeight;
     frame = page.frame;
-    setAccessibleDescription(summary);
+    if (accessibleName() != summary) {
+        setAccessibleName(summary);
+        QAccessibleEvent event(this, QAccessible::NameChanged);
+        QAccessible::updateAccessibility(&event);
+    }
     renderer.SetPage(page);
     if (!sameSize) {
         LayOut();
@@ -124,6 +136,11 @@ void LivePage::Zoom(std::optional<double> newZoom, QPointF fixed)
     AskForPicture();
 }
 
+void LivePage::ZoomTo(double percent)
+{
+    Zoom(percent / 100.0 * ActualSize(), QRectF(viewport()->rect()).center());
+}
+
 void LivePage::ZoomBy(double factor, QPointF fixed)
 {
     Zoom(PixelsPerPoint() * factor, fixed);
@@ -146,6 +163,7 @@ void LivePage::AskForPicture()
 {
     renderer.SetExcerpt({PixelsPerPoint(), Origin(), viewport()->size(), devicePixelRatioF()});
     viewport()->update();
+    emit ViewChanged();
 }
 
 void LivePage::paintEvent(QPaintEvent* /*event*/)
@@ -216,10 +234,22 @@ void LivePage::mousePressEvent(QMouseEvent* event)
 
 void LivePage::mouseMoveEvent(QMouseEvent* event)
 {
+    emit PointerMoved(event->position());
+    if (!event->buttons().testFlag(Qt::LeftButton)) {
+        return;
+    }
     const QPoint moved = event->position().toPoint() - dragged;
     dragged = event->position().toPoint();
     horizontalScrollBar()->setValue(horizontalScrollBar()->value() - moved.x());
     verticalScrollBar()->setValue(verticalScrollBar()->value() - moved.y());
+}
+
+bool LivePage::viewportEvent(QEvent* event)
+{
+    if (event->type() == QEvent::Leave) {
+        emit PointerLeft();
+    }
+    return QAbstractScrollArea::viewportEvent(event);
 }
 
 }  // namespace linealis::desktop

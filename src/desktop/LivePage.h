@@ -22,18 +22,27 @@ public:
     /// Lights up the strokes that the other page does not have; none without one.
     void LightUp(std::optional<PaperPage> other);
 
-    /// Fit, actual size, zoom in, zoom out, margins: for a menu.
+    /// Fit, actual size, zoom in, zoom out, margins, and what has been added: for a menu.
     QList<QAction*> ViewActions() const { return viewActions; }
+    void AddViewAction(QAction* action) { viewActions << action; }
 
     /// Pixels for a point of the page.
     double PixelsPerPoint() const;
+    double ZoomPercent() const { return PixelsPerPoint() / ActualSize() * 100.0; }
+    /// Zooms to so many per cent of the actual size, within what is possible.
+    void ZoomTo(double percent);
+    /// Where the page's upper left corner stands, in pixels.
+    QPointF Origin() const;
+    QSizeF PaperInPixels() const;
     const PagePicture& Picture() const { return picture; }
-
-    QSize sizeHint() const override { return {400, 520}; }
 
 signals:
     /// The picture shows what was asked for last, or as much of it as there is.
     void Painted();
+    /// The page lies elsewhere, or is larger or smaller.
+    void ViewChanged();
+    void PointerMoved(QPointF place);
+    void PointerLeft();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -41,19 +50,19 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
 
 private:
-    QAction* AddAction(const QString& text, const QKeySequence& key, const std::function<void()>& act);
+    /// `shortText` stands on a button.
+    QAction* AddAction(const char* name, const QString& text, const QString& shortText, const QKeySequence& key,
+                       const std::function<void()>& act);
     /// The zoom at which a point of the page is as large as on paper, by what the screen says of itself.
     double ActualSize() const;
     double Fit() const;
     /// Nothing fits the page into the window. `fixed` stays where it is, in pixels of the viewport.
     void Zoom(std::optional<double> newZoom, QPointF fixed);
     void ZoomBy(double factor, QPointF fixed);
-    QSizeF PaperInPixels() const;
-    /// Where the page's upper left corner stands in the viewport.
-    QPointF Origin() const;
     void LayOut();
     void AskForPicture();
     void PaintMargins(QPainter& painter) const;

@@ -20,6 +20,16 @@ constexpr std::size_t longestContentLitUp = std::size_t{8} << 20U;
 
 constexpr PageColor light{0.95, 0.35, 0.0};
 
+/// Of a larger page only the beginning is shown, so that it takes seconds and not minutes. Bytes.
+constexpr std::size_t longestContentShown = std::size_t{64} << 20U;
+
+/// The content, or as many of its first lines as are shown.
+std::string_view WholeLines(std::string_view content)
+{
+    return content.size() <= longestContentShown ? content
+                                                 : content.substr(0, content.rfind('\r', longestContentShown) + 1);
+}
+
 void StopIf(const std::atomic<bool>& stops)
 {
     if (stops.load(std::memory_order_relaxed)) {
@@ -189,13 +199,18 @@ std::shared_ptr<const std::string> PageRenderer::Draw(const PaperPage& page, QSt
                                                       const std::atomic<bool>& stops)
 {
     Turns turns([&stops] { StopIf(stops); });
+    MyPDFGenerator pdf(turns);
     problem.clear();
     try {
-        return std::make_shared<std::string>(ContentOf(page, turns));
+        DrawContent(page, pdf, turns, {});
     } catch (const PageGivenUp& givenUp) {
         problem = QString::fromUtf8(givenUp.reason);
-        return std::make_shared<std::string>();
     }
+    const std::string_view shown = WholeLines(pdf.Stream());
+    if (problem.isEmpty() && shown.size() < pdf.Stream().size()) {
+        problem = tr("The page is very large; only its first lines are shown");
+    }
+    return std::make_shared<std::string>(shown);
 }
 
 void PageRenderer::Fulfil(const Wish& wish)
@@ -240,7 +255,7 @@ void PageRenderer::Fulfil(const Wish& wish)
         StopIf(isNew);
     }
     painter.end();
-    const QString problem = damage.message.empty()
+    const QString problem = damage.message.empty() || !drawnProblem.isEmpty()
                                 ? drawnProblem
                                 : tr("The page is damaged: %1").arg(QString::fromStdString(damage.message));
     emit Rendered({std::move(image), excerpt, problem});

@@ -1,9 +1,11 @@
 #include "desktop/PaperView.h"
 
+#include "app/PageSummary.h"
 #include "desktop/CalibrationDialog.h"
 #include "desktop/FormDialog.h"
 #include "desktop/FormView.h"
 #include "desktop/LivePage.h"
+#include "desktop/LivePane.h"
 #include "desktop/PaperBars.h"
 #include "desktop/PrintPage.h"
 #include "desktop/Text.h"
@@ -102,7 +104,8 @@ void PaperView::LightUp()
 void PaperView::FormChanged()
 {
     if (livePage->isVisible()) {
-        livePage->Show(window.ReadPage(), windowTitle());
+        const PaperPage page = window.ReadPage();
+        livePane->Show(page, ToQt(PageSummary(kind, page)));
         LightUp();
     }
     topBar->undo->setEnabled(history.CanUndo());
@@ -245,7 +248,7 @@ void PaperView::SayHowPageEnded()
     const QString name = ToQt(window.OutputFile().Name());
     switch (*window.LastPage()) {
     case PageEnd::Written:
-        Say(tr("Wrote %1").arg(name),
+        Say(tr("Wrote %1, %2").arg(name, ToQt(ShortPageSummary(window.ReadPage()))),
             {{tr("Open"), QStringLiteral("open")}, {tr("Show in Folder"), QStringLiteral("folder")}});
         break;
     case PageEnd::Failed:
@@ -320,8 +323,8 @@ void PaperView::dropEvent(QDropEvent* event)
 void PaperView::showEvent(QShowEvent* event)
 {
     if (!placed) {
-        placed = true;
         Place();
+        placed = true;
     }
     QMainWindow::showEvent(event);
 }

@@ -18,6 +18,7 @@ namespace linealis::desktop {
 
 class FormView;
 class LivePage;
+class LivePane;
 class PaperBottomBar;
 class PaperTopBar;
 class StatusLine;
@@ -112,6 +113,7 @@ private:
     FormHistory history;
     std::unique_ptr<PaperWindow> kept;  ///< the same, once it is closed
     FormView* form = nullptr;
+    LivePane* livePane = nullptr;
     LivePage* livePage = nullptr;
     QAction* livePageAction = nullptr;
     QMenu* presets = nullptr;

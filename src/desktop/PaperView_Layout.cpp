@@ -2,6 +2,7 @@
 
 #include "desktop/FormView.h"
 #include "desktop/LivePage.h"
+#include "desktop/LivePane.h"
 #include "desktop/PaperBars.h"
 #include "desktop/PresetMenu.h"
 #include "desktop/Text.h"
@@ -45,14 +46,15 @@ void PaperView::LayOut()
     topBar = new PaperTopBar;
     bottomBar = new PaperBottomBar(form->TakeLastGroup(), window.GetWizard() != nullptr);
     column->addWidget(topBar);
-    livePage = new LivePage;
+    livePane = new LivePane;
+    livePage = &livePane->Page();
     livePageAction = new QAction(tr("Live Page"), this);
     livePageAction->setObjectName(QStringLiteral("ViewLivePage"));
     livePageAction->setShortcut(Qt::Key_F9);
     livePageAction->setCheckable(true);
     auto* const middle = new QSplitter;
     middle->addWidget(new FormScrollArea(form));
-    middle->addWidget(livePage);
+    middle->addWidget(livePane);
     middle->setStretchFactor(1, 1);
     middle->setChildrenCollapsible(false);
     column->addWidget(middle, 1);
@@ -151,13 +153,22 @@ QSize PaperView::LargestSize() const
 /// The window grows and shrinks by the room of the page.
 void PaperView::ShowLivePage(bool visible)
 {
-    livePage->setVisible(visible);
+    auto& middle = static_cast<QSplitter&>(*livePane->parentWidget());
+    const bool isChange = placed && visible != livePane->isVisible();
+    const int formWidth = middle.sizes().constFirst();
+    const int paneWidth = visible ? livePane->sizeHint().width() : livePane->width();
+    const int change = (paneWidth + middle.handleWidth()) * (visible ? 1 : -1);
+    livePane->setVisible(visible);
     livePageAction->setChecked(visible);
-    const QSize size = sizeHint().boundedTo(LargestSize());
+    const QSize wanted = isChange ? size() + QSize(change, 0) : placed ? size() : sizeHint();
+    const QSize possible = wanted.boundedTo(LargestSize());
     if (kind.hasFixedSize) {
-        setFixedSize(size);
-    } else {
-        resize(size.width(), std::max(size.height(), placed ? height() : 0));
+        setFixedSize(possible);
+    } else if (!isMaximized()) {
+        resize(possible);
+    }
+    if (isChange && visible) {
+        middle.setSizes({formWidth, possible.width() - formWidth - middle.handleWidth()});
     }
     changeDelay.start();
 }

@@ -1,8 +1,33 @@
 #include "graph/GraphDrawing.h"
 
 #include "pdf/Numbers.h"
+#include "pipeline/PageWords.h"
 
 namespace linealis {
+
+namespace {
+
+/// The lines of the axis that fit into the room, whole.
+double LinesInRoom(const GraphAxis& axis, double usable)
+{
+    return static_cast<double>(truncated(usable / axis.lineSpacing)) + 1.0;
+}
+
+std::string AxisWords(const GraphAxis& axis)
+{
+    switch (axis.type) {
+    case linear:
+        return "linear";
+    case hydraulic:
+        return "hydraulic " + Str(axis.hydraulicExponent);
+    case probability:
+        return "probability";
+    default:
+        return CountWords(static_cast<double>(axis.type), "decade");
+    }
+}
+
+}  // namespace
 
 void Draw(const GraphPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask)
 {
@@ -34,7 +59,7 @@ void GraphDrawing::DoGraph()
 
 void GraphDrawing::MeasureGrid(Axis& axis)
 {
-    axis.numLines = static_cast<double>(truncated(axis.usable / axis.form.lineSpacing)) + 1.0;
+    axis.numLines = LinesInRoom(axis.form, axis.usable);
     axis.graphSize = static_cast<double>(truncated((axis.numLines - 1.0) * axis.form.lineSpacing));
 }
 
@@ -171,6 +196,16 @@ void GraphDrawing::DrawTitle()
     const double atX = page.titleIsCentred ? x.usable / 2.0 + leftMargin - w / 2.0 : page.titleX;
     pdf.SetTextPos(atX, page.frame.topMargin + bottomMargin + y.usable - page.titleY);
     pdf.Show(page.title);
+}
+
+std::string Describe(const GraphPage& page)
+{
+    if (page.x.type != linear || page.y.type != linear) {
+        return "X " + AxisWords(page.x) + ", Y " + AxisWords(page.y);
+    }
+    return CountWords(LinesInRoom(page.x, page.frame.UsableWidth()) - 1.0,
+                      LinesInRoom(page.y, page.frame.UsableHeight()) - 1.0, "cell") +
+           " of " + SizeWords(page.x.lineSpacing, page.y.lineSpacing, page.frame);
 }
 
 }  // namespace linealis

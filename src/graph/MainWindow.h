@@ -156,6 +156,7 @@ struct GraphPage {
 SettingsTable Settings(GraphForm& form);
 GraphPage Read(const GraphForm& form);
 void Draw(const GraphPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask);
+std::string Describe(const GraphPage& page);
 std::unique_ptr<Wizard> MakeWizard(GraphForm& form);
 
 }  // namespace linealis

@@ -1,5 +1,7 @@
 #include "papers/AxonometricWindow.h"
 
+#include "pipeline/PageWords.h"
+
 #include <cmath>
 
 namespace linealis {
@@ -23,6 +25,11 @@ void Draw(const AxonometricPage& page, MyPDFGenerator& pdf, Turns& turns)
 {
     const double step = page.size * (1.0 / std::sqrt(2.0));
     DrawDiagonal(page, {step, 2.0 * step, step, 2.0 * step, 1.0}, HeightWhereFallingLineEnters, pdf, turns);
+}
+
+std::string Describe(const AxonometricPage& page)
+{
+    return "squares of " + LengthWords(page.size, page.frame) + " at 45 degrees";
 }
 
 }  // namespace linealis

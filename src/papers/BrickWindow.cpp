@@ -1,6 +1,7 @@
 #include "papers/BrickWindow.h"
 
 #include "pdf/Numbers.h"
+#include "pipeline/PageWords.h"
 
 namespace linealis {
 
@@ -55,6 +56,11 @@ void Draw(const BrickPage& page, MyPDFGenerator& pdf, Turns& turns)
         }
         turns.RuntimeBackgroundTask();
     }
+}
+
+std::string Describe(const BrickPage& page)
+{
+    return CellWords(page.grid, page.frame, "brick");
 }
 
 }  // namespace linealis

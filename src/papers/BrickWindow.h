@@ -3,6 +3,8 @@
 #include "papers/CellGrid.h"
 #include "pipeline/Paper.h"
 
+#include <string>
+
 namespace linealis {
 
 /// Bricks in running bond: courses whose joints stand half a brick beside those of the next.
@@ -36,5 +38,6 @@ struct BrickPage {
 SettingsTable Settings(BrickForm& form);
 BrickPage Read(const BrickForm& form);
 void Draw(const BrickPage& page, MyPDFGenerator& pdf, Turns& turns);
+std::string Describe(const BrickPage& page);
 
 }  // namespace linealis

@@ -1,6 +1,7 @@
 #include "papers/CellGrid.h"
 
 #include "pipeline/Fitting.h"
+#include "pipeline/PageWords.h"
 
 namespace linealis {
 
@@ -81,6 +82,17 @@ void DrawChosenLines(const CellGrid& grid, MyPDFGenerator& pdf, Turns& turns)
     if (grid.drawsVertLines) {
         DrawVerticalLines(grid, pdf, turns);
     }
+}
+
+std::string CellWords(const CellGrid& grid, const PageFrame& frame, std::string_view one)
+{
+    return CountWords(grid.columns, grid.rows, one) + " of " + SizeWords(grid.horzSpacing, grid.vertSpacing, frame);
+}
+
+std::string CrossingWords(const CellGrid& grid, const PageFrame& frame, std::string_view one)
+{
+    return CountWords(grid.columns + 1.0, grid.rows + 1.0, one) + ", " +
+           SizeWords(grid.horzSpacing, grid.vertSpacing, frame) + " apart";
 }
 
 }  // namespace linealis

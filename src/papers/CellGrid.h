@@ -4,6 +4,7 @@
 #include "pipeline/PaperPage.h"
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace linealis {
@@ -73,6 +74,11 @@ void DrawVerticalLines(const CellGrid& grid, MyPDFGenerator& pdf, Turns& turns);
 
 /// Both, each only if the user wants it.
 void DrawChosenLines(const CellGrid& grid, MyPDFGenerator& pdf, Turns& turns);
+
+/// "37 by 53 cells of 5 mm", where `one` is the word for a cell.
+std::string CellWords(const CellGrid& grid, const PageFrame& frame, std::string_view one);
+/// "38 by 54 dots, 5 mm apart", where `one` is the word for what stands on a crossing.
+std::string CrossingWords(const CellGrid& grid, const PageFrame& frame, std::string_view one);
 
 /// Calls draw(x, y) for every crossing, row by row from the bottom, each from the left.
 template <typename DrawMark>

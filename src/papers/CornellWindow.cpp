@@ -1,6 +1,7 @@
 #include "papers/CornellWindow.h"
 
 #include "pipeline/Fitting.h"
+#include "pipeline/PageWords.h"
 
 namespace linealis {
 
@@ -16,6 +17,14 @@ struct Span {
     double from;
     double to;
 };
+
+/// How far up the boxes of cues and notes reach, from the bottom margin. `usableHeight` is the room below the
+/// header.
+Span NotesUp(const CornellPage& page, double usableHeight)
+{
+    const double summaryHeight = (1.0 - page.noteHeightFraction) * usableHeight;
+    return page.summaryIsBottom ? Span{summaryHeight, usableHeight} : Span{0.0, usableHeight - summaryHeight};
+}
 
 class CornellDrawing {
 public:
@@ -61,13 +70,8 @@ void CornellDrawing::DoGraph()
         usableHeight -= headerHeight;
     }
 
-    const double summaryHeight = (1.0 - page.noteHeightFraction) * usableHeight;
-    Span boxes{summaryHeight, usableHeight};
-    Span summary{0.0, summaryHeight};
-    if (!page.summaryIsBottom) {
-        boxes = {0.0, usableHeight - summaryHeight};
-        summary = {boxes.to, usableHeight};
-    }
+    const Span boxes = NotesUp(page, usableHeight);
+    const Span summary = page.summaryIsBottom ? Span{0.0, boxes.from} : Span{boxes.to, usableHeight};
     DrawArea(cue, boxes);
     DrawArea(note, boxes);
     DrawArea({0.0, usableWidth}, summary);
@@ -187,6 +191,14 @@ CornellPage Read(const CornellForm& form)
 void Draw(const CornellPage& page, MyPDFGenerator& pdf, Turns& turns)
 {
     CornellDrawing(page, pdf, turns).DoGraph();
+}
+
+std::string Describe(const CornellPage& page)
+{
+    const double height = page.frame.UsableHeight();
+    const Span notes = NotesUp(page, page.hasHeader ? height - headerHeight : height);
+    return CountWords(Positions(notes.from, notes.to, page.lineSpace), "line") + " for notes, " +
+           LengthWords(page.lineSpace, page.frame) + " apart";
 }
 
 }  // namespace linealis

@@ -1,5 +1,7 @@
 #include "papers/CrossWindow.h"
 
+#include "pipeline/PageWords.h"
+
 namespace linealis {
 
 SettingsTable Settings(CrossForm& form)
@@ -40,6 +42,11 @@ void Draw(const CrossPage& page, MyPDFGenerator& pdf, Turns& turns)
         pdf.StrokeLine(x - cross.width / 2.0, y, x + cross.width / 2.0, y);
         pdf.StrokeLine(x, y - cross.height / 2.0, x, y + cross.height / 2.0);
     });
+}
+
+std::string Describe(const CrossPage& page)
+{
+    return CrossingWords(page.grid, page.frame, "cross mark");
 }
 
 }  // namespace linealis

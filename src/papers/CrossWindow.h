@@ -3,6 +3,8 @@
 #include "papers/CellGrid.h"
 #include "pipeline/Paper.h"
 
+#include <string>
+
 namespace linealis {
 
 /// A small cross at every crossing of a grid, whose lines are optional.
@@ -45,5 +47,6 @@ struct CrossPage {
 SettingsTable Settings(CrossForm& form);
 CrossPage Read(const CrossForm& form);
 void Draw(const CrossPage& page, MyPDFGenerator& pdf, Turns& turns);
+std::string Describe(const CrossPage& page);
 
 }  // namespace linealis

@@ -1,5 +1,7 @@
 #include "papers/DotsWindow.h"
 
+#include "pipeline/PageWords.h"
+
 namespace linealis {
 
 namespace {
@@ -41,6 +43,11 @@ void Draw(const DotsPage& page, MyPDFGenerator& pdf, Turns& turns)
     pdf.SetLineCap(roundCap);
     pdf.SetRGBColor(page.dotColor);
     ForEachCrossing(page.grid, turns, [&](double x, double y) { pdf.StrokeLine(x, y, x, y); });
+}
+
+std::string Describe(const DotsPage& page)
+{
+    return CrossingWords(page.grid, page.frame, "dot");
 }
 
 }  // namespace linealis

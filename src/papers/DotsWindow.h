@@ -3,6 +3,8 @@
 #include "papers/CellGrid.h"
 #include "pipeline/Paper.h"
 
+#include <string>
+
 namespace linealis {
 
 /// A round dot at every crossing of a grid, whose lines are optional.
@@ -38,5 +40,6 @@ struct DotsPage {
 SettingsTable Settings(DotsForm& form);
 DotsPage Read(const DotsForm& form);
 void Draw(const DotsPage& page, MyPDFGenerator& pdf, Turns& turns);
+std::string Describe(const DotsPage& page);
 
 }  // namespace linealis

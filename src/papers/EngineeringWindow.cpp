@@ -1,8 +1,24 @@
 #include "papers/EngineeringWindow.h"
 
 #include "pipeline/Fitting.h"
+#include "pipeline/PageWords.h"
 
 namespace linealis {
+
+namespace {
+
+// The lines that fit, whole, with those that are left out.
+double LinesAcross(const EngineeringPage& page)
+{
+    return static_cast<double>(LinesThatFit(page.frame.UsableWidth(), page.columnSpace));
+}
+
+double LinesUp(const EngineeringPage& page)
+{
+    return static_cast<double>(LinesThatFit(page.frame.UsableHeight(), page.rowSpace));
+}
+
+}  // namespace
 
 SettingsTable Settings(EngineeringForm& form)
 {
@@ -34,9 +50,9 @@ void Draw(const EngineeringPage& page, MyPDFGenerator& pdf, Turns& turns)
 {
     const double left = page.frame.leftMargin;
     const double bottom = page.frame.bottomMargin;
-    const auto numAcross = static_cast<double>(LinesThatFit(page.frame.UsableWidth(), page.columnSpace));
+    const double numAcross = LinesAcross(page);
     const double usableWidth = page.columnSpace * (numAcross - 1.0);
-    const auto numberVertical = static_cast<double>(LinesThatFit(page.frame.UsableHeight(), page.rowSpace));
+    const double numberVertical = LinesUp(page);
     const double usableHeight = page.rowSpace * (numberVertical - 1.0);
 
     pdf.SetLineWidth(page.LineThicknessVert);
@@ -51,6 +67,12 @@ void Draw(const EngineeringPage& page, MyPDFGenerator& pdf, Turns& turns)
         pdf.StrokeLine(left, y, left + usableWidth, y);
         turns.RuntimeBackgroundTask();
     }
+}
+
+std::string Describe(const EngineeringPage& page)
+{
+    return CountWords(LinesAcross(page) - 1.0 - page.blankLeft, LinesUp(page) - 1.0 - page.blankTop, "cell") +
+           " of " + SizeWords(page.columnSpace, page.rowSpace, page.frame);
 }
 
 }  // namespace linealis

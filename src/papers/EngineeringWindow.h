@@ -2,6 +2,8 @@
 
 #include "pipeline/Paper.h"
 
+#include <string>
+
 namespace linealis {
 
 /// Engineering pad paper: a grid given in lines per unit, laid from the left and bottom margins, with a band free
@@ -63,5 +65,6 @@ struct EngineeringPage {
 SettingsTable Settings(EngineeringForm& form);
 EngineeringPage Read(const EngineeringForm& form);
 void Draw(const EngineeringPage& page, MyPDFGenerator& pdf, Turns& turns);
+std::string Describe(const EngineeringPage& page);
 
 }  // namespace linealis

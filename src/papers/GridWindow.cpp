@@ -1,5 +1,7 @@
 #include "papers/GridWindow.h"
 
+#include "pipeline/PageWords.h"
+
 namespace linealis {
 
 SettingsTable Settings(GridForm& form)
@@ -25,6 +27,11 @@ void Draw(const GridPage& page, MyPDFGenerator& pdf, Turns& turns)
 {
     pdf.SetRGBColor(page.linesColor);
     DrawChosenLines(page.grid, pdf, turns);
+}
+
+std::string Describe(const GridPage& page)
+{
+    return CellWords(page.grid, page.frame, "cell");
 }
 
 }  // namespace linealis

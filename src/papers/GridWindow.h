@@ -3,6 +3,8 @@
 #include "papers/CellGrid.h"
 #include "pipeline/Paper.h"
 
+#include <string>
+
 namespace linealis {
 
 /// A grid of horizontal and vertical lines.
@@ -28,5 +30,6 @@ struct GridPage {
 SettingsTable Settings(GridForm& form);
 GridPage Read(const GridForm& form);
 void Draw(const GridPage& page, MyPDFGenerator& pdf, Turns& turns);
+std::string Describe(const GridPage& page);
 
 }  // namespace linealis

@@ -2,6 +2,8 @@
 
 #include "pdf/Numbers.h"
 #include "pdf/Units.h"
+#include "pipeline/Fitting.h"
+#include "pipeline/PageWords.h"
 
 namespace linealis {
 
@@ -158,6 +160,16 @@ HexagonPage Read(const HexagonForm& form)
 void Draw(const HexagonPage& page, MyPDFGenerator& pdf, Turns& turns)
 {
     HexagonDrawing(page, pdf, turns).DoGraph();
+}
+
+std::string Describe(const HexagonPage& page)
+{
+    const Area room = UsableArea(page.frame);
+    const bool canFit = page.side > 0.0;
+    const double across = canFit ? Positions(page.doubleSide, room.width, 1.5 * page.side) : 0.0;
+    const double up = canFit ? static_cast<double>(truncated(room.height / page.cellHeight)) : 0.0;
+    return CountWords(across, up, "hexagon") + ", side " + LengthWords(page.side, page.frame) + ", " +
+           LengthWords(page.cellHeight, page.frame) + " across flats";
 }
 
 }  // namespace linealis

@@ -2,6 +2,8 @@
 
 #include "papers/CellSize.h"
 
+#include <string>
+
 namespace linealis {
 
 /// A honeycomb with flat sides at the top and bottom of its cells, of whole rows and columns, centred on the page.
@@ -26,5 +28,6 @@ struct HexagonPage {
 SettingsTable Settings(HexagonForm& form);
 HexagonPage Read(const HexagonForm& form);
 void Draw(const HexagonPage& page, MyPDFGenerator& pdf, Turns& turns);
+std::string Describe(const HexagonPage& page);
 
 }  // namespace linealis

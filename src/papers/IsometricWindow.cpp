@@ -2,6 +2,7 @@
 
 #include "pdf/Units.h"
 #include "pipeline/Fitting.h"
+#include "pipeline/PageWords.h"
 
 namespace linealis {
 
@@ -142,6 +143,11 @@ void Draw(const IsometricPage& page, MyPDFGenerator& pdf, Turns& turns)
         drawing.DrawRisingFromLeftEdge();
         drawing.DrawFallingFromLeftAndTopEdge();
     }
+}
+
+std::string Describe(const IsometricPage& page)
+{
+    return "triangles with sides of " + LengthWords(page.size, page.frame);
 }
 
 }  // namespace linealis

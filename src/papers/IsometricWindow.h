@@ -2,6 +2,8 @@
 
 #include "papers/CellSize.h"
 
+#include <string>
+
 namespace linealis {
 
 /// Verticals and two families of lines that rise and fall at 30 degrees: a triangular grid for isometric views.
@@ -21,5 +23,6 @@ struct IsometricPage {
 SettingsTable Settings(IsometricForm& form);
 IsometricPage Read(const IsometricForm& form);
 void Draw(const IsometricPage& page, MyPDFGenerator& pdf, Turns& turns);
+std::string Describe(const IsometricPage& page);
 
 }  // namespace linealis

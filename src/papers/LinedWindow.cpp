@@ -1,8 +1,19 @@
 #include "papers/LinedWindow.h"
 
 #include "pipeline/Fitting.h"
+#include "pipeline/PageWords.h"
 
 namespace linealis {
+
+namespace {
+
+/// The lines that fit, whole, with those that are left out at the top.
+double LinesUp(const LinedPage& page)
+{
+    return static_cast<double>(LinesThatFit(page.frame.UsableHeight(), page.lineSpace));
+}
+
+}  // namespace
 
 SettingsTable Settings(LinedForm& form)
 {
@@ -36,7 +47,7 @@ void Draw(const LinedPage& page, MyPDFGenerator& pdf, Turns& turns)
     const double left = page.frame.leftMargin;
     const double bottom = page.frame.bottomMargin;
     const double usableWidth = page.frame.UsableWidth();
-    const auto numberVertical = static_cast<double>(LinesThatFit(page.frame.UsableHeight(), page.lineSpace));
+    const double numberVertical = LinesUp(page);
     const double usableHeight = page.lineSpace * (numberVertical - 1.0);
 
     pdf.SetLineWidth(page.LineThicknessVert);
@@ -49,6 +60,12 @@ void Draw(const LinedPage& page, MyPDFGenerator& pdf, Turns& turns)
         pdf.SetLineWidth(page.LineThicknessHorz);
         pdf.StrokeLine(page.offset + left, bottom, page.offset + left, bottom + usableHeight);
     }
+}
+
+std::string Describe(const LinedPage& page)
+{
+    return CountWords(LinesUp(page) - page.blankTop, "line") + ", " + LengthWords(page.lineSpace, page.frame) +
+           " apart";
 }
 
 }  // namespace linealis

@@ -2,6 +2,8 @@
 
 #include "pipeline/Paper.h"
 
+#include <string>
+
 namespace linealis {
 
 /// Ruled writing paper: horizontal lines from the bottom margin upwards, and a vertical rule.
@@ -58,5 +60,6 @@ struct LinedPage {
 SettingsTable Settings(LinedForm& form);
 LinedPage Read(const LinedForm& form);
 void Draw(const LinedPage& page, MyPDFGenerator& pdf, Turns& turns);
+std::string Describe(const LinedPage& page);
 
 }  // namespace linealis

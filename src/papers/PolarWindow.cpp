@@ -2,6 +2,7 @@
 
 #include "pdf/Geometry.h"
 #include "pdf/Numbers.h"
+#include "pipeline/PageWords.h"
 
 #include <cmath>
 
@@ -189,6 +190,12 @@ void Draw(const PolarPage& page, MyPDFGenerator& pdf, Turns& turns)
     drawing.DrawSpokes();
     drawing.DrawMinorSpokes();
     drawing.DrawTitle();
+}
+
+std::string Describe(const PolarPage& page)
+{
+    return CountWords(static_cast<double>(page.numCircles), "circle") + ", " +
+           CountWords(static_cast<double>(page.numSpokes), "spoke");
 }
 
 }  // namespace linealis

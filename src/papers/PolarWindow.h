@@ -77,5 +77,6 @@ struct PolarPage {
 SettingsTable Settings(PolarForm& form);
 PolarPage Read(const PolarForm& form);
 void Draw(const PolarPage& page, MyPDFGenerator& pdf, Turns& turns);
+std::string Describe(const PolarPage& page);
 
 }  // namespace linealis

@@ -3,6 +3,7 @@
 #include "pdf/Geometry.h"
 #include "pdf/Numbers.h"
 #include "pdf/Units.h"
+#include "pipeline/PageWords.h"
 
 #include <string>
 
@@ -215,6 +216,11 @@ void Draw(const TernaryPage& page, MyPDFGenerator& pdf, Turns& turns)
     } else if (page.numbers == TernaryNumbers::onSides) {
         drawing.DrawNumbersOnSides();
     }
+}
+
+std::string Describe(const TernaryPage& page)
+{
+    return CountWords(page.majorDivisions, "division") + " of " + Str(page.minorDivisions);
 }
 
 }  // namespace linealis

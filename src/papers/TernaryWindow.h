@@ -3,6 +3,7 @@
 #include "pipeline/Paper.h"
 
 #include <cstdint>
+#include <string>
 
 namespace linealis {
 
@@ -61,5 +62,6 @@ struct TernaryPage {
 SettingsTable Settings(TernaryForm& form);
 TernaryPage Read(const TernaryForm& form);
 void Draw(const TernaryPage& page, MyPDFGenerator& pdf, Turns& turns);
+std::string Describe(const TernaryPage& page);
 
 }  // namespace linealis

@@ -1,6 +1,7 @@
 #include "papers/TrapezoidWindow.h"
 
 #include "pdf/Units.h"
+#include "pipeline/PageWords.h"
 
 namespace linealis {
 
@@ -24,6 +25,11 @@ void Draw(const TrapezoidPage& page, MyPDFGenerator& pdf, Turns& turns)
     const DiagonalPattern pattern{size * sine30, (2.0 * sine30) * size, cosine30 * size, (2.0 * cosine30) * size,
                                   2.0 * cosine30};
     DrawDiagonal(page, pattern, HeightWhereFallingLineEnters, pdf, turns);
+}
+
+std::string Describe(const TrapezoidPage& page)
+{
+    return "triangles with sides of " + LengthWords(page.size, page.frame);
 }
 
 }  // namespace linealis

@@ -34,4 +34,8 @@ inline bool Advances(double position, double step)
     return step > 0.0 && position + step > position;
 }
 
+/// How many positions there are from `first` up to `limit`, `step` points apart and added up one by one, as a
+/// drawing does. From a million on, and where no step leads on, it is an estimate.
+double Positions(double first, double limit, double step);
+
 }  // namespace linealis

@@ -1,35 +1,27 @@
 #include "pipeline/PaperForm.h"
 
-#include "pdf/MyPDFGenerator.h"
 #include "pdf/Numbers.h"
 #include "pdf/Units.h"
+#include "pipeline/PaperSizes.h"
 #include "pipeline/UnitConversion.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace linealis {
 
 namespace {
 
-using Pdf = MyPDFGenerator;
-
-/// By the list index of PopupPaperSize; the item behind these is Custom.
-constexpr std::array<PaperSize, 12> paperSizes = {{
-    {Pdf::letterWidth, Pdf::letterHeight},
-    {Pdf::legalWidth, Pdf::legalHeight},
-    {Pdf::ledgerWidth, Pdf::ledgerHeight},
-    {Pdf::A0Width, Pdf::A0Height},
-    {Pdf::A1Width, Pdf::A1Height},
-    {Pdf::A2Width, Pdf::A2Height},
-    {Pdf::A3Width, Pdf::A3Height},
-    {Pdf::A4Width, Pdf::A4Height},
-    {Pdf::A5Width, Pdf::A5Height},
-    {Pdf::A6Width, Pdf::A6Height},
-    {Pdf::B5Width, Pdf::B5Height},
-    {Pdf::p11x17width, Pdf::p11x17height},
-}};
+/// The names of the papers, and Custom behind them.
+std::vector<std::string_view> PaperNames()
+{
+    std::vector<std::string_view> names;
+    for (const NamedPaper& paper : NamedPapers()) {
+        names.push_back(paper.name);
+    }
+    names.emplace_back("Custom");
+    return names;
+}
 
 constexpr Traits margin{.beside = true, .meaning = Meaning::Length, .unitRule = UnitRule::Length};
 constexpr Traits firstMargin{.meaning = Meaning::Length, .unitRule = UnitRule::Length};
@@ -39,12 +31,7 @@ constexpr Traits scale{.beside = true, .meaning = Meaning::Scale};
 }  // namespace
 
 PaperForm::PaperForm(const MarginTexts& margins)
-    : PopupPaperSize{*this,
-                     Group::Page,
-                     "PopupPaperSize",
-                     "Paper Size:",
-                     {"Letter", "Legal", "Ledger", "A0", "A1", "A2", "A3", "A4", "A5", "A6", "B5", "B (USA)",
-                      "Custom"}},
+    : PopupPaperSize{*this, Group::Page, "PopupPaperSize", "Paper Size:", PaperNames()},
       EditCustomWidth{*this, Group::Page, "EditCustomWidth", "", "8.5", customSize},
       StaticBy{*this, Group::Page, "StaticBy", "by", {.beside = true, .enabled = false}},
       EditCustomHeight{*this, Group::Page, "EditCustomHeight", "", "11", customSize},
@@ -82,8 +69,8 @@ void PaperForm::OpenPaperSize()
 PaperSize PaperForm::GetPaperSize() const
 {
     const auto index = static_cast<std::size_t>(PopupPaperSize.ListIndex());
-    if (index < paperSizes.size()) {
-        return paperSizes[index];
+    if (index < NamedPapers().size()) {
+        return NamedPapers()[index].size;
     }
     return {PointsOfCustomSide(EditCustomWidth.MeansNow(), EditCustomWidth.Number()),
             PointsOfCustomSide(EditCustomHeight.MeansNow(), EditCustomHeight.Number())};
@@ -101,7 +88,7 @@ void PaperForm::SetPaperSize(const PaperSize& size)
 
 void PaperForm::PopupPaperSize_Change()
 {
-    const bool custom = static_cast<std::size_t>(PopupPaperSize.ListIndex()) >= paperSizes.size();
+    const bool custom = static_cast<std::size_t>(PopupPaperSize.ListIndex()) >= NamedPapers().size();
     EditCustomHeight.SetEnabled(custom);
     EditCustomWidth.SetEnabled(custom);
     StaticBy.SetEnabled(custom);

@@ -5,6 +5,7 @@
 #include "platform/Turns.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -28,20 +29,25 @@ struct PageQuestions {
 struct PaperPage {
     PageFrame frame;
     std::function<void(MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask)> doGraph;
+    /// What the page holds, in a few words: "37 by 53 cells of 5 mm".
+    std::function<std::string()> describe = [] { return std::string(); };
 };
 
-/// The page of a kind, whose drawing is the function Draw for it.
+/// The page of a kind, whose drawing is the function Draw for it, and Describe its words.
 template <typename KindPage>
 PaperPage PageOf(KindPage page)
 {
     const PageFrame frame = page.frame;
-    return {frame, [page = std::move(page)](MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask) {
-                if constexpr (requires { Draw(page, pdf, turns, ask); }) {
-                    Draw(page, pdf, turns, ask);
+    const auto shared = std::make_shared<const KindPage>(std::move(page));
+    return {frame,
+            [shared](MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask) {
+                if constexpr (requires { Draw(*shared, pdf, turns, ask); }) {
+                    Draw(*shared, pdf, turns, ask);
                 } else {
-                    Draw(page, pdf, turns);
+                    Draw(*shared, pdf, turns);
                 }
-            }};
+            },
+            [shared] { return Describe(*shared); }};
 }
 
 }  // namespace linealis

@@ -2,6 +2,7 @@
 
 #include "DesktopTestSupport.h"
 #include "desktop/PagePainter.h"
+#include "desktop/PageRuler.h"
 #include "pipeline/PageJob.h"
 
 #include <QSignalSpy>
@@ -172,6 +173,61 @@ TEST_F(DesktopLivePage, FollowsTheForm)
     EXPECT_NEAR(page.PixelsPerPoint(), 16 * actual, 1e-9);
     Picture(page);
     EXPECT_LE(page.Picture().image.width(), page.width()) << "only what is looked at is painted";
+}
+
+TEST_F(DesktopLivePage, IsMeasuredAndTold)
+{
+    QWidget& window = OpenPaper("lined");
+    LivePage& page = Show(window);
+    Enter(window, {"PopupUnits=cm", "PopupPaperSize=A4"});
+    Picture(page);
+    EXPECT_EQ(page.accessibleName(), QStringLiteral("Lined Paper, A4 portrait, 133 lines, 2 mm apart"));
+    EXPECT_EQ(Shown(window, "PageSummary"), page.accessibleName().toStdString());
+
+    auto& zoom = Child<QComboBox>(window, "Zoom");
+    zoom.setFocus();
+    zoom.lineEdit()->setText(QStringLiteral("150%"));
+    Press(*zoom.lineEdit(), Qt::Key_Return);
+    EXPECT_NEAR(page.ZoomPercent(), 150.0, 1e-9);
+    EXPECT_EQ(zoom.currentText(), QStringLiteral("150 %"));
+
+    // A mark of the ruler stands where the page has its centimetre.
+    auto& ruler = Child(window, "RulerAcross");
+    const QImage shown = ruler.grab().toImage();
+    const int edge = shown.height() - 1;
+    const double centimetre = 72.0 / 2.54 * page.PixelsPerPoint();
+    int found = 0;
+    for (int i = 0; i <= 21; ++i) {
+        const auto x = static_cast<int>(std::floor(page.Origin().x() + i * centimetre));
+        if (x >= 1 && x < shown.width() - 1) {
+            ++found;
+            const auto dark = [&](int at) { return qGray(shown.pixel(at, edge - 9)) < 128; };
+            EXPECT_TRUE(dark(x - 1) || dark(x) || dark(x + 1)) << i;
+        }
+    }
+    EXPECT_GT(found, 3);
+    EXPECT_FALSE(desktop::StepsOf({0.0, 595.0, 0.001, true}).mark <= 0.0) << "marks of a page too small to see";
+    Child<QAction>(window, "ViewRulers").trigger();
+    EXPECT_FALSE(ruler.isVisible());
+}
+
+TEST_F(DesktopLivePage, ShowsWhatThereIsOfAPageGivenUp)
+{
+    desktop::PageRenderer renderer;
+    QSignalSpy rendered(&renderer, &desktop::PageRenderer::Rendered);
+    PaperPage page{PageFrame{PageSetup{.paperWidth = 100, .paperHeight = 100}},
+                   [](MyPDFGenerator& pdf, Turns&, const PageQuestions&) {
+                       pdf.SetLineWidth(20.0);
+                       pdf.StrokeLine(0.0, 50.0, 100.0, 50.0);
+                       throw PageGivenUp{"it is too large"};
+                   }};
+    renderer.SetPage(page);
+    renderer.SetExcerpt({1.0, {}, {100, 100}, 1.0});
+    ASSERT_TRUE(rendered.wait());
+    const auto picture = rendered.back().at(0).value<desktop::PagePicture>();
+    EXPECT_EQ(picture.problem, QStringLiteral("it is too large"));
+    EXPECT_EQ(qGray(picture.image.pixel(50, 50)), 0);
+    EXPECT_EQ(qGray(picture.image.pixel(50, 90)), 255);
 }
 
 TEST_F(DesktopLivePage, HeavyPageStepsAside)
