@@ -164,6 +164,41 @@ TEST_F(Documents, OfAnUnknownExtensionAreDroppedAfterTheMessage)
     EXPECT_TRUE(windows.shown.empty());
 }
 
+TEST_F(Documents, UsedLastAreListed)
+{
+    const RecentFiles recent(preferences);
+    const PaperKind& grid = *FindPaperKind("grid");
+    const FolderItem odd = Document(grid, "a\\n\n.setx"), plain = Document(grid, "b.setx");
+    platform.openAnswer = odd;
+    Choose("FileOpen", &Window("grid"));
+    app.OpenSettings(FolderItem(folder / "./b.setx"));
+    app.OpenSettings(FolderItem(folder / "missing.setx"));
+    Window("grid").LayOver(Document(grid, "preset.setx").OpenAsBinaryFile());
+    EXPECT_EQ(recent.List(), (std::vector{plain, odd}));
+    platform.saveAnswer = FolderItem(folder / "saved.setx");
+    Choose("FileSaveAs", &Window("grid"));
+    app.Event_OpenDocument(odd);
+    EXPECT_EQ(recent.List(), (std::vector{odd, platform.saveAnswer, plain})) << "none twice";
+    odd.Delete();
+    EXPECT_EQ(recent.List(), (std::vector{platform.saveAnswer, plain}));
+    Choose("FileSave", &Window("grid"));
+    EXPECT_EQ(recent.List().front(), odd);
+    for (std::size_t i = 0; i < RecentFiles::most; ++i) {
+        EXPECT_FALSE(recent.Add(Document(grid, std::to_string(i) + ".setx")));
+    }
+    EXPECT_EQ(recent.List().size(), RecentFiles::most);
+    EXPECT_EQ(recent.List().back().Name(), "0.setx");
+    const fs::path file = preferences.Child("LinealisRecentFiles").Path();
+    const std::string whole = ReadFile(file);
+    WriteFile(file, whole.substr(0, whole.rfind("0.setx")) + "\\\nb.setx\n" + plain.Path().string());
+    EXPECT_EQ(recent.List().back(), plain);
+    EXPECT_EQ(recent.List().size(), RecentFiles::most);
+    EXPECT_FALSE(recent.Clear());
+    EXPECT_TRUE(recent.List().empty());
+    WriteFile(file, plain.Path().string() + "\n" + plain.Path().string());
+    EXPECT_TRUE(recent.List().empty()) << "it is no such list";
+}
+
 TEST_F(PaperWindows, TheGraphsLastSettingsAreLoadedByTheGalleryAlone)
 {
     const PaperKind& graph = *FindPaperKind("graph");
