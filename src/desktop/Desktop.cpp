@@ -169,6 +169,7 @@ PaperView& Desktop::ViewOf(const PaperKind& kind, PaperWindow& window)
         connect(view, &PaperView::Closed, this, &Desktop::PaperClosed);
         connect(view, &PaperView::GalleryWanted, this, &Desktop::ShowGallery);
         connect(view, &PaperView::FilesDropped, this, &Desktop::OpenSettings);
+        connect(view, &PaperView::FilesWanted, this, &Desktop::OpenSettings);
     }
     return *view;
 }

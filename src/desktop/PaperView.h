@@ -75,6 +75,8 @@ signals:
     void GalleryWanted();
     /// Settings files have been dropped on the window.
     void FilesDropped(const QStringList& files);
+    /// Settings files have been chosen to be opened, each in the window of its kind.
+    void FilesWanted(const QStringList& files);
 
 protected:
     void showEvent(QShowEvent* event) override;

@@ -3,6 +3,7 @@
 #include "desktop/FormView.h"
 #include "desktop/LivePage.h"
 #include "desktop/PaperBars.h"
+#include "desktop/RecentMenu.h"
 #include "desktop/Text.h"
 #include "desktop/WindowSettings.h"
 
@@ -152,6 +153,10 @@ void PaperView::AddMenus()
     QMenu& file = *menu("FileMenu");
     file.addSeparator();
     add(file, tr("Print..."), QStringLiteral("FilePrint"), QKeySequence::Print, &PaperView::Print);
+    QMenu& recent = *file.addMenu(tr("Open &Recent"));
+    recent.setObjectName(QStringLiteral("RecentMenu"));
+    FillRecentMenu(recent, RecentFiles(platform.PreferencesFolder()),
+                   [this](const QString& path) { emit FilesWanted({path}); });
     QMenu& edit = *menu("EditMenu");
     edit.addSeparator();
     QAction* const redo =
