@@ -277,6 +277,23 @@ TEST_F(Gallery, AClickOpensItsKindOnce)
     EXPECT_TRUE(windows.shown.empty());
 }
 
+TEST_F(Gallery, ArrowsLeadToTheNearestPicture)
+{
+    using enum GalleryWindow::Direction;
+    const auto walk = [&](std::size_t from, std::initializer_list<GalleryWindow::Direction> keys) {
+        for (const auto key : keys) {
+            from = app.Gallery().Neighbor(from, key);
+        }
+        return kinds.at(from);
+    };
+    EXPECT_EQ(walk(0, {Left, Up}), "graph");
+    EXPECT_EQ(walk(0, {Right, Right, Down, Left}), "isometric");
+    EXPECT_EQ(walk(5, {Right, Up}), "graph") << "the next row begins behind the last picture";
+    EXPECT_EQ(walk(5, {Down, Down}), "brick");
+    EXPECT_EQ(walk(12, {Up, Up, Down}), "hexagon");
+    EXPECT_EQ(walk(13, {Right, Down}), "brick");
+}
+
 TEST_F(Help, WritesTheManualAnewAndOpensIt)
 {
     WriteFile(help.Path(), std::string(1000, 'x'));

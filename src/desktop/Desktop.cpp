@@ -59,13 +59,34 @@ void Desktop::ShowGallery()
         Raise();
         return;
     }
-    galleryView = new GalleryView(app.Gallery());
+    galleryView = new GalleryView(app.Gallery(), platform.PreferencesFolder());
     GiveMenus(*galleryView, nullptr);
     connect(galleryView, &GalleryView::HelpWanted, this, [this] { app.DoHelp(); });
     connect(galleryView, &GalleryView::Closed, this, &Desktop::GalleryClosed);
+    connect(galleryView, &GalleryView::Chosen, this, &Desktop::OpenHit);
+    connect(galleryView, &GalleryView::FilesDropped, this, &Desktop::OpenSettings);
+    connect(galleryView, &GalleryView::OpenWanted, this, [this] { OpenSettings(platform.AskForSettings()); });
     galleryView->Place();
     galleryView->show();
     inFront = galleryView;
+}
+
+void Desktop::OpenHit(const PaperHit& hit)
+{
+    if (hit.sort == PaperHit::Sort::RecentFile) {
+        OpenSettings({ToQt(hit.file.Path().string())});
+        return;
+    }
+    PaperWindow& paper = app.ShowPaper(*hit.kind);
+    PaperView& view = ViewOf(*hit.kind, paper);
+    view.DoAsStep(ToQt(hit.title), [&](PaperWindow& window) {
+        if (hit.preset != nullptr) {
+            LayOver(*hit.preset, window, platform);
+        } else if (const std::error_code error = window.LayOver(hit.file.OpenAsBinaryFile())) {
+            platform.Note(hit.title + " could not be opened: " + error.message());
+        }
+    });
+    UpdateMenus(view);
 }
 
 bool Desktop::eventFilter(QObject* watched, QEvent* event)
