@@ -1,5 +1,6 @@
 #include "desktop/GallerySearch.h"
 
+#include "desktop/GalleryPicture.h"
 #include "desktop/PresetMenu.h"
 #include "desktop/RecentMenu.h"
 #include "desktop/Text.h"
@@ -11,6 +12,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QLocale>
+#include <QPainter>
 #include <QPushButton>
 #include <algorithm>
 #include <utility>
@@ -34,9 +36,9 @@ QString LineOf(const PaperHit& hit)
     const QString kind = ToQt(hit.kind->galleryTitle);
     switch (hit.sort) {
     case PaperHit::Sort::Preset:
-        return GallerySearch::tr("%1 - preset of %2").arg(title, kind);
+        return GallerySearch::tr("%1 - %2").arg(title, kind);
     case PaperHit::Sort::OwnPreset:
-        return GallerySearch::tr("%1 - your preset of %2").arg(title, kind);
+        return GallerySearch::tr("%1 - your preset, %2").arg(title, kind);
     case PaperHit::Sort::RecentFile:
         return GallerySearch::tr("%1 - in %2").arg(title, ShortFolder(hit.file));
     case PaperHit::Sort::Kind:
@@ -47,20 +49,23 @@ QString LineOf(const PaperHit& hit)
 
 QPixmap PictureOf(const PaperHit& hit, double pixelRatio)
 {
-    if (hit.preset != nullptr) {
-        return PresetPicture(*hit.preset, pictureSize, pixelRatio);
-    }
-    const QPixmap picture(QStringLiteral(":/gallery/") + ToQt(hit.kind->picture));
-    QPixmap small = picture.scaled(pictureSize * pixelRatio, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    small.setDevicePixelRatio(pixelRatio);
-    return small;
+    return hit.preset != nullptr ? PresetPicture(*hit.preset, pictureSize, pixelRatio)
+                                 : GalleryPicture(hit.kind->picture, pictureSize, pixelRatio);
 }
 
-QPixmap NoPicture()
+/// The picture in the middle of a place that is the same for all of them, selected or not.
+QIcon IconOf(const QPixmap& picture, double pixelRatio)
 {
-    QPixmap picture(pictureSize);
-    picture.fill(Qt::transparent);
-    return picture;
+    QPixmap place(pictureSize * pixelRatio);
+    place.setDevicePixelRatio(pixelRatio);
+    place.fill(Qt::transparent);
+    if (!picture.isNull()) {
+        const QSizeF free = pictureSize - picture.deviceIndependentSize();
+        QPainter(&place).drawPixmap(QPointF(free.width() / 2.0, free.height() / 2.0), picture);
+    }
+    QIcon icon(place);
+    icon.addPixmap(place, QIcon::Selected);
+    return icon;
 }
 
 }  // namespace
@@ -149,7 +154,7 @@ void GallerySearch::Refresh()
     const QString line = selected < 0 ? QString() : list->item(selected)->text();
     hits = FindPapers(field->text().toStdString(), preferencesFolder, IsMetric());
     list->clear();
-    const QIcon noPicture(NoPicture());
+    const QIcon noPicture = IconOf({}, 1.0);
     for (const PaperHit& hit : hits) {
         auto* const item = new QListWidgetItem(noPicture, LineOf(hit), list);
         item->setToolTip(hit.file.IsEmpty() ? item->text() : ToQt(hit.file.Path().string()));
@@ -164,8 +169,9 @@ void GallerySearch::Refresh()
 void GallerySearch::MakeNextPicture()
 {
     if (nextPicture < list->count()) {
+        const double ratio = devicePixelRatioF();
         const PaperHit& hit = hits[static_cast<std::size_t>(nextPicture)];
-        list->item(nextPicture)->setIcon(QIcon(PictureOf(hit, devicePixelRatioF())));
+        list->item(nextPicture)->setIcon(IconOf(PictureOf(hit, ratio), ratio));
         ++nextPicture;
         pictureTimer.start(0);
     }

@@ -1,5 +1,6 @@
 #include "desktop/GalleryView.h"
 
+#include "desktop/GalleryPicture.h"
 #include "desktop/GallerySearch.h"
 #include "desktop/PaperView.h"
 #include "desktop/Text.h"
@@ -26,8 +27,7 @@ namespace {
 /// The picture of a kind, in a black frame.
 class GalleryCanvas final : public QAbstractButton {
 public:
-    GalleryCanvas(const GalleryWindow::Entry& entry, QWidget* parent)
-        : QAbstractButton(parent), picture(QStringLiteral(":/gallery/") + ToQt(entry.picture))
+    GalleryCanvas(const GalleryWindow::Entry& entry, QWidget* parent) : QAbstractButton(parent), name(entry.picture)
     {
         setGeometry(entry.canvasPlace.left, entry.canvasPlace.top, GalleryWindow::canvasWidth,
                     GalleryWindow::canvasHeight);
@@ -42,9 +42,13 @@ protected:
     void paintEvent(QPaintEvent* /*event*/) override
     {
         QPainter painter(this);
+        const double ratio = devicePixelRatioF();
+        if (picture.isNull() || picture.devicePixelRatio() != ratio) {
+            picture = GalleryPicture(name, size(), ratio);
+        }
         painter.drawPixmap(rect(), picture);
         painter.setPen(Qt::black);
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+        painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));  // whole on every screen
         if (hasFocus()) {  // beside the frame, which stays as it is
             painter.setPen(QPen(palette().highlight(), 3));
             painter.drawRect(rect().adjusted(3, 3, -4, -4));
@@ -75,6 +79,7 @@ protected:
     }
 
 private:
+    std::string_view name;
     QPixmap picture;
 };
 
