@@ -187,7 +187,10 @@ void GallerySearch::Choose(int row)
 
 bool GallerySearch::FieldKey(int key)
 {
-    if (key == Qt::Key_Down && list->count() > 0) {
+    if (key == Qt::Key_Down) {
+        if (list->count() == 0) {
+            Refresh();  // it may not have been painted yet
+        }
         list->setCurrentRow(std::min(list->currentRow() + 1, list->count() - 1));
         list->setFocus(Qt::TabFocusReason);
         return true;
