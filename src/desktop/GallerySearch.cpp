@@ -232,10 +232,15 @@ void GallerySearch::changeEvent(QEvent* event)
     if (event->type() == QEvent::PaletteChange && !settingColors && field != nullptr) {
         SetColors();
     }
-    if (event->type() == QEvent::ActivationChange && isPainted && isActiveWindow()) {
+    QWidget::changeEvent(event);
+}
+
+bool GallerySearch::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate && isPainted) {
         Refresh();
     }
-    QWidget::changeEvent(event);
+    return QWidget::event(event);
 }
 
 void GallerySearch::paintEvent(QPaintEvent* event)
