@@ -51,8 +51,8 @@ std::vector<std::string> WordsOf(std::string_view text)
 
 class PaperSearch {
 public:
-    PaperSearch(std::string_view text, const FolderItem& thePreferencesFolder, bool metric)
-        : words(WordsOf(text)), preferencesFolder(thePreferencesFolder), isMetric(metric)
+    PaperSearch(std::string_view text, FolderItem thePreferencesFolder, bool metric)
+        : words(WordsOf(text)), preferencesFolder(std::move(thePreferencesFolder)), isMetric(metric)
     {}
 
     std::vector<PaperHit> Find()

@@ -32,7 +32,7 @@ bool IsMetric()
 /// What stands in the list: the title, and where that belongs.
 QString LineOf(const PaperHit& hit)
 {
-    const QString title = ToQt(hit.title).simplified();
+    QString title = ToQt(hit.title).simplified();
     const QString kind = ToQt(hit.kind->galleryTitle);
     switch (hit.sort) {
     case PaperHit::Sort::Preset:

@@ -49,7 +49,7 @@ protected:
         painter.drawPixmap(rect(), picture);
         painter.setPen(Qt::black);
         painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));  // whole on every screen
-        if (hasFocus()) {  // beside the frame, which stays as it is
+        if (hasFocus()) {                                                 // beside the frame, which stays as it is
             painter.setPen(QPen(palette().highlight(), 3));
             painter.drawRect(rect().adjusted(3, 3, -4, -4));
         }
@@ -119,7 +119,7 @@ void GalleryView::AddEntries(QWidget* content)
     }
 }
 
-QPushButton* GalleryView::AddHelp(QWidget* content)
+QPushButton* GalleryView::AddHelp(QWidget* content) const
 {
     auto* const help = new QPushButton(QStringLiteral("Help"), content);
     help->setObjectName(QStringLiteral("PushButton1"));

@@ -41,7 +41,7 @@ protected:
 
 private:
     void AddEntries(QWidget* content);
-    QPushButton* AddHelp(QWidget* content);
+    QPushButton* AddHelp(QWidget* content) const;
     void AddSearch(QWidget* content, const FolderItem& preferencesFolder, QPushButton* help);
     /// The picture that a key leads to from another one, or null.
     QWidget* PictureFor(int key, std::size_t from) const;
