@@ -14,10 +14,13 @@ QString Translate(const char* text)
     return QCoreApplication::translate("RecentMenu", text);
 }
 
-/// "&1 name", and "1&0 name" for the tenth.
-QString NumberedName(std::size_t number, const FolderItem& file)
+constexpr int widestName = 400;  // pixels of the screen
+
+/// "&1 name", and "1&0 name" for the tenth. The end of a long name, which tells its kind, stays.
+QString NumberedName(std::size_t number, const FolderItem& file, const QFontMetrics& font)
 {
-    const QString name = ToQt(file.Name()).replace(QLatin1Char('&'), QLatin1String("&&")).simplified();
+    const QString name = font.elidedText(ToQt(file.Name()).simplified(), Qt::ElideMiddle, widestName)
+                             .replace(QLatin1Char('&'), QLatin1String("&&"));
     const QString digits = QString::number(number);
     return digits.chopped(1) + QLatin1Char('&') + digits.back() + QLatin1Char(' ') + name;
 }
@@ -33,7 +36,7 @@ void Fill(QMenu& menu, const RecentFiles& recent, const std::function<void(const
     std::size_t number = 0;
     for (const FolderItem& file : recent.List()) {
         const QString path = ToQt(file.Path().string());
-        QAction* const action = menu.addAction(NumberedName(++number, file));
+        QAction* const action = menu.addAction(NumberedName(++number, file, menu.fontMetrics()));
         action->setObjectName(QStringLiteral("Recent%1").arg(number));
         action->setToolTip(path);
         QObject::connect(action, &QAction::triggered, &menu, [open, path] { open(path); });
