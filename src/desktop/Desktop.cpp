@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QFileInfo>
 #include <QFileOpenEvent>
 #include <QResource>
 
@@ -65,10 +66,24 @@ void Desktop::ShowGallery()
     connect(galleryView, &GalleryView::Closed, this, &Desktop::GalleryClosed);
     connect(galleryView, &GalleryView::Chosen, this, &Desktop::OpenHit);
     connect(galleryView, &GalleryView::FilesDropped, this, &Desktop::OpenSettings);
-    connect(galleryView, &GalleryView::OpenWanted, this, [this] { OpenSettings(platform.AskForSettings()); });
+    connect(galleryView, &GalleryView::OpenWanted, this, &Desktop::AskForSettings);
     galleryView->Place();
     galleryView->show();
     inFront = galleryView;
+}
+
+void Desktop::AskForSettings()
+{
+    const QStringList files = platform.AskForSettings();
+    for (const QString& path : files) {
+        const QFileInfo file(path);
+        if (FindPaperKindByExtension(file.suffix().toStdString()) == nullptr) {
+            platform.MsgBox(tr("%1 is no settings file").arg(file.fileName()).toStdString());
+        }
+    }
+    if (!quitting) {  // the user may have ended the program instead of reading a box
+        OpenSettings(files);
+    }
 }
 
 void Desktop::OpenHit(const PaperHit& hit)

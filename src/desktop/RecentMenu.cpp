@@ -4,6 +4,8 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <algorithm>
+#include <vector>
 
 namespace linealis::desktop {
 
@@ -16,11 +18,21 @@ QString Translate(const char* text)
 
 constexpr int widestName = 400;  // pixels of the screen
 
-/// "&1 name", and "1&0 name" for the tenth. The end of a long name, which tells its kind, stays.
-QString NumberedName(std::size_t number, const FolderItem& file, const QFontMetrics& font)
+/// The name, and where the file is if another one has the same name.
+QString NameAmong(const std::vector<FolderItem>& files, const FolderItem& file)
 {
-    const QString name = font.elidedText(ToQt(file.Name()).simplified(), Qt::ElideMiddle, widestName)
-                             .replace(QLatin1Char('&'), QLatin1String("&&"));
+    const auto isNamesake = [&](const FolderItem& other) { return other.Name() == file.Name(); };
+    const QString name = ToQt(file.Name()).simplified();
+    return std::count_if(files.begin(), files.end(), isNamesake) == 1
+               ? name
+               : QStringLiteral("%1 - %2").arg(name, ShortFolder(file));
+}
+
+/// "&1 name", and "1&0 name" for the tenth. The end of a long name, which tells its kind, stays.
+QString Numbered(std::size_t number, const QString& text, const QFontMetrics& font)
+{
+    const QString name =
+        font.elidedText(text, Qt::ElideMiddle, widestName).replace(QLatin1Char('&'), QLatin1String("&&"));
     const QString digits = QString::number(number);
     return digits.chopped(1) + QLatin1Char('&') + digits.back() + QLatin1Char(' ') + name;
 }
@@ -34,9 +46,10 @@ void Fill(QMenu& menu, const RecentFiles& recent, const std::function<void(const
         old->deleteLater();
     }
     std::size_t number = 0;
-    for (const FolderItem& file : recent.List()) {
+    const std::vector<FolderItem> files = recent.List();
+    for (const FolderItem& file : files) {
         const QString path = ToQt(file.Path().string());
-        QAction* const action = menu.addAction(NumberedName(++number, file, menu.fontMetrics()));
+        QAction* const action = menu.addAction(Numbered(++number, NameAmong(files, file), menu.fontMetrics()));
         action->setObjectName(QStringLiteral("Recent%1").arg(number));
         action->setToolTip(path);
         QObject::connect(action, &QAction::triggered, &menu, [open, path] { open(path); });
