@@ -164,6 +164,41 @@ TEST_F(Documents, OfAnUnknownExtensionAreDroppedAfterTheMessage)
     EXPECT_TRUE(windows.shown.empty());
 }
 
+TEST_F(Documents, UsedLastAreListed)
+{
+    const RecentFiles recent(preferences);
+    const PaperKind& grid = *FindPaperKind("grid");
+    const FolderItem odd = Document(grid, "a\\n\n.setx"), plain = Document(grid, "b.setx");
+    platform.openAnswer = odd;
+    Choose("FileOpen", &Window("grid"));
+    app.OpenSettings(FolderItem(folder / "./b.setx"));
+    app.OpenSettings(FolderItem(folder / "missing.setx"));
+    Window("grid").LayOver(Document(grid, "preset.setx").OpenAsBinaryFile());
+    EXPECT_EQ(recent.List(), (std::vector{plain, odd}));
+    platform.saveAnswer = FolderItem(folder / "saved.setx");
+    Choose("FileSaveAs", &Window("grid"));
+    app.Event_OpenDocument(odd);
+    EXPECT_EQ(recent.List(), (std::vector{odd, platform.saveAnswer, plain})) << "none twice";
+    odd.Delete();
+    EXPECT_EQ(recent.List(), (std::vector{platform.saveAnswer, plain}));
+    Choose("FileSave", &Window("grid"));
+    EXPECT_EQ(recent.List().front(), odd);
+    for (std::size_t i = 0; i < RecentFiles::most; ++i) {
+        EXPECT_FALSE(recent.Add(Document(grid, std::to_string(i) + ".setx")));
+    }
+    EXPECT_EQ(recent.List().size(), RecentFiles::most);
+    EXPECT_EQ(recent.List().back().Name(), "0.setx");
+    const fs::path file = preferences.Child("LinealisRecentFiles").Path();
+    const std::string whole = ReadFile(file);
+    WriteFile(file, whole.substr(0, whole.rfind("0.setx")) + "\\\nb.setx\n" + plain.Path().string());
+    EXPECT_EQ(recent.List().back(), plain);
+    EXPECT_EQ(recent.List().size(), RecentFiles::most);
+    EXPECT_FALSE(recent.Clear());
+    EXPECT_TRUE(recent.List().empty());
+    WriteFile(file, plain.Path().string() + "\n" + plain.Path().string());
+    EXPECT_TRUE(recent.List().empty()) << "it is no such list";
+}
+
 TEST_F(PaperWindows, TheGraphsLastSettingsAreLoadedByTheGalleryAlone)
 {
     const PaperKind& graph = *FindPaperKind("graph");
@@ -240,6 +275,23 @@ TEST_F(Gallery, AClickOpensItsKindOnce)
     app.Gallery().Event_MouseUp(PaperKinds().size());
     app.Gallery().Event_MouseUp(std::numeric_limits<std::size_t>::max());
     EXPECT_TRUE(windows.shown.empty());
+}
+
+TEST_F(Gallery, ArrowsLeadToTheNearestPicture)
+{
+    using enum GalleryWindow::Direction;
+    const auto walk = [&](std::size_t from, std::initializer_list<GalleryWindow::Direction> keys) {
+        for (const auto key : keys) {
+            from = app.Gallery().Neighbor(from, key);
+        }
+        return kinds.at(from);
+    };
+    EXPECT_EQ(walk(0, {Left, Up}), "graph");
+    EXPECT_EQ(walk(0, {Right, Right, Down, Left}), "isometric");
+    EXPECT_EQ(walk(5, {Right, Up}), "graph") << "the next row begins behind the last picture";
+    EXPECT_EQ(walk(5, {Down, Down}), "brick");
+    EXPECT_EQ(walk(12, {Up, Up, Down}), "hexagon");
+    EXPECT_EQ(walk(13, {Right, Down}), "brick");
 }
 
 TEST_F(Help, WritesTheManualAnewAndOpensIt)

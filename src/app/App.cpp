@@ -122,7 +122,9 @@ PaperWindow* App::OpenSettings(const FolderItem& file)
         return nullptr;
     }
     PaperWindow& window = ShowPaper(*kind);
-    window.OpenDocument(file);
+    if (window.OpenDocument(file)) {
+        Recent().Add(file);
+    }
     return &window;
 }
 
@@ -167,13 +169,13 @@ void App::Perform(const MenuItem& item, PaperWindow* front)
 {
     switch (item.command) {
     case Command::Open:
-        front->FileOpen_Action();
+        Remember(*front, &PaperWindow::FileOpen_Action);
         break;
     case Command::Save:
-        front->FileSave_Action();
+        Remember(*front, &PaperWindow::FileSave_Action);
         break;
     case Command::SaveAs:
-        front->FileSaveAs_Action();
+        Remember(*front, &PaperWindow::FileSaveAs_Action);
         break;
     case Command::CloseWindow:
         if (windows.AnyWindowOpen()) {
@@ -202,6 +204,13 @@ void App::Perform(const MenuItem& item, PaperWindow* front)
         break;
     default:
         break;
+    }
+}
+
+void App::Remember(PaperWindow& window, bool (PaperWindow::*action)()) const
+{
+    if ((window.*action)()) {
+        Recent().Add(window.OurFolderItem());
     }
 }
 

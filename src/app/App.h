@@ -3,6 +3,7 @@
 #include "app/MenuBar1.h"
 #include "app/PaperKinds.h"
 #include "app/Preferences.h"
+#include "app/RecentFiles.h"
 #include "graph/AxisFunctions.h"
 #include "pdf/Geometry.h"
 #include "pdf/Numbers.h"
@@ -67,6 +68,8 @@ public:
     void CheckForTheLatestVersion();
 
     GalleryWindow& Gallery() { return gallery; }
+    /// What the user has opened and saved; presets and last settings are not in it.
+    RecentFiles Recent() const { return RecentFiles(platform.PreferencesFolder()); }
     static ProgramVersion Version();
 
     // Small operations that live where they are used.
@@ -87,6 +90,8 @@ public:
 private:
     void OpenFromGallery(std::size_t entry);
     void ShowAbout();
+    /// Has the window open or save its settings file, and keeps which one if that went well.
+    void Remember(PaperWindow& window, bool (PaperWindow::*action)()) const;
     FolderItem HelpFile() const;
     FolderItem PrefsFile() const;
     FolderItem LastSettingsFile() const;

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QFileInfo>
 #include <QFileOpenEvent>
 #include <QKeyEvent>
 #include <QResource>
@@ -60,13 +61,47 @@ void Desktop::ShowGallery()
         Raise();
         return;
     }
-    galleryView = new GalleryView(app.Gallery());
+    galleryView = new GalleryView(app.Gallery(), platform.PreferencesFolder());
     GiveMenus(*galleryView, nullptr);
     connect(galleryView, &GalleryView::HelpWanted, this, [this] { app.DoHelp(); });
     connect(galleryView, &GalleryView::Closed, this, &Desktop::GalleryClosed);
+    connect(galleryView, &GalleryView::Chosen, this, &Desktop::OpenHit);
+    connect(galleryView, &GalleryView::FilesDropped, this, &Desktop::OpenSettings);
+    connect(galleryView, &GalleryView::OpenWanted, this, &Desktop::AskForSettings);
     galleryView->Place();
     galleryView->show();
     inFront = galleryView;
+}
+
+void Desktop::AskForSettings()
+{
+    const QStringList files = platform.AskForSettings();
+    for (const QString& path : files) {
+        const QFileInfo file(path);
+        if (FindPaperKindByExtension(file.suffix().toStdString()) == nullptr) {
+            platform.MsgBox(tr("%1 is no settings file").arg(file.fileName()).toStdString());
+        }
+    }
+    if (!quitting) {  // the user may have ended the program instead of reading a box
+        OpenSettings(files);
+    }
+}
+
+void Desktop::OpenHit(const PaperHit& hit)
+{
+    if (hit.sort == PaperHit::Sort::RecentFile) {
+        OpenSettings({ToQt(hit.file.Path().string())});
+        return;
+    }
+    PaperWindow& paper = app.ShowPaper(*hit.kind);
+    PaperView& view = ViewOf(*hit.kind, paper);
+    view.LayOver(ToQt(hit.title), [&](PaperWindow& window) {
+        if (hit.preset != nullptr) {
+            LayOver(*hit.preset, window, platform);
+        } else if (const std::error_code error = window.LayOver(hit.file.OpenAsBinaryFile())) {
+            platform.Note(hit.title + " could not be opened: " + error.message());
+        }
+    });
 }
 
 bool Desktop::eventFilter(QObject* watched, QEvent* event)
@@ -175,6 +210,7 @@ PaperView& Desktop::ViewOf(const PaperKind& kind, PaperWindow& window)
         connect(view, &PaperView::Closed, this, &Desktop::PaperClosed);
         connect(view, &PaperView::GalleryWanted, this, &Desktop::ShowGallery);
         connect(view, &PaperView::FilesDropped, this, &Desktop::OpenSettings);
+        connect(view, &PaperView::FilesWanted, this, &Desktop::OpenSettings);
     }
     return *view;
 }

@@ -62,6 +62,10 @@ private:
     /// Does what may change any window, as one step of that name in each that it changes.
     void DoAsStep(const QString& name, const std::function<void()>& change);
     void ShowGallery();
+    /// Asks for settings files and opens them; what is none of them is named.
+    void AskForSettings();
+    /// Opens the file, or shows the window of its kind with the preset laid over, as one step.
+    void OpenHit(const PaperHit& hit);
     void PaperClosed(const PaperKind& kind);
     void GalleryClosed();
     void GiveMenus(QMainWindow& window, PaperView* paper);

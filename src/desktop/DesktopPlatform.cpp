@@ -1,5 +1,6 @@
 #include "desktop/DesktopPlatform.h"
 
+#include "app/PaperKinds.h"
 #include "desktop/HttpFetch.h"
 #include "desktop/Text.h"
 #include "desktop/WindowSettings.h"
@@ -52,10 +53,24 @@ QString TitleFor(const FileType& type, QFileDialog::AcceptMode mode)
                                            : DesktopPlatform::tr("Open Settings");
 }
 
+constexpr const char* const settingsFolderKey = "folders/settings";  ///< of whatever kind
+
 /// The folder of each type of file that the user was in last.
 QString FolderKey(const FileType& type)
 {
     return QStringLiteral("folders/") + ToQt(type.extension.empty() ? type.name : type.extension);
+}
+
+void GoToFolder(QFileDialog& dialog, const QString& key)
+{
+    if (const QString last = WindowSettings().value(key).toString(); QDir(last).exists()) {
+        dialog.setDirectory(last);
+    }
+}
+
+void KeepFolder(const QFileDialog& dialog, const QString& key)
+{
+    WindowSettings().setValue(key, dialog.directory().absolutePath());
 }
 
 /// Limits a file dialog to the type. A type without an extension takes every file.
@@ -119,15 +134,33 @@ FolderItem DesktopPlatform::AskForFile(const FileType& type, QFileDialog::Accept
                                        const QString& suggestedName)
 {
     QFileDialog dialog(QApplication::activeWindow());
-    if (const QString last = WindowSettings().value(FolderKey(type)).toString(); QDir(last).exists()) {
-        dialog.setDirectory(last);
-    }
+    GoToFolder(dialog, FolderKey(type));
     Prepare(dialog, type, mode, suggestedName);
     if (RunModal(dialog) != QDialog::Accepted) {
         return {};
     }
-    WindowSettings().setValue(FolderKey(type), dialog.directory().absolutePath());
+    KeepFolder(dialog, FolderKey(type));
+    if (FindPaperKindByExtension(type.extension) != nullptr) {
+        KeepFolder(dialog, QString::fromLatin1(settingsFolderKey));
+    }
     return ToItem(dialog.selectedFiles().value(0));
+}
+
+QStringList DesktopPlatform::AskForSettings()
+{
+    QStringList patterns;
+    for (const PaperKind& kind : PaperKinds()) {
+        patterns << QStringLiteral("*.") + ToQt(kind.settingsType.extension);
+    }
+    QFileDialog dialog(QApplication::activeWindow(), tr("Open Settings"));
+    GoToFolder(dialog, QString::fromLatin1(settingsFolderKey));
+    dialog.setFileMode(QFileDialog::ExistingFiles);
+    dialog.setNameFilter(QStringLiteral("Settings (%1)").arg(patterns.join(QLatin1Char(' '))));
+    if (RunModal(dialog) != QDialog::Accepted) {
+        return {};
+    }
+    KeepFolder(dialog, QString::fromLatin1(settingsFolderKey));
+    return dialog.selectedFiles();
 }
 
 MessageDialog::Button DesktopPlatform::ShowModal(const MessageDialog& dialog)

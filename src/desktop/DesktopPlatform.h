@@ -7,6 +7,7 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QObject>
+#include <QStringList>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -44,6 +45,9 @@ public:
 
     /// Runs long work that gives the interface its turn while it lasts, and ends it when `stop` has become true.
     void RunStoppable(const bool& stop, const std::function<void()>& work);
+
+    /// Asks for settings files of any kinds; none if the user cancels.
+    QStringList AskForSettings();
 
     /// Whether work of that sort is under way.
     bool IsBusy() const { return !stops.empty(); }

@@ -128,6 +128,13 @@ bool PaperView::DoAsStep(const QString& name, const std::function<void(PaperWind
     return ChangedOutside(name);
 }
 
+void PaperView::LayOver(const QString& title, const std::function<void(PaperWindow& window)>& lay)
+{
+    if (DoAsStep(title, lay)) {
+        Say(tr("The form is now %1").arg(title), {{tr("Undo"), QStringLiteral("undo")}});
+    }
+}
+
 bool PaperView::ChangedOutside(const QString& name)
 {
     const bool isStep = history.Commit(name);

@@ -67,6 +67,8 @@ public:
     /// Does something with the window as one step of that name, which can be undone, and says what went wrong.
     /// Returns whether that was nothing.
     bool DoAsStep(const QString& name, const std::function<void(PaperWindow& window)>& change);
+    /// Does so by laying a preset of that name over the form, and says it.
+    void LayOver(const QString& title, const std::function<void(PaperWindow& window)>& lay);
     FormHistory& History() { return history; }
 
     /// Says in the window's status line what has happened.
@@ -81,6 +83,8 @@ signals:
     void GalleryWanted();
     /// Settings files have been dropped on the window.
     void FilesDropped(const QStringList& files);
+    /// Settings files have been chosen to be opened, each in the window of its kind.
+    void FilesWanted(const QStringList& files);
 
 protected:
     void showEvent(QShowEvent* event) override;

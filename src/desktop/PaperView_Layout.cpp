@@ -5,6 +5,7 @@
 #include "desktop/LivePane.h"
 #include "desktop/PaperBars.h"
 #include "desktop/PresetMenu.h"
+#include "desktop/RecentMenu.h"
 #include "desktop/Text.h"
 #include "desktop/WindowSettings.h"
 
@@ -108,11 +109,7 @@ void PaperView::MakePresetMenu()
 {
     presets = new QMenu(tr("&Presets"), this);
     presets->setObjectName(QStringLiteral("PresetsMenu"));
-    const auto lay = [this](const QString& title, const PresetMenuHost::Lay& change) {
-        if (DoAsStep(title, change)) {
-            Say(tr("The form is now %1").arg(title), {{tr("Undo"), QStringLiteral("undo")}});
-        }
-    };
+    const auto lay = [this](const QString& title, const PresetMenuHost::Lay& change) { LayOver(title, change); };
     const auto save = [this] {
         if (const auto name = SaveAsPreset(*this, platform, kind, window)) {
             Say(tr("Saved as the preset %1").arg(ToQt(*name)));
@@ -194,6 +191,10 @@ void PaperView::AddMenus()
     QMenu& file = *menu("FileMenu");
     file.addSeparator();
     add(file, tr("Print..."), QStringLiteral("FilePrint"), QKeySequence::Print, &PaperView::Print);
+    QMenu& recent = *file.addMenu(tr("Open &Recent"));
+    recent.setObjectName(QStringLiteral("RecentMenu"));
+    FillRecentMenu(recent, RecentFiles(platform.PreferencesFolder()),
+                   [this](const QString& path) { emit FilesWanted({path}); });
     QMenu& edit = *menu("EditMenu");
     edit.addSeparator();
     QAction* const redo = add(edit, tr("Redo"), QStringLiteral("EditRedo"), {}, &PaperView::Redo);

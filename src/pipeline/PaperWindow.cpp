@@ -150,7 +150,7 @@ void PaperWindow::NoteFailure(const FolderItem& file, const char* what, std::err
     }
 }
 
-void PaperWindow::OpenDocument(const FolderItem& file)
+bool PaperWindow::OpenDocument(const FolderItem& file)
 {
     const LoadResult result = Load(file);
     NoteFailure(file, "opened", result.error);
@@ -160,35 +160,38 @@ void PaperWindow::OpenDocument(const FolderItem& file)
     }
     ourFolderItem = file;
     stored = form.State();
+    return !result.error;
 }
 
-void PaperWindow::Store(const FolderItem& file)
+bool PaperWindow::Store(const FolderItem& file)
 {
     const std::error_code error = SaveSettings(file);
     NoteFailure(file, "saved", error);
     if (!error) {
         stored = form.State();
     }
+    return !error;
 }
 
-void PaperWindow::FileOpen_Action()
+bool PaperWindow::FileOpen_Action()
 {
-    if (const FolderItem file = platform.GetOpenFolderItem(settingsType); !file.IsEmpty()) {
-        OpenDocument(file);
+    const FolderItem file = platform.GetOpenFolderItem(settingsType);
+    return !file.IsEmpty() && OpenDocument(file);
+}
+
+bool PaperWindow::FileSave_Action()
+{
+    return Store(ourFolderItem);
+}
+
+bool PaperWindow::FileSaveAs_Action()
+{
+    const FolderItem file = platform.GetSaveFolderItem(settingsType, "Untitled");
+    if (file.IsEmpty()) {
+        return false;
     }
-}
-
-void PaperWindow::FileSave_Action()
-{
-    Store(ourFolderItem);
-}
-
-void PaperWindow::FileSaveAs_Action()
-{
-    if (const FolderItem file = platform.GetSaveFolderItem(settingsType, "Untitled"); !file.IsEmpty()) {
-        ourFolderItem = file;
-        Store(file);
-    }
+    ourFolderItem = file;
+    return Store(file);
 }
 
 }  // namespace linealis

@@ -69,14 +69,14 @@ public:
     /// Loads settings, but for the output file, which stays. A stream that is not open leaves all as it was.
     std::error_code LayOver(BinaryStream settings);
     /// Loads the file and takes it for the window's document. What goes wrong is noted (Platform::Note), as in the
-    /// actions below.
-    void OpenDocument(const FolderItem& file);
+    /// actions below; each returns whether it has opened or saved a file.
+    bool OpenDocument(const FolderItem& file);
     /// Whether the form, or the file that its page goes to, is no longer what the settings file holds that was
     /// last opened or saved. False as long as there is none.
     bool IsModified() const { return !ourFolderItem.IsEmpty() && stored != form.State(); }
-    void FileOpen_Action();
-    void FileSave_Action();
-    void FileSaveAs_Action();
+    bool FileOpen_Action();
+    bool FileSave_Action();
+    bool FileSaveAs_Action();
 
     const FolderItem& OutputFile() const { return outputFile; }
     /// The settings file last opened or saved; empty until then.
@@ -88,7 +88,7 @@ public:
 
 private:
     LoadResult Load(const FolderItem& file);
-    void Store(const FolderItem& file);
+    bool Store(const FolderItem& file);
     void NoteFailure(const FolderItem& file, const char* what, std::error_code error) const;
     void SetOutputFile(const FolderItem& file);
     PageQuestions Dialogs() const;

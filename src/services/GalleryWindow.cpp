@@ -1,5 +1,6 @@
 #include "services/GalleryWindow.h"
 
+#include <cstdlib>
 #include <utility>
 
 namespace linealis {
@@ -7,7 +8,7 @@ namespace linealis {
 GalleryWindow::GalleryWindow(std::vector<Entry> theEntries, std::function<void(std::size_t entry)> open)
     : entries(std::move(theEntries)), openEntry(std::move(open))
 {
-    constexpr int firstLeft = 20;
+    constexpr int firstLeft = margin;
     constexpr int firstTop = 40;
     constexpr int columns = 6;
     constexpr int columnStep = canvasWidth + 20;
@@ -26,6 +27,31 @@ GalleryWindow::GalleryWindow(std::vector<Entry> theEntries, std::function<void(s
             y += rowStep;
         }
     }
+    freeRoom = {x, y};
+}
+
+std::size_t GalleryWindow::Neighbor(std::size_t entry, Direction direction) const
+{
+    if (direction == Direction::Left || direction == Direction::Right) {
+        const std::size_t next = direction == Direction::Left ? entry - 1 : entry + 1;
+        return next < entries.size() ? next : entry;
+    }
+    const Place from = entries[entry].canvasPlace;
+    const auto isCloser = [&](const Place& a, const Place& b) {
+        const auto distance = [&](const Place& place) {
+            return std::pair(std::abs(place.top - from.top), std::abs(place.left - from.left));
+        };
+        return distance(a) < distance(b);
+    };
+    std::size_t found = entry;
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        const Place place = entries[i].canvasPlace;
+        const bool isThere = direction == Direction::Up ? place.top < from.top : place.top > from.top;
+        if (isThere && (found == entry || isCloser(place, entries[found].canvasPlace))) {
+            found = i;
+        }
+    }
+    return found;
 }
 
 GalleryWindow::Place GalleryWindow::PlaceOnScreen(int availableWidth, int availableHeight, int windowWidth,

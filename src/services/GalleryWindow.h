@@ -16,6 +16,7 @@ public:
     static constexpr int canvasHeight = 132;
     static constexpr int titleWidth = 100;
     static constexpr int titleHeight = 20;
+    static constexpr int margin = 20;  ///< about all that the window shows
     static constexpr std::string_view title = "Linealis - Paper Gallery";
     static constexpr std::string_view prompt = "Select one of the following types of graph paper to get started:";
 
@@ -36,6 +37,16 @@ public:
 
     const std::vector<Entry>& Entries() const { return entries; }
 
+    /// The upper left corner of the room behind the last entry, which reaches to the right and lower margin.
+    Place FreeRoom() const { return freeRoom; }
+
+    /// Where an arrow key leads to from an entry.
+    enum class Direction { Left, Right, Up, Down };
+
+    /// Left and Right lead to the entries before and behind, also of another row; Up and Down to the nearest one of
+    /// the next row. Where there is none, it is the entry itself.
+    std::size_t Neighbor(std::size_t entry, Direction direction) const;
+
     /// Where a window of that size stands: in the middle of the room that the first screen has.
     static Place PlaceOnScreen(int availableWidth, int availableHeight, int windowWidth, int windowHeight);
 
@@ -44,6 +55,7 @@ public:
 
 private:
     std::vector<Entry> entries;
+    Place freeRoom{};
     std::function<void(std::size_t entry)> openEntry;
 };
 

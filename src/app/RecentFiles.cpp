@@ -1,0 +1,124 @@
+#include "app/RecentFiles.h"
+
+#include "app/PaperKinds.h"
+#include "platform/BinaryStream.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace linealis {
+
+namespace {
+
+constexpr std::string_view heading = "# Settings files used last";
+
+/// A path stands in one line of the file.
+std::string InOneLine(std::string_view path)
+{
+    std::string line;
+    for (const char c : path) {
+        if (c == '\\') {
+            line += "\\\\";
+        } else if (c == '\n') {
+            line += "\\n";
+        } else {
+            line += c;
+        }
+    }
+    return line;
+}
+
+std::string PathOf(std::string_view line)
+{
+    std::string path;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        const bool isEscaped = line[i] == '\\' && i + 1 < line.size();
+        i += isEscaped ? 1 : 0;
+        path += isEscaped && line[i] == 'n' ? '\n' : line[i];
+    }
+    return path;
+}
+
+bool NamesSettings(const std::filesystem::path& path)
+{
+    const std::string extension = path.extension().string();
+    return path.is_absolute() && !extension.empty() && FindPaperKindByExtension(extension.substr(1)) != nullptr;
+}
+
+std::string_view TakeLine(std::string_view& text)
+{
+    const std::string_view line = text.substr(0, text.find('\n'));
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+    return line;
+}
+
+}  // namespace
+
+RecentFiles::RecentFiles(const FolderItem& preferencesFolder) : list(preferencesFolder.Child("LinealisRecentFiles"))
+{}
+
+std::vector<FolderItem> RecentFiles::List() const
+{
+    std::vector<FolderItem> files = Read();
+    std::erase_if(files, [](const FolderItem& file) {
+        std::error_code cannotTell;
+        return !std::filesystem::is_regular_file(file.Path(), cannotTell);
+    });
+    return files;
+}
+
+std::vector<FolderItem> RecentFiles::Read() const
+{
+    std::vector<FolderItem> files;
+    if (!list.Exists()) {
+        return files;
+    }
+    const std::string text = list.OpenAsBinaryFile().Read(BinaryStream::longestField);
+    std::string_view left = text;
+    if (TakeLine(left) != heading) {
+        return files;
+    }
+    while (!left.empty() && files.size() < most) {
+        const std::filesystem::path path = PathOf(TakeLine(left));
+        if (NamesSettings(path) && std::find(files.begin(), files.end(), FolderItem(path)) == files.end()) {
+            files.emplace_back(path);
+        }
+    }
+    return files;
+}
+
+std::error_code RecentFiles::Add(const FolderItem& file) const
+{
+    if (file.Path().empty()) {
+        return {};
+    }
+    const FolderItem added(file.Path().lexically_normal());
+    std::vector<FolderItem> files = Read();
+    std::erase(files, added);
+    files.insert(files.begin(), added);
+    files.resize(std::min(files.size(), most));
+    return Write(files);
+}
+
+std::error_code RecentFiles::Clear() const
+{
+    return list.Exists() ? Write({}) : std::error_code();
+}
+
+std::error_code RecentFiles::Write(const std::vector<FolderItem>& files) const
+{
+    if (list.IsEmpty()) {
+        return {};
+    }
+    std::string text = std::string(heading) + "\n";
+    for (const FolderItem& file : files) {
+        text += InOneLine(file.Path().string()) + "\n";
+    }
+    BinaryStream stream = list.CreateBinaryFile();
+    stream.Write(text);
+    return stream.Close();
+}
+
+}  // namespace linealis

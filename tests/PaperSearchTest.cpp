@@ -1,0 +1,50 @@
+#include "app/PaperSearch.h"
+
+#include "PageSupport.h"
+#include "app/OwnPresets.h"
+#include "app/RecentFiles.h"
+
+namespace linealis::test {
+namespace {
+
+class PaperSearchTest : public testing::Test {
+protected:
+    Names Found(std::string_view words, bool isMetric = true) const
+    {
+        Names titles;
+        for (const PaperHit& hit : FindPapers(words, preferences, isMetric)) {
+            titles.push_back(std::string("KPOR").substr(static_cast<std::size_t>(hit.sort), 1) + " " + hit.title);
+        }
+        return titles;
+    }
+
+    TemporaryFolder folder;
+    FolderItem preferences{folder / "preferences"};
+};
+
+TEST_F(PaperSearchTest, FindsAllWordsInKindsPresetsOwnOnesAndFiles)
+{
+    const Paper paper("cornell");
+    const FolderItem file(folder / "Lecture Ärger.setc");
+    EXPECT_FALSE(OwnPresets(preferences).Save("My cornell", *FindPaperKind("cornell"), *paper.window));
+    EXPECT_FALSE(paper.window->SaveSettings(file));
+    const Names suggested = Found(" ");
+    ASSERT_GT(suggested.size(), 3U) << "presets, as long as no file was used";
+    EXPECT_EQ(suggested[0], "P Squares 5 mm");
+    EXPECT_FALSE(RecentFiles(preferences).Add(file));
+    EXPECT_EQ(Found(""), Names{"R Lecture Ärger.setc"});
+    EXPECT_EQ(Found("CORNELL"), (Names{"K Note Paper", "P Cornell Notes A4, 8 mm lines",
+                                       "P Cornell Notes Letter, 8 mm lines", "O My cornell"}));
+    EXPECT_EQ(Found("cornell 8", false)[0], "P Cornell Notes Letter, 8 mm lines");
+    EXPECT_EQ(Found("note my"), Names{"O My cornell"});
+    EXPECT_EQ(Found("ärger  LECT"), Names{"R Lecture Ärger.setc"});
+    EXPECT_EQ(Found("5 mm")[0], "P Squares 5 mm");
+    EXPECT_EQ(Found("semi-log 3"), Names{"P Semi-log, 3 decades"});
+    EXPECT_EQ(Found("cornell rainbow"), Names{});
+    for (const PaperKind& kind : PaperKinds()) {
+        EXPECT_EQ(Found(kind.galleryTitle)[0], "K " + std::string(kind.galleryTitle));
+    }
+}
+
+}  // namespace
+}  // namespace linealis::test
