@@ -84,6 +84,7 @@ TEST_F(GallerySearchTest, DroppedFilesOpenAndAreOfferedAgain)
     ASSERT_EQ(lines.size(), 2U);
     EXPECT_EQ(lines[0].substr(0, 10), "g & h.setx");
     Enter(Window("polar"), {"EditXScale=1"});
+    EXPECT_TRUE(CanChoose(Window("grid"), "FileOpen"));  // the menu is filled when it is seen
     EXPECT_EQ(Item(Window("grid"), "Recent1").text(), QStringLiteral("&1 g && h.setx"));
     Item(Window("grid"), "Recent2").trigger();
     EXPECT_EQ(Shown(Window("polar"), "EditXScale"), "55");
