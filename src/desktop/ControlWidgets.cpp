@@ -2,23 +2,40 @@
 
 #include "desktop/ColorSwatch.h"
 #include "desktop/ElidedLabel.h"
+#include "desktop/FieldEdit.h"
 #include "desktop/Text.h"
+#include "pipeline/FieldWords.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QRadioButton>
 #include <QWheelEvent>
+#include <algorithm>
+#include <array>
 
 namespace linealis::desktop {
 
 namespace {
 
-constexpr int numberFieldCharacters = 9;
-constexpr int proseFieldCharacters = 26;
+/// "#0000FF (blue)", with the name of the nearest of a few colors.
+QString ColorWords(const QColor& color)
+{
+    static const std::array<const char*, 16> names = {"black", "white",  "gray", "silver", "red",    "maroon",
+                                                      "green", "lime",   "blue", "navy",   "yellow", "orange",
+                                                      "brown", "purple", "pink", "teal"};
+    const auto distance = [&](const char* name) {
+        const QColor other(QString::fromLatin1(name));
+        const int red = other.red() - color.red(), green = other.green() - color.green(),
+                  blue = other.blue() - color.blue();
+        return red * red + green * green + blue * blue;
+    };
+    const char* const nearest = *std::min_element(
+        names.begin(), names.end(), [&](const char* a, const char* b) { return distance(a) < distance(b); });
+    return QStringLiteral("%1 (%2)").arg(color.name().toUpper(), QString::fromLatin1(nearest));
+}
 
 /// A popup that lets the wheel scroll the form, unless it has the focus: nobody changes it in passing.
 class PopupBox final : public QComboBox {
@@ -31,6 +48,7 @@ protected:
 
 /// One for each type of control.
 struct WidgetMaker {
+    const Form& form;
     const std::function<void(Swatch& swatch)>& onSwatch;
 
     ControlWidget operator()(TextField& field) const;
@@ -43,19 +61,8 @@ struct WidgetMaker {
 
 ControlWidget WidgetMaker::operator()(TextField& field) const
 {
-    auto* const edit = new QLineEdit;
-    const bool isProse = field.MeansNow() == Meaning::Prose;
-    const int characters = isProse ? proseFieldCharacters : numberFieldCharacters;
-    edit->setFixedWidth(edit->fontMetrics().averageCharWidth() * characters + 12);
-    QObject::connect(edit, &QLineEdit::textEdited, edit,
-                     [&field](const QString& text) { field.Type(text.toStdString()); });
-    return {edit, [edit, &field] {
-                edit->setToolTip(ToQt(HintFor(field.MeansNow())));
-                if (const QString text = ToQt(field.Text()); edit->text() != text) {
-                    edit->setText(text);
-                    edit->setCursorPosition(0);
-                }
-            }};
+    auto* const edit = new FieldEdit(field, form);
+    return {edit, [edit] { edit->Refresh(); }};
 }
 
 ControlWidget WidgetMaker::operator()(Popup& popup) const
@@ -98,9 +105,14 @@ ControlWidget WidgetMaker::operator()(CheckBox& box) const
 ControlWidget WidgetMaker::operator()(Swatch& swatch) const
 {
     auto* const canvas = new ColorSwatch;
-    canvas->setToolTip(QStringLiteral("Click to choose another color"));
     QObject::connect(canvas, &ColorSwatch::clicked, canvas, [&swatch, clicked = onSwatch] { clicked(swatch); });
-    return {canvas, [canvas, &swatch] { canvas->SetColor(swatch.Shown()); }};
+    return {canvas, [canvas, &swatch] {
+                canvas->SetColor(swatch.Shown());
+                const QColor color(swatch.Shown().red, swatch.Shown().green, swatch.Shown().blue);
+                const QString said = ColorWords(color);
+                canvas->setAccessibleDescription(said);
+                canvas->setToolTip(QStringLiteral("%1. Click to choose another color").arg(said));
+            }};
 }
 
 ControlWidget WidgetMaker::operator()(Label& label) const
@@ -112,12 +124,13 @@ ControlWidget WidgetMaker::operator()(Label& label) const
 
 }  // namespace
 
-ControlWidget MakeControlWidget(Control& control, const std::function<void(Swatch& swatch)>& onSwatch)
+ControlWidget MakeControlWidget(const Form& form, Control& control,
+                                const std::function<void(Swatch& swatch)>& onSwatch)
 {
-    ControlWidget made = Visit(control, WidgetMaker{onSwatch});
+    ControlWidget made = Visit(control, WidgetMaker{form, onSwatch});
     made.widget->setObjectName(ToQt(control.Name()));
     if (control.Kind() != ControlKind::Label) {
-        made.widget->setAccessibleName(CaptionText(control));
+        made.widget->setAccessibleName(ToQt(WholeName(form, control)));
     }
     return made;
 }

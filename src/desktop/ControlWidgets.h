@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pipeline/Controls.h"
+#include "pipeline/Form.h"
 
 #include <QString>
 #include <functional>
@@ -16,8 +16,10 @@ struct ControlWidget {
 };
 
 /// Makes the widget of a control, and the way back from what the user does to the control. The object name is the
-/// control's name. `onSwatch` is called when the user clicks a color swatch.
-ControlWidget MakeControlWidget(Control& control, const std::function<void(Swatch& swatch)>& onSwatch);
+/// control's name, and the accessible name its whole name. `onSwatch` is called when the user clicks a color
+/// swatch.
+ControlWidget MakeControlWidget(const Form& form, Control& control,
+                                const std::function<void(Swatch& swatch)>& onSwatch);
 
 /// A caption with the line ends of a screen.
 QString CaptionText(const Control& control);

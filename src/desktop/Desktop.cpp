@@ -153,7 +153,7 @@ void Desktop::OpenSettings(const QStringList& files)
 void Desktop::DoAsStep(const QString& name, const std::function<void()>& change)
 {
     for (const auto& [kind, view] : views) {
-        view->History().Commit(tr("Change"));
+        view->FinishEdit();
     }
     change();
     for (const auto& [kind, view] : views) {

@@ -59,6 +59,18 @@ void FormRow::AddCell(const Control& control, QWidget* widget, QLabel* caption, 
     // The last of a row takes what room it needs, so that it widens no column.
     grid.addLayout(cell, line, place, 1, isLast ? columns - place : width);
     place += width;
+    cellEndsRow = isLast;
+}
+
+void FormRow::AddAtEnd(QWidget* widget)
+{
+    widget->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    if (cellEndsRow) {
+        delete cell->takeAt(cell->count() - 1);  // the widget takes the place of the empty room
+        cell->addWidget(widget, 1);
+    } else {
+        grid.addWidget(widget, line, place, 1, columns - place);
+    }
 }
 
 }  // namespace linealis::desktop

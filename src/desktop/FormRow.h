@@ -25,6 +25,9 @@ public:
     /// Puts the next control, with its caption, if it has one before it.
     void Add(const Control& control, QWidget* widget, QLabel* caption, Place where);
 
+    /// Puts a widget into the room that is left at the end of the row, however narrow that is.
+    void AddAtEnd(QWidget* widget);
+
 private:
     void AddRowHeading(QWidget* widget);
     void AddToTable(QWidget* widget);
@@ -34,6 +37,7 @@ private:
     int line;
     int place = 0;
     QHBoxLayout* cell = nullptr;  ///< of the control before
+    bool cellEndsRow = false;     ///< it takes all the room that is left
 };
 
 }  // namespace linealis::desktop

@@ -1,18 +1,21 @@
 #include "desktop/FormView.h"
 
+#include "desktop/ElidedLabel.h"
+#include "desktop/FieldEdit.h"
+#include "desktop/FormGroup.h"
 #include "desktop/FormRow.h"
 #include "desktop/Text.h"
+#include "pdf/Numbers.h"
+#include "pipeline/FieldWords.h"
+#include "pipeline/LengthText.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
 #include <QEvent>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
-#include <QPalette>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
@@ -42,21 +45,13 @@ QString TitleOf(Group group)
     return {};
 }
 
-/// The color of remarks: a red that stands out from the palette's background, be it light or dark.
-QColor RemarkColor(const QPalette& palette)
-{
-    const bool isDark = palette.color(QPalette::Window).lightnessF() < 0.5F;
-    return isDark ? QColor(0xFF, 0x8A, 0x80) : QColor(0xB0, 0x00, 0x20);
-}
-
 /// The remark on a field, for a person: "Circles: counts as 1". Empty if there is none.
-QString RemarkText(const Control& control)
+QString RemarkText(const Form& form, const TextField& field)
 {
-    if (control.Kind() != ControlKind::Text) {
-        return {};
-    }
-    QString remark = ToQt(static_cast<const TextField&>(control).Remark());
-    QString caption = CaptionText(control).replace(QLatin1Char('\n'), QLatin1Char(' '));
+    const auto typed = TypedLength(field.Text(), UnitOf(form, field));
+    const QString remark =
+        typed ? QStringLiteral("becomes %1 when you leave the field").arg(ToQt(Str(*typed))) : ToQt(field.Remark());
+    QString caption = CaptionText(field).replace(QLatin1Char('\n'), QLatin1Char(' '));
     if (remark.isEmpty() || caption.isEmpty()) {
         return remark;
     }
@@ -89,12 +84,16 @@ FormView::FormView(Form& theForm, GroupBoxes groupBoxes, std::function<void(Swat
     }
     column->addStretch(1);
     connect(qApp, &QApplication::focusChanged, this, [this](const QWidget* /*old*/, const QWidget* now) {
-        const auto has = [now](const auto& entry) { return entry.second.control.widget == now; };
+        const auto has = [now](const auto& entry) {
+            const QWidget* const widget = entry.second.control.widget;
+            return now != nullptr && (widget == now || widget->isAncestorOf(now));  // a group of buttons
+        };
         const auto found = std::find_if(controls.begin(), controls.end(), has);
         emit FocusMoved(found == controls.end() ? nullptr : found->first);
     });
     form.observer = [this](const Control& control) {
         Refresh(control);
+        ShowReadouts();
         emit Changed();
     };
     RefreshAll();
@@ -149,7 +148,10 @@ void FormView::AddGroup(Group group, GroupBoxes groupBoxes)
     if (rows.empty()) {
         return;
     }
-    QWidget* const box = groupBoxes == GroupBoxes::withHeading ? new QGroupBox(TitleOf(group)) : new QWidget;
+    const bool hasHeading = groupBoxes == GroupBoxes::withHeading;
+    auto* const box = new FormGroup(hasHeading ? TitleOf(group) : QString(),
+                                    QStringLiteral("Remark") + ToQt(rows.front().front()->Name()));
+    groups[group] = box;
     auto* const grid = new QGridLayout(box);
     grid->setVerticalSpacing(4);
     grid->setHorizontalSpacing(8);
@@ -157,8 +159,10 @@ void FormView::AddGroup(Group group, GroupBoxes groupBoxes)
         if (row.back()->Declared().captionAbove && &row == &rows.front()) {
             AddHeadings(*grid, row);
         }
-        AddRow(*grid, row);
-        AddRemark(*grid, row);
+        AddRow(*grid, row, hasHeading && group != Group::Page && group != Group::Text);
+    }
+    if (QLabel* const below = box->SaidBelow()) {
+        grid->addWidget(below, grid->rowCount(), 0, 1, FormRow::columns);
     }
     grid->setColumnStretch(FormRow::columns - 1, 1);
     lastRow = new QHBoxLayout;
@@ -181,37 +185,24 @@ void FormView::AddHeadings(QGridLayout& grid, const Row& row)
     }
 }
 
-void FormView::AddRow(QGridLayout& grid, const Row& row)
+void FormView::AddRow(QGridLayout& grid, const Row& row, bool hasReadout)
 {
     FormRow line(grid);
     for (Control* const control : row) {
         QWidget* const widget = MakeWidget(*control);
         line.Add(*control, widget, MakeCaption(*control), PlaceIn(row, control));
     }
-}
-
-void FormView::AddRemark(QGridLayout& grid, const Row& row)
-{
-    const bool hasText = std::any_of(row.begin(), row.end(),
-                                     [](const Control* control) { return control->Kind() == ControlKind::Text; });
-    if (!hasText) {
-        return;
-    }
-    auto* const remark = new QLabel;
-    remark->setTextFormat(Qt::PlainText);
-    remark->setWordWrap(true);
-    remark->setObjectName(QStringLiteral("Remark") + ToQt(row.front()->Name()));
-    remark->hide();
-    grid.addWidget(remark, grid.rowCount(), 0, 1, FormRow::columns);
-    for (const Control* const control : row) {
-        controls[control].remark = remark;
-        controls[control].row = row;
+    if (hasReadout) {
+        auto* const readout = new ElidedLabel(Qt::ElideRight);
+        readout->setObjectName(QStringLiteral("Readout") + ToQt(row.front()->Name()));
+        line.AddAtEnd(readout);
+        readouts.push_back({row, readout});
     }
 }
 
 QWidget* FormView::MakeWidget(Control& control)
 {
-    controls[&control].control = MakeControlWidget(control, swatchClicked);
+    controls[&control].control = MakeControlWidget(form, control, swatchClicked);
     QWidget* const widget = controls[&control].control.widget;
     WatchEdits(*widget);
     return widget;
@@ -220,13 +211,8 @@ QWidget* FormView::MakeWidget(Control& control)
 /// Tells of each change that the user has ended. It is in the form by then.
 void FormView::WatchEdits(QWidget& widget)
 {
-    if (auto* const edit = qobject_cast<QLineEdit*>(&widget)) {
-        connect(edit, &QLineEdit::editingFinished, this, [this, edit] {
-            if (edit->isModified()) {
-                edit->setModified(false);
-                emit Committed();
-            }
-        });
+    if (auto* const edit = qobject_cast<FieldEdit*>(&widget)) {
+        connect(edit, &FieldEdit::Committed, this, &FormView::Committed);
     } else if (auto* const popup = qobject_cast<QComboBox*>(&widget)) {
         connect(popup, &QComboBox::activated, this, &FormView::Committed);
     } else if (auto* const button = qobject_cast<QAbstractButton*>(&widget)) {
@@ -267,8 +253,8 @@ void FormView::Refresh(const Control& control)
     if (shown.caption != nullptr) {
         shown.caption->setEnabled(control.IsEnabled());
     }
-    if (shown.remark != nullptr) {
-        ShowRemarks(shown);
+    if (control.Kind() == ControlKind::Text) {
+        ShowRemarks(control.InGroup());
     }
 }
 
@@ -277,28 +263,55 @@ void FormView::RefreshAll()
     for (const Control* const control : form.Controls()) {
         Refresh(*control);
     }
+    ShowReadouts();
 }
 
-void FormView::ShowRemarks(const Shown& shown)
+void FormView::ShowReadouts()
 {
-    const QColor color = RemarkColor(palette());
-    const QString border = QStringLiteral("QLineEdit { border: 1px solid %1; }").arg(color.name());
-    QStringList texts;
-    for (const Control* const control : shown.row) {
-        const QString text = RemarkText(*control);
-        const QString style = text.isEmpty() ? QString() : border;
-        if (QWidget* const field = controls[control].control.widget; field->styleSheet() != style) {
-            field->setStyleSheet(style);
-        }
-        if (!text.isEmpty()) {
-            texts << text;
+    for (const RowReadout& readout : readouts) {
+        const QString text = ToQt(Readout(readout.row, form.UnitOfLengths()));
+        if (readout.label->text() != text) {
+            readout.label->setText(text);
+            readout.label->setToolTip(text);
         }
     }
-    QPalette colors = shown.remark->palette();
-    colors.setColor(QPalette::WindowText, color);
-    shown.remark->setPalette(colors);
-    shown.remark->setText(texts.join(QStringLiteral("; ")));
-    shown.remark->setVisible(!texts.isEmpty());
+}
+
+void FormView::ShowSummary(const QString& words)
+{
+    summary = words;
+    if (groups.contains(Group::Spacing)) {
+        ShowRemarks(Group::Spacing);
+    }
+}
+
+void FormView::FinishEdit()
+{
+    if (auto* const edit = qobject_cast<FieldEdit*>(QApplication::focusWidget()); edit && isAncestorOf(edit)) {
+        edit->Finish();
+    }
+}
+
+void FormView::ShowRemarks(Group group)
+{
+    QStringList remarks;
+    for (const Control* const control : form.Controls()) {
+        if (control->InGroup() == group && control->Kind() == ControlKind::Text && controls.contains(control)) {
+            remarks << ShowRemark(static_cast<const TextField&>(*control));
+        }
+    }
+    remarks.removeAll(QString());
+    groups.at(group)->Say(remarks.join(QStringLiteral("; ")), group == Group::Spacing ? summary : QString());
+}
+
+QString FormView::ShowRemark(const TextField& field)
+{
+    auto& edit = static_cast<FieldEdit&>(*controls.at(&field).control.widget);
+    const QString remark = RemarkText(form, field);
+    edit.Mark(!remark.isEmpty());
+    const QString hint = ToQt(HintOf(field));
+    edit.setAccessibleDescription(remark.isEmpty() ? hint : remark + QStringLiteral(". ") + hint);
+    return remark;
 }
 
 }  // namespace linealis::desktop

@@ -15,6 +15,8 @@ class QVBoxLayout;
 
 namespace linealis::desktop {
 
+class FormGroup;
+
 /// Whether the groups of a form stand in boxes with a heading, as on a paper's window, or without, as in a dialog.
 enum class GroupBoxes { withHeading, none };
 
@@ -34,6 +36,11 @@ public:
     /// Hands over the last group, to stand elsewhere in the window. It still shows its controls.
     QWidget* TakeLastGroup();
 
+    /// Says what the page holds beside the heading of the spacings, where there is nothing to remark on.
+    void ShowSummary(const QString& words);
+    /// Ends what is being entered, as leaving the field does.
+    void FinishEdit();
+
 signals:
     /// Something of the form has changed, by whomever it was done.
     void Changed();
@@ -48,12 +55,16 @@ protected:
 private:
     using Row = std::vector<Control*>;
 
-    /// A control on the screen, with its caption and the remarks on its row.
+    /// A control on the screen, with its caption.
     struct Shown {
         ControlWidget control;
         QLabel* caption = nullptr;  ///< the caption before it that is no control itself, or null
-        QLabel* remark = nullptr;   ///< null: there is nothing to remark on
+    };
+
+    /// The lengths of a row's fields, at its end.
+    struct RowReadout {
         Row row;
+        QLabel* label;
     };
 
     std::vector<Row> RowsOf(Group group) const;
@@ -61,8 +72,7 @@ private:
 
     void AddGroup(Group group, GroupBoxes groupBoxes);
     void AddHeadings(QGridLayout& grid, const Row& row);
-    void AddRow(QGridLayout& grid, const Row& row);
-    void AddRemark(QGridLayout& grid, const Row& row);
+    void AddRow(QGridLayout& grid, const Row& row, bool hasReadout);
     QWidget* MakeWidget(Control& control);
     void WatchEdits(QWidget& widget);
     /// The label of a control's caption, its buddy; null if the control has no caption before it.
@@ -70,13 +80,20 @@ private:
 
     void Refresh(const Control& control);
     void RefreshAll();
-    void ShowRemarks(const Shown& shown);
+    void ShowReadouts();
+    /// Shows the remarks on the fields of a group.
+    void ShowRemarks(Group group);
+    /// Marks the field of a remark, and says it to who cannot see that. Returns the remark.
+    QString ShowRemark(const TextField& field);
 
     Form& form;
     std::function<void(Swatch& swatch)> swatchClicked;
     QVBoxLayout* column;
     QHBoxLayout* lastRow = nullptr;
     std::map<const Control*, Shown> controls;
+    std::map<Group, FormGroup*> groups;
+    std::vector<RowReadout> readouts;
+    QString summary;
 };
 
 }  // namespace linealis::desktop

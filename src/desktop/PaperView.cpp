@@ -103,8 +103,9 @@ void PaperView::LightUp()
 
 void PaperView::FormChanged()
 {
+    const PaperPage page = window.ReadPage();
+    form->ShowSummary(ToQt(page.describe()));
     if (livePage->isVisible()) {
-        const PaperPage page = window.ReadPage();
         livePane->Show(page, ToQt(PageSummary(kind, page)));
         LightUp();
     }
@@ -121,9 +122,15 @@ void PaperView::FormChanged()
     setWindowModified(window.IsModified());
 }
 
+void PaperView::FinishEdit()
+{
+    form->FinishEdit();
+    history.Commit(tr("Change"));
+}
+
 bool PaperView::DoAsStep(const QString& name, const std::function<void(PaperWindow& window)>& change)
 {
-    history.Commit(tr("Change"));
+    FinishEdit();
     change(window);
     return ChangedOutside(name);
 }
@@ -186,6 +193,7 @@ void PaperView::Generate()
 
 void PaperView::MakePage()
 {
+    FinishEdit();
     Work([this] { window.PushButtonGenerate_Action(); });
     SayHowPageEnded();
     ChangedOutside(tr("Generate"));  // by what the page corrected in the form
@@ -196,6 +204,7 @@ void PaperView::Print()
     if (generating) {
         return;
     }
+    FinishEdit();
     DrawnPage page{window.ReadPage().frame, {}};
     bool isDrawn = false;
     Work([&] {

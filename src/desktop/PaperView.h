@@ -64,6 +64,8 @@ public:
     /// Puts everything back to what a fresh window holds, but for the files. Can be undone.
     void Reset();
 
+    /// Ends what is being entered, which is a step of its own.
+    void FinishEdit();
     /// Does something with the window as one step of that name, which can be undone, and says what went wrong.
     /// Returns whether that was nothing.
     bool DoAsStep(const QString& name, const std::function<void(PaperWindow& window)>& change);

@@ -33,10 +33,18 @@ Traits Column(AxisName axis, Meaning meaning, Name label = {})
     return {.label = Of(axis, label, {}), .captionAbove = true, .meaning = meaning};
 }
 
+Traits WeightColumn(AxisName axis, Name linesOfX, Name linesOfY)
+{
+    Traits traits = Column(axis, Meaning::Weight);
+    traits.sets = Of(axis, linesOfX, linesOfY);
+    return traits;
+}
+
 Traits Density(AxisName axis)
 {
     Traits traits = Column(axis, Meaning::GridDensity, "StaticTextLinesPerUnit");
     traits.unitRule = UnitRule::CountPerUnit;
+    traits.fullName = Of(axis, "X Grid, lines per unit", "Y Grid, lines per unit");
     return traits;
 }
 
@@ -53,15 +61,16 @@ GridRow::GridRow(PaperForm& form, AxisName axis)
       lineSpacing{form,       Group::Spacing, Of(axis, "EditXLineSpacing", "EditYLineSpacing"),
                   "Lines/in", "10",           Density(axis)},
       lineThickness{form,     Group::Spacing, Of(axis, "EditXLineThickness", "EditYLineThickness"),
-                    "Weight", ".1",           Column(axis, Meaning::Weight)},
+                    "Weight", ".1",           WeightColumn(axis, "vertical grid lines", "horizontal grid lines")},
       major{form,
             Group::Spacing,
             Of(axis, "EditXMajor", "EditYMajor"),
             "Major Spacing",
             "5",
             Column(axis, Meaning::GridLines)},
-      majorWeight{form,           Group::Spacing, Of(axis, "EditXMajorWeight", "EditYMajorWeight"),
-                  "Major Weight", ".7",           Column(axis, Meaning::Weight)},
+      majorWeight{
+          form,           Group::Spacing, Of(axis, "EditXMajorWeight", "EditYMajorWeight"),
+          "Major Weight", ".7",           WeightColumn(axis, "major vertical lines", "major horizontal lines")},
       hydraulicExponent{form,
                         Group::Spacing,
                         Of(axis, "EditXHydraulicExponent", "EditYHydraulicExponent"),
@@ -85,7 +94,7 @@ AxisRow::AxisRow(PaperForm& form, AxisName axis)
       spacing{form,      Group::Axes, Of(axis, "EditXAxisSpacing", "EditYAxisSpacing"),
               "Spacing", "5",         Column(axis, Meaning::NumberSpacing, "StaticText15")},
       weight{form,     Group::Axes, Of(axis, "EditXAxisWeight", "EditYAxisWeight"),
-             "Weight", "1.5",       Column(axis, Meaning::Weight)},
+             "Weight", "1.5",       WeightColumn(axis, "vertical axis line", "horizontal axis line")},
       textSize{form,        Group::Axes, Of(axis, "EditXAxisTextSize", "EditYAxisTextSize"),
                "Text Size", "12",        Column(axis, Meaning::FontSize)},
       numberType{form,
@@ -103,7 +112,7 @@ AxisTitleRow::AxisTitleRow(PaperForm& form, AxisName axis)
             Of(axis, "EditXAxisTitle", "EditYAxisTitle"),
             "Title:",
             Of(axis, "X-Axis Title", "Y-Axis Title"),
-            {.meaning = Meaning::Prose}},
+            {.meaning = Meaning::Prose, .fullName = Of(axis, "X axis title", "Y axis title")}},
       autoPosition{form,       Group::Text, Of(axis, "CheckAutoPosXAxisText", "CheckAutoPosYAxisText"),
                    "Auto Pos", false,       {.beside = true}},
       textSize{form,        Group::Text, Of(axis, "EditXAxisTitleTextSize", "EditYAxisTitleTextSize"),

@@ -80,10 +80,15 @@ struct GraphForm final : PaperForm {
                                 black, {.beside = true}};
     Swatch BackgroundColorCanvas{*this, Group::Lines,    "BackgroundColorCanvas", "Background Color",
                                  white, {.beside = true}};
-    TextField EditTitle{
-        *this, Group::Text, "EditTitle", "Title:", "A Sample Graph Paper", {.meaning = Meaning::Prose}};
-    TextField EditTitleSize{*this,   Group::Text, "EditTitleSize",
-                            "Size:", "20",        {.beside = true, .meaning = Meaning::FontSize}};
+    TextField EditTitle{*this,
+                        Group::Text,
+                        "EditTitle",
+                        "Title:",
+                        "A Sample Graph Paper",
+                        {.meaning = Meaning::Prose, .fullName = "Page title"}};
+    TextField EditTitleSize{
+        *this,   Group::Text, "EditTitleSize",
+        "Size:", "20",        {.beside = true, .meaning = Meaning::FontSize, .fullName = "Page title, Size"}};
     TextField EditTitleX{*this, Group::Text, "EditTitleX",
                          "X:",  "2.6",       {.beside = true, .meaning = Meaning::TitlePlace}};
     TextField EditTitleY{*this, Group::Text, "EditTitleY", "Y:", "1", {.beside = true, .meaning = Meaning::Length}};

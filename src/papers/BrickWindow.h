@@ -12,13 +12,23 @@ struct BrickForm final : PaperForm {
     TextField EditVertSpacing{
         *this, Group::Spacing, "EditVertSpacing", "Vertical Spacing:", ".25", SpacingFields::vertical};
     TextField EditHorzWeight{
-        *this,          Group::Spacing, "EditHorzWeight",
-        "Line Weight:", ".5",           {.label = "StaticTextVLines", .beside = true, .meaning = Meaning::Weight}};
+        *this,
+        Group::Spacing,
+        "EditHorzWeight",
+        "Line Weight:",
+        ".5",
+        {.label = "StaticTextVLines", .beside = true, .meaning = Meaning::Weight, .sets = "horizontal lines"}};
     TextField EditHorzSpacing{
         *this, Group::Spacing, "EditHorzSpacing", "Horizontal Spacing:", ".75", SpacingFields::horizontal};
-    TextField EditVertWeight{
-        *this,          Group::Spacing, "EditVertWeight",
-        "Line Weight:", ".5",           {.label = "StaticTextHLines", .beside = true, .meaning = Meaning::Weight}};
+    TextField EditVertWeight{*this,
+                             Group::Spacing,
+                             "EditVertWeight",
+                             "Line Weight:",
+                             ".5",
+                             {.label = "StaticTextHLines",
+                              .beside = true,
+                              .meaning = Meaning::Weight,
+                              .sets = "joints between the bricks"}};
     Swatch LinesColorCanvas{*this, Group::Lines, "LinesColorCanvas", "Line Color", black, {.label = "StaticText5"}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,

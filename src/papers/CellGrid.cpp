@@ -12,21 +12,27 @@ SpacingFields::SpacingFields(PaperForm& form, std::string_view verticalText, std
 
 LineFields::LineFields(PaperForm& form, bool linesOn)
     : CheckVertLines{form, Group::Lines, "CheckVertLines", "Vertical Lines", linesOn},
-      EditHorzWeight{
-          form,
-          Group::Lines,
-          "EditHorzWeight",
-          "Line Weight:",
-          ".5",
-          {.label = "StaticTextVLines", .beside = true, .enabledBy = &CheckVertLines, .meaning = Meaning::Weight}},
+      EditHorzWeight{form,
+                     Group::Lines,
+                     "EditHorzWeight",
+                     "Line Weight:",
+                     ".5",
+                     {.label = "StaticTextVLines",
+                      .beside = true,
+                      .enabledBy = &CheckVertLines,
+                      .meaning = Meaning::Weight,
+                      .sets = "horizontal lines"}},
       CheckHorzLines{form, Group::Lines, "CheckHorzLines", "Horizontal Lines", linesOn},
-      EditVertWeight{
-          form,
-          Group::Lines,
-          "EditVertWeight",
-          "Line Weight:",
-          ".5",
-          {.label = "StaticTextHLines", .beside = true, .enabledBy = &CheckHorzLines, .meaning = Meaning::Weight}}
+      EditVertWeight{form,
+                     Group::Lines,
+                     "EditVertWeight",
+                     "Line Weight:",
+                     ".5",
+                     {.label = "StaticTextHLines",
+                      .beside = true,
+                      .enabledBy = &CheckHorzLines,
+                      .meaning = Meaning::Weight,
+                      .sets = "vertical lines"}}
 {}
 
 CellGrid FitCells(const PageFrame& frame, const TextField& vertSpacing, const TextField& horzSpacing,

@@ -2,16 +2,20 @@
 
 namespace linealis {
 
-CellSizeFields::CellSizeFields(PaperForm& form, std::string_view lineWeight)
+CellSizeFields::CellSizeFields(PaperForm& form, std::string_view lineWeight, std::string_view lines)
     : EditSize{form,         Group::Spacing, "EditSize",
                "Cell Size:", "0.5",          {.meaning = Meaning::CellSize, .unitRule = UnitRule::Length}},
       EditLineThickness{form,           Group::Lines, "EditLineThickness",
-                        "Line Weight:", lineWeight,   {.meaning = Meaning::Weight}}
+                        "Line Weight:", lineWeight,   {.meaning = Meaning::Weight, .sets = lines}}
 {}
 
-MinorWeightField::MinorWeightField(PaperForm& form)
-    : EditMinorLineThickness{
-          form, Group::Lines, "EditMinorLineThickness", "Minor Line Weight:", ".15", {.meaning = Meaning::Weight}}
+MinorWeightField::MinorWeightField(PaperForm& form, std::string_view lines)
+    : EditMinorLineThickness{form,
+                             Group::Lines,
+                             "EditMinorLineThickness",
+                             "Minor Line Weight:",
+                             ".15",
+                             {.meaning = Meaning::Weight, .sets = lines}}
 {}
 
 CellFrameFields::CellFrameFields(PaperForm& form)

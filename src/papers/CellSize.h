@@ -13,13 +13,14 @@ struct CellSizeFields {
     TextField EditSize;
     TextField EditLineThickness;
 
-    CellSizeFields(PaperForm& form, std::string_view lineWeight);
+    /// `lines` are what the weight sets.
+    CellSizeFields(PaperForm& form, std::string_view lineWeight, std::string_view lines);
 };
 
 struct MinorWeightField {
     TextField EditMinorLineThickness;
 
-    explicit MinorWeightField(PaperForm& form);
+    MinorWeightField(PaperForm& form, std::string_view lines);
 };
 
 /// The last fields of such a form.

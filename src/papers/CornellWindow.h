@@ -17,8 +17,12 @@ struct CornellForm final : PaperForm {
                               {.label = "StaticText25", .meaning = Meaning::LinesPerUnit}};
     Label StaticHorzUnit{*this, Group::Spacing, "StaticHorzUnit", "-", {.beside = true}, {"per inch", "per cm"}};
     TextField EditLineThicknessHorz{
-        *this,          Group::Spacing, "EditLineThicknessHorz",
-        "Line Weight:", ".2",           {.label = "StaticText1", .beside = true, .meaning = Meaning::Weight}};
+        *this,
+        Group::Spacing,
+        "EditLineThicknessHorz",
+        "Line Weight:",
+        ".2",
+        {.label = "StaticText1", .beside = true, .meaning = Meaning::Weight, .sets = "lines of the note area"}};
     CheckBox CheckGrid{*this, Group::Spacing, "CheckGrid", "Grid", false, {.beside = true}};
     TextField EditNoteWidth{*this,    Group::Spacing, "EditNoteWidth",
                             "Width:", "70",           {.label = "StaticText27", .meaning = Meaning::Share}};
@@ -30,8 +34,9 @@ struct CornellForm final : PaperForm {
     CheckBox CheckCueLeft{*this, Group::Lines, "CheckCueLeft", "Cue Area on Left", true};
     CheckBox CheckSummaryBottom{*this, Group::Lines,    "CheckSummaryBottom", "Summary Area on Bottom",
                                 true,  {.beside = true}};
-    TextField EditCueWeight{*this,          Group::Lines, "EditCueWeight",
-                            "Line Weight:", ".5",         {.label = "StaticText28", .meaning = Meaning::Weight}};
+    TextField EditCueWeight{
+        *this,          Group::Lines, "EditCueWeight",
+        "Line Weight:", ".5",         {.label = "StaticText28", .meaning = Meaning::Weight, .sets = "boxes"}};
     Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Line Color", black, {.label = "StaticText4"}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,

@@ -21,7 +21,7 @@ struct CrossForm final : PaperForm {
                               "EditCrossWeight",
                               "Cross Weight:",
                               "1",
-                              {.label = "StaticText3", .meaning = Meaning::Weight}};
+                              {.label = "StaticText3", .meaning = Meaning::Weight, .sets = "crosses"}};
     LineFields lines{*this, false};
     Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Cross Color", black, {.label = "StaticText4"}};
     Swatch LinesColorCanvas{*this,        Group::Lines, "LinesColorCanvas",

@@ -77,8 +77,8 @@ void DiagonalDrawing::DrawHorizontals()
 }  // namespace
 
 DiagonalForm::DiagonalForm()
-    : cell{*this, ".3"}, minor{*this}, CheckBoxHorizontal{*this, Group::Lines, "CheckBoxHorizontal",
-                                                          "Horizontal Lines", true},
+    : cell{*this, ".3", "slanted lines"}, minor{*this, "frame, the vertical and the horizontal lines"},
+      CheckBoxHorizontal{*this, Group::Lines, "CheckBoxHorizontal", "Horizontal Lines", true},
       CheckBoxVertical{*this, Group::Lines, "CheckBoxVertical", "Vertical Lines", true}, outline{*this}
 {}
 

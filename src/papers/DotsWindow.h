@@ -15,7 +15,7 @@ struct DotsForm final : PaperForm {
                             "EditDotWeight",
                             "Dot Weight:",
                             "1",
-                            {.label = "StaticText3", .meaning = Meaning::Weight}};
+                            {.label = "StaticText3", .meaning = Meaning::Weight, .sets = "dots"}};
     LineFields lines{*this, false};
     Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Dot Color", black, {.label = "StaticText4"}};
     Swatch LinesColorCanvas{*this,        Group::Lines, "LinesColorCanvas",

@@ -17,8 +17,12 @@ struct EngineeringForm final : PaperForm {
                               {.label = "StaticText25", .meaning = Meaning::LinesPerUnit}};
     Label StaticHorzUnit{*this, Group::Spacing, "StaticHorzUnit", "-", {.beside = true}, {"per inch", "per cm"}};
     TextField EditLineThicknessHorz{
-        *this,          Group::Spacing, "EditLineThicknessHorz",
-        "Line Weight:", ".3",           {.label = "StaticText1", .beside = true, .meaning = Meaning::Weight}};
+        *this,
+        Group::Spacing,
+        "EditLineThicknessHorz",
+        "Line Weight:",
+        ".3",
+        {.label = "StaticText1", .beside = true, .meaning = Meaning::Weight, .sets = "horizontal lines"}};
     TextField EditBlankTop{*this,
                            Group::Spacing,
                            "EditBlankTop",
@@ -33,8 +37,12 @@ struct EngineeringForm final : PaperForm {
                                {.label = "StaticText26", .meaning = Meaning::LinesPerUnit}};
     Label StaticvertUnit{*this, Group::Spacing, "StaticvertUnit", "-", {.beside = true}, {"per inch", "per cm"}};
     TextField EditLineThicknessVert{
-        *this,          Group::Spacing, "EditLineThicknessVert",
-        "Line Weight:", ".15",          {.label = "StaticText24", .beside = true, .meaning = Meaning::Weight}};
+        *this,
+        Group::Spacing,
+        "EditLineThicknessVert",
+        "Line Weight:",
+        ".15",
+        {.label = "StaticText24", .beside = true, .meaning = Meaning::Weight, .sets = "vertical lines"}};
     TextField EditBlankLeft{*this,
                             Group::Spacing,
                             "EditBlankLeft",

@@ -22,8 +22,12 @@ struct LinedForm final : PaperForm {
                            "3",
                            {.label = "StaticText27", .meaning = Meaning::Count}};
     TextField EditLineThicknessHorz{
-        *this,          Group::Spacing, "EditLineThicknessHorz",
-        "Line Weight:", ".2",           {.label = "StaticText1", .beside = true, .meaning = Meaning::Weight}};
+        *this,
+        Group::Spacing,
+        "EditLineThicknessHorz",
+        "Line Weight:",
+        ".2",
+        {.label = "StaticText1", .beside = true, .meaning = Meaning::Weight, .sets = "vertical rule"}};
     CheckBox CheckBoxDrawVertical{*this, Group::Lines, "CheckBoxDrawVertical", "Draw Vertical Line", true};
     TextField EditBlankLeft{*this,
                             Group::Lines,
@@ -32,9 +36,15 @@ struct LinedForm final : PaperForm {
                             "1",
                             {.label = "StaticText28", .meaning = Meaning::WholeUnits}};
     Label StaticvertUnit{*this, Group::Lines, "StaticvertUnit", "-", {.beside = true}, {"per inch", "per cm"}};
-    TextField EditLineThicknessVert{
-        *this,          Group::Lines, "EditLineThicknessVert",
-        "Line Weight:", ".5",         {.label = "StaticText24", .beside = true, .meaning = Meaning::Weight}};
+    TextField EditLineThicknessVert{*this,
+                                    Group::Lines,
+                                    "EditLineThicknessVert",
+                                    "Line Weight:",
+                                    ".5",
+                                    {.label = "StaticText24",
+                                     .beside = true,
+                                     .meaning = Meaning::Weight,
+                                     .sets = "ruled lines"}};
     Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Line Color", black, {.label = "StaticText4"}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,

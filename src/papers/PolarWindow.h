@@ -17,14 +17,15 @@ struct PolarForm final : PaperForm {
                                  "Minor:", "48",           {.beside = true, .meaning = Meaning::Quantity}};
     TextField EditMinorStart{
         *this, Group::Spacing, "EditMinorStart", "Minor Start:", "2", {.beside = true, .meaning = Meaning::Count}};
-    TextField EditLineThickness{*this,          Group::Lines, "EditLineThickness",
-                                "Line Weight:", ".45",        {.meaning = Meaning::Weight}};
+    TextField EditLineThickness{
+        *this,          Group::Lines, "EditLineThickness",
+        "Line Weight:", ".45",        {.meaning = Meaning::Weight, .sets = "circles and spokes"}};
     TextField EditMinorLineThickness{*this,
                                      Group::Lines,
                                      "EditMinorLineThickness",
                                      "Minor Line Weight:",
                                      ".1",
-                                     {.beside = true, .meaning = Meaning::Weight}};
+                                     {.beside = true, .meaning = Meaning::Weight, .sets = "minor spokes"}};
     Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Line Color", black};
     Swatch BackgroundColorCanvas{*this, Group::Lines,    "BackgroundColorCanvas", "Background Color",
                                  white, {.beside = true}};

@@ -22,14 +22,15 @@ struct TernaryForm final : PaperForm {
         *this,           Group::Spacing, "EditAxisMaximum",
         "Axis Maximum:", "100",          {.label = "StaticTextAxisMaximum", .beside = true, .enabled = false}};
     CheckBox CheckBoxFlip{*this, Group::Spacing, "CheckBoxFlip", "Flip", false, {.beside = true, .enabled = false}};
-    TextField EditLineThickness{*this,           Group::Lines, "EditLineThickness",
-                                "Major Weight:", "1",          {.meaning = Meaning::Weight}};
+    TextField EditLineThickness{
+        *this,           Group::Lines, "EditLineThickness",
+        "Major Weight:", "1",          {.meaning = Meaning::Weight, .sets = "triangle and its divisions"}};
     TextField EditMinorLineThickness{*this,
                                      Group::Lines,
                                      "EditMinorLineThickness",
                                      "Minor Line Weight:",
                                      ".05",
-                                     {.beside = true, .meaning = Meaning::Weight}};
+                                     {.beside = true, .meaning = Meaning::Weight, .sets = "minor divisions"}};
     /// Nothing reads it: the triangle is always drawn.
     CheckBox CheckBoxFrame{*this, Group::Lines, "CheckBoxFrame", "Draw Frame", true};
     Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Line Color", black};

@@ -41,6 +41,8 @@ struct Traits {
     const CheckBox* enabledBy = nullptr;  ///< enabled, with its label, exactly while this box is on
     Meaning meaning = Meaning::Number;    ///< of a text field
     UnitRule unitRule = UnitRule::Keep;   ///< of a text field
+    std::string_view fullName = {};       ///< for who does not see the form, where caption and row do not tell
+    std::string_view sets = {};           ///< of a weight: which lines of the page are as wide
 };
 
 /// What a control holds at a moment: all that can change of it.

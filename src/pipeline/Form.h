@@ -10,6 +10,9 @@
 
 namespace linealis {
 
+/// What a length on a form is in.
+enum class LengthUnit { None, Inches, Centimetres };
+
 /// The controls of one window or dialog, which are members of a class derived from this, and the way to each by its
 /// name, for those who do not know the form: windows, the command line, tests.
 class Form {
@@ -40,6 +43,9 @@ public:
         }
         throw std::out_of_range("no such control: " + std::string(name));
     }
+
+    /// The unit of the form's lengths as it is now; none by default.
+    virtual LengthUnit UnitOfLengths() const { return LengthUnit::None; }
 
     /// What all controls hold, in their order.
     std::vector<ControlState> State() const;

@@ -25,16 +25,19 @@ std::vector<std::string_view> PaperNames()
 
 constexpr Traits margin{.beside = true, .meaning = Meaning::Length, .unitRule = UnitRule::Length};
 constexpr Traits firstMargin{.meaning = Meaning::Length, .unitRule = UnitRule::Length};
-constexpr Traits customSize{.beside = true, .enabled = false, .meaning = Meaning::CustomInches};
+constexpr Traits CustomSize(std::string_view fullName)
+{
+    return {.beside = true, .enabled = false, .meaning = Meaning::CustomInches, .fullName = fullName};
+}
 constexpr Traits scale{.beside = true, .meaning = Meaning::Scale};
 
 }  // namespace
 
 PaperForm::PaperForm(const MarginTexts& margins)
     : PopupPaperSize{*this, Group::Page, "PopupPaperSize", "Paper Size:", PaperNames()},
-      EditCustomWidth{*this, Group::Page, "EditCustomWidth", "", "8.5", customSize},
+      EditCustomWidth{*this, Group::Page, "EditCustomWidth", "", "8.5", CustomSize("Custom width")},
       StaticBy{*this, Group::Page, "StaticBy", "by", {.beside = true, .enabled = false}},
-      EditCustomHeight{*this, Group::Page, "EditCustomHeight", "", "11", customSize},
+      EditCustomHeight{*this, Group::Page, "EditCustomHeight", "", "11", CustomSize("Custom height")},
       StaticText16{*this, Group::Page, "StaticText16", "in", {.beside = true}, {"in", "cm"}},
       PopupOrientation{*this, Group::Page,     "PopupOrientation", "Orientation:", {"Portrait", "Landscape"},
                        0,     {.beside = true}},

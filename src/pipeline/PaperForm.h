@@ -46,6 +46,7 @@ public:
     virtual void BeforeLoad() {}
 
     bool InInches() const { return PopupUnits.ListIndex() == 0; }
+    LengthUnit UnitOfLengths() const override { return InInches() ? LengthUnit::Inches : LengthUnit::Centimetres; }
 
     /// The paper in points, upright, from the popup or the custom size fields.
     PaperSize GetPaperSize() const;

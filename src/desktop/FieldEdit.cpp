@@ -1,0 +1,97 @@
+#include "desktop/FieldEdit.h"
+
+#include "desktop/FormGroup.h"
+#include "desktop/Text.h"
+#include "pdf/Numbers.h"
+#include "pipeline/FieldWords.h"
+#include "pipeline/LengthText.h"
+#include "pipeline/Stepping.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace linealis::desktop {
+
+namespace {
+
+constexpr int numberCharacters = 9;
+constexpr int proseCharacters = 26;
+constexpr double stepsOfAPage = 10.0;
+
+}  // namespace
+
+FieldEdit::FieldEdit(TextField& theField, const Form& theForm) : field(theField), form(theForm)
+{
+    const int characters = field.MeansNow() == Meaning::Prose ? proseCharacters : numberCharacters;
+    setFixedWidth(fontMetrics().averageCharWidth() * characters + 12);
+    connect(this, &QLineEdit::textEdited, this,
+            [this](const QString& edited) { field.Type(edited.toStdString()); });
+    connect(this, &QLineEdit::editingFinished, this, &FieldEdit::Finish);
+}
+
+void FieldEdit::Refresh()
+{
+    setToolTip(ToQt(HintOf(field)));
+    if (const QString shown = ToQt(field.Text()); text() != shown) {
+        setText(shown);
+        setCursorPosition(0);
+    }
+}
+
+void FieldEdit::Mark(bool isRemarkedOn)
+{
+    if (isMarked != isRemarkedOn) {
+        isMarked = isRemarkedOn;
+        update();
+    }
+}
+
+void FieldEdit::paintEvent(QPaintEvent* event)
+{
+    QLineEdit::paintEvent(event);
+    if (isMarked) {
+        QPainter painter(this);
+        painter.setPen(RemarkColor(window()->palette()));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+}
+
+void FieldEdit::Finish()
+{
+    if (!isModified()) {
+        return;
+    }
+    setModified(false);
+    if (const auto length = TypedLength(field.Text(), UnitOf(form, field))) {
+        field.Type(Str(*length));
+    }
+    emit Committed();
+}
+
+void FieldEdit::Step(double steps)
+{
+    const std::string stepped = Stepped(field.MeansNow(), field.Text(), steps, UnitOf(form, field));
+    if (stepped != field.Text()) {
+        selectAll();
+        insert(ToQt(stepped));  // as if it were typed
+        selectAll();
+    }
+}
+
+void FieldEdit::keyPressEvent(QKeyEvent* event)
+{
+    const bool isNumber = field.MeansNow() != Meaning::Prose && !isReadOnly();
+    if (isNumber && event->key() == Qt::Key_Up) {
+        Step(1.0);
+    } else if (isNumber && event->key() == Qt::Key_Down) {
+        Step(-1.0);
+    } else if (isNumber && event->key() == Qt::Key_PageUp) {
+        Step(stepsOfAPage);
+    } else if (isNumber && event->key() == Qt::Key_PageDown) {
+        Step(-stepsOfAPage);
+    } else {
+        QLineEdit::keyPressEvent(event);
+    }
+}
+
+}  // namespace linealis::desktop

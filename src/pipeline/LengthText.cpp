@@ -1,0 +1,154 @@
+#include "pipeline/LengthText.h"
+
+#include "pdf/Numbers.h"
+#include "pdf/Units.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <cmath>
+#include <string>
+
+namespace linealis {
+
+namespace {
+
+struct NamedUnit {
+    std::string_view name;  ///< in lower case
+    double inches;
+};
+
+constexpr std::array lengthUnits = {NamedUnit{"mm", 0.1 / cmPerInch},
+                                    NamedUnit{"cm", 1.0 / cmPerInch},
+                                    NamedUnit{"in", 1.0},
+                                    NamedUnit{"inch", 1.0},
+                                    NamedUnit{"inches", 1.0},
+                                    NamedUnit{"\"", 1.0},
+                                    NamedUnit{"\u2033", 1.0},
+                                    NamedUnit{"pt", 1.0 / pointsPerInch}};
+
+/// Reads a text from its beginning, piece by piece.
+class LengthScanner {
+public:
+    explicit LengthScanner(std::string_view theText) : text(theText) { SkipBlanks(); }
+
+    bool AtEnd() const { return text.empty(); }
+
+    /// The piece if it comes next.
+    bool Take(char piece)
+    {
+        const bool isNext = !text.empty() && text.front() == piece;
+        if (isNext) {
+            text.remove_prefix(1);
+            SkipBlanks();
+        }
+        return isNext;
+    }
+
+    /// Digits with at most one decimal mark, and what follows them before the next blank is not theirs.
+    std::optional<double> TakeNumber()
+    {
+        std::size_t length = 0;
+        std::size_t marks = 0;
+        while (length < text.size() && (IsDigit(text[length]) || (IsMark(text[length]) && marks++ == 0))) {
+            ++length;
+        }
+        const std::string_view number = text.substr(0, length);
+        if (std::none_of(number.begin(), number.end(), IsDigit)) {
+            return std::nullopt;
+        }
+        text.remove_prefix(length);
+        SkipBlanks();
+        return Val(number);
+    }
+
+    std::string_view Rest()
+    {
+        while (!text.empty() && text.back() == ' ') {
+            text.remove_suffix(1);
+        }
+        return text;
+    }
+
+private:
+    static bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+    static bool IsMark(char c) { return c == '.' || c == ','; }
+    void SkipBlanks() { text.remove_prefix(std::min(text.find_first_not_of(' '), text.size())); }
+
+    std::string_view text;
+};
+
+const NamedUnit* FindUnit(std::string_view name)
+{
+    std::string lower(name);
+    std::transform(lower.begin(), lower.end(), lower.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    const auto found = std::find_if(lengthUnits.begin(), lengthUnits.end(),
+                                    [&](const NamedUnit& unit) { return unit.name == lower; });
+    return found == lengthUnits.end() ? nullptr : &*found;
+}
+
+/// "1/4", "1 1/2" or "5". Nothing if it is none of them.
+std::optional<double> TakeAmount(LengthScanner& scanner, bool& isFraction)
+{
+    const std::optional<double> first = scanner.TakeNumber();
+    if (!first) {
+        return std::nullopt;
+    }
+    if (scanner.Take('/')) {
+        const std::optional<double> below = scanner.TakeNumber();
+        isFraction = true;
+        return below && *below != 0.0 ? std::optional(*first / *below) : std::nullopt;
+    }
+    if (const std::optional<double> above = scanner.TakeNumber()) {
+        const std::optional<double> below = scanner.Take('/') ? scanner.TakeNumber() : std::nullopt;
+        isFraction = true;
+        return below && *below != 0.0 ? std::optional(*first + *above / *below) : std::nullopt;
+    }
+    return first;
+}
+
+}  // namespace
+
+LengthUnit UnitOf(const Form& form, const TextField& field)
+{
+    switch (field.MeansNow()) {
+    case Meaning::Length:
+    case Meaning::TitlePlace:
+    case Meaning::Spacing:
+    case Meaning::CellSize:
+        return form.UnitOfLengths();
+    case Meaning::CustomInches:
+        return LengthUnit::Inches;
+    case Meaning::CustomCm:
+        return LengthUnit::Centimetres;
+    default:
+        return LengthUnit::None;
+    }
+}
+
+std::optional<double> TypedLength(std::string_view text, LengthUnit formUnit)
+{
+    if (formUnit == LengthUnit::None) {
+        return std::nullopt;
+    }
+    LengthScanner scanner(text);
+    const double sign = scanner.Take('-') ? -1.0 : 1.0;
+    bool isFraction = false;
+    const std::optional<double> amount = TakeAmount(scanner, isFraction);
+    if (!amount || !std::isfinite(*amount)) {
+        return std::nullopt;
+    }
+    if (scanner.Rest().empty()) {
+        return isFraction ? std::optional(sign * *amount) : std::nullopt;
+    }
+    const NamedUnit* const unit = FindUnit(scanner.Rest());
+    if (unit == nullptr) {
+        return std::nullopt;
+    }
+    // By way of a factor of the form's own unit, which leaves a length in that unit as it was typed.
+    const double inchesOfUnit = formUnit == LengthUnit::Inches ? 1.0 : 1.0 / cmPerInch;
+    return sign * *amount * (unit->inches / inchesOfUnit);
+}
+
+}  // namespace linealis

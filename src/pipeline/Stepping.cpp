@@ -1,0 +1,82 @@
+#include "pipeline/Stepping.h"
+
+#include "pdf/Numbers.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace linealis {
+
+namespace {
+
+/// Digits behind the decimal mark of the number that a text begins with, at most 6.
+int DecimalsOf(std::string_view text)
+{
+    const std::size_t mark = text.find_first_of(".,");
+    if (mark == std::string_view::npos) {
+        return 0;
+    }
+    const std::size_t end = text.find_first_not_of("0123456789", mark + 1);
+    return static_cast<int>(
+        std::min<std::size_t>((end == std::string_view::npos ? text.size() : end) - mark - 1, 6));
+}
+
+double BaseStep(Meaning meaning, int decimals, LengthUnit unit)
+{
+    constexpr double inchStep = 0.05, cmStep = 0.1, pointStep = 0.1;
+    switch (meaning) {
+    case Meaning::Length:
+    case Meaning::TitlePlace:
+    case Meaning::Spacing:
+    case Meaning::CellSize:
+    case Meaning::CustomInches:
+    case Meaning::CustomCm:
+        return unit == LengthUnit::Centimetres ? cmStep : inchStep;
+    case Meaning::Weight:
+        return pointStep;
+    case Meaning::Number:
+    case Meaning::AxisValue:
+    case Meaning::AxisStep:
+    case Meaning::Exponent:
+    case Meaning::HydraulicStart:
+    case Meaning::HydraulicStep:
+        return std::pow(10.0, -decimals);  // in the place that the value shows
+    default:
+        return 1.0;
+    }
+}
+
+bool CanBeNegative(Meaning meaning)
+{
+    switch (meaning) {
+    case Meaning::Number:
+    case Meaning::Length:
+    case Meaning::TitlePlace:
+    case Meaning::AxisValue:
+    case Meaning::AxisStep:
+    case Meaning::NumberSpacing:
+        return true;
+    default:
+        return false;
+    }
+}
+
+}  // namespace
+
+std::string Stepped(Meaning meaning, const std::string& text, double steps, LengthUnit unit)
+{
+    if (meaning == Meaning::Prose) {
+        return text;
+    }
+    const int decimals = DecimalsOf(text);
+    const double value = Val(text);
+    double stepped = value + steps * BaseStep(meaning, decimals, unit);
+    if (!CanBeNegative(meaning) && value >= 0.0) {
+        stepped = std::max(stepped, 0.0);
+    }
+    // The sum may be off in its last bits.
+    const double grain = std::pow(10.0, std::max(decimals, 2));
+    return Str(std::round(stepped * grain) / grain);
+}
+
+}  // namespace linealis

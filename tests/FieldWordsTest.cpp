@@ -1,0 +1,135 @@
+#include "pipeline/FieldWords.h"
+
+#include "PageSupport.h"
+#include "pdf/Numbers.h"
+#include "pipeline/LengthText.h"
+#include "pipeline/Stepping.h"
+
+#include <map>
+#include <set>
+
+namespace linealis::test {
+namespace {
+
+TEST(TypedLength, BecomesTheFormsUnit)
+{
+    const std::map<std::string, std::string> inInches = {
+        {"5mm", "0.1968504"}, {" 5 MM ", "0.1968504"}, {"1/4in", "0.25"},       {"1/4\"", "0.25"},
+        {"2.54 cm", "1"},     {"2,54cm", "1"},         {"1 1/2 inches", "1.5"}, {"12pt", "0.1666667"},
+        {"1/4", "0.25"},      {"-1/8", "-0.125"},      {"0.5in", "0.5"},        {".3\u2033", "0.3"}};
+    for (const auto& [typed, becomes] : inInches) {
+        const auto length = TypedLength(typed, LengthUnit::Inches);
+        ASSERT_TRUE(length) << typed;
+        EXPECT_EQ(Str(*length), becomes) << typed;
+    }
+    EXPECT_EQ(Str(*TypedLength("5mm", LengthUnit::Centimetres)), "0.5");
+    EXPECT_EQ(Str(*TypedLength("1/4in", LengthUnit::Centimetres)), "0.635");
+    EXPECT_EQ(*TypedLength("0.1cm", LengthUnit::Centimetres), 0.1);
+    for (const char* const other : {"", "5", " .25", "-3", "mm", "5 m m", "1/0", "1/0in", "1 2", "1 1/", "/4",
+                                    "1//4", "5 apples", "1e400in", "5mm5", "1.2.3mm", "\u215B in", "--5mm"}) {
+        EXPECT_FALSE(TypedLength(other, LengthUnit::Inches)) << other;
+    }
+    EXPECT_FALSE(TypedLength("5mm", LengthUnit::None));
+}
+
+TEST(Stepped, FitsWhatTheFieldMeans)
+{
+    const auto inches = [](Meaning meaning, const char* text, double steps) {
+        return Stepped(meaning, text, steps, LengthUnit::Inches);
+    };
+    EXPECT_EQ(inches(Meaning::Length, ".25", 1.0), "0.3");
+    EXPECT_EQ(inches(Meaning::Length, "0.125", 1.0), "0.175");
+    EXPECT_EQ(Stepped(Meaning::Spacing, "0.5", -1.0, LengthUnit::Centimetres), "0.4");
+    EXPECT_EQ(inches(Meaning::Spacing, "0.05", -10.0), "0");
+    EXPECT_EQ(inches(Meaning::Length, "0", -1.0), "-0.05");
+    EXPECT_EQ(inches(Meaning::Weight, ".1", 10.0), "1.1");
+    EXPECT_EQ(inches(Meaning::Count, "7", -1.0), "6");
+    EXPECT_EQ(inches(Meaning::AxisStep, "0.005", 1.0), "0.006");
+    EXPECT_EQ(inches(Meaning::AxisValue, "-35", 10.0), "-25");
+    EXPECT_EQ(inches(Meaning::Weight, "x", 1.0), "0.1");
+    EXPECT_EQ(inches(Meaning::Prose, "7", 1.0), "7");
+}
+
+TEST(FieldWords, SayLengthsInMillimetres)
+{
+    Paper lined("lined");
+    const Form& form = lined.window->form;
+    const auto readout = [&](std::vector<std::string_view> names) {
+        std::vector<Control*> fields;
+        for (const std::string_view name : names) {
+            fields.push_back(form.Find(name));
+        }
+        return Readout(fields, form.UnitOfLengths());
+    };
+    EXPECT_EQ(readout({"EditTopMargin", "StaticHorzUnit", "EditBlankLeft"}), "= 12.7, 25.4 mm");
+    EXPECT_EQ(readout({"EditHorzSpacing"}), "= 5.08 mm");
+    lined.Set({"PopupUnits=cm", "EditHorzSpacing=0"});
+    EXPECT_EQ(readout({"EditHorzSpacing"}), "= 2.0 mm") << "as the page has it";
+    EXPECT_EQ(readout({"EditXScale", "EditLineThicknessHorz"}), "");
+}
+
+class FieldsOfEveryKind : public testing::TestWithParam<std::string> {};
+
+TEST_P(FieldsOfEveryKind, HaveNamesOfTheirOwn)
+{
+    const Paper paper(GetParam());
+    std::set<std::string> names;
+    for (const Control* const control : paper.window->form.Controls()) {
+        if (control->Kind() != ControlKind::Label) {
+            const std::string name = WholeName(paper.window->form, *control);
+            EXPECT_GT(name.size(), 3U) << control->Name();
+            EXPECT_TRUE(names.insert(name).second) << name;
+        }
+    }
+}
+
+/// The lines of a width: which of them lie flat and which stand.
+struct LinesOfWidth : PageSink {
+    explicit LinesOfWidth(double theWidth) : width(theWidth) {}
+
+    double width;
+    std::size_t flat = 0, upright = 0, slanted = 0;
+
+    bool Scale(double, double) override { return true; }
+    bool Stroke(PagePath path, const PagePen& pen) override
+    {
+        if (pen.width == width && path.size() == 2) {
+            const bool isFlat = path[0].to.y == path[1].to.y, isUpright = path[0].to.x == path[1].to.x;
+            ++(isFlat ? flat : isUpright ? upright : slanted);
+        }
+        return true;
+    }
+    bool Fill(PagePath, const PageColor&) override { return true; }
+    bool FillAndStroke(PagePath, const PageColor&, const PagePen&) override { return true; }
+    bool Text(const PageText&) override { return true; }
+};
+
+TEST_P(FieldsOfEveryKind, SayWhichLinesAWeightSets)
+{
+    const Paper names(GetParam());
+    for (const Control* const control : names.window->form.Controls()) {
+        const std::string_view sets = control->Declared().sets;
+        if (control->Declared().meaning != Meaning::Weight) {
+            continue;
+        }
+        ASSERT_NE(sets, "") << control->Name();
+        Paper paper(GetParam(), GetParam() == "dots" || GetParam() == "crosses"
+                                    ? Names{"CheckVertLines=on", "CheckHorzLines=on"}
+                                    : Names());
+        paper.Set({std::string(control->Name()) + "=7.25"});
+        LinesOfWidth lines(7.25);
+        ReadPage(paper.Content(), lines);
+        const auto says = [&](const char* word) { return sets.find(word) != std::string_view::npos; };
+        if (says("horizontal") != says("vertical") || says("ruled") || says("slanted")) {
+            EXPECT_EQ(lines.flat > 0, says("horizontal") || says("ruled")) << control->Name() << ": " << sets;
+            EXPECT_EQ(lines.upright > 0, says("vertical")) << control->Name() << ": " << sets;
+            EXPECT_EQ(lines.slanted > 0, says("slanted")) << control->Name() << ": " << sets;
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Fields, FieldsOfEveryKind, testing::ValuesIn(KindNames()),
+                         [](const auto& tested) { return tested.param; });
+
+}  // namespace
+}  // namespace linealis::test
