@@ -17,6 +17,7 @@
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -139,6 +140,17 @@ struct Finished {
     std::string output;
     std::string errors;
 };
+
+/// What linealis-cli said besides the warnings of what will disappoint on paper.
+inline std::string WithoutWarnings(const std::string& errors)
+{
+    std::istringstream lines(errors);
+    std::string rest;
+    for (std::string line; std::getline(lines, line);) {
+        rest += line.starts_with("linealis-cli: warning: ") ? "" : line + "\n";
+    }
+    return rest;
+}
 
 /// Runs a command to its end.
 inline Finished Execute(std::vector<std::string> command)

@@ -113,7 +113,8 @@ Settings Triangle(Text divisions, Text minorDivisions)
 {
     return {{"EditMajorDivisions", divisions}, {"EditMinorDivisions", minorDivisions},
             {"PopupScaling", "Axis"},          {"EditAxisMaximum", "100"},
-            {"EditLineThickness", ".6"},       {"LineColorCanvas", darkBlue}};
+            {"EditLineThickness", ".6"},       {"EditMinorLineThickness", ".15"},
+            {"LineColorCanvas", darkBlue}};
 }
 
 // Graph paper. None of it has titles.
@@ -144,16 +145,16 @@ Settings HeavySquares(Text linesPerUnit, Text major)
 }
 
 /// What all papers to plot on share: thin blue lines, small numbers.
-Settings Plot(const Settings& x, const Settings& y)
+Settings Plot(const Settings& x, const Settings& y, Text numberSize = "7")
 {
     return Join({{{"EditXLineThickness", ".15"},
                   {"EditXMajorWeight", ".5"},
                   {"EditYLineThickness", ".15"},
                   {"EditYMajorWeight", ".5"},
                   {"EditXAxisWeight", "1"},
-                  {"EditXAxisTextSize", "7"},
+                  {"EditXAxisTextSize", numberSize},
                   {"EditYAxisWeight", "1"},
-                  {"EditYAxisTextSize", "7"},
+                  {"EditYAxisTextSize", numberSize},
                   {"LineColorCanvas", darkBlue},
                   {"MajorLineColorCanvas", darkBlue}},
                  x,
@@ -230,30 +231,30 @@ std::vector<Preset> MakePresets()
     return {
         // clang-format off
         {"squares-5mm", "Squares 5 mm", "grid", metric, "quad graph squared school",
-         OnA4(Join({Squares("0.5", ".3"), NarrowMargins("0.45")}))},
+         OnA4(Join({Squares("0.5", ".3"), NarrowMargins("0.65")}))},
         {"squares-4mm", "Squares 4 mm", "grid", metric, "quad graph squared school",
-         OnA4(Join({Squares("0.4", ".3"), NarrowMargins("0.45")}))},
+         OnA4(Join({Squares("0.4", ".3"), NarrowMargins("0.65")}))},
         {"squares-2mm", "Squares 2 mm", "grid", metric, "quad graph squared",
-         OnA4(Join({Squares("0.2", ".25"), NarrowMargins("0.45")}))},
+         OnA4(Join({Squares("0.2", ".25"), NarrowMargins("0.65")}))},
         {"squares-1mm", "Squares 1 mm", "grid", metric, "graph squared millimetre millimeter",
-         OnA4(Join({Squares("0.1", ".2"), NarrowMargins("0.45")}))},
+         OnA4(Join({Squares("0.1", ".2"), NarrowMargins("0.65")}))},
         {"quad-quarter-inch", "Quad 1/4 inch", "grid", us, "squares quadrille graph 4 four",
          OnLetter(Join({Squares("0.25", ".3"), NarrowMargins("0.25")}))},
         {"quad-tenth-inch", "Quad 1/10 inch", "grid", us, "squares quadrille graph 10 ten",
          OnLetter(Join({Squares("0.1", ".25"), NarrowMargins("0.25")}))},
 
         {"squares-5mm-heavy", "Squares 5 mm, heavy every 1 cm", "graph", metric, "quad squared majors bold",
-         OnA4(Join({HeavySquares("2", "2"), Margins("0.8", "0.8", "0.5", "0.4")}))},
+         OnA4(Join({HeavySquares("2", "2"), Margins("0.8", "0.8", "0.65", "0.65")}))},
         {"squares-4mm-heavy", "Squares 4 mm, heavy every 2 cm", "graph", metric, "quad squared majors bold",
-         OnA4(Join({HeavySquares("2.5", "5"), Margins("0.8", "0.8", "0.5", "0.4")}))},
+         OnA4(Join({HeavySquares("2.5", "5"), Margins("0.8", "0.8", "0.65", "0.65")}))},
         {"squares-2mm-heavy", "Squares 2 mm, heavy every 1 cm", "graph", metric, "quad squared majors bold",
-         OnA4(Join({HeavySquares("5", "5"), Margins("0.8", "0.8", "0.5", "0.4")}))},
+         OnA4(Join({HeavySquares("5", "5"), Margins("0.8", "0.8", "0.65", "0.65")}))},
         {"squares-1mm-heavy", "Squares 1 mm, heavy every 1 cm", "graph", metric,
          "millimetre millimeter squared majors bold",
-         OnA4(Join({HeavySquares("10", "10"), Margins("0.8", "0.8", "0.5", "0.4")}))},
+         OnA4(Join({HeavySquares("10", "10"), Margins("0.8", "0.8", "0.65", "0.65")}))},
 
         {"ruled-8mm", "Ruled 8 mm", "lined", metric, "lines writing school notebook",
-         OnA4(Join({Ruled("1.25", "2"), {{"EditBlankLeft", "2"}}, Margins("0.8", "0.8", "0.5", "0.5")}))},
+         OnA4(Join({Ruled("1.25", "2"), {{"EditBlankLeft", "2"}}, Margins("0.8", "0.8", "0.65", "0.65")}))},
         {"ruled-wide", "Wide Ruled", "lined", us, "lines writing school legal 11/32",
          OnLetter(Join({Ruled("2.909", "3"), {{"EditBlankLeft", "1"}}, Margins("0.25", "0.25", "0.25", "0.25")}))},
         {"ruled-college", "College Ruled", "lined", us, "lines writing medium school 9/32",
@@ -262,13 +263,13 @@ std::vector<Preset> MakePresets()
          OnLetter(Join({Ruled("4", "4"), {{"EditBlankLeft", "1"}}, Margins("0.25", "0.25", "0.25", "0.25")}))},
 
         {"dots-5mm", "Dot Grid 5 mm", "dots", metric, "dotted journal bullet",
-         OnA4(Join({Cells("0.5"), Dots(), NarrowMargins("0.45")}))},
+         OnA4(Join({Cells("0.5"), Dots(), NarrowMargins("0.65")}))},
         {"dots-quarter-inch", "Dot Grid 1/4 inch", "dots", us, "dotted journal bullet",
          OnLetter(Join({Cells("0.25"), Dots(),
                         NarrowMargins("0.25")}))},
         {"crosses-1cm", "Crosses 1 cm", "crosses", metric, "cross plus ticks",
          OnA4(Join({Cells("1"), {{"EditCrossHeight", "0.2"}, {"EditCrossWidth", "0.2"}, {"EditCrossWeight", ".4"},
-                                 {"LineColorCanvas", softBlue}}, NarrowMargins("0.45")}))},
+                                 {"LineColorCanvas", softBlue}}, NarrowMargins("0.65")}))},
 
         {"engineering-pad", "Engineering Pad", "engineering", us, "computation five squares green",
          OnLetter({{"EditHorzSpacing", "5"}, {"EditVertiSpacing", "5"}, {"EditBlankTop", "5"}, {"EditBlankLeft", "5"},
@@ -311,7 +312,8 @@ std::vector<Preset> MakePresets()
         {"log-log-2", "Log-log, 2 by 2 decades", "graph", metric, "logarithmic cycles", LogLog("Log 2 Decades")},
         {"log-log-3", "Log-log, 3 by 3 decades", "graph", metric, "logarithmic cycles", LogLog("Log 3 Decades")},
         {"log-log-4", "Log-log, 4 by 4 decades", "graph", metric, "logarithmic cycles", LogLog("Log 4 Decades")},
-        {"log-log-5", "Log-log, 5 by 5 decades", "graph", metric, "logarithmic cycles", LogLog("Log 5 Decades")},
+        {"log-log-5", "Log-log, 5 by 5 decades", "graph", metric, "logarithmic cycles", 
+         OnA4(Join({PlotMargins(), Plot(TypeX("Log 5 Decades"), TypeY("Log 5 Decades"), "5")}))},
         {"probability-normal", "Normal probability", "graph", metric, "gauss distribution percent",
          OnA4(Join({PlotMargins(), Plot(LinearX(), TypeY("Probability"))}))},
         {"probability-log", "Probability against log, 2 decades", "graph", metric, "lognormal distribution percent",

@@ -1,14 +1,12 @@
 #include "cli/Commands.h"
 
+#include "app/PageCheck.h"
 #include "cli/Errors.h"
+#include "cli/FormJson.h"
 #include "platform/Process.h"
 #include "platform/ScreenlessPlatform.h"
 
-#include <nlohmann/json.hpp>
-
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <iostream>
 #include <set>
 
@@ -16,7 +14,6 @@ namespace linealis::cli {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
 namespace fs = std::filesystem;
 
 struct OpenWindow {
@@ -94,56 +91,6 @@ void Print(const Json& json)
     std::cout << json.dump(indent, ' ', false, Json::error_handler_t::replace) << '\n';
 }
 
-const char* TypeName(ControlKind kind)
-{
-    switch (kind) {
-    case ControlKind::Text:
-        return "text";
-    case ControlKind::Popup:
-        return "popup";
-    case ControlKind::Check:
-        return "check";
-    case ControlKind::Radio:
-        return "radio";
-    case ControlKind::Color:
-        return "color";
-    case ControlKind::Label:
-        return "label";
-    }
-    return "";
-}
-
-std::string HexColor(Color color)
-{
-    std::array<char, 8> text{};
-    std::snprintf(text.data(), text.size(), "#%02X%02X%02X", color.red, color.green, color.blue);
-    return text.data();
-}
-
-/// What a control holds, and what else there is to know of it.
-struct ControlDescriber {
-    Json& json;
-
-    void operator()(const TextField& field) const { json["value"] = field.Text(); }
-    void operator()(const Choice& choice) const
-    {
-        json["value"] = choice.Selected();
-        json["index"] = choice.ListIndex();
-        json["items"] = choice.Items();
-    }
-    void operator()(const CheckBox& box) const { json["value"] = box.Value(); }
-    void operator()(const Swatch& swatch) const { json["value"] = HexColor(swatch.Shown()); }
-    void operator()(const Label& label) const { json["value"] = label.Caption(); }
-};
-
-Json ControlJson(Control& control)
-{
-    Json json = {{"type", TypeName(control.Kind())}, {"caption", control.Caption()}};
-    Visit(control, ControlDescriber{json});
-    json["enabled"] = control.IsEnabled();
-    return json;
-}
-
 Json KindJson(const PaperKind& kind)
 {
     return {{"kind", kind.name}, {"title", kind.title}, {"extension", kind.settingsType.extension}};
@@ -155,6 +102,27 @@ void LaunchViewer(const FolderItem& file)
     if (const std::error_code error = StartProgram(program, path)) {
         throw WorkError{path + ": the page is made, but the viewer could not be started: " + program + ": " +
                         error.message()};
+    }
+}
+
+/// Of a page that is made, so much content is looked at for warnings: it takes no time. Bytes.
+constexpr std::size_t longestChecked = std::size_t{256} << 10U;
+
+PageWarnings WarningsOf(const PaperWindow& window, std::string_view content, const ScreenlessPlatform& platform)
+{
+    const PageFrame frame = window.ReadPage().frame;
+    PageWarnings warnings = FormWarnings(window.form, frame);
+    for (const PageWarnings& more :
+         {ContentWarnings(frame, content), MarkerWarnings(window.form, platform.openAnswer)}) {
+        warnings.insert(warnings.end(), more.begin(), more.end());
+    }
+    return warnings;
+}
+
+void Say(const ScreenlessPlatform& platform)
+{
+    for (const std::vector<std::string>* const said : {&platform.messages, &platform.notes}) {
+        std::for_each(said->begin(), said->end(), Complain);
     }
 }
 
@@ -170,14 +138,55 @@ void GeneratePage(const Source& source, const GenerateRequest& request, const st
     }
     const OpenWindow open = Open(source, request.actions, platform);
     open.window->PushButtonGenerate_Action();
-    for (const std::vector<std::string>* const said : {&platform.messages, &platform.notes}) {
-        std::for_each(said->begin(), said->end(), Complain);
+    Say(platform);
+    if (const std::string_view content = open.window->Pdf().Stream(); content.size() <= longestChecked) {
+        for (const PageWarning& warning : WarningsOf(*open.window, content, platform)) {
+            Complain("warning: " + source.name + ": " + warning.text);
+        }
     }
     if (!platform.fileErrors.empty()) {
         throw WorkError{output + ": " + platform.fileErrors.front().reason};
     }
     if (request.view) {
         LaunchViewer(platform.saveAnswer);
+    }
+}
+
+/// Tells before the page is printed what will disappoint on it.
+void CheckPage(const Source& source, const GenerateRequest& request, Json& found)
+{
+    ScreenlessPlatform platform;
+    const OpenWindow open = Open(source, request.actions, platform);
+    std::string content;
+    try {
+        content = open.window->DrawPage();
+    } catch (const PageGivenUp& givenUp) {
+        throw WorkError{source.name + ": " + givenUp.reason};
+    }
+    Say(platform);
+    for (const PageWarning& warning : WarningsOf(*open.window, content, platform)) {
+        if (request.asJson) {
+            found.push_back({{"source", source.name},
+                             {"id", warning.id},
+                             {"control", warning.control},
+                             {"text", warning.text}});
+        } else {
+            std::cout << source.name << ": " << warning.text << '\n';
+        }
+    }
+}
+
+void CheckPages(const GenerateRequest& request)
+{
+    if (!request.output.empty() || !request.outputDirectory.empty() || request.view) {
+        throw UsageError{"--check writes no page, and goes without -o, --output-dir and --view"};
+    }
+    Json found = Json::array();
+    for (const Source& source : request.sources) {
+        CheckPage(source, request, found);
+    }
+    if (request.asJson) {
+        Print(found);
     }
 }
 
@@ -315,6 +324,10 @@ void ShowForm(const Source& source, const std::vector<Action>& actions)
 
 void Generate(const GenerateRequest& request)
 {
+    if (request.check) {
+        CheckPages(request);
+        return;
+    }
     CheckRequest(request);
     if (!request.output.empty()) {
         GeneratePage(request.sources.front(), request, request.output);

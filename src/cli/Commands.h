@@ -38,9 +38,11 @@ struct GenerateRequest {
     std::string output;           ///< a file name, or "-" for standard output; empty with outputDirectory
     std::string outputDirectory;  ///< where each source's page goes, named after it
     bool view = false;            ///< open each page in the viewer
+    bool check = false;           ///< make no page, and say what will disappoint on it
+    bool asJson = false;          ///< of check
 };
 
-/// Makes the pages. Of several sources each is tried; throws at the end if one failed.
+/// Makes the pages, or checks them. Of several sources each is tried; throws at the end if one failed.
 void Generate(const GenerateRequest& request);
 
 /// Writes the settings file of the form after the actions. "-" is standard output.

@@ -155,6 +155,8 @@ private:
             .add_option("--output-dir", request.outputDirectory, "Folder for a PDF file named after each source")
             ->type_name("DIR");
         generate.add_flag("--view", request.view, "Open the page in the viewer");
+        generate.add_flag("--check", request.check, "Write nothing, and say what will disappoint on paper");
+        generate.add_flag("--json", request.asJson, "With --check: as JSON");
     }
 
     void AddPresetOptions()

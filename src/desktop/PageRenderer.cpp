@@ -190,7 +190,7 @@ void PageRenderer::Work()
             }
         } catch (const PageStopped&) {  // a newer wish has come
         } catch (const std::bad_alloc&) {
-            emit Rendered({{}, wish.excerpt, tr("There is not enough memory to show the page")});
+            emit Rendered({{}, wish.excerpt, tr("There is not enough memory to show the page"), {}});
         }
     }
 }
@@ -219,6 +219,7 @@ void PageRenderer::Fulfil(const Wish& wish)
         drawnPage = nullptr;
         content = Draw(*wish.page, drawnProblem, pageIsNew);
         drawnPage = wish.page;
+        warningsAreMissing = true;
     }
     const PageExcerpt& excerpt = wish.excerpt;
     QImage image(excerpt.size * excerpt.pixelRatio, QImage::Format_ARGB32_Premultiplied);
@@ -258,7 +259,14 @@ void PageRenderer::Fulfil(const Wish& wish)
     const QString problem = damage.message.empty() || !drawnProblem.isEmpty()
                                 ? drawnProblem
                                 : tr("The page is damaged: %1").arg(QString::fromStdString(damage.message));
-    emit Rendered({std::move(image), excerpt, problem});
+    emit Rendered({image, excerpt, problem, drawnWarnings});
+    if (warningsAreMissing) {  // the picture goes first
+        StopIf(isNew);
+        warningsAreMissing = false;
+        drawnWarnings =
+            content->size() <= longestContentChecked ? ContentWarnings(frame, *content) : PageWarnings();
+        emit Rendered({std::move(image), excerpt, problem, drawnWarnings});
+    }
 }
 
 }  // namespace linealis::desktop

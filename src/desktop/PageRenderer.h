@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/PageCheck.h"
 #include "pipeline/PaperPage.h"
 
 #include <QImage>
@@ -30,7 +31,8 @@ struct PageExcerpt {
 struct PagePicture {
     QImage image;
     PageExcerpt excerpt;
-    QString problem;  ///< why it is not the whole page; empty if it is
+    QString problem;        ///< why it is not the whole page; empty if it is
+    PageWarnings warnings;  ///< of the page's content; none of a very large one
 };
 
 /// Draws pages and paints their content on a thread of its own. Only the newest wish counts: what it supersedes
@@ -80,6 +82,8 @@ private:
     std::shared_ptr<const PaperPage> drawnPage;
     std::shared_ptr<const std::string> content;
     QString drawnProblem;
+    PageWarnings drawnWarnings;
+    bool warningsAreMissing = false;
     std::shared_ptr<const PaperPage> drawnOther;
     std::shared_ptr<const std::string> otherContent;
 

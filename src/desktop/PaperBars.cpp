@@ -2,10 +2,10 @@
 
 #include <QAccessible>
 #include <QHBoxLayout>
+#include <QMenu>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QToolButton>
 #include <algorithm>
 
 namespace linealis::desktop {
@@ -98,6 +98,28 @@ void PaperBottomBar::ShowProgress(bool visible) const
 {
     progress->setVisible(visible);
     cancel->setVisible(visible);
+}
+
+CheckButton::CheckButton()
+{
+    setObjectName(QStringLiteral("CheckButton"));
+    setAutoRaise(true);
+    setPopupMode(QToolButton::InstantPopup);
+    setFocusPolicy(Qt::StrongFocus);
+    setMenu(new QMenu(this));
+    hide();
+}
+
+void CheckButton::Show(const QStringList& warnings)
+{
+    menu()->clear();
+    for (const QString& warning : warnings) {
+        menu()->addAction(QString(warning).replace(QLatin1Char('&'), QLatin1String("&&")));
+    }
+    setText(warnings.size() == 1 ? tr("1 thing to check") : tr("%1 things to check").arg(warnings.size()));
+    setToolTip(warnings.join(QLatin1Char('\n')));
+    setAccessibleDescription(toolTip());
+    setVisible(!warnings.isEmpty());
 }
 
 StatusLine::StatusLine()

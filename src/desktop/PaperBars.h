@@ -2,11 +2,11 @@
 
 #include <QLabel>
 #include <QScrollArea>
+#include <QToolButton>
 #include <QWidget>
 
 class QProgressBar;
 class QPushButton;
-class QToolButton;
 
 namespace linealis::desktop {
 
@@ -54,6 +54,17 @@ public:
     QPushButton* changeFile;
     QPushButton* print;
     QPushButton* generate;
+};
+
+/// Tells in a corner how much of the page will disappoint on paper, and lists it when it is clicked. Not there
+/// while all is well.
+class CheckButton final : public QToolButton {
+    Q_OBJECT
+
+public:
+    CheckButton();
+
+    void Show(const QStringList& warnings);
 };
 
 /// The line that tells what has just happened. A link in it is `linkActivated` of QLabel.

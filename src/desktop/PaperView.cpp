@@ -101,10 +101,23 @@ void PaperView::LightUp()
     livePage->LightUp(Nudge(tried) ? std::optional(twin.readPage()) : std::nullopt);
 }
 
+void PaperView::ShowWarnings(const PageWarnings& ofPage)
+{
+    PageWarnings all = formWarnings;
+    all.insert(all.end(), ofPage.begin(), ofPage.end());
+    QStringList texts;
+    for (const PageWarning& warning : all) {
+        texts << ToQt(warning.text);
+    }
+    checks->Show(texts);
+}
+
 void PaperView::FormChanged()
 {
     const PaperPage page = window.ReadPage();
     form->ShowSummary(ToQt(page.describe()));
+    formWarnings = FormWarnings(window.form, page.frame);
+    ShowWarnings(livePage->isVisible() ? livePage->Picture().warnings : PageWarnings());
     if (livePage->isVisible()) {
         livePane->Show(page, ToQt(PageSummary(kind, page)));
         LightUp();
@@ -197,6 +210,9 @@ void PaperView::MakePage()
     Work([this] { window.PushButtonGenerate_Action(); });
     SayHowPageEnded();
     ChangedOutside(tr("Generate"));  // by what the page corrected in the form
+    if (const std::string_view content = window.Pdf().Stream(); content.size() <= longestContentChecked) {
+        ShowWarnings(ContentWarnings(window.ReadPage().frame, content));
+    }
 }
 
 void PaperView::Print()

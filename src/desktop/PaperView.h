@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/App.h"
+#include "app/PageCheck.h"
 #include "desktop/DesktopPlatform.h"
 #include "desktop/FormHistory.h"
 
@@ -16,6 +17,7 @@ class QMimeData;
 
 namespace linealis::desktop {
 
+class CheckButton;
 class FormView;
 class LivePage;
 class LivePane;
@@ -108,6 +110,8 @@ private:
     void SayHowPageEnded();
     void ShowWizard();
     void FormChanged();
+    /// Shows the warnings of the form, and those of the page behind them.
+    void ShowWarnings(const PageWarnings& ofPage);
     /// Lights up what the field with the focus governs.
     void LightUp();
     void Keep() const;
@@ -128,6 +132,8 @@ private:
     PaperTopBar* topBar = nullptr;
     PaperBottomBar* bottomBar = nullptr;
     StatusLine* status = nullptr;
+    CheckButton* checks = nullptr;
+    PageWarnings formWarnings;
     QTimer changeDelay;
     QTimer progressDelay;
     bool placed = false;

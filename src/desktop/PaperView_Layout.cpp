@@ -64,6 +64,8 @@ void PaperView::LayOut()
     status = new StatusLine;
     statusBar()->setSizeGripEnabled(!kind.hasFixedSize);
     statusBar()->addWidget(status, 1);
+    checks = new CheckButton;
+    statusBar()->addPermanentWidget(checks);
 }
 
 void PaperView::Connect()
@@ -86,6 +88,7 @@ void PaperView::Connect()
         LightUp();
     });
     connect(livePageAction, &QAction::triggered, this, &PaperView::ShowLivePage);
+    connect(livePage, &LivePage::Painted, this, [this] { ShowWarnings(livePage->Picture().warnings); });
     connect(status, &QLabel::linkActivated, this, &PaperView::Follow);
 
     changeDelay.setSingleShot(true);  // what changes at once is one change

@@ -1,0 +1,265 @@
+#include "app/PageCheck.h"
+
+#include "pdf/Numbers.h"
+#include "pdf/PageContent.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+
+namespace linealis {
+
+namespace {
+
+constexpr double thinnest = 0.1;         // points; a thinner line may not come out
+constexpr double tolerance = 0.5;        // points that a line or text may reach over an edge
+constexpr std::size_t mostTexts = 2000;  // that are compared with each other
+
+/// Points of the page.
+struct Box {
+    double left, bottom, right, top;
+
+    bool Meets(const Box& other) const
+    {
+        return left < other.right && other.left < right && bottom < other.top && other.bottom < top;
+    }
+    bool IsInside(const Box& other) const
+    {
+        return left >= other.left && right <= other.right && bottom >= other.bottom && top <= other.top;
+    }
+    Box Grown(double by) const { return {left - by, bottom - by, right + by, top + by}; }
+};
+
+struct PlacedText {
+    std::string text;
+    Box box;
+    bool isUpright;
+};
+
+/// The mean width of a character as a share of the text size: exact for Courier, that of digits for the others.
+double CharacterWidth(int font)
+{
+    constexpr double courier = 0.6, helvetica = 0.556, times = 0.5;
+    return font <= 4 ? courier : font <= 8 ? helvetica : times;
+}
+
+/// Whether a straight line runs through the box.
+bool Crosses(const Point& a, const Point& b, const Box& box)
+{
+    double from = 0.0, to = 1.0;
+    const auto clip = [&](double start, double along, double low, double high) {
+        if (along == 0.0) {
+            return start >= low && start <= high;
+        }
+        const double first = (low - start) / along, second = (high - start) / along;
+        from = std::max(from, std::min(first, second));
+        to = std::min(to, std::max(first, second));
+        return from <= to;
+    };
+    return clip(a.x, b.x - a.x, box.left, box.right) && clip(a.y, b.y - a.y, box.bottom, box.top);
+}
+
+/// Collects the texts, and looks at the lines by themselves.
+class TextAndLineReader : public PageSink {
+public:
+    explicit TextAndLineReader(const PageFrame& frame)
+        : paper{0.0, 0.0, static_cast<double>(frame.paperWidth), static_cast<double>(frame.paperHeight)}
+    {}
+
+    Box paper;
+    std::vector<PlacedText> texts;
+    double leastWidth = 1e9;
+    std::size_t linesOff = 0;
+
+    bool Scale(double sx, double sy) override
+    {
+        scaleX = sx;
+        scaleY = sy;
+        return true;
+    }
+    bool Stroke(PagePath path, const PagePen& pen) override
+    {
+        leastWidth = std::min(leastWidth, pen.width * std::min(std::abs(scaleX), std::abs(scaleY)));
+        const Box room = paper.Grown(tolerance);
+        const bool isOff = std::any_of(path.begin(), path.end(), [&](const PathSegment& segment) {
+            const Point at = OnPaper(segment.to);
+            return at.x < room.left || at.x > room.right || at.y < room.bottom || at.y > room.top;
+        });
+        linesOff += isOff ? 1 : 0;
+        return true;
+    }
+    bool Fill(PagePath /*path*/, const PageColor& /*color*/) override { return true; }
+    bool FillAndStroke(PagePath /*path*/, const PageColor& /*color*/, const PagePen& /*pen*/) override
+    {
+        return true;
+    }
+    bool Text(const PageText& text) override
+    {
+        if (!text.utf8.empty() && texts.size() < mostTexts) {
+            texts.push_back(Place(text));
+        }
+        return true;
+    }
+
+protected:
+    Point OnPaper(const Point& point) const { return {point.x * scaleX, point.y * scaleY}; }
+
+private:
+    PlacedText Place(const PageText& text) const
+    {
+        constexpr double ascent = 0.7, descent = 0.05;  // of digits and capitals, as a share of the size
+        const double width = static_cast<double>(text.bytes.size()) * CharacterWidth(text.font) * text.size;
+        Box box{1e9, 1e9, -1e9, -1e9};
+        for (const double x : {0.0, width}) {
+            for (const double y : {-descent * text.size, ascent * text.size}) {
+                const auto& m = text.matrix;
+                const Point at = OnPaper({m[0] * x + m[2] * y + m[4], m[1] * x + m[3] * y + m[5]});
+                box = {std::min(box.left, at.x), std::min(box.bottom, at.y), std::max(box.right, at.x),
+                       std::max(box.top, at.y)};
+            }
+        }
+        return {std::string(text.utf8), box, std::abs(text.matrix[1]) < 1e-6};
+    }
+
+    double scaleX = 1.0, scaleY = 1.0;
+};
+
+/// Finds the titles that lines run through.
+class TitleReader final : public TextAndLineReader {
+public:
+    TitleReader(const PageFrame& frame, std::vector<PlacedText> theTitles)
+        : TextAndLineReader(frame), titles(std::move(theTitles)), isCrossed(titles.size())
+    {}
+
+    std::vector<PlacedText> titles;
+    std::vector<bool> isCrossed;
+
+    bool Stroke(PagePath path, const PagePen& /*pen*/) override
+    {
+        Point last = OnPaper(path.front().to);
+        for (const PathSegment& segment : path) {
+            const Point next = OnPaper(segment.to);
+            for (std::size_t i = 0; segment.operation == PageOperator::Line && i < titles.size(); ++i) {
+                isCrossed[i] = isCrossed[i] || Crosses(last, next, titles[i].box);
+            }
+            last = next;
+        }
+        return true;
+    }
+};
+
+std::string Quoted(const std::string& text)
+{
+    return "\u201C" + text + "\u201D";
+}
+
+/// Single characters are parts of a text on a circle. Numbers may be multiples of pi: "-3PI/2".
+bool IsTitle(const PlacedText& text)
+{
+    const bool isMultipleOfPi = text.text.find("PI") != std::string::npos &&
+                                text.text.find_first_not_of("-0123456789/PI") == std::string::npos;
+    return !IsNumber(text.text) && !isMultipleOfPi && text.text.size() > 1;
+}
+
+void CheckPlaces(const TextAndLineReader& page, PageWarnings& warnings)
+{
+    for (const bool wantsTitle : {true, false}) {
+        const auto isOff = [&](const PlacedText& text) {
+            return IsTitle(text) == wantsTitle && !text.box.IsInside(page.paper.Grown(tolerance));
+        };
+        const auto found = std::find_if(page.texts.begin(), page.texts.end(), isOff);
+        if (found != page.texts.end()) {
+            const auto count = std::count_if(page.texts.begin(), page.texts.end(), isOff);
+            warnings.push_back(
+                {wantsTitle ? "title-off-page" : "numbers-off-page", "",
+                 Quoted(found->text) + (count > 1 ? " and other texts leave" : " leaves") + " the page"});
+        }
+    }
+}
+
+/// Numbers that were written one after the other in a row or a column.
+void CheckNumbers(const std::vector<PlacedText>& texts, PageWarnings& warnings)
+{
+    const PlacedText* overlapping = nullptr;
+    const PlacedText* repeated = nullptr;
+    for (std::size_t i = 1; i < texts.size(); ++i) {
+        const PlacedText& before = texts[i - 1];
+        const PlacedText& text = texts[i];
+        const bool areParts = before.text.size() == 1 && text.text.size() == 1;
+        if (IsTitle(before) || IsTitle(text) || areParts || before.isUpright != text.isUpright) {
+            continue;
+        }
+        const bool isInLine = std::abs(before.box.bottom - text.box.bottom) < tolerance ||
+                              std::abs(before.box.right - text.box.right) < tolerance ||
+                              std::abs(before.box.left - text.box.left) < tolerance;
+        if (overlapping == nullptr && before.box.Grown(-0.2).Meets(text.box)) {
+            overlapping = &text;
+        }
+        if (repeated == nullptr && isInLine && before.text == text.text) {
+            repeated = &text;
+        }
+    }
+    if (overlapping != nullptr) {
+        warnings.push_back({"numbers-overlap", "", "Numbers overlap at " + Quoted(overlapping->text)});
+    }
+    if (repeated != nullptr) {
+        warnings.push_back(
+            {"numbers-repeat", "",
+             "The number " + Quoted(repeated->text) + " stands at several lines: the step is lost in rounding"});
+    }
+}
+
+void CheckLines(const TextAndLineReader& page, PageWarnings& warnings)
+{
+    if (page.leastWidth < 0.0) {
+        warnings.push_back({"thin", "", "Some lines have a negative weight"});
+    } else if (page.leastWidth == 0.0) {
+        warnings.push_back({"thin", "", "Lines of weight 0 are as thin as the printer can, or not there at all"});
+    } else if (page.leastWidth < thinnest - 1e-9) {
+        warnings.push_back(
+            {"thin", "", "Lines of " + Str(page.leastWidth) + " points may not come out; 0.1 points do"});
+    }
+    if (page.linesOff > 0) {
+        warnings.push_back({"off-page", "",
+                            Str(static_cast<double>(page.linesOff)) +
+                                (page.linesOff == 1 ? " line reaches" : " lines reach") +
+                                " over the edge of the paper"});
+    }
+}
+
+void CheckTitles(const PageFrame& frame, const std::vector<PlacedText>& texts, std::string_view content,
+                 PageWarnings& warnings)
+{
+    std::vector<PlacedText> titles;
+    std::copy_if(texts.begin(), texts.end(), std::back_inserter(titles), IsTitle);
+    if (titles.empty()) {
+        return;
+    }
+    TitleReader reader(frame, std::move(titles));
+    ReadPage(content, reader);
+    for (std::size_t i = 0; i < reader.titles.size(); ++i) {
+        if (reader.isCrossed[i]) {
+            warnings.push_back({"title-over-lines", "", Quoted(reader.titles[i].text) + " stands over lines"});
+        }
+    }
+}
+
+}  // namespace
+
+PageWarnings ContentWarnings(const PageFrame& frame, std::string_view content)
+{
+    PageWarnings warnings;
+    TextAndLineReader page(frame);
+    const PageDamage damage = ReadPage(content, page);
+    if (!damage.message.empty()) {
+        warnings.push_back({"damaged", "", "The page is damaged: " + damage.message});
+    }
+    CheckLines(page, warnings);
+    CheckPlaces(page, warnings);
+    CheckNumbers(page.texts, warnings);
+    CheckTitles(frame, page.texts, content, warnings);
+    return warnings;
+}
+
+}  // namespace linealis
