@@ -1,6 +1,7 @@
 #include "desktop/Desktop.h"
 
 #include "desktop/FormDialog.h"
+#include "desktop/ManualWindow.h"
 #include "desktop/Menus.h"
 #include "desktop/Text.h"
 
@@ -63,6 +64,7 @@ void Desktop::ShowGallery()
     }
     galleryView = new GalleryView(app.Gallery(), platform.PreferencesFolder());
     GiveMenus(*galleryView, nullptr);
+    AddManualKey(*galleryView, nullptr);
     connect(galleryView, &GalleryView::HelpWanted, this, [this] { app.DoHelp(); });
     connect(galleryView, &GalleryView::Closed, this, &Desktop::GalleryClosed);
     connect(galleryView, &GalleryView::Chosen, this, &Desktop::OpenHit);
@@ -104,6 +106,17 @@ void Desktop::OpenHit(const PaperHit& hit)
     });
 }
 
+void Desktop::ShowManual(const PaperKind* kind)
+{
+    if (!manualWindow) {
+        manualWindow = std::make_unique<ManualWindow>();
+    }
+    manualWindow->ShowChapter(kind == nullptr ? QString() : ToQt(kind->galleryTitle));
+    manualWindow->show();
+    manualWindow->raise();
+    manualWindow->activateWindow();
+}
+
 bool Desktop::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
@@ -120,7 +133,7 @@ bool Desktop::eventFilter(QObject* watched, QEvent* event)
         }
         break;
     case QEvent::WindowActivate:
-        if (auto* const window = qobject_cast<QMainWindow*>(watched)) {
+        if (auto* const window = qobject_cast<QMainWindow*>(watched); window && window != manualWindow.get()) {
             inFront = window;
         }
         break;
@@ -206,6 +219,7 @@ PaperView& Desktop::ViewOf(const PaperKind& kind, PaperWindow& window)
     if (view == nullptr) {
         view = new PaperView(platform, kind, window);
         GiveMenus(*view, view);
+        AddManualKey(*view, &kind);
         view->AddMenus();
         connect(view, &PaperView::Closed, this, &Desktop::PaperClosed);
         connect(view, &PaperView::GalleryWanted, this, &Desktop::ShowGallery);
@@ -261,6 +275,7 @@ void Desktop::End()
         views.begin()->second->End();
     }
     delete galleryView;
+    manualWindow.reset();
     app.Event_Close();
 }
 
@@ -296,6 +311,15 @@ void Desktop::GiveMenus(QMainWindow& window, PaperView* paper)
                                   item.command == Command::Undo && paper != nullptr && paper->History().CanUndo();
                               return IsEnabled(item, front(), true) && (undoesForm || CanEditText(item.command));
                           }});
+}
+
+void Desktop::AddManualKey(QMainWindow& window, const PaperKind* kind)
+{
+    auto* const action = new QAction(tr("Manual"), &window);
+    action->setObjectName(QStringLiteral("HelpManual"));
+    action->setShortcut(Qt::Key_F1);
+    connect(action, &QAction::triggered, this, [this, kind] { ShowManual(kind); });
+    window.addAction(action);
 }
 
 void Desktop::Perform(const MenuItem& item, PaperView* paper)

@@ -10,8 +10,11 @@
 #include <QPointer>
 #include <QStringList>
 #include <map>
+#include <memory>
 
 namespace linealis::desktop {
+
+class ManualWindow;
 
 /// The application on the screen: its windows, and the way from their events to App.
 ///
@@ -62,6 +65,8 @@ private:
     /// Does what may change any window, as one step of that name in each that it changes.
     void DoAsStep(const QString& name, const std::function<void()>& change);
     void ShowGallery();
+    /// Shows the manual at the chapter of the kind, or at its beginning.
+    void ShowManual(const PaperKind* kind);
     /// Asks for settings files and opens them; what is none of them is named.
     void AskForSettings();
     /// Opens the file, or shows the window of its kind with the preset laid over, as one step.
@@ -69,6 +74,8 @@ private:
     void PaperClosed(const PaperKind& kind);
     void GalleryClosed();
     void GiveMenus(QMainWindow& window, PaperView* paper);
+    /// F1 in the window opens the manual. `kind` is null in the gallery.
+    void AddManualKey(QMainWindow& window, const PaperKind* kind);
     void Perform(const MenuItem& item, PaperView* paper);
 
     /// Has Proceed called between two events.
@@ -83,6 +90,7 @@ private:
     App app;
     std::map<const PaperKind*, PaperView*> views;  ///< of the open windows
     QPointer<GalleryView> galleryView;             ///< nothing once it is closed
+    std::unique_ptr<ManualWindow> manualWindow;    ///< nothing until it is wanted
     QPointer<QWidget> inFront;                     ///< the window that was active last
     QStringList waitingDocuments;
     bool quitting = false;

@@ -2,6 +2,9 @@
 #include "app/Version.h"
 
 #include <QFileOpenEvent>
+#include <QListWidget>
+#include <QScrollBar>
+#include <QTextBrowser>
 
 namespace linealis::test {
 namespace {
@@ -57,6 +60,36 @@ TEST_F(DesktopProgram, GalleryOpensEveryKindOnce)
     }
     ChooseItem(gallery, "WindowPolar");
     EXPECT_EQ(Shown(Window("polar"), "EditXScale"), "100") << "a closed window is made anew";
+}
+
+TEST_F(DesktopProgram, ManualOpensAtTheForm)
+{
+    for (const PaperKind& kind : PaperKinds()) {
+        Press(OpenPaper(kind.name), Qt::Key_F1);
+        QWidget& manual = Window("manual");
+        const auto& chapters = Child<QListWidget>(manual, "ManualChapters");
+        ASSERT_NE(chapters.currentItem(), nullptr);
+        EXPECT_EQ(chapters.currentItem()->text().trimmed().toLower(), ToQt(kind.galleryTitle).toLower());
+        const auto& bar = *Child<QTextBrowser>(manual, "ManualText").verticalScrollBar();
+        EXPECT_GT(bar.value(), 0) << kind.name;
+        Window(kind.name).close();
+        Settle();
+    }
+    QWidget& manual = Window("manual");
+    auto& search = Child<QLineEdit>(manual, "ManualSearch");
+    search.setFocus();
+    const auto selected = [&] { return Child<QTextBrowser>(manual, "ManualText").textCursor().selectedText(); };
+    Write(manual, "friedberg");
+    Press(manual, Qt::Key_Return);
+    EXPECT_EQ(Shown(manual, "ManualResult"), "Not found");
+    search.selectAll();
+    Write(manual, "gallery appears");
+    Press(manual, Qt::Key_Return);
+    EXPECT_EQ(selected(), QStringLiteral("gallery appears"));
+    Press(manual, Qt::Key_F3);
+    EXPECT_EQ(Shown(manual, "ManualResult"), "From the other end");
+    Press(manual, Qt::Key_Escape);
+    EXPECT_FALSE(manual.isVisible());
 }
 
 TEST_F(DesktopProgram, ReturnGenerates)
