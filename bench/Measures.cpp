@@ -141,11 +141,12 @@ void OneRound(benchmark::State& state)
     state.counters["rounds"] = rounds;
 }
 
-void PageTurns(benchmark::State& state)
+/// A program that writes its own figures, each behind its name.
+void FiguresOf(benchmark::State& state, const char* program)
 {
-    const fs::path file = ScratchFolder() / "turns";
+    const fs::path file = ScratchFolder() / program;
     for ([[maybe_unused]] auto _ : state) {
-        state.SetIterationTime(Run({Program("page_turns").string(), file.string()}).processorTime);
+        state.SetIterationTime(Run({Program(program).string(), file.string()}).processorTime);
     }
     std::ifstream results(file);
     std::string name;
@@ -291,7 +292,12 @@ void RegisterDesktop()
         RegisterProcess(desktopStart, DesktopStart, 1);
     }
     if (IsBuilt("page_turns")) {
-        RegisterProcess(pageTurns, PageTurns, 5);
+        RegisterProcess(
+            pageTurns, [](benchmark::State& state) { FiguresOf(state, "page_turns"); }, 5);
+    }
+    if (IsBuilt("key_latency") && std::getenv("DISPLAY") != nullptr) {
+        RegisterProcess(
+            keyLatency, [](benchmark::State& state) { FiguresOf(state, "key_latency"); }, 1);
     }
 }
 

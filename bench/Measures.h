@@ -26,6 +26,7 @@ inline constexpr const char* toChars = "numbers/to_chars";
 inline constexpr const char* oneRound = "round";
 inline constexpr const char* desktopStart = "desktop/start";
 inline constexpr const char* pageTurns = "desktop/turns";
+inline constexpr const char* keyLatency = "desktop/latency";
 
 /// The other writers of PDF files: name, program.
 struct Writer {

@@ -290,6 +290,13 @@ std::string SmallThingsTable(const Results& results)
                 results.Counter(desktopStart, counter + "_processor") / milli, "ms");
         }
     }
+    if (results.Has(keyLatency)) {
+        add("from a key to the live page, slowest kind's median", results.Counter(keyLatency, "median") / milli,
+            "ms");
+        add("from a key to the live page, worst of all", results.Counter(keyLatency, "worst") / milli, "ms");
+        add("longest wait of a key beside a page of a million dots", results.Counter(keyLatency, "wait") / milli,
+            "ms");
+    }
     if (results.Has(pageTurns)) {
         for (const std::string file : {"new", "replaced"}) {
             const std::string gap = "longest gap between turns, a million dots, " + file + " file";
@@ -404,7 +411,14 @@ std::string TargetsTable(const Results& results)
         gap = std::max(results.Counter(pageTurns, "new_gap"), results.Counter(pageTurns, "replaced_gap")) / milli;
     }
 
+    const auto latency = [&](const char* counter) {
+        return results.Has(keyLatency) ? std::optional(results.Counter(keyLatency, counter) / milli) : std::nullopt;
+    };
+
     Targets targets;
+    targets.AtMost("from a key to the live page, median: at most 33 ms", 33.0, latency("median"));
+    targets.AtMost("from a key to the live page, worst: at most 100 ms", 100.0, latency("worst"));
+    targets.AtMost("a key beside a page of a million dots waits at most 30 ms", 30.0, latency("wait"));
     targets.AtMost("stream on every page: at most 1 of untuned", 1.0, Largest(all, size, every), 4);
     targets.AtMost("streams of the heavy pages together: at most 0.9 of untuned", 0.9, HeavySizeRatio(heavy));
     targets.AtMost("tuned zlib on the heavy dots pages: at most 0.1 of untuned", 0.1, Largest(heavy, time, dots));
