@@ -36,15 +36,13 @@ struct LinedForm final : PaperForm {
                             "1",
                             {.label = "StaticText28", .meaning = Meaning::WholeUnits}};
     Label StaticvertUnit{*this, Group::Lines, "StaticvertUnit", "-", {.beside = true}, {"per inch", "per cm"}};
-    TextField EditLineThicknessVert{*this,
-                                    Group::Lines,
-                                    "EditLineThicknessVert",
-                                    "Line Weight:",
-                                    ".5",
-                                    {.label = "StaticText24",
-                                     .beside = true,
-                                     .meaning = Meaning::Weight,
-                                     .sets = "ruled lines"}};
+    TextField EditLineThicknessVert{
+        *this,
+        Group::Lines,
+        "EditLineThicknessVert",
+        "Line Weight:",
+        ".5",
+        {.label = "StaticText24", .beside = true, .meaning = Meaning::Weight, .sets = "ruled lines"}};
     Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Line Color", black, {.label = "StaticText4"}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,
