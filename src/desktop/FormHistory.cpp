@@ -60,7 +60,7 @@ bool FormHistory::Commit(const QString& name)
 QString FormHistory::Undo()
 {
     Commit(QStringLiteral("Change"));
-    const QString name = stack.undoText();
+    QString name = stack.undoText();
     stack.undo();
     return name;
 }
@@ -68,7 +68,7 @@ QString FormHistory::Undo()
 QString FormHistory::Redo()
 {
     Commit(QStringLiteral("Change"));
-    const QString name = stack.redoText();
+    QString name = stack.redoText();
     stack.redo();
     return name;
 }

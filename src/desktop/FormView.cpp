@@ -209,7 +209,7 @@ QWidget* FormView::MakeWidget(Control& control)
 }
 
 /// Tells of each change that the user has ended. It is in the form by then.
-void FormView::WatchEdits(QWidget& widget)
+void FormView::WatchEdits(QWidget& widget) const
 {
     if (auto* const edit = qobject_cast<FieldEdit*>(&widget)) {
         connect(edit, &FieldEdit::Committed, this, &FormView::Committed);
@@ -307,7 +307,7 @@ void FormView::ShowRemarks(Group group)
 QString FormView::ShowRemark(const TextField& field)
 {
     auto& edit = static_cast<FieldEdit&>(*controls.at(&field).control.widget);
-    const QString remark = RemarkText(form, field);
+    QString remark = RemarkText(form, field);
     edit.Mark(!remark.isEmpty());
     const QString hint = ToQt(HintOf(field));
     edit.setAccessibleDescription(remark.isEmpty() ? hint : remark + QStringLiteral(". ") + hint);

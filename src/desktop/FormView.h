@@ -74,7 +74,7 @@ private:
     void AddHeadings(QGridLayout& grid, const Row& row);
     void AddRow(QGridLayout& grid, const Row& row, bool hasReadout);
     QWidget* MakeWidget(Control& control);
-    void WatchEdits(QWidget& widget);
+    void WatchEdits(QWidget& widget) const;
     /// The label of a control's caption, its buddy; null if the control has no caption before it.
     QLabel* MakeCaption(Control& control);
 

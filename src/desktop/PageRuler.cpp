@@ -122,7 +122,8 @@ void PageRuler::paintEvent(QPaintEvent* /*event*/)
         const bool isHalf = steps.marksPerNumber % 2 == 0 && i % (steps.marksPerNumber / 2) == 0;
         PaintMark(painter, place, hasNumber ? Thickness() : isHalf ? 7.0 : 4.0);
         if (hasNumber) {
-            PaintNumber(painter, place, static_cast<double>(i / steps.marksPerNumber) * steps.number);
+            const std::int64_t numbersBefore = i / steps.marksPerNumber;
+            PaintNumber(painter, place, static_cast<double>(numbersBefore) * steps.number);
         }
     }
     if (pointer) {
