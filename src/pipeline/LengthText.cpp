@@ -7,6 +7,7 @@
 #include <array>
 #include <cctype>
 #include <cmath>
+#include <span>
 #include <string>
 
 namespace linealis {
@@ -83,9 +84,10 @@ const NamedUnit* FindUnit(std::string_view name)
     std::string lower(name);
     std::transform(lower.begin(), lower.end(), lower.begin(),
                    [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    const auto found = std::find_if(lengthUnits.begin(), lengthUnits.end(),
-                                    [&](const NamedUnit& unit) { return unit.name == lower; });
-    return found == lengthUnits.end() ? nullptr : &*found;
+    const std::span<const NamedUnit> units = lengthUnits;
+    const auto found =
+        std::find_if(units.begin(), units.end(), [&](const NamedUnit& unit) { return unit.name == lower; });
+    return found == units.end() ? nullptr : &*found;
 }
 
 /// "1/4", "1 1/2" or "5". Nothing if it is none of them.

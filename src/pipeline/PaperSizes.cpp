@@ -28,10 +28,11 @@ constexpr std::array<NamedPaper, 12> namedPapers = {{
 
 std::string_view NameOf(std::int64_t width, std::int64_t height)
 {
-    const auto found = std::find_if(namedPapers.begin(), namedPapers.end(), [&](const NamedPaper& paper) {
+    const std::span<const NamedPaper> papers = namedPapers;
+    const auto found = std::find_if(papers.begin(), papers.end(), [&](const NamedPaper& paper) {
         return paper.size.width == width && paper.size.height == height;
     });
-    return found == namedPapers.end() ? std::string_view() : found->name;
+    return found == papers.end() ? std::string_view() : found->name;
 }
 
 }  // namespace
