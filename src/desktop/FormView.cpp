@@ -49,7 +49,7 @@ QString TitleOf(Group group)
 QString RemarkText(const Form& form, const TextField& field)
 {
     const auto typed = TypedLength(field.Text(), UnitOf(form, field));
-    const QString remark =
+    QString remark =
         typed ? QStringLiteral("becomes %1 when you leave the field").arg(ToQt(Str(*typed))) : ToQt(field.Remark());
     QString caption = CaptionText(field).replace(QLatin1Char('\n'), QLatin1Char(' '));
     if (remark.isEmpty() || caption.isEmpty()) {
