@@ -84,11 +84,11 @@ PaperBottomBar::PaperBottomBar(QWidget* file, bool hasWizard)
     progress->setObjectName(QStringLiteral("Progress"));
     row->addWidget(progress, 0, Qt::AlignBottom);
     cancel = AddButton(*row, tr("Cancel"), QStringLiteral("PushButtonCancel"), tr("Stop the page (Escape)"));
-    changeFile = AddButton(*row, tr("Change File..."), QStringLiteral("PushButtonChangeFile"),
+    changeFile = AddButton(*row, tr("&Change File..."), QStringLiteral("PushButtonChangeFile"),
                            tr("Choose another file for the page"));
     print =
-        AddButton(*row, tr("Print..."), QStringLiteral("PushButtonPrint"), tr("Print the page at its true size"));
-    generate = AddButton(*row, tr("Generate"), QStringLiteral("PushButtonGenerate"),
+        AddButton(*row, tr("P&rint..."), QStringLiteral("PushButtonPrint"), tr("Print the page at its true size"));
+    generate = AddButton(*row, tr("&Generate"), QStringLiteral("PushButtonGenerate"),
                          tr("Make the page. With the shift key, ask for the file again"));
     generate->setDefault(true);
     ShowProgress(false);
