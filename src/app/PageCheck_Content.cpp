@@ -4,7 +4,6 @@
 #include "pdf/PageContent.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstddef>
 
@@ -12,9 +11,10 @@ namespace linealis {
 
 namespace {
 
-constexpr double thinnest = 0.1;         // points; a thinner line may not come out
-constexpr double tolerance = 0.5;        // points that a line or text may reach over an edge
-constexpr std::size_t mostTexts = 2000;  // that are compared with each other
+constexpr double thinnest = 0.1;                          // points; a thinner line may not come out
+constexpr double tolerance = 0.5;                         // points that a line or text may reach over an edge
+constexpr std::size_t mostTexts = 2000;                   // that are looked at
+constexpr std::size_t mostLines = std::size_t{1} << 20U;  // that are looked for under titles
 
 /// Points of the page.
 struct Box {
@@ -35,6 +35,12 @@ struct PlacedText {
     std::string text;
     Box box;
     bool isUpright;
+    bool isTitle;
+};
+
+struct StraightLine {
+    Point from;
+    Point to;
 };
 
 /// The mean width of a character as a share of the text size: exact for Courier, that of digits for the others.
@@ -45,7 +51,7 @@ double CharacterWidth(int font)
 }
 
 /// Whether a straight line runs through the box.
-bool Crosses(const Point& a, const Point& b, const Box& box)
+bool Crosses(const StraightLine& line, const Box& box)
 {
     double from = 0.0, to = 1.0;
     const auto clip = [&](double start, double along, double low, double high) {
@@ -57,11 +63,20 @@ bool Crosses(const Point& a, const Point& b, const Box& box)
         to = std::min(to, std::max(first, second));
         return from <= to;
     };
-    return clip(a.x, b.x - a.x, box.left, box.right) && clip(a.y, b.y - a.y, box.bottom, box.top);
+    return clip(line.from.x, line.to.x - line.from.x, box.left, box.right) &&
+           clip(line.from.y, line.to.y - line.from.y, box.bottom, box.top);
 }
 
-/// Collects the texts, and looks at the lines by themselves.
-class TextAndLineReader : public PageSink {
+/// Single characters are parts of a text on a circle. Numbers may be multiples of pi: "-3PI/2".
+bool IsTitle(std::string_view text)
+{
+    const bool isMultipleOfPi = text.find("PI") != std::string_view::npos &&
+                                text.find_first_not_of("-0123456789/PI") == std::string_view::npos;
+    return text.size() > 1 && !isMultipleOfPi && !IsNumber(text);
+}
+
+/// Collects the texts and the straight lines, and looks at each line by itself.
+class TextAndLineReader final : public PageSink {
 public:
     explicit TextAndLineReader(const PageFrame& frame)
         : paper{0.0, 0.0, static_cast<double>(frame.paperWidth), static_cast<double>(frame.paperHeight)}
@@ -69,6 +84,7 @@ public:
 
     Box paper;
     std::vector<PlacedText> texts;
+    std::vector<StraightLine> lines;  ///< the first of them
     double leastWidth = 1e9;
     std::size_t linesOff = 0;
 
@@ -82,10 +98,16 @@ public:
     {
         leastWidth = std::min(leastWidth, pen.width * std::min(std::abs(scaleX), std::abs(scaleY)));
         const Box room = paper.Grown(tolerance);
-        const bool isOff = std::any_of(path.begin(), path.end(), [&](const PathSegment& segment) {
+        bool isOff = false;
+        Point last{};
+        for (const PathSegment& segment : path) {
             const Point at = OnPaper(segment.to);
-            return at.x < room.left || at.x > room.right || at.y < room.bottom || at.y > room.top;
-        });
+            isOff = isOff || at.x < room.left || at.x > room.right || at.y < room.bottom || at.y > room.top;
+            if (segment.operation == PageOperator::Line && lines.size() < mostLines) {
+                lines.push_back({last, at});
+            }
+            last = at;
+        }
         linesOff += isOff ? 1 : 0;
         return true;
     }
@@ -102,10 +124,9 @@ public:
         return true;
     }
 
-protected:
+private:
     Point OnPaper(const Point& point) const { return {point.x * scaleX, point.y * scaleY}; }
 
-private:
     PlacedText Place(const PageText& text) const
     {
         constexpr double ascent = 0.7, descent = 0.05;  // of digits and capitals, as a share of the size
@@ -119,34 +140,10 @@ private:
                        std::max(box.top, at.y)};
             }
         }
-        return {std::string(text.utf8), box, std::abs(text.matrix[1]) < 1e-6};
+        return {std::string(text.utf8), box, std::abs(text.matrix[1]) < 1e-6, IsTitle(text.utf8)};
     }
 
     double scaleX = 1.0, scaleY = 1.0;
-};
-
-/// Finds the titles that lines run through.
-class TitleReader final : public TextAndLineReader {
-public:
-    TitleReader(const PageFrame& frame, std::vector<PlacedText> theTitles)
-        : TextAndLineReader(frame), titles(std::move(theTitles)), isCrossed(titles.size())
-    {}
-
-    std::vector<PlacedText> titles;
-    std::vector<bool> isCrossed;
-
-    bool Stroke(PagePath path, const PagePen& /*pen*/) override
-    {
-        Point last = OnPaper(path.front().to);
-        for (const PathSegment& segment : path) {
-            const Point next = OnPaper(segment.to);
-            for (std::size_t i = 0; segment.operation == PageOperator::Line && i < titles.size(); ++i) {
-                isCrossed[i] = isCrossed[i] || Crosses(last, next, titles[i].box);
-            }
-            last = next;
-        }
-        return true;
-    }
 };
 
 std::string Quoted(const std::string& text)
@@ -154,19 +151,11 @@ std::string Quoted(const std::string& text)
     return "\u201C" + text + "\u201D";
 }
 
-/// Single characters are parts of a text on a circle. Numbers may be multiples of pi: "-3PI/2".
-bool IsTitle(const PlacedText& text)
-{
-    const bool isMultipleOfPi = text.text.find("PI") != std::string::npos &&
-                                text.text.find_first_not_of("-0123456789/PI") == std::string::npos;
-    return !IsNumber(text.text) && !isMultipleOfPi && text.text.size() > 1;
-}
-
 void CheckPlaces(const TextAndLineReader& page, PageWarnings& warnings)
 {
     for (const bool wantsTitle : {true, false}) {
         const auto isOff = [&](const PlacedText& text) {
-            return IsTitle(text) == wantsTitle && !text.box.IsInside(page.paper.Grown(tolerance));
+            return text.isTitle == wantsTitle && !text.box.IsInside(page.paper.Grown(tolerance));
         };
         const auto found = std::find_if(page.texts.begin(), page.texts.end(), isOff);
         if (found != page.texts.end()) {
@@ -187,7 +176,7 @@ void CheckNumbers(const std::vector<PlacedText>& texts, PageWarnings& warnings)
         const PlacedText& before = texts[i - 1];
         const PlacedText& text = texts[i];
         const bool areParts = before.text.size() == 1 && text.text.size() == 1;
-        if (IsTitle(before) || IsTitle(text) || areParts || before.isUpright != text.isUpright) {
+        if (before.isTitle || text.isTitle || areParts || before.isUpright != text.isUpright) {
             continue;
         }
         const bool isInLine = std::abs(before.box.bottom - text.box.bottom) < tolerance ||
@@ -228,19 +217,12 @@ void CheckLines(const TextAndLineReader& page, PageWarnings& warnings)
     }
 }
 
-void CheckTitles(const PageFrame& frame, const std::vector<PlacedText>& texts, std::string_view content,
-                 PageWarnings& warnings)
+void CheckTitles(const TextAndLineReader& page, PageWarnings& warnings)
 {
-    std::vector<PlacedText> titles;
-    std::copy_if(texts.begin(), texts.end(), std::back_inserter(titles), IsTitle);
-    if (titles.empty()) {
-        return;
-    }
-    TitleReader reader(frame, std::move(titles));
-    ReadPage(content, reader);
-    for (std::size_t i = 0; i < reader.titles.size(); ++i) {
-        if (reader.isCrossed[i]) {
-            warnings.push_back({"title-over-lines", "", Quoted(reader.titles[i].text) + " stands over lines"});
+    for (const PlacedText& text : page.texts) {
+        if (text.isTitle && std::any_of(page.lines.begin(), page.lines.end(),
+                                        [&](const StraightLine& line) { return Crosses(line, text.box); })) {
+            warnings.push_back({"title-over-lines", "", Quoted(text.text) + " stands over lines"});
         }
     }
 }
@@ -258,7 +240,7 @@ PageWarnings ContentWarnings(const PageFrame& frame, std::string_view content)
     CheckLines(page, warnings);
     CheckPlaces(page, warnings);
     CheckNumbers(page.texts, warnings);
-    CheckTitles(frame, page.texts, content, warnings);
+    CheckTitles(page, warnings);
     return warnings;
 }
 

@@ -6,6 +6,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <cstdio>
 #include <iostream>
 #include <map>
@@ -89,20 +90,25 @@ UsageError Explain(const CLI::App& app, const CLI::ParseError& error)
     return Unknown("option of " + chosen.front()->get_name(), left.front(), possible);
 }
 
-/// The first word, if it is no option, must be a command.
-void CheckCommand(const CLI::App& app, int argc, char** argv)
+std::vector<std::string> CommandsOf(const CLI::App& app)
 {
-    if (argc < 2 || *argv[1] == '-') {
-        return;
-    }
-    std::vector<std::string> possible;
+    std::vector<std::string> names;
     for (const CLI::App* const command : app.get_subcommands(nullptr)) {
-        if (command->get_name() == argv[1]) {
-            return;
-        }
-        possible.push_back(command->get_name());
+        names.push_back(command->get_name());
     }
-    throw Unknown("command", argv[1], possible);
+    return names;
+}
+
+/// The first word that is a command; empty if there is none. Throws UsageError if the first word of all is neither
+/// a command nor an option.
+std::string CalledCommand(const CLI::App& app, const std::vector<std::string>& words)
+{
+    const std::vector<std::string> commands = CommandsOf(app);
+    const auto called = std::find_first_of(words.begin(), words.end(), commands.begin(), commands.end());
+    if (called != words.begin() && !words.front().starts_with('-')) {
+        throw Unknown("command", words.front(), commands);
+    }
+    return called == words.end() ? "" : *called;
 }
 
 /// The commands and what they were given.
@@ -113,25 +119,12 @@ public:
         app.set_version_flag("--version", "linealis-cli " + std::string(linealis::versionText));
         app.require_subcommand(1);
         app.footer(exitHelp);
-        kinds.add_flag("--json", asJson, "As JSON");
-        AddPresetOptions();
-        for (CLI::App* const command : {&form, &save}) {
-            command->add_option("source", source, "A kind of paper, or a settings file");
-        }
-        AddGenerateOptions();
-        save.add_option("-o,--output", output, "The settings file; - is standard output")
-            ->type_name("FILE")
-            ->required();
-        AddCalibrationOptions();
-        formActions.AddTo(form);
-        generateActions.AddTo(generate);
-        saveActions.AddTo(save);
     }
 
     /// Parses the command line and does what it says.
     void Run(int argc, char** argv)
     {
-        CheckCommand(app, argc, argv);
+        AddOptionsOf(CalledCommand(app, {argv + std::min(argc, 1), argv + argc}));
         try {
             app.parse(argc, argv);
         } catch (const CLI::ParseError& error) {
@@ -147,8 +140,47 @@ public:
 private:
     CLI::App& Add(const char* name, const char* help) { return *app.add_subcommand(name, help); }
 
+    /// The options of the command that was called. Adding those of all takes as long as a small page.
+    void AddOptionsOf(const std::string& called)
+    {
+        if (called == kinds.get_name()) {
+            kinds.add_flag("--json", asJson, "As JSON");
+        } else if (called == presets.get_name()) {
+            presets.add_flag("--json", asJson, "As JSON");
+            presets.add_option("--kind", kind, "Of this kind of paper only")->type_name("KIND");
+        } else if (called == form.get_name()) {
+            AddSourceOptions(form);
+            actions.AddTo(form);
+        } else if (called == generate.get_name()) {
+            AddGenerateOptions();
+            actions.AddTo(generate);
+        } else if (called == save.get_name()) {
+            AddSourceOptions(save);
+            save.add_option("-o,--output", output, "The settings file; - is standard output")
+                ->type_name("FILE")
+                ->required();
+            actions.AddTo(save);
+        } else if (called == calibration.get_name()) {
+            AddCalibrationOptions();
+        }
+    }
+
+    void AddPresetOption(CLI::App& command)
+    {
+        command.add_option("--preset", preset, "Begin with a preset, which tells the kind of paper")
+            ->type_name("NAME");
+    }
+
+    /// Of a command that takes one source.
+    void AddSourceOptions(CLI::App& command)
+    {
+        AddPresetOption(command);
+        command.add_option("source", source, "A kind of paper, or a settings file");
+    }
+
     void AddGenerateOptions()
     {
+        AddPresetOption(generate);
         generate.add_option("source", sources, "A kind of paper, or settings files");
         generate.add_option("-o,--output", request.output, "The PDF file; - is standard output")->type_name("FILE");
         generate
@@ -157,16 +189,6 @@ private:
         generate.add_flag("--view", request.view, "Open the page in the viewer");
         generate.add_flag("--check", request.check, "Write nothing, and say what will disappoint on paper");
         generate.add_flag("--json", request.asJson, "With --check: as JSON");
-    }
-
-    void AddPresetOptions()
-    {
-        presets.add_flag("--json", asJson, "As JSON");
-        presets.add_option("--kind", kind, "Of this kind of paper only")->type_name("KIND");
-        for (CLI::App* const command : {&form, &generate, &save}) {
-            command->add_option("--preset", preset, "Begin with a preset, which tells the kind of paper")
-                ->type_name("NAME");
-        }
     }
 
     /// The one source of a command that takes no more.
@@ -191,15 +213,15 @@ private:
         } else if (presets.parsed()) {
             ListPresets(asJson, kind);
         } else if (form.parsed()) {
-            ShowForm(OneSource(), formActions.InOrder());
+            ShowForm(OneSource(), actions.InOrder());
         } else if (generate.parsed()) {
             request.sources = SourcesOf(sources, preset);
-            request.actions = generateActions.InOrder();
+            request.actions = actions.InOrder();
             Generate(request);
         } else if (calibration.parsed()) {
             MakeCalibrationSheet(paper, output);
         } else {
-            Save(OneSource(), saveActions.InOrder(), output);
+            Save(OneSource(), actions.InOrder(), output);
         }
     }
 
@@ -210,9 +232,7 @@ private:
     CLI::App& generate = Add("generate", "Make a page");
     CLI::App& save = Add("save", "Save a form as a settings file");
     CLI::App& calibration = Add("calibration", "Make the sheet that shows how true a printer's lengths are");
-    ActionOptions formActions;
-    ActionOptions generateActions;
-    ActionOptions saveActions;
+    ActionOptions actions;
     bool asJson = false;
     std::optional<std::string> kind;
     std::optional<std::string> preset;
