@@ -118,4 +118,11 @@ std::error_code OwnPresets::SaveLeft(const PaperKind& kind, const PaperWindow& w
     return SaveInFolder(LeftFile(kind), window);
 }
 
+void LayOver(const OwnPreset& preset, PaperWindow& window, Platform& platform)
+{
+    if (const std::error_code error = window.LayOver(preset.file.OpenAsBinaryFile())) {
+        platform.Note(preset.name + " could not be opened: " + error.message());
+    }
+}
+
 }  // namespace linealis

@@ -55,4 +55,8 @@ private:
     FolderItem folder;
 };
 
+/// Loads the preset into a window of its kind; the file that the window's page goes to stays. A preset that cannot
+/// be opened changes nothing, and is noted.
+void LayOver(const OwnPreset& preset, PaperWindow& window, Platform& platform);
+
 }  // namespace linealis

@@ -30,8 +30,8 @@ public:
         CheckScale(form.EditYScale);
         CheckCustomSize();
         if (const auto* const graph = dynamic_cast<const GraphForm*>(&form)) {
-            CheckAxis(graph->X());
-            CheckAxis(graph->Y());
+            CheckAxis(graph->X(), graph->CheckBoxShowAxes.Value());
+            CheckAxis(graph->Y(), graph->CheckBoxShowAxes.Value());
         } else if (const auto* const polar = dynamic_cast<const PolarForm*>(&form)) {
             CheckSpokes(*polar);
         }
@@ -126,7 +126,7 @@ private:
     }
 
     /// Majors stand on multiples of their step from the value 0, numbers on multiples of theirs from the minimum.
-    void CheckAxis(const ConstAxisFields& axis)
+    void CheckAxis(const ConstAxisFields& axis, bool hasNumbers)
     {
         const double step = axis.axis.step.Used();
         if (axis.grid.type.ListIndex() != linear || step == 0.0) {
@@ -137,9 +137,9 @@ private:
         if (std::abs(lines - std::round(lines)) > 1e-6) {
             Warn("phase", axis.axis.minimum,
                  WholeName(form, axis.axis.minimum) + " is no whole number of steps from 0: no line stands at 0");
-        } else if (const double numbers = axis.axis.spacing.Used();
-                   form.Find<CheckBox>("CheckBoxShowAxes")->Value() && major >= 1.0 && numbers >= 1.0 &&
-                   std::fmod(numbers, major) != 0.0 && std::fmod(major, numbers) != 0.0) {
+        } else if (const double numbers = axis.axis.spacing.Used(); hasNumbers && major >= 1.0 && numbers >= 1.0 &&
+                                                                    std::fmod(numbers, major) != 0.0 &&
+                                                                    std::fmod(major, numbers) != 0.0) {
             Warn("phase", axis.axis.spacing,
                  WholeName(form, axis.axis.spacing) + ": numbers at every " + Str(numbers) +
                      " lines and heavy lines at every " + Str(major) + " do not meet");
@@ -170,18 +170,19 @@ PageWarnings FormWarnings(const PaperForm& form, const PageFrame& frame)
 
 PageWarnings MarkerWarnings(const PaperForm& form, const FolderItem& file)
 {
-    const CheckBox* const box = form.Find<CheckBox>("CheckBoxMarkers");
-    if (box == nullptr || file.IsEmpty()) {
+    const auto* const graph = dynamic_cast<const GraphForm*>(&form);
+    if (graph == nullptr || file.IsEmpty()) {
         return {};
     }
+    const CheckBox& box = graph->CheckBoxMarkers;
     PageWarnings warnings;
     const auto warnIf = [&](bool isWrong, const char* text) {
         if (isWrong) {
-            warnings.push_back({"markers", std::string(box->Name()), text});
+            warnings.push_back({"markers", std::string(box.Name()), text});
         }
     };
-    warnIf(!box->Value(), "There are no markers, since Add Markers is off");
-    if (!box->Value()) {
+    warnIf(!box.Value(), "There are no markers, since Add Markers is off");
+    if (!box.Value()) {
         return warnings;
     }
     const std::string text = file.OpenAsBinaryFile().Read(BinaryStream::longestField);

@@ -1,5 +1,6 @@
 #include "desktop/Desktop.h"
 
+#include "app/OwnPresets.h"
 #include "desktop/FormDialog.h"
 #include "desktop/ManualWindow.h"
 #include "desktop/Menus.h"
@@ -15,6 +16,14 @@
 namespace linealis::desktop {
 
 namespace {
+
+void BringToFront(QWidget& window)
+{
+    window.setWindowState((window.windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
 
 /// Ends whatever waits for the user.
 void RejectDialogs()
@@ -64,11 +73,11 @@ void Desktop::ShowGallery()
     }
     galleryView = new GalleryView(app.Gallery(), platform.PreferencesFolder());
     GiveMenus(*galleryView, nullptr);
-    AddManualKey(*galleryView, nullptr);
     connect(galleryView, &GalleryView::HelpWanted, this, [this] { app.DoHelp(); });
     connect(galleryView, &GalleryView::Closed, this, &Desktop::GalleryClosed);
     connect(galleryView, &GalleryView::Chosen, this, &Desktop::OpenHit);
     connect(galleryView, &GalleryView::FilesDropped, this, &Desktop::OpenSettings);
+    connect(galleryView, &GalleryView::ManualWanted, this, [this] { ShowManual(nullptr); });
     connect(galleryView, &GalleryView::OpenWanted, this, &Desktop::AskForSettings);
     galleryView->Place();
     galleryView->show();
@@ -100,8 +109,8 @@ void Desktop::OpenHit(const PaperHit& hit)
     view.LayOver(ToQt(hit.title), [&](PaperWindow& window) {
         if (hit.preset != nullptr) {
             LayOver(*hit.preset, window, platform);
-        } else if (const std::error_code error = window.LayOver(hit.file.OpenAsBinaryFile())) {
-            platform.Note(hit.title + " could not be opened: " + error.message());
+        } else {
+            LayOver(OwnPreset{hit.title, hit.file}, window, platform);
         }
     });
 }
@@ -112,9 +121,7 @@ void Desktop::ShowManual(const PaperKind* kind)
         manualWindow = std::make_unique<ManualWindow>();
     }
     manualWindow->ShowChapter(kind == nullptr ? QString() : ToQt(kind->galleryTitle));
-    manualWindow->show();
-    manualWindow->raise();
-    manualWindow->activateWindow();
+    BringToFront(*manualWindow);
 }
 
 bool Desktop::eventFilter(QObject* watched, QEvent* event)
@@ -197,11 +204,8 @@ void Desktop::Proceed()
 
 void Desktop::Raise()
 {
-    if (QWidget* const window = inFront) {
-        window->setWindowState((window->windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
-        window->show();
-        window->raise();
-        window->activateWindow();
+    if (inFront) {
+        BringToFront(*inFront);
     }
 }
 
@@ -219,9 +223,9 @@ PaperView& Desktop::ViewOf(const PaperKind& kind, PaperWindow& window)
     if (view == nullptr) {
         view = new PaperView(platform, kind, window);
         GiveMenus(*view, view);
-        AddManualKey(*view, &kind);
         view->AddMenus();
         connect(view, &PaperView::Closed, this, &Desktop::PaperClosed);
+        connect(view, &PaperView::ManualWanted, this, [this, &kind] { ShowManual(&kind); });
         connect(view, &PaperView::GalleryWanted, this, &Desktop::ShowGallery);
         connect(view, &PaperView::FilesDropped, this, &Desktop::OpenSettings);
         connect(view, &PaperView::FilesWanted, this, &Desktop::OpenSettings);
@@ -311,15 +315,6 @@ void Desktop::GiveMenus(QMainWindow& window, PaperView* paper)
                                   item.command == Command::Undo && paper != nullptr && paper->History().CanUndo();
                               return IsEnabled(item, front(), true) && (undoesForm || CanEditText(item.command));
                           }});
-}
-
-void Desktop::AddManualKey(QMainWindow& window, const PaperKind* kind)
-{
-    auto* const action = new QAction(tr("Manual"), &window);
-    action->setObjectName(QStringLiteral("HelpManual"));
-    action->setShortcut(Qt::Key_F1);
-    connect(action, &QAction::triggered, this, [this, kind] { ShowManual(kind); });
-    window.addAction(action);
 }
 
 void Desktop::Perform(const MenuItem& item, PaperView* paper)

@@ -65,7 +65,7 @@ private:
     /// Does what may change any window, as one step of that name in each that it changes.
     void DoAsStep(const QString& name, const std::function<void()>& change);
     void ShowGallery();
-    /// Shows the manual at the chapter of the kind, or at its beginning.
+    /// Shows the manual at the chapter of the kind, or without one, at its beginning.
     void ShowManual(const PaperKind* kind);
     /// Asks for settings files and opens them; what is none of them is named.
     void AskForSettings();
@@ -74,8 +74,6 @@ private:
     void PaperClosed(const PaperKind& kind);
     void GalleryClosed();
     void GiveMenus(QMainWindow& window, PaperView* paper);
-    /// F1 in the window opens the manual. `kind` is null in the gallery.
-    void AddManualKey(QMainWindow& window, const PaperKind* kind);
     void Perform(const MenuItem& item, PaperView* paper);
 
     /// Has Proceed called between two events.

@@ -110,24 +110,22 @@ void DesktopPlatform::MsgBoxUnlessHidden(const std::string& text, const std::str
     if (settings.value(key).toBool()) {
         return;
     }
-    QMessageBox box(QMessageBox::Information, QStringLiteral("Linealis"), ToQt(text), QMessageBox::Ok,
-                    QApplication::activeWindow());
-    box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(ToQt(explanation));
-    auto* const hide = new QCheckBox(tr("Do not show again"));
-    box.setCheckBox(hide);
-    RunModal(box);
-    if (hide->isChecked()) {
+    if (ShowMessage(QMessageBox::Information, text, ToQt(explanation), tr("Do not show again"))) {
         settings.setValue(key, true);
     }
 }
 
-void DesktopPlatform::ShowMessage(QMessageBox::Icon icon, const std::string& text, const QString& more)
+bool DesktopPlatform::ShowMessage(QMessageBox::Icon icon, const std::string& text, const QString& more,
+                                  const QString& choice)
 {
     QMessageBox box(icon, QStringLiteral("Linealis"), ToQt(text), QMessageBox::Ok, QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(more);
+    if (!choice.isEmpty()) {
+        box.setCheckBox(new QCheckBox(choice));
+    }
     RunModal(box);
+    return box.checkBox() != nullptr && box.checkBox()->isChecked();
 }
 
 FolderItem DesktopPlatform::AskForFile(const FileType& type, QFileDialog::AcceptMode mode,

@@ -63,7 +63,9 @@ signals:
     void Idle();
 
 private:
-    void ShowMessage(QMessageBox::Icon icon, const std::string& text, const QString& more);
+    /// `choice` is what the user may tick below it; empty: nothing. Returns whether that was ticked.
+    bool ShowMessage(QMessageBox::Icon icon, const std::string& text, const QString& more,
+                     const QString& choice = {});
     /// A file dialog limited to the type.
     FolderItem AskForFile(const FileType& type, QFileDialog::AcceptMode mode, const QString& suggestedName);
     void EmitIfIdle();

@@ -36,7 +36,6 @@ void FormGroup::Say(const QString& remark, const QString& known)
     said->setPalette(colors);
     said->setText(remark.isEmpty() ? known : remark);
     said->setToolTip(said->text());
-    // A label that shows nothing counts as hidden, and still keeps its room.
     said->setAccessibleName(said->text());
 }
 

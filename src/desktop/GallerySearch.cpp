@@ -11,7 +11,6 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QLocale>
 #include <QPainter>
 #include <QPushButton>
 #include <algorithm>
@@ -23,11 +22,6 @@ namespace {
 
 constexpr QSize pictureSize{28, 36};  // pixels of the screen
 constexpr int gap = 8;
-
-bool IsMetric()
-{
-    return QLocale::system().measurementSystem() == QLocale::MetricSystem;
-}
 
 /// What stands in the list: the title, and where that belongs.
 QString LineOf(const PaperHit& hit)
@@ -152,7 +146,7 @@ void GallerySearch::Refresh()
 {
     const int selected = list->currentRow();
     const QString line = selected < 0 ? QString() : list->item(selected)->text();
-    hits = FindPapers(field->text().toStdString(), preferencesFolder, IsMetric());
+    hits = FindPapers(field->text().toStdString(), preferencesFolder, PrefersMetric());
     list->clear();
     const QIcon noPicture = IconOf({}, 1.0);
     for (const PaperHit& hit : hits) {

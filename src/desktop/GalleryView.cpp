@@ -18,6 +18,7 @@
 #include <QPixmap>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <algorithm>
 
 namespace linealis::desktop {
@@ -104,6 +105,8 @@ GalleryView::GalleryView(GalleryWindow& theGallery, const FolderItem& preference
     QPushButton* const help = AddHelp(content);
     AddSearch(content, preferencesFolder, help);
     pictures.front()->setFocus();
+    auto* const manual = new QShortcut(Qt::Key_F1, this);
+    connect(manual, &QShortcut::activated, this, &GalleryView::ManualWanted);
 }
 
 void GalleryView::AddEntries(QWidget* content)

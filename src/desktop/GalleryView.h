@@ -25,6 +25,8 @@ public:
 
 signals:
     void HelpWanted();
+    /// The manual inside the program, which has no button here.
+    void ManualWanted();
     /// The user has chosen where to begin. It is no kind: that is opened already.
     void Chosen(const PaperHit& hit);
     /// Settings files are to be opened, which the user will choose.

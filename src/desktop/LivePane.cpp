@@ -4,7 +4,7 @@
 #include "desktop/LivePage.h"
 #include "desktop/PageRuler.h"
 #include "desktop/WindowSettings.h"
-#include "pdf/Units.h"
+#include "pipeline/PaperPage.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -54,10 +54,13 @@ LivePane::LivePane()
     rulers->setToolTip(tr("Rulers to hold paper against, true at 100 %"));
     rulers->setObjectName(QStringLiteral("ViewRulers"));
     rulers->setCheckable(true);
-    connect(rulers, &QAction::toggled, this, &LivePane::ShowRulers);
-    page->AddViewAction(rulers);
     rulers->setChecked(WindowSettings().value(rulersKey, true).toBool());
     ShowRulers(rulers->isChecked());
+    connect(rulers, &QAction::toggled, this, [this](bool visible) {
+        ShowRulers(visible);
+        WindowSettings().setValue(rulersKey, visible);
+    });
+    page->AddViewAction(rulers);
     grid->addWidget(MakeTools(), 0, 0, 1, 2);
 
     connect(page, &LivePage::ViewChanged, this, &LivePane::ViewChanged);
@@ -112,7 +115,7 @@ QWidget* LivePane::MakeTools()
 
 void LivePane::Show(const PaperPage& shown, const QString& summary)
 {
-    inInches = shown.frame.unitPixels == pointsPerInch;
+    inInches = shown.frame.IsInInches();
     words->setText(summary);
     words->setToolTip(summary);
     page->Show(shown, summary);
@@ -123,7 +126,6 @@ void LivePane::ShowRulers(bool visible)
 {
     across->setVisible(visible);
     down->setVisible(visible);
-    WindowSettings().setValue(rulersKey, visible);
 }
 
 void LivePane::ViewChanged()

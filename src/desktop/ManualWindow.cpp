@@ -3,7 +3,6 @@
 #include "desktop/WindowSettings.h"
 
 #include <QAction>
-#include <QDesktopServices>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>

@@ -1,5 +1,7 @@
 #include "desktop/PaperBars.h"
 
+#include "desktop/Text.h"
+
 #include <QAccessible>
 #include <QHBoxLayout>
 #include <QMenu>
@@ -114,7 +116,7 @@ void CheckButton::Show(const QStringList& warnings)
 {
     menu()->clear();
     for (const QString& warning : warnings) {
-        menu()->addAction(QString(warning).replace(QLatin1Char('&'), QLatin1String("&&")));
+        menu()->addAction(MenuText(warning));
     }
     setText(warnings.size() == 1 ? tr("1 thing to check") : tr("%1 things to check").arg(warnings.size()));
     setToolTip(warnings.join(QLatin1Char('\n')));

@@ -85,6 +85,8 @@ public:
 signals:
     void Closed(const PaperKind& kind);
     void GalleryWanted();
+    /// The manual, at this window's chapter.
+    void ManualWanted();
     /// Settings files have been dropped on the window.
     void FilesDropped(const QStringList& files);
     /// Settings files have been chosen to be opened, each in the window of its kind.

@@ -212,7 +212,7 @@ void PaperView::AddMenus()
     view.addActions(livePage->ViewActions());
     view.addSeparator();
     QMenu& help = *menuBar()->addMenu(tr("&Help"));
-    help.addAction(findChild<QAction*>(QStringLiteral("HelpManual")));
+    add(help, tr("Manual"), QStringLiteral("HelpManual"), Qt::Key_F1, &PaperView::ManualWanted);
     add(help, tr("Calibration Sheet..."), QStringLiteral("HelpCalibration"), {}, &PaperView::Calibrate);
     add(view, tr("Gallery"), QStringLiteral("ViewGallery"), {}, &PaperView::GalleryWanted);
 }

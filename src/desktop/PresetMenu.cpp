@@ -101,16 +101,6 @@ public:
     }
 };
 
-/// Lays a settings file over a window.
-PresetMenuHost::Lay LayFile(const OwnPreset& preset, Platform& platform)
-{
-    return [preset, &platform](PaperWindow& window) {
-        if (const std::error_code error = window.LayOver(preset.file.OpenAsBinaryFile())) {
-            platform.Note(preset.name + " could not be opened: " + error.message());
-        }
-    };
-}
-
 class PresetMenuFiller {
 public:
     PresetMenuFiller(QMenu& theMenu, const PresetMenuHost& theHost)
@@ -143,17 +133,22 @@ private:
 
     QAction& AddLaying(const QString& title, const QString& name, const PresetMenuHost::Lay& lay)
     {
-        QAction* const action = menu.addAction(QString(title).replace(QLatin1Char('&'), QLatin1String("&&")));
+        QAction* const action = menu.addAction(MenuText(title));
         action->setObjectName(name);
         QObject::connect(action, &QAction::triggered, &menu,
                          [layOver = host.layOver, title, lay] { layOver(title, lay); });
         return *action;
     }
 
+    PresetMenuHost::Lay LayOf(const OwnPreset& preset) const
+    {
+        return [preset, &platform = host.platform](PaperWindow& window) { LayOver(preset, window, platform); };
+    }
+
     void AddBuiltIn()
     {
         Platform& platform = host.platform;
-        for (const Preset* const preset : PresetsFor(QLocale().measurementSystem() == QLocale::MetricSystem)) {
+        for (const Preset* const preset : PresetsFor(PrefersMetric())) {
             if (preset->kind != host.kind.name) {
                 continue;
             }
@@ -171,8 +166,7 @@ private:
             menu.addSeparator();
         }
         for (const OwnPreset& preset : saved) {
-            AddLaying(ToQt(preset.name), QStringLiteral("OwnPreset.") + ToQt(preset.name),
-                      LayFile(preset, host.platform));
+            AddLaying(ToQt(preset.name), QStringLiteral("OwnPreset.") + ToQt(preset.name), LayOf(preset));
         }
     }
 
@@ -180,7 +174,7 @@ private:
     {
         const QString title = Translate("As I Left It");
         const OwnPreset left{title.toStdString(), own.LeftFile(host.kind)};
-        AddLaying(title, QStringLiteral("PresetLeft"), LayFile(left, host.platform)).setEnabled(left.file.Exists());
+        AddLaying(title, QStringLiteral("PresetLeft"), LayOf(left)).setEnabled(left.file.Exists());
     }
 
     void AddSaving()
@@ -201,8 +195,7 @@ private:
         deleting->setObjectName(QStringLiteral("PresetDelete"));
         deleting->setEnabled(!saved.empty());
         for (const OwnPreset& preset : saved) {
-            QAction* const action =
-                deleting->addAction(ToQt(preset.name).replace(QLatin1Char('&'), QLatin1String("&&")));
+            QAction* const action = deleting->addAction(MenuText(ToQt(preset.name)));
             QObject::connect(action, &QAction::triggered, &menu,
                              [remove = host.deletePreset, preset] { remove(preset); });
         }
@@ -238,6 +231,11 @@ bool MayReplace(Platform& platform, const FolderItem& file, const std::string& n
 }
 
 }  // namespace
+
+bool PrefersMetric()
+{
+    return QLocale::system().measurementSystem() == QLocale::MetricSystem;
+}
 
 QPixmap PresetPicture(const Preset& preset, const QSize& size, double pixelRatio)
 {

@@ -31,6 +31,9 @@ struct PresetMenuHost {
 /// with presets. It is filled anew each time it opens.
 void FillPresetMenu(QMenu& menu, const PresetMenuHost& host);
 
+/// Whether the user's system counts in metric units, so that presets of A4 come first.
+bool PrefersMetric();
+
 /// The page of a preset, made small to fit in `size` pixels of the screen. Made once for each size.
 QPixmap PresetPicture(const Preset& preset, const QSize& size, double pixelRatio);
 

@@ -31,8 +31,7 @@ QString NameAmong(const std::vector<FolderItem>& files, const FolderItem& file)
 /// "&1 name", and "1&0 name" for the tenth. The end of a long name, which tells its kind, stays.
 QString Numbered(std::size_t number, const QString& text, const QFontMetrics& font)
 {
-    const QString name =
-        font.elidedText(text, Qt::ElideMiddle, widestName).replace(QLatin1Char('&'), QLatin1String("&&"));
+    const QString name = MenuText(font.elidedText(text, Qt::ElideMiddle, widestName));
     const QString digits = QString::number(number);
     return digits.chopped(1) + QLatin1Char('&') + digits.back() + QLatin1Char(' ') + name;
 }

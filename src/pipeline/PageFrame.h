@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pdf/Units.h"
 #include "platform/Color.h"
 
 #include <cstdint>
@@ -22,6 +23,8 @@ struct PageSetup {
     double rightMargin = 0.0;
     double topMargin = 0.0;
     double bottomMargin = 0.0;
+
+    bool IsInInches() const { return unitPixels == pointsPerInch; }
 
     /// The room between the margins.
     double UsableWidth() const { return static_cast<double>(paperWidth) - leftMargin - rightMargin; }

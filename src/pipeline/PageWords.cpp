@@ -15,7 +15,7 @@ constexpr double mmPerCm = 10.0;
 /// The number of a length without its unit.
 std::string LengthNumber(double points, const PageSetup& page)
 {
-    const bool inInches = page.unitPixels == pointsPerInch;
+    const bool inInches = page.IsInInches();
     const double length = inInches ? points / pointsPerInch : points / pointsPerCm * mmPerCm;
     const double grain = inInches ? 1000.0 : 100.0;
     return Str(std::round(length * grain) / grain);
@@ -23,7 +23,7 @@ std::string LengthNumber(double points, const PageSetup& page)
 
 std::string_view UnitName(const PageSetup& page)
 {
-    return page.unitPixels == pointsPerInch ? " in" : " mm";
+    return page.IsInInches() ? " in" : " mm";
 }
 
 std::string Plural(std::string_view one, bool isOne)

@@ -17,8 +17,8 @@ struct NamedPaper {
 /// In the order of PopupPaperSize, whose last item, Custom, is none of them.
 std::span<const NamedPaper> NamedPapers();
 
-/// The name of the paper, whichever way it lies, such as "A4"; empty if it has none. Either way it may lie: an
-/// exact size goes before one that is turned.
+/// The name of the paper, whichever way it lies, such as "A4"; empty if it has none. An exact size
+/// goes before one that is turned. Ledger and B (USA) are of one size, which is said to be Ledger.
 std::string_view NameOfPaper(const PaperSize& size);
 
 }  // namespace linealis
