@@ -48,6 +48,7 @@ TEST(Stepped, FitsWhatTheFieldMeans)
     EXPECT_EQ(inches(Meaning::AxisValue, "-35", 10.0), "-25");
     EXPECT_EQ(inches(Meaning::Weight, "x", 1.0), "0.1");
     EXPECT_EQ(inches(Meaning::Prose, "7", 1.0), "7");
+    EXPECT_EQ(inches(Meaning::Length, "1e307", 1.0), "1e307") << "as far as numbers go";
 }
 
 TEST(FieldWords, SayLengthsInMillimetres)
@@ -88,11 +89,12 @@ struct LinesOfWidth : PageSink {
     explicit LinesOfWidth(double theWidth) : width(theWidth) {}
 
     double width;
-    std::size_t flat = 0, upright = 0, slanted = 0;
+    std::size_t all = 0, flat = 0, upright = 0, slanted = 0;
 
     bool Scale(double, double) override { return true; }
     bool Stroke(PagePath path, const PagePen& pen) override
     {
+        all += pen.width == width ? 1U : 0U;
         if (pen.width == width && path.size() == 2) {
             const bool isFlat = path[0].to.y == path[1].to.y, isUpright = path[0].to.x == path[1].to.x;
             ++(isFlat ? flat : isUpright ? upright : slanted);
@@ -119,6 +121,7 @@ TEST_P(FieldsOfEveryKind, SayWhichLinesAWeightSets)
         paper.Set({std::string(control->Name()) + "=7.25"});
         LinesOfWidth lines(7.25);
         ReadPage(paper.Content(), lines);
+        EXPECT_GT(lines.all, 0U) << control->Name();
         const auto says = [&](const char* word) { return sets.find(word) != std::string_view::npos; };
         if (says("horizontal") != says("vertical") || says("ruled") || says("slanted")) {
             EXPECT_EQ(lines.flat > 0, says("horizontal") || says("ruled")) << control->Name() << ": " << sets;

@@ -24,6 +24,7 @@
 #include <QUrl>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace linealis::desktop {
 
@@ -101,10 +102,16 @@ void PaperView::LightUp()
     livePage->LightUp(Nudge(tried) ? std::optional(twin.readPage()) : std::nullopt);
 }
 
-void PaperView::ShowWarnings(const PageWarnings& ofPage)
+void PaperView::ShowWarningsOfPage(PageWarnings warnings)
+{
+    pageWarnings = std::move(warnings);
+    ShowWarnings();
+}
+
+void PaperView::ShowWarnings()
 {
     PageWarnings all = formWarnings;
-    all.insert(all.end(), ofPage.begin(), ofPage.end());
+    all.insert(all.end(), pageWarnings.begin(), pageWarnings.end());
     QStringList texts;
     for (const PageWarning& warning : all) {
         texts << ToQt(warning.text);
@@ -117,7 +124,7 @@ void PaperView::FormChanged()
     const PaperPage page = window.ReadPage();
     form->ShowSummary(ToQt(page.describe()));
     formWarnings = FormWarnings(window.form, page.frame);
-    ShowWarnings(livePage->isVisible() ? livePage->Picture().warnings : PageWarnings());
+    ShowWarnings();
     if (livePage->isVisible()) {
         livePane->Show(page, ToQt(PageSummary(kind, page)));
         LightUp();
@@ -210,8 +217,9 @@ void PaperView::MakePage()
     Work([this] { window.PushButtonGenerate_Action(); });
     SayHowPageEnded();
     ChangedOutside(tr("Generate"));  // by what the page corrected in the form
-    if (const std::string_view content = window.Pdf().Stream(); content.size() <= longestContentChecked) {
-        ShowWarnings(ContentWarnings(window.ReadPage().frame, content));
+    const std::string_view content = window.Pdf().Stream();
+    if (!livePage->isVisible() && content.size() <= longestContentChecked) {  // otherwise it has told already
+        ShowWarningsOfPage(ContentWarnings(window.ReadPage().frame, content));
     }
 }
 

@@ -113,7 +113,8 @@ private:
     void ShowWizard();
     void FormChanged();
     /// Shows the warnings of the form, and those of the page behind them.
-    void ShowWarnings(const PageWarnings& ofPage);
+    void ShowWarnings();
+    void ShowWarningsOfPage(PageWarnings warnings);
     /// Lights up what the field with the focus governs.
     void LightUp();
     void Keep() const;
@@ -136,6 +137,7 @@ private:
     StatusLine* status = nullptr;
     CheckButton* checks = nullptr;
     PageWarnings formWarnings;
+    PageWarnings pageWarnings;  ///< of the page that was drawn last, until the form changes
     QTimer changeDelay;
     QTimer progressDelay;
     bool placed = false;

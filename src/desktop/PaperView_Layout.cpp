@@ -88,11 +88,16 @@ void PaperView::Connect()
         LightUp();
     });
     connect(livePageAction, &QAction::triggered, this, &PaperView::ShowLivePage);
-    connect(livePage, &LivePage::Painted, this, [this] { ShowWarnings(livePage->Picture().warnings); });
+    connect(livePage, &LivePage::Painted, this, [this] { ShowWarningsOfPage(livePage->Picture().warnings); });
     connect(status, &QLabel::linkActivated, this, &PaperView::Follow);
 
     changeDelay.setSingleShot(true);  // what changes at once is one change
     connect(form, &FormView::Changed, &changeDelay, qOverload<>(&QTimer::start));
+    connect(form, &FormView::Changed, this, [this] {
+        if (!livePage->isVisible()) {  // which will tell of the new page
+            pageWarnings.clear();
+        }
+    });
     connect(&history, &FormHistory::Changed, &changeDelay, qOverload<>(&QTimer::start));
     connect(&changeDelay, &QTimer::timeout, this, &PaperView::FormChanged);
     FormChanged();

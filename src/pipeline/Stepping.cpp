@@ -76,7 +76,8 @@ std::string Stepped(Meaning meaning, const std::string& text, double steps, Leng
     }
     // The sum may be off in its last bits.
     const double grain = std::pow(10.0, std::max(decimals, 2));
-    return Str(std::round(stepped * grain) / grain);
+    const double rounded = std::round(stepped * grain) / grain;
+    return std::isfinite(rounded) ? Str(rounded) : text;
 }
 
 }  // namespace linealis

@@ -6,6 +6,7 @@
 #include "pipeline/PageJob.h"
 
 #include <QSignalSpy>
+#include <QToolButton>
 #include <QWheelEvent>
 
 namespace linealis::test {
@@ -206,9 +207,34 @@ TEST_F(DesktopLivePage, IsMeasuredAndTold)
         }
     }
     EXPECT_GT(found, 3);
-    EXPECT_FALSE(desktop::StepsOf({0.0, 595.0, 0.001, true}).mark <= 0.0) << "marks of a page too small to see";
+    for (const bool inInches : {true, false}) {
+        for (double scale = 0.05; scale < 20.0; scale *= 1.25) {
+            const desktop::RulerSteps steps = desktop::StepsOf({0.0, 595.0, scale, inInches});
+            EXPECT_GE(steps.mark * scale, 4.0) << scale;
+            EXPECT_GE(steps.mark * steps.marksPerNumber * scale, 38.0) << scale;
+        }
+    }
     Child<QAction>(window, "ViewRulers").trigger();
     EXPECT_FALSE(ruler.isVisible());
+}
+
+TEST_F(DesktopLivePage, WhatToCheckStaysUntilTheFormChanges)
+{
+    QWidget& window = OpenPaper("graph");
+    auto& button = Child<QToolButton>(window, "CheckButton");
+    const auto shown = [&] {
+        QTest::qWait(50);
+        return button.isVisible() ? button.text().toStdString() : "";
+    };
+    EXPECT_EQ(shown(), "") << "nothing has been drawn";
+    GenerateAs(window, folder / "page.pdf");
+    EXPECT_EQ(shown(), "2 things to check");
+    EXPECT_TRUE(button.toolTip().contains(QStringLiteral("stands over lines")));
+    Enter(window, {"EditXScale=90"});
+    EXPECT_EQ(shown(), "1 thing to check") << "the page is no longer that of the form";
+    LivePage& page = Show(window);
+    Picture(page);
+    EXPECT_EQ(shown(), "4 things to check") << "the lines are thinner too";
 }
 
 TEST_F(DesktopLivePage, ShowsWhatThereIsOfAPageGivenUp)
