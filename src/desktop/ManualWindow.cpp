@@ -16,12 +16,22 @@
 #include <QToolButton>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace linealis::desktop {
 
 namespace {
 
 const QString geometryKey = QStringLiteral("windows/manual/geometry");
+const QString address = QStringLiteral("qrc:/manual/manual.html");
+
+/// The address of a chapter. Going there by its address, and not by scrolling, is what Back and Forward know of.
+QUrl ChapterAddress(const QString& anchor)
+{
+    QUrl chapter(address);
+    chapter.setFragment(anchor);
+    return chapter;
+}
 
 /// The name of a heading as links have it.
 QString AnchorOf(const QString& heading)
@@ -54,12 +64,13 @@ ManualWindow::ManualWindow() : text(new QTextBrowser), chapters(new QListWidget)
     text->document()->setDefaultStyleSheet(
         QStringLiteral("td, th { padding: 3px 8px; } code { font-family: monospace; }"));
     text->document()->setDocumentMargin(12.0);
-    text->setSource(QUrl(QStringLiteral("qrc:/manual/manual.html")));
+    text->setSource(QUrl(address));
     chapters->setObjectName(QStringLiteral("ManualChapters"));
     chapters->setAccessibleName(tr("Chapters"));
     ListChapters();
-    connect(chapters, &QListWidget::itemActivated, this,
-            [this](const QListWidgetItem* item) { text->scrollToAnchor(item->data(Qt::UserRole).toString()); });
+    connect(chapters, &QListWidget::itemActivated, this, [this](const QListWidgetItem* item) {
+        text->setSource(ChapterAddress(item->data(Qt::UserRole).toString()));
+    });
     connect(chapters, &QListWidget::itemClicked, chapters, &QListWidget::itemActivated);
 
     const auto add = [this](const QKeySequence& key, auto act) {
@@ -74,8 +85,9 @@ ManualWindow::ManualWindow() : text(new QTextBrowser), chapters(new QListWidget)
     });
     add(Qt::Key_F3, [this] { Find(false); });
     add(Qt::SHIFT | Qt::Key_F3, [this] { Find(true); });
-    add(QKeySequence(QStringLiteral("Ctrl++")), [this] { text->zoomIn(); });
-    add(QKeySequence(QStringLiteral("Ctrl+-")), [this] { text->zoomOut(); });
+    add(QKeySequence(QStringLiteral("Ctrl++")), [this] { Zoom(zoom + 1); });
+    add(QKeySequence(QStringLiteral("Ctrl+-")), [this] { Zoom(zoom - 1); });
+    add(QKeySequence(QStringLiteral("Ctrl+0")), [this] { Zoom(0); });
     add(QKeySequence::Close, [this] { close(); });
 
     resize(940, 720);
@@ -127,13 +139,23 @@ void ManualWindow::ListChapters()
 void ManualWindow::ShowChapter(const QString& heading)
 {
     const QString anchor = AnchorOf(heading);
-    text->verticalScrollBar()->setValue(0);
     for (int i = 0; i < chapters->count(); ++i) {
         if (chapters->item(i)->data(Qt::UserRole).toString() == anchor) {
             chapters->setCurrentRow(i);
-            text->scrollToAnchor(anchor);
+            text->setSource(ChapterAddress(anchor));
+            return;
         }
     }
+    text->setSource(QUrl(address));
+    text->verticalScrollBar()->setValue(0);
+}
+
+void ManualWindow::Zoom(int steps)
+{
+    constexpr int farthest = 5;
+    steps = std::clamp(steps, -farthest, 3 * farthest);
+    text->zoomIn(steps - zoom);
+    zoom = steps;
 }
 
 void ManualWindow::Find(bool backwards)
@@ -156,7 +178,11 @@ void ManualWindow::Find(bool backwards)
 
 void ManualWindow::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Escape) {
+    if (event->key() == Qt::Key_Escape && search->hasFocus() && !search->text().isEmpty()) {
+        search->clear();
+        result->clear();
+        text->setFocus();
+    } else if (event->key() == Qt::Key_Escape) {
         close();
     } else {
         QMainWindow::keyPressEvent(event);

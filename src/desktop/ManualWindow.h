@@ -28,11 +28,14 @@ private:
     void ListChapters();
     /// Searches on from where the last hit stands, and from the other end after the last one.
     void Find(bool backwards);
+    /// Steps of the letters' size away from the size at the start.
+    void Zoom(int steps);
 
     QTextBrowser* text;
     QListWidget* chapters;
     QLineEdit* search = nullptr;
     QLabel* result = nullptr;
+    int zoom = 0;
 };
 
 }  // namespace linealis::desktop

@@ -1,6 +1,6 @@
 #include "TestSupport.h"
+#include "desktop/Application.h"
 
-#include <QApplication>
 #include <QStandardPaths>
 
 int main(int argc, char** argv)
@@ -19,7 +19,7 @@ int main(int argc, char** argv)
         qputenv(name, QByteArray::fromStdString(path));
     }
     QStandardPaths::setTestModeEnabled(true);
-    QApplication application(argc, argv);
+    linealis::desktop::Application application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Linealis"));
     QApplication::setQuitOnLastWindowClosed(false);
     return RUN_ALL_TESTS();

@@ -1,10 +1,12 @@
 #include "DesktopTestSupport.h"
 #include "app/Version.h"
+#include "desktop/Application.h"
 
 #include <QFileOpenEvent>
 #include <QListWidget>
 #include <QScrollBar>
 #include <QTextBrowser>
+#include <QToolButton>
 
 namespace linealis::test {
 namespace {
@@ -76,9 +78,18 @@ TEST_F(DesktopProgram, ManualOpensAtTheForm)
         Settle();
     }
     QWidget& manual = Window("manual");
+    const auto& text = Child<QTextBrowser>(manual, "ManualText");
+    const int last = text.verticalScrollBar()->value();
+    Child<QToolButton>(manual, "ManualBack").click();
+    EXPECT_NE(text.verticalScrollBar()->value(), last) << "back to the chapter before";
+    const int size = text.font().pointSize();
+    Press(manual, Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_GT(text.font().pointSize(), size);
+    Press(manual, Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(text.font().pointSize(), size);
     auto& search = Child<QLineEdit>(manual, "ManualSearch");
     search.setFocus();
-    const auto selected = [&] { return Child<QTextBrowser>(manual, "ManualText").textCursor().selectedText(); };
+    const auto selected = [&] { return text.textCursor().selectedText(); };
     Write(manual, "friedberg");
     Press(manual, Qt::Key_Return);
     EXPECT_EQ(Shown(manual, "ManualResult"), "Not found");
@@ -88,8 +99,22 @@ TEST_F(DesktopProgram, ManualOpensAtTheForm)
     EXPECT_EQ(selected(), QStringLiteral("gallery appears"));
     Press(manual, Qt::Key_F3);
     EXPECT_EQ(Shown(manual, "ManualResult"), "From the other end");
+    search.setFocus();
+    Press(manual, Qt::Key_Escape);
+    EXPECT_EQ(Shown(manual, "ManualSearch"), "");
+    EXPECT_TRUE(manual.isVisible());
     Press(manual, Qt::Key_Escape);
     EXPECT_FALSE(manual.isVisible());
+}
+
+TEST_F(DesktopProgram, SelectedTextCanBeRead)
+{
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+        const QPalette palette = QApplication::palette();
+        EXPECT_GE(desktop::Contrast(palette.color(group, QPalette::Highlight),
+                                    palette.color(group, QPalette::HighlightedText)),
+                  4.5);
+    }
 }
 
 TEST_F(DesktopProgram, ReturnGenerates)

@@ -66,7 +66,7 @@ TEST_F(PresetMenu, LaysPresetsOverTheWindow)
     fs::remove(own.List(kind)[0].file.Path());
     Child<QAction>(menu, "OwnPreset.A & B").trigger();
     ASSERT_EQ(platform.notes.size(), 1U);
-    EXPECT_EQ(platform.notes[0].substr(0, 28), "A & B could not be opened: N");
+    EXPECT_EQ(platform.notes[0].substr(0, 27), "A & B could not be opened: ");
 }
 
 TEST_F(PresetMenu, KeepsDefaultsAndDeletesPresets)
