@@ -25,6 +25,25 @@ void BringToFront(QWidget& window)
     window.activateWindow();
 }
 
+/// Whether it is something that a person does.
+bool IsInput(const QEvent& event)
+{
+    switch (event.type()) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::Shortcut:
+    case QEvent::ShortcutOverride:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::Wheel:
+    case QEvent::Drop:
+        return true;
+    default:
+        return false;
+    }
+}
+
 /// Ends whatever waits for the user.
 void RejectDialogs()
 {
@@ -126,6 +145,9 @@ void Desktop::ShowManual(const PaperKind* kind)
 
 bool Desktop::eventFilter(QObject* watched, QEvent* event)
 {
+    if (quitting && IsInput(*event)) {
+        return true;  // a page that began now would not be stopped
+    }
     switch (event->type()) {
     case QEvent::FileOpen:  // how macOS hands in a document
         OpenDocuments({static_cast<QFileOpenEvent*>(event)->file()});
