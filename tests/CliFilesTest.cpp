@@ -59,12 +59,7 @@ class CliFiles : public testing::Test {
 protected:
     CliFiles() { WriteFile(page, "old"); }
 
-    /// In a shell, where $cli is the program and the working directory the test's folder.
-    Finished Shell(const std::string& script) const
-    {
-        return Execute({"env", "cli=" LINEALIS_CLI_PATH, "bash", "-c",
-                        "cd '" + std::string(folder / "") + "'\nset -o pipefail\n" + script});
-    }
+    Finished Shell(const std::string& script) const { return RunInShell(folder, script); }
 
     void Fails(int status, const std::string& script, const std::string& errors) const
     {

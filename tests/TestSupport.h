@@ -175,6 +175,13 @@ inline Finished Execute(std::vector<std::string> command)
     return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), ReadFile(output), ReadFile(errors)};
 }
 
+/// Runs a script in bash, where $cli is the program and the working directory the folder.
+inline Finished RunInShell(const TemporaryFolder& folder, const std::string& script)
+{
+    return Execute({"env", "cli=" LINEALIS_CLI_PATH, "bash", "-c",
+                    "cd '" + std::string(folder / "") + "'\nset -o pipefail\n" + script});
+}
+
 /// What qpdf finds wrong with a PDF, but for the one warning that every page gets, since its lines end in CR.
 inline std::string Complaints(const fs::path& pdf)
 {

@@ -76,7 +76,7 @@ void Apply(const std::vector<Action>& actions, const PaperKind& kind, PaperWindo
     try {
         DoInOrder(actions, kind, window, platform);
     } catch (const UnknownInput& unknown) {
-        throw Unknown(unknown.what, unknown.given, unknown.possible);
+        throw Unknown(unknown);
     }
 }
 

@@ -1,8 +1,8 @@
 #include "cli/CalibrationCommand.h"
 
 #include "app/Calibration.h"
-#include "cli/Commands.h"
 #include "cli/Errors.h"
+#include "cli/Source.h"
 #include "pipeline/PageJob.h"
 #include "platform/ScreenlessPlatform.h"
 

@@ -1,12 +1,13 @@
 #include "cli/Errors.h"
 
 #include "pdf/MacRoman.h"
+#include "platform/Process.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
 #include <cstdio>
-#include <iostream>
+#include <mutex>
 #include <numeric>
 
 namespace linealis::cli {
@@ -56,6 +57,34 @@ std::string Escaped(std::string_view bytes)
     return escaped;
 }
 
+/// Messages, and on a terminal a line below them that the next message or status takes the place of.
+class StandardError {
+public:
+    void Print(const std::string& text)
+    {
+        const std::lock_guard lock(mutex);
+        Write((status.empty() ? "" : clearLine) + text + status);
+    }
+
+    void SetStatus(const std::string& text)
+    {
+        const std::lock_guard lock(mutex);
+        if (text != status && IsTerminal(stderr)) {
+            status = text;
+            Write(clearLine + text);
+        }
+    }
+
+private:
+    static void Write(const std::string& text) { std::fwrite(text.data(), 1, text.size(), stderr); }
+
+    const std::string clearLine = "\r\x1B[K";
+    std::mutex mutex;
+    std::string status;
+};
+
+StandardError standardError;
+
 }  // namespace
 
 void Complain(std::string_view message)
@@ -64,7 +93,12 @@ void Complain(std::string_view message)
     for (const std::string_view character : Characters(message)) {
         line += IsShownAsItIs(character) ? std::string(character) : Escaped(character);
     }
-    std::cerr << line << '\n';
+    standardError.Print(line + '\n');
+}
+
+void ShowStatus(const std::string& text)
+{
+    standardError.SetStatus(text);
 }
 
 UsageError Unknown(std::string_view what, std::string_view given, std::vector<std::string> possible)
@@ -79,6 +113,11 @@ UsageError Unknown(std::string_view what, std::string_view given, std::vector<st
         message += (i == 0 ? "" : ", ") + possible[i];
     }
     return {message};
+}
+
+UsageError Unknown(const UnknownInput& input)
+{
+    return Unknown(input.what, input.given, input.possible);
 }
 
 }  // namespace linealis::cli

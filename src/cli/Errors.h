@@ -1,5 +1,7 @@
 #pragma once
 
+#include "pipeline/SetControl.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,10 +19,15 @@ struct WorkError {
 };
 
 /// Prints "linealis-cli: MESSAGE" and a line end on standard error. What would command the terminal instead of
-/// being read, control characters and bytes that are no UTF-8, is shown as \xNN.
+/// being read, control characters and bytes that are no UTF-8, is shown as \xNN. May be
+/// called on any thread.
 void Complain(std::string_view message);
+
+/// Shows on a terminal, below all messages, what is going on; the next text replaces it, an empty one removes it.
+void ShowStatus(const std::string& text);
 
 /// "unknown WHAT 'GIVEN'; possible: ...", the nearest match first.
 UsageError Unknown(std::string_view what, std::string_view given, std::vector<std::string> possible);
+UsageError Unknown(const UnknownInput& input);
 
 }  // namespace linealis::cli

@@ -1,7 +1,13 @@
 #include "cli/FormJson.h"
 
+#include "cli/Errors.h"
+#include "cli/InputText.h"
+#include "pipeline/FieldWords.h"
+#include "pipeline/SetControl.h"
+
 #include <array>
 #include <cstdio>
+#include <iostream>
 
 namespace linealis::cli {
 
@@ -49,6 +55,43 @@ struct ControlDescriber {
     void operator()(const Label& label) const { json["value"] = label.Caption(); }
 };
 
+/// What SetControl takes for a control of the file.
+std::string ValueOf(const FormFile& file, const std::string& control, const Json& given)
+{
+    if (given.is_object()) {
+        const auto value = given.find("value");
+        if (value == given.end()) {
+            throw UsageError{file.name + ": " + control + " has no \"value\""};
+        }
+        return ValueOf(file, control, *value);
+    }
+    if (given.is_boolean()) {
+        return given.get<bool>() ? "on" : "off";
+    }
+    if (given.is_string()) {
+        return given.get<std::string>();
+    }
+    if (given.is_number()) {
+        return given.dump();
+    }
+    throw UsageError{file.name + ": " + control + " is a text, a number, true or false, not " + given.dump()};
+}
+
+/// Whether the other controls' values do not depend on this one.
+bool IsPlainValue(const Control& control)
+{
+    return control.Kind() == ControlKind::Text || control.Kind() == ControlKind::Color;
+}
+
+void Set(const PaperKind& kind, const Form& form, const Setting& setting)
+{
+    try {
+        SetControl(kind.name, form, setting);
+    } catch (const UnknownInput& unknown) {
+        throw Unknown(unknown);
+    }
+}
+
 }  // namespace
 
 Json ControlJson(Control& control)
@@ -57,6 +100,83 @@ Json ControlJson(Control& control)
     Visit(control, ControlDescriber{json});
     json["enabled"] = control.IsEnabled();
     return json;
+}
+
+std::string ValueText(Control& control)
+{
+    const Json value = ControlJson(control)["value"];
+    if (value.is_boolean()) {
+        return value.get<bool>() ? "on" : "off";
+    }
+    return value.get<std::string>();
+}
+
+Json KindJson(const PaperKind& kind)
+{
+    return {{"kind", kind.name}, {"title", kind.title}, {"extension", kind.settingsType.extension}};
+}
+
+void Print(const Json& json)
+{
+    constexpr int indent = 2;
+    // Texts of a damaged settings file need not be UTF-8.
+    std::cout << json.dump(indent, ' ', false, Json::error_handler_t::replace) << '\n';
+}
+
+Json FormJson(const PaperKind& kind, const Form& form)
+{
+    Json json = KindJson(kind);
+    json["controls"] = Json::object();
+    for (Control* const control : form.Controls()) {
+        json["controls"][std::string(control->Name())] = ControlJson(*control);
+    }
+    json["aliases"] = Json::object();
+    for (const Control* const control : form.Controls()) {
+        if (control->Kind() != ControlKind::Label) {
+            json["aliases"][AliasOf(form, *control)] = control->Name();
+        }
+    }
+    return json;
+}
+
+FormFile ReadFormFile(const std::string& fileName)
+{
+    constexpr std::size_t longest = std::size_t{1} << 20U;
+    const std::string text = ReadInput(fileName, longest);
+    FormFile file{fileName == "-" ? "standard input" : fileName, "", Json::object()};
+    Json json;
+    try {
+        json = Json::parse(text);
+    } catch (const Json::parse_error& error) {
+        throw WorkError{file.name + ": is no JSON: byte " + std::to_string(error.byte)};
+    }
+    if (!json.is_object() || !json.contains("controls") || !json["controls"].is_object()) {
+        throw WorkError{file.name + ": is no form: it has no object \"controls\""};
+    }
+    if (json.contains("kind") && json["kind"].is_string()) {
+        file.kind = json["kind"];
+    }
+    file.controls = std::move(json["controls"]);
+    return file;
+}
+
+void LayOver(const FormFile& file, const PaperKind& kind, const Form& form)
+{
+    if (!file.kind.empty() && file.kind != kind.name) {
+        throw UsageError{"the form in " + file.name + " is of " + file.kind + ", not of " + std::string(kind.name)};
+    }
+    for (const bool plainValues : {false, true}) {
+        for (const auto& [name, given] : file.controls.items()) {
+            Control* const control = FindByNameOrAlias(form, name);
+            if (given.is_null() || form.Find<Label>(name) || (control && IsPlainValue(*control) != plainValues)) {
+                continue;
+            }
+            const std::string value = ValueOf(file, name, given);
+            if (control == nullptr || ValueText(*control) != value) {  // setting the same again may do something
+                Set(kind, form, {name, value});
+            }
+        }
+    }
 }
 
 }  // namespace linealis::cli

@@ -1,14 +1,46 @@
 #pragma once
 
+#include "app/PaperKinds.h"
 #include "pipeline/Controls.h"
 
 #include <nlohmann/json.hpp>
+
+#include <string>
 
 namespace linealis::cli {
 
 using Json = nlohmann::ordered_json;
 
+/// Prints it on standard output.
+void Print(const Json& json);
+
+/// What there is to know of a kind.
+Json KindJson(const PaperKind& kind);
+
 /// What a control is and holds, and what else it could hold.
 Json ControlJson(Control& control);
+
+/// What a control holds, as --set takes it.
+std::string ValueText(Control& control);
+
+/// A whole form: its kind, all its controls by their names, and the aliases of these.
+Json FormJson(const PaperKind& kind, const Form& form);
+
+/// A form that was read from JSON: what FormJson gives, or a part of it. Beside the objects of FormJson, whose
+/// "value" counts, a control may be its value alone: a text, a number, true or false.
+struct FormFile {
+    std::string name;  ///< of the file, for messages
+    std::string kind;  ///< empty: it tells none
+    Json controls;     ///< an object, in the file's order
+};
+
+/// Reads the file, or standard input for "-". Throws WorkError if it cannot be read, is longer than any form, or is
+/// no form.
+FormFile ReadFormFile(const std::string& fileName);
+
+/// Sets what the file has, whatever its order: first what decides of other controls, such as the unit, then the
+/// texts and colors. What `form` itself printed gives the same page. Throws UsageError at a control or value that
+/// there is not, or if the file is of another kind.
+void LayOver(const FormFile& file, const PaperKind& kind, const Form& form);
 
 }  // namespace linealis::cli

@@ -4,6 +4,7 @@
 
 #include <span>
 #include <string>
+#include <string_view>
 
 namespace linealis {
 
@@ -12,6 +13,12 @@ namespace linealis {
 /// The name of a control that tells it from all others of its form, for who does not see where it stands: "X Axis,
 /// Weight", "Top margin".
 std::string WholeName(const Form& form, const Control& control);
+
+/// The same as one word for who types it: "x-axis-weight", "top-margin".
+std::string AliasOf(const Form& form, const Control& control);
+
+/// The control of that name or alias that is no label, or null.
+Control* FindByNameOrAlias(const Form& form, std::string_view nameOrAlias);
 
 /// The lengths that the fields stand for, as the page uses them: "= 5.0 mm", "= 12.7, 12.7 mm". Lines per unit are
 /// said by their distance. Fields that stand for no length are passed over; empty if none does.

@@ -1,5 +1,7 @@
 #include "pipeline/SetControl.h"
 
+#include "pipeline/FieldWords.h"
+
 #include <algorithm>
 #include <cctype>
 #include <charconv>
@@ -9,19 +11,31 @@ namespace linealis {
 
 namespace {
 
-template <typename Wanted>
-Control& FindControl(std::string_view owner, const Form& form, std::string_view name, Wanted isWanted)
+bool CanBeSet(const Control& control)
 {
-    if (Control* const control = form.Find(name); control != nullptr && isWanted(control->Kind())) {
+    return control.Kind() != ControlKind::Label;
+}
+
+bool CanBeTypedInto(const Control& control)
+{
+    return control.Kind() == ControlKind::Text;
+}
+
+/// A wrong name is answered with names, a wrong alias with aliases.
+Control& FindControl(std::string_view owner, const Form& form, std::string_view given,
+                     bool (*isWanted)(const Control& control))
+{
+    if (Control* const control = FindByNameOrAlias(form, given); control != nullptr && isWanted(*control)) {
         return *control;
     }
+    const bool isAlias = !given.empty() && std::islower(static_cast<unsigned char>(given.front())) != 0;
     std::vector<std::string> possible;
     for (const Control* const control : form.Controls()) {
-        if (isWanted(control->Kind())) {
-            possible.emplace_back(control->Name());
+        if (isWanted(*control)) {
+            possible.push_back(isAlias ? AliasOf(form, *control) : std::string(control->Name()));
         }
     }
-    throw UnknownInput{"control of " + std::string(owner), std::string(name), possible};
+    throw UnknownInput{"control of " + std::string(owner), std::string(given), possible};
 }
 
 /// Whether the texts are the same but for the case of ASCII letters.
@@ -106,14 +120,13 @@ struct Setter {
 
 void SetControl(std::string_view owner, const Form& form, const Setting& setting)
 {
-    const auto canBeSet = [](ControlKind kind) { return kind != ControlKind::Label; };
-    Visit(FindControl(owner, form, setting.control, canBeSet), Setter{setting.value});
+    Visit(FindControl(owner, form, setting.control, CanBeSet), Setter{setting.value});
 }
 
 void TypeIntoControl(std::string_view owner, const Form& form, const Setting& setting)
 {
-    const auto isText = [](ControlKind kind) { return kind == ControlKind::Text; };
-    static_cast<TextField&>(FindControl(owner, form, setting.control, isText)).Type(std::string(setting.value));
+    Control& control = FindControl(owner, form, setting.control, CanBeTypedInto);
+    static_cast<TextField&>(control).Type(std::string(setting.value));
 }
 
 }  // namespace linealis

@@ -98,6 +98,8 @@ public:
 
     virtual FolderItem TemporaryFolder() const = 0;
 
+    /// The time by the clock, or the one that SOURCE_DATE_EPOCH tells, in UTC, for files that are the same each
+    /// time.
     virtual LocalTime Now() const;
 
     /// Today's date as a short text: the system's own form where there is a screen, otherwise YYYY-MM-DD.

@@ -5,12 +5,15 @@
 #include <spawn.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <csignal>
 
 namespace linealis {
 
 namespace {
+
+constexpr std::array endingSignals = {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGPIPE, SIGXCPU};
 
 /// Runs with the signal's own handling already back in force, which the raised signal gets when this returns.
 extern "C" void RemoveNamesAndEnd(int signal)
@@ -36,10 +39,42 @@ void EndCleanlyOn(int signal)
 
 void EndCleanlyOnSignals()
 {
-    for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGPIPE, SIGXCPU}) {
+    for (const int signal : endingSignals) {
         EndCleanlyOn(signal);
     }
     ::signal(SIGXFSZ, SIG_IGN);
+}
+
+struct EndingSignalsHeld::Mask {
+    sigset_t signals{};
+};
+
+EndingSignalsHeld::EndingSignalsHeld() : before(std::make_unique<Mask>())
+{
+    sigset_t held;
+    ::sigemptyset(&held);
+    for (const int signal : endingSignals) {
+        ::sigaddset(&held, signal);
+    }
+    ::pthread_sigmask(SIG_BLOCK, &held, &before->signals);
+}
+
+EndingSignalsHeld::~EndingSignalsHeld()
+{
+    ::pthread_sigmask(SIG_SETMASK, &before->signals, nullptr);
+}
+
+bool EndingSignalsHeld::OneHasArrived() const
+{
+    sigset_t arrived;
+    ::sigpending(&arrived);
+    return std::any_of(endingSignals.begin(), endingSignals.end(),
+                       [&](int signal) { return ::sigismember(&arrived, signal) == 1; });
+}
+
+bool IsTerminal(std::FILE* stream)
+{
+    return ::isatty(::fileno(stream)) == 1;
 }
 
 std::error_code StartProgram(std::string program, std::string argument)

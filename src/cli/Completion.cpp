@@ -1,0 +1,198 @@
+#include "cli/Completion.h"
+
+#include "app/Calibration.h"
+#include "cli/Source.h"
+#include "pipeline/FieldWords.h"
+#include "platform/ScreenlessPlatform.h"
+
+#include <algorithm>
+#include <iostream>
+#include <string_view>
+
+namespace linealis::cli {
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+void Offer(Completions& completions, std::string_view typed, std::string word, std::string_view help)
+{
+    if (word.starts_with(typed)) {
+        completions.words.push_back({std::move(word), std::string(help)});
+    }
+}
+
+void OfferKinds(Completions& completions, std::string_view typed)
+{
+    for (const PaperKind& kind : PaperKinds()) {
+        Offer(completions, typed, std::string(kind.name), kind.title);
+    }
+}
+
+void OfferPresets(Completions& completions, std::string_view typed)
+{
+    for (const Preset& preset : Presets()) {
+        Offer(completions, typed, std::string(preset.id), preset.title);
+    }
+}
+
+/// The kind that the words tell; none if they tell none yet.
+const PaperKind* KindAmong(const Words& words)
+{
+    for (const std::string& word : words) {
+        if (const Preset* const preset = FindPreset(word)) {
+            return &KindOf(*preset);
+        }
+        const std::size_t dot = word.rfind('.');
+        const PaperKind* const kind =
+            dot == std::string::npos ? FindPaperKind(word) : FindPaperKindByExtension(word.substr(dot + 1));
+        if (kind != nullptr) {
+            return kind;
+        }
+    }
+    return nullptr;
+}
+
+/// The values that a control can take, if they can be told.
+std::vector<std::string> ValuesOf(Control& control)
+{
+    if (control.Kind() == ControlKind::Check) {
+        return {"on", "off"};
+    }
+    if (control.Kind() == ControlKind::Popup || control.Kind() == ControlKind::Radio) {
+        const auto& items = static_cast<Choice&>(control).Items();
+        return {items.begin(), items.end()};
+    }
+    return {};
+}
+
+/// CONTROL=VALUE: the controls by their aliases and, once a capital letter has been typed, by their names; behind
+/// the "=" what they can hold.
+void OfferSettings(Completions& completions, const Form& form, std::string_view typed,
+                   bool (*isWanted)(const Control& control))
+{
+    const std::size_t equals = typed.find('=');
+    if (equals != std::string_view::npos) {
+        const std::string_view name = typed.substr(0, equals);
+        if (Control* const control = FindByNameOrAlias(form, name); control != nullptr && isWanted(*control)) {
+            for (const std::string& value : ValuesOf(*control)) {
+                Offer(completions, typed, std::string(name) + "=" + value, "");
+            }
+        }
+        return;
+    }
+    const bool byName = !typed.empty() && typed.front() >= 'A' && typed.front() <= 'Z';
+    for (const Control* const control : form.Controls()) {
+        if (isWanted(*control)) {
+            const std::string name = byName ? std::string(control->Name()) : AliasOf(form, *control);
+            Offer(completions, typed, name + "=", WholeName(form, *control));
+        }
+    }
+}
+
+bool IsNoLabel(const Control& control)
+{
+    return control.Kind() != ControlKind::Label;
+}
+
+bool IsText(const Control& control)
+{
+    return control.Kind() == ControlKind::Text;
+}
+
+/// What stands for an argument, by the name that the help has for it.
+Completions CompleteValue(const std::string& argument, const std::string& typed, const Words& words)
+{
+    Completions completions;
+    if (argument == "KIND") {
+        OfferKinds(completions, typed);
+    } else if (argument == "PRESET") {
+        OfferPresets(completions, typed);
+    } else if (argument == "SOURCE") {
+        OfferKinds(completions, typed);
+        completions.files = true;
+    } else if (argument == "PAPER") {
+        for (const CalibrationPaper& paper : CalibrationPapers()) {
+            Offer(completions, typed, std::string(paper.name), "");
+        }
+    } else if (argument == "DIR") {
+        completions.folders = true;
+    } else if (argument == "FILE") {
+        completions.files = true;
+    } else if (const PaperKind* const kind = KindAmong(words)) {
+        ScreenlessPlatform platform;
+        const std::unique_ptr<PaperWindow> window = MakeWindow(*kind, platform);
+        if (argument != "WIZARD=TEXT") {
+            OfferSettings(completions, window->form, typed, argument == "FIELD=TEXT" ? IsText : IsNoLabel);
+        } else if (Wizard* const wizard = window->GetWizard()) {
+            OfferSettings(completions, wizard->Fields(), typed, IsText);
+        }
+    }
+    return completions;
+}
+
+bool TakesArgument(const CLI::Option& option)
+{
+    return !option.get_positional() && option.get_expected_max() > 0;
+}
+
+const CLI::Option* OptionOf(const CLI::App& command, const std::string& word)
+{
+    return word.starts_with('-') ? command.get_option_no_throw(word) : nullptr;
+}
+
+void OfferOptions(Completions& completions, const CLI::App& command, const std::string& typed)
+{
+    for (const CLI::Option* const option : command.get_options()) {
+        for (const std::string& name : option->get_lnames()) {
+            Offer(completions, typed, "--" + name, option->get_description());
+        }
+    }
+}
+
+}  // namespace
+
+Completions CompleteCommand(const CLI::App& app, const std::string& word)
+{
+    Completions completions;
+    if (word.starts_with('-')) {
+        OfferOptions(completions, app, word);
+        return completions;
+    }
+    for (const CLI::App* const command : app.get_subcommands(nullptr)) {
+        Offer(completions, word, command->get_name(), command->get_description());
+    }
+    return completions;
+}
+
+Completions CompleteArgument(const CLI::App& command, const std::vector<std::string>& words)
+{
+    const std::string& typed = words.back();
+    if (words.size() > 1) {
+        const CLI::Option* const before = OptionOf(command, words[words.size() - 2]);
+        if (before != nullptr && TakesArgument(*before)) {
+            return CompleteValue(before->get_type_name(), typed, words);
+        }
+    }
+    Completions completions;
+    if (typed.starts_with('-')) {
+        OfferOptions(completions, command, typed);
+        return completions;
+    }
+    for (const CLI::Option* const option : command.get_options()) {
+        if (option->get_positional()) {
+            return CompleteValue(option->get_type_name(), typed, words);
+        }
+    }
+    return completions;
+}
+
+void Print(const Completions& completions)
+{
+    for (const Completion& completion : completions.words) {
+        std::cout << completion.word << '\t' << completion.help << '\n';
+    }
+    std::cout << (completions.files ? ":files\n" : "") << (completions.folders ? ":folders\n" : "");
+}
+
+}  // namespace linealis::cli

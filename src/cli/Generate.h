@@ -1,0 +1,26 @@
+#pragma once
+
+#include "cli/Source.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace linealis::cli {
+
+struct GenerateRequest {
+    std::vector<Source> sources;
+    std::vector<Action> actions;
+    std::string output;                ///< a file name, or "-" for standard output; empty with outputDirectory
+    std::string outputDirectory;       ///< where each source's page goes, named after it
+    std::optional<std::string> table;  ///< of one source: a page for each of its rows
+    std::size_t jobs = 1;              ///< pages that are made at a time
+    bool view = false;                 ///< open each page in the viewer
+    bool check = false;                ///< make no page, and say what will disappoint on it
+    bool asJson = false;               ///< of check
+};
+
+/// Makes the pages, or checks them. Of several pages each is tried; throws at the end if one failed.
+void Generate(const GenerateRequest& request);
+
+}  // namespace linealis::cli

@@ -1,0 +1,171 @@
+#include "TestSupport.h"
+
+#include <nlohmann/json.hpp>
+
+#include <csignal>
+
+namespace linealis::test {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+/// What makes linealis-cli a tool of the shell.
+class CliShell : public testing::Test {
+protected:
+    /// What the script prints; it must succeed and complain of nothing.
+    std::string Prints(const std::string& script) const
+    {
+        const Finished call = RunInShell(folder, script);
+        EXPECT_EQ(call.status, 0) << script << "\n" << call.errors;
+        EXPECT_EQ(WithoutWarnings(call.errors), "") << script;
+        return call.output;
+    }
+
+    void Fails(int status, const std::string& script, const std::string& error) const
+    {
+        const Finished call = RunInShell(folder, script);
+        EXPECT_EQ(call.status, status) << script;
+        EXPECT_EQ(call.errors, "linealis-cli: " + error + "\n") << script;
+    }
+
+    std::vector<std::string> Page(std::string_view name) const { return PageOf(folder / name); }
+
+    TemporaryFolder folder;
+};
+
+TEST_F(CliShell, AFormThatWasPrintedGivesTheSamePage)
+{
+    const std::string set = " --set units=cm --set PopupPaperSize=A5 --set EditTopMargin=.7 --set view-graph=off ";
+    for (const PaperKind& kind : PaperKinds()) {
+        const std::string name(kind.name);
+        Prints("$cli generate " + name + set + "-o a.pdf && $cli form " + name + set +
+               "| tee f.json | $cli generate --form - -o b.pdf");
+        EXPECT_EQ(Page("a.pdf"), Page("b.pdf")) << name;
+        const std::string fileToFile = "$cli save " + name + set + "-o a.set; $cli save --form f.json -o b.set; ";
+        Prints(fileToFile + "cmp a.set b.set");
+    }
+}
+
+TEST_F(CliShell, APartOfAFormWillDo)
+{
+    WriteFile(folder / "f.json", R"({"controls": {"top-margin": 1.5, "EditTitle": {"value": "T"}, "units": "cm",
+        "CheckBoxShowAxes": false, "EditXScale": null}})");
+    Prints("$cli generate graph --form f.json --set EditXScale=90 -o a.pdf && $cli generate graph --set units=cm "
+           "--set "
+           "EditTopMargin=1.5 --set EditTitle=T --set show-axes=off --set x-scale=90 -o b.pdf");
+    EXPECT_EQ(Page("a.pdf"), Page("b.pdf"));
+    Fails(2, "$cli generate --form f.json -o a.pdf", "source is required: the form in f.json has no \"kind\"");
+    Fails(2, "$cli form grid | $cli form lined --form -", "the form in standard input is of grid, not of lined");
+    Fails(1, "echo '{\"controls\": 1}' | $cli form grid --form -",
+          "standard input: is no form: it has no object \"controls\"");
+    Fails(1, "echo '{\"controls\": }' | $cli form grid --form -", "standard input: is no JSON: byte 14");
+    Fails(2, "echo '{\"controls\": {\"units\": [1]}}' | $cli form grid --form -",
+          "standard input: units is a text, a number, true or false, not [1]");
+    Fails(2, "echo '{\"controls\": {\"units\": \"m\"}}' | $cli form grid --form -",
+          "unknown item of PopupUnits 'm'; possible: cm, inches, #0 to #1");
+    Fails(1, "$cli form grid --form .", ".: Is a directory");
+    Fails(1, "yes | $cli form grid --form -", "standard input: has more than 1048576 bytes");
+}
+
+TEST_F(CliShell, ATableMakesAPageForEachRow)
+{
+    const std::string generate =
+        "mkdir -p out && rm -f out/* && $cli generate grid --table t.csv --output-dir out ";
+    WriteFile(folder / "t.csv", "\xEF\xBB\xBF"
+                                "file,top-margin,PopupUnits,EditVertSpacing\r\n"
+                                "\"a \"\"b\"\"\",0.7,cm,\r\n\r\nc,,,.4\r\n");
+    Prints(generate);
+    Prints("$cli generate grid --set top-margin=0.7 --set PopupUnits=cm -o one.pdf; "
+           "$cli generate grid --set EditVertSpacing=.4 -o two.pdf");
+    EXPECT_EQ(Prints("ls out"), "a \"b\".pdf\nc.pdf\n");
+    EXPECT_EQ(Page("out/a \"b\".pdf"), Page("one.pdf"));
+    EXPECT_EQ(Page("out/c.pdf"), Page("two.pdf"));
+
+    std::string rows = "top-margin;bottom-margin\n";
+    for (int i = 0; i < 12; ++i) {
+        rows += "0,5;" + std::to_string(i) + "\n";
+    }
+    WriteFile(folder / "t.csv", rows);
+    Prints("export SOURCE_DATE_EPOCH=1700000000; " + generate + "-j 5 && cat out/*.pdf > five; " + generate +
+           "&& cat out/*.pdf | cmp - five");
+    EXPECT_EQ(Prints("ls out | head -2"), "grid-01.pdf\ngrid-02.pdf\n");
+
+    Fails(2, "printf 'file,units\\nx,cm\\n../y,cm\\n' > t.csv; " + generate,
+          "t.csv, row 2: '../y' is not the name of a file alone");
+    Fails(2, "printf 'units\\ncm\\nkm\\n' > t.csv; " + generate,
+          "t.csv, row 2: unknown item of PopupUnits 'km'; possible: cm, inches, #0 to #1");
+    Fails(1, "printf 'units,x-scale\\ncm\\n' > t.csv; " + generate, "t.csv, row 1 has 1 cells, but the head has 2");
+    Fails(1, "printf 'units\\n\\n' > t.csv; " + generate, "t.csv: has no rows below its head");
+    Fails(2, "printf 'file\\nx\\nx\\n' > t.csv; " + generate, "two pages would be written to out/x.pdf");
+    Fails(2, "$cli generate grid --table t.csv -o x.pdf",
+          "--table makes a page for each row, and goes with --output-dir DIR, not with -o");
+}
+
+TEST_F(CliShell, ManyPagesEndInOrder)
+{
+    std::string rows = "EditVertSpacing,EditHorzSpacing,PopupPaperSize\n";
+    for (int i = 0; i < 8; ++i) {
+        rows += ".01,.01,A0\n";
+    }
+    WriteFile(folder / "t.csv", rows);
+    const Finished ended = RunInShell(folder, "mkdir out; $cli generate dots --table t.csv --output-dir out -j 2 & "
+                                              "sleep 0.3; kill -TERM $!; wait $!");
+    EXPECT_EQ(ended.status, 128 + SIGTERM);
+    EXPECT_EQ(Prints("ls -A out | grep -vc 'dots-[1-8].pdf' || true"), "0\n") << "nothing half written";
+    EXPECT_EQ(
+        Prints("for page in out/*.pdf; do [ -e $page ] || continue; tail -c 6 $page; echo; done | sort -u | wc -l"),
+        Prints("[ -n \"$(ls out)\" ] && echo 2 || echo 0"))
+        << "what is there is whole";
+    Fails(1,
+          "rm -r out; mkdir -p out; cd out; mkdir grid-2.pdf; cd ..; "
+          "printf 'units\\ncm\\ncm\\ncm\\n' > t.csv; $cli generate grid --table t.csv --output-dir out",
+          "out/grid-2.pdf: Is a directory");
+    EXPECT_EQ(Prints("ls out"), "grid-1.pdf\ngrid-2.pdf\ngrid-3.pdf\n");
+}
+
+TEST_F(CliShell, ShowsAndComparesSettingsFiles)
+{
+    Prints("$cli save grid -o a.setx; $cli save grid --set top-margin=2 --set CheckVertLines=off -o b.setx");
+    const std::string shown = Prints("$cli show b.setx");
+    for (const char* const line : {"kind\tgrid\n", "summary\tGrid, Letter portrait, 30 by 34 cells of 0.25 in\n",
+                                   "EditTopMargin\t2\tTop margin\n", "CheckVertLines\toff\tVertical Lines\n"}) {
+        EXPECT_NE(shown.find(line), std::string::npos) << line << shown;
+    }
+    EXPECT_EQ(Json::parse(Prints("$cli show --json b.setx"))["controls"]["EditTopMargin"]["value"], "2");
+    EXPECT_EQ(Prints("$cli diff a.setx grid"), "");
+    const Finished differ = RunInShell(folder, "$cli diff a.setx b.setx");
+    EXPECT_EQ(differ.status, 1);
+    EXPECT_EQ(differ.output, "CheckVertLines\ton\toff\tVertical Lines\nEditTopMargin\t0.5\t2\tTop margin\n");
+    EXPECT_EQ(Json::parse(RunInShell(folder, "$cli diff --json a.setx b.setx").output)[1]["other"], "2");
+    Fails(2, "$cli diff a.setx lined",
+          "a.setx is of grid, and lined of lined; only forms of one kind can be compared");
+    Fails(2, "$cli diff a.setx none.setx", "none.setx: No such file or directory");
+    const Finished ended = RunInShell(folder, "head -c 40 a.setx > short.setx; $cli show short.setx");
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_NE(ended.errors.find("short.setx ended at field "), std::string::npos) << ended.errors;
+}
+
+TEST_F(CliShell, TellsShellsWhatCanFollow)
+{
+    EXPECT_EQ(Prints("$cli complete ge"), "generate\tMake a page, or many\n");
+    EXPECT_EQ(Prints("$cli complete generate gri"), "grid\tGrid Graph Paper\n:files\n");
+    EXPECT_EQ(Prints("$cli complete generate --ta | cut -f1"), "--table\n");
+    EXPECT_EQ(Prints("$cli complete generate --preset log-log-5"), "log-log-5\tLog-log, 5 by 5 decades\n");
+    EXPECT_EQ(Prints("$cli complete form grid --set top"), "top-margin=\tTop margin\n");
+    EXPECT_EQ(Prints("$cli complete form a.setx --set EditTop"), "EditTopMargin=\tTop margin\n");
+    EXPECT_EQ(Prints("$cli complete form --preset ruled-college --set orientation=L"), "orientation=Landscape\t\n");
+    EXPECT_EQ(Prints("$cli complete save grid --set view-graph=o | cut -f1"), "view-graph=on\nview-graph=off\n");
+    EXPECT_EQ(Prints("$cli complete generate graph --wizard max-x"), "max-x=\tMax X\n");
+    EXPECT_EQ(Prints("$cli complete generate grid --output-dir ''"), ":folders\n");
+    EXPECT_EQ(Prints("$cli complete generate --set x; $cli complete nothing ''; $cli complete generate -j ''"), "");
+}
+
+TEST_F(CliShell, ATimeThatIsToldGivesTheSameFile)
+{
+    Prints("export TZ=Asia/Tokyo SOURCE_DATE_EPOCH=1700000000; $cli generate cornell -o a.pdf; sleep 1; "
+           "$cli generate cornell -o b.pdf; cmp a.pdf b.pdf");
+    EXPECT_NE(ReadFile(folder / "a.pdf").find("20231114221320"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace linealis::test
