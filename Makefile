@@ -4,7 +4,7 @@ JOBS := $(shell nproc)
 NINJA_FLAGS ?=
 BENCH_FLAGS ?=
 
-.PHONY: run test bench pictures format clean setup programs release
+.PHONY: run test bench package dist pictures format clean setup programs release
 
 # Opens the program; without a screen, writes a sample page of every paper kind instead.
 run: programs
@@ -29,12 +29,22 @@ bench:
 	@cmake --build --preset bench -- $(NINJA_FLAGS)
 	@xvfb-run -a build/bench/bin/linealis_bench --table=build/bench.md $(BENCH_FLAGS)
 
+# Makes the Debian packages, in build/packages.
+package: release
+	@scripts/setup packages
+	@scripts/package build/release build/packages
+
+# Writes the source archive, build/linealis-VERSION.tar.gz, from the last commit.
+dist:
+	@scripts/dist build
+
 # The pictures of README, manual and gallery, from the program's own pages, and of its windows.
 pictures: release
 	@scripts/setup pictures
 	@scripts/readme-pictures build/release/bin/linealis-cli docs/images
 	@scripts/manual-pictures build/release/bin/linealis-cli docs/manual/images
 	@scripts/gallery-pictures build/release/bin/linealis-cli resources/gallery
+	@scripts/icons resources/icons
 	@scripts/screenshots build/release/bin/linealis_screenshots build/screenshots
 
 format:

@@ -23,6 +23,7 @@ struct PaperKind {
     bool hasMarkers = false;                       ///< can write the lines of a marker file on its page
     bool keepsLastSettings = false;  ///< its form is saved when its window ends, and comes back from the gallery
     bool hasFixedSize = false;       ///< its window cannot be resized
+    bool isCommon = false;           ///< stands in the menu of the program's icon
 };
 
 /// A window of the kind, in its opening state.

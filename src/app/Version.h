@@ -11,6 +11,12 @@ extern const ProgramVersion programVersion;
 /// The same as text, such as "1.2.3".
 extern const char* const versionText;
 
+/// The day of the release, such as "2026-01-31".
+extern const char* const releaseDate;
+
+/// What the desktop knows the program by, in reverse-DNS style.
+extern const char* const applicationId;
+
 /// Address of the maker's web server, without a path.
 extern const char* const makersServer;
 

@@ -3,6 +3,7 @@
 #include "app/PageSummary.h"
 #include "cli/Errors.h"
 #include "pipeline/FieldWords.h"
+#include "pipeline/SetControl.h"
 #include "platform/ScreenlessPlatform.h"
 
 #include <algorithm>
@@ -98,8 +99,7 @@ void Show(const Source& source, bool asJson)
     }
     for (Control* const control : form.Controls()) {
         if (!IsLabel(control)) {
-            std::cout << control->Name() << '\t' << ValueText(*control) << '\t' << WholeName(form, *control)
-                      << '\n';
+            std::cout << control->Name() << '\t' << ValueOf(*control) << '\t' << WholeName(form, *control) << '\n';
         }
     }
 }
@@ -116,12 +116,12 @@ bool Differ(const Source& one, const Source& other, bool asJson)
     const PaperForm& form = first.window->form;
     for (Control* const control : form.Controls()) {
         Control& twin = *second.window->form.Find(control->Name());
-        if (IsLabel(control) || ValueText(*control) == ValueText(twin)) {
+        if (IsLabel(control) || ValueOf(*control) == ValueOf(twin)) {
             continue;
         }
         found.push_back({{"control", control->Name()},
-                         {"one", ValueText(*control)},
-                         {"other", ValueText(twin)},
+                         {"one", ValueOf(*control)},
+                         {"other", ValueOf(twin)},
                          {"words", WholeName(form, *control)}});
     }
     if (asJson) {

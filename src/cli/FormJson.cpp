@@ -5,8 +5,6 @@
 #include "pipeline/FieldWords.h"
 #include "pipeline/SetControl.h"
 
-#include <array>
-#include <cstdio>
 #include <iostream>
 
 namespace linealis::cli {
@@ -32,13 +30,6 @@ const char* TypeName(ControlKind kind)
     return "";
 }
 
-std::string HexColor(Color color)
-{
-    std::array<char, 8> text{};
-    std::snprintf(text.data(), text.size(), "#%02X%02X%02X", color.red, color.green, color.blue);
-    return text.data();
-}
-
 /// What a control holds, and what else there is to know of it.
 struct ControlDescriber {
     Json& json;
@@ -51,19 +42,19 @@ struct ControlDescriber {
         json["items"] = choice.Items();
     }
     void operator()(const CheckBox& box) const { json["value"] = box.Value(); }
-    void operator()(const Swatch& swatch) const { json["value"] = HexColor(swatch.Shown()); }
+    void operator()(Swatch& swatch) const { json["value"] = ValueOf(swatch); }
     void operator()(const Label& label) const { json["value"] = label.Caption(); }
 };
 
 /// What SetControl takes for a control of the file.
-std::string ValueOf(const FormFile& file, const std::string& control, const Json& given)
+std::string GivenValue(const FormFile& file, const std::string& control, const Json& given)
 {
     if (given.is_object()) {
         const auto value = given.find("value");
         if (value == given.end()) {
             throw UsageError{file.name + ": " + control + " has no \"value\""};
         }
-        return ValueOf(file, control, *value);
+        return GivenValue(file, control, *value);
     }
     if (given.is_boolean()) {
         return given.get<bool>() ? "on" : "off";
@@ -100,15 +91,6 @@ Json ControlJson(Control& control)
     Visit(control, ControlDescriber{json});
     json["enabled"] = control.IsEnabled();
     return json;
-}
-
-std::string ValueText(Control& control)
-{
-    const Json value = ControlJson(control)["value"];
-    if (value.is_boolean()) {
-        return value.get<bool>() ? "on" : "off";
-    }
-    return value.get<std::string>();
 }
 
 Json KindJson(const PaperKind& kind)
@@ -171,8 +153,8 @@ void LayOver(const FormFile& file, const PaperKind& kind, const Form& form)
             if (given.is_null() || form.Find<Label>(name) || (control && IsPlainValue(*control) != plainValues)) {
                 continue;
             }
-            const std::string value = ValueOf(file, name, given);
-            if (control == nullptr || ValueText(*control) != value) {  // setting the same again may do something
+            const std::string value = GivenValue(file, name, given);
+            if (control == nullptr || ValueOf(*control) != value) {  // setting the same again may do something
                 Set(kind, form, {name, value});
             }
         }

@@ -20,9 +20,6 @@ Json KindJson(const PaperKind& kind);
 /// What a control is and holds, and what else it could hold.
 Json ControlJson(Control& control);
 
-/// What a control holds, as --set takes it.
-std::string ValueText(Control& control);
-
 /// A whole form: its kind, all its controls by their names, and the aliases of these.
 Json FormJson(const PaperKind& kind, const Form& form);
 

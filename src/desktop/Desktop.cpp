@@ -180,6 +180,12 @@ void Desktop::OpenDocuments(const QStringList& files)
 
 void Desktop::OpenDocument(const QString& path)
 {
+    if (path.startsWith(kindRequest)) {
+        if (const PaperKind* const kind = FindPaperKind(path.mid(kindRequest.size()).toStdString())) {
+            app.ShowPaper(*kind);
+        }
+        return;
+    }
     const FolderItem file(std::filesystem::path(path.toStdString()));
     DoAsStep(tr("Open %1").arg(ToQt(file.Name())), [&] { app.Event_OpenDocument(file); });
 }

@@ -16,6 +16,9 @@ namespace linealis::desktop {
 
 class ManualWindow;
 
+/// What stands before the name of a kind among absolute paths of files.
+inline const QString kindRequest = QStringLiteral("paper:");
+
 /// The application on the screen: its windows, and the way from their events to App.
 ///
 /// A window ends in one way, whoever ends it: what it has to store is stored at once, App and this forget it, and
@@ -30,7 +33,8 @@ public:
     /// Reads the preferences, starts the version check and shows the gallery.
     void Open();
 
-    /// Opens the files one after the other, each as soon as no dialog is open.
+    /// Opens the files one after the other, each as soon as no dialog is open. Behind kindRequest the name of a
+    /// kind may stand, whose window is shown then.
     void OpenDocuments(const QStringList& files);
 
     /// Opens settings files of any kind at once, without a message.

@@ -1,3 +1,4 @@
+#include "app/PaperKinds.h"
 #include "app/Version.h"
 #include "desktop/Application.h"
 #include "desktop/Desktop.h"
@@ -46,9 +47,18 @@ QStringList WithoutQtOptions(int argc, char** argv)
     return own;
 }
 
+QStringList KindNames()
+{
+    QStringList names;
+    for (const PaperKind& kind : PaperKinds()) {
+        names << QString::fromUtf8(kind.name.data(), static_cast<qsizetype>(kind.name.size()));
+    }
+    return names;
+}
+
 /// What the command line asks for, told without a screen.
 struct CommandLine {
-    QStringList files;
+    QStringList files;          ///< and kinds, as Desktop::OpenDocuments takes them
     std::optional<int> status;  ///< with which the program ends at once
 
     CommandLine(int argc, char** argv);
@@ -60,10 +70,14 @@ CommandLine::CommandLine(int argc, char** argv)
     parser.setApplicationDescription(QStringLiteral("Makes printable paper."));
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
+    const QCommandLineOption paper(QStringLiteral("paper"), QStringLiteral("Open the form of a kind of paper."),
+                                   QStringLiteral("kind"));
+    parser.addOption(paper);
     parser.addPositionalArgument(QStringLiteral("files"), QStringLiteral("Settings files to open."),
                                  QStringLiteral("[files...]"));
     if (!parser.parse(WithoutQtOptions(argc, argv))) {
-        std::fprintf(stderr, "linealis: %s; possible: --help, --version, and settings files to open\n",
+        std::fprintf(stderr,
+                     "linealis: %s; possible: --paper KIND, --help, --version, and settings files to open\n",
                      parser.errorText().toUtf8().constData());
         status = usageWrong;
     } else if (parser.isSet(help)) {
@@ -74,6 +88,14 @@ CommandLine::CommandLine(int argc, char** argv)
     } else if (parser.isSet(version)) {
         std::printf("linealis %s\n", versionText);
         status = 0;
+    }
+    for (const QString& kind : parser.values(paper)) {
+        if (FindPaperKind(kind.toStdString()) == nullptr) {
+            std::fprintf(stderr, "linealis: unknown kind of paper '%s'; possible: %s\n", kind.toUtf8().constData(),
+                         KindNames().join(QStringLiteral(", ")).toUtf8().constData());
+            status = usageWrong;
+        }
+        files << desktop::kindRequest + kind;
     }
     // As a program with another working directory finds them.
     for (const QString& file : parser.positionalArguments()) {
@@ -112,6 +134,15 @@ QString NameOfInstance()
                QString(display).replace(screen, QStringLiteral("\\1")).toUtf8().toPercentEncoding());
 }
 
+QIcon ProgramIcon()
+{
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+        icon.addFile(QStringLiteral(":/icons/linealis-%1.png").arg(size));
+    }
+    return icon;
+}
+
 int RunProgram(desktop::Application& application, desktop::SingleInstance& instance, const QStringList& documents)
 {
     desktop::Desktop desktop;
@@ -146,7 +177,8 @@ int main(int argc, char** argv)
     desktop::Application application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Linealis"));
     QApplication::setApplicationVersion(QString::fromUtf8(versionText));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/gallery/Graph.png")));
+    QGuiApplication::setDesktopFileName(QString::fromUtf8(applicationId));
+    QApplication::setWindowIcon(ProgramIcon());
 
     desktop::SingleInstance instance(runtimeFolder, NameOfInstance());
     if (instance.HandOver(line.files)) {

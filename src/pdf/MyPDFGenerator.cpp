@@ -150,10 +150,7 @@ bool MyPDFGenerator::CloseFile(Platform& platform)
             b.Error().message());
         return false;
     }
-    WriteStringLineToFile("%PDF-1.4");
-    WriteObjects(streamData, platform.Now());
-    WriteCrossReferenceTable();
-    WriteTrailer();
+    WriteDocument(streamData, platform.Now());
     if (const std::error_code error = b.Close()) {
         platform.ShowFileError(theFile,
                                "Unable to write the file " + theFile.Name() + ": " + error.message() +
@@ -162,6 +159,24 @@ bool MyPDFGenerator::CloseFile(Platform& platform)
         return false;
     }
     return true;
+}
+
+std::string MyPDFGenerator::FileBytes(const LocalTime& now)
+{
+    const std::string streamData = CompressedStream();
+    std::string bytes;
+    b = BinaryStream::IntoMemory(bytes);
+    WriteDocument(streamData, now);
+    b = BinaryStream();
+    return bytes;
+}
+
+void MyPDFGenerator::WriteDocument(std::string_view streamData, const LocalTime& now)
+{
+    WriteStringLineToFile("%PDF-1.4");
+    WriteObjects(streamData, now);
+    WriteCrossReferenceTable();
+    WriteTrailer();
 }
 
 std::string MyPDFGenerator::CompressedStream()

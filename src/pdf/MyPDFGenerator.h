@@ -70,6 +70,9 @@ public:
     /// written, says so through the platform and leaves an existing file as it was. Returns whether it was written.
     bool CloseFile(Platform& platform);
 
+    /// The bytes that CloseFile would write, dated like that.
+    std::string FileBytes(const LocalTime& now);
+
     void Delete() {}
 
     /// Gives up the page, the memory that its drawing took and a file that is half written.
@@ -171,6 +174,7 @@ private:
     void WriteInfoObject(const LocalTime& now);
     void WriteResourceObject();
     void WriteObjects(std::string_view streamData, const LocalTime& now);
+    void WriteDocument(std::string_view streamData, const LocalTime& now);
     void WriteCrossReferenceTable();
     void WriteTrailer();
     void WriteStringToFile(std::string_view text);

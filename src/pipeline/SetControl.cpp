@@ -3,8 +3,10 @@
 #include "pipeline/FieldWords.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <charconv>
+#include <cstdio>
 #include <optional>
 
 namespace linealis {
@@ -100,6 +102,21 @@ Color ColorFrom(const Control& control, std::string_view given)
             static_cast<std::uint8_t>(*number)};
 }
 
+std::string HexColor(Color color)
+{
+    std::array<char, 8> text{};
+    std::snprintf(text.data(), text.size(), "#%02X%02X%02X", color.red, color.green, color.blue);
+    return text.data();
+}
+
+struct ValueReader {
+    std::string operator()(const TextField& field) const { return field.Text(); }
+    std::string operator()(const Choice& choice) const { return std::string(choice.Selected()); }
+    std::string operator()(const CheckBox& box) const { return box.Value() ? "on" : "off"; }
+    std::string operator()(const Swatch& swatch) const { return HexColor(swatch.Shown()); }
+    std::string operator()(const Label& label) const { return label.Caption(); }
+};
+
 /// Sets a control to what is given, as the user would.
 struct Setter {
     std::string_view given;
@@ -121,6 +138,11 @@ struct Setter {
 void SetControl(std::string_view owner, const Form& form, const Setting& setting)
 {
     Visit(FindControl(owner, form, setting.control, CanBeSet), Setter{setting.value});
+}
+
+std::string ValueOf(Control& control)
+{
+    return Visit(control, ValueReader{});
 }
 
 void TypeIntoControl(std::string_view owner, const Form& form, const Setting& setting)

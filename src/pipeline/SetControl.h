@@ -26,6 +26,9 @@ struct Setting {
 /// UnknownInput if there is no such control or it has no such value.
 void SetControl(std::string_view owner, const Form& form, const Setting& setting);
 
+/// What the control holds, as SetControl takes it. Of a label: its text.
+std::string ValueOf(Control& control);
+
 /// Types the value into a text field, as the user would. Throws UnknownInput if there is no such field.
 void TypeIntoControl(std::string_view owner, const Form& form, const Setting& setting);
 

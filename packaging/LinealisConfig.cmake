@@ -1,0 +1,5 @@
+# The package Linealis, with the target Linealis::linealis.
+
+include(CMakeFindDependencyMacro)
+find_dependency(ZLIB)
+include("${CMAKE_CURRENT_LIST_DIR}/LinealisTargets.cmake")

@@ -1,0 +1,12 @@
+# Before a package is made of them, manual pages and histories are compressed, and all files get the time of the release,
+# so that two builds make the same package.
+
+set(root "${CPACK_TEMPORARY_INSTALL_DIRECTORY}")
+file(GLOB_RECURSE texts "${root}/*")
+list(FILTER texts INCLUDE REGEX "/man/man./[^/]*$|/changelog[^/]*$")
+list(FILTER texts EXCLUDE REGEX "[.]gz$")
+if(texts)
+    execute_process(COMMAND gzip -9n ${texts} COMMAND_ERROR_IS_FATAL ANY)
+endif()
+file(GLOB_RECURSE files LIST_DIRECTORIES true "${root}/*")
+execute_process(COMMAND touch --no-dereference --date=@$ENV{SOURCE_DATE_EPOCH} ${files} COMMAND_ERROR_IS_FATAL ANY)

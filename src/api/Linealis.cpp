@@ -1,0 +1,112 @@
+#include "api/Linealis.h"
+
+#include "app/Presets.h"
+#include "pipeline/FieldWords.h"
+#include "platform/ScreenlessPlatform.h"
+
+#include <stdexcept>
+
+namespace linealis {
+
+struct Sheet::Parts {
+    ScreenlessPlatform platform;
+    std::unique_ptr<PaperWindow> window;
+};
+
+namespace {
+
+std::invalid_argument Unknown(const UnknownInput& input)
+{
+    std::string message = "unknown " + input.what + " '" + input.given + "'; possible: ";
+    for (const std::string& possible : input.possible) {
+        message += (&possible == &input.possible.front() ? "" : ", ") + possible;
+    }
+    return std::invalid_argument(message);
+}
+
+}  // namespace
+
+std::vector<std::string> Sheet::Kinds()
+{
+    std::vector<std::string> names;
+    for (const PaperKind& kind : PaperKinds()) {
+        names.emplace_back(kind.name);
+    }
+    return names;
+}
+
+std::vector<std::string> Sheet::Presets()
+{
+    std::vector<std::string> ids;
+    for (const Preset& preset : linealis::Presets()) {
+        ids.emplace_back(preset.id);
+    }
+    return ids;
+}
+
+Sheet::Sheet(std::string_view kindOrPreset) : parts(std::make_unique<Parts>())
+{
+    if (const Preset* const preset = FindPreset(kindOrPreset)) {
+        parts->window = MakeWindow(*preset, parts->platform);
+    } else if (const PaperKind* const kind = FindPaperKind(kindOrPreset)) {
+        parts->window = MakeWindow(*kind, parts->platform);
+    } else {
+        throw Unknown({"kind", std::string(kindOrPreset), Kinds()});
+    }
+}
+
+Sheet::Sheet(Sheet&& other) noexcept = default;
+Sheet& Sheet::operator=(Sheet&& other) noexcept = default;
+Sheet::~Sheet() = default;
+
+std::vector<std::string> Sheet::Controls() const
+{
+    std::vector<std::string> names;
+    for (const Control* const control : parts->window->form.Controls()) {
+        if (control->Kind() != ControlKind::Label) {
+            names.emplace_back(control->Name());
+        }
+    }
+    return names;
+}
+
+std::string Sheet::Get(std::string_view control) const
+{
+    if (Control* const found = FindByNameOrAlias(parts->window->form, control)) {
+        return ValueOf(*found);
+    }
+    throw Unknown({"control", std::string(control), Controls()});
+}
+
+void Sheet::Set(std::string_view control, std::string_view value)
+{
+    try {
+        SetControl("the sheet", parts->window->form, {control, value});
+    } catch (const UnknownInput& input) {
+        throw Unknown(input);
+    }
+}
+
+std::string Sheet::Settings() const
+{
+    return parts->window->SettingsBytes();
+}
+
+void Sheet::Load(std::string_view settings)
+{
+    parts->window->LayOver(BinaryStream::FromMemory(settings));
+}
+
+std::string Sheet::Page() const
+{
+    Turns turns([] {});
+    MyPDFGenerator pdf(turns);
+    try {
+        DrawContent(parts->window->ReadPage(), pdf, turns, {});
+    } catch (const PageGivenUp& givenUp) {
+        throw std::runtime_error(givenUp.reason);
+    }
+    return pdf.FileBytes(parts->platform.Now());
+}
+
+}  // namespace linealis
