@@ -64,7 +64,7 @@ TEST_F(CliShell, APartOfAFormWillDo)
     Fails(2, "echo '{\"controls\": {\"units\": \"m\"}}' | $cli form grid --form -",
           "unknown item of PopupUnits 'm'; possible: cm, inches, #0 to #1");
     Fails(1, "$cli form grid --form .", ".: Is a directory");
-    Fails(1, "yes | $cli form grid --form -", "standard input: has more than 1048576 bytes");
+    Fails(1, "yes | $cli form grid --form -", "standard input: has more than 67108864 bytes");
 }
 
 TEST_F(CliShell, ATableMakesAPageForEachRow)

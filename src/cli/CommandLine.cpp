@@ -14,6 +14,8 @@ namespace {
 constexpr int done = 0;
 constexpr int different = 1;
 constexpr int mostJobs = 256;
+constexpr int largestThumbnail = 4096;
+constexpr double mostDotsPerInch = 9600.0;
 
 const char* const actionHelp =
     "Actions are done in the order in which they stand:\n"
@@ -102,6 +104,8 @@ const std::vector<CommandLine::Command>& CommandLine::Commands()
         {"save", "Save a form as a settings file", &CommandLine::AddSaveOptions, &CommandLine::RunSave},
         {"calibration", "Make the sheet that shows how true a printer's lengths are",
          &CommandLine::AddCalibrationOptions, &CommandLine::RunCalibration},
+        {"thumbnail", "Make a small picture of the page of a settings file", &CommandLine::AddThumbnailOptions,
+         &CommandLine::RunThumbnail},
     };
     return commands;
 }
@@ -245,9 +249,19 @@ void CommandLine::AddGenerateOptions(CLI::App& command)
 {
     AddBeginningOptions(command);
     command.add_option("source", begin.names, "A kind of paper, or settings files")->type_name("SOURCE");
-    command.add_option("-o,--output", request.output, "The PDF file; - is standard output")->type_name("FILE");
-    command.add_option("--output-dir", request.outputDirectory, "Folder for a PDF file named after each source")
+    command
+        .add_option("-o,--output", request.output,
+                    "The file: .pdf, .svg or .png; without an ending a PDF file; - is standard output")
+        ->type_name("FILE");
+    command.add_option("--output-dir", request.outputDirectory, "Folder for a file named after each source")
         ->type_name("DIR");
+    command.add_option("--format", request.format, "pdf, svg or png, whatever the file's ending")
+        ->type_name("FORMAT");
+    command.add_option("--dpi", request.dotsPerInch, "Pixels per inch of a PNG file")
+        ->type_name("NUMBER")
+        ->check(CLI::Range(1.0, mostDotsPerInch).description(""))
+        ->capture_default_str();
+    command.add_flag("--transparent", request.isTransparent, "A PNG file without the white of the paper");
     command
         .add_option(
             "--table", request.table,
@@ -296,13 +310,29 @@ int CommandLine::RunCalibration()
     return done;
 }
 
+void CommandLine::AddThumbnailOptions(CLI::App& command)
+{
+    command.add_option("settings", settingsFile, "The settings file")->type_name("FILE")->required();
+    command.add_option("output", output, "The PNG file")->type_name("FILE")->required();
+    command.add_option("--size", size, "Pixels of its longer side")
+        ->type_name("NUMBER")
+        ->check(CLI::Range(1, largestThumbnail).description(""))
+        ->capture_default_str();
+}
+
+int CommandLine::RunThumbnail()
+{
+    MakeThumbnail(settingsFile, output, size);
+    return done;
+}
+
 void CommandLine::AddBeginningOptions(CLI::App& command)
 {
     command.add_option("--preset", begin.preset, "Begin with a preset, which tells the kind of paper")
         ->type_name("PRESET");
     command
         .add_option("--form", begin.form,
-                    "Lay over it a form as JSON, as form prints it, or a part of one; - is "
+                    "Lay over it a form: the JSON that form prints, or a part of it, or an SVG or PNG page; - is "
                     "standard input")
         ->type_name("FILE");
 }

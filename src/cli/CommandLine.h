@@ -60,6 +60,7 @@ private:
     void AddGenerateOptions(CLI::App& command);
     void AddSaveOptions(CLI::App& command);
     void AddCalibrationOptions(CLI::App& command);
+    void AddThumbnailOptions(CLI::App& command);
 
     void AddBeginningOptions(CLI::App& command);
     void AddSourceOptions(CLI::App& command);
@@ -74,6 +75,7 @@ private:
     int RunGenerate();
     int RunSave();
     int RunCalibration();
+    int RunThumbnail();
 
     CLI::App app{"Makes printable paper as PDF files.", "linealis-cli"};
     ActionOptions actions;
@@ -82,6 +84,8 @@ private:
     SourceOptions begin;
     std::string output;
     std::string paper = "a4";
+    std::string settingsFile;
+    int size = 256;
     GenerateRequest request;
 };
 

@@ -36,6 +36,13 @@ OpenWindow OpenToShow(const Source& source, ScreenlessPlatform& platform)
 
 }  // namespace
 
+void Print(const Json& json)
+{
+    constexpr int indent = 2;
+    // Texts of a damaged settings file need not be UTF-8.
+    std::cout << json.dump(indent, ' ', false, Json::error_handler_t::replace) << '\n';
+}
+
 void ListPresets(bool asJson, const std::optional<std::string>& kind)
 {
     if (kind) {

@@ -8,6 +8,9 @@
 
 namespace linealis::cli {
 
+/// Prints it on standard output.
+void Print(const Json& json);
+
 /// Prints the kinds, a line each, or as JSON.
 void ListKinds(bool asJson);
 

@@ -115,6 +115,10 @@ Completions CompleteValue(const std::string& argument, const std::string& typed,
         for (const CalibrationPaper& paper : CalibrationPapers()) {
             Offer(completions, typed, std::string(paper.name), "");
         }
+    } else if (argument == "FORMAT") {
+        for (const char* const format : {"pdf", "svg", "png"}) {
+            Offer(completions, typed, format, "");
+        }
     } else if (argument == "DIR") {
         completions.folders = true;
     } else if (argument == "FILE") {

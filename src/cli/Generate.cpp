@@ -1,13 +1,18 @@
 #include "cli/Generate.h"
 
 #include "app/PageCheck.h"
+#include "cli/Commands.h"
 #include "cli/Errors.h"
 #include "cli/PageJobs.h"
 #include "cli/Table.h"
+#include "exchange/PngPage.h"
+#include "exchange/SvgPage.h"
 #include "platform/Process.h"
 #include "platform/ScreenlessPlatform.h"
 
 #include <algorithm>
+#include <array>
+#include <cctype>
 #include <exception>
 #include <iostream>
 #include <set>
@@ -24,7 +29,52 @@ struct PageJob {
     std::string name;  ///< for messages
     std::vector<Action> actions;
     std::string output;
+    PageFormat format = PageFormat::Pdf;
 };
+
+struct FormatName {
+    std::string_view name;
+    PageFormat format;
+};
+
+constexpr std::array formatNames = {FormatName{"pdf", PageFormat::Pdf}, FormatName{"svg", PageFormat::Svg},
+                                    FormatName{"png", PageFormat::Png}};
+
+std::optional<PageFormat> FormatNamed(std::string name)
+{
+    std::transform(name.begin(), name.end(), name.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    for (const FormatName& known : formatNames) {
+        if (known.name == name) {
+            return known.format;
+        }
+    }
+    return std::nullopt;
+}
+
+std::string_view NameOf(PageFormat format)
+{
+    return formatNames.at(static_cast<std::size_t>(format)).name;
+}
+
+/// What --format says, or else the ending of the output file. One without an ending is a PDF file.
+PageFormat FormatOf(const GenerateRequest& request)
+{
+    if (request.format) {
+        if (const auto format = FormatNamed(*request.format)) {
+            return *format;
+        }
+        throw Unknown("format", *request.format, {"pdf", "svg", "png"});
+    }
+    const std::string ending = fs::path(request.output).extension().string();
+    if (ending.size() <= 1 || request.output.starts_with("/dev/") || request.output.starts_with("/proc/")) {
+        return PageFormat::Pdf;
+    }
+    if (const auto format = FormatNamed(ending.substr(1))) {
+        return *format;
+    }
+    throw Unknown("ending of -o", ending, {".pdf", ".svg", ".png", "none, which is a PDF file"});
+}
 
 void LaunchViewer(const FolderItem& file)
 {
@@ -56,9 +106,35 @@ void Say(const ScreenlessPlatform& platform)
     }
 }
 
+void Warn(const PageJob& job, const PaperWindow& window, std::string_view content,
+          const ScreenlessPlatform& platform)
+{
+    if (content.size() <= longestChecked) {
+        for (const PageWarning& warning : WarningsOf(window, content, platform)) {
+            Complain("warning: " + job.name + ": " + warning.text);
+        }
+    }
+}
+
+std::string DrawPage(const std::string& name, PaperWindow& window)
+{
+    try {
+        return window.DrawPage();
+    } catch (const PageGivenUp& givenUp) {
+        throw WorkError{name + ": " + givenUp.reason};
+    }
+}
+
+/// The file that a page goes to. Whoever may write to the folder shall not choose another for it.
+FolderItem FileOf(const PageJob& job, const GenerateRequest& request)
+{
+    const FolderItem file = OutputFile(job.output);
+    return request.output.empty() ? file.WithoutLinks() : file;
+}
+
 /// One page by the road of the Generate button with the shift key held down: a file that the settings brought
 /// back is forgotten, and the save dialog answers with the output file.
-void GeneratePage(const PageJob& job, const GenerateRequest& request, const std::atomic<bool>& stop)
+void GeneratePdf(const PageJob& job, const GenerateRequest& request, const std::atomic<bool>& stop)
 {
     ScreenlessPlatform platform;
     platform.onYield = [&stop] {
@@ -67,21 +143,14 @@ void GeneratePage(const PageJob& job, const GenerateRequest& request, const std:
         }
     };
     platform.shiftKey = true;
-    platform.saveAnswer = OutputFile(job.output);
-    if (request.output.empty()) {  // whoever may write to the folder shall not choose another file for the page
-        platform.saveAnswer = platform.saveAnswer.WithoutLinks();
-    }
+    platform.saveAnswer = FileOf(job, request);
     const OpenWindow open = Open(*job.source, job.actions, platform);
     open.window->PushButtonGenerate_Action();
     if (open.window->LastPage() == PageEnd::Stopped) {
         return;
     }
     Say(platform);
-    if (const std::string_view content = open.window->Pdf().Stream(); content.size() <= longestChecked) {
-        for (const PageWarning& warning : WarningsOf(*open.window, content, platform)) {
-            Complain("warning: " + job.name + ": " + warning.text);
-        }
-    }
+    Warn(job, *open.window, open.window->Pdf().Stream(), platform);
     if (!platform.fileErrors.empty()) {
         throw WorkError{job.output + ": " + platform.fileErrors.front().reason};
     }
@@ -90,17 +159,73 @@ void GeneratePage(const PageJob& job, const GenerateRequest& request, const std:
     }
 }
 
+void CheckPixels(const PaperSize& paper, const GenerateRequest& request, const std::string& name)
+{
+    const PixelSize size = PixelsOf(paper, request.dotsPerInch);
+    if (size.width > mostPixels || size.height > mostPixels || size.width * size.height > mostPixels) {
+        throw UsageError{name + ": a picture of " + std::to_string(size.width) + " by " +
+                         std::to_string(size.height) + " pixels is too large; --dpi " +
+                         std::to_string(HighestDotsPerInch(paper)) + " would fit"};
+    }
+}
+
+/// The same content as that of the PDF file, in another format. The picture carries its form.
+void GeneratePicture(const PageJob& job, const GenerateRequest& request, const std::atomic<bool>& stop)
+{
+    ScreenlessPlatform platform;
+    const auto stopIfAsked = [&stop] {
+        if (stop) {
+            throw PageStopped{};
+        }
+    };
+    platform.onYield = stopIfAsked;
+    const OpenWindow open = Open(*job.source, job.actions, platform);
+    const PageFrame frame = open.window->ReadPage().frame;
+    const PaperSize paper{frame.paperWidth, frame.paperHeight};
+    if (job.format == PageFormat::Png) {
+        CheckPixels(paper, request, job.name);
+    }
+    const std::string content = DrawPage(job.name, *open.window);
+    Say(platform);
+    Warn(job, *open.window, content, platform);
+    const std::string carried = CarriedForm(*open.kind, open.window->form);
+    const FolderItem file = FileOf(job, request);
+    BinaryStream stream = file.CreateBinaryFile();
+    if (stream.IsOpen()) {
+        if (job.format == PageFormat::Png) {
+            WritePng(paper, content, {request.dotsPerInch, request.isTransparent, 0.0, carried, stopIfAsked},
+                     stream);
+        } else {
+            stream.Write(SvgOf(paper, content, carried));
+        }
+        stream.Close();
+    }
+    if (stream.Error()) {
+        throw WorkError{job.output + ": " + stream.Error().message()};
+    }
+    if (request.view) {
+        LaunchViewer(file);
+    }
+}
+
+void GeneratePage(const PageJob& job, const GenerateRequest& request, const std::atomic<bool>& stop)
+{
+    if (job.format == PageFormat::Pdf) {
+        GeneratePdf(job, request, stop);
+        return;
+    }
+    try {
+        GeneratePicture(job, request, stop);
+    } catch (const PageStopped&) {  // the program ends
+    }
+}
+
 /// Tells before the page is printed what will disappoint on it.
 void CheckPage(const PageJob& job, const GenerateRequest& request, Json& found)
 {
     ScreenlessPlatform platform;
     const OpenWindow open = Open(*job.source, job.actions, platform);
-    std::string content;
-    try {
-        content = open.window->DrawPage();
-    } catch (const PageGivenUp& givenUp) {
-        throw WorkError{job.name + ": " + givenUp.reason};
-    }
+    const std::string content = DrawPage(job.name, *open.window);
     Say(platform);
     for (const PageWarning& warning : WarningsOf(*open.window, content, platform)) {
         if (request.asJson) {
@@ -115,11 +240,13 @@ void CheckPage(const PageJob& job, const GenerateRequest& request, Json& found)
 /// The page of a source alone, in the directory or, without one, in the output file.
 PageJob JobOf(const Source& source, const GenerateRequest& request)
 {
+    const PageFormat format = FormatOf(request);
     if (request.outputDirectory.empty()) {
-        return {&source, source.name, request.actions, request.output};
+        return {&source, source.name, request.actions, request.output, format};
     }
     const std::string stem = source.preset != nullptr ? source.name : fs::path(source.name).stem().string();
-    return {&source, source.name, request.actions, (fs::path(request.outputDirectory) / (stem + ".pdf")).string()};
+    const std::string name = stem + "." + std::string(NameOf(format));
+    return {&source, source.name, request.actions, (fs::path(request.outputDirectory) / name).string(), format};
 }
 
 /// A page for each row of the table. Where it gives no name, the page has that of the source and the row's number.
@@ -137,7 +264,7 @@ std::vector<PageJob> JobsOfTable(const GenerateRequest& request)
         const std::string name =
             row.fileName.empty() ? output.stem().string() + "-" + std::string(digits - number.size(), '0') + number
                                  : row.fileName;
-        job.output = (output.parent_path() / (name + ".pdf")).string();
+        job.output = (output.parent_path() / (name + output.extension().string())).string();
         jobs.push_back(std::move(job));
     }
     return jobs;
@@ -289,6 +416,26 @@ void Generate(const GenerateRequest& request)
         GeneratePage(jobs.front(), request, false);
     } else {
         GeneratePages(jobs, request);
+    }
+}
+
+void MakeThumbnail(const std::string& settingsFile, const std::string& output, int size)
+{
+    const Source source{settingsFile};
+    ScreenlessPlatform platform;
+    const OpenWindow open = Open(source, {}, platform);
+    const PageFrame frame = open.window->ReadPage().frame;
+    const PaperSize paper{frame.paperWidth, frame.paperHeight};
+    const auto longer = static_cast<double>(std::max(paper.width, paper.height));
+    BinaryStream stream = OutputFile(output).CreateBinaryFile();
+    if (stream.IsOpen()) {
+        constexpr double thinnest = 0.5;  // pixels: thinner lines would hardly be seen
+        const std::string content = DrawPage(settingsFile, *open.window);
+        WritePng(paper, content, {size * pointsPerInch / longer, false, thinnest}, stream);
+        stream.Close();
+    }
+    if (stream.Error()) {
+        throw WorkError{output + ": " + stream.Error().message()};
     }
 }
 

@@ -1,6 +1,7 @@
 #include "cli/Source.h"
 
 #include "cli/Errors.h"
+#include "cli/InputText.h"
 
 #include <algorithm>
 
@@ -33,6 +34,27 @@ const Preset& PresetNamed(const std::string& id)
         possible.emplace_back(preset.id);
     }
     throw Unknown("preset", id, possible);
+}
+
+FormFile ReadFormFile(const std::string& fileName)
+{
+    constexpr std::size_t longest = std::size_t{64} << 20U;  // of a picture that carries a form
+    try {
+        return ParseForm(fileName == "-" ? "standard input" : fileName, ReadInput(fileName, longest));
+    } catch (const FormError& error) {
+        throw WorkError{error.message};
+    }
+}
+
+void LayOver(const Source& source, const PaperKind& kind, const Form& form)
+{
+    try {
+        linealis::LayOver(*source.form, kind, form);
+    } catch (const FormError& error) {
+        throw UsageError{error.message};
+    } catch (const UnknownInput& input) {
+        throw Unknown(input);
+    }
 }
 
 /// Beside a preset nothing but its own kind may stand.
@@ -113,12 +135,12 @@ OpenWindow Open(const Source& source, const std::vector<Action>& actions, Screen
     const PaperKind& kind = KindOf(source);
     OpenWindow open{&kind, MakeWindow(kind, platform)};
     if (source.preset != nullptr) {
-        LayOver(*source.preset, *open.window, platform);
+        linealis::LayOver(*source.preset, *open.window, platform);
     } else if (IsFile(source)) {
         Load(source.name, *open.window);
     }
     if (source.form) {
-        LayOver(*source.form, kind, open.window->form);
+        LayOver(source, kind, open.window->form);
     }
     Apply(actions, kind, *open.window, platform);
     return open;

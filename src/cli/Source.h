@@ -2,7 +2,7 @@
 
 #include "app/Presets.h"
 #include "cli/Actions.h"
-#include "cli/FormJson.h"
+#include "exchange/FormJson.h"
 
 #include <memory>
 #include <optional>
@@ -22,7 +22,7 @@ struct Source {
 struct SourceOptions {
     std::vector<std::string> names;     ///< kinds and settings files
     std::optional<std::string> preset;  ///< its id
-    std::optional<std::string> form;    ///< a file of JSON; "-" is standard input
+    std::optional<std::string> form;    ///< a file with a form (ParseForm); "-" is standard input
 };
 
 /// The sources that the options tell. A preset and a form tell their kind, whose name may stand beside them. Throws

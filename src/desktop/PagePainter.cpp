@@ -1,6 +1,7 @@
 #include "desktop/PagePainter.h"
 
 #include "desktop/Text.h"
+#include "pdf/StandardFonts.h"
 
 #include <QFont>
 #include <QPainterPath>
@@ -43,45 +44,12 @@ Qt::PenCapStyle CapOf(int cap)
     return styles.at(static_cast<std::size_t>(std::clamp(cap, 0, 2)));
 }
 
-/// The families that stand in for one of PDF's standard fonts; the first that the machine has is taken.
-struct Family {
-    QStringList names;
-    QFont::StyleHint hint;
-};
-
-struct Face {
-    const Family& family;
-    bool isBold = false;
-    bool isSlanted = false;
-};
-
-/// The face of a font, by the number in its name on the page.
-Face FaceOf(int font)
+QFont::StyleHint HintOf(const FontFamily& family)
 {
-    static const Family courier{{"Courier", "Nimbus Mono PS", "Liberation Mono", "DejaVu Sans Mono"},
-                                QFont::TypeWriter};
-    static const Family helvetica{{"Helvetica", "Nimbus Sans", "Liberation Sans", "Arial", "DejaVu Sans"},
-                                  QFont::SansSerif};
-    static const Family times{{"Times", "Nimbus Roman", "Liberation Serif", "Times New Roman", "DejaVu Serif"},
-                              QFont::Serif};
-    static const Family symbol{{"Symbol", "Standard Symbols PS"}, QFont::AnyStyle};
-    static const Family dingbats{{"Zapf Dingbats", "D050000L"}, QFont::AnyStyle};
-    static const std::array<Face, 15> faces = {{{courier},
-                                                {courier},
-                                                {courier, true},
-                                                {courier, true, true},
-                                                {courier, false, true},
-                                                {helvetica},
-                                                {helvetica, true},
-                                                {helvetica, true, true},
-                                                {helvetica, false, true},
-                                                {times},
-                                                {times, true},
-                                                {times, false, true},
-                                                {times, true, true},
-                                                {symbol},
-                                                {dingbats}}};
-    return faces.at(static_cast<std::size_t>(std::clamp(font, 0, static_cast<int>(faces.size()) - 1)));
+    return family.generic == "monospace"    ? QFont::TypeWriter
+           : family.generic == "sans-serif" ? QFont::SansSerif
+           : family.generic == "serif"      ? QFont::Serif
+                                            : QFont::AnyStyle;
 }
 
 /// Outlines are taken at this size and scaled, so that no hinting for a screen moves them.
@@ -89,10 +57,14 @@ constexpr int outlineSize = 1000;
 
 QFont FontOf(int font)
 {
-    const Face face = FaceOf(font);
+    const StandardFont& face = StandardFontOf(font);
+    QStringList families;
+    for (const std::string_view name : face.family.names) {
+        families << desktop::ToQt(name);
+    }
     QFont made;
-    made.setFamilies(face.family.names);
-    made.setStyleHint(face.family.hint);
+    made.setFamilies(families);
+    made.setStyleHint(HintOf(face.family));
     made.setBold(face.isBold);
     made.setItalic(face.isSlanted);
     made.setPixelSize(outlineSize);

@@ -1,13 +1,10 @@
-#include "cli/FormJson.h"
+#include "exchange/FormJson.h"
 
-#include "cli/Errors.h"
-#include "cli/InputText.h"
+#include "exchange/CarriedText.h"
 #include "pipeline/FieldWords.h"
 #include "pipeline/SetControl.h"
 
-#include <iostream>
-
-namespace linealis::cli {
+namespace linealis {
 
 namespace {
 
@@ -52,7 +49,7 @@ std::string GivenValue(const FormFile& file, const std::string& control, const J
     if (given.is_object()) {
         const auto value = given.find("value");
         if (value == given.end()) {
-            throw UsageError{file.name + ": " + control + " has no \"value\""};
+            throw FormError{file.name + ": " + control + " has no \"value\""};
         }
         return GivenValue(file, control, *value);
     }
@@ -65,22 +62,13 @@ std::string GivenValue(const FormFile& file, const std::string& control, const J
     if (given.is_number()) {
         return given.dump();
     }
-    throw UsageError{file.name + ": " + control + " is a text, a number, true or false, not " + given.dump()};
+    throw FormError{file.name + ": " + control + " is a text, a number, true or false, not " + given.dump()};
 }
 
 /// Whether the other controls' values do not depend on this one.
 bool IsPlainValue(const Control& control)
 {
     return control.Kind() == ControlKind::Text || control.Kind() == ControlKind::Color;
-}
-
-void Set(const PaperKind& kind, const Form& form, const Setting& setting)
-{
-    try {
-        SetControl(kind.name, form, setting);
-    } catch (const UnknownInput& unknown) {
-        throw Unknown(unknown);
-    }
 }
 
 }  // namespace
@@ -96,13 +84,6 @@ Json ControlJson(Control& control)
 Json KindJson(const PaperKind& kind)
 {
     return {{"kind", kind.name}, {"title", kind.title}, {"extension", kind.settingsType.extension}};
-}
-
-void Print(const Json& json)
-{
-    constexpr int indent = 2;
-    // Texts of a damaged settings file need not be UTF-8.
-    std::cout << json.dump(indent, ' ', false, Json::error_handler_t::replace) << '\n';
 }
 
 Json FormJson(const PaperKind& kind, const Form& form)
@@ -121,19 +102,21 @@ Json FormJson(const PaperKind& kind, const Form& form)
     return json;
 }
 
-FormFile ReadFormFile(const std::string& fileName)
+FormFile ParseForm(std::string name, std::string_view text)
 {
-    constexpr std::size_t longest = std::size_t{1} << 20U;
-    const std::string text = ReadInput(fileName, longest);
-    FormFile file{fileName == "-" ? "standard input" : fileName, "", Json::object()};
+    FormFile file{std::move(name), "", Json::object()};
+    const std::optional<std::string> carried = TextInPicture(text);
+    if (carried && carried->empty()) {
+        throw FormError{file.name + ": is a picture that carries no form"};
+    }
     Json json;
     try {
-        json = Json::parse(text);
+        json = Json::parse(carried ? *carried : text);
     } catch (const Json::parse_error& error) {
-        throw WorkError{file.name + ": is no JSON: byte " + std::to_string(error.byte)};
+        throw FormError{file.name + ": is no JSON: byte " + std::to_string(error.byte)};
     }
     if (!json.is_object() || !json.contains("controls") || !json["controls"].is_object()) {
-        throw WorkError{file.name + ": is no form: it has no object \"controls\""};
+        throw FormError{file.name + ": is no form: it has no object \"controls\""};
     }
     if (json.contains("kind") && json["kind"].is_string()) {
         file.kind = json["kind"];
@@ -142,10 +125,21 @@ FormFile ReadFormFile(const std::string& fileName)
     return file;
 }
 
+std::string CarriedForm(const PaperKind& kind, const Form& form)
+{
+    Json json = {{"kind", kind.name}, {"controls", Json::object()}};
+    for (Control* const control : form.Controls()) {
+        if (control->Kind() != ControlKind::Label) {
+            json["controls"][std::string(control->Name())] = ValueOf(*control);
+        }
+    }
+    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
 void LayOver(const FormFile& file, const PaperKind& kind, const Form& form)
 {
     if (!file.kind.empty() && file.kind != kind.name) {
-        throw UsageError{"the form in " + file.name + " is of " + file.kind + ", not of " + std::string(kind.name)};
+        throw FormError{"the form in " + file.name + " is of " + file.kind + ", not of " + std::string(kind.name)};
     }
     for (const bool plainValues : {false, true}) {
         for (const auto& [name, given] : file.controls.items()) {
@@ -155,10 +149,10 @@ void LayOver(const FormFile& file, const PaperKind& kind, const Form& form)
             }
             const std::string value = GivenValue(file, name, given);
             if (control == nullptr || ValueOf(*control) != value) {  // setting the same again may do something
-                Set(kind, form, {name, value});
+                SetControl(kind.name, form, {name, value});
             }
         }
     }
 }
 
-}  // namespace linealis::cli
+}  // namespace linealis

@@ -7,12 +7,9 @@
 
 #include <string>
 
-namespace linealis::cli {
+namespace linealis {
 
 using Json = nlohmann::ordered_json;
-
-/// Prints it on standard output.
-void Print(const Json& json);
 
 /// What there is to know of a kind.
 Json KindJson(const PaperKind& kind);
@@ -31,13 +28,21 @@ struct FormFile {
     Json controls;     ///< an object, in the file's order
 };
 
-/// Reads the file, or standard input for "-". Throws WorkError if it cannot be read, is longer than any form, or is
-/// no form.
-FormFile ReadFormFile(const std::string& fileName);
+/// Why a file holds no form that can be used.
+struct FormError {
+    std::string message;  ///< begins with the name of the file
+};
+
+/// Reads a form from the text of a file: from JSON, or from a page as SVG or PNG, which carries its form. `name` is
+/// the file's, for messages. Throws FormError.
+FormFile ParseForm(std::string name, std::string_view text);
+
+/// The form as a page carries it.
+std::string CarriedForm(const PaperKind& kind, const Form& form);
 
 /// Sets what the file has, whatever its order: first what decides of other controls, such as the unit, then the
 /// texts and colors. What `form` itself printed gives the same page. Throws UsageError at a control or value that
 /// there is not, or if the file is of another kind.
 void LayOver(const FormFile& file, const PaperKind& kind, const Form& form);
 
-}  // namespace linealis::cli
+}  // namespace linealis

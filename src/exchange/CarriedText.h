@@ -1,0 +1,23 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace linealis {
+
+// The form that a picture of a page carries: in an SVG file as the element of that name, in a PNG file as the text
+// of that keyword.
+
+inline constexpr std::string_view carriedElement = "linealis:form";
+inline constexpr std::string_view carriedNamespace = "https://linealis.invalid/form";
+inline constexpr std::string_view carriedKeyword = "Linealis form";
+
+/// The text for an element of XML.
+std::string XmlText(std::string_view text);
+
+/// The text that a picture of a page carries, empty if it carries none; nothing if the bytes are neither SVG nor
+/// PNG.
+std::optional<std::string> TextInPicture(std::string_view bytes);
+
+}  // namespace linealis

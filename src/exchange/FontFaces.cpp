@@ -1,0 +1,72 @@
+#include "exchange/FontFaces.h"
+
+#include "pdf/StandardFonts.h"
+
+#include <fontconfig/fontconfig.h>
+
+#include <algorithm>
+#include <new>
+#include <string>
+
+namespace linealis {
+
+namespace {
+
+/// Frees what fontconfig has made.
+struct DestroyPattern {
+    void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
+};
+using Pattern = std::unique_ptr<FcPattern, DestroyPattern>;
+
+Pattern PatternOf(const StandardFont& font)
+{
+    Pattern pattern(FcPatternCreate());
+    const auto addFamily = [&](std::string_view name) {
+        FcPatternAddString(pattern.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(std::string(name).c_str()));
+    };
+    std::for_each(font.family.names.begin(), font.family.names.end(), addFamily);
+    if (!font.family.generic.empty()) {
+        addFamily(font.family.generic);
+    }
+    FcPatternAddInteger(pattern.get(), FC_WEIGHT, font.isBold ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);
+    FcPatternAddInteger(pattern.get(), FC_SLANT, font.isSlanted ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
+    FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue);
+    FcConfigSubstitute(nullptr, pattern.get(), FcMatchPattern);
+    FcDefaultSubstitute(pattern.get());
+    return pattern;
+}
+
+}  // namespace
+
+FontFaces::FontFaces()
+{
+    if (FT_Init_FreeType(&library) != 0) {
+        throw std::bad_alloc();
+    }
+}
+
+FontFaces::~FontFaces()
+{
+    FT_Done_FreeType(library);  // and all faces
+}
+
+FT_Face FontFaces::FaceOf(int font)
+{
+    const auto index = static_cast<std::size_t>(std::clamp(font, 0, static_cast<int>(faces.size()) - 1));
+    if (!wasSought[index]) {
+        wasSought[index] = true;
+        FcResult result = FcResultMatch;
+        const Pattern match(FcFontMatch(nullptr, PatternOf(StandardFontOf(font)).get(), &result));
+        FcChar8* file = nullptr;
+        int number = 0;
+        if (match && FcPatternGetString(match.get(), FC_FILE, 0, &file) == FcResultMatch) {
+            FcPatternGetInteger(match.get(), FC_INDEX, 0, &number);
+            if (FT_New_Face(library, reinterpret_cast<const char*>(file), number, &faces[index]) != 0) {
+                faces[index] = nullptr;
+            }
+        }
+    }
+    return faces[index];
+}
+
+}  // namespace linealis

@@ -1,0 +1,89 @@
+#include "exchange/PngPage.h"
+
+#include "exchange/PageRaster.h"
+#include "exchange/PngFile.h"
+#include "pdf/Units.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace linealis {
+
+namespace {
+
+/// A row as the file has it: without alpha, or with colors that are not multiplied by it.
+void Convert(std::span<const std::uint8_t> painted, bool isTransparent, std::vector<std::uint8_t>& row)
+{
+    row.clear();
+    for (std::size_t at = 0; at < painted.size(); at += 4) {
+        const unsigned alpha = painted[at + 3];
+        for (std::size_t channel = 0; channel < 3; ++channel) {
+            const unsigned value = painted[at + channel];
+            const bool asItIs = !isTransparent || alpha == 0;
+            row.push_back(
+                static_cast<std::uint8_t>(asItIs ? value : std::min(255U, (value * 255U + alpha / 2) / alpha)));
+        }
+        if (isTransparent) {
+            row.push_back(static_cast<std::uint8_t>(alpha));
+        }
+    }
+}
+
+}  // namespace
+
+PixelSize PixelsOf(const PaperSize& paper, double dotsPerInch)
+{
+    const auto pixels = [&](std::int64_t points) {
+        constexpr double rounding = 0.001;  // of a pixel
+        return std::max<std::int64_t>(
+            1, static_cast<std::int64_t>(
+                   std::ceil(static_cast<double>(points) / pointsPerInch * dotsPerInch - rounding)));
+    };
+    return {pixels(paper.width), pixels(paper.height)};
+}
+
+int HighestDotsPerInch(const PaperSize& paper)
+{
+    const double squareInches =
+        static_cast<double>(paper.width) / pointsPerInch * (static_cast<double>(paper.height) / pointsPerInch);
+    int highest = std::max(1, static_cast<int>(std::sqrt(static_cast<double>(mostPixels) / squareInches)));
+    const auto fits = [&](int dotsPerInch) {
+        const PixelSize size = PixelsOf(paper, dotsPerInch);
+        return size.width * size.height <= mostPixels;
+    };
+    while (highest > 1 && !fits(highest)) {
+        --highest;
+    }
+    return highest;
+}
+
+void WritePng(const PaperSize& paper, std::string_view content, const PngOptions& options, BinaryStream& stream)
+{
+    constexpr std::int64_t pixelsAtATime = 8'000'000;
+    const PixelSize size = PixelsOf(paper, options.dotsPerInch);
+    const auto width = static_cast<int>(size.width), height = static_cast<int>(size.height);
+    const int band = static_cast<int>(std::clamp<std::int64_t>(pixelsAtATime / size.width, 1, size.height));
+    PngFile file(stream, {static_cast<std::uint32_t>(width), static_cast<std::uint32_t>(height),
+                          options.isTransparent, options.dotsPerInch, options.carried});
+    FontFaces faces;
+    std::vector<std::uint8_t> converted;
+    for (int first = 0; first < height; first += band) {
+        const int rows = std::min(band, height - first);
+        PageRaster raster(faces,
+                          {static_cast<double>(paper.height), options.dotsPerInch / pointsPerInch, width, first,
+                           rows, options.thinnest},
+                          options.isTransparent);
+        ReadPage(content, raster);
+        for (int row = 0; row < rows; ++row) {
+            Convert(raster.Row(row), options.isTransparent, converted);
+            file.WriteRow(converted);
+        }
+        if (options.turn) {
+            options.turn();
+        }
+    }
+    file.Finish();
+}
+
+}  // namespace linealis

@@ -1,0 +1,203 @@
+#include "exchange/SvgPage.h"
+
+#include "exchange/CarriedText.h"
+#include "pdf/PageContent.h"
+#include "pdf/StandardFonts.h"
+#include "pdf/Units.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+
+namespace linealis {
+
+namespace {
+
+/// The shortest text that reads as the same number.
+std::string Written(double number)
+{
+    std::array<char, 32> text{};
+    const auto result = std::to_chars(text.data(), text.data() + text.size(), number);
+    return {text.data(), result.ptr};
+}
+
+std::string Written(const PageColor& color)
+{
+    const auto channel = [](double value) {
+        return static_cast<int>(std::lround(std::clamp(value, 0.0, 1.0) * 255.0));
+    };
+    std::array<char, 8> text{};
+    std::snprintf(text.data(), text.size(), "#%02x%02x%02x", static_cast<unsigned>(channel(color.red)),
+                  static_cast<unsigned>(channel(color.green)), static_cast<unsigned>(channel(color.blue)));
+    return text.data();
+}
+
+std::string Written(const Point& point)
+{
+    return Written(point.x) + " " + Written(point.y);
+}
+
+std::string Written(PagePath path)
+{
+    std::string text;
+    for (const PathSegment& segment : path) {
+        switch (segment.operation) {
+        case PageOperator::Move:
+            text += "M" + Written(segment.to);
+            break;
+        case PageOperator::Curve:
+            text += "C" + Written(segment.control1) + " " + Written(segment.control2) + " " + Written(segment.to);
+            break;
+        default:
+            text += "L" + Written(segment.to);
+        }
+    }
+    return text;
+}
+
+std::string Attribute(std::string_view name, std::string_view value)
+{
+    return " " + std::string(name) + "=\"" + std::string(value) + "\"";
+}
+
+std::string StrokeAttributes(const PagePen& pen)
+{
+    constexpr std::array caps = {"butt", "round", "square"};
+    const bool isThinnest = pen.width <= 0.0;
+    std::string text = Attribute("stroke", Written(pen.color)) +
+                       Attribute("stroke-width", isThinnest ? "1" : Written(pen.width)) +
+                       (isThinnest ? Attribute("vector-effect", "non-scaling-stroke") : "");
+    if (pen.cap != 0) {
+        text += Attribute("stroke-linecap", caps.at(static_cast<std::size_t>(std::clamp(pen.cap, 0, 2))));
+    }
+    if (pen.dashOn > 0.0 || pen.dashOff > 0.0) {
+        text += Attribute("stroke-dasharray", Written(pen.dashOn) + " " + Written(pen.dashOff)) +
+                Attribute("stroke-dashoffset", Written(pen.dashPhase));
+    }
+    return text;
+}
+
+std::string FontAttributes(int number)
+{
+    const StandardFont& font = StandardFontOf(number);
+    std::string families;
+    for (const std::string_view name : font.family.names) {
+        families += (families.empty() ? "'" : ", '") + std::string(name) + "'";
+    }
+    if (!font.family.generic.empty()) {
+        families += ", " + std::string(font.family.generic);
+    }
+    return Attribute("font-family", families) + (font.isBold ? Attribute("font-weight", "bold") : "") +
+           (font.isSlanted ? Attribute("font-style", "italic") : "");
+}
+
+/// Writes a content as elements. Strokes of one pen that follow each other become one path.
+class SvgSink final : public PageSink {
+public:
+    explicit SvgSink(double thePageHeight) : pageHeight(thePageHeight) { OpenGroup(1.0, 1.0); }
+
+    bool Scale(double sx, double sy) override
+    {
+        EndPath();
+        body += "</g>\n";
+        OpenGroup(sx, sy);
+        return true;
+    }
+
+    bool Stroke(PagePath path, const PagePen& pen) override
+    {
+        constexpr std::size_t longestPath = 60000;
+        if (strokes.empty() || pen != strokePen || strokes.size() > longestPath) {
+            EndPath();
+            strokePen = pen;
+        }
+        strokes += Written(path);
+        return true;
+    }
+
+    bool Fill(PagePath path, const PageColor& color) override
+    {
+        EndPath();
+        body += "<path" + Attribute("d", Written(path)) + Attribute("fill", Written(color)) +
+                Attribute("stroke", "none") + "/>\n";
+        return true;
+    }
+
+    bool FillAndStroke(PagePath path, const PageColor& color, const PagePen& pen) override
+    {
+        EndPath();
+        body += "<path" + Attribute("d", Written(path)) + Attribute("fill", Written(color)) +
+                StrokeAttributes(pen) + "/>\n";
+        return true;
+    }
+
+    bool Text(const PageText& text) override
+    {
+        EndPath();
+        const auto& [a, b, c, d, e, f] = text.matrix;
+        std::string matrix = "matrix(";
+        for (const double number : {a, b, -c, -d, e}) {
+            matrix += Written(number) + " ";
+        }
+        body += "<text" + Attribute("transform", matrix + Written(f) + ")") + FontAttributes(text.font) +
+                Attribute("font-size", Written(text.size)) + Attribute("fill", Written(text.color)) +
+                Attribute("stroke", "none") + Attribute("xml:space", "preserve") + ">" + XmlText(text.utf8) +
+                "</text>\n";
+        return true;
+    }
+
+    /// All elements.
+    std::string Finish()
+    {
+        EndPath();
+        return body + "</g>\n";
+    }
+
+private:
+    /// The content counts upwards from the lower left corner.
+    void OpenGroup(double sx, double sy)
+    {
+        body += "<g" +
+                Attribute("transform",
+                          "matrix(" + Written(sx) + " 0 0 " + Written(-sy) + " 0 " + Written(pageHeight) + ")") +
+                Attribute("fill", "none") + Attribute("stroke-miterlimit", "10") + ">\n";
+    }
+
+    void EndPath()
+    {
+        if (!strokes.empty()) {
+            body += "<path" + Attribute("d", strokes) + StrokeAttributes(strokePen) + "/>\n";
+            strokes.clear();
+        }
+    }
+
+    double pageHeight;
+    std::string body;
+    std::string strokes;  ///< not yet written
+    PagePen strokePen;
+};
+
+}  // namespace
+
+std::string SvgOf(const PaperSize& paper, std::string_view content, std::string_view carried)
+{
+    constexpr double mmPerPoint = 25.4 / pointsPerInch;
+    const auto width = static_cast<double>(paper.width), height = static_cast<double>(paper.height);
+    SvgSink sink(height);
+    ReadPage(content, sink);
+    std::string svg =
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg" + Attribute("xmlns", "http://www.w3.org/2000/svg") +
+        Attribute("version", "1.1") + Attribute("width", Written(width * mmPerPoint) + "mm") +
+        Attribute("height", Written(height * mmPerPoint) + "mm") +
+        Attribute("viewBox", "0 0 " + Written(width) + " " + Written(height)) + ">\n<title>Linealis</title>\n";
+    if (!carried.empty()) {
+        const std::string element(carriedElement);
+        svg += "<metadata><" + element + Attribute("xmlns:linealis", carriedNamespace) + ">" + XmlText(carried) +
+               "</" + element + "></metadata>\n";
+    }
+    return svg + sink.Finish() + "</svg>\n";
+}
+
+}  // namespace linealis

@@ -1,0 +1,292 @@
+#include "TestSupport.h"
+#include "pdf/PageContent.h"
+
+#include <charconv>
+#include <cmath>
+
+namespace linealis::test {
+namespace {
+
+/// A figure in millimetres of the page, from its upper left corner.
+using Figure = std::vector<double>;
+
+/// Figures of a page as its content has them: strokes and fills, with the width of a stroke first.
+class Figures final : public PageSink {
+public:
+    explicit Figures(double thePageHeight) : pageHeight(thePageHeight) {}
+
+    bool Scale(double sx, double sy) override
+    {
+        scaleX = sx;
+        scaleY = sy;
+        return true;
+    }
+    bool Stroke(PagePath path, const PagePen& pen) override
+    {
+        Add(path, pen.width);
+        return true;
+    }
+    bool Fill(PagePath path, const PageColor& /*color*/) override
+    {
+        Add(path, 0.0);
+        return true;
+    }
+    bool FillAndStroke(PagePath path, const PageColor& /*color*/, const PagePen& pen) override
+    {
+        Add(path, pen.width);
+        return true;
+    }
+    bool Text(const PageText& /*text*/) override
+    {
+        ++texts;
+        return true;
+    }
+
+    void Add(PagePath path, double width)
+    {
+        for (const PathSegment& segment : path) {
+            if (segment.operation == PageOperator::Move) {
+                all.push_back({width * mm});
+            } else if (segment.operation == PageOperator::Curve) {
+                AddPoint(segment.control1.x, segment.control1.y);
+                AddPoint(segment.control2.x, segment.control2.y);
+            }
+            AddPoint(segment.to.x, segment.to.y);
+        }
+    }
+    void AddPoint(double x, double y)
+    {
+        all.back().push_back(x * scaleX * mm);
+        all.back().push_back((pageHeight - y * scaleY) * mm);
+    }
+
+    static constexpr double mm = 25.4 / 72.0;
+    std::vector<Figure> all;
+    std::size_t texts = 0;
+
+private:
+    double pageHeight;
+    double scaleX = 1.0;
+    double scaleY = 1.0;
+};
+
+double Attribute(std::string_view element, const std::string& name)
+{
+    const std::size_t at = element.find(" " + name + "=\"");
+    return at == std::string_view::npos ? 0.0 : std::stod(std::string(element.substr(at + name.size() + 3)));
+}
+
+/// The figures of an SVG page, read as little as can be: groups with a matrix, paths of M, L and C.
+std::vector<Figure> FiguresOfSvg(const std::string& svg)
+{
+    const double mmPerUnit = Attribute(svg, "width") / std::stod(svg.substr(svg.find("viewBox=\"0 0 ") + 13));
+    std::array<double, 6> matrix{};
+    std::vector<Figure> figures;
+    for (const std::string& line : Lines(svg, '\n')) {
+        if (const std::size_t at = line.find("<g transform=\"matrix("); at != std::string::npos) {
+            std::istringstream numbers(line.substr(at + 21));
+            for (double& number : matrix) {
+                numbers >> number;
+            }
+        } else if (line.starts_with("<path")) {
+            const std::size_t begin = line.find(" d=\"") + 4;
+            std::string data = line.substr(begin, line.find('"', begin) - begin), spaced;
+            for (const char c : data) {
+                spaced += std::isalpha(static_cast<unsigned char>(c)) != 0 && c != 'e' ? std::string{' ', c, ' '}
+                                                                                       : std::string(1, c);
+            }
+            std::istringstream words(spaced);
+            for (std::string word; words >> word;) {
+                if (word == "M") {
+                    figures.push_back({Attribute(line, "stroke-width") * mmPerUnit});
+                } else if (word != "L" && word != "C") {
+                    std::string second;
+                    words >> second;
+                    const double x = std::stod(word), y = std::stod(second);
+                    figures.back().push_back((matrix[0] * x + matrix[2] * y + matrix[4]) * mmPerUnit);
+                    figures.back().push_back((matrix[1] * x + matrix[3] * y + matrix[5]) * mmPerUnit);
+                }
+            }
+        }
+    }
+    return figures;
+}
+
+/// A picture in shades of grey, 0 for black.
+struct Picture {
+    std::size_t width = 0;
+    std::size_t height = 0;
+    std::vector<std::uint8_t> pixels;
+
+    /// Whether there is something darker than paper within a pixel of the place.
+    bool HasInkNear(std::size_t x, std::size_t y, std::uint8_t lightest) const
+    {
+        for (std::size_t row = y - std::min<std::size_t>(y, 1); row <= std::min(y + 1, height - 1); ++row) {
+            for (std::size_t column = x - std::min<std::size_t>(x, 1); column <= std::min(x + 1, width - 1);
+                 ++column) {
+                if (pixels[row * width + column] <= lightest) {
+                    return true;
+                }
+            }
+        }
+        return false;
+    }
+};
+
+std::size_t FourBytes(std::string_view bytes)
+{
+    std::size_t number = 0;
+    for (const char byte : bytes.substr(0, 4)) {
+        number = number * 256 + static_cast<unsigned char>(byte);
+    }
+    return number;
+}
+
+/// Reads a PNG file of three or four bytes a pixel, whose rows are all written as differences to the row above.
+Picture ReadPng(const std::string& png, std::size_t bytesPerPixel)
+{
+    Picture picture{FourBytes(png.substr(16)), FourBytes(png.substr(20)), {}};
+    std::string compressed;
+    for (std::size_t at = 8; at < png.size(); at += FourBytes(png.substr(at)) + 12) {
+        compressed += png.substr(at + 4, 4) == "IDAT" ? png.substr(at + 8, FourBytes(png.substr(at))) : "";
+    }
+    const std::string rows = Inflate(compressed).text;
+    const std::size_t length = picture.width * bytesPerPixel;
+    std::vector<std::uint8_t> row(length);
+    for (std::size_t y = 0; y < picture.height; ++y) {
+        EXPECT_EQ(rows.at(y * (length + 1)), 2);
+        for (std::size_t i = 0; i < length; ++i) {
+            row[i] =
+                static_cast<std::uint8_t>(row[i] + static_cast<std::uint8_t>(rows.at(y * (length + 1) + 1 + i)));
+        }
+        for (std::size_t x = 0; x < picture.width; ++x) {
+            const std::size_t alpha = bytesPerPixel == 4 ? row[x * 4 + 3] : 255;
+            const std::uint8_t* const color = &row[x * bytesPerPixel];
+            const auto shade = static_cast<std::size_t>((color[0] + color[1] + color[2]) / 3);
+            picture.pixels.push_back(static_cast<std::uint8_t>((shade * alpha + 255 * (255 - alpha)) / 255));
+        }
+    }
+    return picture;
+}
+
+Picture ReadPgm(const std::string& pgm)
+{
+    std::istringstream head(pgm);
+    std::string magic;
+    std::size_t highest = 0;
+    Picture picture;
+    head >> magic >> picture.width >> picture.height >> highest;
+    const std::string_view pixels = std::string_view(pgm).substr(pgm.size() - picture.width * picture.height);
+    picture.pixels.assign(pixels.begin(), pixels.end());
+    return picture;
+}
+
+/// How many dark places of one picture have nothing near them in the other.
+std::size_t InkMissing(const Picture& in, const Picture& of)
+{
+    constexpr std::uint8_t dark = 160, lightest = 250;
+    std::size_t missing = 0;
+    for (std::size_t y = 0; y < of.height; ++y) {
+        for (std::size_t x = 0; x < of.width; ++x) {
+            missing += of.pixels[y * of.width + x] < dark && !in.HasInkNear(x, y, lightest) ? 1U : 0U;
+        }
+    }
+    return missing;
+}
+
+class Exchange : public testing::Test {
+protected:
+    void Run(const std::string& script, const std::string& error = "") const
+    {
+        const Finished call = RunInShell(folder, script);
+        EXPECT_EQ(call.status == 0, error.empty()) << script;
+        EXPECT_EQ(WithoutWarnings(call.errors), error.empty() ? "" : "linealis-cli: " + error + "\n") << script;
+    }
+
+    TemporaryFolder folder;
+};
+
+/// Nothing that other programs' fonts decide on.
+std::string WithoutTexts(const PaperKind& kind)
+{
+    const std::string name(kind.name);
+    return name + (name == "graph"   ? " --set show-axes=off --set page-title="
+                   : name == "polar" ? " --set labels=none --set title="
+                                     : "");
+}
+
+TEST_F(Exchange, SvgHasTheStrokesOfThePdf)
+{
+    for (const PaperKind& kind : PaperKinds()) {
+        Run("$cli generate " + std::string(kind.name) +
+            " --set paper-size=A5 --set x-scale=93.5 --set y-scale=81 -o a.pdf && $cli generate " +
+            std::string(kind.name) + " --set paper-size=A5 --set x-scale=93.5 --set y-scale=81 -o a.svg");
+        Figures expected(595.0);
+        const std::string content = Inflate(StreamDataOf(ReadFile(folder / "a.pdf"))).text;
+        EXPECT_EQ(ReadPage(content, expected).message, "");
+        const std::string svg = ReadFile(folder / "a.svg");
+        const std::vector<Figure> figures = FiguresOfSvg(svg);
+        ASSERT_EQ(figures.size(), expected.all.size()) << kind.name;
+        for (std::size_t i = 0; i < figures.size(); ++i) {
+            ASSERT_EQ(figures[i].size(), expected.all[i].size());
+            for (std::size_t j = 0; j < figures[i].size(); ++j) {
+                ASSERT_NEAR(figures[i][j], expected.all[i][j], 0.001) << kind.name << " figure " << i;
+            }
+        }
+        std::size_t texts = 0;
+        for (std::size_t at = svg.find("<text"); at != std::string::npos; at = svg.find("<text", at + 1)) {
+            ++texts;
+        }
+        EXPECT_EQ(texts, expected.texts) << kind.name;
+        EXPECT_EQ(RunInShell(folder, "xmllint --noout a.svg").status, 0);
+    }
+}
+
+TEST_F(Exchange, PngIsWhatAReaderShows)
+{
+    for (const PaperKind& kind : PaperKinds()) {
+        const std::string page = WithoutTexts(kind) + " --set paper-size=A6 --set line-color=#000000 ";
+        Run("$cli generate " + page + "-o a.pdf && $cli generate " + page + "--dpi 200 -o a.png && $cli generate " +
+            page +
+            "--dpi 200 --transparent -o clear.png && "
+            "mutool draw -q -r 200 -c gray -o b.pgm a.pdf 2> /dev/null");
+        const Picture made = ReadPng(ReadFile(folder / "a.png"), 3), shown = ReadPgm(ReadFile(folder / "b.pgm"));
+        ASSERT_EQ(made.width, shown.width) << kind.name;
+        ASSERT_EQ(made.height, shown.height) << kind.name;
+        EXPECT_EQ(InkMissing(made, shown), 0U) << kind.name;
+        EXPECT_EQ(InkMissing(shown, made), 0U) << kind.name;
+        const Picture clear = ReadPng(ReadFile(folder / "clear.png"), 4);
+        EXPECT_EQ(InkMissing(clear, made) + InkMissing(made, clear), 0U) << kind.name;
+    }
+}
+
+TEST_F(Exchange, PicturesGiveTheirFormBack)
+{
+    const std::string set = "--set units=cm --set top-margin=1.7 --set 'EditTitle=<A & \"B\"> äöü' ";
+    for (const char* const ending : {"svg", "png"}) {
+        const std::string file = std::string("page.") + ending;
+        Run("$cli generate graph " + set + "-o a.pdf; $cli generate graph " + set + "--dpi 20 -o " + file +
+            "; $cli generate --form " + file + " -o b.pdf");
+        EXPECT_EQ(PageOf(folder / "a.pdf"), PageOf(folder / "b.pdf")) << ending;
+    }
+    Run("printf '<svg></svg>' > x.svg; $cli form --form x.svg", "x.svg: is a picture that carries no form");
+    Run("head -c 300 page.png > x.png; $cli form --form x.png", "x.png: is a picture that carries no form");
+}
+
+TEST_F(Exchange, BadInputIsNamed)
+{
+    Run("$cli generate grid -o page.jpeg",
+        "unknown ending of -o '.jpeg'; possible: .png, .pdf, .svg, none, which is a PDF file");
+    Run("$cli generate grid --format gif -o -", "unknown format 'gif'; possible: pdf, svg, png");
+    Run("$cli generate grid --set paper-size=A0 --dpi 2400 -o x.png",
+        "grid: a picture of 79334 by 112267 pixels is too large; --dpi 568 would fit");
+    Run("$cli generate grid --set paper-size=A0 --dpi 568 -o - --format png | head -c 8 > /dev/null; true");
+    Run("echo old > x.png; ulimit -f 1; $cli generate graph -o x.png", "x.png: File too large");
+    EXPECT_EQ(ReadFile(folder / "x.png"), "old\n");
+    Run("$cli save grid -o a.setx; $cli thumbnail --size 64 a.setx t.png");
+    EXPECT_EQ(ReadPng(ReadFile(folder / "t.png"), 3).height, 64U);
+    Run("$cli thumbnail none.setx t.png", "none.setx: No such file or directory");
+}
+
+}  // namespace
+}  // namespace linealis::test
