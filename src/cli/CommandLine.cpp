@@ -6,6 +6,7 @@
 #include "cli/Errors.h"
 
 #include <algorithm>
+#include <array>
 
 namespace linealis::cli {
 
@@ -13,7 +14,7 @@ namespace {
 
 constexpr int done = 0;
 constexpr int different = 1;
-constexpr int mostJobs = 256;
+constexpr std::size_t mostJobs = 256;
 constexpr int largestThumbnail = 4096;
 constexpr double mostDotsPerInch = 9600.0;
 
@@ -53,14 +54,27 @@ UsageError Explain(const CLI::App& app, const CLI::ParseError& error)
 
 }  // namespace
 
-void ActionOptions::AddTo(CLI::App& theCommand)
+void ActionOptions::AddTo(CLI::App& theCommand, const std::function<bool(std::string_view names)>& isWanted)
 {
+    struct Sort {
+        const char* name;
+        const char* argument;
+        const char* help;
+        Action::Kind kind;
+    };
+    static constexpr std::array sorts = {
+        Sort{"--set", "CONTROL=VALUE", "Set a control", Action::Kind::Set},
+        Sort{"--type", "FIELD=TEXT", "Type a text into a field", Action::Kind::Type},
+        Sort{"--load", "FILE", "Load a settings file", Action::Kind::Load},
+        Sort{"--markers", "FILE", "The marker file of a graph with CheckBoxMarkers on", Action::Kind::Markers},
+        Sort{"--wizard", "WIZARD=TEXT", "Fill in the wizard of a graph", Action::Kind::Wizard},
+    };
     command = &theCommand;
-    Add("--set", "CONTROL=VALUE", "Set a control", Action::Kind::Set);
-    Add("--type", "FIELD=TEXT", "Type a text into a field", Action::Kind::Type);
-    Add("--load", "FILE", "Load a settings file", Action::Kind::Load);
-    Add("--markers", "FILE", "The marker file of a graph with CheckBoxMarkers on", Action::Kind::Markers);
-    Add("--wizard", "WIZARD=TEXT", "Fill in the wizard of a graph", Action::Kind::Wizard);
+    for (const Sort& sort : sorts) {
+        if (isWanted(sort.name)) {
+            Add(sort.name, sort.argument, sort.help, sort.kind);
+        }
+    }
     command->footer(actionHelp);
 }
 
@@ -139,15 +153,33 @@ void CommandLine::Add(const Command& command)
 
 int CommandLine::Run(int argc, char** argv)
 {
-    const Command* const called = FindCommand({argv + std::min(argc, 1), argv + argc});
+    given.emplace(argv + std::min(argc, 1), argv + argc);
+    const Command* const called = FindCommand(*given);
+    if (called == nullptr) {
+        given.reset();
+        return ParseAndRun(nullptr, argc, argv);
+    }
+    try {
+        return ParseAndRun(called, argc, argv);
+    } catch (const CLI::ParseError&) {  // is explained with all options
+        return CommandLine().ParseAndRun(called, argc, argv);
+    }
+}
+
+/// Throws CLI::ParseError instead of explaining it if only the options that were given are there.
+int CommandLine::ParseAndRun(const Command* called, int argc, char** argv)
+{
     if (called != nullptr) {
-        Add(*called);  // and no other: adding all takes as long as a small page
+        Add(*called);
     } else {
         Described();
     }
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
+        if (given) {
+            throw;
+        }
         if (error.get_exit_code() != done) {
             throw Explain(app, error);
         }
@@ -155,6 +187,37 @@ int CommandLine::Run(int argc, char** argv)
         return done;
     }
     return (this->*called->run)();
+}
+
+/// Whether one of the names, such as "-o,--output", stands among the words that were given.
+bool CommandLine::IsWanted(std::string_view names) const
+{
+    if (!given) {
+        return true;
+    }
+    while (!names.empty()) {
+        const std::string_view name = names.substr(0, names.find(','));
+        names.remove_prefix(std::min(name.size() + 1, names.size()));
+        if (std::any_of(given->begin(), given->end(),
+                        [&](const std::string& word) { return word.starts_with(name); })) {
+            return true;
+        }
+    }
+    return false;
+}
+
+template <typename Value>
+CLI::Option* CommandLine::AddOption(CLI::App& command, const char* names, const char* argument, Value& value,
+                                    const char* help)
+{
+    return IsWanted(names) ? command.add_option(names, value, help)->type_name(argument) : nullptr;
+}
+
+void CommandLine::AddFlag(CLI::App& command, const char* name, bool& value, const char* help)
+{
+    if (IsWanted(name)) {
+        command.add_flag(name, value, help);
+    }
 }
 
 Completions CommandLine::Complete(const std::vector<std::string>& words)
@@ -181,6 +244,15 @@ const CLI::App& CommandLine::Described()
     return app;
 }
 
+/// A number from 1 on.
+template <typename Number>
+void CommandLine::AddNumber(CLI::App& command, const char* names, Number& value, Number most, const char* help)
+{
+    if (CLI::Option* const option = AddOption(command, names, "NUMBER", value, help)) {
+        option->check(CLI::Range(Number{1}, most).description(""))->capture_default_str();
+    }
+}
+
 void CommandLine::AddKindsOptions(CLI::App& command)
 {
     AddJsonFlag(command);
@@ -195,7 +267,7 @@ int CommandLine::RunKinds()
 void CommandLine::AddPresetsOptions(CLI::App& command)
 {
     AddJsonFlag(command);
-    command.add_option("--kind", kind, "Of this kind of paper only")->type_name("KIND");
+    AddOption(command, "--kind", "KIND", kind, "Of this kind of paper only");
 }
 
 int CommandLine::RunPresets()
@@ -207,7 +279,7 @@ int CommandLine::RunPresets()
 void CommandLine::AddFormOptions(CLI::App& command)
 {
     AddSourceOptions(command);
-    actions.AddTo(command);
+    AddActions(command);
 }
 
 int CommandLine::RunForm()
@@ -249,32 +321,20 @@ void CommandLine::AddGenerateOptions(CLI::App& command)
 {
     AddBeginningOptions(command);
     command.add_option("source", begin.names, "A kind of paper, or settings files")->type_name("SOURCE");
-    command
-        .add_option("-o,--output", request.output,
-                    "The file: .pdf, .svg or .png; without an ending a PDF file; - is standard output")
-        ->type_name("FILE");
-    command.add_option("--output-dir", request.outputDirectory, "Folder for a file named after each source")
-        ->type_name("DIR");
-    command.add_option("--format", request.format, "pdf, svg or png, whatever the file's ending")
-        ->type_name("FORMAT");
-    command.add_option("--dpi", request.dotsPerInch, "Pixels per inch of a PNG file")
-        ->type_name("NUMBER")
-        ->check(CLI::Range(1.0, mostDotsPerInch).description(""))
-        ->capture_default_str();
-    command.add_flag("--transparent", request.isTransparent, "A PNG file without the white of the paper");
-    command
-        .add_option(
-            "--table", request.table,
-            "A page for each row of a CSV file, whose head names a control a column; the column 'file' names "
-            "the pages")
-        ->type_name("FILE");
-    command.add_option("-j,--jobs", request.jobs, "Pages that are made at a time")
-        ->type_name("NUMBER")
-        ->check(CLI::Range(1, mostJobs).description(""));
-    command.add_flag("--view", request.view, "Open the page in the viewer");
-    command.add_flag("--check", request.check, "Write nothing, and say what will disappoint on paper");
-    command.add_flag("--json", request.asJson, "With --check: as JSON");
-    actions.AddTo(command);
+    AddOption(command, "-o,--output", "FILE", request.output,
+              "The file: .pdf, .svg or .png; without an ending a PDF file; - is standard output");
+    AddOption(command, "--output-dir", "DIR", request.outputDirectory, "Folder for a file named after each source");
+    AddOption(command, "--format", "FORMAT", request.format, "pdf, svg or png, whatever the file's ending");
+    AddNumber(command, "--dpi", request.dotsPerInch, mostDotsPerInch, "Pixels per inch of a PNG file");
+    AddFlag(command, "--transparent", request.isTransparent, "A PNG file without the white of the paper");
+    AddOption(command, "--table", "FILE", request.table,
+              "A page for each row of a CSV file, whose head names a control a column; the column 'file' names the "
+              "pages");
+    AddNumber(command, "-j,--jobs", request.jobs, mostJobs, "Pages that are made at a time");
+    AddFlag(command, "--view", request.view, "Open the page in the viewer");
+    AddFlag(command, "--check", request.check, "Write nothing, and say what will disappoint on paper");
+    AddFlag(command, "--json", request.asJson, "With --check: as JSON");
+    AddActions(command);
 }
 
 int CommandLine::RunGenerate()
@@ -289,7 +349,7 @@ void CommandLine::AddSaveOptions(CLI::App& command)
 {
     AddSourceOptions(command);
     AddOutputOption(command, "The settings file; - is standard output");
-    actions.AddTo(command);
+    AddActions(command);
 }
 
 int CommandLine::RunSave()
@@ -301,7 +361,7 @@ int CommandLine::RunSave()
 void CommandLine::AddCalibrationOptions(CLI::App& command)
 {
     AddOutputOption(command, "The PDF file; - is standard output");
-    command.add_option("--paper", paper, "a4 or letter")->type_name("PAPER")->capture_default_str();
+    AddOption(command, "--paper", "PAPER", paper, "a4 or letter");
 }
 
 int CommandLine::RunCalibration()
@@ -314,10 +374,7 @@ void CommandLine::AddThumbnailOptions(CLI::App& command)
 {
     command.add_option("settings", settingsFile, "The settings file")->type_name("FILE")->required();
     command.add_option("output", output, "The PNG file")->type_name("FILE")->required();
-    command.add_option("--size", size, "Pixels of its longer side")
-        ->type_name("NUMBER")
-        ->check(CLI::Range(1, largestThumbnail).description(""))
-        ->capture_default_str();
+    AddNumber(command, "--size", size, largestThumbnail, "Pixels of its longer side");
 }
 
 int CommandLine::RunThumbnail()
@@ -328,13 +385,16 @@ int CommandLine::RunThumbnail()
 
 void CommandLine::AddBeginningOptions(CLI::App& command)
 {
-    command.add_option("--preset", begin.preset, "Begin with a preset, which tells the kind of paper")
-        ->type_name("PRESET");
-    command
-        .add_option("--form", begin.form,
-                    "Lay over it a form: the JSON that form prints, or a part of it, or an SVG or PNG page; - is "
-                    "standard input")
-        ->type_name("FILE");
+    AddOption(command, "--preset", "PRESET", begin.preset, "Begin with a preset, which tells the kind of paper");
+    AddOption(
+        command, "--form", "FILE", begin.form,
+        "Lay over it a form: the JSON that form prints, or a part of it, or an SVG or PNG page; - is standard "
+        "input");
+}
+
+void CommandLine::AddActions(CLI::App& command)
+{
+    actions.AddTo(command, [this](std::string_view names) { return IsWanted(names); });
 }
 
 /// Of a command that takes one source.
@@ -353,7 +413,7 @@ void CommandLine::AddOutputOption(CLI::App& command, const char* help)
 
 void CommandLine::AddJsonFlag(CLI::App& command)
 {
-    command.add_flag("--json", asJson, "As JSON");
+    AddFlag(command, "--json", asJson, "As JSON");
 }
 
 }  // namespace linealis::cli

@@ -5,9 +5,11 @@
 
 #include <CLI/CLI.hpp>
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace linealis::cli {
@@ -15,7 +17,8 @@ namespace linealis::cli {
 /// The options that are actions, and what they were given, in the order of the command line.
 class ActionOptions {
 public:
-    void AddTo(CLI::App& theCommand);
+    /// Only those of which `isWanted` is true.
+    void AddTo(CLI::App& theCommand, const std::function<bool(std::string_view names)>& isWanted);
     std::vector<Action> InOrder() const;
 
 private:
@@ -51,6 +54,15 @@ private:
     static const Command* FindCommand(const std::vector<std::string>& words);
 
     void Add(const Command& command);
+    int ParseAndRun(const Command* called, int argc, char** argv);
+    bool IsWanted(std::string_view names) const;
+    /// Null if the option is not wanted.
+    template <typename Value>
+    CLI::Option* AddOption(CLI::App& command, const char* names, const char* argument, Value& value,
+                           const char* help);
+    template <typename Number>
+    void AddNumber(CLI::App& command, const char* names, Number& value, Number most, const char* help);
+    void AddFlag(CLI::App& command, const char* name, bool& value, const char* help);
 
     void AddKindsOptions(CLI::App& command);
     void AddPresetsOptions(CLI::App& command);
@@ -63,6 +75,7 @@ private:
     void AddThumbnailOptions(CLI::App& command);
 
     void AddBeginningOptions(CLI::App& command);
+    void AddActions(CLI::App& command);
     void AddSourceOptions(CLI::App& command);
     void AddOutputOption(CLI::App& command, const char* help);
     void AddJsonFlag(CLI::App& command);
@@ -77,6 +90,8 @@ private:
     int RunCalibration();
     int RunThumbnail();
 
+    /// What was given, of which only the options are added: all of them take as long as a small page. Nothing: all.
+    std::optional<std::vector<std::string>> given;
     CLI::App app{"Makes printable paper as PDF files.", "linealis-cli"};
     ActionOptions actions;
     bool asJson = false;
