@@ -99,14 +99,11 @@ void Sheet::Load(std::string_view settings)
 
 std::string Sheet::Page() const
 {
-    Turns turns([] {});
-    MyPDFGenerator pdf(turns);
     try {
-        DrawContent(parts->window->ReadPage(), pdf, turns, {});
+        return FileBytesOf(parts->window->ReadPage(), parts->platform.Now());
     } catch (const PageGivenUp& givenUp) {
         throw std::runtime_error(givenUp.reason);
     }
-    return pdf.FileBytes(parts->platform.Now());
 }
 
 }  // namespace linealis

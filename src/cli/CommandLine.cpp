@@ -6,7 +6,6 @@
 #include "cli/Errors.h"
 
 #include <algorithm>
-#include <array>
 
 namespace linealis::cli {
 
@@ -17,17 +16,6 @@ constexpr int different = 1;
 constexpr std::size_t mostJobs = 256;
 constexpr int largestThumbnail = 4096;
 constexpr double mostDotsPerInch = 9600.0;
-
-const char* const actionHelp =
-    "Actions are done in the order in which they stand:\n"
-    "  --set CONTROL=VALUE   text; item or #INDEX of a popup or radio group; on or off; color #RRGGBB\n"
-    "  --type CONTROL=TEXT   text typed by hand, so that what follows from it is worked out anew\n"
-    "  --load FILE           load a settings file\n"
-    "  --markers FILE        of graph, with CheckBoxMarkers on: the file of its markers\n"
-    "  --wizard CONTROL=TEXT of graph: fill in the wizard, whose OK is pressed after all other actions\n"
-    "A control has a name, EditTopMargin, and an alias, top-margin; either will do. 'linealis-cli form KIND' "
-    "shows\n"
-    "both, 'linealis-cli presets' the presets.\n";
 
 const char* const exitHelp = "Exit status: 0 done; 1 the work failed; 2 the command line is wrong. Of diff: 0 the "
                              "same; 1 different; 2 trouble.\n";
@@ -53,47 +41,6 @@ UsageError Explain(const CLI::App& app, const CLI::ParseError& error)
 }
 
 }  // namespace
-
-void ActionOptions::AddTo(CLI::App& theCommand, const std::function<bool(std::string_view names)>& isWanted)
-{
-    struct Sort {
-        const char* name;
-        const char* argument;
-        const char* help;
-        Action::Kind kind;
-    };
-    static constexpr std::array sorts = {
-        Sort{"--set", "CONTROL=VALUE", "Set a control", Action::Kind::Set},
-        Sort{"--type", "FIELD=TEXT", "Type a text into a field", Action::Kind::Type},
-        Sort{"--load", "FILE", "Load a settings file", Action::Kind::Load},
-        Sort{"--markers", "FILE", "The marker file of a graph with CheckBoxMarkers on", Action::Kind::Markers},
-        Sort{"--wizard", "WIZARD=TEXT", "Fill in the wizard of a graph", Action::Kind::Wizard},
-    };
-    command = &theCommand;
-    for (const Sort& sort : sorts) {
-        if (isWanted(sort.name)) {
-            Add(sort.name, sort.argument, sort.help, sort.kind);
-        }
-    }
-    command->footer(actionHelp);
-}
-
-std::vector<Action> ActionOptions::InOrder() const
-{
-    std::vector<Action> actions;
-    std::map<const CLI::Option*, std::size_t> taken;
-    for (const CLI::Option* const option : command->parse_order()) {
-        if (const auto kind = kinds.find(option); kind != kinds.end()) {
-            actions.push_back({kind->second, option->results()[taken[option]++]});
-        }
-    }
-    return actions;
-}
-
-void ActionOptions::Add(const char* name, const char* argument, const char* help, Action::Kind kind)
-{
-    kinds[command->add_option(name)->description(help)->type_name(argument)->expected(1)->take_all()] = kind;
-}
 
 CommandLine::CommandLine()
 {
@@ -325,13 +272,13 @@ void CommandLine::AddGenerateOptions(CLI::App& command)
               "The file: .pdf, .svg or .png; without an ending a PDF file; - is standard output");
     AddOption(command, "--output-dir", "DIR", request.outputDirectory, "Folder for a file named after each source");
     AddOption(command, "--format", "FORMAT", request.format, "pdf, svg or png, whatever the file's ending");
-    AddNumber(command, "--dpi", request.dotsPerInch, mostDotsPerInch, "Pixels per inch of a PNG file");
-    AddFlag(command, "--transparent", request.isTransparent, "A PNG file without the white of the paper");
+    AddNumber(command, "--dpi", request.how.dotsPerInch, mostDotsPerInch, "Pixels per inch of a PNG file");
+    AddFlag(command, "--transparent", request.how.isTransparent, "A PNG file without the white of the paper");
     AddOption(command, "--table", "FILE", request.table,
               "A page for each row of a CSV file, whose head names a control a column; the column 'file' names the "
               "pages");
     AddNumber(command, "-j,--jobs", request.jobs, mostJobs, "Pages that are made at a time");
-    AddFlag(command, "--view", request.view, "Open the page in the viewer");
+    AddFlag(command, "--view", request.how.view, "Open the page in the viewer");
     AddFlag(command, "--check", request.check, "Write nothing, and say what will disappoint on paper");
     AddFlag(command, "--json", request.asJson, "With --check: as JSON");
     AddActions(command);

@@ -1,20 +1,14 @@
 #include "cli/Generate.h"
 
-#include "app/PageCheck.h"
 #include "cli/Commands.h"
 #include "cli/Errors.h"
 #include "cli/PageJobs.h"
 #include "cli/Table.h"
-#include "exchange/PngPage.h"
-#include "exchange/SvgPage.h"
-#include "platform/Process.h"
-#include "platform/ScreenlessPlatform.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
 #include <exception>
-#include <iostream>
 #include <set>
 
 namespace linealis::cli {
@@ -22,15 +16,6 @@ namespace linealis::cli {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// One page to be made or checked.
-struct PageJob {
-    const Source* source;
-    std::string name;  ///< for messages
-    std::vector<Action> actions;
-    std::string output;
-    PageFormat format = PageFormat::Pdf;
-};
 
 struct FormatName {
     std::string_view name;
@@ -74,167 +59,6 @@ PageFormat FormatOf(const GenerateRequest& request)
         return *format;
     }
     throw Unknown("ending of -o", ending, {".pdf", ".svg", ".png", "none, which is a PDF file"});
-}
-
-void LaunchViewer(const FolderItem& file)
-{
-    const std::string program = "xdg-open", path = file.Path().string();
-    if (const std::error_code error = StartProgram(program, path)) {
-        throw WorkError{path + ": the page is made, but the viewer could not be started: " + program + ": " +
-                        error.message()};
-    }
-}
-
-/// Of a page that is made, so much content is looked at for warnings: it takes no time. Bytes.
-constexpr std::size_t longestChecked = std::size_t{256} << 10U;
-
-PageWarnings WarningsOf(const PaperWindow& window, std::string_view content, const ScreenlessPlatform& platform)
-{
-    const PageFrame frame = window.ReadPage().frame;
-    PageWarnings warnings = FormWarnings(window.form, frame);
-    for (const PageWarnings& more :
-         {ContentWarnings(frame, content), MarkerWarnings(window.form, platform.openAnswer)}) {
-        warnings.insert(warnings.end(), more.begin(), more.end());
-    }
-    return warnings;
-}
-
-void Say(const ScreenlessPlatform& platform)
-{
-    for (const std::vector<std::string>* const said : {&platform.messages, &platform.notes}) {
-        std::for_each(said->begin(), said->end(), Complain);
-    }
-}
-
-void Warn(const PageJob& job, const PaperWindow& window, std::string_view content,
-          const ScreenlessPlatform& platform)
-{
-    if (content.size() <= longestChecked) {
-        for (const PageWarning& warning : WarningsOf(window, content, platform)) {
-            Complain("warning: " + job.name + ": " + warning.text);
-        }
-    }
-}
-
-std::string DrawPage(const std::string& name, PaperWindow& window)
-{
-    try {
-        return window.DrawPage();
-    } catch (const PageGivenUp& givenUp) {
-        throw WorkError{name + ": " + givenUp.reason};
-    }
-}
-
-/// The file that a page goes to. Whoever may write to the folder shall not choose another for it.
-FolderItem FileOf(const PageJob& job, const GenerateRequest& request)
-{
-    const FolderItem file = OutputFile(job.output);
-    return request.output.empty() ? file.WithoutLinks() : file;
-}
-
-/// One page by the road of the Generate button with the shift key held down: a file that the settings brought
-/// back is forgotten, and the save dialog answers with the output file.
-void GeneratePdf(const PageJob& job, const GenerateRequest& request, const std::atomic<bool>& stop)
-{
-    ScreenlessPlatform platform;
-    platform.onYield = [&stop] {
-        if (stop) {
-            throw PageStopped{};
-        }
-    };
-    platform.shiftKey = true;
-    platform.saveAnswer = FileOf(job, request);
-    const OpenWindow open = Open(*job.source, job.actions, platform);
-    open.window->PushButtonGenerate_Action();
-    if (open.window->LastPage() == PageEnd::Stopped) {
-        return;
-    }
-    Say(platform);
-    Warn(job, *open.window, open.window->Pdf().Stream(), platform);
-    if (!platform.fileErrors.empty()) {
-        throw WorkError{job.output + ": " + platform.fileErrors.front().reason};
-    }
-    if (request.view) {
-        LaunchViewer(platform.saveAnswer);
-    }
-}
-
-void CheckPixels(const PaperSize& paper, const GenerateRequest& request, const std::string& name)
-{
-    const PixelSize size = PixelsOf(paper, request.dotsPerInch);
-    if (size.width > mostPixels || size.height > mostPixels || size.width * size.height > mostPixels) {
-        throw UsageError{name + ": a picture of " + std::to_string(size.width) + " by " +
-                         std::to_string(size.height) + " pixels is too large; --dpi " +
-                         std::to_string(HighestDotsPerInch(paper)) + " would fit"};
-    }
-}
-
-/// The same content as that of the PDF file, in another format. The picture carries its form.
-void GeneratePicture(const PageJob& job, const GenerateRequest& request, const std::atomic<bool>& stop)
-{
-    ScreenlessPlatform platform;
-    const auto stopIfAsked = [&stop] {
-        if (stop) {
-            throw PageStopped{};
-        }
-    };
-    platform.onYield = stopIfAsked;
-    const OpenWindow open = Open(*job.source, job.actions, platform);
-    const PageFrame frame = open.window->ReadPage().frame;
-    const PaperSize paper{frame.paperWidth, frame.paperHeight};
-    if (job.format == PageFormat::Png) {
-        CheckPixels(paper, request, job.name);
-    }
-    const std::string content = DrawPage(job.name, *open.window);
-    Say(platform);
-    Warn(job, *open.window, content, platform);
-    const std::string carried = CarriedForm(*open.kind, open.window->form);
-    const FolderItem file = FileOf(job, request);
-    BinaryStream stream = file.CreateBinaryFile();
-    if (stream.IsOpen()) {
-        if (job.format == PageFormat::Png) {
-            WritePng(paper, content, {request.dotsPerInch, request.isTransparent, 0.0, carried, stopIfAsked},
-                     stream);
-        } else {
-            stream.Write(SvgOf(paper, content, carried));
-        }
-        stream.Close();
-    }
-    if (stream.Error()) {
-        throw WorkError{job.output + ": " + stream.Error().message()};
-    }
-    if (request.view) {
-        LaunchViewer(file);
-    }
-}
-
-void GeneratePage(const PageJob& job, const GenerateRequest& request, const std::atomic<bool>& stop)
-{
-    if (job.format == PageFormat::Pdf) {
-        GeneratePdf(job, request, stop);
-        return;
-    }
-    try {
-        GeneratePicture(job, request, stop);
-    } catch (const PageStopped&) {  // the program ends
-    }
-}
-
-/// Tells before the page is printed what will disappoint on it.
-void CheckPage(const PageJob& job, const GenerateRequest& request, Json& found)
-{
-    ScreenlessPlatform platform;
-    const OpenWindow open = Open(*job.source, job.actions, platform);
-    const std::string content = DrawPage(job.name, *open.window);
-    Say(platform);
-    for (const PageWarning& warning : WarningsOf(*open.window, content, platform)) {
-        if (request.asJson) {
-            found.push_back(
-                {{"source", job.name}, {"id", warning.id}, {"control", warning.control}, {"text", warning.text}});
-        } else {
-            std::cout << job.name << ": " << warning.text << '\n';
-        }
-    }
 }
 
 /// The page of a source alone, in the directory or, without one, in the output file.
@@ -332,7 +156,7 @@ void CheckRequest(const GenerateRequest& request)
                          " are asked for; --output-dir DIR takes any number"};
     }
     CheckIsNoInput(request.output, request);
-    if (request.view && request.output == "-") {
+    if (request.how.view && request.output == "-") {
         throw UsageError{"--view needs a file, not standard output"};
     }
 }
@@ -349,12 +173,12 @@ void CheckSources(const GenerateRequest& request)
 
 void CheckPages(const GenerateRequest& request)
 {
-    if (!request.output.empty() || !request.outputDirectory.empty() || request.view) {
+    if (!request.output.empty() || !request.outputDirectory.empty() || request.how.view) {
         throw UsageError{"--check writes no page, and goes without -o, --output-dir and --view"};
     }
     Json found = Json::array();
     for (const PageJob& job : JobsOf(request)) {
-        CheckPage(job, request, found);
+        CheckPage(job, request.asJson, found);
     }
     if (request.asJson) {
         Print(found);
@@ -368,14 +192,14 @@ UsageError InRow(const UsageError& error, const PageJob& job, const GenerateRequ
 }
 
 /// Each page is tried after another has failed in its work; a command line that makes no sense ends all.
-void GeneratePages(const std::vector<PageJob>& jobs, const GenerateRequest& request)
+void GeneratePages(const std::vector<PageJob>& jobs, const GenerateRequest& request, const OutputOptions& how)
 {
     std::vector<std::string> failures(jobs.size());
     std::exception_ptr wrong;
     std::mutex mutex;
     MakePages(jobs.size(), request.jobs, [&](std::size_t i, const std::atomic<bool>& stop) {
         try {
-            GeneratePage(jobs[i], request, stop);
+            GeneratePage(jobs[i], how, stop);
             return true;
         } catch (const WorkError& error) {
             failures[i] = error.message;
@@ -412,30 +236,12 @@ void Generate(const GenerateRequest& request)
     CheckRequest(request);
     const std::vector<PageJob> jobs = JobsOf(request);
     CheckAllDiffer(jobs);
+    OutputOptions how = request.how;
+    how.refusesLinks = !request.outputDirectory.empty();
     if (jobs.size() == 1) {
-        GeneratePage(jobs.front(), request, false);
+        GeneratePage(jobs.front(), how, false);
     } else {
-        GeneratePages(jobs, request);
-    }
-}
-
-void MakeThumbnail(const std::string& settingsFile, const std::string& output, int size)
-{
-    const Source source{settingsFile};
-    ScreenlessPlatform platform;
-    const OpenWindow open = Open(source, {}, platform);
-    const PageFrame frame = open.window->ReadPage().frame;
-    const PaperSize paper{frame.paperWidth, frame.paperHeight};
-    const auto longer = static_cast<double>(std::max(paper.width, paper.height));
-    BinaryStream stream = OutputFile(output).CreateBinaryFile();
-    if (stream.IsOpen()) {
-        constexpr double thinnest = 0.5;  // pixels: thinner lines would hardly be seen
-        const std::string content = DrawPage(settingsFile, *open.window);
-        WritePng(paper, content, {size * pointsPerInch / longer, false, thinnest}, stream);
-        stream.Close();
-    }
-    if (stream.Error()) {
-        throw WorkError{output + ": " + stream.Error().message()};
+        GeneratePages(jobs, request, how);
     }
 }
 

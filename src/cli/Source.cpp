@@ -36,11 +36,10 @@ const Preset& PresetNamed(const std::string& id)
     throw Unknown("preset", id, possible);
 }
 
-FormFile ReadFormFile(const std::string& fileName)
+FormFile ReadForm(const std::string& fileName)
 {
-    constexpr std::size_t longest = std::size_t{64} << 20U;  // of a picture that carries a form
     try {
-        return ParseForm(fileName == "-" ? "standard input" : fileName, ReadInput(fileName, longest));
+        return ParseForm(fileName == "-" ? "standard input" : fileName, ReadInput(fileName, longestFormFile));
     } catch (const FormError& error) {
         throw WorkError{error.message};
     }
@@ -72,7 +71,7 @@ void CheckNames(const std::vector<std::string>& names, const std::string& option
 
 std::vector<Source> SourcesOf(const SourceOptions& options)
 {
-    const auto form = options.form ? std::make_shared<const FormFile>(ReadFormFile(*options.form)) : nullptr;
+    const auto form = options.form ? std::make_shared<const FormFile>(ReadForm(*options.form)) : nullptr;
     if (options.preset) {
         const Preset& found = PresetNamed(*options.preset);
         CheckNames(options.names, "--preset " + *options.preset, found.kind);

@@ -8,7 +8,6 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QFileInfo>
 #include <QFileOpenEvent>
 #include <QKeyEvent>
 #include <QResource>
@@ -66,6 +65,9 @@ Desktop::Desktop()
     QApplication::setQuitOnLastWindowClosed(false);  // a page may still be under way: Quit sees to it
     qApp->installEventFilter(this);
     connect(&platform, &DesktopPlatform::Idle, this, &Desktop::ProceedSoon);
+    connect(
+        &platform, &DesktopPlatform::PictureChosen, this, [this](const QString& path) { OpenSettings({path}); },
+        Qt::QueuedConnection);
     connect(qApp, &QCoreApplication::aboutToQuit, this, &Desktop::End);
     // The session may end after this, or go on.
     connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { app.Store(); });
@@ -101,20 +103,6 @@ void Desktop::ShowGallery()
     galleryView->Place();
     galleryView->show();
     inFront = galleryView;
-}
-
-void Desktop::AskForSettings()
-{
-    const QStringList files = platform.AskForSettings();
-    for (const QString& path : files) {
-        const QFileInfo file(path);
-        if (FindPaperKindByExtension(file.suffix().toStdString()) == nullptr) {
-            platform.MsgBox(tr("%1 is no settings file").arg(file.fileName()).toStdString());
-        }
-    }
-    if (!quitting) {  // the user may have ended the program instead of reading a box
-        OpenSettings(files);
-    }
 }
 
 void Desktop::OpenHit(const PaperHit& hit)
@@ -170,32 +158,6 @@ bool Desktop::eventFilter(QObject* watched, QEvent* event)
         break;
     }
     return QObject::eventFilter(watched, event);
-}
-
-void Desktop::OpenDocuments(const QStringList& files)
-{
-    waitingDocuments += files;
-    ProceedSoon();
-}
-
-void Desktop::OpenDocument(const QString& path)
-{
-    if (path.startsWith(kindRequest)) {
-        if (const PaperKind* const kind = FindPaperKind(path.mid(kindRequest.size()).toStdString())) {
-            app.ShowPaper(*kind);
-        }
-        return;
-    }
-    const FolderItem file(std::filesystem::path(path.toStdString()));
-    DoAsStep(tr("Open %1").arg(ToQt(file.Name())), [&] { app.Event_OpenDocument(file); });
-}
-
-void Desktop::OpenSettings(const QStringList& files)
-{
-    for (const QString& path : files) {
-        const FolderItem file(std::filesystem::path(path.toStdString()));
-        DoAsStep(tr("Open %1").arg(ToQt(file.Name())), [&] { app.OpenSettings(file); });
-    }
 }
 
 void Desktop::DoAsStep(const QString& name, const std::function<void()>& change)

@@ -37,7 +37,7 @@ public:
     /// kind may stand, whose window is shown then.
     void OpenDocuments(const QStringList& files);
 
-    /// Opens settings files of any kind at once, without a message.
+    /// Opens settings files of any kind, and pictures that carry a form, at once, without a message.
     void OpenSettings(const QStringList& files);
 
     /// Brings the window that was in front last to the front again, for a second start.
@@ -66,6 +66,8 @@ private:
 
     PaperView& ViewOf(const PaperKind& kind, PaperWindow& window);
     void OpenDocument(const QString& path);
+    /// Fills in the form of its kind with the form that a picture of a page carries.
+    void OpenPicture(const FolderItem& file);
     /// Does what may change any window, as one step of that name in each that it changes.
     void DoAsStep(const QString& name, const std::function<void()>& change);
     void ShowGallery();

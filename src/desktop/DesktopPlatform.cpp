@@ -82,7 +82,11 @@ void Prepare(QFileDialog& dialog, const FileType& type, QFileDialog::AcceptMode 
     if (!type.extension.empty()) {
         const QString extension = ToQt(type.extension);
         const QString name = type.extension == "pdf" ? QStringLiteral("PDF documents") : QStringLiteral("Settings");
-        dialog.setNameFilter(QStringLiteral("%1 (*.%2)").arg(name, extension));
+        QStringList filters = {QStringLiteral("%1 (*.%2)").arg(name, extension)};
+        if (mode == QFileDialog::AcceptOpen) {
+            filters << QStringLiteral("Pages that carry their form (*.svg *.png)");
+        }
+        dialog.setNameFilters(filters);
         dialog.setDefaultSuffix(extension);
     }
     if (!suggestedName.isEmpty()) {
@@ -91,6 +95,12 @@ void Prepare(QFileDialog& dialog, const FileType& type, QFileDialog::AcceptMode 
 }
 
 }  // namespace
+
+bool IsPicture(const QString& path)
+{
+    return path.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive) ||
+           path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive);
+}
 
 DesktopPlatform::DesktopPlatform()
 {
@@ -141,7 +151,12 @@ FolderItem DesktopPlatform::AskForFile(const FileType& type, QFileDialog::Accept
     if (FindPaperKindByExtension(type.extension) != nullptr) {
         KeepFolder(dialog, QString::fromLatin1(settingsFolderKey));
     }
-    return ToItem(dialog.selectedFiles().value(0));
+    const QString path = dialog.selectedFiles().value(0);
+    if (mode == QFileDialog::AcceptOpen && !type.extension.empty() && IsPicture(path)) {
+        emit PictureChosen(path);
+        return {};
+    }
+    return ToItem(path);
 }
 
 QStringList DesktopPlatform::AskForSettings()
@@ -153,6 +168,7 @@ QStringList DesktopPlatform::AskForSettings()
     QFileDialog dialog(QApplication::activeWindow(), tr("Open Settings"));
     GoToFolder(dialog, QString::fromLatin1(settingsFolderKey));
     dialog.setFileMode(QFileDialog::ExistingFiles);
+    patterns << QStringLiteral("*.svg") << QStringLiteral("*.png");
     dialog.setNameFilter(QStringLiteral("Settings (%1)").arg(patterns.join(QLatin1Char(' '))));
     if (RunModal(dialog) != QDialog::Accepted) {
         return {};

@@ -14,6 +14,9 @@
 
 namespace linealis::desktop {
 
+/// Whether the name is that of a page as SVG or PNG, which carries its form.
+bool IsPicture(const QString& path);
+
 /// The platform with a screen, on Qt.
 class DesktopPlatform final : public QObject, public Platform {
     Q_OBJECT
@@ -61,6 +64,8 @@ public:
 signals:
     /// The last work, or the last dialog, has ended. Who began it has not: take it as the event to come after that.
     void Idle();
+    /// Where a settings file was asked for, the user has chosen a picture, which is opened in another way.
+    void PictureChosen(const QString& path);
 
 private:
     /// `choice` is what the user may tick below it; empty: nothing. Returns whether that was ticked.

@@ -63,7 +63,7 @@ QStringList SettingsFilesIn(const QMimeData& dragged)
     QStringList files;
     for (const QUrl& url : dragged.urls()) {
         const std::string extension = QFileInfo(url.toLocalFile()).suffix().toStdString();
-        if (url.isLocalFile() && FindPaperKindByExtension(extension) != nullptr) {
+        if (url.isLocalFile() && (IsPicture(url.path()) || FindPaperKindByExtension(extension) != nullptr)) {
             files << url.toLocalFile();
         }
     }
@@ -228,21 +228,8 @@ void PaperView::Print()
     if (generating) {
         return;
     }
-    FinishEdit();
-    DrawnPage page{window.ReadPage().frame, {}};
-    bool isDrawn = false;
-    Work([&] {
-        try {
-            page.content = window.DrawPage();
-            isDrawn = true;
-        } catch (const PageStopped&) {
-            Say(tr("Cancelled; nothing was printed"));
-        } catch (const PageGivenUp& givenUp) {
-            Say(tr("Nothing was printed: %1").arg(QString::fromUtf8(givenUp.reason)));
-        }
-    });
-    if (isDrawn) {
-        Say(PrintWithDialog(page, PrinterFactorsFile(platform.PreferencesFolder()), this,
+    if (const auto page = Draw(tr("nothing was printed"))) {
+        Say(PrintWithDialog(*page, PrinterFactorsFile(platform.PreferencesFolder()), this,
                             [this](QDialog& dialog) { return platform.RunModal(dialog); }));
     }
     if (closeWhenDone) {

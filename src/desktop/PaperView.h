@@ -4,11 +4,13 @@
 #include "app/PageCheck.h"
 #include "desktop/DesktopPlatform.h"
 #include "desktop/FormHistory.h"
+#include "desktop/PrintPage.h"
 
 #include <QMainWindow>
 #include <QTimer>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <utility>
 
 class QAction;
@@ -57,6 +59,11 @@ public:
     void ShowLivePage(bool visible);
     /// Prints the page through the system's dialog.
     void Print();
+
+    /// Writes the page as a picture that is asked for.
+    void Export();
+    /// Puts the page on the clipboard.
+    void CopyPage();
 
     /// Asks for another file for the page.
     void ChangeFile();
@@ -108,6 +115,11 @@ private:
     void Calibrate();
     /// Works on a page, with progress and Cancel.
     void Work(const std::function<void()>& work);
+    using PageUse = std::function<void(const DrawnPage& page)>;
+    /// The page, drawn for another use than its file, which may be stopped as the drawing may; nothing if it was
+    /// stopped or given up. That is said with `nothingDone`: "nothing was printed".
+    std::optional<DrawnPage> Draw(
+        const QString& nothingDone, const PageUse& use = [](const DrawnPage&) {});
     void MakePage();
     void SayHowPageEnded();
     void ShowWizard();

@@ -199,6 +199,7 @@ void PaperView::AddMenus()
     QMenu& file = *menu("FileMenu");
     file.addSeparator();
     add(file, tr("Print..."), QStringLiteral("FilePrint"), QKeySequence::Print, &PaperView::Print);
+    add(file, tr("Export..."), QStringLiteral("FileExport"), Qt::CTRL | Qt::SHIFT | Qt::Key_E, &PaperView::Export);
     QMenu& recent = *file.addMenu(tr("Open &Recent"));
     recent.setObjectName(QStringLiteral("RecentMenu"));
     FillRecentMenu(recent, RecentFiles(platform.PreferencesFolder()),
@@ -209,6 +210,8 @@ void PaperView::AddMenus()
     redo->setShortcuts({Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y});
     connect(&edit, &QMenu::aboutToShow, redo, [this, redo] { redo->setEnabled(history.CanRedo()); });
     connect(&edit, &QMenu::aboutToHide, redo, [redo] { redo->setEnabled(true); });  // its shortcut works again
+    add(edit, tr("Copy Page"), QStringLiteral("EditCopyPage"), Qt::CTRL | Qt::SHIFT | Qt::Key_C,
+        &PaperView::CopyPage);
     add(edit, tr("Reset Form"), QStringLiteral("EditReset"), {}, &PaperView::Reset);
     menuBar()->addMenu(presets);
     QMenu& view = *menuBar()->addMenu(tr("&View"));

@@ -125,6 +125,23 @@ FormFile ParseForm(std::string name, std::string_view text)
     return file;
 }
 
+FormFile ReadFormFile(const FolderItem& file)
+{
+    BinaryStream stream = file.OpenAsBinaryFile();
+    if (!stream.IsOpen()) {
+        throw FormError{file.Name() + ": " + stream.Error().message()};
+    }
+    std::string text;
+    for (std::string piece = stream.Read(BinaryStream::longestField); !piece.empty();
+         piece = stream.Read(BinaryStream::longestField)) {
+        text += piece;
+        if (text.size() > longestFormFile) {
+            throw FormError{file.Name() + ": is larger than any form"};
+        }
+    }
+    return ParseForm(file.Name(), text);
+}
+
 std::string CarriedForm(const PaperKind& kind, const Form& form)
 {
     Json json = {{"kind", kind.name}, {"controls", Json::object()}};

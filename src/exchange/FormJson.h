@@ -37,6 +37,12 @@ struct FormError {
 /// the file's, for messages. Throws FormError.
 FormFile ParseForm(std::string name, std::string_view text);
 
+/// The same of a file. Throws FormError if it cannot be read or is larger than 64 MiB too.
+FormFile ReadFormFile(const FolderItem& file);
+
+/// The most bytes that ReadFormFile takes.
+inline constexpr std::size_t longestFormFile = std::size_t{64} << 20U;
+
 /// The form as a page carries it.
 std::string CarriedForm(const PaperKind& kind, const Form& form);
 

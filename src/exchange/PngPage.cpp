@@ -60,7 +60,7 @@ int HighestDotsPerInch(const PaperSize& paper)
 
 void WritePng(const PaperSize& paper, std::string_view content, const PngOptions& options, BinaryStream& stream)
 {
-    constexpr std::int64_t pixelsAtATime = 8'000'000;
+    constexpr std::int64_t pixelsAtATime = 4'000'000;
     const PixelSize size = PixelsOf(paper, options.dotsPerInch);
     const auto width = static_cast<int>(size.width), height = static_cast<int>(size.height);
     const int band = static_cast<int>(std::clamp<std::int64_t>(pixelsAtATime / size.width, 1, size.height));

@@ -50,6 +50,14 @@ std::string ContentOf(const PaperPage& page, Turns& turns, const PageQuestions& 
     return std::string(pdf.Stream());
 }
 
+std::string FileBytesOf(const PaperPage& page, const LocalTime& now)
+{
+    Turns turns([] {});
+    MyPDFGenerator pdf(turns);
+    DrawContent(page, pdf, turns, {});
+    return pdf.FileBytes(now);
+}
+
 PageEnd MakePage(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask,
                  Platform& platform)
 {

@@ -1,0 +1,63 @@
+#include "cli/ActionOptions.h"
+
+#include <array>
+
+namespace linealis::cli {
+
+namespace {
+
+const char* const actionHelp =
+    "Actions are done in the order in which they stand:\n"
+    "  --set CONTROL=VALUE   text; item or #INDEX of a popup or radio group; on or off; color #RRGGBB\n"
+    "  --type CONTROL=TEXT   text typed by hand, so that what follows from it is worked out anew\n"
+    "  --load FILE           load a settings file\n"
+    "  --markers FILE        of graph, with CheckBoxMarkers on: the file of its markers\n"
+    "  --wizard CONTROL=TEXT of graph: fill in the wizard, whose OK is pressed after all other actions\n"
+    "A control has a name, EditTopMargin, and an alias, top-margin; either will do. 'linealis-cli form KIND' "
+    "shows\n"
+    "both, 'linealis-cli presets' the presets.\n";
+
+}  // namespace
+
+void ActionOptions::AddTo(CLI::App& theCommand, const std::function<bool(std::string_view names)>& isWanted)
+{
+    struct Sort {
+        const char* name;
+        const char* argument;
+        const char* help;
+        Action::Kind kind;
+    };
+    static constexpr std::array sorts = {
+        Sort{"--set", "CONTROL=VALUE", "Set a control", Action::Kind::Set},
+        Sort{"--type", "FIELD=TEXT", "Type a text into a field", Action::Kind::Type},
+        Sort{"--load", "FILE", "Load a settings file", Action::Kind::Load},
+        Sort{"--markers", "FILE", "The marker file of a graph with CheckBoxMarkers on", Action::Kind::Markers},
+        Sort{"--wizard", "WIZARD=TEXT", "Fill in the wizard of a graph", Action::Kind::Wizard},
+    };
+    command = &theCommand;
+    for (const Sort& sort : sorts) {
+        if (isWanted(sort.name)) {
+            Add(sort.name, sort.argument, sort.help, sort.kind);
+        }
+    }
+    command->footer(actionHelp);
+}
+
+std::vector<Action> ActionOptions::InOrder() const
+{
+    std::vector<Action> actions;
+    std::map<const CLI::Option*, std::size_t> taken;
+    for (const CLI::Option* const option : command->parse_order()) {
+        if (const auto kind = kinds.find(option); kind != kinds.end()) {
+            actions.push_back({kind->second, option->results()[taken[option]++]});
+        }
+    }
+    return actions;
+}
+
+void ActionOptions::Add(const char* name, const char* argument, const char* help, Action::Kind kind)
+{
+    kinds[command->add_option(name)->description(help)->type_name(argument)->expected(1)->take_all()] = kind;
+}
+
+}  // namespace linealis::cli

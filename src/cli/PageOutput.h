@@ -1,0 +1,43 @@
+#pragma once
+
+#include "cli/Source.h"
+
+#include <atomic>
+#include <string>
+#include <vector>
+
+namespace linealis::cli {
+
+/// What a page is written as.
+enum class PageFormat { Pdf, Svg, Png };
+
+/// One page to be made or checked.
+struct PageJob {
+    const Source* source;
+    std::string name;  ///< for messages
+    std::vector<Action> actions;
+    std::string output;
+    PageFormat format = PageFormat::Pdf;
+};
+
+/// How pages are made.
+struct OutputOptions {
+    double dotsPerInch = 300.0;  ///< of a PNG file
+    bool isTransparent = false;  ///< a PNG file has no paper
+    bool view = false;           ///< open each page in the viewer
+    bool refusesLinks = false;   ///< whoever may write to the folder shall not choose another file for a page
+};
+
+/// Makes a page, and tells what will disappoint on it. Leaves nothing when `stop` has become true. Throws
+/// UsageError or WorkError.
+void GeneratePage(const PageJob& job, const OutputOptions& how, const std::atomic<bool>& stop);
+
+/// Tells before the page is printed what will disappoint on it: on standard output, or as JSON at the end of
+/// `found`.
+void CheckPage(const PageJob& job, bool asJson, Json& found);
+
+/// Writes a small picture of the page of a settings file, for those who show files by pictures: a PNG file whose
+/// longer side has so many pixels.
+void MakeThumbnail(const std::string& settingsFile, const std::string& output, int size);
+
+}  // namespace linealis::cli
