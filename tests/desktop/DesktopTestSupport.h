@@ -192,8 +192,9 @@ public:
     void NamesFile(const fs::path& path, std::string_view extension, std::string_view suggestion)
     {
         Answers<QFileDialog>([=, pattern = "*." + std::string(extension)](QFileDialog& dialog) {
-            EXPECT_NE(dialog.nameFilters().join('|').indexOf(ToQt(pattern)), -1) << pattern;
-            EXPECT_EQ(dialog.nameFilters().size(), 1);
+            EXPECT_NE(dialog.selectedNameFilter().indexOf(ToQt(pattern)), -1) << pattern;
+            const bool alsoPictures = dialog.acceptMode() == QFileDialog::AcceptOpen;
+            EXPECT_EQ(dialog.nameFilters().size(), alsoPictures ? 2 : 1);
             auto& field = Child<QLineEdit>(dialog, "fileNameEdit");
             EXPECT_EQ(field.text().toStdString().substr(0, suggestion.size()), suggestion);
             EXPECT_EQ(field.text().isEmpty(), suggestion.empty());
