@@ -4,7 +4,7 @@ JOBS := $(shell nproc)
 NINJA_FLAGS ?=
 BENCH_FLAGS ?=
 
-.PHONY: run test bench package dist pictures format clean setup programs release
+.PHONY: run test bench fuzz package dist pictures format clean setup programs release
 
 # Opens the program; without a screen, writes a sample page of every paper kind instead.
 run: programs
@@ -28,6 +28,13 @@ bench:
 	@cmake --preset bench > /dev/null
 	@cmake --build --preset bench -- $(NINJA_FLAGS)
 	@xvfb-run -a build/bench/bin/linealis_bench --table=build/bench.md $(BENCH_FLAGS)
+
+# Looks for input that breaks something, MINUTES for each part of the program that reads any.
+MINUTES ?= 1
+fuzz:
+	@scripts/setup
+	@scripts/setup fuzz
+	@scripts/fuzz $(MINUTES)
 
 # Makes the Debian packages, in build/packages.
 package: release

@@ -61,8 +61,9 @@ void CheckNames(const std::vector<std::string>& names, const std::string& option
 {
     for (const std::string& name : names) {
         if (name != kind) {
-            throw UsageError{option + " is a preset of " + std::string(kind) +
-                             ", and goes with no other source, such as '" + name + "'"};
+            std::string message = option;
+            message.append(" is a preset of ").append(kind).append(", and goes with no other source, such as '");
+            throw UsageError{message.append(name).append("'")};
         }
     }
 }

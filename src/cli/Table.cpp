@@ -45,7 +45,7 @@ private:
 
     std::string Plain()
     {
-        const auto end =
+        const auto* const end =
             std::find_if(text.begin(), text.end(), [this](char c) { return c == separator || IsLineEnd(c); });
         std::string cell(text.begin(), end);
         text.remove_prefix(cell.size());

@@ -119,7 +119,7 @@ struct PageRaster::Outline {
     std::vector<char> tags;
     std::vector<short> contours;  ///< the last point of each
 
-    void Add(const Point& pixels, char tag) { Add(FT_Vector{Position(pixels.x), Position(pixels.y)}, tag); }
+    void Add(const Point& placed, char tag) { Add(FT_Vector{Position(placed.x), Position(placed.y)}, tag); }
     void Add(const FT_Vector& point, char tag)
     {
         points.push_back(point);
@@ -132,8 +132,8 @@ struct PageRaster::Outline {
         }
     }
 
-    template <typename Place>
-    void Add(PagePath path, Place toPlace)
+    template <typename ToPlace>
+    void Add(PagePath path, ToPlace toPlace)
     {
         for (const PathSegment& segment : path) {
             if (segment.operation == PageOperator::Move) {

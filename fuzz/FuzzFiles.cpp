@@ -1,0 +1,31 @@
+// Files that are read: markers, preferences, and the test whether a PDF is one of the program's own.
+
+#include "Fuzz.h"
+#include "app/Preferences.h"
+#include "pdf/OwnPdf.h"
+#include "pipeline/MarkerFile.h"
+
+#include <unistd.h>
+
+#include <fstream>
+
+using namespace linealis;
+using namespace linealis::fuzz;
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    static const std::string path = "/tmp/linealis-fuzz-" + std::to_string(::getpid());
+    std::ofstream(path, std::ios::binary)
+        .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
+    const FolderItem file{std::filesystem::path(path)};
+    MarkerFile markers(file);
+    std::size_t taken = 0;
+    for (std::string line; markers.NextLine(line);) {
+        taken += line.size();
+    }
+    Require(taken <= size);
+    ReadPrefs(file);
+    IsOwnPdf(file);
+    file.Delete();
+    return 0;
+}

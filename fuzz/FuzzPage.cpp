@@ -1,0 +1,85 @@
+// A whole form: whatever is entered, in whatever order, the page ends, and its content can be read to the end.
+
+#include "Fuzz.h"
+#include "exchange/SvgPage.h"
+#include "pdf/PageContent.h"
+#include "pipeline/PageJob.h"
+#include "pipeline/SetControl.h"
+
+#include <cmath>
+
+using namespace linealis;
+using namespace linealis::fuzz;
+
+namespace {
+
+/// Sets a control to what a line says.
+void Enter(const Form& form, Input& input)
+{
+    Control& control = *form.Controls()[input.Byte() % form.Controls().size()];
+    const std::uint8_t choice = input.Byte();
+    switch (control.Kind()) {
+    case ControlKind::Text: {
+        auto& field = static_cast<TextField&>(control);
+        const std::string text(input.Line());
+        choice % 2 == 0 ? field.SetText(text) : field.Type(text);
+        break;
+    }
+    case ControlKind::Popup:
+    case ControlKind::Radio:
+        static_cast<Choice&>(control).SetListIndex(choice);
+        break;
+    case ControlKind::Check:
+        static_cast<CheckBox&>(control).Click(choice % 2 == 0);
+        break;
+    case ControlKind::Color:
+        static_cast<Swatch&>(control).SetColor({choice, input.Byte(), input.Byte()});
+        break;
+    case ControlKind::Label:
+        break;
+    }
+}
+
+/// Whether a text of the page can break it, as texts with parentheses and backslashes may.
+bool CanBreak(const Form& form)
+{
+    for (const Control* const control : form.Controls()) {
+        if (control->Kind() == ControlKind::Text &&
+            static_cast<const TextField*>(control)->Text().find_first_of("()\\\r\n") != std::string::npos) {
+            return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    constexpr int mostEntered = 64;
+    constexpr std::int64_t mostRounds = 20000;
+    Input input(data, size);
+    const PaperKind& kind = input.Kind();
+    ScreenlessPlatform platform;
+    const Paper paper = kind.makePaper(platform);
+    for (int i = 0; i < mostEntered && !input.IsEmpty(); ++i) {
+        Enter(*paper.form, input);
+    }
+    const PaperPage page = paper.readPage();
+    page.describe();
+    Turns turns([] {}, mostRounds);
+    try {
+        const std::string content = ContentOf(page, turns);
+        PageReader reader(content);
+        while (reader.Next()) {
+            for (const double operand : reader.Operands()) {
+                Require(std::isfinite(operand));
+            }
+        }
+        Require(!reader.IsDamaged() || CanBreak(*paper.form));
+        SvgOf({page.frame.paperWidth, page.frame.paperHeight}, content, "");
+    } catch (const PageGivenUp& givenUp) {
+        Require(*givenUp.reason != '\0');
+    }
+    return 0;
+}
