@@ -123,6 +123,11 @@ private:
             Warn("custom-size", form.EditCustomWidth,
                  "A settings file does not keep a custom paper size, " + PaperWords(frame));
         }
+        constexpr std::int64_t largestPaper = 14400;  // points: ISO 32000-1, annex C
+        if (std::max(frame.paperWidth, frame.paperHeight) > largestPaper) {
+            Warn("paper-size", form.EditCustomWidth,
+                 "The paper of " + PaperWords(frame) + " is larger than 200 by 200 in, which many readers refuse");
+        }
     }
 
     /// Majors stand on multiples of their step from the value 0, numbers on multiples of theirs from the minimum.

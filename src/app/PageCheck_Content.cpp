@@ -86,6 +86,7 @@ public:
     std::vector<PlacedText> texts;
     std::vector<StraightLine> lines;  ///< the first of them
     double leastWidth = 1e9;
+    double largestNumber = 0.0;  ///< of a line, whatever its sign
     std::size_t linesOff = 0;
 
     bool Scale(double sx, double sy) override
@@ -96,12 +97,14 @@ public:
     }
     bool Stroke(PagePath path, const PagePen& pen) override
     {
+        largestNumber = std::max(largestNumber, std::abs(pen.width));
         leastWidth = std::min(leastWidth, pen.width * std::min(std::abs(scaleX), std::abs(scaleY)));
         const Box room = paper.Grown(tolerance);
         bool isOff = false;
         Point last{};
         for (const PathSegment& segment : path) {
             const Point at = OnPaper(segment.to);
+            largestNumber = std::max({largestNumber, std::abs(segment.to.x), std::abs(segment.to.y)});
             isOff = isOff || at.x < room.left || at.x > room.right || at.y < room.bottom || at.y > room.top;
             if (segment.operation == PageOperator::Line && lines.size() < mostLines) {
                 lines.push_back({last, at});
@@ -217,6 +220,15 @@ void CheckLines(const TextAndLineReader& page, PageWarnings& warnings)
     }
 }
 
+void CheckSizeOfNumbers(const TextAndLineReader& page, PageWarnings& warnings)
+{
+    constexpr double mostOfReaders = 9.2e18;  // what 64 bits hold
+    if (page.largestNumber >= mostOfReaders) {
+        warnings.push_back(
+            {"huge-number", "", "The page holds numbers of 9.2e18 and more, which many readers cannot read"});
+    }
+}
+
 void CheckTitles(const TextAndLineReader& page, PageWarnings& warnings)
 {
     for (const PlacedText& text : page.texts) {
@@ -237,6 +249,7 @@ PageWarnings ContentWarnings(const PageFrame& frame, std::string_view content)
     if (!damage.message.empty()) {
         warnings.push_back({"damaged", "", "The page is damaged: " + damage.message});
     }
+    CheckSizeOfNumbers(page, warnings);
     CheckLines(page, warnings);
     CheckPlaces(page, warnings);
     CheckNumbers(page.texts, warnings);

@@ -2,11 +2,14 @@
 
 #include "app/PageSummary.h"
 #include "cli/Errors.h"
+#include "pdf/MacRoman.h"
 #include "pipeline/FieldWords.h"
 #include "pipeline/SetControl.h"
 #include "platform/ScreenlessPlatform.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
 #include <iostream>
 
 namespace linealis::cli {
@@ -16,6 +19,20 @@ namespace {
 bool IsLabel(const Control* control)
 {
     return control->Kind() == ControlKind::Label;
+}
+
+/// DEL, and U+0080 to U+009F, which JSON would leave as they are.
+bool CommandsTerminal(std::string_view character)
+{
+    return character == "\x7F" || (character >= "\xC2\x80" && character <= "\xC2\x9F");
+}
+
+std::string JsonEscape(std::string_view character)
+{
+    std::array<char, 8> text{};
+    std::snprintf(text.data(), text.size(), "\\u00%02X",
+                  static_cast<unsigned>(static_cast<unsigned char>(character.back())));
+    return text.data();
 }
 
 void SayNotes(const ScreenlessPlatform& platform)
@@ -40,7 +57,11 @@ void Print(const Json& json)
 {
     constexpr int indent = 2;
     // Texts of a damaged settings file need not be UTF-8.
-    std::cout << json.dump(indent, ' ', false, Json::error_handler_t::replace) << '\n';
+    const std::string text = json.dump(indent, ' ', false, Json::error_handler_t::replace);
+    for (const std::string_view character : Characters(text)) {
+        std::cout << (CommandsTerminal(character) ? JsonEscape(character) : std::string(character));
+    }
+    std::cout << '\n';
 }
 
 void ListPresets(bool asJson, const std::optional<std::string>& kind)
@@ -102,11 +123,12 @@ void Show(const Source& source, bool asJson)
     }
     std::cout << "kind\t" << open.kind->name << '\n' << "summary\t" << summary << '\n';
     if (!page.empty()) {
-        std::cout << "page\t" << page << '\n';
+        std::cout << "page\t" << Readable(page) << '\n';
     }
     for (Control* const control : form.Controls()) {
         if (!IsLabel(control)) {
-            std::cout << control->Name() << '\t' << ValueOf(*control) << '\t' << WholeName(form, *control) << '\n';
+            std::cout << control->Name() << '\t' << Readable(ValueOf(*control)) << '\t' << WholeName(form, *control)
+                      << '\n';
         }
     }
 }
@@ -136,8 +158,8 @@ bool Differ(const Source& one, const Source& other, bool asJson)
         return !found.empty();
     }
     for (const Json& row : found) {
-        std::cout << row["control"].get<std::string>() << '\t' << row["one"].get<std::string>() << '\t'
-                  << row["other"].get<std::string>() << '\t' << row["words"].get<std::string>() << '\n';
+        std::cout << row["control"].get<std::string>() << '\t' << Readable(row["one"].get<std::string>()) << '\t'
+                  << Readable(row["other"].get<std::string>()) << '\t' << row["words"].get<std::string>() << '\n';
     }
     return !found.empty();
 }

@@ -87,13 +87,18 @@ StandardError standardError;
 
 }  // namespace
 
+std::string Readable(std::string_view text)
+{
+    std::string shown;
+    for (const std::string_view character : Characters(text)) {
+        shown += IsShownAsItIs(character) ? std::string(character) : Escaped(character);
+    }
+    return shown;
+}
+
 void Complain(std::string_view message)
 {
-    std::string line = "linealis-cli: ";
-    for (const std::string_view character : Characters(message)) {
-        line += IsShownAsItIs(character) ? std::string(character) : Escaped(character);
-    }
-    standardError.Print(line + '\n');
+    standardError.Print("linealis-cli: " + Readable(message) + '\n');
 }
 
 void ShowStatus(const std::string& text)

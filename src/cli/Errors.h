@@ -18,6 +18,9 @@ struct WorkError {
     std::string message;
 };
 
+/// The text for a terminal: what would command it instead of being read is shown as Complain shows it.
+std::string Readable(std::string_view text);
+
 /// Prints "linealis-cli: MESSAGE" and a line end on standard error. What would command the terminal instead of
 /// being read, control characters and bytes that are no UTF-8, is shown as \xNN. May be
 /// called on any thread.
