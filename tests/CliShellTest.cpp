@@ -73,7 +73,7 @@ TEST_F(CliShell, ATableMakesAPageForEachRow)
         "mkdir -p out && rm -f out/* && $cli generate grid --table t.csv --output-dir out ";
     WriteFile(folder / "t.csv", "\xEF\xBB\xBF"
                                 "file,top-margin,PopupUnits,EditVertSpacing\r\n"
-                                "\"a \"\"b\"\"\",0.7,cm,\r\n\r\nc,,,.4\r\n");
+                                "\"a \"\"b\"\"\",0.7,cm,\r\n\r\nc.pdf,,,.4\r\n");
     Prints(generate);
     Prints("$cli generate grid --set top-margin=0.7 --set PopupUnits=cm -o one.pdf; "
            "$cli generate grid --set EditVertSpacing=.4 -o two.pdf");

@@ -269,6 +269,9 @@ TEST_F(Exchange, PicturesGiveTheirFormBack)
             "; $cli generate --form " + file + " -o b.pdf");
         EXPECT_EQ(PageOf(folder / "a.pdf"), PageOf(folder / "b.pdf")) << ending;
     }
+    Run("$cli generate --form page.svg --output-dir . --format svg --set page-title=x && cp graph.svg page.svg; "
+        "$cli generate --form graph.svg --output-dir . --format svg",
+        "the page would replace graph.svg, which it is made from");
     Run("printf '<svg></svg>' > x.svg; $cli form --form x.svg", "x.svg: is a picture that carries no form");
     Run("head -c 300 page.png > x.png; $cli form --form x.png", "x.png: is a picture that carries no form");
 }

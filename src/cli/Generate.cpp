@@ -9,7 +9,10 @@
 #include <array>
 #include <cctype>
 #include <exception>
+#include <mutex>
+#include <optional>
 #include <set>
+#include <string_view>
 
 namespace linealis::cli {
 
@@ -85,10 +88,14 @@ std::vector<PageJob> JobsOfTable(const GenerateRequest& request)
         job.actions.insert(job.actions.end(), row.actions.begin(), row.actions.end());
         const std::string number = std::to_string(row.number);
         const fs::path output(job.output);
-        const std::string name =
-            row.fileName.empty() ? output.stem().string() + "-" + std::string(digits - number.size(), '0') + number
-                                 : row.fileName;
-        job.output = (output.parent_path() / (name + output.extension().string())).string();
+        fs::path name = row.fileName;
+        if (name.empty()) {
+            name = output.stem().string() + "-" + std::string(digits - number.size(), '0') + number;
+        }
+        if (name.extension() != output.extension()) {
+            name += output.extension();
+        }
+        job.output = (output.parent_path() / name).string();
         jobs.push_back(std::move(job));
     }
     return jobs;
@@ -117,8 +124,7 @@ void CheckAllDiffer(const std::vector<PageJob>& jobs)
     }
 }
 
-/// The page shall not take the place of what it is made from.
-void CheckIsNoInput(const std::string& output, const GenerateRequest& request)
+std::vector<std::string> InputsOf(const GenerateRequest& request)
 {
     std::vector<std::string> inputs;
     for (const Source& source : request.sources) {
@@ -134,10 +140,18 @@ void CheckIsNoInput(const std::string& output, const GenerateRequest& request)
             inputs.push_back(action.argument);
         }
     }
-    for (const std::string& input : inputs) {
-        std::error_code oneIsMissing;
-        if (fs::equivalent(input, output, oneIsMissing)) {
-            throw UsageError{"the page would replace " + input + ", which it is made from"};
+    return inputs;
+}
+
+/// No page shall take the place of what it is made from.
+void CheckAreNoInputs(const std::vector<PageJob>& jobs, const GenerateRequest& request)
+{
+    for (const std::string& input : InputsOf(request)) {
+        for (const PageJob& job : jobs) {
+            std::error_code oneIsMissing;
+            if (fs::equivalent(input, job.output, oneIsMissing)) {
+                throw UsageError{"the page would replace " + input + ", which it is made from"};
+            }
         }
     }
 }
@@ -155,7 +169,6 @@ void CheckRequest(const GenerateRequest& request)
         throw UsageError{"-o " + request.output + " takes one page, but " + std::to_string(request.sources.size()) +
                          " are asked for; --output-dir DIR takes any number"};
     }
-    CheckIsNoInput(request.output, request);
     if (request.how.view && request.output == "-") {
         throw UsageError{"--view needs a file, not standard output"};
     }
@@ -236,6 +249,7 @@ void Generate(const GenerateRequest& request)
     CheckRequest(request);
     const std::vector<PageJob> jobs = JobsOf(request);
     CheckAllDiffer(jobs);
+    CheckAreNoInputs(jobs, request);
     OutputOptions how = request.how;
     how.refusesLinks = !request.outputDirectory.empty();
     if (jobs.size() == 1) {
