@@ -143,15 +143,13 @@ std::vector<std::string> InputsOf(const GenerateRequest& request)
     return inputs;
 }
 
-/// No page shall take the place of what it is made from.
-void CheckAreNoInputs(const std::vector<PageJob>& jobs, const GenerateRequest& request)
+/// A page shall not take the place of what it is made from.
+void CheckIsNoInput(const std::string& output, const GenerateRequest& request)
 {
     for (const std::string& input : InputsOf(request)) {
-        for (const PageJob& job : jobs) {
-            std::error_code oneIsMissing;
-            if (fs::equivalent(input, job.output, oneIsMissing)) {
-                throw UsageError{"the page would replace " + input + ", which it is made from"};
-            }
+        std::error_code oneIsMissing;
+        if (fs::equivalent(input, output, oneIsMissing)) {
+            throw UsageError{"the page would replace " + input + ", which it is made from"};
         }
     }
 }
@@ -169,6 +167,7 @@ void CheckRequest(const GenerateRequest& request)
         throw UsageError{"-o " + request.output + " takes one page, but " + std::to_string(request.sources.size()) +
                          " are asked for; --output-dir DIR takes any number"};
     }
+    CheckIsNoInput(request.output, request);  // before its ending is looked at
     if (request.how.view && request.output == "-") {
         throw UsageError{"--view needs a file, not standard output"};
     }
@@ -249,7 +248,9 @@ void Generate(const GenerateRequest& request)
     CheckRequest(request);
     const std::vector<PageJob> jobs = JobsOf(request);
     CheckAllDiffer(jobs);
-    CheckAreNoInputs(jobs, request);
+    for (const PageJob& job : jobs) {
+        CheckIsNoInput(job.output, request);
+    }
     OutputOptions how = request.how;
     how.refusesLinks = !request.outputDirectory.empty();
     if (jobs.size() == 1) {
