@@ -3,6 +3,7 @@
 #include "app/PaperKinds.h"
 #include "platform/ScreenlessPlatform.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
