@@ -1,7 +1,7 @@
 #include "cli/Completion.h"
 
 #include "app/Calibration.h"
-#include "cli/Source.h"
+#include "cli/PageOutput.h"
 #include "pipeline/FieldWords.h"
 #include "platform/ScreenlessPlatform.h"
 
@@ -116,8 +116,8 @@ Completions CompleteValue(const std::string& argument, const std::string& typed,
             Offer(completions, typed, std::string(paper.name), "");
         }
     } else if (argument == "FORMAT") {
-        for (const char* const format : {"pdf", "svg", "png"}) {
-            Offer(completions, typed, format, "");
+        for (const PageFormatName& format : pageFormats) {
+            Offer(completions, typed, std::string(format.name), "");
         }
     } else if (argument == "DIR") {
         completions.folders = true;

@@ -6,7 +6,6 @@
 #include "cli/Table.h"
 
 #include <algorithm>
-#include <array>
 #include <cctype>
 #include <exception>
 #include <mutex>
@@ -20,21 +19,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct FormatName {
-    std::string_view name;
-    PageFormat format;
-};
-
-constexpr std::array formatNames = {FormatName{"pdf", PageFormat::Pdf}, FormatName{"svg", PageFormat::Svg},
-                                    FormatName{"png", PageFormat::Png}};
-
 std::optional<PageFormat> FormatNamed(std::string name)
 {
     std::transform(name.begin(), name.end(), name.begin(),
                    [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    for (const FormatName& known : formatNames) {
-        if (known.name == name) {
-            return known.format;
+    for (const auto& [known, format] : pageFormats) {
+        if (known == name) {
+            return format;
         }
     }
     return std::nullopt;
@@ -42,7 +33,7 @@ std::optional<PageFormat> FormatNamed(std::string name)
 
 std::string_view NameOf(PageFormat format)
 {
-    return formatNames.at(static_cast<std::size_t>(format)).name;
+    return pageFormats.at(static_cast<std::size_t>(format)).name;
 }
 
 /// What --format says, or else the ending of the output file. One without an ending is a PDF file.
@@ -52,7 +43,11 @@ PageFormat FormatOf(const GenerateRequest& request)
         if (const auto format = FormatNamed(*request.format)) {
             return *format;
         }
-        throw Unknown("format", *request.format, {"pdf", "svg", "png"});
+        std::vector<std::string> possible;
+        for (const PageFormatName& known : pageFormats) {
+            possible.emplace_back(known.name);
+        }
+        throw Unknown("format", *request.format, possible);
     }
     const std::string ending = fs::path(request.output).extension().string();
     if (ending.size() <= 1 || request.output.starts_with("/dev/") || request.output.starts_with("/proc/")) {

@@ -2,14 +2,26 @@
 
 #include "cli/Source.h"
 
+#include <array>
 #include <atomic>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace linealis::cli {
 
 /// What a page is written as.
 enum class PageFormat { Pdf, Svg, Png };
+
+struct PageFormatName {
+    std::string_view name;  ///< on the command line, and the ending of a file
+    PageFormat format;
+};
+
+/// All formats, in the order of PageFormat.
+inline constexpr std::array pageFormats = {PageFormatName{"pdf", PageFormat::Pdf},
+                                           PageFormatName{"svg", PageFormat::Svg},
+                                           PageFormatName{"png", PageFormat::Png}};
 
 /// One page to be made or checked.
 struct PageJob {
