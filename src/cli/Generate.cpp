@@ -43,10 +43,9 @@ PageFormat FormatOf(const GenerateRequest& request)
         if (const auto format = FormatNamed(*request.format)) {
             return *format;
         }
-        std::vector<std::string> possible;
-        for (const PageFormatName& known : pageFormats) {
-            possible.emplace_back(known.name);
-        }
+        std::vector<std::string> possible(pageFormats.size());
+        std::transform(pageFormats.begin(), pageFormats.end(), possible.begin(),
+                       [](const PageFormatName& known) { return std::string(known.name); });
         throw Unknown("format", *request.format, possible);
     }
     const std::string ending = fs::path(request.output).extension().string();
