@@ -4,7 +4,7 @@ JOBS := $(shell nproc)
 NINJA_FLAGS ?=
 BENCH_FLAGS ?=
 
-.PHONY: run test bench fuzz package dist pictures format clean setup programs release
+.PHONY: run test bench fuzz faults package dist pictures format clean setup programs release
 
 # Opens the program; without a screen, writes a sample page of every paper kind instead.
 run: programs
@@ -35,6 +35,11 @@ fuzz:
 	@scripts/setup
 	@scripts/setup fuzz
 	@scripts/fuzz $(MINUTES)
+
+# Kills the programs, takes their disk and memory away, and looks at what they leave behind.
+faults: release
+	@scripts/setup faults
+	@cmake --build --preset release --target linealis_faults -- --quiet
 
 # Makes the Debian packages, in build/packages.
 package: release

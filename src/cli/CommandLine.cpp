@@ -301,7 +301,7 @@ void CommandLine::AddSaveOptions(CLI::App& command)
 
 int CommandLine::RunSave()
 {
-    Save(SourcesOf(begin).front(), actions.InOrder(), output);
+    WorkOn(output, [this] { Save(SourcesOf(begin).front(), actions.InOrder(), output); });
     return done;
 }
 
@@ -313,7 +313,7 @@ void CommandLine::AddCalibrationOptions(CLI::App& command)
 
 int CommandLine::RunCalibration()
 {
-    MakeCalibrationSheet(paper, output);
+    WorkOn(output, [this] { MakeCalibrationSheet(paper, output); });
     return done;
 }
 
@@ -326,7 +326,7 @@ void CommandLine::AddThumbnailOptions(CLI::App& command)
 
 int CommandLine::RunThumbnail()
 {
-    MakeThumbnail(settingsFile, output, size);
+    WorkOn(output, [this] { MakeThumbnail(settingsFile, output, size); });
     return done;
 }
 

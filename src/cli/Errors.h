@@ -2,6 +2,7 @@
 
 #include "pipeline/SetControl.h"
 
+#include <new>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +18,20 @@ struct UsageError {
 struct WorkError {
     std::string message;
 };
+
+/// Said where std::bad_alloc ends the work.
+inline constexpr const char* notEnoughMemory = "there is not enough memory";
+
+/// Does the work on a file. Where memory runs out, the WorkError that it ends with names the file.
+template <typename Work>
+void WorkOn(const std::string& file, Work work)
+{
+    try {
+        work();
+    } catch (const std::bad_alloc&) {
+        throw WorkError{file + ": " + notEnoughMemory};
+    }
+}
 
 /// The text for a terminal: what would command it instead of being read is shown as Complain shows it.
 std::string Readable(std::string_view text);

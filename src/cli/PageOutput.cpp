@@ -150,12 +150,9 @@ void GeneratePicture(const PageJob& job, const OutputOptions& how, const std::at
 
 void GeneratePage(const PageJob& job, const OutputOptions& how, const std::atomic<bool>& stop)
 {
-    if (job.format == PageFormat::Pdf) {
-        GeneratePdf(job, how, stop);
-        return;
-    }
+    const auto generate = job.format == PageFormat::Pdf ? GeneratePdf : GeneratePicture;
     try {
-        GeneratePicture(job, how, stop);
+        WorkOn(job.output, [&] { generate(job, how, stop); });
     } catch (const PageStopped&) {  // the program ends
     }
 }

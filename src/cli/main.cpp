@@ -52,7 +52,7 @@ int main(int argc, char** argv)
         Complain(error.message);
         return usageWrong;
     } catch (const std::bad_alloc&) {
-        std::fputs("linealis-cli: there is not enough memory\n", stderr);
+        std::fprintf(stderr, "linealis-cli: %s\n", notEnoughMemory);
         return failed;
     } catch (const std::exception& error) {
         Complain(error.what());

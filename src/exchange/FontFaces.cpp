@@ -3,6 +3,7 @@
 #include "pdf/StandardFonts.h"
 
 #include <fontconfig/fontconfig.h>
+#include FT_MODULE_H
 
 #include <algorithm>
 #include <new>
@@ -21,6 +22,9 @@ using Pattern = std::unique_ptr<FcPattern, DestroyPattern>;
 Pattern PatternOf(const StandardFont& font)
 {
     Pattern pattern(FcPatternCreate());
+    if (!pattern) {
+        throw std::bad_alloc();
+    }
     const auto addFamily = [&](std::string_view name) {
         FcPatternAddString(pattern.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(std::string(name).c_str()));
     };
@@ -38,9 +42,22 @@ Pattern PatternOf(const StandardFont& font)
 
 }  // namespace
 
+bool Succeeded(FT_Error error)
+{
+    if (error == FT_Err_Out_Of_Memory) {
+        throw std::bad_alloc();
+    }
+    return error == FT_Err_Ok;
+}
+
 FontFaces::FontFaces()
 {
-    if (FT_Init_FreeType(&library) != 0) {
+    // Fails for want of memory alone, and leaves out a module where it runs out while that is added.
+    const bool isMade = FT_Init_FreeType(&library) == FT_Err_Ok;
+    constexpr std::array needed = {"smooth", "sfnt", "truetype", "cff"};
+    if (!isMade || !std::all_of(needed.begin(), needed.end(),
+                                [this](const char* module) { return FT_Get_Module(library, module) != nullptr; })) {
+        FT_Done_FreeType(library);
         throw std::bad_alloc();
     }
 }
@@ -61,8 +78,9 @@ FT_Face FontFaces::FaceOf(int font)
         int number = 0;
         if (match && FcPatternGetString(match.get(), FC_FILE, 0, &file) == FcResultMatch) {
             FcPatternGetInteger(match.get(), FC_INDEX, 0, &number);
-            if (FT_New_Face(library, reinterpret_cast<const char*>(file), number, &faces[index]) != 0) {
-                faces[index] = nullptr;
+            FT_Face face = nullptr;
+            if (Succeeded(FT_New_Face(library, reinterpret_cast<const char*>(file), number, &face))) {
+                faces[index] = face;
             }
         }
     }

@@ -8,6 +8,10 @@
 
 namespace linealis {
 
+/// Whether FreeType did what it was asked for. Throws std::bad_alloc if memory ran out: what is painted without
+/// regard to that would lack something.
+bool Succeeded(FT_Error error);
+
 /// The machine's fonts that stand for the 14 of a page. Each is looked for when it is first wanted.
 class FontFaces {
 public:

@@ -247,7 +247,7 @@ void PageRaster::StrokePiece(PagePath piece, const PagePen& pen)
     const double unit = place.pixelsPerPoint * fine;
     constexpr FT_Fixed miterLimit = 10L << 16U;
     FT_Stroker raw = nullptr;
-    if (piece.size() * 3 > mostPoints || FT_Stroker_New(faces.Library(), &raw) != 0) {
+    if (piece.size() * 3 > mostPoints || !Succeeded(FT_Stroker_New(faces.Library(), &raw))) {
         return;
     }
     const std::unique_ptr<std::remove_pointer_t<FT_Stroker>, DestroyStroker> stroker(raw);
@@ -259,8 +259,8 @@ void PageRaster::StrokePiece(PagePath piece, const PagePen& pen)
     path.Add(piece, [unit](const Point& point) { return Point{point.x * unit, point.y * unit}; });
     FT_Outline given = path.InFreeType();
     FT_UInt points = 0, contours = 0;
-    if (FT_Stroker_ParseOutline(raw, &given, 1) != 0 || FT_Stroker_GetCounts(raw, &points, &contours) != 0 ||
-        points == 0 || points > mostPoints) {
+    if (!Succeeded(FT_Stroker_ParseOutline(raw, &given, 1)) ||
+        !Succeeded(FT_Stroker_GetCounts(raw, &points, &contours)) || points == 0 || points > mostPoints) {
         return;
     }
     Outline made;
@@ -305,7 +305,7 @@ bool PageRaster::Text(const PageText& text)
     double x = 0.0;
     for (std::string_view rest = text.utf8; !rest.empty();) {
         const FT_ULong character = TakeCharacter(rest);
-        if (FT_Load_Char(face, character, FT_LOAD_NO_SCALE) != 0) {
+        if (!Succeeded(FT_Load_Char(face, character, FT_LOAD_NO_SCALE))) {
             continue;
         }
         const FT_Outline& glyph = face->glyph->outline;
@@ -334,7 +334,7 @@ void PageRaster::Paint(Outline& outline, const PageColor& color)
     params.gray_spans = PaintSpans;
     params.user = &brush;
     params.clip_box = {0, place.firstRow, place.width, place.firstRow + place.rows};
-    FT_Outline_Render(faces.Library(), &figure, &params);
+    Succeeded(FT_Outline_Render(faces.Library(), &figure, &params));  // one that FreeType cannot paint is left out
 }
 
 std::span<const std::uint8_t> PageRaster::Row(int row) const
