@@ -4,7 +4,7 @@ JOBS := $(shell nproc)
 NINJA_FLAGS ?=
 BENCH_FLAGS ?=
 
-.PHONY: run test bench fuzz faults package dist pictures format clean setup programs release
+.PHONY: run test bench fuzz faults load package dist pictures format clean setup programs release
 
 # Opens the program; without a screen, writes a sample page of every paper kind instead.
 run: programs
@@ -40,6 +40,10 @@ fuzz:
 faults: release
 	@scripts/setup faults
 	@cmake --build --preset release --target linealis_faults -- --quiet
+
+# Ten thousand pages in one process and in one window, a hundred files handed over while a page is made.
+load: release
+	@LINEALIS_LOAD_PAGES=10000 LINEALIS_LOAD_HAND_OVERS=100 ctest --preset release -R 'ManyPages|hand_overs_while' --timeout 3600
 
 # Makes the Debian packages, in build/packages.
 package: release

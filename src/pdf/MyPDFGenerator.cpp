@@ -17,8 +17,9 @@ constexpr std::int64_t capacityIncrement = 10000;
 constexpr std::size_t compressorOutputSize = 20000;
 constexpr std::size_t compressorPieceSize = 50000;
 constexpr int compressionLevel = 9;
+constexpr std::size_t writtenPieceSize = std::size_t{1} << 20U;
 
-/// What compressing a piece takes, in lines drawn, so that the interface gets its turn after every piece.
+/// What a piece takes, to compress or to write, in lines drawn, so that the interface gets its turn after each.
 constexpr int linesWorthOfAPiece = Turns::linesPerYield;
 
 /// The fonts of the objects 10 to 22. The first font, Courier, is object 7.
@@ -69,7 +70,7 @@ public:
 
     void Feed(std::string_view piece) { Run(piece, Z_NO_FLUSH); }
 
-    std::string Finish()
+    CapacityString Finish()
     {
         Run({}, Z_FINISH);
         return std::move(result);
@@ -84,17 +85,16 @@ private:
         stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(input.data()));
         stream.avail_in = static_cast<uInt>(input.size());
         do {
-            stream.next_out = reinterpret_cast<Bytef*>(output.data());
-            stream.avail_out = static_cast<uInt>(output.size());
+            stream.next_out = reinterpret_cast<Bytef*>(result.Room(compressorOutputSize));
+            stream.avail_out = static_cast<uInt>(compressorOutputSize);
             deflate(&stream, flush);
-            result.append(output.data(), output.size() - stream.avail_out);
+            result.TakeIn(reinterpret_cast<const char*>(stream.next_out));
         } while (stream.avail_out == 0);
     }
 
     z_stream stream{};
     bool ready = false;
-    std::array<char, compressorOutputSize> output{};
-    std::string result;
+    CapacityString result{compressorOutputSize, capacityIncrement};
 };
 
 std::string TwoDigits(int value)
@@ -139,7 +139,7 @@ void MyPDFGenerator::Discard()
 
 bool MyPDFGenerator::CloseFile(Platform& platform)
 {
-    const std::string streamData = CompressedStream();
+    const CapacityString streamData = CompressedStream();
     b = theFile.CreateBinaryFile();
     if (!b.IsOpen()) {
         platform.ShowFileError(
@@ -150,7 +150,7 @@ bool MyPDFGenerator::CloseFile(Platform& platform)
             b.Error().message());
         return false;
     }
-    WriteDocument(streamData, platform.Now());
+    WriteDocument(streamData.View(), platform.Now());
     if (const std::error_code error = b.Close()) {
         platform.ShowFileError(theFile,
                                "Unable to write the file " + theFile.Name() + ": " + error.message() +
@@ -163,10 +163,10 @@ bool MyPDFGenerator::CloseFile(Platform& platform)
 
 std::string MyPDFGenerator::FileBytes(const LocalTime& now)
 {
-    const std::string streamData = CompressedStream();
+    const CapacityString streamData = CompressedStream();
     std::string bytes;
     b = BinaryStream::IntoMemory(bytes);
-    WriteDocument(streamData, now);
+    WriteDocument(streamData.View(), now);
     b = BinaryStream();
     return bytes;
 }
@@ -179,20 +179,21 @@ void MyPDFGenerator::WriteDocument(std::string_view streamData, const LocalTime&
     WriteTrailer();
 }
 
-std::string MyPDFGenerator::CompressedStream()
+CapacityString MyPDFGenerator::CompressedStream()
 {
     const std::string_view text = streamC.View();
-    // The checksum starts at 0, not at zlib's 1. It stands behind the zlib stream, where no reader looks.
-    const uLong checksum = adler32(0, reinterpret_cast<const Bytef*>(text.data()), static_cast<uInt>(text.size()));
     Compressor compressor(text.size());
+    uLong checksum = 0;  // not 1, zlib's start: it stands behind the zlib stream, where no reader looks
     for (std::size_t start = 0; start < text.size(); start += compressorPieceSize) {
-        compressor.Feed(text.substr(start, compressorPieceSize));
+        const std::string_view piece = text.substr(start, compressorPieceSize);
+        checksum = adler32(checksum, reinterpret_cast<const Bytef*>(piece.data()), static_cast<uInt>(piece.size()));
+        compressor.Feed(piece);
         turns.RuntimeBackgroundTask(linesWorthOfAPiece);
     }
-    std::string data = compressor.Finish();
-    data += AddFourBytes(checksum);
-    data += AddFourBytes(text.size());
-    data += '\r';
+    CapacityString data = compressor.Finish();
+    data.AppendString(AddFourBytes(checksum));
+    data.AppendString(AddFourBytes(text.size()));
+    data.AppendString("\r");
     return data;
 }
 
@@ -247,7 +248,10 @@ void MyPDFGenerator::WriteContentObject(std::string_view data)
     WriteStringLineToFile("/Length 5 0 R /Filter /FlateDecode");
     WriteStringLineToFile(">>");
     WriteStringLineToFile("stream");
-    WriteStringToFile(data);
+    for (std::string_view rest = data; !rest.empty(); rest.remove_prefix(std::min(rest.size(), writtenPieceSize))) {
+        WriteStringToFile(rest.substr(0, writtenPieceSize));
+        turns.RuntimeBackgroundTask(linesWorthOfAPiece);
+    }
     WriteStringLineToFile("endstream");
     WriteStringLineToFile("endobj");
 }

@@ -165,7 +165,7 @@ private:
     /// line in it: an end and the other one, which lies in `otherRegion`, are outside on the same side.
     bool BringInside(Line& line, std::size_t end, int region, int otherRegion) const;
 
-    std::string CompressedStream();
+    CapacityString CompressedStream();
     void NewObject();
     void EndObject();
     void WriteBareObject(std::int64_t number, std::string_view line);

@@ -1,4 +1,5 @@
 #include "DesktopTestSupport.h"
+#include "LoadSupport.h"
 #include "desktop/FormGroup.h"
 
 #include <QClipboard>
@@ -266,6 +267,14 @@ TEST_F(DesktopForm, EditMenuWorksInTextFields)
     GenerateAs(window, folder / "page.pdf");
     const Names page = PageOf(folder / "page.pdf");
     EXPECT_EQ(std::find(page.begin(), page.end(), "(Sample Polar Graph Paper) Tj"), page.end());
+}
+
+TEST_F(DesktopForm, ManyPagesInOneWindowUnderLoad)
+{
+    QWidget& window = OpenPaper("lined");
+    GenerateAs(window, folder / "page.pdf");
+    CheckLoad([&](int) { Click(Child(window, "PushButtonGenerate")); });
+    EXPECT_EQ(Complaints(folder / "page.pdf"), "");
 }
 
 TEST_F(DesktopForm, WizardFillsTheGraph)
