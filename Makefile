@@ -4,7 +4,7 @@ JOBS := $(shell nproc)
 NINJA_FLAGS ?=
 BENCH_FLAGS ?=
 
-.PHONY: run test bench fuzz faults load package dist pictures format clean setup programs release
+.PHONY: run test bench fuzz faults load coverage mutants package dist pictures format clean setup programs release
 
 # Opens the program; without a screen, writes a sample page of every paper kind instead.
 run: programs
@@ -44,6 +44,16 @@ faults: release
 # Ten thousand pages in one process and in one window, a hundred files handed over while a page is made.
 load: release
 	@LINEALIS_LOAD_PAGES=10000 LINEALIS_LOAD_HAND_OVERS=100 ctest --preset release -R 'ManyPages|hand_overs_while' --timeout 3600
+
+# How much of the program the tests run.
+coverage:
+	@scripts/setup
+	@scripts/setup coverage
+	@scripts/coverage
+
+# Plants faults in the program, one at a time, and tells which the tests do not catch. Takes an hour.
+mutants: setup
+	@scripts/mutants
 
 # Makes the Debian packages, in build/packages.
 package: release
