@@ -15,6 +15,8 @@ constexpr int done = 0;
 constexpr int different = 1;
 constexpr std::size_t mostJobs = 256;
 constexpr int largestThumbnail = 4096;
+constexpr std::size_t mostPages = 10000;
+constexpr std::size_t mostPagesUp = 4;
 constexpr double mostDotsPerInch = 9600.0;
 
 const char* const exitHelp = "Exit status: 0 done; 1 the work failed; 2 the command line is wrong. Of diff: 0 the "
@@ -42,7 +44,7 @@ UsageError Explain(const CLI::App& app, const CLI::ParseError& error)
 
 }  // namespace
 
-CommandLine::CommandLine()
+CommandLine::CommandLine(PadWork thePadWork) : padWork(std::move(thePadWork))
 {
     app.set_version_flag("--version", "linealis-cli " + std::string(versionText));
     app.require_subcommand(1);
@@ -62,6 +64,7 @@ const std::vector<CommandLine::Command>& CommandLine::Commands()
         {"diff", "Show what differs between two settings files, kinds or presets", &CommandLine::AddDiffOptions,
          &CommandLine::RunDiff},
         {"generate", "Make a page, or many", &CommandLine::AddGenerateOptions, &CommandLine::RunGenerate},
+        {"pad", "Make a file of many pages, to print a pad", &CommandLine::AddPadOptions, &CommandLine::RunPad},
         {"save", "Save a form as a settings file", &CommandLine::AddSaveOptions, &CommandLine::RunSave},
         {"calibration", "Make the sheet that shows how true a printer's lengths are",
          &CommandLine::AddCalibrationOptions, &CommandLine::RunCalibration},
@@ -109,7 +112,7 @@ int CommandLine::Run(int argc, char** argv)
     try {
         return ParseAndRun(called, argc, argv);
     } catch (const CLI::ParseError&) {  // is explained with all options
-        return CommandLine().ParseAndRun(called, argc, argv);
+        return CommandLine(padWork).ParseAndRun(called, argc, argv);
     }
 }
 
@@ -266,8 +269,7 @@ int CommandLine::RunDiff()
 
 void CommandLine::AddGenerateOptions(CLI::App& command)
 {
-    AddBeginningOptions(command);
-    command.add_option("source", begin.names, "A kind of paper, or settings files")->type_name("SOURCE");
+    AddSourcesOptions(command);
     AddOption(command, "-o,--output", "FILE", request.output,
               "The file: .pdf, .svg or .png; without an ending a PDF file; - is standard output");
     AddOption(command, "--output-dir", "DIR", request.outputDirectory, "Folder for a file named after each source");
@@ -289,6 +291,31 @@ int CommandLine::RunGenerate()
     request.sources = SourcesOf(begin);
     request.actions = actions.InOrder();
     Generate(request);
+    return done;
+}
+
+void CommandLine::AddPadOptions(CLI::App& command)
+{
+    AddSourcesOptions(command);
+    AddOutputOption(command, "The PDF file; - is standard output");
+    AddNumber(command, "--pages", pad.pages, mostPages, "Pages on the front sides; several sources take turns");
+    AddNumber(command, "--up", pad.up, mostPagesUp, "Pages on a side, 1, 2 or 4, with marks where to cut");
+    AddOption(command, "--back", "SOURCE", back, "What is printed behind every page");
+    AddActions(command);
+}
+
+int CommandLine::RunPad()
+{
+    pad.sources = SourcesOf(begin);
+    pad.actions = actions.InOrder();
+    pad.output = output;
+    if (back) {
+        pad.back = SourceNamed(*back);
+    }
+    if (!padWork) {
+        throw WorkError{"no pads are made here"};
+    }
+    WorkOn(output, [this] { padWork(pad); });
     return done;
 }
 
@@ -342,6 +369,13 @@ void CommandLine::AddBeginningOptions(CLI::App& command)
 void CommandLine::AddActions(CLI::App& command)
 {
     actions.AddTo(command, [this](std::string_view names) { return IsWanted(names); });
+}
+
+/// Of a command that takes any number of sources.
+void CommandLine::AddSourcesOptions(CLI::App& command)
+{
+    AddBeginningOptions(command);
+    command.add_option("sources", begin.names, "Kinds of paper, and settings files")->type_name("SOURCE");
 }
 
 /// Of a command that takes one source.

@@ -3,6 +3,7 @@
 #include "cli/ActionOptions.h"
 #include "cli/Completion.h"
 #include "cli/Generate.h"
+#include "cli/Pad.h"
 
 #include <CLI/CLI.hpp>
 
@@ -16,7 +17,8 @@ namespace linealis::cli {
 /// The commands of linealis-cli and what they were given.
 class CommandLine {
 public:
-    CommandLine();
+    /// `thePadWork` makes pads; without it there are none.
+    explicit CommandLine(PadWork thePadWork = {});
 
     /// Parses the command line and does what it says. Returns the status to end with; throws UsageError or
     /// WorkError.
@@ -55,6 +57,7 @@ private:
     void AddShowOptions(CLI::App& command);
     void AddDiffOptions(CLI::App& command);
     void AddGenerateOptions(CLI::App& command);
+    void AddPadOptions(CLI::App& command);
     void AddSaveOptions(CLI::App& command);
     void AddCalibrationOptions(CLI::App& command);
     void AddThumbnailOptions(CLI::App& command);
@@ -62,6 +65,7 @@ private:
     void AddBeginningOptions(CLI::App& command);
     void AddActions(CLI::App& command);
     void AddSourceOptions(CLI::App& command);
+    void AddSourcesOptions(CLI::App& command);
     void AddOutputOption(CLI::App& command, const char* help);
     void AddJsonFlag(CLI::App& command);
 
@@ -71,6 +75,7 @@ private:
     int RunShow();
     int RunDiff();
     int RunGenerate();
+    int RunPad();
     int RunSave();
     int RunCalibration();
     int RunThumbnail();
@@ -87,6 +92,9 @@ private:
     std::string settingsFile;
     int size = 256;
     GenerateRequest request;
+    PadRequest pad;
+    std::optional<std::string> back;
+    PadWork padWork;
 };
 
 }  // namespace linealis::cli

@@ -118,10 +118,10 @@ void CheckAllDiffer(const std::vector<PageJob>& jobs)
     }
 }
 
-std::vector<std::string> InputsOf(const GenerateRequest& request)
+std::vector<std::string> InputsOf(const std::vector<Source>& sources, const std::vector<Action>& actions)
 {
     std::vector<std::string> inputs;
-    for (const Source& source : request.sources) {
+    for (const Source& source : sources) {
         if (IsFile(source)) {
             inputs.push_back(source.name);
         }
@@ -129,23 +129,12 @@ std::vector<std::string> InputsOf(const GenerateRequest& request)
             inputs.push_back(source.form->name);
         }
     }
-    for (const Action& action : request.actions) {
+    for (const Action& action : actions) {
         if (action.kind == Action::Kind::Load || action.kind == Action::Kind::Markers) {
             inputs.push_back(action.argument);
         }
     }
     return inputs;
-}
-
-/// A page shall not take the place of what it is made from.
-void CheckIsNoInput(const std::string& output, const GenerateRequest& request)
-{
-    for (const std::string& input : InputsOf(request)) {
-        std::error_code oneIsMissing;
-        if (fs::equivalent(input, output, oneIsMissing)) {
-            throw UsageError{"the page would replace " + input + ", which it is made from"};
-        }
-    }
 }
 
 void CheckRequest(const GenerateRequest& request)
@@ -161,7 +150,7 @@ void CheckRequest(const GenerateRequest& request)
         throw UsageError{"-o " + request.output + " takes one page, but " + std::to_string(request.sources.size()) +
                          " are asked for; --output-dir DIR takes any number"};
     }
-    CheckIsNoInput(request.output, request);  // before its ending is looked at
+    CheckIsNoInput(request.output, request.sources, request.actions);  // before its ending is looked at
     if (request.how.view && request.output == "-") {
         throw UsageError{"--view needs a file, not standard output"};
     }
@@ -232,6 +221,17 @@ void GeneratePages(const std::vector<PageJob>& jobs, const GenerateRequest& requ
 
 }  // namespace
 
+void CheckIsNoInput(const std::string& output, const std::vector<Source>& sources,
+                    const std::vector<Action>& actions)
+{
+    for (const std::string& input : InputsOf(sources, actions)) {
+        std::error_code oneIsMissing;
+        if (fs::equivalent(input, output, oneIsMissing)) {
+            throw UsageError{"the page would replace " + input + ", which it is made from"};
+        }
+    }
+}
+
 void Generate(const GenerateRequest& request)
 {
     CheckSources(request);
@@ -243,7 +243,7 @@ void Generate(const GenerateRequest& request)
     const std::vector<PageJob> jobs = JobsOf(request);
     CheckAllDiffer(jobs);
     for (const PageJob& job : jobs) {
-        CheckIsNoInput(job.output, request);
+        CheckIsNoInput(job.output, request.sources, request.actions);
     }
     OutputOptions how = request.how;
     how.refusesLinks = !request.outputDirectory.empty();

@@ -21,6 +21,10 @@ struct GenerateRequest {
     bool asJson = false;                ///< of check
 };
 
+/// A page shall not take the place of what it is made from. Throws UsageError.
+void CheckIsNoInput(const std::string& output, const std::vector<Source>& sources,
+                    const std::vector<Action>& actions);
+
 /// Makes the pages, or checks them. Of several pages each is tried; throws at the end if one failed.
 void Generate(const GenerateRequest& request);
 

@@ -1,64 +1,29 @@
-#include "cli/CommandLine.h"
+#include "cli/Main.h"
+
 #include "cli/Errors.h"
 #include "platform/Process.h"
 
-#include <cstdio>
-#include <iostream>
-#include <new>
-#include <string_view>
-
 namespace {
 
-using namespace linealis::cli;
-
-constexpr int workFailed = 1;
-constexpr int usageWrong = 2;
-
-/// What shells call to complete a command line: `linealis-cli complete WORD...`, the last word as far as typed.
-constexpr std::string_view completeCommand = "complete";
-
-int Run(int argc, char** argv)
+/// Pads are joined by a program of their own, beside this one or where an installation has it: what it needs would
+/// make every start of this one slower.
+void CallPadProgram(char** argv)
 {
-    CommandLine line;
-    if (argc > 1 && argv[1] == completeCommand) {
-        Print(line.Complete({argv + 2, argv + argc}));
-        return 0;
+    using linealis::cli::WorkError;
+    namespace fs = std::filesystem;
+    const char* const name = "linealis-pad";
+    const fs::path folder = linealis::OwnProgram(argv[0]).parent_path();
+    const fs::path beside = folder / name, installed = folder.parent_path() / "libexec/linealis" / name;
+    std::error_code error = linealis::BecomeProgram(beside, argv);
+    if (error == std::errc::no_such_file_or_directory) {
+        error = linealis::BecomeProgram(installed, argv);
     }
-    const int status = line.Run(argc, argv);
-    if (!std::cout.flush()) {
-        throw WorkError{"standard output could not be written"};
-    }
-    return status;
-}
-
-/// A program that compares ends with 1 when it has found a difference, and so with 2 at a failure.
-bool IsComparison(int argc, char** argv)
-{
-    return argc > 1 && argv[1] == std::string_view("diff");
+    throw WorkError{"pads are made by " + installed.string() + ": " + error.message()};
 }
 
 }  // namespace
 
 int main(int argc, char** argv)
 {
-    linealis::EndCleanlyOnSignals();
-    const int failed = IsComparison(argc, argv) ? usageWrong : workFailed;
-    try {
-        return Run(argc, argv);
-    } catch (const WorkError& error) {
-        Complain(error.message);
-        return failed;
-    } catch (const UsageError& error) {
-        Complain(error.message);
-        return usageWrong;
-    } catch (const std::bad_alloc&) {
-        std::fprintf(stderr, "linealis-cli: %s\n", notEnoughMemory);
-        return failed;
-    } catch (const std::exception& error) {
-        Complain(error.what());
-        return failed;
-    } catch (...) {
-        Complain("the work failed for an unknown reason");
-        return failed;
-    }
+    return linealis::cli::Main(argc, argv, [argv](const linealis::cli::PadRequest&) { CallPadProgram(argv); });
 }

@@ -50,11 +50,11 @@ std::string ContentOf(const PaperPage& page, Turns& turns, const PageQuestions& 
     return std::string(pdf.Stream());
 }
 
-std::string FileBytesOf(const PaperPage& page, const LocalTime& now)
+std::string FileBytesOf(const PaperPage& page, const LocalTime& now, const PageQuestions& ask)
 {
     Turns turns([] {});
     MyPDFGenerator pdf(turns);
-    DrawContent(page, pdf, turns, {});
+    DrawContent(page, pdf, turns, ask);
     return pdf.FileBytes(now);
 }
 

@@ -15,8 +15,8 @@ void DrawContent(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const
 /// throws passes through, and so does PageGivenUp.
 std::string ContentOf(const PaperPage& page, Turns& turns, const PageQuestions& ask = {});
 
-/// The bytes of the page's file, without markers. Throws PageGivenUp.
-std::string FileBytesOf(const PaperPage& page, const LocalTime& now);
+/// The bytes of the page's file. Throws PageGivenUp.
+std::string FileBytesOf(const PaperPage& page, const LocalTime& now, const PageQuestions& ask = {});
 
 /// How the making of a page ended.
 enum class PageEnd {

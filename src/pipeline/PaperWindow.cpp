@@ -32,6 +32,11 @@ std::string PaperWindow::DrawPage()
     return ContentOf(ReadPage(), turns, Dialogs());
 }
 
+std::string PaperWindow::FileBytes()
+{
+    return FileBytesOf(ReadPage(), platform.Now(), Dialogs());
+}
+
 void PaperWindow::ReadGUIValues()
 {
     page = ReadPage();

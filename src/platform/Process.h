@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <system_error>
@@ -29,6 +30,13 @@ private:
 
 /// Whether a person sees what is written to the stream.
 bool IsTerminal(std::FILE* stream);
+
+/// The file of this program, which was called as `calledAs`.
+std::filesystem::path OwnProgram(const char* calledAs);
+
+/// Goes on as another program, which gets the arguments, the first of which is its name. Returns, and why, only if
+/// that cannot be.
+std::error_code BecomeProgram(const std::filesystem::path& program, char** arguments);
 
 /// Starts a program, searched for as the shell does, with one argument. Does not wait for it.
 std::error_code StartProgram(std::string program, std::string argument);

@@ -1,5 +1,6 @@
 #include "platform/Process.h"
 
+#include "platform/posix/Descriptor.h"
 #include "platform/posix/HiddenName.h"
 
 #include <spawn.h>
@@ -75,6 +76,19 @@ bool EndingSignalsHeld::OneHasArrived() const
 bool IsTerminal(std::FILE* stream)
 {
     return ::isatty(::fileno(stream)) == 1;
+}
+
+std::filesystem::path OwnProgram(const char* calledAs)
+{
+    std::error_code noSuchLink;  // where the system has none
+    const std::filesystem::path own = std::filesystem::read_symlink("/proc/self/exe", noSuchLink);
+    return noSuchLink ? std::filesystem::absolute(calledAs) : own;
+}
+
+std::error_code BecomeProgram(const std::filesystem::path& program, char** arguments)
+{
+    ::execv(program.c_str(), arguments);
+    return posix::LastError();
 }
 
 std::error_code StartProgram(std::string program, std::string argument)

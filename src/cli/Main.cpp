@@ -1,0 +1,68 @@
+#include "cli/Main.h"
+
+#include "cli/CommandLine.h"
+#include "cli/Errors.h"
+#include "platform/Process.h"
+
+#include <cstdio>
+#include <iostream>
+#include <new>
+#include <string_view>
+
+namespace linealis::cli {
+
+namespace {
+
+constexpr int workFailed = 1;
+constexpr int usageWrong = 2;
+
+/// What shells call to complete a command line: `linealis-cli complete WORD...`, the last word as far as typed.
+constexpr std::string_view completeCommand = "complete";
+
+int Run(int argc, char** argv, const PadWork& padWork)
+{
+    CommandLine line(padWork);
+    if (argc > 1 && argv[1] == completeCommand) {
+        Print(line.Complete({argv + 2, argv + argc}));
+        return 0;
+    }
+    const int status = line.Run(argc, argv);
+    if (!std::cout.flush()) {
+        throw WorkError{"standard output could not be written"};
+    }
+    return status;
+}
+
+/// A program that compares ends with 1 when it has found a difference, and so with 2 at a failure.
+bool IsComparison(int argc, char** argv)
+{
+    return argc > 1 && argv[1] == std::string_view("diff");
+}
+
+}  // namespace
+
+int Main(int argc, char** argv, const PadWork& padWork)
+{
+    EndCleanlyOnSignals();
+    const int failed = IsComparison(argc, argv) ? usageWrong : workFailed;
+    try {
+        return Run(argc, argv, padWork);
+    } catch (const WorkError& error) {
+        Complain(error.message);
+        return failed;
+    } catch (const UsageError& error) {
+        Complain(error.message);
+        return usageWrong;
+    } catch (const std::bad_alloc&) {
+        std::fprintf(stderr, "linealis-cli: %s\n", notEnoughMemory);
+        return failed;
+    } catch (const std::exception& error) {
+        Complain(error.what());
+        return failed;
+    } catch (...) {
+        Complain("the work failed for an unknown reason");
+        return failed;
+    }
+}
+
+}  // namespace linealis::cli

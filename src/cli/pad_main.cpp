@@ -1,0 +1,6 @@
+#include "cli/Main.h"
+
+int main(int argc, char** argv)
+{
+    return linealis::cli::Main(argc, argv, linealis::cli::MakePad);
+}

@@ -1,0 +1,125 @@
+#include "TestSupport.h"
+
+namespace linealis::test {
+namespace {
+
+class CliPad : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (!fs::exists(fs::path(LINEALIS_CLI_PATH).parent_path() / "linealis-pad")) {
+            GTEST_SKIP() << "built without qpdf's library";
+        }
+    }
+
+    Finished Shell(const std::string& script) const { return RunInShell(folder, script); }
+
+    /// The content of a page of the file, as another reader has it.
+    std::string Content(const std::string& file, int page) const
+    {
+        return Shell("mutool show -b " + file + " pages/" + std::to_string(page) + "/Contents").output;
+    }
+
+    std::string Info(const std::string& file) const
+    {
+        return Shell("qpdf --check " + file + " > /dev/null && pdfinfo " + file +
+                     " | sed -n 's/^Pages: */pages /p; s/^Page size: *\\([0-9.]*\\) x \\([0-9.]*\\).*/size \\1 "
+                     "\\2/p'")
+            .output;
+    }
+
+    TemporaryFolder folder;
+};
+
+TEST_F(CliPad, PagesAreThoseOfGenerateInTurns)
+{
+    std::string all;
+    int kinds = 0;
+    for (const PaperKind& kind : PaperKinds()) {
+        all += " " + std::string(kind.name);
+        ++kinds;
+    }
+    const Finished made =
+        Shell("$cli pad" + all + " --set paper-size=A4 --pages " + std::to_string(2 * kinds) + " -o pad.pdf");
+    EXPECT_EQ(made.status, 0) << made.errors;
+    EXPECT_EQ(Info("pad.pdf"), "pages 28\nsize 595 842\n");
+    int page = 0;
+    for (const PaperKind& kind : PaperKinds()) {
+        ++page;
+        const Finished alone =
+            Shell("$cli generate " + std::string(kind.name) + " --set paper-size=A4 -o page.pdf");
+        EXPECT_EQ(alone.status, 0) << alone.errors;
+        const std::string content = Content("page.pdf", 1);
+        EXPECT_GT(content.size(), 100U);
+        EXPECT_EQ(Content("pad.pdf", page), content) << kind.name;
+        EXPECT_EQ(Content("pad.pdf", page + kinds), content) << kind.name;
+    }
+    // The content of a page is in the file once.
+    EXPECT_EQ(Shell("$cli pad dots --pages 500 -o many.pdf; $cli pad dots --pages 501 -o more.pdf").status, 0);
+    EXPECT_LT(fs::file_size(folder / "more.pdf") - fs::file_size(folder / "many.pdf"), 250U);
+}
+
+TEST_F(CliPad, SidesOfSeveralPagesAreCutWhereTheMarksAre)
+{
+    const std::string a5 = "$cli pad grid --set paper-size=A5 --pages 3 -o pad.pdf ";
+    EXPECT_EQ(Shell(a5 + "--up 2").status, 0);
+    EXPECT_EQ(Info("pad.pdf"), "pages 2\nsize 842 595\n");
+    const std::string marks = "q 0.5 G 0.25 w\n421 0 m 421 14 l S\n421 581 m 421 595 l S\nQ\n";
+    const std::string left = "q 1 0 0 1 0 0 cm /Page0 Do Q\n", right = "q 1 0 0 1 421 0 cm /Page0 Do Q\n";
+    EXPECT_EQ(Content("pad.pdf", 1), left + right + marks);
+    EXPECT_EQ(Content("pad.pdf", 2), left + marks);
+    EXPECT_EQ(Shell(a5 + "--up 2 --set orientation=Landscape").status, 0);
+    EXPECT_EQ(Info("pad.pdf"), "pages 2\nsize 595 842\n");
+    EXPECT_EQ(Content("pad.pdf", 1).substr(0, 60),
+              "q 1 0 0 1 0 421 cm /Page0 Do Q\nq 1 0 0 1 0 0 cm /Page0 Do Q\n");
+
+    // Printed and cut, the pages are those that were not: as pictures they agree.
+    EXPECT_EQ(Shell("$cli pad dots polar --set paper-size=A6 --pages 4 --up 4 -o pad.pdf\n"
+                    "$cli generate polar --set paper-size=A6 -o page.pdf 2>/dev/null\n"
+                    "pdftoppm -r 72 -gray -x 297 -y 421 -W 297 -H 421 pad.pdf cut\n"
+                    "pdftoppm -r 72 -gray page.pdf page\n"
+                    "cmp -l cut-1.pgm page-1.pgm > differ; true")
+                  .status,
+              0);
+    constexpr std::size_t ofMarks = 50;
+    EXPECT_LT(Lines(ReadFile(folder / "differ"), '\n').size(), ofMarks);
+}
+
+TEST_F(CliPad, BacksLieBehindEveryPageOnTheSamePaper)
+{
+    const Finished made = Shell("$cli pad grid --set paper-size=A5 --pages 3 --back lined -o pad.pdf");
+    EXPECT_EQ(made.status, 0) << made.errors;
+    EXPECT_EQ(Info("pad.pdf"), "pages 6\nsize 421 595\n");
+    EXPECT_EQ(Shell("$cli generate lined --set paper-size=A5 -o page.pdf").status, 0);
+    EXPECT_EQ(Content("pad.pdf", 6), Content("page.pdf", 1));
+    EXPECT_EQ(Shell("$cli pad grid --set paper-size=A5 --pages 3 --up 2 --back lined -o pad.pdf").status, 0);
+    EXPECT_EQ(Info("pad.pdf"), "pages 4\nsize 842 595\n");
+    EXPECT_EQ(Content("pad.pdf", 4), Content("pad.pdf", 2)) << "the back is full: the printer mirrors it";
+}
+
+TEST_F(CliPad, BadInputLeavesTheOldFile)
+{
+    WriteFile(folder / "pad.pdf", "old");
+    EXPECT_EQ(Shell("$cli save lined -o a4.setl --set paper-size=A4; mkdir alone; cp $cli alone").status, 0);
+    const std::string cli = "linealis-cli: ";
+    const auto fails = [&](int status, const std::string& command, const std::string& error) {
+        const Finished call = Shell(command);
+        EXPECT_EQ(call.status, status) << command;
+        EXPECT_EQ(call.errors.substr(0, (cli + error).size()), cli + error);
+    };
+    fails(2, "$cli pad grid --up 3 -o pad.pdf", "unknown number of pages on a side '3'; possible: 1, 2, 4\n");
+    fails(2, "$cli pad grid --pages 0 -o pad.pdf", "--pages: Value 0 not in range 1 to 10000");
+    fails(2, "$cli pad grid --back gird -o pad.pdf", "unknown kind 'gird'; possible: grid, ");
+    fails(
+        2, "$cli pad grid --back a4.setl -o pad.pdf",
+        "the pages of a sheet must be of one size, but grid has 612 by 792 points and a4.setl 595 by 842 points\n");
+    fails(2, "$cli pad a4.setl -o a4.setl", "the page would replace a4.setl, which it is made from\n");
+    fails(2, "$cli pad grid --back a4.setl -o a4.setl", "the page would replace a4.setl, which it is made from\n");
+    fails(1, "$cli pad grid -o /dev/full", "/dev/full: No space left on device\n");
+    fails(1, "ulimit -f 1; trap '' XFSZ; $cli pad grid lined graph -o pad.pdf", "pad.pdf: File too large\n");
+    fails(1, "alone/linealis-cli pad grid -o pad.pdf", "pads are made by ");
+    EXPECT_EQ(ReadFile(folder / "pad.pdf"), "old");
+}
+
+}  // namespace
+}  // namespace linealis::test
