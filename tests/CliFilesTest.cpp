@@ -186,8 +186,8 @@ TEST_F(CliFiles, NothingIsReplacedThatWasNotNamed)
           "the page would replace a.setx, which it is made from");
     Fails(2, "$cli save grid -o ''", "-o takes a file name, not an empty text");
     Fails(1, "$cli form pipe.setx", "pipe.setx: Is not a regular file");
-    Fails(1, "$cli form $'\\e[2J\\n\\xC2\\x9B\\xFFé.setx'",
-          "\\x1B[2J\\x0A\\xC2\\x9B\\xFFé.setx: No such file or directory");
+    Fails(1, "$cli form $'\\e[2J\\n\\xC2\\x9B\\xFFé~.setx'",
+          "\\x1B[2J\\x0A\\xC2\\x9B\\xFFé~.setx: No such file or directory");
     EXPECT_EQ(ReadFile(folder / "victim.pdf") + ReadFile(folder / "a.setx"), "precious" + settings);
 }
 

@@ -13,12 +13,12 @@ namespace linealis::cli {
 struct PadRequest {
     std::vector<Source> sources;  ///< their pages take turns
     std::vector<Action> actions;
-    /// What stands behind every page, a settings file on its own paper, all else on that of the first page. Nothing:
-    /// the sheets have one side.
+    /// What stands behind every page, a settings file on its own paper, all else on that of the first page.
+    /// Nothing: the sheets have one side.
     std::optional<Source> back;
-    std::size_t pages = 50;      ///< on the front sides
-    std::size_t up = 1;          ///< pages on a side: 1, 2 or 4
-    std::string output;          ///< a file name, or "-" for standard output
+    std::size_t pages = 50;  ///< on the front sides
+    std::size_t up = 1;      ///< pages on a side: 1, 2 or 4
+    std::string output;      ///< a file name, or "-" for standard output
 };
 
 /// MakePad, or what calls the program that has it.
