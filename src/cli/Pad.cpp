@@ -2,19 +2,13 @@
 
 #include "cli/Errors.h"
 #include "cli/Generate.h"
+#include "cli/PadFile.h"
 #include "platform/ScreenlessPlatform.h"
-
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFPageDocumentHelper.hh>
-#include <qpdf/QPDFPageObjectHelper.hh>
-#include <qpdf/QPDFWriter.hh>
 
 #include <algorithm>
 #include <array>
-#include <map>
-#include <memory>
 #include <sstream>
-#include <string_view>
+#include <stdexcept>
 
 namespace linealis::cli {
 
@@ -24,48 +18,41 @@ namespace {
 constexpr std::array paperControls = {"PopupUnits", "PopupPaperSize", "EditCustomWidth", "EditCustomHeight",
                                       "PopupOrientation"};
 
-/// The one-page file of a source. It must outlive the pad, which qpdf fills from it when it is written.
-class OnePage {
-public:
-    /// On the paper of `sheet`, if there is one.
-    OnePage(const Source& source, const std::vector<Action>& actions, const OnePage* sheet = nullptr)
-        : name(source.name)
-    {
-        ScreenlessPlatform platform;
-        const OpenWindow open = Open(source, actions, platform);
-        for (std::size_t i = 0; i < paperControls.size(); ++i) {
-            const char* const control = paperControls[i];
-            if (sheet != nullptr) {
-                SetControl(name, open.window->form, {control, sheet->paperValues[i]});
-            }
-            paperValues[i] = ValueOf(*open.window->form.Find(control));
-        }
-        const PageFrame frame = open.window->ReadPage().frame;
-        paper = {frame.paperWidth, frame.paperHeight};
-        try {
-            bytes = open.window->FileBytes();
-        } catch (const PageGivenUp& givenUp) {
-            throw WorkError{name + ": " + givenUp.reason};
-        }
-        for (const std::vector<std::string>* const said : {&platform.messages, &platform.notes}) {
-            std::for_each(said->begin(), said->end(), Complain);
-        }
-        file.setSuppressWarnings(true);
-        file.processMemoryFile(name.c_str(), bytes.data(), bytes.size());
-    }
-
-    const std::string& Name() const { return name; }
-    PaperSize Paper() const { return paper; }
-    QPDFPageObjectHelper Page() { return QPDFPageDocumentHelper(file).getAllPages().front(); }
-
-private:
+/// The page of a source.
+struct OnePage {
     std::string name;
-    std::string bytes;
     PaperSize paper{};
     std::array<std::string, paperControls.size()> paperValues;
-    QPDF file;
+    std::size_t number = 0;  ///< in the pad
 };
-using Pages = std::vector<std::unique_ptr<OnePage>>;
+using Pages = std::vector<OnePage>;
+
+/// Makes the page of a source, on the paper of `sheet` if there is one.
+OnePage TakePage(const Source& source, const std::vector<Action>& actions, const OnePage* sheet, PadFile& pad)
+{
+    ScreenlessPlatform platform;
+    const OpenWindow open = Open(source, actions, platform);
+    OnePage page;
+    page.name = source.name;
+    for (std::size_t i = 0; i < paperControls.size(); ++i) {
+        const char* const control = paperControls[i];
+        if (sheet != nullptr) {
+            SetControl(source.name, open.window->form, {control, sheet->paperValues[i]});
+        }
+        page.paperValues[i] = ValueOf(*open.window->form.Find(control));
+    }
+    const PageFrame frame = open.window->ReadPage().frame;
+    page.paper = {frame.paperWidth, frame.paperHeight};
+    try {
+        page.number = pad.Take(source.name, open.window->FileBytes());
+    } catch (const PageGivenUp& givenUp) {
+        throw WorkError{source.name + ": " + givenUp.reason};
+    }
+    for (const std::vector<std::string>* const said : {&platform.messages, &platform.notes}) {
+        std::for_each(said->begin(), said->end(), Complain);
+    }
+    return page;
+}
 
 /// How the pages of a side lie, and how large it is.
 struct Cells {
@@ -117,80 +104,17 @@ std::string CutMarks(const Cells& cells)
     return marks.str();
 }
 
-/// A pad under way. Each page's content is in it once, however often the page is.
-class PadFile {
-public:
-    PadFile() { pad.emptyPDF(); }
-
-    void AddPage(OnePage& page) { QPDFPageDocumentHelper(pad).addPage(Copied(page), false); }
-
-    /// A side of several pages: those of the list in turns, `first` and the next ones, row by row from the top.
-    void AddSide(const Cells& cells, const Pages& pages, std::size_t first, std::size_t count)
-    {
-        std::ostringstream content;
-        QPDFObjectHandle forms = QPDFObjectHandle::newDictionary();
-        for (std::size_t i = 0; i < count; ++i) {
-            const std::size_t index = (first + i) % pages.size();
-            const std::string name = "/Page" + std::to_string(index);
-            forms.replaceKey(name, FormOf(*pages[index]));
-            const auto cell = static_cast<std::int64_t>(i);
-            const std::int64_t x = cell % cells.columns * cells.page.width;
-            const std::int64_t y = (cells.rows - 1 - cell / cells.columns) * cells.page.height;
-            content << "q 1 0 0 1 " << x << ' ' << y << " cm " << name << " Do Q\n";
-        }
-        content << CutMarks(cells);
-        const PaperSize side = cells.Side();
-        QPDFObjectHandle page = QPDFObjectHandle::newDictionary();
-        page.replaceKey("/Type", QPDFObjectHandle::newName("/Page"));
-        page.replaceKey("/MediaBox",
-                        QPDFObjectHandle::newArray(QPDFObjectHandle::Rectangle(
-                            0.0, 0.0, static_cast<double>(side.width), static_cast<double>(side.height))));
-        QPDFObjectHandle resources = QPDFObjectHandle::newDictionary();
-        resources.replaceKey("/XObject", forms);
-        page.replaceKey("/Resources", resources);
-        page.replaceKey("/Contents", QPDFObjectHandle::newStream(&pad, content.str()));
-        QPDFPageDocumentHelper(pad).addPage(pad.makeIndirectObject(page), false);
+/// A side of several pages: those of the list in turns, `first` and the next ones, row by row from the top.
+void AddSide(const Cells& cells, const Pages& pages, std::size_t first, std::size_t count, PadFile& pad)
+{
+    std::vector<PadFile::Placed> placed;
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto cell = static_cast<std::int64_t>(i);
+        placed.push_back({pages[(first + i) % pages.size()].number, cell % cells.columns * cells.page.width,
+                          (cells.rows - 1 - cell / cells.columns) * cells.page.height});
     }
-
-    std::string Bytes()
-    {
-        QPDFWriter writer(pad);
-        writer.setOutputMemory();
-        writer.setObjectStreamMode(qpdf_o_disable);
-        writer.setMinimumPDFVersion("1.4");
-        writer.setDeterministicID(true);
-        writer.write();
-        const auto buffer = writer.getBufferSharedPointer();
-        return {reinterpret_cast<const char*>(buffer->getBuffer()), buffer->getSize()};
-    }
-
-private:
-    /// The page for one more place: qpdf copies it at first, and from then on shares what it has copied.
-    QPDFPageObjectHelper Copied(OnePage& page)
-    {
-        const auto known = firstCopies.find(&page);
-        if (known != firstCopies.end()) {
-            return QPDFPageObjectHelper(known->second).shallowCopyPage();
-        }
-        const QPDFObjectHandle copy = pad.copyForeignObject(page.Page().getObjectHandle());
-        firstCopies.emplace(&page, copy);
-        return copy;
-    }
-
-    QPDFObjectHandle FormOf(OnePage& page)
-    {
-        const auto known = firstCopies.find(&page);
-        if (known != firstCopies.end()) {
-            return known->second;
-        }
-        const QPDFObjectHandle copy = pad.copyForeignObject(page.Page().getFormXObjectForPage());
-        firstCopies.emplace(&page, copy);
-        return copy;
-    }
-
-    QPDF pad;
-    std::map<const OnePage*, QPDFObjectHandle> firstCopies;
-};
+    pad.AddSide(cells.Side().width, cells.Side().height, placed, CutMarks(cells));
+}
 
 void CheckRequest(const PadRequest& request)
 {
@@ -214,33 +138,32 @@ std::string Text(const PaperSize& paper)
 /// A side that is cut, and one that is printed on both sides, has pages of one size.
 void CheckSizes(const Pages& fronts, const Pages& backs, std::size_t up)
 {
-    const OnePage& first = *fronts.front();
+    const OnePage& first = fronts.front();
     const auto check = [&](const OnePage& page) {
-        if (page.Paper().width != first.Paper().width || page.Paper().height != first.Paper().height) {
-            throw UsageError{"the pages of a sheet must be of one size, but " + first.Name() + " has " +
-                             Text(first.Paper()) + " and " + page.Name() + " " + Text(page.Paper())};
+        if (page.paper.width != first.paper.width || page.paper.height != first.paper.height) {
+            throw UsageError{"the pages of a sheet must be of one size, but " + first.name + " has " +
+                             Text(first.paper) + " and " + page.name + " " + Text(page.paper)};
         }
     };
     if (up > 1 || !backs.empty()) {
         for (const Pages* const pages : {&fronts, &backs}) {
-            std::for_each(pages->begin(), pages->end(), [&](const auto& page) { check(*page); });
+            std::for_each(pages->begin(), pages->end(), check);
         }
     }
 }
 
 std::string Join(const PadRequest& request)
 {
+    PadFile pad;
     Pages fronts, backs;
     for (const Source& source : request.sources) {
-        fronts.push_back(std::make_unique<OnePage>(source, request.actions));
+        fronts.push_back(TakePage(source, request.actions, nullptr, pad));
     }
     if (request.back) {
-        const OnePage* const sheet = IsFile(*request.back) ? nullptr : fronts.front().get();
-        backs.push_back(std::make_unique<OnePage>(*request.back, std::vector<Action>(), sheet));
+        backs.push_back(TakePage(*request.back, {}, IsFile(*request.back) ? nullptr : &fronts.front(), pad));
     }
     CheckSizes(fronts, backs, request.up);
-    const Cells cells = CellsOf(request.up, fronts.front()->Paper());
-    PadFile pad;
+    const Cells cells = CellsOf(request.up, fronts.front().paper);
     for (std::size_t first = 0; first < request.pages; first += request.up) {
         const std::size_t count = std::min(request.up, request.pages - first);
         for (const Pages* const pages : {&fronts, &backs}) {
@@ -248,9 +171,9 @@ std::string Join(const PadRequest& request)
                 continue;
             }
             if (request.up == 1) {
-                pad.AddPage(*(*pages)[first % pages->size()]);
+                pad.AddPage((*pages)[first % pages->size()].number);
             } else {  // the back of a sheet that is not full is: the printer turns its pages to the other side
-                pad.AddSide(cells, *pages, first, pages == &backs ? request.up : count);
+                AddSide(cells, *pages, first, pages == &backs ? request.up : count, pad);
             }
         }
     }
@@ -265,7 +188,7 @@ void MakePad(const PadRequest& request)
     std::string bytes;
     try {
         bytes = Join(request);
-    } catch (const QPDFExc& error) {
+    } catch (const std::runtime_error& error) {
         throw WorkError{request.output + ": " + error.what()};
     }
     BinaryStream stream = OutputFile(request.output).CreateBinaryFile();

@@ -1,0 +1,96 @@
+#include "cli/PadFile.h"
+
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFPageDocumentHelper.hh>
+#include <qpdf/QPDFPageObjectHelper.hh>
+#include <qpdf/QPDFWriter.hh>
+
+#include <optional>
+#include <utility>
+
+namespace linealis::cli {
+
+/// qpdf copies from the file when the pad is written.
+struct PadFile::OnePage {
+    OnePage(const std::string& name, std::string theBytes) : bytes(std::move(theBytes))
+    {
+        file.setSuppressWarnings(true);
+        file.processMemoryFile(name.c_str(), bytes.data(), bytes.size());
+    }
+
+    QPDFPageObjectHelper Page() { return QPDFPageDocumentHelper(file).getAllPages().front(); }
+
+    std::string bytes;
+    QPDF file;
+    std::optional<QPDFObjectHandle> copiedPage;  ///< in the pad, as a page of its own
+    std::optional<QPDFObjectHandle> copiedForm;  ///< in the pad, to be placed on a side
+};
+
+struct PadFile::Joined {
+    QPDF file;
+    std::vector<std::unique_ptr<OnePage>> pages;
+};
+
+PadFile::PadFile() : joined(std::make_unique<Joined>())
+{
+    joined->file.emptyPDF();
+}
+
+PadFile::~PadFile() = default;
+
+std::size_t PadFile::Take(const std::string& name, std::string bytes)
+{
+    joined->pages.push_back(std::make_unique<OnePage>(name, std::move(bytes)));
+    return joined->pages.size() - 1;
+}
+
+void PadFile::AddPage(std::size_t page)
+{
+    OnePage& added = *joined->pages.at(page);
+    if (!added.copiedPage) {
+        added.copiedPage = joined->file.copyForeignObject(added.Page().getObjectHandle());
+        QPDFPageDocumentHelper(joined->file).addPage(*added.copiedPage, false);
+    } else {
+        QPDFPageDocumentHelper(joined->file)
+            .addPage(QPDFPageObjectHelper(*added.copiedPage).shallowCopyPage(), false);
+    }
+}
+
+void PadFile::AddSide(std::int64_t width, std::int64_t height, const std::vector<Placed>& pages,
+                      const std::string& content)
+{
+    QPDFObjectHandle forms = QPDFObjectHandle::newDictionary();
+    std::string all;
+    for (const Placed& placed : pages) {
+        OnePage& page = *joined->pages.at(placed.page);
+        if (!page.copiedForm) {
+            page.copiedForm = joined->file.copyForeignObject(page.Page().getFormXObjectForPage());
+        }
+        const std::string name = "/Page" + std::to_string(placed.page);
+        forms.replaceKey(name, *page.copiedForm);
+        all += "q 1 0 0 1 " + std::to_string(placed.x) + " " + std::to_string(placed.y) + " cm " + name + " Do Q\n";
+    }
+    QPDFObjectHandle resources = QPDFObjectHandle::newDictionary();
+    resources.replaceKey("/XObject", forms);
+    QPDFObjectHandle side = QPDFObjectHandle::newDictionary();
+    side.replaceKey("/Type", QPDFObjectHandle::newName("/Page"));
+    side.replaceKey("/MediaBox", QPDFObjectHandle::newArray(QPDFObjectHandle::Rectangle(
+                                     0.0, 0.0, static_cast<double>(width), static_cast<double>(height))));
+    side.replaceKey("/Resources", resources);
+    side.replaceKey("/Contents", QPDFObjectHandle::newStream(&joined->file, all + content));
+    QPDFPageDocumentHelper(joined->file).addPage(joined->file.makeIndirectObject(side), false);
+}
+
+std::string PadFile::Bytes()
+{
+    QPDFWriter writer(joined->file);
+    writer.setOutputMemory();
+    writer.setObjectStreamMode(qpdf_o_disable);
+    writer.setMinimumPDFVersion("1.4");
+    writer.setDeterministicID(true);
+    writer.write();
+    const auto buffer = writer.getBufferSharedPointer();
+    return {reinterpret_cast<const char*>(buffer->getBuffer()), buffer->getSize()};
+}
+
+}  // namespace linealis::cli
