@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
+#include <cstdlib>
+#include <sstream>
 
 namespace linealis {
 
@@ -80,9 +82,20 @@ bool IsTerminal(std::FILE* stream)
 
 std::filesystem::path OwnProgram(const char* calledAs)
 {
-    std::error_code noSuchLink;  // where the system has none
-    const std::filesystem::path own = std::filesystem::read_symlink("/proc/self/exe", noSuchLink);
-    return noSuchLink ? std::filesystem::absolute(calledAs) : own;
+    namespace fs = std::filesystem;
+    std::error_code error;
+    if (fs::path own = fs::read_symlink("/proc/self/exe", error); !error) {
+        return own;
+    }
+    // The system does not tell: the shell has found it by a path, or in a folder of PATH.
+    const char* const path = std::getenv("PATH");
+    std::istringstream folders(path == nullptr || fs::path(calledAs).has_parent_path() ? "" : path);
+    for (std::string folder; std::getline(folders, folder, ':');) {
+        if (fs::path found = fs::path(folder) / calledAs; fs::exists(found, error)) {
+            return found;
+        }
+    }
+    return fs::absolute(calledAs);
 }
 
 std::error_code BecomeProgram(const std::filesystem::path& program, char** arguments)
