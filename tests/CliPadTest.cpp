@@ -54,6 +54,8 @@ TEST_F(CliPad, PagesAreThoseOfGenerateInTurns)
         EXPECT_EQ(Content("pad.pdf", page), content) << kind.name;
         EXPECT_EQ(Content("pad.pdf", page + kinds), content) << kind.name;
     }
+    EXPECT_EQ(Shell("$cli form lined --set paper-size=A6 | $cli pad --form - --pages 2 -o pad.pdf").errors, "");
+    EXPECT_EQ(Info("pad.pdf"), "pages 2\nsize 297 421\n");
     // The content of a page is in the file once.
     EXPECT_EQ(Shell("$cli pad dots --pages 500 -o many.pdf; $cli pad dots --pages 501 -o more.pdf").status, 0);
     EXPECT_LT(fs::file_size(folder / "more.pdf") - fs::file_size(folder / "many.pdf"), 250U);

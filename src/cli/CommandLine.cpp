@@ -300,18 +300,15 @@ void CommandLine::AddPadOptions(CLI::App& command)
     AddOutputOption(command, "The PDF file; - is standard output");
     AddNumber(command, "--pages", pad.pages, mostPages, "Pages on the front sides; several sources take turns");
     AddNumber(command, "--up", pad.up, mostPagesUp, "Pages on a side, 1, 2 or 4, with marks where to cut");
-    AddOption(command, "--back", "SOURCE", back, "What is printed behind every page");
+    AddOption(command, "--back", "SOURCE", pad.back, "What is printed behind every page");
     AddActions(command);
 }
 
 int CommandLine::RunPad()
 {
-    pad.sources = SourcesOf(begin);
+    pad.sources = begin;
     pad.actions = actions.InOrder();
     pad.output = output;
-    if (back) {
-        pad.back = SourceNamed(*back);
-    }
     if (!padWork) {
         throw WorkError{"no pads are made here"};
     }

@@ -93,7 +93,6 @@ private:
     int size = 256;
     GenerateRequest request;
     PadRequest pad;
-    std::optional<std::string> back;
     PadWork padWork;
 };
 

@@ -124,10 +124,6 @@ void CheckRequest(const PadRequest& request)
     if (request.up != 1 && request.up != 2 && request.up != 4) {
         throw Unknown("number of pages on a side", std::to_string(request.up), {"1", "2", "4"});
     }
-    CheckIsNoInput(request.output, request.sources, request.actions);
-    if (request.back) {
-        CheckIsNoInput(request.output, {*request.back}, {});
-    }
 }
 
 std::string Text(const PaperSize& paper)
@@ -156,11 +152,15 @@ std::string Join(const PadRequest& request)
 {
     PadFile pad;
     Pages fronts, backs;
-    for (const Source& source : request.sources) {
+    const std::vector<Source> sources = SourcesOf(request.sources);
+    CheckIsNoInput(request.output, sources, request.actions);
+    for (const Source& source : sources) {
         fronts.push_back(TakePage(source, request.actions, nullptr, pad));
     }
     if (request.back) {
-        backs.push_back(TakePage(*request.back, {}, IsFile(*request.back) ? nullptr : &fronts.front(), pad));
+        const Source back = SourceNamed(*request.back);
+        CheckIsNoInput(request.output, {back}, {});
+        backs.push_back(TakePage(back, {}, IsFile(back) ? nullptr : &fronts.front(), pad));
     }
     CheckSizes(fronts, backs, request.up);
     const Cells cells = CellsOf(request.up, fronts.front().paper);

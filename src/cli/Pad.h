@@ -11,11 +11,13 @@
 namespace linealis::cli {
 
 struct PadRequest {
-    std::vector<Source> sources;  ///< their pages take turns
+    /// Their pages take turns. Not read before MakePad: a form on standard input can be read once, by the program
+    /// that makes the pad.
+    SourceOptions sources;
     std::vector<Action> actions;
-    /// What stands behind every page, a settings file on its own paper, all else on that of the first page.
-    /// Nothing: the sheets have one side.
-    std::optional<Source> back;
+    /// What stands behind every page: a kind, a preset or a settings file. A settings file is on its own paper, all
+    /// else on that of the first page. Nothing: the sheets have one side.
+    std::optional<std::string> back;
     std::size_t pages = 50;  ///< on the front sides
     std::size_t up = 1;      ///< pages on a side: 1, 2 or 4
     std::string output;      ///< a file name, or "-" for standard output

@@ -45,7 +45,7 @@ public:
     /// The content of the page as the form stands now, drawn as Generate draws it, with its dialogs and turns. What
     /// these throw passes through (DrawContent).
     std::string DrawPage();
-    /// The bytes of the page's file, likewise.
+    /// The bytes of the page's file, with its dialogs, but in one go. Throws PageGivenUp.
     std::string FileBytes();
     /// The page as the form stands now, for who wants to look at it without making it.
     PaperPage ReadPage() const { return paper.readPage(); }
