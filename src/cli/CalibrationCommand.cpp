@@ -20,9 +20,7 @@ void MakeCalibrationSheet(const std::string& paper, const std::string& output)
         }
         throw Unknown("paper", paper, possible);
     }
-    if (output.empty()) {
-        throw UsageError{"-o takes a file name, not an empty text"};
-    }
+    CheckIsNamed(output);
     ScreenlessPlatform platform;
     Turns turns([] {});
     MyPDFGenerator pdf(turns);

@@ -166,9 +166,7 @@ bool Differ(const Source& one, const Source& other, bool asJson)
 
 void Save(const Source& source, const std::vector<Action>& actions, const std::string& output)
 {
-    if (output.empty()) {
-        throw UsageError{"-o takes a file name, not an empty text"};
-    }
+    CheckIsNamed(output);
     ScreenlessPlatform platform;
     const OpenWindow open = Open(source, actions, platform);
     if (const std::error_code error = open.window->SaveSettings(OutputFile(output))) {

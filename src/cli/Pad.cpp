@@ -48,9 +48,7 @@ OnePage TakePage(const Source& source, const std::vector<Action>& actions, const
     } catch (const PageGivenUp& givenUp) {
         throw WorkError{source.name + ": " + givenUp.reason};
     }
-    for (const std::vector<std::string>* const said : {&platform.messages, &platform.notes}) {
-        std::for_each(said->begin(), said->end(), Complain);
-    }
+    Say(platform);
     return page;
 }
 
@@ -118,9 +116,7 @@ void AddSide(const Cells& cells, const Pages& pages, std::size_t first, std::siz
 
 void CheckRequest(const PadRequest& request)
 {
-    if (request.output.empty()) {
-        throw UsageError{"-o takes a file name, not an empty text"};
-    }
+    CheckIsNamed(request.output);
     if (request.up != 1 && request.up != 2 && request.up != 4) {
         throw Unknown("number of pages on a side", std::to_string(request.up), {"1", "2", "4"});
     }

@@ -38,13 +38,6 @@ PageWarnings WarningsOf(const PaperWindow& window, std::string_view content, con
     return warnings;
 }
 
-void Say(const ScreenlessPlatform& platform)
-{
-    for (const std::vector<std::string>* const said : {&platform.messages, &platform.notes}) {
-        std::for_each(said->begin(), said->end(), Complain);
-    }
-}
-
 void Warn(const PageJob& job, const PaperWindow& window, std::string_view content,
           const ScreenlessPlatform& platform)
 {
@@ -147,6 +140,13 @@ void GeneratePicture(const PageJob& job, const OutputOptions& how, const std::at
 }
 
 }  // namespace
+
+void Say(const ScreenlessPlatform& platform)
+{
+    for (const std::vector<std::string>* const said : {&platform.messages, &platform.notes}) {
+        std::for_each(said->begin(), said->end(), Complain);
+    }
+}
 
 void GeneratePage(const PageJob& job, const OutputOptions& how, const std::atomic<bool>& stop)
 {

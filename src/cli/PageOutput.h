@@ -44,6 +44,9 @@ struct OutputOptions {
 /// UsageError or WorkError.
 void GeneratePage(const PageJob& job, const OutputOptions& how, const std::atomic<bool>& stop);
 
+/// Prints on standard error what a page had to say while it was made.
+void Say(const ScreenlessPlatform& platform);
+
 /// Tells before the page is printed what will disappoint on it: on standard output, or as JSON at the end of
 /// `found`.
 void CheckPage(const PageJob& job, bool asJson, Json& found);

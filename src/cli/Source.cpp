@@ -146,6 +146,13 @@ OpenWindow Open(const Source& source, const std::vector<Action>& actions, Screen
     return open;
 }
 
+void CheckIsNamed(const std::string& output)
+{
+    if (output.empty()) {
+        throw UsageError{"-o takes a file name, not an empty text"};
+    }
+}
+
 FolderItem OutputFile(const std::string& name)
 {
     return name == "-" ? FolderItem::StandardOutput() : FolderItem(name);

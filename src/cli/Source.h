@@ -50,6 +50,9 @@ struct OpenWindow {
 /// A window of the source, after the actions. Throws UsageError or WorkError.
 OpenWindow Open(const Source& source, const std::vector<Action>& actions, ScreenlessPlatform& platform);
 
+/// Throws UsageError if an output file has no name.
+void CheckIsNamed(const std::string& output);
+
 /// The file that an option names; "-" is standard output.
 FolderItem OutputFile(const std::string& name);
 
