@@ -61,6 +61,12 @@ TEST_F(CliShell, APartOfAFormWillDo)
     Fails(1, "echo '{\"controls\": }' | $cli form grid --form -", "standard input: is no JSON: byte 14");
     Fails(2, "echo '{\"controls\": {\"units\": [1]}}' | $cli form grid --form -",
           "standard input: units is a text, a number, true or false, not [1]");
+    Fails(1, "echo '{\"controls\": {\"EditXScale\": 1e999}}' | $cli form grid --form -",
+          "standard input: is no form: it has a number beyond 1.8e308; a text can hold it");
+    Fails(
+        1,
+        "(printf '{\"controls\":{\"EditXScale\":'; yes '{\"value\":' | head -n 1000000) | $cli form grid --form -",
+        "standard input: is no form: it has lists or objects more than 8 deep");
     Fails(2, "echo '{\"controls\": {\"units\": \"m\"}}' | $cli form grid --form -",
           "unknown item of PopupUnits 'm'; possible: cm, inches, #0 to #1");
     Fails(1, "$cli form grid --form .", ".: Is a directory");

@@ -43,6 +43,36 @@ struct ControlDescriber {
     void operator()(const Label& label) const { json["value"] = label.Caption(); }
 };
 
+/// Objects and lists within each other that a form needs no more than; what goes deeper wants to exhaust the stack.
+constexpr int deepestForm = 8;
+
+/// Throws FormError.
+Json ParseJson(const std::string& name, std::string_view text)
+{
+    const auto limitDepth = [&](int depth, Json::parse_event_t, const Json&) {
+        if (depth > deepestForm) {
+            throw FormError{name + ": is no form: it has lists or objects more than " +
+                            std::to_string(deepestForm) + " deep"};
+        }
+        return true;
+    };
+    try {
+        return Json::parse(text, limitDepth);
+    } catch (const Json::parse_error& error) {
+        throw FormError{name + ": is no JSON: byte " + std::to_string(error.byte)};
+    } catch (const Json::out_of_range&) {
+        throw FormError{name + ": is no form: it has a number beyond 1.8e308; a text can hold it"};
+    }
+}
+
+/// As JSON, cut after what a message has room for.
+std::string ShortText(const Json& json)
+{
+    constexpr std::size_t longest = 60;
+    const std::string text = json.dump(-1, ' ', true);
+    return text.size() <= longest ? text : text.substr(0, longest) + "...";
+}
+
 /// What SetControl takes for a control of the file.
 std::string GivenValue(const FormFile& file, const std::string& control, const Json& given)
 {
@@ -62,7 +92,7 @@ std::string GivenValue(const FormFile& file, const std::string& control, const J
     if (given.is_number()) {
         return given.dump();
     }
-    throw FormError{file.name + ": " + control + " is a text, a number, true or false, not " + given.dump()};
+    throw FormError{file.name + ": " + control + " is a text, a number, true or false, not " + ShortText(given)};
 }
 
 /// Whether the other controls' values do not depend on this one.
@@ -109,12 +139,7 @@ FormFile ParseForm(std::string name, std::string_view text)
     if (carried && carried->empty()) {
         throw FormError{file.name + ": is a picture that carries no form"};
     }
-    Json json;
-    try {
-        json = Json::parse(carried ? *carried : text);
-    } catch (const Json::parse_error& error) {
-        throw FormError{file.name + ": is no JSON: byte " + std::to_string(error.byte)};
-    }
+    Json json = ParseJson(file.name, carried ? *carried : text);
     if (!json.is_object() || !json.contains("controls") || !json["controls"].is_object()) {
         throw FormError{file.name + ": is no form: it has no object \"controls\""};
     }
