@@ -145,9 +145,10 @@ TEST_F(CliShell, ShowsAndComparesSettingsFiles)
     EXPECT_EQ(Json::parse(RunInShell(folder, "$cli diff --json a.setx b.setx").output)[1]["other"], "2");
     const std::string commands =
         Prints("$cli save graph --set $'EditTitle=\\e[31m\\x7f' -o c.setg; $cli show c.setg; "
-               "$cli form c.setg");
+               "$cli form c.setg; $cli form graph --set $'EditTitle=\\xc2\\x80\\xc2\\x9f'");
     EXPECT_EQ(commands.find_first_of("\x1B\x7F"), std::string::npos) << "nothing commands the terminal";
     EXPECT_NE(commands.find("EditTitle\t\\x1B[31m\\x7F"), std::string::npos);
+    EXPECT_NE(commands.find("\\u0080\\u009F"), std::string::npos);
     Fails(2, "$cli diff a.setx lined",
           "a.setx is of grid, and lined of lined; only forms of one kind can be compared");
     Fails(2, "$cli diff a.setx none.setx", "none.setx: No such file or directory");

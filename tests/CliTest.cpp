@@ -225,6 +225,7 @@ TEST_F(Cli, UsageErrorsNameWhatIsPossibleNearestFirst)
     Fails(2, {"generate", "gird", "-o", In("page.pdf")}, {"'gird'", ": grid"});
     Fails(2, {"generate", In("page.txt"), "-o", In("page.pdf")}, {"page.txt", "setx"});
     Fails(2, {"form", "grd"}, {"'grd'", ": grid"});
+    Fails(2, {"form", "bricd"}, {"'bricd'", ": brick, grid"});
     wrong({"--set", "EditHorSpacing=1"}, {"'EditHorSpacing'", ": EditHorzSpacing, EditVertSpacing, "});
     wrong({"--type", "PopupUnits=cm"}, {"'PopupUnits'", ": Edit"});
     wrong({"--set", "PopupPaperSize=leter"}, {"'leter'", ": Letter, ", "B (USA)"});

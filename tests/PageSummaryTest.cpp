@@ -82,6 +82,8 @@ TEST(PageSummary, CountsWhatThePageShows)
 
         Paper notes("cornell", {"EditHorzSpacing=" + size + "5", "CheckBoxTopicArea=off"});
         EXPECT_EQ(NumbersIn(notes.window->ReadPage().describe()).at(0), FlatLinesOf(notes).count) << size;
+        Paper below("cornell", {"EditHorzSpacing=" + size + "5"});
+        EXPECT_LE(NumbersIn(below.window->ReadPage().describe()).at(0), FlatLinesOf(notes).count) << size;
 
         Paper lines("lined", {"EditHorzSpacing=" + size + "1", "EditBlankTop=1"});
         EXPECT_EQ(NumbersIn(lines.window->ReadPage().describe()).at(0), FlatLinesOf(lines).count) << size;

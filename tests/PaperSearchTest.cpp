@@ -25,19 +25,19 @@ protected:
 TEST_F(PaperSearchTest, FindsAllWordsInKindsPresetsOwnOnesAndFiles)
 {
     const Paper paper("cornell");
-    const FolderItem file(folder / "Lecture Ärger.setc");
+    const FolderItem file(folder / "Lecture Zoo Ärger Þ.setc");
     EXPECT_FALSE(OwnPresets(preferences).Save("My cornell", *FindPaperKind("cornell"), *paper.window));
     EXPECT_FALSE(paper.window->SaveSettings(file));
     const Names suggested = Found(" ");
     ASSERT_GT(suggested.size(), 3U) << "presets, as long as no file was used";
     EXPECT_EQ(suggested[0], "P Squares 5 mm");
     EXPECT_FALSE(RecentFiles(preferences).Add(file));
-    EXPECT_EQ(Found(""), Names{"R Lecture Ärger.setc"});
+    EXPECT_EQ(Found(""), Names{"R Lecture Zoo Ärger Þ.setc"});
     EXPECT_EQ(Found("CORNELL"), (Names{"K Note Paper", "P Cornell Notes A4, 8 mm lines",
                                        "P Cornell Notes Letter, 8 mm lines", "O My cornell"}));
     EXPECT_EQ(Found("cornell 8", false)[0], "P Cornell Notes Letter, 8 mm lines");
     EXPECT_EQ(Found("note my"), Names{"O My cornell"});
-    EXPECT_EQ(Found("ärger  LECT"), Names{"R Lecture Ärger.setc"});
+    EXPECT_EQ(Found("ärger  LECT zoo þ"), Names{"R Lecture Zoo Ärger Þ.setc"});
     EXPECT_EQ(Found("5 mm")[0], "P Squares 5 mm");
     EXPECT_EQ(Found("semi-log 3"), Names{"P Semi-log, 3 decades"});
     EXPECT_EQ(Found("cornell rainbow"), Names{});

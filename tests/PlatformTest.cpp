@@ -212,6 +212,29 @@ TEST_F(Replacing, OwnerGroupAndAttributesStayButNoRightGrows)
     }
 }
 
+TEST_F(Replacing, AListOfWhoHasAccessStays)
+{
+    const fs::path file = folder / "file";
+    WriteFile(file, "old");
+    // Version 2; tag, rights and id of the owner, user 1234, the group, the mask and the others, 16, 16 and 32 bits
+    // each.
+    using namespace std::string_literals;
+    const std::string list = "\2\0\0\0"
+                             "\1\0\6\0\xFF\xFF\xFF\xFF"
+                             "\2\0\6\0\xD2\4\0\0"
+                             "\4\0\4\0\xFF\xFF\xFF\xFF"
+                             "\x10\0\6\0\xFF\xFF\xFF\xFF"
+                             "\x20\0\0\0\xFF\xFF\xFF\xFF"s;
+    const char* const name = "system.posix_acl_access";
+    if (::setxattr(file.c_str(), name, list.data(), list.size(), 0) != 0) {
+        GTEST_SKIP() << "the file system has no such lists";
+    }
+    EXPECT_FALSE(Replace(file, "new"));
+    std::string kept(list.size(), ' ');
+    EXPECT_EQ(::getxattr(file.c_str(), name, kept.data(), kept.size()), static_cast<ssize_t>(list.size()));
+    EXPECT_EQ(kept, list);
+}
+
 TEST_F(Replacing, LinksAreFollowed)
 {
     fs::create_directories(folder / "far/away");
