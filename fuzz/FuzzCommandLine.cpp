@@ -24,6 +24,20 @@ bool IsHarmless(std::string_view word)
     return word != "-" && word.find('/') == std::string_view::npos && word.find('\0') == std::string_view::npos;
 }
 
+/// Whether a number is longer than two digits or has an exponent: it may ask for a page that takes a minute here.
+bool IsHeavy(std::string_view word)
+{
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    int digits = 0;
+    for (const char c : word) {
+        if ((digits > 0 && (c == 'e' || c == 'E')) || (digits == 2 && isDigit(c))) {
+            return true;
+        }
+        digits = isDigit(c) ? digits + 1 : 0;
+    }
+    return false;
+}
+
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -39,6 +53,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
                 words.emplace_back("--check");
             }
         }
+    }
+    if (std::find(words.begin(), words.end(), "generate") != words.end()) {
+        std::erase_if(words, IsHeavy);
     }
     std::vector<char*> arguments;
     for (std::string& word : words) {
