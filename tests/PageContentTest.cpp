@@ -82,6 +82,7 @@ TEST(PageContent, TextsAreReadAsPdfReadsThem)
     EXPECT_EQ(Shown("a(b(c)) d"), "a(b(c)) d");
     EXPECT_EQ(Shown("\\(\\)\\\\\\n\\101\\60x\\q"), "()\\\nA0xq");
     EXPECT_EQ(Shown("one\r\ntwo\\\rthree"), "one\ntwothree");
+    EXPECT_EQ(Shown("\\60\\60"), "00") << "a code may be short, also at the end";
     EXPECT_EQ(Shown("a)b"), "") << "what is closed too early shows nothing, and the page goes on";
     EXPECT_EQ(Read("0 w\rBT\r(a(b) Tj\rET\r1 1 m\rS\r"), "3: a text is not closed");
 }

@@ -14,8 +14,8 @@ namespace linealis {
 
 namespace {
 
-constexpr double leastMargin = 18.0;  // points, 6.35 mm: what many printers cannot reach
-constexpr double tolerance = 0.01;    // points; a margin in centimetres is off by less
+constexpr double leastMargin = 18.0;      // points, 6.35 mm: what many printers cannot reach
+constexpr double marginTolerance = 0.01;  // points; a margin in centimetres is off by less
 
 class FormChecker {
 public:
@@ -69,7 +69,7 @@ private:
         const Control* first = nullptr;
         std::string names;
         for (const auto& [field, points] : margins) {
-            if (points < leastMargin - tolerance) {
+            if (points < leastMargin - marginTolerance) {
                 first = first == nullptr ? &field : first;
                 names += (names.empty() ? "" : ", ") + WholeName(form, field);
             }

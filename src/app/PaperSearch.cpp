@@ -127,9 +127,9 @@ private:
 
     void AddAPresetPerKind()
     {
-        std::set<std::string_view> kinds;
+        std::set<std::string_view> suggested;
         for (const Preset* const preset : PresetsFor(isMetric)) {
-            if (hits.size() < mostSuggestions && kinds.insert(preset->kind).second) {
+            if (hits.size() < mostSuggestions && suggested.insert(preset->kind).second) {
                 hits.push_back({PaperHit::Sort::Preset, &KindOf(*preset), std::string(preset->title), preset, {}});
             }
         }

@@ -12,7 +12,7 @@ namespace linealis {
 
 namespace {
 
-constexpr std::string_view heading =
+constexpr std::string_view factorsHeading =
     "# Length factors of printers: across the sheet, down it, name of the printer\n";
 
 struct PrinterLine {
@@ -26,7 +26,7 @@ bool IsPossible(double factor)
 }
 
 /// A name stands in one line of the file.
-std::string InOneLine(std::string_view printer)
+std::string PrinterName(std::string_view printer)
 {
     std::string name(printer);
     std::replace_if(
@@ -89,7 +89,7 @@ FolderItem PrinterFactorsFile(const FolderItem& preferencesFolder)
 
 PrinterFactors ReadPrinterFactors(const FolderItem& file, std::string_view printer)
 {
-    const std::string name = InOneLine(printer);
+    const std::string name = PrinterName(printer);
     PrinterFactors factors;
     for (const PrinterLine& line : ReadLines(file)) {
         if (line.printer == name) {
@@ -101,7 +101,7 @@ PrinterFactors ReadPrinterFactors(const FolderItem& file, std::string_view print
 
 std::error_code WritePrinterFactors(const FolderItem& file, std::string_view printer, PrinterFactors factors)
 {
-    const std::string name = InOneLine(printer);
+    const std::string name = PrinterName(printer);
     if (name.empty() || !IsPossible(factors.x) || !IsPossible(factors.y)) {
         return std::make_error_code(std::errc::invalid_argument);
     }
@@ -113,7 +113,7 @@ std::error_code WritePrinterFactors(const FolderItem& file, std::string_view pri
     if (factors != PrinterFactors{}) {
         lines.push_back({name, factors});
     }
-    std::string text(heading);
+    std::string text(factorsHeading);
     for (const PrinterLine& line : lines) {
         text += mystring(line.factors.x) + " " + mystring(line.factors.y) + " " + line.printer + "\n";
     }

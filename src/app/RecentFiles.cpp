@@ -12,7 +12,7 @@ namespace linealis {
 
 namespace {
 
-constexpr std::string_view heading = "# Settings files used last";
+constexpr std::string_view recentHeading = "# Settings files used last";
 
 /// A path stands in one line of the file.
 std::string InOneLine(std::string_view path)
@@ -77,7 +77,7 @@ std::vector<FolderItem> RecentFiles::Read() const
     }
     const std::string text = list.OpenAsBinaryFile().Read(BinaryStream::longestField);
     std::string_view left = text;
-    if (TakeLine(left) != heading) {
+    if (TakeLine(left) != recentHeading) {
         return files;
     }
     while (!left.empty() && files.size() < most) {
@@ -112,7 +112,7 @@ std::error_code RecentFiles::Write(const std::vector<FolderItem>& files) const
     if (list.IsEmpty()) {
         return {};
     }
-    std::string text = std::string(heading) + "\n";
+    std::string text = std::string(recentHeading) + "\n";
     for (const FolderItem& file : files) {
         text += InOneLine(file.Path().string()) + "\n";
     }

@@ -14,19 +14,12 @@ namespace linealis {
 namespace {
 
 constexpr int maximumDecimals = 12;
-
-constexpr std::array<double, maximumDecimals + 1> powersOfTen = {1.0, 1e1, 1e2, 1e3,  1e4,  1e5, 1e6,
-                                                                 1e7, 1e8, 1e9, 1e10, 1e11, 1e12};
+static_assert(maximumDecimals < powersOfTen.size());
 
 /// Below this, every whole double converts to an integer and back without loss.
 constexpr double largestExactWhole = 1e15;
 
 constexpr std::string_view blanks = " \t";
-
-bool IsDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
 
 /// How many decimals leave 7 significant digits of a positive number that is not whole.
 int DecimalsForSevenDigits(double magnitude)

@@ -10,6 +10,16 @@ namespace linealis {
 // The number texts of forms, pages and files. None of them looks at the machine's locale: a number is written
 // with a point on every machine, and read with a point or a comma.
 
+/// Whether a byte is a digit of ASCII.
+constexpr bool IsDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+/// The powers of ten with exponents from 0 to 15, each of them exact.
+inline constexpr std::array<double, 16> powersOfTen = {1.0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                       1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
 /// The leading number of a text: blanks, a sign, digits with at most one decimal mark (`.` or `,`), an exponent.
 /// Whatever comes behind it is ignored. 0 if there is no number, or one that a double cannot hold.
 double Val(std::string_view text);

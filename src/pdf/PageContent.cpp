@@ -39,18 +39,10 @@ constexpr std::array<OperatorForm, 18> operatorForms = {{
     {"cm", PageOperator::Scale, 6},
 }};
 
-bool IsDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
 bool IsOctal(char c)
 {
     return c >= '0' && c <= '7';
 }
-
-constexpr std::array<double, 16> powersOfTen = {1.0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                                1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
 /// Reads digits with at most one point at `from` and returns where they end: `from` if there is no digit. `value`
 /// is the double nearest to them.

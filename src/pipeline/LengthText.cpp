@@ -72,7 +72,6 @@ public:
     }
 
 private:
-    static bool IsDigit(char c) { return c >= '0' && c <= '9'; }
     static bool IsMark(char c) { return c == '.' || c == ','; }
     void SkipBlanks() { text.remove_prefix(std::min(text.find_first_not_of(' '), text.size())); }
 
