@@ -1,5 +1,6 @@
 #include "TestSupport.h"
 #include "pdf/PageContent.h"
+#include "pipeline/PaperForm.h"
 
 #include <charconv>
 #include <cmath>
@@ -239,6 +240,20 @@ TEST_F(Exchange, SvgHasTheStrokesOfThePdf)
         }
         EXPECT_EQ(texts, expected.texts) << kind.name;
         EXPECT_EQ(RunInShell(folder, "xmllint --noout a.svg").status, 0);
+    }
+}
+
+TEST_F(Exchange, SvgHasTheFaceOfEveryFont)
+{
+    for (const std::string_view name : FontNames()) {
+        const std::string font(name);
+        Run("$cli generate graph --set show-axes=off --set page-title=T --set 'PopupFont1=" + font + "' -o a.svg");
+        const std::string svg = ReadFile(folder / "a.svg");
+        const std::string text = svg.substr(svg.find("<text"));
+        const auto has = [](const std::string& in, const char* part) { return in.find(part) != std::string::npos; };
+        EXPECT_TRUE(has(text, ("font-family=\"'" + font.substr(0, font.find(' ')) + "'").c_str())) << font;
+        EXPECT_EQ(has(text, "bold"), has(font, "Bold")) << font;
+        EXPECT_EQ(has(text, "italic"), has(font, "Oblique") || has(font, "Italic")) << font;
     }
 }
 
