@@ -1,6 +1,7 @@
 #include "app/Calibration.h"
 
 #include "PageSupport.h"
+#include "app/PageCheck.h"
 #include "app/PrinterFactors.h"
 #include "pipeline/PageJob.h"
 
@@ -54,6 +55,9 @@ TEST(Calibration, EveryTickIsWhereItsLengthIs)
             }
         }
         EXPECT_EQ(Page(content).texts.size(), 2U * (11 + 5 + 2) + 4) << "numbers, units and lines of text";
+        for (const PageWarning& warning : ContentWarnings(page.frame, content)) {
+            ADD_FAILURE() << warning.text;
+        }
     }
 }
 

@@ -169,6 +169,7 @@ TEST_F(CliShell, TellsShellsWhatCanFollow)
     EXPECT_EQ(Prints("$cli complete save grid --set view-graph=o | cut -f1"), "view-graph=on\nview-graph=off\n");
     EXPECT_EQ(Prints("$cli complete generate graph --wizard max-x"), "max-x=\tMax X\n");
     EXPECT_EQ(Prints("$cli complete generate grid --output-dir ''"), ":folders\n");
+    EXPECT_EQ(Prints("$cli complete generate grid -o ''"), ":files\n");
     EXPECT_EQ(Prints("$cli complete generate --set x; $cli complete nothing ''; $cli complete generate -j ''"), "");
 }
 

@@ -1,9 +1,13 @@
 #include "TestSupport.h"
+#include "exchange/PngPage.h"
+#include "exchange/SvgPage.h"
 #include "pdf/PageContent.h"
+#include "pipeline/PageJob.h"
 #include "pipeline/PaperForm.h"
 
 #include <charconv>
 #include <cmath>
+#include <numeric>
 
 namespace linealis::test {
 namespace {
@@ -118,6 +122,13 @@ struct Picture {
     std::size_t width = 0;
     std::size_t height = 0;
     std::vector<std::uint8_t> pixels;
+
+    /// The sum of all that is darker than paper.
+    double Ink() const
+    {
+        return std::accumulate(pixels.begin(), pixels.end(), 0.0,
+                               [](double sum, std::uint8_t shade) { return sum + (255 - shade); });
+    }
 
     /// Whether there is something darker than paper within a pixel of the place.
     bool HasInkNear(std::size_t x, std::size_t y, std::uint8_t lightest) const
@@ -277,6 +288,81 @@ TEST_F(Exchange, PngIsWhatAReaderShows)
         const Picture clear = ReadPng(ReadFile(folder / "clear.png"), 4);
         EXPECT_EQ(InkMissing(clear, made) + InkMissing(made, clear), 0U) << form;
     }
+}
+
+/// All that a content may hold, also what no kind draws.
+TEST_F(Exchange, PngOfAnyContentIsWhatAReaderShows)
+{
+    const std::string ends = "20 20 m\r60 40 l\rS\r20 60 m\r20 90 l\rS\r", dot = "90 30 m\r90 30 l\rS\r";
+    const std::string joins = "20 120 m\r40 150 l\r60 120 l\rS\r", circle = "70 90 m\r70 130 120 130 120 90 c\r";
+    for (const std::string& content :
+         {"10 w\r" + ends + dot, "10 w\r1 J\r" + ends + dot + joins + circle + "S\r", "10 w\r2 J\r" + ends + joins,
+          "8 w\r" + joins + circle + "S\r", "0.70000 0 0 1.30000  0 0 cm\r9 w\r" + ends + joins,
+          ".7 w\r" + circle + "S\r", "6 w\r1.00 0.00 0.00 rg\r" + circle + " B\r", circle + " f\r"}) {
+        SCOPED_TRACE(content);
+        DrawnPage page;
+        page.frame.paperWidth = 150;
+        page.frame.paperHeight = 200;
+        page.content = content;
+        Turns turns([] {});
+        WriteFile(folder / "a.pdf", FileBytesOf(page, {}, turns));
+        for (const int dotsPerInch : {72, 200}) {
+            std::string png;
+            BinaryStream stream = BinaryStream::IntoMemory(png);
+            WritePng({150, 200}, content, {static_cast<double>(dotsPerInch)}, stream);
+            RunInShell(folder,
+                       "mutool draw -q -r " + std::to_string(dotsPerInch) + " -c gray -o b.pgm a.pdf 2> /dev/null");
+            const Picture made = ReadPng(png, 3), shown = ReadPgm(ReadFile(folder / "b.pgm"));
+            ASSERT_EQ(made.pixels.size(), shown.pixels.size());
+            EXPECT_EQ(InkMissing(made, shown), 0U);
+            EXPECT_EQ(InkMissing(shown, made), 0U);
+            EXPECT_NEAR(made.Ink() / shown.Ink(), 1.0, 0.05);
+        }
+    }
+}
+
+TEST_F(Exchange, CanBeStoppedAtAnyMoment)
+{
+    std::string lines;
+    for (int i = 0; i < 1000; ++i) {
+        lines += std::to_string(i) + " 0 m\r" + std::to_string(i) + " 500 l\rS\r";
+    }
+    int left = 0;
+    Turns turns([&left] {
+        if (--left == 0) {
+            throw PageStopped{};
+        }
+    });
+    std::string bytes;
+    BinaryStream stream = BinaryStream::IntoMemory(bytes);
+    for (const int moment : {1, 10, 25}) {
+        left = moment;
+        EXPECT_THROW(WriteSvg({1000, 1000}, lines, "", stream, &turns), PageStopped);
+        left = moment;
+        EXPECT_THROW(WritePng({1000, 1000}, lines, {}, stream, &turns), PageStopped);
+        left = 1;
+        EXPECT_THROW(FileBytesOf({{}, lines}, {}, turns), PageStopped);
+    }
+}
+
+/// A path of many strokes is cut, since readers take long over one of thousands of lines.
+TEST_F(Exchange, SvgCutsLongPaths)
+{
+    const std::string stroke = "0 0 m\r10 10 l\rS\r";  // ten characters of a path
+    std::string content;
+    for (int i = 0; i <= 6000; ++i) {
+        content += stroke;
+    }
+    const auto paths = [](const std::string& strokes) {
+        std::string svg;
+        BinaryStream stream = BinaryStream::IntoMemory(svg);
+        WriteSvg({100, 100}, strokes, "", stream);
+        const Names lines = Lines(svg, '\n');
+        return std::count_if(lines.begin(), lines.end(),
+                             [](const std::string& line) { return line.starts_with("<path"); });
+    };
+    EXPECT_EQ(paths(content), 1);
+    EXPECT_EQ(paths(content + stroke), 2);
 }
 
 TEST_F(Exchange, PicturesGiveTheirFormBack)

@@ -106,6 +106,18 @@ struct LinesOfWidth : PageSink {
     bool Text(const PageText&) override { return true; }
 };
 
+/// The weight of lines stands on the row of the box that draws them.
+TEST_P(FieldsOfEveryKind, StandBesideTheBoxThatEnablesThem)
+{
+    const Paper paper(GetParam());
+    const std::vector<Control*>& controls = paper.window->form.Controls();
+    for (std::size_t i = 1; i < controls.size(); ++i) {
+        if (controls[i]->Declared().enabledBy == controls[i - 1]) {
+            EXPECT_TRUE(controls[i]->Declared().beside) << controls[i]->Name();
+        }
+    }
+}
+
 TEST_P(FieldsOfEveryKind, SayWhichLinesAWeightSets)
 {
     const Paper names(GetParam());

@@ -1,4 +1,5 @@
 #include "LoadSupport.h"
+#include "exchange/PngPage.h"
 
 namespace linealis::test {
 namespace {
@@ -25,6 +26,19 @@ TEST(Load, ManyPagesInOneProcess)
         ASSERT_FALSE(window->SaveSettings(settings));
     });
     EXPECT_EQ(folder.Names().size(), 2 * PaperKinds().size());
+}
+
+/// Each with a font of its own.
+TEST(Load, ManyPicturesInOneProcess)
+{
+    CheckLoad([](int page) {
+        const std::string content =
+            "BT\r/F" + std::to_string(page % 15) + " 20 Tf\r5 5 Td\r(" + std::to_string(page) + ") Tj\rET\r";
+        std::string png;
+        BinaryStream stream = BinaryStream::IntoMemory(png);
+        WritePng({100, 30}, content, {}, stream);
+        ASSERT_GT(png.size(), 200U);
+    });
 }
 
 }  // namespace

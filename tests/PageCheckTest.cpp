@@ -98,6 +98,39 @@ TEST(PageCheck, IsQuietWhereAllIsWell)
     }
 }
 
+/// Whether lines, made by operators, run through a title that fills the room from 100, 99 to 122.24, 114.
+bool IsTitleOver(const std::string& lines)
+{
+    PageFrame frame;
+    frame.paperWidth = frame.paperHeight = 200;
+    const PageWarnings warnings =
+        ContentWarnings(frame, "BT\r/F5 20 Tf\r100 100 Td\r(AB) Tj\rET\r" + lines + "S\r");
+    return !warnings.empty() && warnings.front().id == "title-over-lines";
+}
+
+TEST(PageCheck, TitlesAreOverLinesThatMeetTheirRoom)
+{
+    for (const char* const over :
+         {"0 114 m\r200 114 l\r", "200 99 m\r0 99 l\r", "100 0 m\r100 200 l\r", "122.24 200 m\r122.24 0 l\r",
+          "95 94 m\r105 104 l\r", "90 99 m\r101 110 l\r95 115 l\r"}) {
+        EXPECT_TRUE(IsTitleOver(over)) << over;
+    }
+    for (const char* const beside : {"0 114.1 m\r200 114.1 l\r", "0 98.9 m\r200 98.9 l\r", "99.9 0 m\r99.9 200 l\r",
+                                     "122.3 0 m\r122.3 200 l\r", "0 105 m\r99 105 l\r", "110 0 m\r110 98 l\r"}) {
+        EXPECT_FALSE(IsTitleOver(beside)) << beside;
+    }
+}
+
+TEST(PageCheck, LooksForTitlesOverTheFirstMillionLines)
+{
+    std::string lines = "0 0 m\r";
+    for (int i = 1; i < 1 << 20; ++i) {
+        lines += "1 0 l\r";
+    }
+    EXPECT_TRUE(IsTitleOver(lines + "105 105 l\r"));
+    EXPECT_FALSE(IsTitleOver(lines + "1 0 l\r105 105 l\r"));
+}
+
 TEST(PageCheck, LooksAtTheMarkerFile)
 {
     const TemporaryFolder folder;

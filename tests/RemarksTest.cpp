@@ -65,6 +65,8 @@ TEST(Remarks, OnValuesThatThePageCorrects)
         {"graph", "EditXAxisSpacing", "0.5", "counts as 1"},
         {"graph", "EditXAxisSpacing", "2.5", "2"},
         {"graph", "EditXMajor", "0", ""},
+        {"hexagon", "EditSize", "0", "must be above 0"},
+        {"hexagon", "EditSize", "0.001", ""},
         {"grid", "EditCustomWidth", "0", "10", custom},
         {"grid", "EditCustomHeight", "-8", "10", custom},
         {"grid", "EditCustomHeight", "8", "", custom},
@@ -72,6 +74,13 @@ TEST(Remarks, OnValuesThatThePageCorrects)
         {"grid", "EditCustomHeight", "0.139", "", custom},
         {"grid", "EditCustomHeight", "0.35", "10", {"PopupUnits=cm", "PopupPaperSize=Custom"}},
     });
+}
+
+TEST(Remarks, OnNumberSpacingsTellWhichOnesWriteNothing)
+{
+    EXPECT_EQ(Remark("graph", "EditXAxisSpacing", "-0.001"), "below 0 writes no numbers");
+    EXPECT_EQ(Remark("graph", "EditXAxisSpacing", "0"), "counts as 1");
+    EXPECT_EQ(Remark("graph", "EditXAxisSpacing", "0.001"), "counts as 1");
 }
 
 TEST(Remarks, OnAHydraulicAxisAreWhatItDraws)

@@ -381,7 +381,7 @@ void CommandLine::AddSourceOptions(CLI::App& command)
     AddBeginningOptions(command);
     command.add_option("source", begin.names, "A kind of paper, or a settings file")
         ->type_name("SOURCE")
-        ->expected(0, 1);
+        ->expected(1);
 }
 
 void CommandLine::AddOutputOption(CLI::App& command, const char* help)

@@ -122,12 +122,13 @@ void GeneratePicture(const PageJob& job, const OutputOptions& how, const std::at
     Warn(job, *open.window, content, platform);
     const std::string carried = CarriedForm(*open.kind, open.window->form);
     const FolderItem file = FileOf(job, how);
+    Turns turns(stopIfAsked);
     BinaryStream stream = file.CreateBinaryFile();
     if (stream.IsOpen()) {
         if (job.format == PageFormat::Png) {
-            WritePng(paper, content, {how.dotsPerInch, how.isTransparent, 0.0, carried, stopIfAsked}, stream);
+            WritePng(paper, content, {how.dotsPerInch, how.isTransparent, 0.0, carried}, stream, &turns);
         } else {
-            stream.Write(SvgOf(paper, content, carried));
+            WriteSvg(paper, content, carried, stream, &turns);
         }
         stream.Close();
     }

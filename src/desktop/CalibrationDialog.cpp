@@ -182,7 +182,8 @@ void CalibrationDialog::PrintSheet()
     }
     QPrinter device(QPrinter::HighResolution);
     device.setPrinterName(printer->currentText());
-    said->setText(PrintWithDialog(device, SheetFor(*chosen), {}, this, runModal));
+    Turns turns([] {});  // it is soon done
+    said->setText(PrintWithDialog(device, SheetFor(*chosen), turns, {}, this, runModal));
 }
 
 void CalibrationDialog::Store(const PrinterFactors& factors)

@@ -141,15 +141,15 @@ ExportChoice AskForExport(const PaperSize& paper, const QString& name, QWidget* 
     return {path, options.Options()};
 }
 
-QString ExportPage(const DrawnPage& page, const ExportChoice& choice)
+QString ExportPage(const DrawnPage& page, const ExportChoice& choice, Turns& turns)
 {
     const QString name = QFileInfo(choice.path).fileName();
     BinaryStream stream = FolderItem(std::filesystem::path(choice.path.toStdString())).CreateBinaryFile();
     if (stream.IsOpen()) {
         if (IsPng(choice.path)) {
-            WritePng(SizeOf(page), page.content, choice.png, stream);
+            WritePng(SizeOf(page), page.content, choice.png, stream, &turns);
         } else {
-            stream.Write(SvgOf(SizeOf(page), page.content, choice.png.carried));
+            WriteSvg(SizeOf(page), page.content, choice.png.carried, stream, &turns);
         }
         stream.Close();
     }
@@ -159,20 +159,23 @@ QString ExportPage(const DrawnPage& page, const ExportChoice& choice)
     return QObject::tr("Wrote %1").arg(name);
 }
 
-QMimeData* PageForClipboard(const DrawnPage& page, const std::string& pdf, const std::string& carried)
+std::unique_ptr<QMimeData> PageForClipboard(const DrawnPage& page, const std::string& pdf,
+                                            const std::string& carried, Turns& turns)
 {
     constexpr int resolution = 300;
+    const PaperSize paper = SizeOf(page);
     PngOptions options;
-    options.dotsPerInch = std::min(resolution, HighestDotsPerInch(SizeOf(page)));
+    options.dotsPerInch = std::min(resolution, HighestDotsPerInch(paper));
     options.carried = carried;
-    std::string png;
+    std::string png, svg;
     BinaryStream stream = BinaryStream::IntoMemory(png);
-    WritePng(SizeOf(page), page.content, options, stream);
-    stream.Close();
+    WritePng(paper, page.content, options, stream, &turns);
+    stream = BinaryStream::IntoMemory(svg);
+    WriteSvg(paper, page.content, carried, stream, &turns);
 
-    auto* const data = new QMimeData;
+    auto data = std::make_unique<QMimeData>();
     data->setData(QStringLiteral("application/pdf"), ToBytes(pdf));
-    data->setData(QStringLiteral("image/svg+xml"), ToBytes(SvgOf(SizeOf(page), page.content, carried)));
+    data->setData(QStringLiteral("image/svg+xml"), ToBytes(svg));
     data->setData(QStringLiteral("image/png"), ToBytes(png));
     return data;
 }

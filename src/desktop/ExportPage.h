@@ -5,6 +5,8 @@
 
 #include <QMimeData>
 #include <QString>
+#include <memory>
+#include <string>
 
 namespace linealis::desktop {
 
@@ -18,12 +20,13 @@ struct ExportChoice {
 ExportChoice AskForExport(const PaperSize& paper, const QString& name, QWidget* parent,
                           const ModalRunner& runModal);
 
-/// Writes the page as the choice says. Returns what to say in a status line. What the choice's turn throws passes
-/// through, and the file is as it was.
-QString ExportPage(const DrawnPage& page, const ExportChoice& choice);
+/// Writes the page as the choice says. Returns what to say in a status line. What `turns` throws passes through,
+/// and the file is as it was.
+QString ExportPage(const DrawnPage& page, const ExportChoice& choice, Turns& turns);
 
 /// The page for other programs, which take what they know best: PDF, SVG, PNG, or a picture. `pdf` are the bytes of
-/// its file. Who calls owns it.
-QMimeData* PageForClipboard(const DrawnPage& page, const std::string& pdf, const std::string& carried);
+/// its file. What `turns` throws passes through.
+std::unique_ptr<QMimeData> PageForClipboard(const DrawnPage& page, const std::string& pdf,
+                                            const std::string& carried, Turns& turns);
 
 }  // namespace linealis::desktop

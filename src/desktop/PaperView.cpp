@@ -225,16 +225,10 @@ void PaperView::MakePage()
 
 void PaperView::Print()
 {
-    if (generating) {
-        return;
-    }
-    if (const auto page = Draw(tr("nothing was printed"))) {
-        Say(PrintWithDialog(*page, PrinterFactorsFile(platform.PreferencesFolder()), this,
-                            [this](QDialog& dialog) { return platform.RunModal(dialog); }));
-    }
-    if (closeWhenDone) {
-        close();
-    }
+    Use(tr("nothing was printed"), [this](const DrawnPage& page, Turns& turns) {
+        return PrintWithDialog(page, turns, PrinterFactorsFile(platform.PreferencesFolder()), this,
+                               [this](QDialog& dialog) { return platform.RunModal(dialog); });
+    });
 }
 
 void PaperView::Calibrate()

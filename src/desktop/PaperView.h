@@ -10,7 +10,6 @@
 #include <QTimer>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <utility>
 
 class QAction;
@@ -115,11 +114,11 @@ private:
     void Calibrate();
     /// Works on a page, with progress and Cancel.
     void Work(const std::function<void()>& work);
-    using PageUse = std::function<void(const DrawnPage& page)>;
-    /// The page, drawn for another use than its file, which may be stopped as the drawing may; nothing if it was
-    /// stopped or given up. That is said with `nothingDone`: "nothing was printed".
-    std::optional<DrawnPage> Draw(
-        const QString& nothingDone, const PageUse& use = [](const DrawnPage&) {});
+    /// Does something with a page that is drawn. May be stopped in its turns. Returns what to say of it.
+    using PageUse = std::function<QString(const DrawnPage& page, Turns& turns)>;
+    /// Draws the page for another use than its file. If that is stopped, or the page is given up, it is said with
+    /// `nothingDone`: "nothing was printed".
+    void Use(const QString& nothingDone, const PageUse& use);
     void MakePage();
     void SayHowPageEnded();
     void ShowWizard();

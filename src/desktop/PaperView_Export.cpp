@@ -8,27 +8,37 @@
 #include <QClipboard>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <new>
 
 namespace linealis::desktop {
 
-std::optional<DrawnPage> PaperView::Draw(const QString& nothingDone, const PageUse& use)
+void PaperView::Use(const QString& nothingDone, const PageUse& use)
 {
+    if (generating) {
+        return;
+    }
     FinishEdit();
-    DrawnPage page{window.ReadPage().frame, {}};
-    bool isDone = false;
+    QString said;
     Work([&] {
+        const QString sentence = nothingDone.left(1).toUpper() + nothingDone.mid(1);
+        const auto giveUp = [&](const char* reason) {
+            said = tr("%1: %2").arg(sentence, QString::fromUtf8(reason));
+        };
+        Turns turns([this] { platform.Yield(); });
         try {
-            page.content = window.DrawPage();
-            use(page);
-            isDone = true;
+            said = use({window.ReadPage().frame, window.DrawPage()}, turns);
         } catch (const PageStopped&) {
-            Say(tr("Cancelled; %1").arg(nothingDone));
+            said = tr("Cancelled; %1").arg(nothingDone);
         } catch (const PageGivenUp& givenUp) {
-            const QString sentence = nothingDone.left(1).toUpper() + nothingDone.mid(1);
-            Say(tr("%1: %2").arg(sentence, QString::fromUtf8(givenUp.reason)));
+            giveUp(givenUp.reason);
+        } catch (const std::bad_alloc&) {
+            giveUp("there is not enough memory for the page");
         }
     });
-    return isDone ? std::optional(std::move(page)) : std::nullopt;
+    Say(said);
+    if (closeWhenDone) {
+        close();
+    }
 }
 
 void PaperView::Export()
@@ -46,29 +56,18 @@ void PaperView::Export()
         return;
     }
     choice.png.carried = CarriedForm(kind, window.form);
-    choice.png.turn = [this] { platform.Yield(); };
-    QString said;
-    if (Draw(tr("nothing was exported"), [&](const DrawnPage& page) { said = ExportPage(page, choice); })) {
-        Say(said);
-    }
-    if (closeWhenDone) {
-        close();
-    }
+    Use(tr("nothing was exported"),
+        [&](const DrawnPage& page, Turns& turns) { return ExportPage(page, choice, turns); });
 }
 
 void PaperView::CopyPage()
 {
-    if (generating) {
-        return;
-    }
-    if (const auto page = Draw(tr("nothing was copied"))) {
-        const std::string pdf = FileBytesOf(window.ReadPage(), platform.Now());
-        QGuiApplication::clipboard()->setMimeData(PageForClipboard(*page, pdf, CarriedForm(kind, window.form)));
-        Say(tr("Copied the page, as PDF, SVG and PNG"));
-    }
-    if (closeWhenDone) {
-        close();
-    }
+    Use(tr("nothing was copied"), [this](const DrawnPage& page, Turns& turns) {
+        const std::string pdf = FileBytesOf(page, platform.Now(), turns);
+        QGuiApplication::clipboard()->setMimeData(
+            PageForClipboard(page, pdf, CarriedForm(kind, window.form), turns).release());
+        return tr("Copied the page, as PDF, SVG and PNG");
+    });
 }
 
 }  // namespace linealis::desktop

@@ -4,6 +4,7 @@
 #include "pdf/PageContent.h"
 #include "pdf/Units.h"
 
+#include <QFile>
 #include <QMessageBox>
 #include <QPageLayout>
 #include <QPainter>
@@ -214,7 +215,7 @@ std::vector<QString> PrintWarnings(const QPrinter& printer, const DrawnPage& pag
     return warnings;
 }
 
-bool PaintOnPrinter(QPrinter& printer, const DrawnPage& page, const PrinterFactors& factors)
+bool PaintOnPrinter(QPrinter& printer, const DrawnPage& page, Turns& turns, const PrinterFactors& factors)
 {
     printer.setFullPage(true);
     ForbidFitting(printer);
@@ -226,12 +227,19 @@ bool PaintOnPrinter(QPrinter& printer, const DrawnPage& page, const PrinterFacto
     painter.scale(printer.logicalDpiX() / pointsPerInch * turned.x,
                   printer.logicalDpiY() / pointsPerInch * turned.y);
     PagePainter sink(painter, static_cast<double>(page.frame.paperHeight));
-    ReadPage(page.content, sink);
+    try {
+        ReadPage(page.content, sink, &turns);
+    } catch (const PageStopped&) {
+        printer.abort();
+        painter.end();
+        QFile::remove(printer.outputFileName());
+        throw;
+    }
     return painter.end() && printer.printerState() != QPrinter::Error;
 }
 
-QString PrintWithDialog(QPrinter& printer, const DrawnPage& page, const FolderItem& factorsFile, QWidget* parent,
-                        const ModalRunner& runModal)
+QString PrintWithDialog(QPrinter& printer, const DrawnPage& page, Turns& turns, const FolderItem& factorsFile,
+                        QWidget* parent, const ModalRunner& runModal)
 {
     SetPaper(printer, page.frame);
     QPrintDialog dialog(&printer, parent);
@@ -245,19 +253,19 @@ QString PrintWithDialog(QPrinter& printer, const DrawnPage& page, const FolderIt
     if (!warnings.empty() && !IsWanted(warnings, parent, runModal)) {
         return {};
     }
-    return PaintOnPrinter(printer, page, factors)
+    return PaintOnPrinter(printer, page, turns, factors)
                ? PrintedText(printer, factors)
                : QStringLiteral("%1 could not be printed on").arg(NameOf(printer));
 }
 
-QString PrintWithDialog(const DrawnPage& page, const FolderItem& factorsFile, QWidget* parent,
+QString PrintWithDialog(const DrawnPage& page, Turns& turns, const FolderItem& factorsFile, QWidget* parent,
                         const ModalRunner& runModal)
 {
     if (QPrinterInfo::availablePrinterNames().isEmpty()) {
         return QStringLiteral("No printer is set up on this machine");
     }
     QPrinter printer(QPrinter::HighResolution);
-    return PrintWithDialog(printer, page, factorsFile, parent, runModal);
+    return PrintWithDialog(printer, page, turns, factorsFile, parent, runModal);
 }
 
 }  // namespace linealis::desktop

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/PrinterFactors.h"
-#include "pipeline/PageFrame.h"
+#include "pipeline/PageJob.h"
 #include "platform/FolderItem.h"
 
 #include <QDialog>
@@ -12,12 +12,6 @@
 #include <vector>
 
 namespace linealis::desktop {
-
-/// A page that is drawn: its frame, and its content as ContentOf gives it.
-struct DrawnPage {
-    PageFrame frame;
-    std::string content;
-};
 
 /// Asks of the printer the page's paper and orientation, and the whole of the sheet from its corner. A printer that
 /// does not have the paper is left with its usual one.
@@ -31,8 +25,8 @@ std::vector<QString> PrintWarnings(const QPrinter& printer, const DrawnPage& pag
 /// Paints the page on the printer's whole sheet from its upper left corner, as lines, not as a picture. A point of
 /// the page is 1/72 inch of paper, times the factors; nothing is fitted. `factors` are those of portrait paper, so
 /// on landscape paper, which runs through the printer turned, x and y change places. Returns whether the printer
-/// took it.
-bool PaintOnPrinter(QPrinter& printer, const DrawnPage& page, const PrinterFactors& factors = {});
+/// took it. What `turns` throws passes through, and nothing is printed, nor is there a file of what was.
+bool PaintOnPrinter(QPrinter& printer, const DrawnPage& page, Turns& turns, const PrinterFactors& factors = {});
 
 /// Shows a dialog and waits for the user. Returns how it ended.
 using ModalRunner = std::function<int(QDialog& dialog)>;
@@ -40,12 +34,12 @@ using ModalRunner = std::function<int(QDialog& dialog)>;
 /// Lets the user choose the printer in the print dialog (paper and orientation are the page's all the same), tells
 /// the warnings, if there are any, in one message with Print and Cancel, and prints with the chosen printer's
 /// factors of the file. An empty file means factors of 1. Returns what to say in a status line; empty if the user
-/// cancelled.
-QString PrintWithDialog(QPrinter& printer, const DrawnPage& page, const FolderItem& factorsFile, QWidget* parent,
-                        const ModalRunner& runModal);
+/// cancelled. What `turns` throws passes through.
+QString PrintWithDialog(QPrinter& printer, const DrawnPage& page, Turns& turns, const FolderItem& factorsFile,
+                        QWidget* parent, const ModalRunner& runModal);
 
 /// The same on the system's standard printer. Without any printer nothing is shown, and it says so.
-QString PrintWithDialog(const DrawnPage& page, const FolderItem& factorsFile, QWidget* parent,
+QString PrintWithDialog(const DrawnPage& page, Turns& turns, const FolderItem& factorsFile, QWidget* parent,
                         const ModalRunner& runModal);
 
 }  // namespace linealis::desktop

@@ -58,7 +58,8 @@ int HighestDotsPerInch(const PaperSize& paper)
     return highest;
 }
 
-void WritePng(const PaperSize& paper, std::string_view content, const PngOptions& options, BinaryStream& stream)
+void WritePng(const PaperSize& paper, std::string_view content, const PngOptions& options, BinaryStream& stream,
+              Turns* turns)
 {
     constexpr std::int64_t pixelsAtATime = 4'000'000;
     const PixelSize size = PixelsOf(paper, options.dotsPerInch);
@@ -74,13 +75,13 @@ void WritePng(const PaperSize& paper, std::string_view content, const PngOptions
                           {static_cast<double>(paper.height), options.dotsPerInch / pointsPerInch, width, first,
                            rows, options.thinnest},
                           options.isTransparent);
-        ReadPage(content, raster);
+        ReadPage(content, raster, turns);
         for (int row = 0; row < rows; ++row) {
             Convert(raster.Row(row), options.isTransparent, converted);
             file.WriteRow(converted);
-        }
-        if (options.turn) {
-            options.turn();
+            if (turns != nullptr) {
+                turns->RuntimeBackgroundTask(Turns::linesPerYield);
+            }
         }
     }
     file.Finish();

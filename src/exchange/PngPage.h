@@ -2,9 +2,9 @@
 
 #include "pipeline/PageFrame.h"
 #include "platform/BinaryStream.h"
+#include "platform/Turns.h"
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 
@@ -13,10 +13,9 @@ namespace linealis {
 /// How a picture of a page is made.
 struct PngOptions {
     double dotsPerInch = 300.0;
-    bool isTransparent = false;       ///< only what the page paints is there; otherwise the paper is white
-    double thinnest = 0.0;            ///< pixels: a line thinner than this is painted that wide
-    std::string carried = {};         ///< a text that it carries; empty: none
-    std::function<void()> turn = {};  ///< called now and then; may throw to end the work
+    bool isTransparent = false;  ///< only what the page paints is there; otherwise the paper is white
+    double thinnest = 0.0;       ///< pixels: a line thinner than this is painted that wide
+    std::string carried = {};    ///< a text that it carries; empty: none
 };
 
 struct PixelSize {
@@ -35,7 +34,8 @@ inline constexpr std::int64_t mostPixels = 500'000'000;
 int HighestDotsPerInch(const PaperSize& paper);
 
 /// Paints the page and writes it to an open stream as a PNG file, which may not have more than mostPixels. Needs
-/// little memory whatever its size. Closing the stream is up to the caller.
-void WritePng(const PaperSize& paper, std::string_view content, const PngOptions& options, BinaryStream& stream);
+/// little memory whatever its size. Closing the stream is up to the caller. What `turns` throws passes through.
+void WritePng(const PaperSize& paper, std::string_view content, const PngOptions& options, BinaryStream& stream,
+              Turns* turns = nullptr);
 
 }  // namespace linealis

@@ -96,12 +96,15 @@ std::string FontAttributes(int number)
 /// Writes a content as elements. Strokes of one pen that follow each other become one path.
 class SvgSink final : public PageSink {
 public:
-    explicit SvgSink(double thePageHeight) : pageHeight(thePageHeight) { OpenGroup(1.0, 1.0); }
+    SvgSink(double thePageHeight, BinaryStream& theStream) : pageHeight(thePageHeight), stream(theStream)
+    {
+        OpenGroup(1.0, 1.0);
+    }
 
     bool Scale(double sx, double sy) override
     {
         EndPath();
-        body += "</g>\n";
+        stream.Write("</g>\n");
         OpenGroup(sx, sy);
         return true;
     }
@@ -120,16 +123,16 @@ public:
     bool Fill(PagePath path, const PageColor& color) override
     {
         EndPath();
-        body += "<path" + Attribute("d", Written(path)) + Attribute("fill", Written(color)) +
-                Attribute("stroke", "none") + "/>\n";
+        stream.Write("<path" + Attribute("d", Written(path)) + Attribute("fill", Written(color)) +
+                     Attribute("stroke", "none") + "/>\n");
         return true;
     }
 
     bool FillAndStroke(PagePath path, const PageColor& color, const PagePen& pen) override
     {
         EndPath();
-        body += "<path" + Attribute("d", Written(path)) + Attribute("fill", Written(color)) +
-                StrokeAttributes(pen) + "/>\n";
+        stream.Write("<path" + Attribute("d", Written(path)) + Attribute("fill", Written(color)) +
+                     StrokeAttributes(pen) + "/>\n");
         return true;
     }
 
@@ -141,63 +144,64 @@ public:
         for (const double number : {a, b, -c, -d, e}) {
             matrix += Written(number) + " ";
         }
-        body += "<text" + Attribute("transform", matrix + Written(f) + ")") + FontAttributes(text.font) +
-                Attribute("font-size", Written(text.size)) + Attribute("fill", Written(text.color)) +
-                Attribute("stroke", "none") + Attribute("xml:space", "preserve") + ">" + XmlText(text.utf8) +
-                "</text>\n";
+        stream.Write("<text" + Attribute("transform", matrix + Written(f) + ")") + FontAttributes(text.font) +
+                     Attribute("font-size", Written(text.size)) + Attribute("fill", Written(text.color)) +
+                     Attribute("stroke", "none") + Attribute("xml:space", "preserve") + ">" + XmlText(text.utf8) +
+                     "</text>\n");
         return true;
     }
 
-    /// All elements.
-    std::string Finish()
+    void Finish()
     {
         EndPath();
-        return body + "</g>\n";
+        stream.Write("</g>\n");
     }
 
 private:
     /// The content counts upwards from the lower left corner.
     void OpenGroup(double sx, double sy)
     {
-        body += "<g" +
-                Attribute("transform",
-                          "matrix(" + Written(sx) + " 0 0 " + Written(-sy) + " 0 " + Written(pageHeight) + ")") +
-                Attribute("fill", "none") + Attribute("stroke-miterlimit", "10") + ">\n";
+        stream.Write("<g" +
+                     Attribute("transform", "matrix(" + Written(sx) + " 0 0 " + Written(-sy) + " 0 " +
+                                                Written(pageHeight) + ")") +
+                     Attribute("fill", "none") + Attribute("stroke-miterlimit", "10") + ">\n");
     }
 
     void EndPath()
     {
         if (!strokes.empty()) {
-            body += "<path" + Attribute("d", strokes) + StrokeAttributes(strokePen) + "/>\n";
+            stream.Write("<path" + Attribute("d", strokes) + StrokeAttributes(strokePen) + "/>\n");
             strokes.clear();
         }
     }
 
     double pageHeight;
-    std::string body;
+    BinaryStream& stream;
     std::string strokes;  ///< not yet written
     PagePen strokePen;
 };
 
 }  // namespace
 
-std::string SvgOf(const PaperSize& paper, std::string_view content, std::string_view carried)
+void WriteSvg(const PaperSize& paper, std::string_view content, std::string_view carried, BinaryStream& stream,
+              Turns* turns)
 {
     constexpr double mmPerPoint = 25.4 / pointsPerInch;
     const auto width = static_cast<double>(paper.width), height = static_cast<double>(paper.height);
-    SvgSink sink(height);
-    ReadPage(content, sink);
-    std::string svg =
+    stream.Write(
         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg" + Attribute("xmlns", "http://www.w3.org/2000/svg") +
         Attribute("version", "1.1") + Attribute("width", Written(width * mmPerPoint) + "mm") +
         Attribute("height", Written(height * mmPerPoint) + "mm") +
-        Attribute("viewBox", "0 0 " + Written(width) + " " + Written(height)) + ">\n<title>Linealis</title>\n";
+        Attribute("viewBox", "0 0 " + Written(width) + " " + Written(height)) + ">\n<title>Linealis</title>\n");
     if (!carried.empty()) {
         const std::string element(carriedElement);
-        svg += "<metadata><" + element + Attribute("xmlns:linealis", carriedNamespace) + ">" + XmlText(carried) +
-               "</" + element + "></metadata>\n";
+        stream.Write("<metadata><" + element + Attribute("xmlns:linealis", carriedNamespace) + ">" +
+                     XmlText(carried) + "</" + element + "></metadata>\n");
     }
-    return svg + sink.Finish() + "</svg>\n";
+    SvgSink sink(height, stream);
+    ReadPage(content, sink, turns);
+    sink.Finish();
+    stream.Write("</svg>\n");
 }
 
 }  // namespace linealis

@@ -2,14 +2,17 @@
 
 #include "pdf/Geometry.h"
 #include "pipeline/PageFrame.h"
+#include "platform/BinaryStream.h"
+#include "platform/Turns.h"
 
-#include <string>
 #include <string_view>
 
 namespace linealis {
 
-/// The page as an SVG 1.1 document in its true size: the content's paths with its own numbers, its texts as texts
-/// in the usual substitutes of their fonts. `carried` is a text that it carries; empty: none.
-std::string SvgOf(const PaperSize& paper, std::string_view content, std::string_view carried);
+/// Writes the page to an open stream as an SVG 1.1 document in its true size: the content's paths with its own
+/// numbers, its texts as texts in the usual substitutes of their fonts. `carried` is a text that it carries; empty:
+/// none. Closing the stream is up to the caller. What `turns` throws passes through.
+void WriteSvg(const PaperSize& paper, std::string_view content, std::string_view carried, BinaryStream& stream,
+              Turns* turns = nullptr);
 
 }  // namespace linealis

@@ -143,11 +143,12 @@ public:
     static std::string ReturnCurrentDate(const LocalTime& now);
     /// Four bytes, the lowest first.
     std::string AddFourBytes(std::uint64_t value);
+    /// Appends to the content stream what the operators have made elsewhere.
+    void AddToStream(std::string_view text);
     /// The content stream as drawn so far.
     std::string_view Stream() const { return streamC.View(); }
 
 private:
-    void AddToStream(std::string_view text);
     /// A line of the content stream: numbers, each with a blank behind it, and the operator that takes them.
     void AddLine(std::initializer_list<double> operands, std::string_view operation);
     void LimitStream() const;

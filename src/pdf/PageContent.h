@@ -1,6 +1,7 @@
 #pragma once
 
 #include "pdf/Geometry.h"
+#include "platform/Turns.h"
 
 #include <array>
 #include <cstdint>
@@ -159,7 +160,8 @@ public:
 };
 
 /// Reads the content to its end, to damage or until the sink wants no more. What stood before the damage has been
-/// handed on. The message is empty unless the page is damaged.
-PageDamage ReadPage(std::string_view content, PageSink& sink);
+/// handed on. The message is empty unless the page is damaged. Each operator is a round of `turns`, if there are
+/// any; what they throw passes through.
+PageDamage ReadPage(std::string_view content, PageSink& sink, Turns* turns = nullptr);
 
 }  // namespace linealis

@@ -157,11 +157,17 @@ void Interpreter::SetState(PageOperator operation, std::span<const double> value
 
 }  // namespace
 
-PageDamage ReadPage(std::string_view content, PageSink& sink)
+PageDamage ReadPage(std::string_view content, PageSink& sink, Turns* turns)
 {
     PageReader reader(content);
     Interpreter interpreter(sink);
+    if (turns != nullptr) {
+        turns->Restart();
+    }
     while (reader.Next()) {
+        if (turns != nullptr) {
+            turns->RuntimeBackgroundTask();
+        }
         const std::optional<bool> goOn = interpreter.Do(reader);
         if (!goOn) {
             return {reader.Line(), "the operator cannot stand here"};

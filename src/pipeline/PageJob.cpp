@@ -58,6 +58,14 @@ std::string FileBytesOf(const PaperPage& page, const LocalTime& now, const PageQ
     return pdf.FileBytes(now);
 }
 
+std::string FileBytesOf(const DrawnPage& page, const LocalTime& now, Turns& turns)
+{
+    MyPDFGenerator pdf(turns);
+    pdf.BeginPage(page.frame.paperWidth, page.frame.paperHeight);
+    pdf.AddToStream(page.content);
+    return pdf.FileBytes(now);
+}
+
 PageEnd MakePage(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask,
                  Platform& platform)
 {

@@ -11,12 +11,21 @@ namespace linealis {
 /// What `turns` throws passes through, and so does PageGivenUp of a page that is too large.
 void DrawContent(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask);
 
+/// A page that is drawn: its frame, and its content as ContentOf gives it.
+struct DrawnPage {
+    PageFrame frame;
+    std::string content;
+};
+
 /// The page's content as Generate would compress it into the file, for who shows, prints or judges it. What `turns`
 /// throws passes through, and so does PageGivenUp.
 std::string ContentOf(const PaperPage& page, Turns& turns, const PageQuestions& ask = {});
 
 /// The bytes of the page's file. Throws PageGivenUp.
 std::string FileBytesOf(const PaperPage& page, const LocalTime& now, const PageQuestions& ask = {});
+
+/// The same of a page that is drawn. What `turns` throws passes through.
+std::string FileBytesOf(const DrawnPage& page, const LocalTime& now, Turns& turns);
 
 /// How the making of a page ended.
 enum class PageEnd {

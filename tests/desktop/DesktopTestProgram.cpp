@@ -1,7 +1,9 @@
 #include "DesktopTestSupport.h"
 #include "app/Version.h"
 #include "desktop/Application.h"
+#include "desktop/PaperView.h"
 
+#include <QClipboard>
 #include <QFileOpenEvent>
 #include <QListWidget>
 #include <QScrollBar>
@@ -290,6 +292,17 @@ TEST_F(LongPage, CanBeCancelled)
     Click(Child(*window, "PushButtonGenerate"));
     EXPECT_NE(ReadFile(page), old) << "the next page is not cancelled";
     EXPECT_EQ(viewer.shown, Names({page}));
+}
+
+TEST_F(LongPage, IsNotCopiedOnceCancelled)
+{
+    QClipboard& clipboard = *QGuiApplication::clipboard();
+    clipboard.setText(QStringLiteral("other"));
+    WhenProgressShows([this] { Click(Child(*window, "PushButtonCancel")); });
+    dynamic_cast<desktop::PaperView&>(*window).CopyPage();
+    EXPECT_EQ(clipboard.text(), QStringLiteral("other"));
+    EXPECT_EQ(Shown(*window, "StatusLine"), "Cancelled; nothing was copied");
+    ExpectOldFile();
 }
 
 TEST_F(LongPage, LeavesOtherWindowsAlive)

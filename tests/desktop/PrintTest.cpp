@@ -13,8 +13,6 @@
 namespace linealis::test {
 namespace {
 
-using desktop::DrawnPage;
-
 constexpr double hundredthMm = 0.01 * 72.0 / 25.4;  // points
 
 /// The points of a page's strokes, in points of the paper from its lower left corner.
@@ -122,6 +120,7 @@ protected:
     TemporaryFolder folder;
     std::string file = folder / "printed.pdf";
     ScreenlessPlatform platform;
+    Turns turns{[] {}};
     QPrinter printer{QPrinter::HighResolution};
 };
 
@@ -143,7 +142,7 @@ TEST_F(Print, EveryLineIsWhereTheContentHasIt)
             QPrinter device(QPrinter::HighResolution);
             PrintInto(device);
             desktop::SetPaper(device, page.frame);
-            ASSERT_TRUE(desktop::PaintOnPrinter(device, page, factors));
+            ASSERT_TRUE(desktop::PaintOnPrinter(device, page, turns, factors));
             EXPECT_TRUE(HasPaper(page.frame));
             const bool isLandscape = page.frame.paperWidth > page.frame.paperHeight;
             const double x = isLandscape ? factors.y : factors.x, y = isLandscape ? factors.x : factors.y;
@@ -199,8 +198,10 @@ TEST_F(Print, TheDialogsLeadToTheSheetOrToNothing)
         }
         return dialog.result();
     };
-    const auto print = [&] { return desktop::PrintWithDialog(printer, page, {}, nullptr, run).toStdString(); };
-    EXPECT_EQ(desktop::PrintWithDialog(printer, page, {}, nullptr, [](QDialog&) { return 0; }), QString());
+    const auto print = [&] {
+        return desktop::PrintWithDialog(printer, page, turns, {}, nullptr, run).toStdString();
+    };
+    EXPECT_EQ(desktop::PrintWithDialog(printer, page, turns, {}, nullptr, [](QDialog&) { return 0; }), QString());
     EXPECT_EQ(folder.Names(), Names());
     const std::string said = print();
     EXPECT_TRUE(said.starts_with("Printed on " + file + ", Letter") && said.ends_with(", 100 %")) << said;
@@ -214,6 +215,9 @@ TEST_F(Print, TheDialogsLeadToTheSheetOrToNothing)
     EXPECT_NE(print(), "");
     EXPECT_EQ(folder.Names(), Names{"printed.pdf"});
     EXPECT_EQ(shown, Names(2, "Lines that reach out of what the printer can print: 1, by up to 12.7 mm."));
+    Turns stopped([] { throw PageStopped{}; });
+    EXPECT_THROW(desktop::PrintWithDialog(printer, page, stopped, {}, nullptr, run), PageStopped);
+    EXPECT_EQ(folder.Names(), Names());
     printer.setOutputFileName(ToQt(std::string(folder / "missing/printed.pdf")));
     EXPECT_NE(print().find("could not be printed on"), std::string::npos);
 }
@@ -261,7 +265,7 @@ TEST_F(Print, WithoutAPrinterItSaysSo)
     if (!QPrinterInfo::availablePrinterNames().isEmpty()) {
         GTEST_SKIP() << "there is a printer here";
     }
-    EXPECT_EQ(desktop::PrintWithDialog({}, {}, nullptr, {}), "No printer is set up on this machine");
+    EXPECT_EQ(desktop::PrintWithDialog({}, turns, {}, nullptr, {}), "No printer is set up on this machine");
     desktop::CalibrationDialog dialog({}, {}, {}, {}, nullptr);
     for (const char* const button : {"CalibrationPrint", "CalibrationSave", "CalibrationTakeOver"}) {
         EXPECT_FALSE(Child(dialog, button).isEnabled()) << button;
