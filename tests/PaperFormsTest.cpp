@@ -1,4 +1,5 @@
 #include "PageSupport.h"
+#include "pipeline/PageJob.h"
 
 #include <map>
 
@@ -51,6 +52,64 @@ TEST(MarkedPapers, TheSizeOfACrossIsNotConverted)
 {
     const Paper paper("crosses", {"PopupUnits=cm"});
     EXPECT_EQ(paper.form.Text("EditHorzSpacing") + paper.form.Text("EditCrossWidth"), "1.27.15");
+}
+
+/// How much of a page is drawn without a turn for whatever else waits, at most: bytes of the content.
+std::size_t LongestWithoutTurn(const std::string& kind, const Names& settings)
+{
+    Paper paper(kind, {"PopupPaperSize=A0"});
+    paper.Set(settings);
+    const PaperPage page = paper.window->ReadPage();
+    MyPDFGenerator* drawn = nullptr;
+    std::size_t last = 0, longest = 0;
+    const auto look = [&] {
+        const std::size_t now = drawn->Stream().size();
+        longest = std::max(longest, now - std::min(last, now));
+        last = now;
+    };
+    Turns turns(look);
+    MyPDFGenerator pdf(turns);
+    drawn = &pdf;
+    DrawContent(page, pdf, turns, {});
+    look();
+    EXPECT_GT(last, 500'000U) << "so small a page shows nothing";
+    return longest;
+}
+
+TEST(DensePapers, TakeTurnsInEveryLoop)
+{
+    const Names flat = {"EditVertSpacing=.002", "EditHorzSpacing=2"},
+                upright = {"EditVertSpacing=2", "EditHorzSpacing=.002"};
+    const Names polar = {"EditNumCircles=600", "EditNumSpokes=2000", "EditNumMinorSpokes=2000", "EditMinorStart=0"};
+    std::vector<std::pair<std::string, Names>> pages = {
+        {"engineering", {"EditHorzSpacing=1000", "EditVertiSpacing=5"}},
+        {"engineering", {"EditHorzSpacing=5", "EditVertiSpacing=1000"}},
+        {"lined", {"EditHorzSpacing=1000"}},
+        {"cornell", {"EditHorzSpacing=1000"}},
+        {"cornell", {"EditHorzSpacing=1000", "CheckGrid=on"}},
+        {"isometric", {"EditSize=.005"}},
+        {"axonometric", {"EditSize=.005"}},
+        {"trapezoid", {"EditSize=.005"}},
+        {"hexagon", {"EditSize=.2"}},
+        {"polar", polar},
+        {"ternary", {"EditMajorDivisions=1000", "PopupScaling=Axis"}},
+        {"ternary", {"EditMajorDivisions=1000", "PopupScaling=Center"}},
+        {"graph", {"EditXLineSpacing=900", "EditXAxisSpacing=1", "EditXMajor=1"}},
+        {"graph", {"EditYLineSpacing=900", "EditYAxisSpacing=1", "EditYMajor=1"}},
+    };
+    for (const char* const kind : {"grid", "brick", "dots", "crosses"}) {
+        for (Names spacing : {flat, upright}) {
+            if (kind == std::string("dots") || kind == std::string("crosses")) {
+                spacing.insert(spacing.end(), {"CheckVertLines=on", "CheckHorzLines=on"});
+            }
+            pages.emplace_back(kind, spacing);
+        }
+    }
+    constexpr std::size_t hundredNumbersInTheirBoxes = 100'000;
+    for (const auto& [kind, settings] : pages) {
+        const std::size_t longest = LongestWithoutTurn(kind, settings);
+        EXPECT_LT(longest, hundredNumbersInTheirBoxes) << kind << " " << settings.front();
+    }
 }
 
 TEST(TernaryPaper, TheScalingEnablesMaximumAndFlip)
