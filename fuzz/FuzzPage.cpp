@@ -57,7 +57,7 @@ bool CanBreak(const Form& form)
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     constexpr int mostEntered = 64;
-    constexpr std::int64_t mostRounds = 2000;  // heavier pages are given up, which takes a millisecond
+    constexpr std::int64_t mostRounds = 1000;  // heavier pages are given up, which takes a millisecond
     Input input(data, size);
     const PaperKind& kind = input.Kind();
     ScreenlessPlatform platform;
