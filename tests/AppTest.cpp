@@ -277,6 +277,17 @@ TEST_F(Gallery, AClickOpensItsKindOnce)
     EXPECT_TRUE(windows.shown.empty());
 }
 
+TEST(PaperKinds, TheMenuOfTheIconHasWhatIsMadeMost)
+{
+    Names common;
+    for (const PaperKind& kind : PaperKinds()) {
+        if (kind.isCommon) {
+            common.emplace_back(kind.name);
+        }
+    }
+    EXPECT_EQ(common, Names({"graph", "cornell", "dots", "lined", "grid"}));
+}
+
 TEST_F(Gallery, ArrowsLeadToTheNearestPicture)
 {
     using enum GalleryWindow::Direction;
