@@ -186,11 +186,13 @@ TEST_F(DesktopLivePage, IsMeasuredAndTold)
     EXPECT_EQ(Shown(window, "PageSummary"), page.accessibleName().toStdString());
 
     auto& zoom = Child<QComboBox>(window, "Zoom");
-    zoom.setFocus();
-    zoom.lineEdit()->setText(QStringLiteral("150%"));
-    Press(*zoom.lineEdit(), Qt::Key_Return);
-    EXPECT_NEAR(page.ZoomPercent(), 150.0, 1e-9);
-    EXPECT_EQ(zoom.currentText(), QStringLiteral("150 %"));
+    for (const char* const entered : {"150%", "0", "-20 %", "much"}) {  // what is none is passed over
+        zoom.setFocus();
+        zoom.lineEdit()->setText(QString::fromUtf8(entered));
+        Press(*zoom.lineEdit(), Qt::Key_Return);
+        EXPECT_NEAR(page.ZoomPercent(), 150.0, 1e-9) << entered;
+        EXPECT_EQ(zoom.currentText(), QStringLiteral("150 %"));
+    }
 
     // A mark of the ruler stands where the page has its centimetre.
     auto& ruler = Child(window, "RulerAcross");
