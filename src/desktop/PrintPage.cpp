@@ -5,6 +5,7 @@
 #include "pdf/Units.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPageLayout>
 #include <QPainter>
@@ -232,7 +233,9 @@ bool PaintOnPrinter(QPrinter& printer, const DrawnPage& page, Turns& turns, cons
     } catch (const PageStopped&) {
         printer.abort();
         painter.end();
-        QFile::remove(printer.outputFileName());
+        if (QFileInfo(printer.outputFileName()).isFile()) {
+            QFile::remove(printer.outputFileName());
+        }
         throw;
     }
     return painter.end() && printer.printerState() != QPrinter::Error;
