@@ -47,6 +47,13 @@ TEST_F(DesktopProgram, GalleryOpensEveryKindOnce)
 {
     QWidget& gallery = Window("gallery");
     EXPECT_EQ(gallery.windowTitle(), QStringLiteral("Linealis - Paper Gallery"));
+    for (const QWidget* const widget : gallery.findChildren<QWidget*>()) {
+        if (widget->isVisible()) {
+            EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry()))
+                << widget->objectName().toStdString() << " reaches out of "
+                << widget->parentWidget()->metaObject()->className();
+        }
+    }
     EXPECT_EQ(Shown(gallery, "StaticText1"), "Select one of the following types of graph paper to get started:");
     for (const PaperKind& kind : PaperKinds()) {
         SCOPED_TRACE(kind.name);

@@ -8,6 +8,7 @@
 #include <QSignalSpy>
 #include <QToolButton>
 #include <QWheelEvent>
+#include <set>
 
 namespace linealis::test {
 namespace {
@@ -214,8 +215,12 @@ TEST_F(DesktopLivePage, IsMeasuredAndTold)
             const desktop::RulerSteps steps = desktop::StepsOf({0.0, 595.0, scale, inInches});
             EXPECT_GE(steps.mark * scale, 4.0) << scale;
             EXPECT_GE(steps.mark * steps.marksPerNumber * scale, 38.0) << scale;
+            const std::set<double> inches = {0.25, 0.5, 1.0, 2.0, 5.0, 10.0, 20.0};
+            const std::set<double> centimetres = {0.5, 1.0, 2.0, 5.0, 10.0, 20.0, 50.0, 100.0};
+            EXPECT_TRUE((inInches ? inches : centimetres).contains(steps.number)) << steps.number;
         }
     }
+    EXPECT_EQ(desktop::StepsOf({0.0, 595.0, 4.0 / 4.5, true}).mark, 4.5) << "sixteenths, four pixels apart";
     Child<QAction>(window, "ViewRulers").trigger();
     EXPECT_FALSE(ruler.isVisible());
 }

@@ -161,6 +161,17 @@ TEST_F(Print, EveryLineIsWhereTheContentHasIt)
     }
 }
 
+TEST_F(Print, OnlyPaperWiderThanHighLiesAcross)
+{
+    PageFrame frame;
+    frame.paperWidth = frame.paperHeight = 400;
+    desktop::SetPaper(printer, frame);
+    EXPECT_EQ(printer.pageLayout().orientation(), QPageLayout::Portrait);
+    frame.paperWidth = 401;
+    desktop::SetPaper(printer, frame);
+    EXPECT_EQ(printer.pageLayout().orientation(), QPageLayout::Landscape);
+}
+
 TEST_F(Print, WarnsOfAnotherPaperAndOfLinesOutOfReach)
 {
     const auto window = MakeWindow(*FindPaperKind("grid"), platform);  // lines from 36 points on
