@@ -87,6 +87,14 @@ TEST_F(DesktopProgram, ManualOpensAtTheForm)
         Settle();
     }
     QWidget& manual = Window("manual");
+    const auto& chapters = Child<QListWidget>(manual, "ManualChapters");
+    int sections = 0;
+    for (int i = 0; i < chapters.count(); ++i) {
+        EXPECT_LT(chapters.item(i)->text().size(), 60) << "a heading is no paragraph";
+        sections += chapters.item(i)->text().startsWith(QLatin1Char(' ')) ? 1 : 0;
+    }
+    EXPECT_GT(sections, 14);
+    EXPECT_LT(sections, chapters.count());
     const auto& text = Child<QTextBrowser>(manual, "ManualText");
     const int last = text.verticalScrollBar()->value();
     Child<QToolButton>(manual, "ManualBack").click();

@@ -244,6 +244,18 @@ TEST_F(DesktopLivePage, WhatToCheckStaysUntilTheFormChanges)
     EXPECT_EQ(shown(), "4 things to check") << "the lines are thinner too";
 }
 
+TEST_F(DesktopLivePage, WindowGrowsAndShrinksByIt)
+{
+    QWidget& window = OpenPaper("lined");
+    Show(window);
+    const int with = window.width();
+    Press(window, Qt::Key_F9);
+    const int without = window.width();
+    EXPECT_LT(without, with - 100);
+    Press(window, Qt::Key_F9);
+    EXPECT_EQ(window.width(), with);
+}
+
 TEST_F(DesktopLivePage, ShowsWhatThereIsOfAPageGivenUp)
 {
     desktop::PageRenderer renderer;
