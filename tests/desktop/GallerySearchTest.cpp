@@ -62,6 +62,27 @@ TEST_F(GallerySearchTest, PresetsAreLaidOverTheirWindowAsOneStep)
     EXPECT_EQ(Results().at(0), "Squares 5 mm - Grid");
 }
 
+TEST_F(GallerySearchTest, EveryResultGetsItsPicture)
+{
+    const auto& list = Child<QListWidget>(Window("gallery"), "GalleryResults");
+    EXPECT_GT(Results().size(), 4U);
+    const auto isPicture = [&](int row) {
+        const QImage image = list.item(row)->icon().pixmap(list.iconSize()).toImage();
+        const QRgb corner = image.pixel(image.width() / 2, image.height() / 2);
+        for (int x = 0; x < image.width(); ++x) {
+            for (int y = 0; y < image.height(); ++y) {
+                if (qAlpha(image.pixel(x, y)) > 0 && image.pixel(x, y) != corner) {
+                    return true;
+                }
+            }
+        }
+        return false;
+    };
+    for (int row = 0; row < list.count(); ++row) {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return isPicture(row); })) << list.item(row)->text().toStdString();
+    }
+}
+
 TEST_F(GallerySearchTest, DroppedFilesOpenAndAreOfferedAgain)
 {
     const FolderItem polar = Save("polar", "55", "p.setp"), grid = Save("grid", "66", "g & h.setx");
