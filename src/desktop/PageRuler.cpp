@@ -22,8 +22,8 @@ struct Division {
 };
 
 constexpr std::array inchDivisions = {Division{1.0 / 32, 8}, Division{1.0 / 16, 8}, Division{1.0 / 16, 16},
-                                      Division{1.0 / 8, 8},  Division{1.0 / 4, 4},  Division{1.0 / 2, 4},
-                                      Division{1.0, 5},      Division{2.0, 5},      Division{5.0, 4}};
+                                      Division{1.0 / 8, 8},  Division{1.0 / 2, 4},  Division{1.0, 5},
+                                      Division{2.0, 5},      Division{5.0, 4}};
 constexpr std::array cmDivisions = {Division{0.05, 10}, Division{0.1, 5},  Division{0.1, 10},
                                     Division{0.2, 10},  Division{0.5, 10}, Division{1.0, 10},
                                     Division{2.0, 10},  Division{5.0, 10}, Division{10.0, 10}};
