@@ -197,6 +197,9 @@ TEST_F(Documents, UsedLastAreListed)
     EXPECT_TRUE(recent.List().empty());
     WriteFile(file, plain.Path().string() + "\n" + plain.Path().string());
     EXPECT_TRUE(recent.List().empty()) << "it is no such list";
+    fs::remove(file);
+    fs::create_symlink("/proc/self/mem", file);
+    EXPECT_EQ(recent.Add(plain), std::errc::io_error) << "what cannot be read is not written anew";
 }
 
 TEST_F(PaperWindows, TheGraphsLastSettingsAreLoadedByTheGalleryAlone)

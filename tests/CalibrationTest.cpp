@@ -98,6 +98,8 @@ TEST(PrinterFactors, AreKeptByPrinter)
     EXPECT_TRUE(WritePrinterFactors(file, "Office", {1.2, 1.0}));
     EXPECT_TRUE(WritePrinterFactors(FolderItem(folder / "missing/file"), "Office", office));
     EXPECT_EQ(ReadPrinterFactors(file, "Home 2\nwest"), home) << "what is refused changes nothing";
+    const FolderItem unreadable("/proc/self/mem");
+    EXPECT_EQ(WritePrinterFactors(unreadable, "Office", office), std::errc::io_error) << "and is not written anew";
 }
 
 TEST(PrinterFactors, BadLinesAndLengthsAreRefused)

@@ -191,5 +191,20 @@ TEST_F(CliFiles, NothingIsReplacedThatWasNotNamed)
     EXPECT_EQ(ReadFile(folder / "victim.pdf") + ReadFile(folder / "a.setx"), "precious" + settings);
 }
 
+TEST_F(CliFiles, WhatTheDiskFailsToGiveIsSaid)
+{
+    const std::string noMarkers = "$cli generate graph --set CheckBoxMarkers=on --markers /proc/self/mem -o a.pdf";
+    EXPECT_TRUE(Shell(noMarkers).errors.starts_with(
+        "linealis-cli: /proc/self/mem: Input/output error, so there are no markers\n"));
+    ASSERT_EQ(Shell("ln -s /proc/self/mem bad.setx").errors, "");
+    for (const char* const command :
+         {"generate bad.setx -o b.pdf", "generate grid --load bad.setx -o b.pdf", "form grid --form bad.setx",
+          "generate grid --table bad.setx --output-dir .", "show bad.setx"}) {
+        Fails(1, std::string("$cli ") + command, "bad.setx: Input/output error");
+    }
+    Fails(1, "$cli form grid --form - < .", "standard input: Is a directory");
+    EXPECT_FALSE(fs::exists(folder / "b.pdf"));
+}
+
 }  // namespace
 }  // namespace linealis::test

@@ -113,6 +113,7 @@ TEST_F(SettingsFile, FailuresLeaveFormAndFileSilently)
     form.SetText("EditXScale", "55");
     EXPECT_TRUE(window->LoadSettings(FolderItem(folder / "missing.setx")));
     EXPECT_TRUE(window->LoadSettings(FolderItem(folder / "")));
+    EXPECT_TRUE(window->LoadSettings(FolderItem("/proc/self/mem"))) << "opens, and cannot be read";
     window->LoadSettings(FolderItem());
     window->SaveSettings(FolderItem());
     EXPECT_EQ(form.Text("EditXScale"), "55");

@@ -51,13 +51,15 @@ std::optional<PrinterLine> ReadLine(std::string_view line)
     return PrinterLine{std::string(line), {Val(x), Val(y)}};
 }
 
-std::vector<PrinterLine> ReadLines(const FolderItem& file)
+std::vector<PrinterLine> ReadLines(const FolderItem& file, std::error_code& error)
 {
     std::vector<PrinterLine> lines;
     if (!file.Exists()) {
         return lines;
     }
-    const std::string text = file.OpenAsBinaryFile().Read(BinaryStream::longestField);
+    BinaryStream stream = file.OpenAsBinaryFile();
+    const std::string text = stream.Read(BinaryStream::longestField);
+    error = stream.Error();
     std::string_view left = text;
     while (!left.empty()) {
         if (auto line = ReadLine(TakeUpTo('\n', left))) {
@@ -91,7 +93,8 @@ PrinterFactors ReadPrinterFactors(const FolderItem& file, std::string_view print
 {
     const std::string name = PrinterName(printer);
     PrinterFactors factors;
-    for (const PrinterLine& line : ReadLines(file)) {
+    std::error_code unread;
+    for (const PrinterLine& line : ReadLines(file, unread)) {
         if (line.printer == name) {
             factors = line.factors;
         }
@@ -108,7 +111,11 @@ std::error_code WritePrinterFactors(const FolderItem& file, std::string_view pri
     if (file.IsEmpty()) {
         return {};
     }
-    std::vector<PrinterLine> lines = ReadLines(file);
+    std::error_code error;
+    std::vector<PrinterLine> lines = ReadLines(file, error);
+    if (error) {
+        return error;
+    }
     std::erase_if(lines, [&](const PrinterLine& line) { return line.printer == name; });
     if (factors != PrinterFactors{}) {
         lines.push_back({name, factors});

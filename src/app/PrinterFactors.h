@@ -38,7 +38,8 @@ FolderItem PrinterFactorsFile(const FolderItem& preferencesFolder);
 PrinterFactors ReadPrinterFactors(const FolderItem& file, std::string_view printer);
 
 /// Replaces the printer's factors in the file, or takes them out of it if both are 1. What else the file holds
-/// stays, but for lines that are passed over in reading. Factors out of range are refused as an invalid argument.
+/// stays, but for lines that are passed over in reading. Factors out of range are refused as an invalid argument. A
+/// file that cannot be read stays as it is, and the reason is returned.
 std::error_code WritePrinterFactors(const FolderItem& file, std::string_view printer, PrinterFactors factors);
 
 }  // namespace linealis

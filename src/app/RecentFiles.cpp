@@ -61,7 +61,8 @@ RecentFiles::RecentFiles(const FolderItem& preferencesFolder) : list(preferences
 
 std::vector<FolderItem> RecentFiles::List() const
 {
-    std::vector<FolderItem> files = Read();
+    std::error_code unread;
+    std::vector<FolderItem> files = Read(unread);
     std::erase_if(files, [](const FolderItem& file) {
         std::error_code cannotTell;
         return !std::filesystem::is_regular_file(file.Path(), cannotTell);
@@ -69,13 +70,15 @@ std::vector<FolderItem> RecentFiles::List() const
     return files;
 }
 
-std::vector<FolderItem> RecentFiles::Read() const
+std::vector<FolderItem> RecentFiles::Read(std::error_code& error) const
 {
     std::vector<FolderItem> files;
     if (!list.Exists()) {
         return files;
     }
-    const std::string text = list.OpenAsBinaryFile().Read(BinaryStream::longestField);
+    BinaryStream stream = list.OpenAsBinaryFile();
+    const std::string text = stream.Read(BinaryStream::longestField);
+    error = stream.Error();
     std::string_view left = text;
     if (TakeLine(left) != recentHeading) {
         return files;
@@ -95,7 +98,11 @@ std::error_code RecentFiles::Add(const FolderItem& file) const
         return {};
     }
     const FolderItem added(file.Path().lexically_normal());
-    std::vector<FolderItem> files = Read();
+    std::error_code error;
+    std::vector<FolderItem> files = Read(error);
+    if (error) {
+        return error;
+    }
     std::erase(files, added);
     files.insert(files.begin(), added);
     files.resize(std::min(files.size(), most));

@@ -20,13 +20,14 @@ public:
     /// that cannot be read is empty, and a line that names no settings file is passed over.
     std::vector<FolderItem> List() const;
 
-    /// Puts the file first. A file without a path is not kept.
+    /// Puts the file first. A file without a path is not kept. A list that cannot be read stays as it is, and the
+    /// reason is returned.
     std::error_code Add(const FolderItem& file) const;
 
     std::error_code Clear() const;
 
 private:
-    std::vector<FolderItem> Read() const;
+    std::vector<FolderItem> Read(std::error_code& error) const;
     std::error_code Write(const std::vector<FolderItem>& files) const;
 
     FolderItem list;

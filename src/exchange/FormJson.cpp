@@ -153,16 +153,12 @@ FormFile ParseForm(std::string name, std::string_view text)
 FormFile ReadFormFile(const FolderItem& file)
 {
     BinaryStream stream = file.OpenAsBinaryFile();
-    if (!stream.IsOpen()) {
+    const std::string text = stream.ReadRest(longestFormFile);
+    if (stream.Error()) {
         throw FormError{file.Name() + ": " + stream.Error().message()};
     }
-    std::string text;
-    for (std::string piece = stream.Read(BinaryStream::longestField); !piece.empty();
-         piece = stream.Read(BinaryStream::longestField)) {
-        text += piece;
-        if (text.size() > longestFormFile) {
-            throw FormError{file.Name() + ": is larger than any form"};
-        }
+    if (text.size() > longestFormFile) {
+        throw FormError{file.Name() + ": is larger than any form"};
     }
     return ParseForm(file.Name(), text);
 }

@@ -11,17 +11,6 @@ namespace {
 constexpr std::size_t longestText = std::size_t{64} << 20U;
 constexpr std::size_t longestLine = std::size_t{64} << 10U;
 
-/// The bytes of the file, or more than longestText of them.
-std::string ReadText(BinaryStream& stream)
-{
-    std::string text, piece;
-    do {
-        piece = stream.Read(BinaryStream::longestField);
-        text += piece;
-    } while (!piece.empty() && text.size() <= longestText);
-    return text;
-}
-
 bool HasLongLine(std::string_view text)
 {
     std::size_t start = 0;
@@ -55,7 +44,7 @@ MarkerFile::MarkerFile(const FolderItem& item)
         return;
     }
     BinaryStream stream = item.OpenAsBinaryFile();
-    text = ReadText(stream);
+    text = stream.ReadRest(longestText);
     const std::string fault = stream.Error() ? stream.Error().message() : FaultOf(text);
     if (!fault.empty()) {
         whyNot = item.Path().string() + ": " + fault;

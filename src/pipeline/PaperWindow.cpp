@@ -132,18 +132,27 @@ std::error_code PaperWindow::LayOver(BinaryStream settings)
     if (!settings.IsOpen()) {
         return settings.Error();
     }
-    form.BeforeLoad();
     FolderItem ignored;
-    return linealis::LoadSettings(paper.settings, ignored, std::move(settings)).error;
+    return Load(std::move(settings), ignored).error;
 }
 
 LoadResult PaperWindow::Load(const FolderItem& file)
 {
-    form.BeforeLoad();
     FolderItem loaded = outputFile;
-    const LoadResult result = linealis::LoadSettings(paper.settings, loaded, file);
+    const LoadResult result = Load(file.OpenAsBinaryFile(), loaded);
     if (!result.error) {
         SetOutputFile(loaded);
+    }
+    return result;
+}
+
+LoadResult PaperWindow::Load(BinaryStream settings, FolderItem& fileOfPage)
+{
+    form.BeforeLoad();
+    const std::vector<ControlState> before = form.State();
+    const LoadResult result = linealis::LoadSettings(paper.settings, fileOfPage, std::move(settings));
+    if (result.error) {
+        form.Restore(before);
     }
     return result;
 }

@@ -68,7 +68,7 @@ public:
     std::error_code LoadSettings(const FolderItem& file);
     /// What SaveSettings writes.
     std::string SettingsBytes() const;
-    /// Loads settings, but for the output file, which stays. A stream that is not open leaves all as it was.
+    /// Loads settings, but for the output file, which stays.
     std::error_code LayOver(BinaryStream settings);
     /// Loads the file and takes it for the window's document. What goes wrong is noted (Platform::Note), as in the
     /// actions below; each returns whether it has opened or saved a file.
@@ -90,6 +90,8 @@ public:
 
 private:
     LoadResult Load(const FolderItem& file);
+    /// A failure leaves form and file of the page as they were.
+    LoadResult Load(BinaryStream settings, FolderItem& fileOfPage);
     bool Store(const FolderItem& file);
     void NoteFailure(const FolderItem& file, const char* what, std::error_code error) const;
     void SetOutputFile(const FolderItem& file);

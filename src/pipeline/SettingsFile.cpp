@@ -92,11 +92,6 @@ std::error_code SaveSettings(const SettingsTable& table, const FolderItem& outpu
     return settings.stream.Close();
 }
 
-LoadResult LoadSettings(const SettingsTable& table, FolderItem& outputFile, const FolderItem& file)
-{
-    return LoadSettings(table, outputFile, file.OpenAsBinaryFile());
-}
-
 LoadResult LoadSettings(const SettingsTable& table, FolderItem& outputFile, BinaryStream stream)
 {
     SettingsStream settings{.stream = std::move(stream), .outputFile = outputFile};
@@ -110,6 +105,9 @@ LoadResult LoadSettings(const SettingsTable& table, FolderItem& outputFile, Bina
             ++result.fieldsRead;
         }
         field.read(settings);
+    }
+    if (const std::error_code error = settings.stream.Error()) {
+        return {error};
     }
     outputFile = settings.outputFile;
     return result;

@@ -41,16 +41,14 @@ std::error_code SaveSettings(const SettingsTable& table, const FolderItem& outpu
 
 /// How a load went.
 struct LoadResult {
-    std::error_code error = {};  ///< why the file could not be opened
+    std::error_code error = {};  ///< why the file could not be opened or read
     std::size_t fieldsRead = 0;  ///< before the file's end
     std::size_t fields = 0;      ///< of a whole file
 };
 
-/// Reads a file into the form that the table belongs to, and the output file that it refers to. A file that cannot
-/// be opened leaves both as they were. A shorter file reads as empty at its end.
-LoadResult LoadSettings(const SettingsTable& table, FolderItem& outputFile, const FolderItem& file);
-
-/// The same from a stream.
+/// Reads a stream into the form that the table belongs to, and the output file that it refers to. One that is not
+/// open leaves both as they were, and one that fails on the way the output file. A shorter file reads as empty at
+/// its end.
 LoadResult LoadSettings(const SettingsTable& table, FolderItem& outputFile, BinaryStream stream);
 
 namespace settings {

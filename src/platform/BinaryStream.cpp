@@ -68,6 +68,13 @@ BinaryStream BinaryStream::OnStandardOutput()
     return stream;
 }
 
+BinaryStream BinaryStream::OnStandardInput()
+{
+    BinaryStream stream;
+    stream.input.reset(posix::OpenStandardInput(stream.error));
+    return stream;
+}
+
 BinaryStream BinaryStream::FromMemory(std::string_view bytes)
 {
     BinaryStream stream;
@@ -139,7 +146,15 @@ std::string BinaryStream::Read(std::size_t count)
     }
     std::string bytes(count, '\0');
     bytes.resize(std::fread(bytes.data(), 1, count, input.get()));
+    NoteReadError();
     return bytes;
+}
+
+void BinaryStream::NoteReadError()
+{
+    if (!error) {
+        error = posix::ErrorOfReading(input.get());
+    }
 }
 
 std::string BinaryStream::ReadLast(std::size_t count)
@@ -151,12 +166,23 @@ std::string BinaryStream::ReadLast(std::size_t count)
     return Read(wanted);
 }
 
+std::string BinaryStream::ReadRest(std::size_t longest)
+{
+    std::string rest, piece;
+    do {
+        piece = Read(longestField);
+        rest += piece;
+    } while (!piece.empty() && rest.size() <= longest);
+    return rest;
+}
+
 bool BinaryStream::AtEnd()
 {
     if (!input) {
         return true;
     }
     const int next = std::getc(input.get());
+    NoteReadError();
     return next == EOF || std::ungetc(next, input.get()) == EOF;
 }
 

@@ -26,8 +26,8 @@ enum class Links { Follow, Refuse };
 /// name (/dev/stdout) is written directly. A file that exists and may not be written counts as one that cannot be
 /// opened.
 ///
-/// Reading takes regular files only, and never fails once the file is open: past its end everything reads as empty,
-/// 0 or false.
+/// Reading takes regular files only. Past its end everything reads as empty, 0 or false, and so does what the disk
+/// fails to give; Error() tells the two apart.
 class BinaryStream {
 public:
     /// A stream that is not open.
@@ -45,6 +45,9 @@ public:
     static BinaryStream New(const std::filesystem::path& path);
     static BinaryStream OnStandardOutput();
 
+    /// Reads the process's standard input, whatever that is.
+    static BinaryStream OnStandardInput();
+
     /// Reads bytes that are no file's. They must outlive the stream.
     static BinaryStream FromMemory(std::string_view bytes);
 
@@ -53,7 +56,7 @@ public:
 
     bool IsOpen() const { return input || output || memory != nullptr; }
 
-    /// Why the stream could not be opened, or the first failure in writing; empty when all is well.
+    /// Why the stream could not be opened, or the first failure in reading or writing; empty when all is well.
     std::error_code Error() const { return error; }
 
     void Write(std::string_view bytes);
@@ -77,6 +80,9 @@ public:
     /// The last `count` bytes of the file, or all of it if that is less; at most longestField.
     std::string ReadLast(std::size_t count);
 
+    /// What is left of the file. If that is more than `longest` bytes, more than `longest` of them.
+    std::string ReadRest(std::size_t longest);
+
     /// Whether nothing is left to read.
     bool AtEnd();
 
@@ -93,6 +99,9 @@ private:
     struct CloseFile {
         void operator()(std::FILE* handle) const { std::fclose(handle); }
     };
+
+    /// Keeps the error of what was just read, if it has one.
+    void NoteReadError();
 
     std::unique_ptr<std::FILE, CloseFile> input;
     std::unique_ptr<posix::OutputFile> output;

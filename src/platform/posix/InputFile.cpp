@@ -6,6 +6,8 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <utility>
+
 namespace linealis::posix {
 
 namespace {
@@ -22,6 +24,17 @@ std::error_code WhyNotRead(const Descriptor& file)
     return S_ISREG(status.st_mode) ? std::error_code() : FileFault::NotRegular;
 }
 
+std::FILE* Opened(Descriptor file, std::error_code& error)
+{
+    std::FILE* const handle = file.IsOpen() ? ::fdopen(file.Number(), "rb") : nullptr;
+    if (handle == nullptr) {
+        error = LastError();
+    } else {
+        file.Release();
+    }
+    return handle;
+}
+
 }  // namespace
 
 std::FILE* OpenForReading(const std::filesystem::path& path, std::error_code& error)
@@ -35,13 +48,17 @@ std::FILE* OpenForReading(const std::filesystem::path& path, std::error_code& er
     if (error) {
         return nullptr;
     }
-    std::FILE* const handle = ::fdopen(file.Number(), "rb");
-    if (handle == nullptr) {
-        error = LastError();
-    } else {
-        file.Release();
-    }
-    return handle;
+    return Opened(std::move(file), error);
+}
+
+std::FILE* OpenStandardInput(std::error_code& error)
+{
+    return Opened(Descriptor(::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0)), error);
+}
+
+std::error_code ErrorOfReading(std::FILE* file)
+{
+    return std::ferror(file) != 0 ? LastError() : std::error_code();
 }
 
 std::FILE* OpenMemory(std::string_view bytes, std::error_code& error)
