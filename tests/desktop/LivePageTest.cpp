@@ -165,6 +165,8 @@ TEST_F(DesktopLivePage, FollowsTheForm)
         EXPECT_TRUE(changed == 0 || changed > lit.width() / 2) << "only the horizontal lines are lit up: row " << y;
     }
     EXPECT_GT(litRows, 4);
+    Child(window, "EditHorzWeight").setFocus();
+    EXPECT_EQ(Picture(page), lit) << "by the focus alone";
 
     page.ViewActions().at(1)->trigger();
     const double actual = page.PixelsPerPoint();
@@ -175,6 +177,17 @@ TEST_F(DesktopLivePage, FollowsTheForm)
     EXPECT_NEAR(page.PixelsPerPoint(), 16 * actual, 1e-9);
     Picture(page);
     EXPECT_LE(page.Picture().image.width(), page.width()) << "only what is looked at is painted";
+}
+
+TEST_F(DesktopLivePage, LightsUpAnAxisOverALineLikeIt)
+{
+    QWidget& window = OpenPaper("graph");
+    LivePage& page = Show(window);
+    Enter(window, {"EditXAxisWeight=.1", "EditYAxisWeight=.1", "EditXMajorWeight=.1", "EditYMajorWeight=.1"});
+    Child(window, "PopupUnits").setFocus();
+    const QImage plain = Picture(page);
+    Child(window, "CheckBoxShowAxes").setFocus();
+    EXPECT_NE(Picture(page), plain);
 }
 
 TEST_F(DesktopLivePage, IsMeasuredAndTold)
@@ -194,6 +207,13 @@ TEST_F(DesktopLivePage, IsMeasuredAndTold)
         EXPECT_NEAR(page.ZoomPercent(), 150.0, 1e-9) << entered;
         EXPECT_EQ(zoom.currentText(), QStringLiteral("150 %"));
     }
+
+    for (int i = 0; i < zoom.count(); ++i) {
+        emit zoom.textActivated(zoom.itemText(i));
+        EXPECT_NEAR(page.ZoomPercent(), zoom.itemText(i).split(' ').first().toDouble(), 1e-9);
+        EXPECT_EQ(std::lround(page.ZoomPercent()) % 25, 0) << "round numbers are offered";
+    }
+    page.ZoomTo(150.0);
 
     // A mark of the ruler stands where the page has its centimetre.
     auto& ruler = Child(window, "RulerAcross");
