@@ -303,8 +303,8 @@ TEST_F(DesktopLivePage, HeavyPageStepsAside)
     Enter(window, {"PopupPaperSize=A0", "EditVertSpacing=.01", "EditHorzSpacing=.01"});
     QTest::qWait(300);
     EXPECT_NE(page.Picture().excerpt.size, QSize());
-    Enter(window, {"EditVertSpacing=5", "EditHorzSpacing=5"});
     QSignalSpy painted(&page, &LivePage::Painted);
+    Enter(window, {"EditVertSpacing=5", "EditHorzSpacing=5"});
     EXPECT_TRUE(painted.count() > 0 || painted.wait(2000)) << "the heavy page goes on";
     Enter(window, {"EditVertSpacing=.01", "EditHorzSpacing=.01"});
     QTest::qWait(100);
