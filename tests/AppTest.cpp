@@ -343,7 +343,7 @@ TEST_F(Help, AStrangersFileOrLinkIsLeftAlone)
         EXPECT_TRUE(file.parent_path().parent_path() == temporary.Path() && ReadFile(file) == manual) << file;
         EXPECT_EQ(fs::status(file.parent_path()).permissions(), fs::perms(0700));
     };
-    for (const char* const end : {"victim", "missing"}) {
+    for (const char* const end : {"victim", "missing", "/proc/self/fd/1"}) {
         fs::create_symlink(folder / end, help.Path());
         helpGoesElsewhere();
         EXPECT_TRUE(fs::is_symlink(help.Path()));

@@ -177,10 +177,17 @@ TEST_F(CliFiles, NothingIsReplacedThatWasNotNamed)
 {
     WriteFile(folder / "victim.pdf", "precious");
     fs::create_directory(folder / "out");
-    fs::create_symlink("../victim.pdf", folder / "out/a.pdf");
     ASSERT_EQ(Shell("$cli save grid -o a.setx; $cli save graph -o m.setg; mkfifo pipe.setx").errors, "");
     const std::string settings = ReadFile(folder / "a.setx");
-    Fails(1, "$cli generate a.setx --output-dir out", "out/a.pdf: Is a link");
+    for (const char* const planted :
+         {"ln -s ../victim.pdf", "ln -s /dev/stdout", "ln -s /proc/self/fd/1", "mkfifo"}) {
+        const bool isPipe = planted[0] == 'm';
+        Fails(1,
+              std::string("rm -f out/a.pdf; ") + planted +
+                  " out/a.pdf; $cli generate a.setx --output-dir out > log",
+              isPipe ? "out/a.pdf: Is not a regular file" : "out/a.pdf: Is a link");
+        EXPECT_EQ(ReadFile(folder / "log"), "") << planted;
+    }
     Fails(2, "$cli generate a.setx -o ./a.setx", "the page would replace a.setx, which it is made from");
     Fails(2, "ln a.setx b.setx; $cli generate grid --load a.setx -o b.setx",
           "the page would replace a.setx, which it is made from");

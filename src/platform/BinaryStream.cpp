@@ -50,7 +50,7 @@ BinaryStream BinaryStream::Replacing(const std::filesystem::path& path, Links li
     using Target = posix::OutputFile::Target;
     BinaryStream stream;
     stream.output =
-        posix::OutputFile::Open(path, links == Links::Follow ? Target::Any : Target::NotALink, stream.error);
+        posix::OutputFile::Open(path, links == Links::Follow ? Target::Any : Target::Regular, stream.error);
     return stream;
 }
 

@@ -14,7 +14,7 @@ namespace posix {
 class OutputFile;
 }
 
-/// What writing does where it finds a link.
+/// What writing does where it finds a link, pipe or device.
 enum class Links { Follow, Refuse };
 
 /// A binary file, or bytes in memory, open for reading or for writing. No operation throws but for want of memory.
@@ -23,8 +23,8 @@ enum class Links { Follow, Refuse };
 /// the old file stands untouched, and it stays if writing fails or the stream is dropped unclosed. Its permissions
 /// stay, and its owner, group and extended attributes where the system allows it. A writable file in a folder that
 /// may not be written is written over at Close(). A pipe, a device, or what the process itself has open under the
-/// name (/dev/stdout) is written directly. A file that exists and may not be written counts as one that cannot be
-/// opened.
+/// name (/dev/stdout) is written directly, or refused with Links::Refuse, as a link is. A file that exists and may
+/// not be written counts as one that cannot be opened.
 ///
 /// Reading takes regular files only. Past its end everything reads as empty, 0 or false, and so does what the disk
 /// fails to give; Error() tells the two apart.

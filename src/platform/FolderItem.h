@@ -30,7 +30,7 @@ public:
     /// The process's standard output: can be created (written) once, never read, and has no path.
     static FolderItem StandardOutput();
 
-    /// The same file, which is created only if no link has its name.
+    /// The same file, which is created only if no link, pipe or device has its name.
     FolderItem WithoutLinks() const;
 
     /// Makes a folder in this one that only this user may look into. Its name begins with the prefix. Nothing if

@@ -52,8 +52,8 @@ std::string DescriptorPath(const Descriptor& file)
     return "/proc/self/fd/" + std::to_string(file.Number());
 }
 
-/// The descriptor that the path, such as /dev/stdout, names as one that this process has open.
-std::optional<int> OwnDescriptor(fs::path path)
+/// The descriptor of this process that a chain of links, such as /dev/stdout, ends at.
+std::optional<int> DescriptorAtEndOf(fs::path path)
 {
     const fs::path own = "/proc/" + std::to_string(::getpid()) + "/fd";
     constexpr int longestChain = 40;
@@ -75,15 +75,33 @@ std::optional<int> OwnDescriptor(fs::path path)
     return std::nullopt;
 }
 
-/// The system follows a link, or does not. Not open if that fails, errno then tells why.
-Descriptor OpenExisting(const fs::path& path, bool followLinks)
+bool AreSameFile(const struct stat& one, const struct stat& other)
 {
-    const int flags = O_WRONLY | O_NOCTTY | O_CLOEXEC | (followLinks ? 0 : O_NOFOLLOW);
+    return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
+/// The descriptor that the path, such as /dev/stdout, names as one that this process has open. The system must
+/// follow the path there too: in a shared folder it follows no link that another user has made.
+std::optional<int> OwnDescriptor(const fs::path& path)
+{
+    const std::optional<int> number = DescriptorAtEndOf(path);
+    if (!number) {
+        return std::nullopt;
+    }
+    const Descriptor reached(::open(path.c_str(), O_PATH | O_CLOEXEC));
+    struct stat named {
+    }, own{};
+    const bool isOwn = reached.IsOpen() && ::fstat(reached.Number(), &named) == 0 && ::fstat(*number, &own) == 0 &&
+                       AreSameFile(named, own);
+    return isOwn ? number : std::nullopt;
+}
+
+/// Opens without waiting. Not open if that fails, errno then tells why.
+Descriptor OpenAtOnce(const fs::path& path, int flags)
+{
     Descriptor file(::open(path.c_str(), flags | O_NONBLOCK));
     if (file.IsOpen()) {
         ::fcntl(file.Number(), F_SETFL, 0);  // only opening shall not wait
-    } else if (errno == ENXIO) {             // a pipe that nobody reads yet: wait for the reader
-        file = Descriptor(::open(path.c_str(), flags));
     }
     return file;
 }
@@ -121,7 +139,7 @@ bool OutputFile::Place::Has(const Descriptor& file) const
     struct stat here {
     }, there{};
     return ::fstatat(folder.Number(), name.c_str(), &here, AT_SYMLINK_NOFOLLOW) == 0 &&
-           ::fstat(file.Number(), &there) == 0 && here.st_dev == there.st_dev && here.st_ino == there.st_ino;
+           ::fstat(file.Number(), &there) == 0 && AreSameFile(here, there);
 }
 
 std::unique_ptr<OutputFile> OutputFile::Open(const fs::path& path, Target target, std::error_code& error)
@@ -130,12 +148,12 @@ std::unique_ptr<OutputFile> OutputFile::Open(const fs::path& path, Target target
     if (error) {
         return nullptr;
     }
-    if (const std::optional<int> own = OwnDescriptor(path)) {
+    if (const std::optional<int> own = target == Target::Any ? OwnDescriptor(path) : std::nullopt) {
         return Direct(Descriptor(::fcntl(*own, F_DUPFD_CLOEXEC, 0)), error);
     }
     std::unique_ptr<OutputFile> file(new OutputFile);
     error = target == Target::New ? file->ExpectNothing(path) : file->OpenOld(path, target);
-    if (file->old.IsOpen() && !IsRegular(file->old)) {
+    if (!error && file->old.IsOpen() && !IsRegular(file->old)) {
         return Direct(std::move(file->old), error);
     }
     if (!error) {
@@ -157,11 +175,22 @@ std::error_code OutputFile::ExpectNothing(const fs::path& path)
 /// No failure if there is nothing.
 std::error_code OutputFile::OpenOld(const fs::path& path, Target target)
 {
-    old = OpenExisting(path, target == Target::Any);
-    if (old.IsOpen() || errno == ENOENT) {
-        return {};
+    constexpr int flags = O_WRONLY | O_NOCTTY | O_CLOEXEC;
+    if (target == Target::Regular) {
+        old = OpenAtOnce(path, flags | O_NOFOLLOW);
+        if (old.IsOpen() ? !IsRegular(old) : errno == ENXIO) {  // a pipe that nobody reads, or a socket
+            return FileFault::NotRegular;
+        }
+        if (!old.IsOpen() && errno == ELOOP) {
+            return FileFault::IsALink;
+        }
+    } else {
+        old = OpenAtOnce(path, flags);
+        if (!old.IsOpen() && errno == ENXIO) {  // a pipe that nobody reads yet: wait for the reader
+            old = Descriptor(::open(path.c_str(), flags));
+        }
     }
-    return target == Target::NotALink && errno == ELOOP ? FileFault::IsALink : LastError();
+    return old.IsOpen() || errno == ENOENT ? std::error_code() : LastError();
 }
 
 std::unique_ptr<OutputFile> OutputFile::OnStandardOutput(std::error_code& error)
