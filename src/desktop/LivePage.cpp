@@ -175,9 +175,10 @@ void LivePage::paintEvent(QPaintEvent* /*event*/)
     if (!picture.image.isNull()) {  // until a new picture is there, the last one in its new place
         const double grown = PixelsPerPoint() / picture.excerpt.scale;
         const QPointF corner = Origin() - picture.excerpt.origin * grown;
+        painter.save();
         painter.setClipRect(sheet);
         painter.drawImage(QRectF(corner, QSizeF(picture.excerpt.size) * grown), picture.image);
-        painter.setClipping(false);
+        painter.restore();
     }
     if (showsMargins) {
         PaintMargins(painter);
@@ -200,9 +201,10 @@ void LivePage::PaintMargins(QPainter& painter) const
                            .adjusted(frame.leftMargin * scale, frame.topMargin * scale, -frame.rightMargin * scale,
                                      -frame.bottomMargin * scale)
                            .toRect());
-    painter.setClipRegion(margins);
-    painter.fillRect(sheet, QColor(0, 90, 200, 40));
-    painter.setClipping(false);
+    // Without a clip: Qt 6.4 passes over one that is set after setClipping(false).
+    for (const QRect& part : margins) {
+        painter.fillRect(part, QColor(0, 90, 200, 40));
+    }
 }
 
 void LivePage::resizeEvent(QResizeEvent* event)

@@ -190,6 +190,31 @@ TEST_F(DesktopLivePage, LightsUpAnAxisOverALineLikeIt)
     EXPECT_NE(Picture(page), plain);
 }
 
+TEST_F(DesktopLivePage, ShadesTheMarginsAlone)
+{
+    QWidget& window = OpenPaper("graph");
+    LivePage& page = Show(window);
+    Enter(window, {"EditLeftMargin=3"});
+    Picture(page);
+    const auto shot = [&] { return page.viewport()->grab().toImage(); };
+    const QImage plain = shot();
+    Item(window, "ViewMargins").trigger();
+    const QImage shaded = shot();
+    const double scale = page.PixelsPerPoint() * page.devicePixelRatioF();
+    const QRectF sheet(page.Origin() * page.devicePixelRatioF(), page.PaperInPixels() * page.devicePixelRatioF());
+    const QRectF inside = sheet.adjusted(216 * scale, 108 * scale, -54 * scale, -36 * scale);
+    int wrong = 0;
+    for (int y = 0; y < plain.height(); ++y) {
+        for (int x = 0; x < plain.width(); ++x) {
+            const QRectF around(x - 1, y - 1, 3, 3);  // no pixel of an edge
+            const bool changed = plain.pixel(x, y) != shaded.pixel(x, y);
+            wrong += changed && (inside.contains(around) || !sheet.intersects(around)) ? 1 : 0;
+            wrong += !changed && sheet.contains(around) && !inside.intersects(around) ? 1 : 0;
+        }
+    }
+    EXPECT_EQ(wrong, 0);
+}
+
 TEST_F(DesktopLivePage, IsMeasuredAndTold)
 {
     QWidget& window = OpenPaper("lined");
