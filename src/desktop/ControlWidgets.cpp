@@ -49,7 +49,7 @@ protected:
 /// One for each type of control.
 struct WidgetMaker {
     const Form& form;
-    const std::function<void(Swatch& swatch)>& onSwatch;
+    const ControlEvents& events;
 
     ControlWidget operator()(TextField& field) const;
     ControlWidget operator()(Popup& popup) const;
@@ -62,6 +62,7 @@ struct WidgetMaker {
 ControlWidget WidgetMaker::operator()(TextField& field) const
 {
     auto* const edit = new FieldEdit(field, form);
+    QObject::connect(edit, &FieldEdit::Committed, edit, events.onCommitted);
     return {edit, [edit] { edit->Refresh(); }};
 }
 
@@ -71,11 +72,13 @@ ControlWidget WidgetMaker::operator()(Popup& popup) const
     for (const std::string_view item : popup.Items()) {
         box->addItem(ToQt(item));
     }
-    QObject::connect(box, &QComboBox::activated, box, [&popup](int index) {
-        if (index != popup.ListIndex()) {  // choosing the same item again is no change
-            popup.SetListIndex(index);
-        }
-    });
+    QObject::connect(box, &QComboBox::currentIndexChanged, box,
+                     [&popup, committed = events.onCommitted](int index) {
+                         if (index != popup.ListIndex()) {
+                             popup.SetListIndex(index);
+                             committed();
+                         }
+                     });
     return {box, [box, &popup] { box->setCurrentIndex(popup.ListIndex()); }};
 }
 
@@ -91,21 +94,35 @@ ControlWidget WidgetMaker::operator()(RadioGroup& group) const
         layout->addWidget(button);
         buttons->addButton(button, static_cast<int>(i));
     }
-    QObject::connect(buttons, &QButtonGroup::idClicked, row, [&group](int index) { group.SetListIndex(index); });
+    QObject::connect(buttons, &QButtonGroup::idToggled, row,
+                     [&group, committed = events.onCommitted](int index, bool on) {
+                         if (on && index != group.ListIndex()) {
+                             group.SetListIndex(index);
+                             committed();
+                         }
+                     });
     return {row, [buttons, &group] { buttons->button(group.ListIndex())->setChecked(true); }};
 }
 
 ControlWidget WidgetMaker::operator()(CheckBox& box) const
 {
     auto* const check = new QCheckBox(CaptionText(box));
-    QObject::connect(check, &QCheckBox::clicked, check, [&box](bool on) { box.Click(on); });
+    QObject::connect(check, &QCheckBox::toggled, check, [&box, committed = events.onCommitted](bool on) {
+        if (on != box.Value()) {
+            box.Click(on);
+            committed();
+        }
+    });
     return {check, [check, &box] { check->setChecked(box.Value()); }};
 }
 
 ControlWidget WidgetMaker::operator()(Swatch& swatch) const
 {
     auto* const canvas = new ColorSwatch;
-    QObject::connect(canvas, &ColorSwatch::clicked, canvas, [&swatch, clicked = onSwatch] { clicked(swatch); });
+    QObject::connect(canvas, &ColorSwatch::clicked, canvas, [&swatch, events = events] {
+        events.onSwatch(swatch);
+        events.onCommitted();
+    });
     return {canvas, [canvas, &swatch] {
                 canvas->SetColor(swatch.Shown());
                 const QColor color(swatch.Shown().red, swatch.Shown().green, swatch.Shown().blue);
@@ -124,10 +141,9 @@ ControlWidget WidgetMaker::operator()(Label& label) const
 
 }  // namespace
 
-ControlWidget MakeControlWidget(const Form& form, Control& control,
-                                const std::function<void(Swatch& swatch)>& onSwatch)
+ControlWidget MakeControlWidget(const Form& form, Control& control, const ControlEvents& events)
 {
-    ControlWidget made = Visit(control, WidgetMaker{form, onSwatch});
+    ControlWidget made = Visit(control, WidgetMaker{form, events});
     made.widget->setObjectName(ToQt(control.Name()));
     if (control.Kind() != ControlKind::Label) {
         made.widget->setAccessibleName(ToQt(WholeName(form, control)));

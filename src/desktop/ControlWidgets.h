@@ -15,11 +15,15 @@ struct ControlWidget {
     std::function<void()> refresh;  ///< makes the widget show what the control holds
 };
 
-/// Makes the widget of a control, and the way back from what the user does to the control. The object name is the
-/// control's name, and the accessible name its whole name. `onSwatch` is called when the user clicks a color
-/// swatch.
-ControlWidget MakeControlWidget(const Form& form, Control& control,
-                                const std::function<void(Swatch& swatch)>& onSwatch);
+/// What widgets tell of.
+struct ControlEvents {
+    std::function<void(Swatch& swatch)> onSwatch;  ///< a color swatch is clicked
+    std::function<void()> onCommitted;             ///< a change has ended, and the control has it
+};
+
+/// Makes the widget of a control. The control follows whatever the widget shows, be it by a key, a click or another
+/// program, such as a screen reader. The object name is the control's name, and the accessible name its whole name.
+ControlWidget MakeControlWidget(const Form& form, Control& control, const ControlEvents& events);
 
 /// A caption with the line ends of a screen.
 QString CaptionText(const Control& control);

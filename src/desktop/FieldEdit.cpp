@@ -9,6 +9,8 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QSignalBlocker>
+#include <utility>
 
 namespace linealis::desktop {
 
@@ -24,8 +26,7 @@ FieldEdit::FieldEdit(TextField& theField, const Form& theForm) : field(theField)
 {
     const int characters = field.MeansNow() == Meaning::Prose ? proseCharacters : numberCharacters;
     setFixedWidth(fontMetrics().averageCharWidth() * characters + 12);
-    connect(this, &QLineEdit::textEdited, this,
-            [this](const QString& edited) { field.Type(edited.toStdString()); });
+    connect(this, &QLineEdit::textChanged, this, &FieldEdit::Take);
     connect(this, &QLineEdit::editingFinished, this, &FieldEdit::Finish);
 }
 
@@ -33,8 +34,19 @@ void FieldEdit::Refresh()
 {
     setToolTip(ToQt(HintOf(field)));
     if (const QString shown = ToQt(field.Text()); text() != shown) {
+        const QSignalBlocker holdsItAlready(this);
         setText(shown);
         setCursorPosition(0);
+    }
+}
+
+/// A text may come from keys, from the clipboard, or from a screen reader, which needs no focus for that.
+void FieldEdit::Take(const QString& entered)
+{
+    isEntered = true;
+    field.Type(entered.toStdString());
+    if (!hasFocus()) {
+        Finish();  // nobody will leave the field
     }
 }
 
@@ -58,10 +70,9 @@ void FieldEdit::paintEvent(QPaintEvent* event)
 
 void FieldEdit::Finish()
 {
-    if (!isModified()) {
+    if (!std::exchange(isEntered, false)) {
         return;
     }
-    setModified(false);
     if (const auto length = TypedLength(field.Text(), UnitOf(form, field))) {
         field.Type(Str(*length));
     }

@@ -24,7 +24,8 @@ public:
     void Finish();
 
 signals:
-    /// The user has left the field, or pressed Return in it, and it is no longer what it was.
+    /// A text has been entered: by a user who has left the field or pressed Return in it, or at once without the
+    /// focus.
     void Committed();
 
 protected:
@@ -32,11 +33,13 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void Take(const QString& entered);
     void Step(double steps);
 
     TextField& field;
     const Form& form;
     bool isMarked = false;
+    bool isEntered = false;  ///< something that is not finished
 };
 
 }  // namespace linealis::desktop

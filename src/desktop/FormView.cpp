@@ -9,9 +9,7 @@
 #include "pipeline/FieldWords.h"
 #include "pipeline/LengthText.h"
 
-#include <QAbstractButton>
 #include <QApplication>
-#include <QComboBox>
 #include <QEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -76,7 +74,8 @@ FormRow::Place PlaceIn(const std::vector<Control*>& row, const Control* control)
 
 FormView::FormView(Form& theForm, GroupBoxes groupBoxes, std::function<void(Swatch& swatch)> onSwatch,
                    QWidget* parent)
-    : QWidget(parent), form(theForm), swatchClicked(std::move(onSwatch)), column(new QVBoxLayout(this))
+    : QWidget(parent), form(theForm), events{std::move(onSwatch), [this] { emit Committed(); }},
+      column(new QVBoxLayout(this))
 {
     column->setSpacing(6);
     for (const Group group : allGroups) {
@@ -202,25 +201,8 @@ void FormView::AddRow(QGridLayout& grid, const Row& row, bool hasReadout)
 
 QWidget* FormView::MakeWidget(Control& control)
 {
-    controls[&control].control = MakeControlWidget(form, control, swatchClicked);
-    QWidget* const widget = controls[&control].control.widget;
-    WatchEdits(*widget);
-    return widget;
-}
-
-/// Tells of each change that the user has ended. It is in the form by then.
-void FormView::WatchEdits(QWidget& widget) const
-{
-    if (auto* const edit = qobject_cast<FieldEdit*>(&widget)) {
-        connect(edit, &FieldEdit::Committed, this, &FormView::Committed);
-    } else if (auto* const popup = qobject_cast<QComboBox*>(&widget)) {
-        connect(popup, &QComboBox::activated, this, &FormView::Committed);
-    } else if (auto* const button = qobject_cast<QAbstractButton*>(&widget)) {
-        connect(button, &QAbstractButton::clicked, this, &FormView::Committed);
-    }
-    for (const auto* const button : widget.findChildren<QAbstractButton*>()) {
-        connect(button, &QAbstractButton::clicked, this, &FormView::Committed);
-    }
+    controls[&control].control = MakeControlWidget(form, control, events);
+    return controls[&control].control.widget;
 }
 
 QLabel* FormView::MakeCaption(Control& control)

@@ -74,7 +74,6 @@ private:
     void AddHeadings(QGridLayout& grid, const Row& row);
     void AddRow(QGridLayout& grid, const Row& row, bool hasReadout);
     QWidget* MakeWidget(Control& control);
-    void WatchEdits(QWidget& widget) const;
     /// The label of a control's caption, its buddy; null if the control has no caption before it.
     QLabel* MakeCaption(Control& control);
 
@@ -87,7 +86,7 @@ private:
     QString ShowRemark(const TextField& field);
 
     Form& form;
-    std::function<void(Swatch& swatch)> swatchClicked;
+    ControlEvents events;
     QVBoxLayout* column;
     QHBoxLayout* lastRow = nullptr;
     std::map<const Control*, Shown> controls;

@@ -1,7 +1,9 @@
 #include "DesktopTestSupport.h"
 #include "LoadSupport.h"
 #include "desktop/FormGroup.h"
+#include "desktop/PaperView.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QRegularExpression>
@@ -167,6 +169,87 @@ TEST_F(DesktopForm, RemarksComeAndGoWhileTyping)
     GenerateAs(note, folder / "page.pdf");
     EXPECT_EQ(Shown(note, {"EditNoteWidth", "EditHorzSpacing"}), "100 5");
     EXPECT_EQ(Remarks(note), Names());
+}
+
+/// Sets controls as screen readers and dictation do, by other means than keys and clicks.
+class Assistant {
+public:
+    Assistant(QWidget& theWindow, Person& thePerson) : window(theWindow), person(thePerson) {}
+
+    void operator()(const TextField& field)
+    {
+        Accessible(field.Name()).setText(QAccessible::Value, QStringLiteral("55"));
+        EXPECT_EQ(field.Text(), "55");
+    }
+    void operator()(const Popup& popup)
+    {
+        const int last = static_cast<int>(popup.Items().size()) - 1;
+        Child<QComboBox>(window, popup.Name()).setCurrentIndex(last);
+        EXPECT_EQ(popup.ListIndex(), last);
+    }
+    void operator()(const RadioGroup& group)
+    {
+        const std::size_t last = group.Items().size() - 1;
+        Toggle(std::string(group.Name()) + std::to_string(last));
+        EXPECT_EQ(group.ListIndex(), static_cast<int>(last));
+    }
+    void operator()(const CheckBox& box)
+    {
+        const bool before = box.Value();
+        Toggle(box.Name());
+        EXPECT_NE(box.Value(), before);
+    }
+    void operator()(const Swatch& swatch)
+    {
+        person.ChoosesColor(Qt::magenta, true);
+        Accessible(swatch.Name()).actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        EXPECT_TRUE(QTest::qWaitFor([&] { return swatch.Shown() == Color({255, 0, 255}); }));
+    }
+    void operator()(const Label& /*label*/) {}
+
+private:
+    QAccessibleInterface& Accessible(std::string_view name)
+    {
+        return *QAccessible::queryAccessibleInterface(&Child(window, name));
+    }
+    void Toggle(std::string_view name)
+    {
+        Accessible(name).actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    }
+
+    QWidget& window;
+    Person& person;
+};
+
+TEST_F(DesktopForm, FollowsWhateverItsControlsShow)
+{
+    for (const PaperKind& kind : PaperKinds()) {
+        auto& view = dynamic_cast<desktop::PaperView&>(OpenPaper(kind.name));
+        PaperForm& form = view.Window().form;
+        const auto before = form.State();
+        Assistant assistant(view, person);
+        for (Control* const control : form.Controls()) {
+            if (!control->IsEnabled()) {
+                continue;
+            }
+            SCOPED_TRACE(std::string(kind.name) + ": " + std::string(control->Name()));
+            Visit(*control, assistant);
+            view.Undo();
+            EXPECT_EQ(form.State(), before) << "it is one step";
+            EXPECT_FALSE(view.History().CanUndo());
+        }
+        view.close();
+        QCoreApplication::processEvents();
+    }
+
+    QWidget& graph = OpenPaper("graph");
+    const auto set = [&](std::string_view name, const char* text) {
+        QAccessible::queryAccessibleInterface(&Child(graph, name))->setText(QAccessible::Value, ToQt(text));
+    };
+    set("EditXAxisMaximum", "105");
+    EXPECT_EQ(Shown(graph, "EditXLineSpacing"), "20.0002");
+    set("EditLeftMargin", "5mm");
+    EXPECT_EQ(Shown(graph, "EditLeftMargin"), "0.1968504") << "nobody will leave the field";
 }
 
 TEST_F(DesktopForm, LengthsTakeUnitsAndNumbersStep)
