@@ -254,8 +254,10 @@ void DesktopPlatform::ShowURL(const std::string& url)
 void DesktopPlatform::FetchInBackground(const std::string& url,
                                         std::function<void(const std::string& page)> onReply)
 {
-    QTimer::singleShot(millisecondsToFetch, this, [this, url = ToQt(url), onReply = std::move(onReply)] {
-        new HttpFetch(url, longestReply, replySeconds, onReply, this);
+    constexpr int millisecondsPerSecond = 1000;
+    static constexpr FetchLimits limits{replySeconds * millisecondsPerSecond, longestReply, longestAnswer};
+    QTimer::singleShot(millisecondsToFetch, this, [this, url = QUrl(ToQt(url)), onReply = std::move(onReply)] {
+        new HttpFetch(url, limits, onReply, this);
     });
 }
 

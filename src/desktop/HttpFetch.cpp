@@ -1,95 +1,133 @@
 #include "desktop/HttpFetch.h"
 
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
+#include "desktop/NameLookup.h"
+
 #include <QTimer>
-#include <QUrl>
+#include <algorithm>
 #include <utility>
 
 namespace linealis::desktop {
 
 namespace {
 
-constexpr int statusOk = 200;
-constexpr int millisecondsPerSecond = 1000;
+constexpr int portOfHttp = 80;
 
-/// The request, on the thread that it is moved to.
-class Request : public QObject {
-public:
-    Request(QString theUrl, std::size_t longest, int seconds, std::function<void(const QByteArray&)> theOnBody)
-        : url(std::move(theUrl)), limit(static_cast<qsizetype>(longest)),
-          timeLimit(seconds * millisecondsPerSecond), onBody(std::move(theOnBody))
-    {}
-
-    void Start()
-    {
-        auto* const manager = new QNetworkAccessManager(this);
-        QNetworkRequest request{QUrl(url)};
-        // A redirection is no 200, and could lead anywhere.
-        request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
-        reply = manager->get(request);
-        connect(reply, &QNetworkReply::readyRead, this, [this] { Collect(); });
-        connect(reply, &QNetworkReply::finished, this, [this] { Finish(); });
-        QTimer::singleShot(timeLimit, this,
-                           [this] { reply->abort(); });  // of the whole, also of a reply that trickles
-    }
-
-private:
-    bool Succeeded() const
-    {
-        return reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() == statusOk;
-    }
-
-    void Collect()
-    {
-        body += reply->read(limit - body.size());
-        if (body.size() >= limit) {
-            enough = true;
-            reply->abort();
+/// The value of a field in the head of an answer; empty if it is not there.
+QByteArray FieldOf(const QByteArray& head, const QByteArray& name)
+{
+    for (const QByteArray& line : head.split('\n')) {
+        const qsizetype colon = line.indexOf(':');
+        if (colon > 0 && line.left(colon).compare(name, Qt::CaseInsensitive) == 0) {
+            return line.mid(colon + 1).trimmed();
         }
     }
-
-    void Finish()
-    {
-        if (!enough && reply->isOpen()) {
-            body += reply->read(limit - body.size());
-        }
-        if (Succeeded() && (enough || reply->error() == QNetworkReply::NoError)) {
-            onBody(body);
-        }
-        thread()->quit();
-    }
-
-    QString url;
-    qsizetype limit;
-    int timeLimit;
-    std::function<void(const QByteArray&)> onBody;
-    QNetworkReply* reply = nullptr;
-    QByteArray body;
-    bool enough = false;
-};
+    return {};
+}
 
 }  // namespace
 
-HttpFetch::HttpFetch(const QString& url, std::size_t longest, int seconds,
-                     std::function<void(const std::string&)> onReply, QObject* parent)
-    : QObject(parent)
+void HttpAnswer::Add(const QByteArray& bytes)
 {
-    // The signal crosses to this object's thread, or is dropped with this object.
-    connect(this, &HttpFetch::Replied, this,
-            [onReply = std::move(onReply)](const QByteArray& body) { onReply(body.toStdString()); });
-    auto* const request =
-        new Request(url, longest, seconds, [this](const QByteArray& body) { emit Replied(body); });
-    request->moveToThread(&thread);
-    connect(&thread, &QThread::started, request, &Request::Start);
-    connect(&thread, &QThread::finished, request, &QObject::deleteLater);
-    thread.start(QThread::LowestPriority);
+    const QByteArray endOfHead = "\r\n\r\n";
+    const qsizetype searched = std::max<qsizetype>(answer.size() - endOfHead.size(), 0);
+    answer += bytes;
+    if (bodyStart >= 0) {
+        return;
+    }
+    const qsizetype end = answer.indexOf(endOfHead, searched);
+    if (end < 0) {
+        return;
+    }
+    bodyStart = end + endOfHead.size();
+    const QByteArray head = answer.left(end);
+    const QList<QByteArray> statusLine = answer.left(answer.indexOf('\r')).split(' ');
+    // An answer in chunks is none to HTTP/1.0.
+    isPage = statusLine[0].startsWith("HTTP/1.") && statusLine.value(1) == "200" &&
+             FieldOf(head, "Transfer-Encoding").isEmpty();
+    bool isNumber = false;
+    const qlonglong length = FieldOf(head, "Content-Length").toLongLong(&isNumber);
+    contentLength = isNumber && length >= 0 ? length : -1;
 }
 
-HttpFetch::~HttpFetch()
+std::optional<QByteArray> HttpAnswer::Body(qsizetype longest, bool isClosed) const
 {
-    thread.quit();
-    thread.wait();
+    if (!isPage) {
+        return std::nullopt;
+    }
+    const qsizetype come = answer.size() - bodyStart;
+    const bool isWhole = contentLength < 0 ? isClosed : come >= contentLength;
+    if (!isWhole && come < longest) {
+        return std::nullopt;
+    }
+    return answer.mid(bodyStart, contentLength < 0 ? longest : std::min(longest, contentLength));
+}
+
+HttpFetch::HttpFetch(QUrl address, const FetchLimits& theLimits,
+                     std::function<void(const std::string& body)> onReply, QObject* parent)
+    : QObject(parent), url(std::move(address)), limits(theLimits), reply(std::move(onReply))
+{
+    socket.setReadBufferSize(limits.longestAnswer);
+    connect(&socket, &QTcpSocket::connected, this, &HttpFetch::SendRequest);
+    connect(&socket, &QTcpSocket::readyRead, this, &HttpFetch::Read);
+    // Queued, since a socket that is still telling of its failure connects to nothing.
+    connect(&socket, &QTcpSocket::errorOccurred, this, &HttpFetch::EndOfConnection, Qt::QueuedConnection);
+    QTimer::singleShot(limits.milliseconds, this, &QObject::deleteLater);
+    connect(new NameLookup(url.host(QUrl::FullyEncoded), this), &NameLookup::Found, this,
+            [this](const QList<QHostAddress>& found) {
+                addresses = found;
+                ConnectToNext();
+            });
+}
+
+void HttpFetch::ConnectToNext()
+{
+    if (addresses.isEmpty()) {
+        deleteLater();
+        return;
+    }
+    socket.connectToHost(addresses.takeFirst(), static_cast<quint16>(url.port(portOfHttp)));
+}
+
+void HttpFetch::SendRequest()
+{
+    const QString path = url.path(QUrl::FullyEncoded), query = url.query(QUrl::FullyEncoded);
+    const QString target =
+        (path.isEmpty() ? QStringLiteral("/") : path) + (query.isEmpty() ? QString() : QLatin1Char('?') + query);
+    const QString host = url.authority(QUrl::FullyEncoded);
+    socket.write(QStringLiteral("GET %1 HTTP/1.0\r\nHost: %2\r\nUser-Agent: Linealis\r\nConnection: close\r\n\r\n")
+                     .arg(target, host)
+                     .toLatin1());
+}
+
+void HttpFetch::Read()
+{
+    answer.Add(socket.read(limits.longestAnswer - answer.Size()));
+    if (answer.IsNoPage() || answer.Body(limits.longestBody, false) || answer.Size() >= limits.longestAnswer) {
+        End(false);
+    }
+}
+
+/// The other side has closed it, or it never came about.
+void HttpFetch::EndOfConnection(QAbstractSocket::SocketError why)
+{
+    answer.Add(socket.read(limits.longestAnswer - answer.Size()));
+    if (answer.Size() == 0 && !addresses.isEmpty()) {
+        ConnectToNext();
+    } else {
+        End(why == QAbstractSocket::RemoteHostClosedError);
+    }
+}
+
+void HttpFetch::End(bool isClosed)
+{
+    socket.abort();
+    if (const auto body = answer.Body(limits.longestBody, isClosed); body && reply) {
+        // Not from here: the user may be asked meanwhile, and this goes.
+        QMetaObject::invokeMethod(
+            parent(), [reply = std::exchange(reply, nullptr), body = body->toStdString()] { reply(body); },
+            Qt::QueuedConnection);
+    }
+    deleteLater();
 }
 
 }  // namespace linealis::desktop

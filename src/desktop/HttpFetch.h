@@ -1,31 +1,71 @@
 #pragma once
 
-#include <QObject>
-#include <QString>
-#include <QThread>
+#include <QByteArray>
+#include <QHostAddress>
+#include <QList>
+#include <QTcpSocket>
+#include <QUrl>
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace linealis::desktop {
 
-/// One HTTP GET on a thread of its own. Owned by its parent; when the parent goes, the request is broken off.
-class HttpFetch : public QObject {
+/// What an HTTP request may cost at most.
+struct FetchLimits {
+    int milliseconds = 0;         ///< from the beginning to the end
+    qsizetype longestBody = 0;    ///< bytes; what follows is left
+    qsizetype longestAnswer = 0;  ///< bytes in all, the head included; a longer answer is none
+};
+
+/// The answer to an HTTP/1.0 request, as it comes.
+class HttpAnswer {
+public:
+    void Add(const QByteArray& bytes);
+    qsizetype Size() const { return answer.size(); }
+
+    /// Whether it gives no page, whatever follows.
+    bool IsNoPage() const { return bodyStart >= 0 && !isPage; }
+
+    /// The body of a page that the server gave with status 200, at most `longest` bytes of it; nothing as long as
+    /// it has not come. Without a Content-Length it ends where the connection does.
+    std::optional<QByteArray> Body(qsizetype longest, bool isClosed) const;
+
+private:
+    QByteArray answer;
+    qsizetype bodyStart = -1;      ///< behind the head; -1 as long as that has not come
+    qsizetype contentLength = -1;  ///< -1 if the head does not tell
+    bool isPage = false;
+};
+
+/// One HTTP GET, beside everything else on the thread of its owner. It goes when it is done; when its parent goes
+/// before, the request is broken off.
+///
+/// It keeps its limits whatever the server sends, which QNetworkAccessManager (Qt 6.4) does not: that reads a head
+/// without end in one go, and waits at the program's end for a name server. To read an HTTP/1.0 answer, which has
+/// neither chunks nor interim answers, no library is needed.
+class HttpFetch final : public QObject {
     Q_OBJECT
 
 public:
-    /// `onReply` gets the body, on this object's thread, if the server answers with status 200 in time. Never more
-    /// than `longest` bytes of it.
-    HttpFetch(const QString& url, std::size_t longest, int seconds, std::function<void(const std::string&)> onReply,
+    /// `onReply` gets the body, on the thread of `parent`, if the server answers with status 200 within the limits;
+    /// any failure is silent. `address` is one of http.
+    HttpFetch(QUrl address, const FetchLimits& theLimits, std::function<void(const std::string& body)> onReply,
               QObject* parent);
-    ~HttpFetch() override;
-    HttpFetch(const HttpFetch&) = delete;
-    HttpFetch& operator=(const HttpFetch&) = delete;
-
-signals:
-    void Replied(const QByteArray& body);
 
 private:
-    QThread thread;
+    void ConnectToNext();
+    void SendRequest();
+    void Read();
+    void EndOfConnection(QAbstractSocket::SocketError why);
+    void End(bool isClosed);
+
+    QUrl url;
+    FetchLimits limits;
+    std::function<void(const std::string& body)> reply;
+    QList<QHostAddress> addresses;  ///< of the host, those that have not been tried
+    QTcpSocket socket;
+    HttpAnswer answer;
 };
 
 }  // namespace linealis::desktop

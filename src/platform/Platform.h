@@ -80,13 +80,14 @@ public:
     /// Opens a web page in the user's browser.
     virtual void ShowURL(const std::string& url) = 0;
 
-    /// Asks a web server for a page, on a thread of its own. `onReply` gets the page on the caller's thread, at
-    /// most longestReply bytes of it, if the server answers with status 200 within replySeconds; any failure is
-    /// silent.
+    /// Asks a web server for a page, beside everything else. `onReply` gets the page on the caller's thread, at
+    /// most longestReply bytes of it, if the server answers with status 200 within replySeconds and longestAnswer,
+    /// the bytes of head and page; any failure is silent. `url` is one of http.
     virtual void FetchInBackground(const std::string& url,
                                    std::function<void(const std::string& page)> onReply) = 0;
 
     static constexpr std::size_t longestReply = 4096;
+    static constexpr std::size_t longestAnswer = 65536;
     static constexpr int replySeconds = 10;
 
     /// The version of macOS as its Gestalt selector "sysv" has it, hexadecimal digits for decimal ones: 0x1068 is
