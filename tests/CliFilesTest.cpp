@@ -150,7 +150,7 @@ TEST_F(CliFiles, AFullDiskLeavesTheOldPage)
     }
     WriteFile(folder / "disk/page.pdf", "old");
     fs::permissions(folder / "disk/page.pdf", fs::perms(0666));
-    const std::string make = "cli generate dots --set EditHorzSpacing=.002 -o disk/page.pdf";
+    const std::string make = "cli generate dots --set EditHorzSpacing=.002 --set EditDotWeight=.1 -o disk/page.pdf";
     Fails(1, "$" + make, "disk/page.pdf: No space left on device");
     fs::permissions(folder / "disk", fs::perms(0555));
     Fails(1, "setpriv --reuid=65534 $" + make, "disk/page.pdf: No space left on device");

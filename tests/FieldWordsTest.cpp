@@ -11,25 +11,46 @@
 namespace linealis::test {
 namespace {
 
-TEST(TypedLength, BecomesTheFormsUnit)
+TEST(TypedNumber, IsInTheFieldsOwnUnit)
 {
-    const std::map<std::string, std::string> inInches = {
-        {"5mm", "0.1968504"}, {" 5 MM ", "0.1968504"}, {"1/4in", "0.25"},       {"1/4\"", "0.25"},
-        {"2.54 cm", "1"},     {"2,54cm", "1"},         {"1 1/2 inches", "1.5"}, {"12pt", "0.1666667"},
-        {"1/4", "0.25"},      {"-1/8", "-0.125"},      {"0.5in", "0.5"},        {".3\u2033", "0.3"}};
-    for (const auto& [typed, becomes] : inInches) {
-        const auto length = TypedLength(typed, LengthUnit::Inches);
-        ASSERT_TRUE(length) << typed;
-        EXPECT_EQ(Str(*length), becomes) << typed;
+    struct Case {
+        const char* typed;
+        const char* becomes;
+        Quantity quantity = Quantity::Length;
+        LengthUnit unit = LengthUnit::Inches;
+    };
+    for (const Case& each : std::vector<Case>{{"5mm", "0.1968504"},
+                                              {" 5 MM ", "0.1968504"},
+                                              {"1/4in", "0.25"},
+                                              {"1/4\"", "0.25"},
+                                              {"2.54 cm", "1"},
+                                              {"2,54cm", "1"},
+                                              {"1 1/2 inches", "1.5"},
+                                              {"12pt", "0.1666667"},
+                                              {"1/4", "0.25"},
+                                              {"-1/8", "-0.125"},
+                                              {"0.5in", "0.5"},
+                                              {".3\u2033", "0.3"},
+                                              {"5mm", "0.5", Quantity::Length, LengthUnit::Centimetres},
+                                              {"1/4in", "0.635", Quantity::Length, LengthUnit::Centimetres},
+                                              {"0.1cm", "0.1", Quantity::Centimeters},
+                                              {"7mm", "3.628571", Quantity::CountPerUnit},
+                                              {"7mm", "1.428571", Quantity::CountPerUnit, LengthUnit::Centimetres},
+                                              {"7/2", "3.5", Quantity::CountPerUnit},
+                                              {"0.1mm", "0.2834646", Quantity::Points},
+                                              {"0.5pt", "0.5", Quantity::Points, LengthUnit::None},
+                                              {"1/4", "0.25", Quantity::None, LengthUnit::None}}) {
+        const auto number = TypedNumber(each.typed, each.quantity, each.unit);
+        ASSERT_TRUE(number) << each.typed;
+        EXPECT_EQ(Str(*number), each.becomes) << each.typed;
     }
-    EXPECT_EQ(Str(*TypedLength("5mm", LengthUnit::Centimetres)), "0.5");
-    EXPECT_EQ(Str(*TypedLength("1/4in", LengthUnit::Centimetres)), "0.635");
-    EXPECT_EQ(*TypedLength("0.1cm", LengthUnit::Centimetres), 0.1);
     for (const char* const other : {"", "5", " .25", "-3", "mm", "5 m m", "1/0", "1/0in", "1 2", "1 1/", "/4",
                                     "1//4", "5 apples", "1e400in", "5mm5", "1.2.3mm", "\u215B in", "--5mm"}) {
-        EXPECT_FALSE(TypedLength(other, LengthUnit::Inches)) << other;
+        EXPECT_FALSE(TypedNumber(other, Quantity::Length, LengthUnit::Inches)) << other;
     }
-    EXPECT_FALSE(TypedLength("5mm", LengthUnit::None));
+    EXPECT_FALSE(TypedNumber("5mm", Quantity::None, LengthUnit::Inches));
+    EXPECT_FALSE(TypedNumber("5mm", Quantity::Length, LengthUnit::None));
+    EXPECT_FALSE(TypedNumber("0mm", Quantity::CountPerUnit, LengthUnit::Inches));
 }
 
 TEST(Stepped, FitsWhatTheFieldMeans)

@@ -122,15 +122,18 @@ TEST(Remarks, OnValuesThatDrawNothing)
 {
     Expect({
         {"grid", "EditHorzSpacing", "0", "0"},
-        {"dots", "EditVertSpacing", "-1", "negative"},
-        {"graph", "EditXLineSpacing", "-5", "negative"},
+        {"dots", "EditVertSpacing", "-1", "above 0"},
+        {"crosses", "EditCrossWidth", "0", "no bar"},
+        {"graph", "EditXLineSpacing", "-5", "no grid line"},
+        {"graph", "EditTitleSize", "0.5", "nothing is printed"},
         {"hexagon", "EditSize", "0", "above 0"},
         {"isometric", "EditSize", "-.5", "above 0"},
         {"brick", "EditYScale", "0", "empty page"},
         {"polar", "EditLineThickness", "-1", "negative"},
         {"polar", "EditLineThickness", "0", ""},
         {"polar", "EditNumSpokes", "-12", "0"},
-        {"ternary", "EditMinorDivisions", "-5", "0"},
+        {"ternary", "EditMinorDivisions", "-5", "counts as 1"},
+        {"ternary", "EditMajorDivisions", "0", "no line divides a side"},
         {"graph", "EditXAxisSpacing", "-1", "no numbers"},
     });
 }
@@ -140,7 +143,8 @@ std::string NumberBehind(const std::string& remark)
     for (const std::string_view words : {"counts as ", "becomes "}) {
         const std::size_t place = remark.rfind(words);
         if (place != std::string::npos) {
-            return remark.substr(place + words.size());
+            const std::size_t begin = place + words.size();
+            return remark.substr(begin, remark.find(':', begin) - begin);
         }
     }
     return "";

@@ -1,5 +1,6 @@
 #include "api/Linealis.h"
 
+#include "app/PageCheck.h"
 #include "app/Presets.h"
 #include "pipeline/FieldWords.h"
 #include "platform/ScreenlessPlatform.h"
@@ -85,6 +86,25 @@ void Sheet::Set(std::string_view control, std::string_view value)
     } catch (const UnknownInput& input) {
         throw Unknown(input);
     }
+}
+
+std::vector<std::string> Sheet::Warnings() const
+{
+    const PaperForm& form = parts->window->form;
+    const PaperPage page = parts->window->ReadPage();
+    Turns turns([] {});
+    PageWarnings ofContent;
+    try {
+        const std::string content = ContentOf(page, turns);
+        ofContent = content.size() <= longestContentChecked ? ContentWarnings(page.frame, content) : PageWarnings();
+    } catch (const PageGivenUp& givenUp) {
+        ofContent.push_back({"too-large", "", givenUp.reason});
+    }
+    std::vector<std::string> texts;
+    for (PageWarning& warning : JoinedWarnings(form, FormWarnings(form, page), ofContent)) {
+        texts.push_back(std::move(warning.text));
+    }
+    return texts;
 }
 
 std::string Sheet::Settings() const

@@ -36,6 +36,10 @@ public:
     /// std::invalid_argument, with what is possible, if there is no such control or it has no such value.
     void Set(std::string_view control, std::string_view value);
 
+    /// What will disappoint on the page: a field whose text it cannot use, lines too thin to print, and more, a
+    /// line each that names the field. Looks at the page if it holds at most 8 MiB of drawing.
+    std::vector<std::string> Warnings() const;
+
     /// The form as the bytes of a settings file.
     std::string Settings() const;
 

@@ -1,13 +1,13 @@
 #include "app/PageCheck.h"
 
-#include "graph/MainWindow.h"
-#include "papers/PolarWindow.h"
 #include "pdf/Numbers.h"
 #include "pipeline/FieldWords.h"
+#include "pipeline/LengthText.h"
 #include "pipeline/PageWords.h"
 #include "platform/BinaryStream.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace linealis {
@@ -16,25 +16,24 @@ namespace {
 
 constexpr double leastMargin = 18.0;      // points, 6.35 mm: what many printers cannot reach
 constexpr double marginTolerance = 0.01;  // points; a margin in centimetres is off by less
+constexpr double thinnest = 0.1;          // points; a thinner line may not print
 
 class FormChecker {
 public:
-    FormChecker(const PaperForm& theForm, const PageFrame& theFrame) : form(theForm), frame(theFrame) {}
+    FormChecker(const PaperForm& theForm, const PaperPage& page)
+        : form(theForm), frame(page.frame), warnings(FieldWarnings(theForm))
+    {
+        warnings.insert(warnings.end(), page.warnings.begin(), page.warnings.end());
+    }
 
     PageWarnings Check()
     {
-        CheckTexts();
+        CheckWeights();
         CheckMargins();
         CheckRoom();
         CheckScale(form.EditXScale);
         CheckScale(form.EditYScale);
         CheckCustomSize();
-        if (const auto* const graph = dynamic_cast<const GraphForm*>(&form)) {
-            CheckAxis(graph->X(), graph->CheckBoxShowAxes.Value());
-            CheckAxis(graph->Y(), graph->CheckBoxShowAxes.Value());
-        } else if (const auto* const polar = dynamic_cast<const PolarForm*>(&form)) {
-            CheckSpokes(*polar);
-        }
         return std::move(warnings);
     }
 
@@ -44,16 +43,30 @@ private:
         warnings.push_back({id, std::string(control.Name()), text});
     }
 
-    void CheckTexts()
+    void CheckWeights()
     {
         for (const Control* const control : form.Controls()) {
-            if (control->Kind() != ControlKind::Text) {
-                continue;
+            if (control->State().meaning == Meaning::Weight && form.WhyIdle(*control).empty()) {
+                CheckWeight(static_cast<const TextField&>(*control));
             }
-            const auto& field = static_cast<const TextField&>(*control);
-            if (field.MeansNow() == Meaning::Prose && !field.Remark().empty()) {
-                Warn("text", field, WholeName(form, field) + ": " + field.Remark());
-            }
+        }
+    }
+
+    void CheckWeight(const TextField& field)
+    {
+        const double width = field.Used() * std::min(std::abs(frame.xScale), std::abs(frame.yScale));
+        if (width == 0.0) {
+            Warn("thin", field,
+                 WholeName(form, field) + ": lines of 0 points print as thin as possible, or not at all");
+        } else if (width > 0.0 && width < thinnest - 1e-9 && !form.IsAsOpened(field)) {
+            Warn("thin", field,
+                 WholeName(form, field) + ": lines of " + Str(width) + " pt may not print; use at least " +
+                     Str(thinnest) + " pt");
+        }
+        if (const TextField* const apart = field.Declared().apart) {
+            const bool counts = FactsOf(apart->MeansNow()).quantity == Quantity::CountPerUnit;
+            WarnOfInk(form, field, counts ? frame.unitPixels / apart->Used() : apart->Used() * frame.unitPixels,
+                      warnings);
         }
     }
 
@@ -81,8 +94,13 @@ private:
 
     void CheckRoom()
     {
+        const std::array allMargins = {&form.EditTopMargin, &form.EditBottomMargin, &form.EditLeftMargin,
+                                       &form.EditRightMargin};
         if (frame.UsableWidth() <= 0.0 || frame.UsableHeight() <= 0.0) {
-            warnings.push_back({"room", "", "The margins leave no room on the page"});
+            const TextField& widest =
+                **std::max_element(allMargins.begin(), allMargins.end(),
+                                   [](const TextField* a, const TextField* b) { return a->Used() < b->Used(); });
+            Warn("room", widest, "The margins leave no room on the page");
             return;
         }
         for (const Control* const control : form.Controls()) {
@@ -111,7 +129,7 @@ private:
 
     void CheckScale(const TextField& field)
     {
-        if (field.Used() != 100.0) {
+        if (field.Used() != 100.0 && field.Used() != 0.0) {  // of 0 the field speaks
             Warn("scale", field,
                  WholeName(form, field) + " is " + Str(field.Used()) + " %: lengths on the page are not true");
         }
@@ -130,64 +148,86 @@ private:
         }
     }
 
-    /// Majors stand on multiples of their step from the value 0, numbers on multiples of theirs from the minimum.
-    void CheckAxis(const ConstAxisFields& axis, bool hasNumbers)
-    {
-        const double step = axis.axis.step.Used();
-        if (axis.grid.type.ListIndex() != linear || step == 0.0) {
-            return;
-        }
-        const double lines = axis.axis.minimum.Used() / step;  // from 0 to the first line
-        const double major = axis.grid.major.Used();
-        if (std::abs(lines - std::round(lines)) > 1e-6) {
-            Warn("phase", axis.axis.minimum,
-                 WholeName(form, axis.axis.minimum) + " is no whole number of steps from 0: no line stands at 0");
-        } else if (const double numbers = axis.axis.spacing.Used(); hasNumbers && major >= 1.0 && numbers >= 1.0 &&
-                                                                    std::fmod(numbers, major) != 0.0 &&
-                                                                    std::fmod(major, numbers) != 0.0) {
-            Warn("phase", axis.axis.spacing,
-                 WholeName(form, axis.axis.spacing) + ": numbers at every " + Str(numbers) +
-                     " lines and heavy lines at every " + Str(major) + " do not meet");
-        }
-    }
-
-    void CheckSpokes(const PolarForm& polar)
-    {
-        const double spokes = polar.EditNumSpokes.Used();
-        const double minor = polar.EditNumMinorSpokes.Used();
-        if (spokes >= 1.0 && minor >= 1.0 && std::fmod(minor, spokes) != 0.0) {
-            Warn("phase", polar.EditNumMinorSpokes,
-                 Str(minor) + " minor spokes do not meet " + Str(spokes) + " spokes");
-        }
-    }
-
     const PaperForm& form;
     const PageFrame& frame;
     PageWarnings warnings;
 };
 
+/// The field that holds the text; null if none does.
+const TextField* FieldOf(const PaperForm& form, const std::string& printed)
+{
+    for (const Control* const control : form.Controls()) {
+        if (control->Kind() == ControlKind::Text) {
+            const auto& field = static_cast<const TextField&>(*control);
+            if (field.MeansNow() == Meaning::Prose && field.Text() == printed) {
+                return &field;
+            }
+        }
+    }
+    return nullptr;
+}
+
+/// Whether all that places the text is as the form opened.
+bool StandsAsOpened(const PaperForm& form, const TextField& text)
+{
+    return std::all_of(form.Controls().begin(), form.Controls().end(), [&](const Control* control) {
+        return control == &text || control->Kind() == ControlKind::Label ||
+               &FirstInRow(form, *control) != &FirstInRow(form, text) || form.IsAsOpened(*control);
+    });
+}
+
 }  // namespace
 
-PageWarnings FormWarnings(const PaperForm& form, const PageFrame& frame)
+PageWarnings FieldWarnings(const PaperForm& form)
 {
-    return FormChecker(form, frame).Check();
+    PageWarnings warnings;
+    for (const Control* const control : form.Controls()) {
+        if (control->Kind() != ControlKind::Text) {
+            continue;
+        }
+        const auto& field = static_cast<const TextField&>(*control);
+        if (const std::string remark = field.Remark(); !remark.empty()) {
+            warnings.push_back({field.MeansNow() == Meaning::Prose ? "text" : "field", std::string(field.Name()),
+                                WholeName(form, field) + ": " + remark});
+        }
+    }
+    return warnings;
+}
+
+PageWarnings FormWarnings(const PaperForm& form, const PaperPage& page)
+{
+    return FormChecker(form, page).Check();
+}
+
+PageWarnings JoinedWarnings(const PaperForm& form, PageWarnings ofForm, const PageWarnings& ofContent)
+{
+    for (PageWarning warning : ofContent) {
+        const TextField* const field = warning.printed.empty() ? nullptr : FieldOf(form, warning.printed);
+        if (field != nullptr) {
+            if (warning.id == titleOverLines && field->Declared().coversLines && StandsAsOpened(form, *field)) {
+                continue;
+            }
+            warning.control = field->Name();
+        }
+        ofForm.push_back(std::move(warning));
+    }
+    return ofForm;
 }
 
 PageWarnings MarkerWarnings(const PaperForm& form, const FolderItem& file)
 {
-    const auto* const graph = dynamic_cast<const GraphForm*>(&form);
-    if (graph == nullptr || file.IsEmpty()) {
+    const auto* const box = form.Find<CheckBox>("CheckBoxMarkers");
+    if (box == nullptr || file.IsEmpty()) {
         return {};
     }
-    const CheckBox& box = graph->CheckBoxMarkers;
     PageWarnings warnings;
     const auto warnIf = [&](bool isWrong, const char* text) {
         if (isWrong) {
-            warnings.push_back({"markers", std::string(box.Name()), text});
+            warnings.push_back({"markers", std::string(box->Name()), text});
         }
     };
-    warnIf(!box.Value(), "There are no markers, since Add Markers is off");
-    if (!box.Value()) {
+    warnIf(!box->Value(), "There are no markers, since Add Markers is off");
+    if (!box->Value()) {
         return warnings;
     }
     const std::string text = file.OpenAsBinaryFile().Read(BinaryStream::longestField);

@@ -11,7 +11,6 @@ namespace linealis {
 
 namespace {
 
-constexpr double thinnest = 0.1;                          // points; a thinner line may not come out
 constexpr double tolerance = 0.5;                         // points that a line or text may reach over an edge
 constexpr std::size_t mostTexts = 2000;                   // that are looked at
 constexpr std::size_t mostLines = std::size_t{1} << 20U;  // that are looked for under titles
@@ -85,8 +84,8 @@ public:
     Box paper;
     std::vector<PlacedText> texts;
     std::vector<StraightLine> lines;  ///< the first of them
-    double leastWidth = 1e9;
-    double largestNumber = 0.0;  ///< of a line, whatever its sign
+    bool isEmpty = true;              ///< whether nothing at all is to be seen
+    double largestNumber = 0.0;       ///< of a line, whatever its sign
     std::size_t linesOff = 0;
 
     bool Scale(double sx, double sy) override
@@ -98,7 +97,6 @@ public:
     bool Stroke(PagePath path, const PagePen& pen) override
     {
         largestNumber = std::max(largestNumber, std::abs(pen.width));
-        leastWidth = std::min(leastWidth, pen.width * std::min(std::abs(scaleX), std::abs(scaleY)));
         const Box room = paper.Grown(tolerance);
         bool isOff = false;
         Point last{};
@@ -112,15 +110,19 @@ public:
             last = at;
         }
         linesOff += isOff ? 1 : 0;
+        isEmpty = isEmpty && pen.cap == 0 && !HasLength(path);
         return true;
     }
+    /// The background is the one fill before anything is drawn, and no page is only filled.
     bool Fill(PagePath /*path*/, const PageColor& /*color*/) override { return true; }
     bool FillAndStroke(PagePath /*path*/, const PageColor& /*color*/, const PagePen& /*pen*/) override
     {
+        isEmpty = false;
         return true;
     }
     bool Text(const PageText& text) override
     {
+        isEmpty = isEmpty && text.utf8.empty();
         if (!text.utf8.empty() && texts.size() < mostTexts) {
             texts.push_back(Place(text));
         }
@@ -128,6 +130,15 @@ public:
     }
 
 private:
+    /// A stroke without one is not painted, unless its ends are round or square.
+    static bool HasLength(PagePath path)
+    {
+        return std::any_of(path.begin(), path.end(), [&](const PathSegment& segment) {
+            return segment.operation == PageOperator::Curve || segment.to.x != path.front().to.x ||
+                   segment.to.y != path.front().to.y;
+        });
+    }
+
     Point OnPaper(const Point& point) const { return {point.x * scaleX, point.y * scaleY}; }
 
     PlacedText Place(const PageText& text) const
@@ -165,7 +176,8 @@ void CheckPlaces(const TextAndLineReader& page, PageWarnings& warnings)
             const auto count = std::count_if(page.texts.begin(), page.texts.end(), isOff);
             warnings.push_back(
                 {wantsTitle ? "title-off-page" : "numbers-off-page", "",
-                 Quoted(found->text) + (count > 1 ? " and other texts leave" : " leaves") + " the page"});
+                 Quoted(found->text) + (count > 1 ? " and other texts leave" : " leaves") + " the page",
+                 found->text});
         }
     }
 }
@@ -204,13 +216,8 @@ void CheckNumbers(const std::vector<PlacedText>& texts, PageWarnings& warnings)
 
 void CheckLines(const TextAndLineReader& page, PageWarnings& warnings)
 {
-    if (page.leastWidth < 0.0) {
-        warnings.push_back({"thin", "", "Some lines have a negative weight"});
-    } else if (page.leastWidth == 0.0) {
-        warnings.push_back({"thin", "", "Lines of weight 0 are as thin as the printer can, or not there at all"});
-    } else if (page.leastWidth < thinnest - 1e-9) {
-        warnings.push_back(
-            {"thin", "", "Lines of " + Str(page.leastWidth) + " points may not come out; 0.1 points do"});
+    if (page.isEmpty) {
+        warnings.push_back({"empty", "", "The page is empty"});
     }
     if (page.linesOff > 0) {
         warnings.push_back({"off-page", "",
@@ -234,7 +241,7 @@ void CheckTitles(const TextAndLineReader& page, PageWarnings& warnings)
     for (const PlacedText& text : page.texts) {
         if (text.isTitle && std::any_of(page.lines.begin(), page.lines.end(),
                                         [&](const StraightLine& line) { return Crosses(line, text.box); })) {
-            warnings.push_back({"title-over-lines", "", Quoted(text.text) + " stands over lines"});
+            warnings.push_back({titleOverLines, "", Quoted(text.text) + " stands over lines", text.text});
         }
     }
 }

@@ -1,6 +1,7 @@
 #include "cli/Actions.h"
 
 #include "cli/Errors.h"
+#include "pipeline/FieldWords.h"
 #include "pipeline/SetControl.h"
 
 #include <string_view>
@@ -27,14 +28,42 @@ void CheckAbility(std::string_view option, const PaperKind& kind, bool able)
     }
 }
 
-void DoInOrder(const std::vector<Action>& actions, const PaperKind& kind, PaperWindow& window,
-               ScreenlessPlatform& platform)
+void WarnOfWizard(const Form& wizard, PageWarnings& warnings)
 {
+    for (const Control* const control : wizard.Controls()) {
+        if (control->Kind() != ControlKind::Text) {
+            continue;
+        }
+        if (const std::string remark = static_cast<const TextField&>(*control).Remark(); !remark.empty()) {
+            warnings.push_back({"wizard", "", "the wizard's " + WholeName(wizard, *control) + ": " + remark});
+        }
+    }
+}
+
+void WarnOfIdle(const PaperForm& form, const std::vector<std::string_view>& given, PageWarnings& warnings)
+{
+    for (const std::string_view name : given) {
+        const Control& control = *FindByNameOrAlias(form, name);
+        if (const std::string why = form.WhyIdle(control); !why.empty()) {
+            warnings.push_back(
+                {"no-effect", std::string(control.Name()), WholeName(form, control) + " has no effect: " + why});
+        }
+    }
+}
+
+PageWarnings DoInOrder(const std::vector<Action>& actions, const PaperKind& kind, PaperWindow& window,
+                       ScreenlessPlatform& platform)
+{
+    std::vector<std::string_view> given;
     bool wizardUsed = false;
+    const auto set = [&](const Setting& setting) {
+        SetControl(kind.name, window.form, setting);
+        given.push_back(setting.control);
+    };
     for (const Action& action : actions) {
         switch (action.kind) {
         case Action::Kind::Set:
-            SetControl(kind.name, window.form, Split("--set", action.argument));
+            set(Split("--set", action.argument));
             break;
         case Action::Kind::Type:
             TypeIntoControl(kind.name, window.form, Split("--type", action.argument));
@@ -56,9 +85,13 @@ void DoInOrder(const std::vector<Action>& actions, const PaperKind& kind, PaperW
             break;
         }
     }
+    PageWarnings warnings;
     if (wizardUsed) {
+        WarnOfWizard(window.GetWizard()->Fields(), warnings);
         window.GetWizard()->PushButton1_Action();
     }
+    WarnOfIdle(window.form, given, warnings);
+    return warnings;
 }
 
 }  // namespace
@@ -70,11 +103,11 @@ void Load(const std::string& fileName, PaperWindow& window)
     }
 }
 
-void Apply(const std::vector<Action>& actions, const PaperKind& kind, PaperWindow& window,
-           ScreenlessPlatform& platform)
+PageWarnings Apply(const std::vector<Action>& actions, const PaperKind& kind, PaperWindow& window,
+                   ScreenlessPlatform& platform)
 {
     try {
-        DoInOrder(actions, kind, window, platform);
+        return DoInOrder(actions, kind, window, platform);
     } catch (const UnknownInput& unknown) {
         throw Unknown(unknown);
     }

@@ -17,9 +17,10 @@ struct Action {
 };
 
 /// Does them in order; then presses OK in the wizard if one of them was for it. Throws UsageError or WorkError at
-/// the first that cannot be done.
-void Apply(const std::vector<Action>& actions, const PaperKind& kind, PaperWindow& window,
-           ScreenlessPlatform& platform);
+/// the first that cannot be done. Returns what the page will not show: a control that has no effect on it, a text
+/// of the wizard that is no number.
+PageWarnings Apply(const std::vector<Action>& actions, const PaperKind& kind, PaperWindow& window,
+                   ScreenlessPlatform& platform);
 
 /// Loads a settings file into the form. Throws WorkError.
 void Load(const std::string& fileName, PaperWindow& window);

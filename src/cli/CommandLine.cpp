@@ -13,14 +13,15 @@ namespace {
 
 constexpr int done = 0;
 constexpr int different = 1;
+constexpr int found = 1;
 constexpr std::size_t mostJobs = 256;
 constexpr int largestThumbnail = 4096;
 constexpr std::size_t mostPages = 10000;
 constexpr std::size_t mostPagesUp = 4;
 constexpr double mostDotsPerInch = 9600.0;
 
-const char* const exitHelp = "Exit status: 0 done; 1 the work failed; 2 the command line is wrong. Of diff: 0 the "
-                             "same; 1 different; 2 trouble.\n";
+const char* const exitHelp = "Exit status: 0 done; 1 the work failed, or --check --strict found something; 2 the "
+                             "command line is wrong. Of diff: 0 the same; 1 different; 2 trouble.\n";
 
 /// What CLI11 says of a wrong command line, or what is possible where it only says what is wrong.
 UsageError Explain(const CLI::App& app, const CLI::ParseError& error)
@@ -274,7 +275,10 @@ void CommandLine::AddGenerateOptions(CLI::App& command)
               "The file: .pdf, .svg or .png; without an ending a PDF file; - is standard output");
     AddOption(command, "--output-dir", "DIR", request.outputDirectory, "Folder for a file named after each source");
     AddOption(command, "--format", "FORMAT", request.format, "pdf, svg or png, whatever the file's ending");
-    AddNumber(command, "--dpi", request.how.dotsPerInch, mostDotsPerInch, "Pixels per inch of a PNG file");
+    if (CLI::Option* const dpi =
+            AddOption(command, "--dpi", "NUMBER", request.how.dotsPerInch, "Pixels per inch of a PNG file [300]")) {
+        dpi->check(CLI::Range(1.0, mostDotsPerInch).description(""));
+    }
     AddFlag(command, "--transparent", request.how.isTransparent, "A PNG file without the white of the paper");
     AddOption(command, "--table", "FILE", request.table,
               "A page for each row of a CSV file, whose head names a control a column; the column 'file' names the "
@@ -282,6 +286,7 @@ void CommandLine::AddGenerateOptions(CLI::App& command)
     AddNumber(command, "-j,--jobs", request.jobs, mostJobs, "Pages that are made at a time");
     AddFlag(command, "--view", request.how.view, "Open the page in the viewer");
     AddFlag(command, "--check", request.check, "Write nothing, and say what will disappoint on paper");
+    AddFlag(command, "--strict", request.isStrict, "With --check: end with status 1 if anything is found");
     AddFlag(command, "--json", request.asJson, "With --check: as JSON");
     AddActions(command);
 }
@@ -290,8 +295,7 @@ int CommandLine::RunGenerate()
 {
     request.sources = SourcesOf(begin);
     request.actions = actions.InOrder();
-    Generate(request);
-    return done;
+    return Generate(request) ? found : done;
 }
 
 void CommandLine::AddPadOptions(CLI::App& command)

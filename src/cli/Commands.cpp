@@ -1,5 +1,6 @@
 #include "cli/Commands.h"
 
+#include "app/PageCheck.h"
 #include "app/PageSummary.h"
 #include "cli/Errors.h"
 #include "pdf/MacRoman.h"
@@ -38,6 +39,13 @@ std::string JsonEscape(std::string_view character)
 void SayNotes(const ScreenlessPlatform& platform)
 {
     std::for_each(platform.notes.begin(), platform.notes.end(), Complain);
+}
+
+void Warn(const Source& source, const PageWarnings& warnings)
+{
+    for (const PageWarning& warning : warnings) {
+        Complain("warning: " + source.name + ": " + warning.text);
+    }
 }
 
 /// A window of the source for who looks into it. A settings file that ended early is told of.
@@ -104,6 +112,7 @@ void ShowForm(const Source& source, const std::vector<Action>& actions)
 {
     ScreenlessPlatform platform;
     const OpenWindow open = Open(source, actions, platform);
+    Warn(source, open.warnings);
     Print(FormJson(*open.kind, open.window->form));
 }
 
@@ -171,6 +180,11 @@ void Save(const Source& source, const std::vector<Action>& actions, const std::s
     const OpenWindow open = Open(source, actions, platform);
     if (const std::error_code error = open.window->SaveSettings(OutputFile(output))) {
         throw WorkError{output + ": " + error.message()};
+    }
+    Warn(source, FieldWarnings(open.window->form));
+    Warn(source, open.warnings);
+    if (const std::string lost = open.window->LostBySaving(); !lost.empty()) {
+        Complain("warning: " + output + ": a settings file does not keep " + lost);
     }
 }
 

@@ -166,18 +166,35 @@ void CheckSources(const GenerateRequest& request)
     }
 }
 
-void CheckPages(const GenerateRequest& request)
+/// What is given and does nothing.
+void WarnOfIdleOptions(const GenerateRequest& request)
+{
+    const auto warnIf = [](bool isIdle, const char* option, const char* where) {
+        if (isIdle) {
+            Complain(std::string("warning: ") + option + " has no effect " + where);
+        }
+    };
+    const bool isPicture = !request.check && FormatOf(request) == PageFormat::Png;
+    warnIf(request.asJson && !request.check, "--json", "without --check");
+    warnIf(request.isStrict && !request.check, "--strict", "without --check");
+    warnIf(request.how.dotsPerInch && !isPicture, "--dpi", "on a page that is no PNG file");
+    warnIf(request.how.isTransparent && !isPicture, "--transparent", "on a page that is no PNG file");
+}
+
+bool CheckPages(const GenerateRequest& request)
 {
     if (!request.output.empty() || !request.outputDirectory.empty() || request.how.view) {
         throw UsageError{"--check writes no page, and goes without -o, --output-dir and --view"};
     }
     Json found = Json::array();
+    bool hasFound = false;
     for (const PageJob& job : JobsOf(request)) {
-        CheckPage(job, request.asJson, found);
+        hasFound = CheckPage(job, request.asJson, found) || hasFound;
     }
     if (request.asJson) {
         Print(found);
     }
+    return hasFound && request.isStrict;
 }
 
 /// Names the row that a wrong command line comes from, if it comes from one.
@@ -232,14 +249,15 @@ void CheckIsNoInput(const std::string& output, const std::vector<Source>& source
     }
 }
 
-void Generate(const GenerateRequest& request)
+bool Generate(const GenerateRequest& request)
 {
     CheckSources(request);
     if (request.check) {
-        CheckPages(request);
-        return;
+        WarnOfIdleOptions(request);
+        return CheckPages(request);
     }
     CheckRequest(request);
+    WarnOfIdleOptions(request);
     const std::vector<PageJob> jobs = JobsOf(request);
     CheckAllDiffer(jobs);
     for (const PageJob& job : jobs) {
@@ -252,6 +270,7 @@ void Generate(const GenerateRequest& request)
     } else {
         GeneratePages(jobs, request, how);
     }
+    return false;
 }
 
 }  // namespace linealis::cli

@@ -18,6 +18,7 @@ struct GenerateRequest {
     std::optional<std::string> format;  ///< "pdf", "svg" or "png"; otherwise the ending of the output file tells it
     std::size_t jobs = 1;               ///< pages that are made at a time
     bool check = false;                 ///< make no page, and say what will disappoint on it
+    bool isStrict = false;              ///< of check: what it finds is a failure
     bool asJson = false;                ///< of check
 };
 
@@ -25,7 +26,8 @@ struct GenerateRequest {
 void CheckIsNoInput(const std::string& output, const std::vector<Source>& sources,
                     const std::vector<Action>& actions);
 
-/// Makes the pages, or checks them. Of several pages each is tried; throws at the end if one failed.
-void Generate(const GenerateRequest& request);
+/// Makes the pages, or checks them. Of several pages each is tried; throws at the end if one failed. Returns
+/// whether a strict check has found anything.
+bool Generate(const GenerateRequest& request);
 
 }  // namespace linealis::cli

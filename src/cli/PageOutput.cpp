@@ -27,24 +27,43 @@ void LaunchViewer(const FolderItem& file)
 /// Of a page that is made, so much content is looked at for warnings: it takes no time. Bytes.
 constexpr std::size_t longestChecked = std::size_t{256} << 10U;
 
-PageWarnings WarningsOf(const PaperWindow& window, std::string_view content, const ScreenlessPlatform& platform)
+/// Without a marker file the window asks for one, and the command line cannot.
+PageWarnings WarningsOfMarkers(const PaperForm& form, const FolderItem& file)
 {
-    const PageFrame frame = window.ReadPage().frame;
-    PageWarnings warnings = FormWarnings(window.form, frame);
-    for (const PageWarnings& more :
-         {ContentWarnings(frame, content), MarkerWarnings(window.form, platform.openAnswer)}) {
-        warnings.insert(warnings.end(), more.begin(), more.end());
+    const auto* const box = form.Find<CheckBox>("CheckBoxMarkers");
+    if (box != nullptr && box->Value() && file.IsEmpty()) {
+        return {{"markers", std::string(box->Name()), "There are no markers, since no --markers FILE is given"}};
     }
-    return warnings;
+    return MarkerWarnings(form, file);
 }
 
-void Warn(const PageJob& job, const PaperWindow& window, std::string_view content,
+/// What the form of a source says before its page is made, which may correct it.
+struct FormCheck {
+    explicit FormCheck(const OpenWindow& open)
+        : page(open.window->ReadPage()), warnings(FormWarnings(open.window->form, page))
+    {
+        warnings.insert(warnings.end(), open.warnings.begin(), open.warnings.end());
+    }
+
+    PaperPage page;
+    PageWarnings warnings;
+};
+
+PageWarnings WarningsOf(const OpenWindow& open, FormCheck check, std::string_view content,
+                        const ScreenlessPlatform& platform)
+{
+    const PaperForm& form = open.window->form;
+    const PageWarnings ofMarkers = WarningsOfMarkers(form, platform.openAnswer);
+    check.warnings.insert(check.warnings.end(), ofMarkers.begin(), ofMarkers.end());
+    return JoinedWarnings(form, std::move(check.warnings), ContentWarnings(check.page.frame, content));
+}
+
+void Warn(const std::string& name, const OpenWindow& open, const FormCheck& check, std::string_view content,
           const ScreenlessPlatform& platform)
 {
-    if (content.size() <= longestChecked) {
-        for (const PageWarning& warning : WarningsOf(window, content, platform)) {
-            Complain("warning: " + job.name + ": " + warning.text);
-        }
+    const bool isShort = content.size() <= longestChecked;
+    for (const PageWarning& warning : isShort ? WarningsOf(open, check, content, platform) : check.warnings) {
+        Complain("warning: " + name + ": " + warning.text);
     }
 }
 
@@ -77,12 +96,13 @@ void GeneratePdf(const PageJob& job, const OutputOptions& how, const std::atomic
     platform.shiftKey = true;
     platform.saveAnswer = FileOf(job, how);
     const OpenWindow open = Open(*job.source, job.actions, platform);
+    const FormCheck check(open);
     open.window->PushButtonGenerate_Action();
     if (open.window->LastPage() == PageEnd::Stopped) {
         return;
     }
     Say(platform);
-    Warn(job, *open.window, open.window->Pdf().Stream(), platform);
+    Warn(job.name, open, check, open.window->Pdf().Stream(), platform);
     if (!platform.fileErrors.empty()) {
         throw WorkError{job.output + ": " + platform.fileErrors.front().reason};
     }
@@ -93,7 +113,7 @@ void GeneratePdf(const PageJob& job, const OutputOptions& how, const std::atomic
 
 void CheckPixels(const PaperSize& paper, const OutputOptions& how, const std::string& name)
 {
-    const PixelSize size = PixelsOf(paper, how.dotsPerInch);
+    const PixelSize size = PixelsOf(paper, how.dotsPerInch.value_or(defaultDotsPerInch));
     if (size.width > mostPixels || size.height > mostPixels || size.width * size.height > mostPixels) {
         throw UsageError{name + ": a picture of " + std::to_string(size.width) + " by " +
                          std::to_string(size.height) + " pixels is too large; --dpi " +
@@ -112,21 +132,23 @@ void GeneratePicture(const PageJob& job, const OutputOptions& how, const std::at
     };
     platform.onYield = stopIfAsked;
     const OpenWindow open = Open(*job.source, job.actions, platform);
-    const PageFrame frame = open.window->ReadPage().frame;
-    const PaperSize paper{frame.paperWidth, frame.paperHeight};
+    const FormCheck check(open);
+    const PaperSize paper{check.page.frame.paperWidth, check.page.frame.paperHeight};
     if (job.format == PageFormat::Png) {
         CheckPixels(paper, how, job.name);
     }
     const std::string content = DrawPage(job.name, *open.window);
     Say(platform);
-    Warn(job, *open.window, content, platform);
+    Warn(job.name, open, check, content, platform);
     const std::string carried = CarriedForm(*open.kind, open.window->form);
     const FolderItem file = FileOf(job, how);
     Turns turns(stopIfAsked);
     BinaryStream stream = file.CreateBinaryFile();
     if (stream.IsOpen()) {
         if (job.format == PageFormat::Png) {
-            WritePng(paper, content, {how.dotsPerInch, how.isTransparent, 0.0, carried}, stream, &turns);
+            WritePng(paper, content,
+                     {how.dotsPerInch.value_or(defaultDotsPerInch), how.isTransparent, 0.0, carried}, stream,
+                     &turns);
         } else {
             WriteSvg(paper, content, carried, stream, &turns);
         }
@@ -158,13 +180,14 @@ void GeneratePage(const PageJob& job, const OutputOptions& how, const std::atomi
     }
 }
 
-void CheckPage(const PageJob& job, bool asJson, Json& found)
+bool CheckPage(const PageJob& job, bool asJson, Json& found)
 {
     ScreenlessPlatform platform;
     const OpenWindow open = Open(*job.source, job.actions, platform);
     const std::string content = DrawPage(job.name, *open.window);
     Say(platform);
-    for (const PageWarning& warning : WarningsOf(*open.window, content, platform)) {
+    const PageWarnings warnings = WarningsOf(open, FormCheck(open), content, platform);
+    for (const PageWarning& warning : warnings) {
         if (asJson) {
             found.push_back(
                 {{"source", job.name}, {"id", warning.id}, {"control", warning.control}, {"text", warning.text}});
@@ -172,6 +195,7 @@ void CheckPage(const PageJob& job, bool asJson, Json& found)
             std::cout << job.name << ": " << warning.text << '\n';
         }
     }
+    return !warnings.empty();
 }
 
 void MakeThumbnail(const std::string& settingsFile, const std::string& output, int size)

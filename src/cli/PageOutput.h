@@ -4,6 +4,7 @@
 
 #include <array>
 #include <atomic>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,12 +33,14 @@ struct PageJob {
     PageFormat format = PageFormat::Pdf;
 };
 
+inline constexpr double defaultDotsPerInch = 300.0;
+
 /// How pages are made.
 struct OutputOptions {
-    double dotsPerInch = 300.0;  ///< of a PNG file
-    bool isTransparent = false;  ///< a PNG file has no paper
-    bool view = false;           ///< open each page in the viewer
-    bool refusesLinks = false;   ///< whoever may write to the folder shall not choose another file for a page
+    std::optional<double> dotsPerInch;  ///< of a PNG file; defaultDotsPerInch if none is given
+    bool isTransparent = false;         ///< a PNG file has no paper
+    bool view = false;                  ///< open each page in the viewer
+    bool refusesLinks = false;  ///< whoever may write to the folder shall not choose another file for a page
 };
 
 /// Makes a page, and tells what will disappoint on it. Leaves nothing when `stop` has become true. Throws
@@ -48,8 +51,8 @@ void GeneratePage(const PageJob& job, const OutputOptions& how, const std::atomi
 void Say(const ScreenlessPlatform& platform);
 
 /// Tells before the page is printed what will disappoint on it: on standard output, or as JSON at the end of
-/// `found`.
-void CheckPage(const PageJob& job, bool asJson, Json& found);
+/// `found`. Returns whether there is anything.
+bool CheckPage(const PageJob& job, bool asJson, Json& found);
 
 /// Writes a small picture of the page of a settings file, for those who show files by pictures: a PNG file whose
 /// longer side has so many pixels.

@@ -133,7 +133,7 @@ bool IsFile(const Source& source)
 OpenWindow Open(const Source& source, const std::vector<Action>& actions, ScreenlessPlatform& platform)
 {
     const PaperKind& kind = KindOf(source);
-    OpenWindow open{&kind, MakeWindow(kind, platform)};
+    OpenWindow open{&kind, MakeWindow(kind, platform), {}};
     if (source.preset != nullptr) {
         linealis::LayOver(*source.preset, *open.window, platform);
     } else if (IsFile(source)) {
@@ -142,7 +142,7 @@ OpenWindow Open(const Source& source, const std::vector<Action>& actions, Screen
     if (source.form) {
         LayOver(source, kind, open.window->form);
     }
-    Apply(actions, kind, *open.window, platform);
+    open.warnings = Apply(actions, kind, *open.window, platform);
     return open;
 }
 

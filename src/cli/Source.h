@@ -45,6 +45,7 @@ const PaperKind& KindNamed(const std::string& name);
 struct OpenWindow {
     const PaperKind* kind;
     std::unique_ptr<PaperWindow> window;
+    PageWarnings warnings;  ///< of the actions (Apply)
 };
 
 /// A window of the source, after the actions. Throws UsageError or WorkError.

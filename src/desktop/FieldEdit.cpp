@@ -73,8 +73,8 @@ void FieldEdit::Finish()
     if (!std::exchange(isEntered, false)) {
         return;
     }
-    if (const auto length = TypedLength(field.Text(), UnitOf(form, field))) {
-        field.Type(Str(*length));
+    if (const auto number = TypedNumber(field.Text(), form, field)) {
+        field.Type(Str(*number));
     }
     emit Committed();
 }

@@ -46,7 +46,7 @@ QString TitleOf(Group group)
 /// The remark on a field, for a person: "Circles: counts as 1". Empty if there is none.
 QString RemarkText(const Form& form, const TextField& field)
 {
-    const auto typed = TypedLength(field.Text(), UnitOf(form, field));
+    const auto typed = TypedNumber(field.Text(), form, field);
     QString remark =
         typed ? QStringLiteral("becomes %1 when you leave the field").arg(ToQt(Str(*typed))) : ToQt(field.Remark());
     QString caption = CaptionText(field).replace(QLatin1Char('\n'), QLatin1Char(' '));

@@ -110,10 +110,8 @@ void PaperView::ShowWarningsOfPage(PageWarnings warnings)
 
 void PaperView::ShowWarnings()
 {
-    PageWarnings all = formWarnings;
-    all.insert(all.end(), pageWarnings.begin(), pageWarnings.end());
     QStringList texts;
-    for (const PageWarning& warning : all) {
+    for (const PageWarning& warning : JoinedWarnings(window.form, formWarnings, pageWarnings)) {
         texts << ToQt(warning.text);
     }
     checks->Show(texts);
@@ -123,7 +121,7 @@ void PaperView::FormChanged()
 {
     const PaperPage page = window.ReadPage();
     form->ShowSummary(ToQt(page.describe()));
-    formWarnings = FormWarnings(window.form, page.frame);
+    formWarnings = FormWarnings(window.form, page);
     ShowWarnings();
     if (livePage->isVisible()) {
         livePane->Show(page, ToQt(PageSummary(kind, page)));

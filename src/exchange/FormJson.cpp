@@ -31,7 +31,13 @@ const char* TypeName(ControlKind kind)
 struct ControlDescriber {
     Json& json;
 
-    void operator()(const TextField& field) const { json["value"] = field.Text(); }
+    void operator()(const TextField& field) const
+    {
+        json["value"] = field.Text();
+        if (std::string remark = field.Remark(); !remark.empty()) {
+            json["remark"] = std::move(remark);
+        }
+    }
     void operator()(const Choice& choice) const
     {
         json["value"] = choice.Selected();

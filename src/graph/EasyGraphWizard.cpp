@@ -25,7 +25,7 @@ void EasyGraphWizard::Fill(const Range& range, const AxisFields& fields, double 
 {
     const double minimum = range.minimum.Number();
     const double maximum = range.maximum.Number();
-    const double minorSpacing = UsedValue(Meaning::AxisStep, range.minorSpacing.Number());
+    const double minorSpacing = range.minorSpacing.Used();
     const double lines = (maximum - minimum) / minorSpacing;
     const std::string major = mystring(range.majorSpacing.Number() / minorSpacing);
     fields.grid.lineSpacing.SetText(mystring(ConvertToUnits(lines / room * 1.0)));

@@ -2,7 +2,9 @@
 
 #include "graph/EasyGraphWizard.h"
 #include "pdf/Numbers.h"
+#include "pipeline/FieldWords.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace linealis {
@@ -112,7 +114,7 @@ AxisTitleRow::AxisTitleRow(PaperForm& form, AxisName axis)
             Of(axis, "EditXAxisTitle", "EditYAxisTitle"),
             "Title:",
             Of(axis, "X-Axis Title", "Y-Axis Title"),
-            {.meaning = Meaning::Prose, .fullName = Of(axis, "X axis title", "Y axis title")}},
+            {.meaning = Meaning::Prose, .fullName = Of(axis, "X axis title", "Y axis title"), .coversLines = true}},
       autoPosition{form,       Group::Text, Of(axis, "CheckAutoPosXAxisText", "CheckAutoPosYAxisText"),
                    "Auto Pos", false,       {.beside = true}},
       textSize{form,        Group::Text, Of(axis, "EditXAxisTitleTextSize", "EditYAxisTitleTextSize"),
@@ -194,6 +196,84 @@ void GraphForm::RecalcLinesPerInch()
     };
     recalc(X(), setup.UsableWidth());
     recalc(Y(), setup.UsableHeight());
+}
+
+namespace {
+
+/// Why nothing of an axis depends on a field of its rows; empty if something does. `name` is that of the axis.
+std::string WhyIdleOnAxis(const ConstAxisFields& fields, const Control& control, const std::string& name,
+                          bool shown)
+{
+    const AxisType type = TypeOf(fields.grid.type);
+    const auto isOneOf = [&](std::initializer_list<const Control*> group) {
+        return std::find(group.begin(), group.end(), &control) != group.end();
+    };
+    const auto& [grid, axis, title] = fields;
+    if (isOneOf({&grid.hydraulicExponent, &axis.maximum}) && type != hydraulic) {
+        return name + " is not hydraulic";
+    }
+    if (isOneOf({&grid.major, &axis.minimum, &axis.step, &axis.spacing}) && (IsLog(type) || type == probability)) {
+        return name + " is " + (IsLog(type) ? "logarithmic" : "a probability axis");
+    }
+    if (isOneOf({&grid.lineThickness, &grid.majorWeight}) && type == probability) {
+        return name + " is a probability axis";
+    }
+    if (isOneOf({&grid.majorWeight}) && !IsLog(type) && grid.major.Used() <= 0.0) {
+        return name + " has no major lines";
+    }
+    const bool numbersFollowAxes = type == linear || IsLog(type);
+    const bool isOfNumbers = isOneOf({&axis.spacing, &axis.textSize, &axis.numberType}) && numbersFollowAxes;
+    const bool isOfAxis =
+        isOneOf({&axis.weight, &title.title, &title.autoPosition, &title.textSize, &title.titleX, &title.titleY});
+    if ((isOfNumbers || isOfAxis) && !shown) {
+        return "Show Axes is off";
+    }
+    if (isOneOf({&title.titleX, &title.titleY}) && title.autoPosition.Value()) {
+        return "Auto Pos is on";
+    }
+    if (isOneOf({&axis.numberType}) && type != linear) {
+        return name + " is not linear";
+    }
+    return "";
+}
+
+/// Majors stand on multiples of their step from the value 0, numbers on multiples of theirs from the minimum.
+void WarnOfPhase(const GraphForm& form, const ConstAxisFields& fields, PageWarnings& warnings)
+{
+    const auto warn = [&](const Control& control, const std::string& text) {
+        warnings.push_back({"phase", std::string(control.Name()), WholeName(form, control) + text});
+    };
+    const double step = fields.axis.step.Used();
+    if (TypeOf(fields.grid.type) != linear || step == 0.0) {
+        return;
+    }
+    const double lines = fields.axis.minimum.Used() / step;  // from 0 to the first line
+    const double major = fields.grid.major.Used();
+    const double numbers = fields.axis.spacing.Used();
+    const bool hasBoth = form.CheckBoxShowAxes.Value() && major >= 1.0 && numbers >= 1.0;
+    if (std::abs(lines - std::round(lines)) > 1e-6) {
+        warn(fields.axis.minimum, " is no whole number of steps from 0: no line stands at 0");
+    } else if (hasBoth && std::fmod(numbers, major) != 0.0 && std::fmod(major, numbers) != 0.0) {
+        warn(fields.axis.spacing, ": numbers at every " + Str(numbers) + " lines and heavy lines at every " +
+                                      Str(major) + " do not meet");
+    }
+}
+
+}  // namespace
+
+std::string GraphForm::WhyIdle(const Control& control) const
+{
+    if (&control == &yAxis.numberType) {
+        return "the numbers of a Y axis are plain";
+    }
+    const bool shown = CheckBoxShowAxes.Value();
+    for (const std::string& why :
+         {WhyIdleOnAxis(X(), control, "the X axis", shown), WhyIdleOnAxis(Y(), control, "the Y axis", shown)}) {
+        if (!why.empty()) {
+            return why;
+        }
+    }
+    return PaperForm::WhyIdle(control);
 }
 
 SettingsTable Settings(GraphForm& form)
@@ -278,6 +358,20 @@ GraphPage Read(const GraphForm& form)
     page.titleX = form.EditTitleX.Used() * page.frame.unitPixels;
     page.titleY = form.EditTitleY.Used() * page.frame.unitPixels;
     return page;
+}
+
+PageWarnings Warn(const GraphForm& form, const GraphPage& page)
+{
+    PageWarnings warnings;
+    WarnOfPhase(form, form.X(), warnings);
+    WarnOfPhase(form, form.Y(), warnings);
+    if (page.x.type == linear) {
+        WarnOfInk(form, form.xGrid.lineThickness, page.x.lineSpacing, warnings);
+    }
+    if (page.y.type == linear) {
+        WarnOfInk(form, form.yGrid.lineThickness, page.y.lineSpacing, warnings);
+    }
+    return warnings;
 }
 
 std::unique_ptr<Wizard> MakeWizard(GraphForm& form)

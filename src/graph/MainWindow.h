@@ -109,6 +109,8 @@ struct GraphForm final : PaperForm {
     /// Makes the background white before anything else, so that a file without one gives a white page.
     void BeforeLoad() override;
 
+    std::string WhyIdle(const Control& control) const override;
+
     /// Rewrites the two "Lines/in" fields so that the grid holds the whole range of each axis in whole steps.
     void RecalcLinesPerInch();
 
@@ -162,6 +164,7 @@ SettingsTable Settings(GraphForm& form);
 GraphPage Read(const GraphForm& form);
 void Draw(const GraphPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask);
 std::string Describe(const GraphPage& page);
+PageWarnings Warn(const GraphForm& form, const GraphPage& page);
 std::unique_ptr<Wizard> MakeWizard(GraphForm& form);
 
 }  // namespace linealis

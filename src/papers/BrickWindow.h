@@ -11,13 +11,16 @@ namespace linealis {
 struct BrickForm final : PaperForm {
     TextField EditVertSpacing{
         *this, Group::Spacing, "EditVertSpacing", "Vertical Spacing:", ".25", SpacingFields::vertical};
-    TextField EditHorzWeight{
-        *this,
-        Group::Spacing,
-        "EditHorzWeight",
-        "Line Weight:",
-        ".5",
-        {.label = "StaticTextVLines", .beside = true, .meaning = Meaning::Weight, .sets = "horizontal lines"}};
+    TextField EditHorzWeight{*this,
+                             Group::Spacing,
+                             "EditHorzWeight",
+                             "Line Weight:",
+                             ".5",
+                             {.label = "StaticTextVLines",
+                              .beside = true,
+                              .meaning = Meaning::Weight,
+                              .sets = "horizontal lines",
+                              .apart = &EditVertSpacing}};
     TextField EditHorzSpacing{
         *this, Group::Spacing, "EditHorzSpacing", "Horizontal Spacing:", ".75", SpacingFields::horizontal};
     TextField EditVertWeight{*this,
@@ -28,7 +31,8 @@ struct BrickForm final : PaperForm {
                              {.label = "StaticTextHLines",
                               .beside = true,
                               .meaning = Meaning::Weight,
-                              .sets = "joints between the bricks"}};
+                              .sets = "joints between the bricks",
+                              .apart = &EditHorzSpacing}};
     Swatch LinesColorCanvas{*this, Group::Lines, "LinesColorCanvas", "Line Color", black, {.label = "StaticText5"}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,

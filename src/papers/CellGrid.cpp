@@ -10,7 +10,7 @@ SpacingFields::SpacingFields(PaperForm& form, std::string_view verticalText, std
       EditHorzSpacing{form, Group::Spacing, "EditHorzSpacing", "Horizontal Spacing:", horizontalText, horizontal}
 {}
 
-LineFields::LineFields(PaperForm& form, bool linesOn)
+LineFields::LineFields(PaperForm& form, const SpacingFields& spacing, bool linesOn)
     : CheckVertLines{form, Group::Lines, "CheckVertLines", "Vertical Lines", linesOn},
       EditHorzWeight{form,
                      Group::Lines,
@@ -21,7 +21,9 @@ LineFields::LineFields(PaperForm& form, bool linesOn)
                       .beside = true,
                       .enabledBy = &CheckVertLines,
                       .meaning = Meaning::Weight,
-                      .sets = "horizontal lines"}},
+                      .sets = "horizontal lines",
+                      .drawnBy = &CheckHorzLines,
+                      .apart = &spacing.EditVertSpacing}},
       CheckHorzLines{form, Group::Lines, "CheckHorzLines", "Horizontal Lines", linesOn},
       EditVertWeight{form,
                      Group::Lines,
@@ -32,8 +34,15 @@ LineFields::LineFields(PaperForm& form, bool linesOn)
                       .beside = true,
                       .enabledBy = &CheckHorzLines,
                       .meaning = Meaning::Weight,
-                      .sets = "vertical lines"}}
+                      .sets = "vertical lines",
+                      .drawnBy = &CheckVertLines,
+                      .apart = &spacing.EditHorzSpacing}}
 {}
+
+std::string LineFields::WhyNone() const
+{
+    return CheckVertLines.Value() || CheckHorzLines.Value() ? "" : "Vertical Lines and Horizontal Lines are off";
+}
 
 CellGrid FitCells(const PageFrame& frame, const TextField& vertSpacing, const TextField& horzSpacing,
                   const Mark& mark)

@@ -34,7 +34,10 @@ struct LineFields {
     CheckBox CheckHorzLines;
     TextField EditVertWeight;
 
-    LineFields(PaperForm& form, bool linesOn);
+    LineFields(PaperForm& form, const SpacingFields& spacing, bool linesOn);
+
+    /// Why no line is drawn; empty if one is.
+    std::string WhyNone() const;
 };
 
 /// A grid of whole cells on a page. Lengths in points.

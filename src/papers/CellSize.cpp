@@ -5,17 +5,18 @@ namespace linealis {
 CellSizeFields::CellSizeFields(PaperForm& form, std::string_view lineWeight, std::string_view lines)
     : EditSize{form,         Group::Spacing, "EditSize",
                "Cell Size:", "0.5",          {.meaning = Meaning::CellSize, .unitRule = UnitRule::Length}},
-      EditLineThickness{form,           Group::Lines, "EditLineThickness",
-                        "Line Weight:", lineWeight,   {.meaning = Meaning::Weight, .sets = lines}}
+      EditLineThickness{
+          form,           Group::Lines, "EditLineThickness",
+          "Line Weight:", lineWeight,   {.meaning = Meaning::Weight, .sets = lines, .apart = &EditSize}}
 {}
 
-MinorWeightField::MinorWeightField(PaperForm& form, std::string_view lines)
+MinorWeightField::MinorWeightField(PaperForm& form, std::string_view lines, const CheckBox* drawnBy)
     : EditMinorLineThickness{form,
                              Group::Lines,
                              "EditMinorLineThickness",
                              "Minor Line Weight:",
                              ".15",
-                             {.meaning = Meaning::Weight, .sets = lines}}
+                             {.meaning = Meaning::Weight, .sets = lines, .drawnBy = drawnBy}}
 {}
 
 CellFrameFields::CellFrameFields(PaperForm& form)

@@ -20,7 +20,8 @@ struct CellSizeFields {
 struct MinorWeightField {
     TextField EditMinorLineThickness;
 
-    MinorWeightField(PaperForm& form, std::string_view lines);
+    /// `drawnBy` is the box without which the lines are not drawn; null: there is not one alone.
+    MinorWeightField(PaperForm& form, std::string_view lines, const CheckBox* drawnBy);
 };
 
 /// The last fields of such a form.

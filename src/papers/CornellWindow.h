@@ -16,13 +16,16 @@ struct CornellForm final : PaperForm {
                               "5",
                               {.label = "StaticText25", .meaning = Meaning::LinesPerUnit}};
     Label StaticHorzUnit{*this, Group::Spacing, "StaticHorzUnit", "-", {.beside = true}, {"per inch", "per cm"}};
-    TextField EditLineThicknessHorz{
-        *this,
-        Group::Spacing,
-        "EditLineThicknessHorz",
-        "Line Weight:",
-        ".2",
-        {.label = "StaticText1", .beside = true, .meaning = Meaning::Weight, .sets = "lines of the note area"}};
+    TextField EditLineThicknessHorz{*this,
+                                    Group::Spacing,
+                                    "EditLineThicknessHorz",
+                                    "Line Weight:",
+                                    ".2",
+                                    {.label = "StaticText1",
+                                     .beside = true,
+                                     .meaning = Meaning::Weight,
+                                     .sets = "lines of the note area",
+                                     .apart = &EditHorzSpacing}};
     CheckBox CheckGrid{*this, Group::Spacing, "CheckGrid", "Grid", false, {.beside = true}};
     TextField EditNoteWidth{*this,    Group::Spacing, "EditNoteWidth",
                             "Width:", "70",           {.label = "StaticText27", .meaning = Meaning::Share}};

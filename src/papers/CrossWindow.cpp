@@ -4,6 +4,11 @@
 
 namespace linealis {
 
+std::string CrossForm::WhyIdle(const Control& control) const
+{
+    return &control == &LinesColorCanvas ? lines.WhyNone() : PaperForm::WhyIdle(control);
+}
+
 SettingsTable Settings(CrossForm& form)
 {
     using namespace settings;

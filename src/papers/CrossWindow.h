@@ -13,16 +13,18 @@ struct CrossForm final : PaperForm {
     // Lengths too, but a change of units leaves their numbers alone.
     TextField EditCrossHeight{
         *this,           Group::Spacing, "EditCrossHeight",
-        "Cross Height:", ".15",          {.label = "StaticText25", .meaning = Meaning::Length}};
-    TextField EditCrossWidth{*this,          Group::Spacing, "EditCrossWidth",
-                             "Cross Width:", ".15",          {.label = "StaticText26", .meaning = Meaning::Length}};
-    TextField EditCrossWeight{*this,
-                              Group::Spacing,
-                              "EditCrossWeight",
-                              "Cross Weight:",
-                              "1",
-                              {.label = "StaticText3", .meaning = Meaning::Weight, .sets = "crosses"}};
-    LineFields lines{*this, false};
+        "Cross Height:", ".15",          {.label = "StaticText25", .meaning = Meaning::MarkSize}};
+    TextField EditCrossWidth{
+        *this,          Group::Spacing, "EditCrossWidth",
+        "Cross Width:", ".15",          {.label = "StaticText26", .meaning = Meaning::MarkSize}};
+    TextField EditCrossWeight{
+        *this,
+        Group::Spacing,
+        "EditCrossWeight",
+        "Cross Weight:",
+        "1",
+        {.label = "StaticText3", .meaning = Meaning::Weight, .sets = "crosses", .apart = &spacing.EditHorzSpacing}};
+    LineFields lines{*this, spacing, false};
     Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Cross Color", black, {.label = "StaticText4"}};
     Swatch LinesColorCanvas{*this,        Group::Lines, "LinesColorCanvas",
                             "Line Color", black,        {.label = "StaticText5", .beside = true}};
@@ -33,6 +35,8 @@ struct CrossForm final : PaperForm {
                                  white,
                                  {.label = "StaticText28", .beside = true}};
     ShiftClickNote note{*this, "StaticText27"};
+
+    std::string WhyIdle(const Control& control) const override;
 };
 
 struct CrossPage {

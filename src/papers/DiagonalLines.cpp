@@ -77,7 +77,7 @@ void DiagonalDrawing::DrawHorizontals()
 }  // namespace
 
 DiagonalForm::DiagonalForm()
-    : cell{*this, ".3", "slanted lines"}, minor{*this, "frame, the vertical and the horizontal lines"},
+    : cell{*this, ".3", "slanted lines"}, minor{*this, "frame, the vertical and the horizontal lines", nullptr},
       CheckBoxHorizontal{*this, Group::Lines, "CheckBoxHorizontal", "Horizontal Lines", true},
       CheckBoxVertical{*this, Group::Lines, "CheckBoxVertical", "Vertical Lines", true}, outline{*this}
 {}
@@ -86,6 +86,13 @@ SettingsTable Settings(DiagonalForm& form)
 {
     return CellSizeSettings(form, form.cell, form.outline,
                             {settings::box(form.CheckBoxVertical), settings::box(form.CheckBoxHorizontal)});
+}
+
+std::string DiagonalForm::WhyIdle(const Control& control) const
+{
+    const bool drawsMinor = outline.CheckBoxFrame.Value() || CheckBoxHorizontal.Value() || CheckBoxVertical.Value();
+    return &control == &minor.EditMinorLineThickness && !drawsMinor ? "all that it sets is off"
+                                                                    : PaperForm::WhyIdle(control);
 }
 
 DiagonalPage ReadDiagonal(const DiagonalForm& form)

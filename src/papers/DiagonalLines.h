@@ -17,6 +17,8 @@ struct DiagonalForm : PaperForm {
     CellFrameFields outline;
 
     DiagonalForm();
+
+    std::string WhyIdle(const Control& control) const override;
 };
 
 /// The pattern's measures, in points; the first line of each family stands at its step.

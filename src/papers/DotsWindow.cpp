@@ -10,6 +10,11 @@ constexpr double roundCap = 1.0;
 
 }  // namespace
 
+std::string DotsForm::WhyIdle(const Control& control) const
+{
+    return &control == &LinesColorCanvas ? lines.WhyNone() : PaperForm::WhyIdle(control);
+}
+
 SettingsTable Settings(DotsForm& form)
 {
     using namespace settings;

@@ -10,13 +10,14 @@ namespace linealis {
 /// A round dot at every crossing of a grid, whose lines are optional.
 struct DotsForm final : PaperForm {
     SpacingFields spacing{*this, ".5", ".5"};
-    TextField EditDotWeight{*this,
-                            Group::Spacing,
-                            "EditDotWeight",
-                            "Dot Weight:",
-                            "1",
-                            {.label = "StaticText3", .meaning = Meaning::Weight, .sets = "dots"}};
-    LineFields lines{*this, false};
+    TextField EditDotWeight{
+        *this,
+        Group::Spacing,
+        "EditDotWeight",
+        "Dot Weight:",
+        "1",
+        {.label = "StaticText3", .meaning = Meaning::Weight, .sets = "dots", .apart = &spacing.EditHorzSpacing}};
+    LineFields lines{*this, spacing, false};
     Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Dot Color", black, {.label = "StaticText4"}};
     Swatch LinesColorCanvas{*this,        Group::Lines, "LinesColorCanvas",
                             "Line Color", black,        {.label = "StaticText5", .beside = true}};
@@ -27,6 +28,8 @@ struct DotsForm final : PaperForm {
                                  white,
                                  {.label = "StaticText26", .beside = true}};
     ShiftClickNote note{*this, "StaticText25"};
+
+    std::string WhyIdle(const Control& control) const override;
 };
 
 struct DotsPage {

@@ -16,13 +16,16 @@ struct EngineeringForm final : PaperForm {
                               "5",
                               {.label = "StaticText25", .meaning = Meaning::LinesPerUnit}};
     Label StaticHorzUnit{*this, Group::Spacing, "StaticHorzUnit", "-", {.beside = true}, {"per inch", "per cm"}};
-    TextField EditLineThicknessHorz{
-        *this,
-        Group::Spacing,
-        "EditLineThicknessHorz",
-        "Line Weight:",
-        ".3",
-        {.label = "StaticText1", .beside = true, .meaning = Meaning::Weight, .sets = "horizontal lines"}};
+    TextField EditLineThicknessHorz{*this,
+                                    Group::Spacing,
+                                    "EditLineThicknessHorz",
+                                    "Line Weight:",
+                                    ".3",
+                                    {.label = "StaticText1",
+                                     .beside = true,
+                                     .meaning = Meaning::Weight,
+                                     .sets = "horizontal lines",
+                                     .apart = &EditVertiSpacing}};
     TextField EditBlankTop{*this,
                            Group::Spacing,
                            "EditBlankTop",
@@ -36,13 +39,16 @@ struct EngineeringForm final : PaperForm {
                                "5",
                                {.label = "StaticText26", .meaning = Meaning::LinesPerUnit}};
     Label StaticvertUnit{*this, Group::Spacing, "StaticvertUnit", "-", {.beside = true}, {"per inch", "per cm"}};
-    TextField EditLineThicknessVert{
-        *this,
-        Group::Spacing,
-        "EditLineThicknessVert",
-        "Line Weight:",
-        ".15",
-        {.label = "StaticText24", .beside = true, .meaning = Meaning::Weight, .sets = "vertical lines"}};
+    TextField EditLineThicknessVert{*this,
+                                    Group::Spacing,
+                                    "EditLineThicknessVert",
+                                    "Line Weight:",
+                                    ".15",
+                                    {.label = "StaticText24",
+                                     .beside = true,
+                                     .meaning = Meaning::Weight,
+                                     .sets = "vertical lines",
+                                     .apart = &EditHorzSpacing}};
     TextField EditBlankLeft{*this,
                             Group::Spacing,
                             "EditBlankLeft",

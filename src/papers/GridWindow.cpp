@@ -4,6 +4,11 @@
 
 namespace linealis {
 
+std::string GridForm::WhyIdle(const Control& control) const
+{
+    return &control == &LinesColorCanvas ? lines.WhyNone() : PaperForm::WhyIdle(control);
+}
+
 SettingsTable Settings(GridForm& form)
 {
     using namespace settings;

@@ -10,7 +10,7 @@ namespace linealis {
 /// A grid of horizontal and vertical lines.
 struct GridForm final : PaperForm {
     SpacingFields spacing{*this, ".25", ".25"};
-    LineFields lines{*this, true};
+    LineFields lines{*this, spacing, true};
     Swatch LinesColorCanvas{*this, Group::Lines, "LinesColorCanvas", "Line Color", black, {.label = "StaticText5"}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,
@@ -19,6 +19,8 @@ struct GridForm final : PaperForm {
                                  white,
                                  {.label = "StaticText28", .beside = true}};
     ShiftClickNote note{*this, "StaticText27"};
+
+    std::string WhyIdle(const Control& control) const override;
 };
 
 struct GridPage {

@@ -10,7 +10,7 @@ namespace linealis {
 /// The cell size is the side of a hexagon.
 struct HexagonForm final : PaperForm {
     CellSizeFields cell{*this, ".3", "hexagons"};
-    MinorWeightField minor{*this, "frame"};
+    MinorWeightField minor{*this, "frame", &outline.CheckBoxFrame};
     CellFrameFields outline{*this};
 };
 

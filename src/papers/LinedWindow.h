@@ -21,28 +21,35 @@ struct LinedForm final : PaperForm {
                            "Blank Lines on Top:",
                            "3",
                            {.label = "StaticText27", .meaning = Meaning::Count}};
-    TextField EditLineThicknessHorz{
-        *this,
-        Group::Spacing,
-        "EditLineThicknessHorz",
-        "Line Weight:",
-        ".2",
-        {.label = "StaticText1", .beside = true, .meaning = Meaning::Weight, .sets = "vertical rule"}};
+    TextField EditLineThicknessHorz{*this,
+                                    Group::Spacing,
+                                    "EditLineThicknessHorz",
+                                    "Line Weight:",
+                                    ".2",
+                                    {.label = "StaticText1",
+                                     .beside = true,
+                                     .meaning = Meaning::Weight,
+                                     .sets = "vertical rule",
+                                     .drawnBy = &CheckBoxDrawVertical}};
     CheckBox CheckBoxDrawVertical{*this, Group::Lines, "CheckBoxDrawVertical", "Draw Vertical Line", true};
-    TextField EditBlankLeft{*this,
-                            Group::Lines,
-                            "EditBlankLeft",
-                            "Offset From left:",
-                            "1",
-                            {.label = "StaticText28", .meaning = Meaning::WholeUnits}};
-    Label StaticvertUnit{*this, Group::Lines, "StaticvertUnit", "-", {.beside = true}, {"per inch", "per cm"}};
-    TextField EditLineThicknessVert{
+    TextField EditBlankLeft{
         *this,
         Group::Lines,
-        "EditLineThicknessVert",
-        "Line Weight:",
-        ".5",
-        {.label = "StaticText24", .beside = true, .meaning = Meaning::Weight, .sets = "ruled lines"}};
+        "EditBlankLeft",
+        "Offset From left:",
+        "1",
+        {.label = "StaticText28", .meaning = Meaning::WholeUnits, .drawnBy = &CheckBoxDrawVertical}};
+    Label StaticvertUnit{*this, Group::Lines, "StaticvertUnit", "-", {.beside = true}, {"per inch", "per cm"}};
+    TextField EditLineThicknessVert{*this,
+                                    Group::Lines,
+                                    "EditLineThicknessVert",
+                                    "Line Weight:",
+                                    ".5",
+                                    {.label = "StaticText24",
+                                     .beside = true,
+                                     .meaning = Meaning::Weight,
+                                     .sets = "ruled lines",
+                                     .apart = &EditHorzSpacing}};
     Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Line Color", black, {.label = "StaticText4"}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,

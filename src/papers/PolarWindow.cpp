@@ -13,6 +13,23 @@ namespace {
 constexpr double roomForLabels = 36.0;  // points, taken off at the right and at the top
 constexpr double labelGap = 3.0;        // points between the outer circle and its labels
 
+double UsableWidth(const PolarPage& page)
+{
+    return page.frame.UsableWidth() - roomForLabels;
+}
+
+double UsableHeight(const PolarPage& page)
+{
+    return page.frame.UsableHeight() - roomForLabels;
+}
+
+double OuterRadius(const PolarPage& page)
+{
+    const double usableWidth = UsableWidth(page);
+    const double usableHeight = UsableHeight(page);
+    return (usableWidth > usableHeight ? usableHeight : usableWidth) / 2.0;
+}
+
 class PolarDrawing {
 public:
     PolarDrawing(const PolarPage& thePage, MyPDFGenerator& thePdf, Turns& theTurns)
@@ -33,9 +50,9 @@ private:
     const PolarPage& page;
     MyPDFGenerator& pdf;
     Turns& turns;
-    const double usableWidth = page.frame.UsableWidth() - roomForLabels;
-    const double usableHeight = page.frame.UsableHeight() - roomForLabels;
-    const double outerRadius = (usableWidth > usableHeight ? usableHeight : usableWidth) / 2.0;
+    const double usableWidth = UsableWidth(page);
+    const double usableHeight = UsableHeight(page);
+    const double outerRadius = OuterRadius(page);
     const double centerX = usableWidth / 2.0 + page.frame.leftMargin;
     const double centerY = usableHeight / 2.0 + page.frame.bottomMargin;
 };
@@ -141,6 +158,18 @@ void PolarDrawing::DrawTitle()
 
 }  // namespace
 
+std::string PolarForm::WhyIdle(const Control& control) const
+{
+    const bool hasLabels =
+        RadioButton1.ListIndex() != static_cast<int>(SpokeLabels::none) && EditNumSpokes.Used() > 0.0;
+    if (!hasLabels && (&control == &PopupMenuLabelSkip || &control == &EditFontSize)) {
+        return "there are no labels";
+    }
+    const bool isOfMinorSpokes = &control == &EditMinorStart || &control == &EditMinorLineThickness;
+    return isOfMinorSpokes && EditNumMinorSpokes.Used() == 0.0 ? "there are no minor spokes"
+                                                               : PaperForm::WhyIdle(control);
+}
+
 SettingsTable Settings(PolarForm& form)
 {
     using namespace settings;
@@ -190,6 +219,19 @@ void Draw(const PolarPage& page, MyPDFGenerator& pdf, Turns& turns)
     drawing.DrawSpokes();
     drawing.DrawMinorSpokes();
     drawing.DrawTitle();
+}
+
+PageWarnings Warn(const PolarForm& form, const PolarPage& page)
+{
+    PageWarnings warnings;
+    const double spokes = form.EditNumSpokes.Used();
+    const double minor = form.EditNumMinorSpokes.Used();
+    if (spokes >= 1.0 && minor >= 1.0 && std::fmod(minor, spokes) != 0.0) {
+        warnings.push_back({"phase", std::string(form.EditNumMinorSpokes.Name()),
+                            Str(minor) + " minor spokes do not meet " + Str(spokes) + " spokes"});
+    }
+    WarnOfInk(form, form.EditLineThickness, OuterRadius(page) / static_cast<double>(page.numCircles), warnings);
+    return warnings;
 }
 
 std::string Describe(const PolarPage& page)

@@ -10,7 +10,7 @@ namespace linealis {
 /// Circles about a centre, crossed by major spokes with labels at their ends and by minor spokes, with a title.
 struct PolarForm final : PaperForm {
     TextField EditNumCircles{
-        *this, Group::Spacing, "EditNumCircles", "Circles:", "8", {.meaning = Meaning::CircleCount}};
+        *this, Group::Spacing, "EditNumCircles", "Circles:", "8", {.meaning = Meaning::CountFromOne}};
     TextField EditNumSpokes{*this,     Group::Spacing, "EditNumSpokes",
                             "Spokes:", "12",           {.beside = true, .meaning = Meaning::Quantity}};
     TextField EditNumMinorSpokes{*this,    Group::Spacing, "EditNumMinorSpokes",
@@ -48,6 +48,8 @@ struct PolarForm final : PaperForm {
     TextField EditTitleSize{*this,   Group::Text, "EditTitleSize",
                             "Size:", "20",        {.beside = true, .meaning = Meaning::FontSize}};
     ShiftClickNote note{*this, "StaticTextShiftClick"};
+
+    std::string WhyIdle(const Control& control) const override;
 };
 
 /// What stands at the end of a spoke, by the list index of RadioButton1.
@@ -79,5 +81,6 @@ SettingsTable Settings(PolarForm& form);
 PolarPage Read(const PolarForm& form);
 void Draw(const PolarPage& page, MyPDFGenerator& pdf, Turns& turns);
 std::string Describe(const PolarPage& page);
+PageWarnings Warn(const PolarForm& form, const PolarPage& page);
 
 }  // namespace linealis

@@ -14,6 +14,14 @@ namespace {
 constexpr std::int64_t numberSize = 10;  // points
 constexpr double fullChannel = 255.0;    // for white, although a channel goes to 1: existing pages have it so
 
+/// As long as the room allows.
+double Side(const PageFrame& frame)
+{
+    const double usableWidth = frame.UsableWidth();
+    const double usableHeight = frame.UsableHeight();
+    return usableHeight / cosine30 > usableWidth ? usableWidth : usableHeight / cosine30;
+}
+
 class TernaryDrawing {
 public:
     TernaryDrawing(const TernaryPage& thePage, MyPDFGenerator& thePdf, Turns& theTurns)
@@ -47,7 +55,7 @@ private:
     const double divisions = page.majorDivisions;
     const double usableWidth = page.frame.UsableWidth();
     const double usableHeight = page.frame.UsableHeight();
-    const double side = usableHeight / cosine30 > usableWidth ? usableWidth : usableHeight / cosine30;
+    const double side = Side(page.frame);
     const double centerX = usableWidth / 2.0 + page.frame.leftMargin;
     const double centerY = usableHeight / 2.0 + page.frame.bottomMargin;
     const double leftX = centerX - side / 2.0;
@@ -177,6 +185,18 @@ void TernaryForm::PopupScaling_Change()
     CheckBoxFlip.SetEnabled(numbers == TernaryNumbers::onSides);
 }
 
+std::string TernaryForm::WhyIdle(const Control& control) const
+{
+    if (&control == &EditAxisMaximum || &control == &CheckBoxFlip) {
+        const std::string scaling = "Scaling is " + std::string(PopupScaling.Selected());
+        return control.IsEnabled() ? "" : scaling;
+    }
+    if (&control == &EditMinorLineThickness && EditMinorDivisions.Used() <= 1.0) {
+        return "there are no minor divisions";
+    }
+    return &control == &CheckBoxFrame ? "the triangle is always drawn" : PaperForm::WhyIdle(control);
+}
+
 SettingsTable Settings(TernaryForm& form)
 {
     using namespace settings;
@@ -216,6 +236,17 @@ void Draw(const TernaryPage& page, MyPDFGenerator& pdf, Turns& turns)
     } else if (page.numbers == TernaryNumbers::onSides) {
         drawing.DrawNumbersOnSides();
     }
+}
+
+PageWarnings Warn(const TernaryForm& form, const TernaryPage& page)
+{
+    PageWarnings warnings;
+    if (page.majorDivisions >= 1.0) {
+        const double apart = Side(page.frame) * cosine30 / page.majorDivisions;
+        WarnOfInk(form, form.EditLineThickness, apart, warnings);
+        WarnOfInk(form, form.EditMinorLineThickness, apart / page.minorDivisions, warnings);
+    }
+    return warnings;
 }
 
 std::string Describe(const TernaryPage& page)

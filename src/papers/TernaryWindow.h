@@ -10,13 +10,13 @@ namespace linealis {
 /// An equilateral triangle, divided by lines parallel to its sides, with numbers along the sides or inside.
 struct TernaryForm final : PaperForm {
     TextField EditMajorDivisions{
-        *this, Group::Spacing, "EditMajorDivisions", "Major Divisions:", "10", {.meaning = Meaning::Count}};
+        *this, Group::Spacing, "EditMajorDivisions", "Major Divisions:", "10", {.meaning = Meaning::Divisions}};
     TextField EditMinorDivisions{*this,
                                  Group::Spacing,
                                  "EditMinorDivisions",
                                  "Minor Divisions:",
                                  "5",
-                                 {.beside = true, .meaning = Meaning::Quantity}};
+                                 {.beside = true, .meaning = Meaning::CountFromOne}};
     Popup PopupScaling{*this, Group::Spacing, "PopupScaling", "Scaling:", {"None", "Axis", "Center"}};
     TextField EditAxisMaximum{
         *this,           Group::Spacing, "EditAxisMaximum",
@@ -39,6 +39,8 @@ struct TernaryForm final : PaperForm {
     ShiftClickNote note{*this, "StaticTextShiftClick"};
 
     TernaryForm();
+
+    std::string WhyIdle(const Control& control) const override;
 
 private:
     void PopupScaling_Change();
@@ -64,5 +66,6 @@ SettingsTable Settings(TernaryForm& form);
 TernaryPage Read(const TernaryForm& form);
 void Draw(const TernaryPage& page, MyPDFGenerator& pdf, Turns& turns);
 std::string Describe(const TernaryPage& page);
+PageWarnings Warn(const TernaryForm& form, const TernaryPage& page);
 
 }  // namespace linealis

@@ -17,6 +17,7 @@ namespace linealis {
 class CheckBox;
 class Form;
 class Label;
+class TextField;
 
 enum class ControlKind { Text, Popup, Check, Radio, Color, Label };
 
@@ -43,6 +44,9 @@ struct Traits {
     UnitRule unitRule = UnitRule::Keep;   ///< of a text field
     std::string_view fullName = {};       ///< for who does not see the form, where caption and row do not tell
     std::string_view sets = {};           ///< of a weight: which lines of the page are as wide
+    const CheckBox* drawnBy = nullptr;    ///< without which what the field governs is not drawn; null: it always is
+    const TextField* apart = nullptr;     ///< of a weight: how far its lines are from each other, or how many fit
+    bool coversLines = false;             ///< of a text: stands over grid lines where the form opens
 };
 
 /// What a control holds at a moment: all that can change of it.
@@ -144,6 +148,8 @@ public:
     /// The number, truncated.
     std::int64_t Whole() const;
     Meaning MeansNow() const { return State().meaning; }
+    /// Whether it is empty and that means something.
+    bool IsLeftOpen() const { return MeansNow() == Meaning::TitlePlace && Text().empty(); }
     /// What a person must know of the text; empty if all is well, or if the field is disabled.
     std::string Remark() const;
 

@@ -34,24 +34,6 @@ bool IsCaption(const Form& form, const Control& control)
                        [&](const Control* field) { return field->CaptionLabel() == &control; });
 }
 
-/// The control that the row of this one begins with; the control itself if it does.
-const Control& FirstInRow(const Form& form, const Control& control)
-{
-    const Control* first = &control;
-    for (const Control* const candidate : form.Controls()) {
-        if (candidate->InGroup() != control.InGroup() || IsCaption(form, *candidate)) {
-            continue;
-        }
-        if (!IsBesideAnother(*candidate)) {
-            first = candidate;
-        }
-        if (candidate == &control) {
-            break;
-        }
-    }
-    return *first;
-}
-
 bool IsAmbiguous(const Form& form, const Control& control)
 {
     const std::string caption = PlainCaption(control);
@@ -69,14 +51,10 @@ std::optional<double> Millimetres(const TextField& field, LengthUnit formUnit)
         return std::nullopt;
     }
     const double unit = formUnit == LengthUnit::Inches ? cmPerInch * mmPerCm : mmPerCm;
-    switch (field.MeansNow()) {
-    case Meaning::Length:
-    case Meaning::Spacing:
-    case Meaning::CellSize:
-    case Meaning::WholeUnits:
-        return field.Used() * unit;
-    case Meaning::LinesPerUnit:
-    case Meaning::GridDensity:
+    switch (FactsOf(field.MeansNow()).quantity) {
+    case Quantity::Length:
+        return field.IsLeftOpen() ? std::nullopt : std::optional(field.Used() * unit);
+    case Quantity::CountPerUnit:
         return unit / field.Used();
     default:
         return std::nullopt;
@@ -91,6 +69,23 @@ std::string Rounded(double value)
 }
 
 }  // namespace
+
+const Control& FirstInRow(const Form& form, const Control& control)
+{
+    const Control* first = &control;
+    for (const Control* const candidate : form.Controls()) {
+        if (candidate->InGroup() != control.InGroup() || IsCaption(form, *candidate)) {
+            continue;
+        }
+        if (!IsBesideAnother(*candidate)) {
+            first = candidate;
+        }
+        if (candidate == &control) {
+            break;
+        }
+    }
+    return *first;
+}
 
 std::string WholeName(const Form& form, const Control& control)
 {
@@ -152,7 +147,7 @@ std::string Readout(std::span<Control* const> fields, LengthUnit unit)
 std::string HintOf(const TextField& field)
 {
     const std::string_view sets = field.Declared().sets;
-    const std::string hint(HintFor(field.MeansNow()));
+    const std::string hint(FactsOf(field.MeansNow()).hint);
     return sets.empty() ? hint : "Weight of the " + std::string(sets) + ". " + hint;
 }
 

@@ -17,6 +17,9 @@ std::string WholeName(const Form& form, const Control& control);
 /// The same as one word for who types it: "x-axis-weight", "top-margin".
 std::string AliasOf(const Form& form, const Control& control);
 
+/// The control that the row of this one begins with on the form; the control itself if it does.
+const Control& FirstInRow(const Form& form, const Control& control);
+
 /// The control of that name or alias that is no label, or null.
 Control* FindByNameOrAlias(const Form& form, std::string_view nameOrAlias);
 

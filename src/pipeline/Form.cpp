@@ -20,6 +20,12 @@ std::vector<ControlState> Form::State() const
     return state;
 }
 
+bool Form::IsAsOpened(const Control& control) const
+{
+    const auto place = std::find(controls.begin(), controls.end(), &control) - controls.begin();
+    return opening.at(static_cast<std::size_t>(place)).content == control.State().content;
+}
+
 void Form::Restore(const std::vector<ControlState>& earlier)
 {
     for (std::size_t i = 0; i < controls.size(); ++i) {

@@ -49,6 +49,10 @@ public:
 
     /// What all controls hold, in their order.
     std::vector<ControlState> State() const;
+    /// Takes the state as it is now for the one in which the form opens.
+    void RememberOpening() { opening = State(); }
+    /// Whether a control of this form holds what it held when the form opened.
+    bool IsAsOpened(const Control& control) const;
     /// Puts a state of this form back. No handler runs.
     void Restore(const std::vector<ControlState>& earlier);
 
@@ -66,6 +70,7 @@ private:
     void EnableFollowersOf(const CheckBox& box) const;
 
     std::vector<Control*> controls;
+    std::vector<ControlState> opening;
 };
 
 }  // namespace linealis

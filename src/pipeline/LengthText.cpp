@@ -109,47 +109,74 @@ std::optional<double> TakeAmount(LengthScanner& scanner, bool& isFraction)
     return first;
 }
 
+/// Inches in the unit of the quantity; 0 if it has none. A count per unit is of lengths in the form's unit.
+double InchesIn(Quantity quantity, LengthUnit formUnit)
+{
+    constexpr double inchesPerCm = 1.0 / cmPerInch;
+    switch (quantity) {
+    case Quantity::Length:
+    case Quantity::CountPerUnit:
+        return formUnit == LengthUnit::Inches ? 1.0 : formUnit == LengthUnit::Centimetres ? inchesPerCm : 0.0;
+    case Quantity::Inches:
+        return 1.0;
+    case Quantity::Centimeters:
+        return inchesPerCm;
+    case Quantity::Points:
+        return 1.0 / pointsPerInch;
+    case Quantity::None:
+        break;
+    }
+    return 0.0;
+}
+
+std::optional<double> IfFinite(double number)
+{
+    return std::isfinite(number) ? std::optional(number) : std::nullopt;
+}
+
 }  // namespace
 
 LengthUnit UnitOf(const Form& form, const TextField& field)
 {
-    switch (field.MeansNow()) {
-    case Meaning::Length:
-    case Meaning::TitlePlace:
-    case Meaning::Spacing:
-    case Meaning::CellSize:
+    switch (FactsOf(field.MeansNow()).quantity) {
+    case Quantity::Length:
         return form.UnitOfLengths();
-    case Meaning::CustomInches:
+    case Quantity::Inches:
         return LengthUnit::Inches;
-    case Meaning::CustomCm:
+    case Quantity::Centimeters:
         return LengthUnit::Centimetres;
     default:
         return LengthUnit::None;
     }
 }
 
-std::optional<double> TypedLength(std::string_view text, LengthUnit formUnit)
+std::optional<double> TypedNumber(std::string_view text, Quantity quantity, LengthUnit formUnit)
 {
-    if (formUnit == LengthUnit::None) {
-        return std::nullopt;
-    }
     LengthScanner scanner(text);
     const double sign = scanner.Take('-') ? -1.0 : 1.0;
     bool isFraction = false;
     const std::optional<double> amount = TakeAmount(scanner, isFraction);
-    if (!amount || !std::isfinite(*amount)) {
+    if (!amount) {
         return std::nullopt;
     }
     if (scanner.Rest().empty()) {
-        return isFraction ? std::optional(sign * *amount) : std::nullopt;
+        return isFraction ? IfFinite(sign * *amount) : std::nullopt;
     }
     const NamedUnit* const unit = FindUnit(scanner.Rest());
-    if (unit == nullptr) {
+    const double inches = InchesIn(quantity, formUnit);
+    if (unit == nullptr || inches == 0.0) {
         return std::nullopt;
     }
-    // By way of a factor of the form's own unit, which leaves a length in that unit as it was typed.
-    const double inchesOfUnit = formUnit == LengthUnit::Inches ? 1.0 : 1.0 / cmPerInch;
-    return sign * *amount * (unit->inches / inchesOfUnit);
+    // By way of a factor of the field's own unit, which leaves a length in that unit as it was typed.
+    const double length = sign * *amount * (unit->inches / inches);
+    return IfFinite(quantity == Quantity::CountPerUnit ? 1.0 / length : length);
+}
+
+std::optional<double> TypedNumber(std::string_view text, const Form& form, const TextField& field)
+{
+    const Meaning meaning = field.MeansNow();
+    return meaning == Meaning::Prose ? std::nullopt
+                                     : TypedNumber(text, FactsOf(meaning).quantity, form.UnitOfLengths());
 }
 
 }  // namespace linealis

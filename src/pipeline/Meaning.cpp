@@ -5,6 +5,7 @@
 #include "pdf/Units.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace linealis {
@@ -45,141 +46,241 @@ std::string RemarkOnProse(std::string_view text)
     return HasPairedParentheses(text) ? "" : "parentheses must come in pairs, or the page is damaged";
 }
 
-std::string RemarkOnMissingNumber(Meaning meaning, const std::string& text)
+template <Meaning meaning>
+std::string EffectOfCustomSide(double side)
 {
-    const std::string counts = "counts as " + Str(UsedValue(meaning, Val(text))) +
-                               (meaning == Meaning::HydraulicStep ? ", which draws no grid line" : "");
-    return IsBlank(text) ? "empty " + counts : "\u201C" + text + "\u201D is not a number, " + counts;
+    return PointsOfCustomSide(meaning, side) < smallestPage ? "a page has at least 10 points" : "";
 }
 
-std::string UnlessAbove(double limit, double value, const char* remark)
+double Whole(double value)
 {
-    return value > limit ? "" : remark;
+    return static_cast<double>(truncated(value));
 }
 
-std::string IfNegative(double value)
+double WholeFromZero(double value)
+{
+    return std::max(Whole(value), 0.0);
+}
+
+double OneInsteadOfZero(double value)
+{
+    return value == 0.0 ? 1.0 : value;
+}
+
+std::string EffectOfCell(double value)
+{
+    return value > 0.0 ? "" : "must be above 0, or no pattern is drawn";
+}
+
+std::string EffectOfMark(double value)
+{
+    return value == 0.0 ? "0 draws no bar" : value < 0.0 ? "should not be negative" : "";
+}
+
+std::string EffectOfWeight(double value)
 {
     return value < 0.0 ? "should not be negative" : "";
 }
 
-/// What becomes of a value that the page takes as it stands and can do little with.
-std::string RemarkOnEffect(Meaning meaning, double value)
+std::string EffectOfDensity(double value)
 {
-    const auto whole = static_cast<double>(truncated(value));
-    switch (meaning) {
-    case Meaning::Spacing:
-        return value == 0.0 ? "0 makes no cells" : IfNegative(value);
-    case Meaning::CellSize:
-        return UnlessAbove(0.0, value, "must be above 0, or no pattern is drawn");
-    case Meaning::CustomInches:
-    case Meaning::CustomCm:
-        return PointsOfCustomSide(meaning, value) < smallestPage ? "a page has at least 10 points" : "";
-    case Meaning::Weight:
-    case Meaning::GridDensity:
-        return IfNegative(value);
-    case Meaning::FontSize:
-        return value >= 0.0 && whole != value ? "is printed at " + Str(whole) + " points" : IfNegative(value);
-    case Meaning::Scale:
-        return value == 0.0 ? "0 leaves an empty page" : "";
-    case Meaning::NumberSpacing:
-        return value < 0.0 ? "below 0 writes no numbers" : "";
-    case Meaning::Exponent:
-        return UnlessAbove(1.0, value, "must be larger than 1");
-    case Meaning::HydraulicStep:
-        return UnlessAbove(0.0, value, "must be above 0, or no grid line is drawn");
-    case Meaning::HydraulicStart:
-        return value < 0.0 ? "must not be negative on a hydraulic axis" : "";
-    default:
-        return "";
+    return value < 0.0 ? "must be above 0, or no grid line is drawn" : "";
+}
+
+std::string EffectOfFontSize(double value)
+{
+    const double printed = Whole(value);
+    if (value < 0.0) {
+        return "should not be negative";
     }
+    if (printed == 0.0) {
+        return "must be at least 1, or nothing is printed";
+    }
+    return printed != value ? "is printed at " + Str(printed) + " points" : "";
+}
+
+std::string EffectOfScale(double value)
+{
+    return value == 0.0 ? "0 leaves an empty page" : "";
+}
+
+std::string EffectOfDivisions(double value)
+{
+    return value < 1.0 ? "must be at least 1, or no line divides a side" : "";
+}
+
+std::string EffectOfNumberSpacing(double value)
+{
+    return value < 0.0 ? "below 0 writes no numbers" : "";
+}
+
+std::string EffectOfExponent(double value)
+{
+    return value > 1.0 ? "" : "must be larger than 1";
+}
+
+std::string EffectOfHydraulicStart(double value)
+{
+    return value < 0.0 ? "must not be negative on a hydraulic axis" : "";
+}
+
+std::string EffectOfHydraulicStep(double value)
+{
+    return value > 0.0 ? "" : "must be above 0, or no grid line is drawn";
+}
+
+constexpr std::string_view lengthHint = "Length in the current unit, inches or centimetres";
+constexpr std::string_view wholeHint = "A whole number";
+constexpr std::string_view densityHint = "Lines in an inch or a centimetre";
+constexpr std::string_view numberSpacingHint = "Number of grid lines from one number to the next";
+constexpr std::string_view axisValueHint = "In the axis's own values";
+constexpr std::string_view axisStepHint = "From one grid line to the next, in the axis's own values";
+
+// In the order of Meaning.
+constexpr auto facts = std::to_array<MeaningFacts>({
+    {.meaning = Meaning::Number, .hint = "A number", .step = Step::LastPlace, .canBeNegative = true},
+    {.meaning = Meaning::Prose, .hint = "Text that is printed"},
+    {.meaning = Meaning::Length,
+     .hint = lengthHint,
+     .quantity = Quantity::Length,
+     .step = Step::Length,
+     .canBeNegative = true},
+    {.meaning = Meaning::TitlePlace,
+     .hint = "Length in the current unit; empty centres the title",
+     .quantity = Quantity::Length,
+     .step = Step::Length,
+     .canBeNegative = true},
+    {.meaning = Meaning::Spacing,
+     .hint = lengthHint,
+     .quantity = Quantity::Length,
+     .step = Step::Length,
+     .effect = EffectOfCell},
+    {.meaning = Meaning::CellSize,
+     .hint = lengthHint,
+     .quantity = Quantity::Length,
+     .step = Step::Length,
+     .effect = EffectOfCell},
+    {.meaning = Meaning::MarkSize,
+     .hint = lengthHint,
+     .quantity = Quantity::Length,
+     .step = Step::Length,
+     .effect = EffectOfMark},
+    {.meaning = Meaning::CustomInches,
+     .hint = lengthHint,
+     .quantity = Quantity::Inches,
+     .step = Step::Length,
+     .effect = EffectOfCustomSide<Meaning::CustomInches>},
+    {.meaning = Meaning::CustomCm,
+     .hint = lengthHint,
+     .quantity = Quantity::Centimeters,
+     .step = Step::Length,
+     .effect = EffectOfCustomSide<Meaning::CustomCm>},
+    {.meaning = Meaning::Weight,
+     .hint = "Line width in points (1/72 inch), whatever the unit",
+     .quantity = Quantity::Points,
+     .step = Step::Tenth,
+     .effect = EffectOfWeight},
+    {.meaning = Meaning::FontSize,
+     .hint = "Text size in points (1/72 inch), whatever the unit",
+     .quantity = Quantity::Points,
+     .effect = EffectOfFontSize},
+    {.meaning = Meaning::Scale, .hint = "Per cent of the true size", .effect = EffectOfScale},
+    {.meaning = Meaning::Share,
+     .hint = "Per cent, from 0 to 100",
+     .isCorrectedInForm = true,
+     .used = [](double value) { return std::clamp(value, 0.0, 100.0); }},
+    {.meaning = Meaning::LinesPerUnit,
+     .hint = densityHint,
+     .quantity = Quantity::CountPerUnit,
+     .isCorrectedInForm = true,
+     .used = [](double value) { return value <= 0.0 ? defaultLinesPerUnit : value; }},
+    {.meaning = Meaning::GridDensity,
+     .hint = densityHint,
+     .quantity = Quantity::CountPerUnit,
+     .used = OneInsteadOfZero,
+     .effect = EffectOfDensity},
+    {.meaning = Meaning::Count, .hint = wholeHint, .used = Whole},
+    {.meaning = Meaning::Quantity, .hint = wholeHint, .used = WholeFromZero},
+    {.meaning = Meaning::CountFromOne,
+     .hint = wholeHint,
+     .used = [](double value) { return std::max(Whole(value), 1.0); }},
+    {.meaning = Meaning::Divisions, .hint = wholeHint, .used = Whole, .effect = EffectOfDivisions},
+    {.meaning = Meaning::WholeUnits,
+     .hint = "A whole number of inches or centimetres",
+     .quantity = Quantity::Length,
+     .used = WholeFromZero},
+    {.meaning = Meaning::GridLines, .hint = "Number of grid lines from one major line to the next; 0 for none"},
+    {.meaning = Meaning::NumberSpacing,
+     .hint = numberSpacingHint,
+     .canBeNegative = true,
+     .used = [](double value) { return value < 0.0 ? value : std::max(Whole(value), 1.0); },
+     .effect = EffectOfNumberSpacing},
+    {.meaning = Meaning::AxisValue, .hint = axisValueHint, .step = Step::LastPlace, .canBeNegative = true},
+    {.meaning = Meaning::AxisStep,
+     .hint = axisStepHint,
+     .step = Step::LastPlace,
+     .canBeNegative = true,
+     .used = OneInsteadOfZero},
+    {.meaning = Meaning::Exponent,
+     .hint = "Power of the value on a hydraulic axis, above 1",
+     .step = Step::LastPlace,
+     .effect = EffectOfExponent},
+    {.meaning = Meaning::HydraulicStart,
+     .hint = axisValueHint,
+     .step = Step::LastPlace,
+     .effect = EffectOfHydraulicStart},
+    {.meaning = Meaning::HydraulicStep,
+     .hint = axisStepHint,
+     .step = Step::LastPlace,
+     .effect = EffectOfHydraulicStep},
+    {.meaning = Meaning::HydraulicNumber,
+     .hint = numberSpacingHint,
+     .used = [](double value) { return std::max(std::ceil(value), 1.0); }},
+});
+
+constexpr bool IsInOrder()
+{
+    for (std::size_t i = 0; i < facts.size(); ++i) {
+        if (static_cast<std::size_t>(facts[i].meaning) != i) {
+            return false;
+        }
+    }
+    return true;
+}
+static_assert(IsInOrder(), "a row is not in the place of its meaning");
+static_assert(facts.back().meaning == Meaning::HydraulicNumber, "a meaning has no row");
+
+std::string EffectOf(Meaning meaning, double value)
+{
+    const auto effect = FactsOf(meaning).effect;
+    return effect == nullptr ? "" : effect(value);
+}
+
+std::string RemarkOnMissingNumber(Meaning meaning, const std::string& text)
+{
+    const double used = UsedValue(meaning, Val(text));
+    const std::string counts = "counts as " + Str(used);
+    const std::string effect = EffectOf(meaning, used);
+    return (IsBlank(text) ? "empty " : "\u201C" + text + "\u201D is not a number, ") + counts +
+           (effect.empty() ? "" : ": " + effect);
 }
 
 }  // namespace
 
-double UsedValue(Meaning meaning, double value)
+const MeaningFacts& FactsOf(Meaning meaning)
 {
-    const auto whole = static_cast<double>(truncated(value));
-    switch (meaning) {
-    case Meaning::Share:
-        return std::clamp(value, 0.0, 100.0);
-    case Meaning::LinesPerUnit:
-        return value <= 0.0 ? defaultLinesPerUnit : value;
-    case Meaning::GridDensity:
-    case Meaning::AxisStep:
-        return value == 0.0 ? 1.0 : value;
-    case Meaning::NumberSpacing:
-        return value < 0.0 ? value : std::max(whole, 1.0);
-    case Meaning::HydraulicNumber:
-        return std::max(std::ceil(value), 1.0);
-    case Meaning::Count:
-        return whole;
-    case Meaning::CircleCount:
-        return std::max(whole, 1.0);
-    case Meaning::Quantity:
-    case Meaning::WholeUnits:
-        return std::max(whole, 0.0);
-    default:
-        return value;
-    }
+    return facts[static_cast<std::size_t>(meaning)];
 }
 
-bool IsCorrectedInForm(Meaning meaning)
+double UsedValue(Meaning meaning, double value)
 {
-    return meaning == Meaning::Share || meaning == Meaning::LinesPerUnit;
+    const auto used = FactsOf(meaning).used;
+    return used == nullptr ? value : used(value);
 }
 
 std::int64_t PointsOfCustomSide(Meaning meaning, double side)
 {
     return truncated(side * (meaning == Meaning::CustomInches ? pointsPerInch : pointsPerCmOfCustomSize));
-}
-
-std::string_view HintFor(Meaning meaning)
-{
-    switch (meaning) {
-    case Meaning::Prose:
-        return "Text that is printed";
-    case Meaning::Length:
-    case Meaning::Spacing:
-    case Meaning::CellSize:
-    case Meaning::CustomInches:
-    case Meaning::CustomCm:
-        return "Length in the current unit, inches or centimetres";
-    case Meaning::TitlePlace:
-        return "Length in the current unit; empty centres the title";
-    case Meaning::Weight:
-        return "Line width in points (1/72 inch), whatever the unit";
-    case Meaning::FontSize:
-        return "Text size in points (1/72 inch), whatever the unit";
-    case Meaning::Scale:
-        return "Per cent of the true size";
-    case Meaning::Share:
-        return "Per cent, from 0 to 100";
-    case Meaning::LinesPerUnit:
-    case Meaning::GridDensity:
-        return "Lines in an inch or a centimetre";
-    case Meaning::Count:
-    case Meaning::Quantity:
-    case Meaning::CircleCount:
-        return "A whole number";
-    case Meaning::WholeUnits:
-        return "A whole number of inches or centimetres";
-    case Meaning::GridLines:
-        return "Number of grid lines from one major line to the next; 0 for none";
-    case Meaning::NumberSpacing:
-    case Meaning::HydraulicNumber:
-        return "Number of grid lines from one number to the next";
-    case Meaning::AxisValue:
-    case Meaning::HydraulicStart:
-        return "In the axis's own values";
-    case Meaning::AxisStep:
-    case Meaning::HydraulicStep:
-        return "From one grid line to the next, in the axis's own values";
-    case Meaning::Exponent:
-        return "Power of the value on a hydraulic axis, above 1";
-    case Meaning::Number:
-        return "A number";
-    }
-    return "";
 }
 
 std::string RemarkOn(Meaning meaning, const std::string& text)
@@ -196,10 +297,11 @@ std::string RemarkOn(Meaning meaning, const std::string& text)
     const double value = Val(text);
     const double used = UsedValue(meaning, value);
     if (used != value) {
-        return meaning == Meaning::LinesPerUnit ? "must be above 0, or becomes " + Str(used)
-                                                : "counts as " + Str(used);
+        const std::string effect = EffectOf(meaning, used);
+        return (meaning == Meaning::LinesPerUnit ? "must be above 0, or becomes " : "counts as ") + Str(used) +
+               (effect.empty() ? "" : ": " + effect);
     }
-    return RemarkOnEffect(meaning, value);
+    return EffectOf(meaning, value);
 }
 
 }  // namespace linealis

@@ -32,16 +32,26 @@ struct Paper {
     std::unique_ptr<Wizard> wizard;       ///< null: the kind has none
 };
 
-/// The paper of a kind: of its form, and of the functions Settings, Read and, if it has a wizard, MakeWizard for
-/// it.
+/// The paper of a kind: of its form, and of the functions Settings, Read and, if it has them, Warn and MakeWizard
+/// for it.
 template <typename KindForm>
 Paper MakePaper(const Platform& platform)
 {
     auto form = std::make_unique<KindForm>();
     form->Event_Open(platform);
+    form->RememberOpening();
     Paper paper;
     paper.settings = Settings(*form);
-    paper.readPage = [&kindForm = std::as_const(*form)] { return PageOf(Read(kindForm)); };
+    paper.readPage = [&kindForm = std::as_const(*form)] {
+        auto read = Read(kindForm);
+        PageWarnings warnings;
+        if constexpr (requires { Warn(kindForm, read); }) {
+            warnings = Warn(kindForm, read);
+        }
+        PaperPage page = PageOf(std::move(read));
+        page.warnings = std::move(warnings);
+        return page;
+    };
     if constexpr (requires { MakeWizard(*form); }) {
         paper.wizard = MakeWizard(*form);
     }

@@ -69,6 +69,16 @@ void PaperForm::OpenPaperSize()
     PopupPaperSize.SetListIndex(0);
 }
 
+std::string PaperForm::WhyIdle(const Control& control) const
+{
+    const Traits& traits = control.Declared();
+    if (&control == &EditCustomWidth || &control == &EditCustomHeight) {
+        return control.IsEnabled() ? "" : "Paper Size is not Custom";
+    }
+    const CheckBox* const box = traits.drawnBy != nullptr ? traits.drawnBy : traits.enabledBy;
+    return box == nullptr || box->Value() ? "" : box->Caption() + " is off";
+}
+
 PaperSize PaperForm::GetPaperSize() const
 {
     const auto index = static_cast<std::size_t>(PopupPaperSize.ListIndex());
@@ -147,7 +157,7 @@ void PaperForm::WriteCorrections()
             continue;
         }
         auto& field = static_cast<TextField&>(*control);
-        if (IsCorrectedInForm(field.MeansNow()) && field.Used() != field.Number()) {
+        if (FactsOf(field.MeansNow()).isCorrectedInForm && field.Used() != field.Number()) {
             field.SetText(Str(field.Used()));
         }
     }

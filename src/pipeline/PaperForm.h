@@ -45,6 +45,10 @@ public:
     /// Runs before a settings file is opened for a load, also of one that cannot be opened.
     virtual void BeforeLoad() {}
 
+    /// Why the page is the same whatever the control holds, in a few words: "Paper Size is not Custom"; empty if it
+    /// is not the same. A disabled field can still count, and an enabled one can count for nothing.
+    virtual std::string WhyIdle(const Control& control) const;
+
     bool InInches() const { return PopupUnits.ListIndex() == 0; }
     LengthUnit UnitOfLengths() const override { return InInches() ? LengthUnit::Inches : LengthUnit::Centimetres; }
 

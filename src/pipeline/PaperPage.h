@@ -2,6 +2,7 @@
 
 #include "pdf/MyPDFGenerator.h"
 #include "pipeline/PageFrame.h"
+#include "pipeline/PageWarning.h"
 #include "platform/Turns.h"
 
 #include <functional>
@@ -31,6 +32,7 @@ struct PaperPage {
     std::function<void(MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask)> doGraph;
     /// What the page holds, in a few words: "37 by 53 cells of 5 mm".
     std::function<std::string()> describe = [] { return std::string(); };
+    PageWarnings warnings = {};  ///< the kind's own, of the form that was read
 };
 
 /// The page of a kind, whose drawing is the function Draw for it, and Describe its words.

@@ -1,7 +1,9 @@
 #include "pipeline/PaperWindow.h"
 
+#include "pipeline/FieldWords.h"
 #include "pipeline/MarkerFile.h"
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <utility>
@@ -115,6 +117,23 @@ std::error_code PaperWindow::SaveSettings(const FolderItem& file) const
     return linealis::SaveSettings(paper.settings, outputFile, file);
 }
 
+std::string PaperWindow::LostBySaving() const
+{
+    std::string names;
+    for (const Control* const control : form.Controls()) {
+        const bool isKept =
+            std::any_of(paper.settings.begin(), paper.settings.end(),
+                        [&](const SettingsField& field) { return field.control == control->Name(); });
+        const bool isCut = control->Kind() == ControlKind::Text &&
+                           static_cast<const TextField&>(*control).Text().size() > BinaryStream::longestPString;
+        const bool isDifferent = control->Kind() != ControlKind::Label && !form.IsAsOpened(*control);
+        if (isKept ? isCut : isDifferent && form.WhyIdle(*control).empty()) {
+            names += (names.empty() ? "" : ", ") + WholeName(form, *control);
+        }
+    }
+    return names;
+}
+
 std::error_code PaperWindow::LoadSettings(const FolderItem& file)
 {
     return Load(file).error;
@@ -183,6 +202,9 @@ bool PaperWindow::Store(const FolderItem& file)
     NoteFailure(file, "saved", error);
     if (!error) {
         stored = form.State();
+        if (const std::string lost = LostBySaving(); !file.IsEmpty() && !lost.empty()) {
+            platform.Note(file.Name() + " does not keep " + lost);
+        }
     }
     return !error;
 }

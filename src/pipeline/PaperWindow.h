@@ -66,6 +66,9 @@ public:
 
     std::error_code SaveSettings(const FolderItem& file) const;
     std::error_code LoadSettings(const FolderItem& file);
+    /// What a settings file would not bring back, by names, such as "Draw Frame, Custom width"; empty if it keeps
+    /// all.
+    std::string LostBySaving() const;
     /// What SaveSettings writes.
     std::string SettingsBytes() const;
     /// Loads settings, but for the output file, which stays.

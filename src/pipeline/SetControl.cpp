@@ -1,6 +1,8 @@
 #include "pipeline/SetControl.h"
 
+#include "pdf/Numbers.h"
 #include "pipeline/FieldWords.h"
+#include "pipeline/LengthText.h"
 
 #include <algorithm>
 #include <array>
@@ -117,11 +119,19 @@ struct ValueReader {
     std::string operator()(const Label& label) const { return label.Caption(); }
 };
 
+/// What the field holds once a user who has typed the text has left it.
+std::string TextFor(const Form& form, const TextField& field, std::string_view typed)
+{
+    const auto number = TypedNumber(typed, form, field);
+    return number ? Str(*number) : std::string(typed);
+}
+
 /// Sets a control to what is given, as the user would.
 struct Setter {
+    const Form& form;
     std::string_view given;
 
-    void operator()(TextField& field) const { field.SetText(std::string(given)); }
+    void operator()(TextField& field) const { field.SetText(TextFor(form, field, given)); }
     void operator()(Choice& choice) const
     {
         if (const std::int64_t index = ItemIndex(choice, given); index != choice.ListIndex()) {
@@ -137,7 +147,7 @@ struct Setter {
 
 void SetControl(std::string_view owner, const Form& form, const Setting& setting)
 {
-    Visit(FindControl(owner, form, setting.control, CanBeSet), Setter{setting.value});
+    Visit(FindControl(owner, form, setting.control, CanBeSet), Setter{form, setting.value});
 }
 
 std::string ValueOf(Control& control)
@@ -147,8 +157,8 @@ std::string ValueOf(Control& control)
 
 void TypeIntoControl(std::string_view owner, const Form& form, const Setting& setting)
 {
-    Control& control = FindControl(owner, form, setting.control, CanBeTypedInto);
-    static_cast<TextField&>(control).Type(std::string(setting.value));
+    auto& field = static_cast<TextField&>(FindControl(owner, form, setting.control, CanBeTypedInto));
+    field.Type(TextFor(form, field, setting.value));
 }
 
 }  // namespace linealis

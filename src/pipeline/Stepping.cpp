@@ -21,44 +21,20 @@ int DecimalsOf(std::string_view text)
         std::min<std::size_t>((end == std::string_view::npos ? text.size() : end) - mark - 1, 6));
 }
 
-double BaseStep(Meaning meaning, int decimals, LengthUnit unit)
+double BaseStep(Step step, int decimals, LengthUnit unit)
 {
-    constexpr double inchStep = 0.05, cmStep = 0.1, pointStep = 0.1;
-    switch (meaning) {
-    case Meaning::Length:
-    case Meaning::TitlePlace:
-    case Meaning::Spacing:
-    case Meaning::CellSize:
-    case Meaning::CustomInches:
-    case Meaning::CustomCm:
+    constexpr double inchStep = 0.05, cmStep = 0.1, tenth = 0.1;
+    switch (step) {
+    case Step::Length:
         return unit == LengthUnit::Centimetres ? cmStep : inchStep;
-    case Meaning::Weight:
-        return pointStep;
-    case Meaning::Number:
-    case Meaning::AxisValue:
-    case Meaning::AxisStep:
-    case Meaning::Exponent:
-    case Meaning::HydraulicStart:
-    case Meaning::HydraulicStep:
-        return std::pow(10.0, -decimals);  // in the place that the value shows
-    default:
-        return 1.0;
+    case Step::Tenth:
+        return tenth;
+    case Step::LastPlace:
+        return std::pow(10.0, -decimals);
+    case Step::One:
+        break;
     }
-}
-
-bool CanBeNegative(Meaning meaning)
-{
-    switch (meaning) {
-    case Meaning::Number:
-    case Meaning::Length:
-    case Meaning::TitlePlace:
-    case Meaning::AxisValue:
-    case Meaning::AxisStep:
-    case Meaning::NumberSpacing:
-        return true;
-    default:
-        return false;
-    }
+    return 1.0;
 }
 
 }  // namespace
@@ -70,8 +46,9 @@ std::string Stepped(Meaning meaning, const std::string& text, double steps, Leng
     }
     const int decimals = DecimalsOf(text);
     const double value = Val(text);
-    double stepped = value + steps * BaseStep(meaning, decimals, unit);
-    if (!CanBeNegative(meaning) && value >= 0.0) {
+    const MeaningFacts& facts = FactsOf(meaning);
+    double stepped = value + steps * BaseStep(facts.step, decimals, unit);
+    if (!facts.canBeNegative && value >= 0.0) {
         stepped = std::max(stepped, 0.0);
     }
     // The sum may be off in its last bits.

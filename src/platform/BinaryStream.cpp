@@ -11,8 +11,6 @@ namespace linealis {
 
 namespace {
 
-constexpr std::size_t maximumPStringLength = 255;
-
 /// The length of the longest prefix of at most `limit` bytes that does not end inside a UTF-8 character.
 std::size_t CutLength(std::string_view text, std::size_t limit)
 {
@@ -112,7 +110,7 @@ void BinaryStream::Write(std::string_view bytes)
 
 void BinaryStream::WritePString(std::string_view text)
 {
-    const std::size_t length = CutLength(text, maximumPStringLength);
+    const std::size_t length = CutLength(text, longestPString);
     const char lengthByte = static_cast<char>(length);
     Write({&lengthByte, 1});
     Write(text.substr(0, length));

@@ -61,9 +61,11 @@ public:
 
     void Write(std::string_view bytes);
 
-    /// A length byte and that many bytes. A longer text is cut to at most 255 bytes, between two UTF-8
-    /// characters.
+    /// A length byte and that many bytes. A text longer than longestPString is cut to that or a little less,
+    /// between two UTF-8 characters.
     void WritePString(std::string_view text);
+
+    static constexpr std::size_t longestPString = 255;
 
     /// Four bytes, the highest first, on every machine.
     void WriteInt32(std::int32_t value);
