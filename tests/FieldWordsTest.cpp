@@ -164,6 +164,71 @@ TEST_P(FieldsOfEveryKind, SayWhichLinesAWeightSets)
     }
 }
 
+/// Of each stroke, fill and text whether it shows a weight or a color, and whether its role is one of a set.
+struct RoleMatch : PageSink {
+    RoleSet governs;
+    double width = 7.25;
+    PageColor color{0.2, 0.4, 0.6};
+    Role role = "";
+    std::size_t both = 0;
+    Names wrong;
+
+    void Look(bool isSet)
+    {
+        const bool isGoverned = Includes(governs, role);
+        both += isSet && isGoverned ? 1U : 0U;
+        if (isSet != isGoverned) {
+            wrong.emplace_back(role);
+        }
+    }
+    void BeginRole(Role newRole) override { role = newRole; }
+    bool Scale(double, double) override { return true; }
+    bool Stroke(PagePath, const PagePen& pen) override
+    {
+        EXPECT_NE(role, "");
+        Look(pen.width == width || pen.color == color);
+        return true;
+    }
+    bool Fill(PagePath, const PageColor& fill) override
+    {
+        if (fill != PageColor{255.0, 255.0, 255.0}) {  // a box under a number
+            Look(fill == color);
+        }
+        return true;
+    }
+    bool FillAndStroke(PagePath, const PageColor&, const PagePen&) override { return true; }
+    bool Text(const PageText& text) override
+    {
+        EXPECT_NE(role, "");
+        Look(text.color == color);
+        return true;
+    }
+};
+
+TEST_P(FieldsOfEveryKind, GovernExactlyWhatTheySet)
+{
+    const bool linesAreOff = GetParam() == "dots" || GetParam() == "crosses";
+    const Names on = linesAreOff ? Names{"CheckVertLines=on", "CheckHorzLines=on"} : Names();
+    const Paper names(GetParam(), on);
+    for (const Control* const control : names.window->form.Controls()) {
+        const bool isWeight = control->Declared().meaning == Meaning::Weight;
+        if (control->Kind() != ControlKind::Color && !isWeight) {
+            continue;
+        }
+        Paper paper(GetParam(), on);
+        if (GetParam() == "cornell") {
+            paper.Set({"CheckGrid=on"});
+        }
+        paper.Set({std::string(control->Name()) + (isWeight ? "=7.25" : "=#336699")});
+        RoleMatch match;
+        match.governs = control->Declared().governs;
+        const std::string content = paper.Content();
+        ReadPage(content, paper.window->Pdf().Roles(), match);
+        EXPECT_GT(match.both, 0U) << control->Name();
+        EXPECT_EQ(match.wrong, Names()) << control->Name();
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Fields, FieldsOfEveryKind, testing::ValuesIn(KindNames()),
                          [](const auto& tested) { return tested.param; });
 

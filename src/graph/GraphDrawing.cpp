@@ -107,12 +107,14 @@ void GraphDrawing::DrawGridLine(const Axis& axis, double position, double end)
 
 void GraphDrawing::SetMinorStyle(const Axis& axis)
 {
+    pdf.SetRole(axis.roles.minor);
     pdf.SetLineWidth(axis.form.lineThickness);
     pdf.SetRGBColor(page.lineColor);
 }
 
 void GraphDrawing::SetMajorStyle(const Axis& axis)
 {
+    pdf.SetRole(axis.roles.major);
     pdf.SetLineWidth(axis.form.majorWeight);
     pdf.SetRGBColor(page.majorLineColor);
 }
@@ -152,9 +154,11 @@ void GraphDrawing::DrawAxes()
 void GraphDrawing::DrawAxisLines()
 {
     // The weight of the horizontal line is that of the Y row, and the other way round: existing forms have it so.
+    pdf.SetRole("axis.x");
     pdf.SetLineWidth(page.y.weight);
     const double height = y.zero + bottomMargin;
     pdf.StrokeLine(leftMargin, height, x.graphSize + leftMargin, height);
+    pdf.SetRole("axis.y");
     pdf.SetLineWidth(page.x.weight);
     const double across = x.zero + leftMargin;
     pdf.StrokeLine(across, bottomMargin, across, y.graphSize + bottomMargin);
@@ -162,6 +166,7 @@ void GraphDrawing::DrawAxisLines()
 
 void GraphDrawing::DrawXAxisTitle()
 {
+    pdf.SetRole("title.x");
     pdf.SetFont(page.font, page.x.titleTextSize);
     const double w = WidthOf(page.x.title, page.x.titleTextSize);
     if (page.x.titlePlacesItself) {
@@ -176,6 +181,7 @@ void GraphDrawing::DrawXAxisTitle()
 void GraphDrawing::DrawYAxisTitle()
 {
     constexpr double upwards = 90.0;
+    pdf.SetRole("title.y");
     pdf.SetFont(page.font, page.y.titleTextSize);
     const double w = WidthOf(page.y.title, page.y.titleTextSize);
     pdf.SetTextPos(0.0, 0.0);
@@ -190,6 +196,7 @@ void GraphDrawing::DrawYAxisTitle()
 
 void GraphDrawing::DrawTitle()
 {
+    pdf.SetRole("title.page");
     pdf.SetFont(page.font, page.titleSize);
     const double w = WidthOf(page.title, page.titleSize);
     // Unlike those of the axis titles, a given X counts from the edge of the page.

@@ -21,6 +21,7 @@ private:
     /// An axis while it is drawn.
     struct Axis {
         const GraphAxis& form;
+        const AxisRoles& roles;
         double origin;           ///< where it begins on the page
         double usable;           ///< the room along it; once the grid is measured and wanted, the grid's size
         double numLines = 0.0;   ///< whole; the first and the last line included
@@ -72,8 +73,8 @@ private:
     const PageQuestions& ask;
     const double leftMargin = page.frame.leftMargin;
     const double bottomMargin = page.frame.bottomMargin;
-    Axis x{page.x, leftMargin, page.frame.UsableWidth()};
-    Axis y{page.y, bottomMargin, page.frame.UsableHeight()};
+    Axis x{page.x, rolesOfX, leftMargin, page.frame.UsableWidth()};
+    Axis y{page.y, rolesOfY, bottomMargin, page.frame.UsableHeight()};
 };
 
 /// The height that the drawing takes a line of text of that size to have.

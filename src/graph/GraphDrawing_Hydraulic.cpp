@@ -65,6 +65,7 @@ void GraphDrawing::PlotHydraulicAxis(const Axis& axis)
 
 void GraphDrawing::DrawHydraulicNumber(const Axis& axis, double value, double position)
 {
+    pdf.SetRole(axis.roles.numbers);
     const std::string text = mystring(value);
     const double size = axis.form.textSize;
     const double w = WidthOf(text, size);

@@ -76,6 +76,7 @@ void GraphDrawing::PlotLinearAxis(const Axis& axis)
 void GraphDrawing::DrawLinearNumbers(const Axis& axis)
 {
     const GraphAxis& form = axis.form;
+    pdf.SetRole(axis.roles.numbers);
     pdf.SetFont(page.font, form.textSize);
     const double h = TextHeight(form.textSize);
     std::int64_t i = 1;

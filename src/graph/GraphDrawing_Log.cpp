@@ -24,6 +24,7 @@ void GraphDrawing::PlotLogAxis(const Axis& axis)
                 DrawLogNumber(axis, j, positionOf(j));
             }
             if (j < lastMajor) {
+                pdf.SetRole(axis.roles.minor);
                 pdf.SetLineWidth(axis.form.lineThickness);
                 for (int k = 1; k <= minorsPerGap; ++k) {
                     DrawGridLine(axis, positionOf(j + k * minorStep), GridEnd(axis));
@@ -37,6 +38,7 @@ void GraphDrawing::DrawLogNumber(const Axis& axis, double value, double position
 {
     const std::string text = mystring(value);
     const double size = axis.form.textSize;
+    pdf.SetRole(axis.roles.numbers);
     pdf.SetFont(page.font, size);
     const double h = TextHeight(size);
     const double w = WidthOf(text, size);

@@ -30,6 +30,7 @@ std::string_view FieldOf(std::string_view line, int number)
 void GraphDrawing::PlotMarkers()
 {
     const auto nextLine = ask.askForMarkers();
+    pdf.SetRole("marker");
     std::string line;
     while (nextLine(line)) {
         PlotMarker(line);

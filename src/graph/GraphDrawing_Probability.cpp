@@ -20,8 +20,10 @@ void GraphDrawing::PlotProbabilityYAxis()
     pdf.SetFont(page.font, page.y.textSize);
     for (const double percentage : percentages) {
         const double height = ShareOfProbabilityScale(percentage) * y.usable + bottomMargin;
+        pdf.SetRole("grid.y.probability");
         pdf.StrokeLine(leftMargin, height, leftMargin + x.usable, height);
         const std::string text = mystring(percentage);
+        pdf.SetRole(y.roles.numbers);
         pdf.SetTextPos(leftMargin - WidthOf(text, page.y.textSize) - 5.0, height - 2.0);
         pdf.Show(text);
         turns.RuntimeBackgroundTask();

@@ -29,22 +29,27 @@ std::vector<std::string_view> AxisTypes(AxisName axis)
     return types;
 }
 
-/// A field of a table. Only the X row has labels of its own.
-Traits Column(AxisName axis, Meaning meaning, Name label = {})
+const AxisRoles& RolesOf(AxisName axis)
 {
-    return {.label = Of(axis, label, {}), .captionAbove = true, .meaning = meaning};
+    return axis == AxisName::x ? rolesOfX : rolesOfY;
 }
 
-Traits WeightColumn(AxisName axis, Name linesOfX, Name linesOfY)
+/// A field of a table. Only the X row has labels of its own.
+Traits Column(AxisName axis, Meaning meaning, const RoleSet& roles, Name label = {})
 {
-    Traits traits = Column(axis, Meaning::Weight);
+    return {.label = Of(axis, label, {}), .captionAbove = true, .meaning = meaning, .governs = roles};
+}
+
+Traits WeightColumn(AxisName axis, Role role, Name linesOfX, Name linesOfY)
+{
+    Traits traits = Column(axis, Meaning::Weight, {role});
     traits.sets = Of(axis, linesOfX, linesOfY);
     return traits;
 }
 
 Traits Density(AxisName axis)
 {
-    Traits traits = Column(axis, Meaning::GridDensity, "StaticTextLinesPerUnit");
+    Traits traits = Column(axis, Meaning::GridDensity, {RolesOf(axis).grid}, "StaticTextLinesPerUnit");
     traits.unitRule = UnitRule::CountPerUnit;
     traits.fullName = Of(axis, "X Grid, lines per unit", "Y Grid, lines per unit");
     return traits;
@@ -58,27 +63,42 @@ AxisType TypeOf(const Popup& popup)
 }  // namespace
 
 GridRow::GridRow(PaperForm& form, AxisName axis)
-    : type{form, Group::Spacing, Of(axis, "PopupXAxis", "PopupYAxis"), Of(axis, "X Grid:", "Y Grid:"),
-           AxisTypes(axis)},
+    : type{form,
+           Group::Spacing,
+           Of(axis, "PopupXAxis", "PopupYAxis"),
+           Of(axis, "X Grid:", "Y Grid:"),
+           AxisTypes(axis),
+           0,
+           {.governs = {RolesOf(axis).grid, RolesOf(axis).numbers}}},
       lineSpacing{form,       Group::Spacing, Of(axis, "EditXLineSpacing", "EditYLineSpacing"),
                   "Lines/in", "10",           Density(axis)},
-      lineThickness{form,     Group::Spacing, Of(axis, "EditXLineThickness", "EditYLineThickness"),
-                    "Weight", ".1",           WeightColumn(axis, "vertical grid lines", "horizontal grid lines")},
+      lineThickness{form,
+                    Group::Spacing,
+                    Of(axis, "EditXLineThickness", "EditYLineThickness"),
+                    "Weight",
+                    ".1",
+                    WeightColumn(axis, RolesOf(axis).minor, "vertical grid lines", "horizontal grid lines")},
       major{form,
             Group::Spacing,
             Of(axis, "EditXMajor", "EditYMajor"),
             "Major Spacing",
             "5",
-            Column(axis, Meaning::GridLines)},
-      majorWeight{
-          form,           Group::Spacing, Of(axis, "EditXMajorWeight", "EditYMajorWeight"),
-          "Major Weight", ".7",           WeightColumn(axis, "major vertical lines", "major horizontal lines")},
+            Column(axis, Meaning::GridLines, {RolesOf(axis).major})},
+      majorWeight{form,
+                  Group::Spacing,
+                  Of(axis, "EditXMajorWeight", "EditYMajorWeight"),
+                  "Major Weight",
+                  ".7",
+                  WeightColumn(axis, RolesOf(axis).major, "major vertical lines", "major horizontal lines")},
       hydraulicExponent{form,
                         Group::Spacing,
                         Of(axis, "EditXHydraulicExponent", "EditYHydraulicExponent"),
                         "Hydraulic\rExponent",
                         "1.85",
-                        {.captionAbove = true, .enabled = false, .meaning = Meaning::Exponent}}
+                        {.captionAbove = true,
+                         .enabled = false,
+                         .meaning = Meaning::Exponent,
+                         .governs = {RolesOf(axis).grid, RolesOf(axis).numbers}}}
 {}
 
 AxisRow::AxisRow(PaperForm& form, AxisName axis)
@@ -88,24 +108,33 @@ AxisRow::AxisRow(PaperForm& form, AxisName axis)
               Of(axis, "EditXAxisMinimum", "EditYAxisMinimum"),
               "Minimum",
               Of(axis, "-35", "-45"),
-              Column(axis, Meaning::AxisValue, "StaticText13")},
-      maximum{form,      Group::Axes,          Of(axis, "EditXAxisMaximum", "EditYAxisMaximum"),
-              "Maximum", Of(axis, "35", "45"), Column(axis, Meaning::AxisValue)},
+              Column(axis, Meaning::AxisValue, {RolesOf(axis).numbers, RolesOf(axis).major}, "StaticText13")},
+      maximum{form,
+              Group::Axes,
+              Of(axis, "EditXAxisMaximum", "EditYAxisMaximum"),
+              "Maximum",
+              Of(axis, "35", "45"),
+              Column(axis, Meaning::AxisValue, {RolesOf(axis).numbers, RolesOf(axis).grid})},
       step{form,   Group::Axes, Of(axis, "EditXAxisStep", "EditYAxisStep"),
-           "Step", "1",         Column(axis, Meaning::AxisStep, "StaticText14")},
-      spacing{form,      Group::Axes, Of(axis, "EditXAxisSpacing", "EditYAxisSpacing"),
-              "Spacing", "5",         Column(axis, Meaning::NumberSpacing, "StaticText15")},
-      weight{form,     Group::Axes, Of(axis, "EditXAxisWeight", "EditYAxisWeight"),
-             "Weight", "1.5",       WeightColumn(axis, "vertical axis line", "horizontal axis line")},
+           "Step", "1",         Column(axis, Meaning::AxisStep, {RolesOf(axis).numbers}, "StaticText14")},
+      spacing{
+          form,      Group::Axes, Of(axis, "EditXAxisSpacing", "EditYAxisSpacing"),
+          "Spacing", "5",         Column(axis, Meaning::NumberSpacing, {RolesOf(axis).numbers}, "StaticText15")},
+      weight{form,
+             Group::Axes,
+             Of(axis, "EditXAxisWeight", "EditYAxisWeight"),
+             "Weight",
+             "1.5",
+             WeightColumn(axis, RolesOf(axis).line, "vertical axis line", "horizontal axis line")},
       textSize{form,        Group::Axes, Of(axis, "EditXAxisTextSize", "EditYAxisTextSize"),
-               "Text Size", "12",        Column(axis, Meaning::FontSize)},
+               "Text Size", "12",        Column(axis, Meaning::FontSize, {RolesOf(axis).numbers})},
       numberType{form,
                  Group::Axes,
                  Of(axis, "PopupXAxisType", "PopupYAxisType"),
                  "Numbers",
                  {"Numeric", "Trigonometric"},
                  0,
-                 {.captionAbove = true}}
+                 {.captionAbove = true, .governs = {RolesOf(axis).numbers}}}
 {}
 
 AxisTitleRow::AxisTitleRow(PaperForm& form, AxisName axis)
@@ -114,19 +143,30 @@ AxisTitleRow::AxisTitleRow(PaperForm& form, AxisName axis)
             Of(axis, "EditXAxisTitle", "EditYAxisTitle"),
             "Title:",
             Of(axis, "X-Axis Title", "Y-Axis Title"),
-            {.meaning = Meaning::Prose, .fullName = Of(axis, "X axis title", "Y axis title"), .coversLines = true}},
+            {.meaning = Meaning::Prose,
+             .fullName = Of(axis, "X axis title", "Y axis title"),
+             .governs = {RolesOf(axis).title},
+             .coversLines = true}},
       autoPosition{form,       Group::Text, Of(axis, "CheckAutoPosXAxisText", "CheckAutoPosYAxisText"),
-                   "Auto Pos", false,       {.beside = true}},
-      textSize{form,        Group::Text, Of(axis, "EditXAxisTitleTextSize", "EditYAxisTitleTextSize"),
-               "Text Size", "16",        {.beside = true, .meaning = Meaning::FontSize}},
+                   "Auto Pos", false,       {.beside = true, .governs = {RolesOf(axis).title}}},
+      textSize{form,
+               Group::Text,
+               Of(axis, "EditXAxisTitleTextSize", "EditYAxisTitleTextSize"),
+               "Text Size",
+               "16",
+               {.beside = true, .meaning = Meaning::FontSize, .governs = {RolesOf(axis).title}}},
       titleX{form,
              Group::Text,
              Of(axis, "EditXAxisTitleX", "EditYAxisTitleX"),
              "X:",
              Of(axis, "2.9", "3.1"),
-             {.beside = true, .meaning = Meaning::Length}},
-      titleY{form, Group::Text,          Of(axis, "EditXAxisTitleY", "EditYAxisTitleY"),
-             "Y:", Of(axis, "6.4", "4"), {.beside = true, .meaning = Meaning::Length}}
+             {.beside = true, .meaning = Meaning::Length, .governs = {RolesOf(axis).title}}},
+      titleY{form,
+             Group::Text,
+             Of(axis, "EditXAxisTitleY", "EditYAxisTitleY"),
+             "Y:",
+             Of(axis, "6.4", "4"),
+             {.beside = true, .meaning = Meaning::Length, .governs = {RolesOf(axis).title}}}
 {}
 
 GraphForm::GraphForm() : PaperForm({.top = "1.5", .bottom = "0.5", .left = "0.75", .right = "0.75"})

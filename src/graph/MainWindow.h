@@ -18,6 +18,18 @@ inline bool IsLog(AxisType type)
 
 enum class AxisName { x, y };
 
+/// The roles that the controls of an axis govern.
+struct AxisRoles {
+    Role grid;
+    Role minor;
+    Role major;
+    Role line;  ///< the axis line across: each row's weight is that of the other one's line
+    Role numbers;
+    Role title;
+};
+inline constexpr AxisRoles rolesOfX = {"grid.x", "grid.x.minor", "grid.x.major", "axis.y", "number.x", "title.x"};
+inline constexpr AxisRoles rolesOfY = {"grid.y", "grid.y.minor", "grid.y.major", "axis.x", "number.y", "title.y"};
+
 /// The grid of one axis: a row of a table whose columns the X row names.
 struct GridRow {
     Popup type;
@@ -73,28 +85,48 @@ struct GraphForm final : PaperForm {
     GridRow yGrid{*this, AxisName::y};
     AxisRow xAxis{*this, AxisName::x};
     AxisRow yAxis{*this, AxisName::y};
-    CheckBox CheckBoxShowAxes{*this, Group::Axes, "CheckBoxShowAxes", "Show Axes", true};
-    CheckBox CheckBoxMarkers{*this, Group::Axes, "CheckBoxMarkers", "Add Markers", false, {.beside = true}};
-    Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Line Color", black};
-    Swatch MajorLineColorCanvas{*this, Group::Lines,    "MajorLineColorCanvas", "Major Line Color",
-                                black, {.beside = true}};
-    Swatch BackgroundColorCanvas{*this, Group::Lines,    "BackgroundColorCanvas", "Background Color",
-                                 white, {.beside = true}};
+    CheckBox CheckBoxShowAxes{*this,       Group::Axes, "CheckBoxShowAxes",
+                              "Show Axes", true,        {.governs = {"axis", "number", "title.x", "title.y"}}};
+    CheckBox CheckBoxMarkers{*this,         Group::Axes, "CheckBoxMarkers",
+                             "Add Markers", false,       {.beside = true, .governs = {"marker"}}};
+    Swatch LineColorCanvas{
+        *this,        Group::Lines, "LineColorCanvas",
+        "Line Color", black,        {.governs = {"grid.x.minor", "grid.y.minor", "grid.y.probability"}}};
+    Swatch MajorLineColorCanvas{*this,
+                                Group::Lines,
+                                "MajorLineColorCanvas",
+                                "Major Line Color",
+                                black,
+                                {.beside = true, .governs = {"grid.x.major", "grid.y.major"}}};
+    Swatch BackgroundColorCanvas{*this,
+                                 Group::Lines,
+                                 "BackgroundColorCanvas",
+                                 "Background Color",
+                                 white,
+                                 {.beside = true, .governs = {"background"}}};
     TextField EditTitle{*this,
                         Group::Text,
                         "EditTitle",
                         "Title:",
                         "A Sample Graph Paper",
-                        {.meaning = Meaning::Prose, .fullName = "Page title"}};
+                        {.meaning = Meaning::Prose, .fullName = "Page title", .governs = {"title.page"}}};
     TextField EditTitleSize{
-        *this,   Group::Text, "EditTitleSize",
-        "Size:", "20",        {.beside = true, .meaning = Meaning::FontSize, .fullName = "Page title, Size"}};
-    TextField EditTitleX{*this, Group::Text, "EditTitleX",
-                         "X:",  "2.6",       {.beside = true, .meaning = Meaning::TitlePlace}};
-    TextField EditTitleY{*this, Group::Text, "EditTitleY", "Y:", "1", {.beside = true, .meaning = Meaning::Length}};
+        *this,
+        Group::Text,
+        "EditTitleSize",
+        "Size:",
+        "20",
+        {.beside = true, .meaning = Meaning::FontSize, .fullName = "Page title, Size", .governs = {"title.page"}}};
+    TextField EditTitleX{
+        *this, Group::Text, "EditTitleX",
+        "X:",  "2.6",       {.beside = true, .meaning = Meaning::TitlePlace, .governs = {"title.page"}}};
+    TextField EditTitleY{
+        *this, Group::Text, "EditTitleY",
+        "Y:",  "1",         {.beside = true, .meaning = Meaning::Length, .governs = {"title.page"}}};
     AxisTitleRow xTitle{*this, AxisName::x};
     AxisTitleRow yTitle{*this, AxisName::y};
-    Popup PopupFont1{*this, Group::Text, "PopupFont1", "Font:", FontNames(), 4};
+    Popup PopupFont1{
+        *this, Group::Text, "PopupFont1", "Font:", FontNames(), 4, {.governs = {"number", "title", "marker"}}};
     ShiftClickNote note{*this, "StaticTextShiftClick"};
 
     GraphForm();

@@ -48,6 +48,7 @@ void Draw(const BrickPage& page, MyPDFGenerator& pdf, Turns& turns)
     const CellGrid& grid = page.grid;
     pdf.SetRGBColor(page.linesColor);
     DrawHorizontalLines(grid, pdf, turns);
+    pdf.SetRole("joint");
     pdf.SetLineWidth(grid.vertLineWeight);
     for (double row = 0.0; row < grid.rows && grid.columns >= 0.0; row += 1.0) {  // none stands on the top line
         for (double column = 0.0; column <= grid.columns; column += 1.0) {

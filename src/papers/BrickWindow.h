@@ -20,6 +20,7 @@ struct BrickForm final : PaperForm {
                               .beside = true,
                               .meaning = Meaning::Weight,
                               .sets = "horizontal lines",
+                              .governs = {"grid.horizontal"},
                               .apart = &EditVertSpacing}};
     TextField EditHorzSpacing{
         *this, Group::Spacing, "EditHorzSpacing", "Horizontal Spacing:", ".75", SpacingFields::horizontal};
@@ -32,14 +33,16 @@ struct BrickForm final : PaperForm {
                               .beside = true,
                               .meaning = Meaning::Weight,
                               .sets = "joints between the bricks",
+                              .governs = {"joint"},
                               .apart = &EditHorzSpacing}};
-    Swatch LinesColorCanvas{*this, Group::Lines, "LinesColorCanvas", "Line Color", black, {.label = "StaticText5"}};
+    Swatch LinesColorCanvas{*this,        Group::Lines, "LinesColorCanvas",
+                            "Line Color", black,        {.label = "StaticText5", .governs = {"grid", "joint"}}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,
                                  "BackgroundColorCanvas",
                                  "Background Color",
                                  white,
-                                 {.label = "StaticText28", .beside = true}};
+                                 {.label = "StaticText28", .beside = true, .governs = {"background"}}};
     ShiftClickNote note{*this, "StaticText27"};
 };
 

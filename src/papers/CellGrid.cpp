@@ -11,7 +11,12 @@ SpacingFields::SpacingFields(PaperForm& form, std::string_view verticalText, std
 {}
 
 LineFields::LineFields(PaperForm& form, const SpacingFields& spacing, bool linesOn)
-    : CheckVertLines{form, Group::Lines, "CheckVertLines", "Vertical Lines", linesOn},
+    : CheckVertLines{form,
+                     Group::Lines,
+                     "CheckVertLines",
+                     "Vertical Lines",
+                     linesOn,
+                     {.governs = {"grid.vertical"}}},
       EditHorzWeight{form,
                      Group::Lines,
                      "EditHorzWeight",
@@ -22,9 +27,11 @@ LineFields::LineFields(PaperForm& form, const SpacingFields& spacing, bool lines
                       .enabledBy = &CheckVertLines,
                       .meaning = Meaning::Weight,
                       .sets = "horizontal lines",
+                      .governs = {"grid.horizontal"},
                       .drawnBy = &CheckHorzLines,
                       .apart = &spacing.EditVertSpacing}},
-      CheckHorzLines{form, Group::Lines, "CheckHorzLines", "Horizontal Lines", linesOn},
+      CheckHorzLines{
+          form, Group::Lines, "CheckHorzLines", "Horizontal Lines", linesOn, {.governs = {"grid.horizontal"}}},
       EditVertWeight{form,
                      Group::Lines,
                      "EditVertWeight",
@@ -35,6 +42,7 @@ LineFields::LineFields(PaperForm& form, const SpacingFields& spacing, bool lines
                       .enabledBy = &CheckHorzLines,
                       .meaning = Meaning::Weight,
                       .sets = "vertical lines",
+                      .governs = {"grid.vertical"},
                       .drawnBy = &CheckVertLines,
                       .apart = &spacing.EditHorzSpacing}}
 {}
@@ -73,6 +81,7 @@ CellGrid FitCells(const PageFrame& frame, const SpacingFields& spacing, const Li
 
 void DrawHorizontalLines(const CellGrid& grid, MyPDFGenerator& pdf, Turns& turns)
 {
+    pdf.SetRole("grid.horizontal");
     pdf.SetLineWidth(grid.horzLineWeight);
     for (double i = 0.0; i <= grid.rows; i += 1.0) {
         pdf.StrokeLine(grid.left, grid.RowY(i), grid.ColumnX(grid.columns), grid.RowY(i));
@@ -82,6 +91,7 @@ void DrawHorizontalLines(const CellGrid& grid, MyPDFGenerator& pdf, Turns& turns
 
 void DrawVerticalLines(const CellGrid& grid, MyPDFGenerator& pdf, Turns& turns)
 {
+    pdf.SetRole("grid.vertical");
     pdf.SetLineWidth(grid.vertLineWeight);
     for (double i = 0.0; i <= grid.columns; i += 1.0) {
         pdf.StrokeLine(grid.ColumnX(i), grid.bottom, grid.ColumnX(i), grid.RowY(grid.rows));

@@ -19,10 +19,14 @@ struct SpacingFields {
 
     SpacingFields(PaperForm& form, std::string_view vertical, std::string_view horizontal);
 
-    static constexpr Traits vertical{
-        .label = "StaticText1", .meaning = Meaning::Spacing, .unitRule = UnitRule::Length};
-    static constexpr Traits horizontal{
-        .label = "StaticText24", .meaning = Meaning::Spacing, .unitRule = UnitRule::Length};
+    static constexpr Traits vertical{.label = "StaticText1",
+                                     .meaning = Meaning::Spacing,
+                                     .unitRule = UnitRule::Length,
+                                     .governs = {"grid.horizontal", "dot", "cross"}};
+    static constexpr Traits horizontal{.label = "StaticText24",
+                                       .meaning = Meaning::Spacing,
+                                       .unitRule = UnitRule::Length,
+                                       .governs = {"grid.vertical", "joint", "dot", "cross"}};
 };
 
 /// The weights of the lines and their check boxes. A box and the field beside it do not belong together: the box

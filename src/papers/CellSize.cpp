@@ -2,29 +2,42 @@
 
 namespace linealis {
 
-CellSizeFields::CellSizeFields(PaperForm& form, std::string_view lineWeight, std::string_view lines)
-    : EditSize{form,         Group::Spacing, "EditSize",
-               "Cell Size:", "0.5",          {.meaning = Meaning::CellSize, .unitRule = UnitRule::Length}},
-      EditLineThickness{
-          form,           Group::Lines, "EditLineThickness",
-          "Line Weight:", lineWeight,   {.meaning = Meaning::Weight, .sets = lines, .apart = &EditSize}}
+CellSizeFields::CellSizeFields(PaperForm& form, std::string_view lineWeight, std::string_view lines,
+                               const RoleSet& roles)
+    : EditSize{form,
+               Group::Spacing,
+               "EditSize",
+               "Cell Size:",
+               "0.5",
+               {.meaning = Meaning::CellSize, .unitRule = UnitRule::Length, .governs = {"grid", "cell"}}},
+      EditLineThickness{form,
+                        Group::Lines,
+                        "EditLineThickness",
+                        "Line Weight:",
+                        lineWeight,
+                        {.meaning = Meaning::Weight, .sets = lines, .governs = roles, .apart = &EditSize}}
 {}
 
-MinorWeightField::MinorWeightField(PaperForm& form, std::string_view lines, const CheckBox* drawnBy)
+MinorWeightField::MinorWeightField(PaperForm& form, std::string_view lines, const RoleSet& roles,
+                                   const CheckBox* drawnBy)
     : EditMinorLineThickness{form,
                              Group::Lines,
                              "EditMinorLineThickness",
                              "Minor Line Weight:",
                              ".15",
-                             {.meaning = Meaning::Weight, .sets = lines, .drawnBy = drawnBy}}
+                             {.meaning = Meaning::Weight, .sets = lines, .governs = roles, .drawnBy = drawnBy}}
 {}
 
 CellFrameFields::CellFrameFields(PaperForm& form)
-    : CheckBoxFrame{form, Group::Lines, "CheckBoxFrame", "Draw Frame", true}, LineColorCanvas{form, Group::Lines,
-                                                                                              "LineColorCanvas",
-                                                                                              "Line Color", black},
-      BackgroundColorCanvas{form,  Group::Lines,    "BackgroundColorCanvas", "Background Color",
-                            white, {.beside = true}},
+    : CheckBoxFrame{form, Group::Lines, "CheckBoxFrame", "Draw Frame", true, {.governs = {"frame"}}},
+      LineColorCanvas{form,         Group::Lines, "LineColorCanvas",
+                      "Line Color", black,        {.governs = {"frame", "grid", "cell"}}},
+      BackgroundColorCanvas{form,
+                            Group::Lines,
+                            "BackgroundColorCanvas",
+                            "Background Color",
+                            white,
+                            {.beside = true, .governs = {"background"}}},
       note{form, "StaticTextShiftClick"}
 {}
 
@@ -52,6 +65,7 @@ void DrawFrame(const Area& area, MyPDFGenerator& pdf)
 {
     const double right = area.Right();
     const double top = area.Top();
+    pdf.SetRole("frame");
     pdf.StrokeLine(area.left, area.bottom, right, area.bottom);
     pdf.StrokeLine(right, area.bottom, right, top);
     pdf.StrokeLine(right, top, area.left, top);

@@ -13,15 +13,15 @@ struct CellSizeFields {
     TextField EditSize;
     TextField EditLineThickness;
 
-    /// `lines` are what the weight sets.
-    CellSizeFields(PaperForm& form, std::string_view lineWeight, std::string_view lines);
+    /// `lines` are what the weight sets, `roles` are theirs.
+    CellSizeFields(PaperForm& form, std::string_view lineWeight, std::string_view lines, const RoleSet& roles);
 };
 
 struct MinorWeightField {
     TextField EditMinorLineThickness;
 
     /// `drawnBy` is the box without which the lines are not drawn; null: there is not one alone.
-    MinorWeightField(PaperForm& form, std::string_view lines, const CheckBox* drawnBy);
+    MinorWeightField(PaperForm& form, std::string_view lines, const RoleSet& roles, const CheckBox* drawnBy);
 };
 
 /// The last fields of such a form.

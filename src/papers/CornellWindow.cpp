@@ -38,11 +38,11 @@ public:
 private:
     void DrawHeader();
     /// A box `drop` points below the header's top, with its caption and the value of its field.
-    void DrawHeaderBox(Span across, double drop, std::string_view caption, const std::string& value,
+    void DrawHeaderBox(Span across, double drop, std::string_view caption, Role role, const std::string& value,
                        double valueOffset);
     void DrawBox(double left, double bottom, double right, double top);
     /// A box that counts from the left and the bottom margin.
-    void DrawArea(Span across, Span up);
+    void DrawArea(Role role, Span across, Span up);
     void DrawRuling(Span across, Span up);
     void DrawColumns(Span across, Span up);
 
@@ -72,9 +72,9 @@ void CornellDrawing::DoGraph()
 
     const Span boxes = NotesUp(page, usableHeight);
     const Span summary = page.summaryIsBottom ? Span{0.0, boxes.from} : Span{boxes.to, usableHeight};
-    DrawArea(cue, boxes);
-    DrawArea(note, boxes);
-    DrawArea({0.0, usableWidth}, summary);
+    DrawArea("box.cue", cue, boxes);
+    DrawArea("box.note", note, boxes);
+    DrawArea("box.summary", {0.0, usableWidth}, summary);
     DrawRuling(note, boxes);
     if (page.drawsGrid) {
         DrawColumns(note, boxes);
@@ -85,20 +85,23 @@ void CornellDrawing::DrawHeader()
 {
     const Span wide{left, left + 0.68 * usableWidth};
     const Span narrow{left + 0.7 * usableWidth, left + usableWidth};
-    DrawHeaderBox(wide, 0.0, "Name", page.name, 28.0);
-    DrawHeaderBox(narrow, 0.0, "Date", page.date, 38.0);
-    DrawHeaderBox(wide, headerRowPitch, "Topic", page.topic, 32.0);
-    DrawHeaderBox(narrow, headerRowPitch, "Subject", page.subject, 38.0);
+    DrawHeaderBox(wide, 0.0, "Name", "text.name", page.name, 28.0);
+    DrawHeaderBox(narrow, 0.0, "Date", "text.date", page.date, 38.0);
+    DrawHeaderBox(wide, headerRowPitch, "Topic", "text.topic", page.topic, 32.0);
+    DrawHeaderBox(narrow, headerRowPitch, "Subject", "text.subject", page.subject, 38.0);
 }
 
-void CornellDrawing::DrawHeaderBox(Span across, double drop, std::string_view caption, const std::string& value,
-                                   double valueOffset)
+void CornellDrawing::DrawHeaderBox(Span across, double drop, std::string_view caption, Role role,
+                                   const std::string& value, double valueOffset)
 {
     const double topY = bottom + usableHeight;
+    pdf.SetRole("box.header");
     DrawBox(across.from, topY - (drop + headerBoxHeight), across.to, topY - drop);
+    pdf.SetRole("caption");
     pdf.SetFont(headerFont, captionSize);
     pdf.SetTextPos(across.from + 3.0, topY - (drop + 7.0));
     pdf.Show(caption);
+    pdf.SetRole(role);
     pdf.SetFont(headerFont, page.textSize);
     pdf.SetTextPos(across.from + valueOffset, topY - (drop + 15.0));
     pdf.Show(value);
@@ -115,13 +118,15 @@ void CornellDrawing::DrawBox(double boxLeft, double boxBottom, double boxRight, 
     pdf.Stroke();
 }
 
-void CornellDrawing::DrawArea(Span across, Span up)
+void CornellDrawing::DrawArea(Role role, Span across, Span up)
 {
+    pdf.SetRole(role);
     DrawBox(left + across.from, bottom + up.from, left + across.to, bottom + up.to);
 }
 
 void CornellDrawing::DrawRuling(Span across, Span up)
 {
+    pdf.SetRole("line.ruled");
     pdf.SetLineWidth(page.LineThicknessHorz);
     for (double y = up.from; y <= up.to; y += page.lineSpace) {
         pdf.StrokeLine(left + across.from, bottom + y, left + across.to, bottom + y);
@@ -134,6 +139,7 @@ void CornellDrawing::DrawRuling(Span across, Span up)
 
 void CornellDrawing::DrawColumns(Span across, Span up)
 {
+    pdf.SetRole("line.column");
     for (double x = left + across.from; x <= left + across.to; x += page.lineSpace) {
         pdf.StrokeLine(x, bottom + up.from, x, bottom + up.to);
         turns.RuntimeBackgroundTask();

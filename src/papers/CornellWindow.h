@@ -14,7 +14,7 @@ struct CornellForm final : PaperForm {
                               "EditHorzSpacing",
                               "Line Spacing:",
                               "5",
-                              {.label = "StaticText25", .meaning = Meaning::LinesPerUnit}};
+                              {.label = "StaticText25", .meaning = Meaning::LinesPerUnit, .governs = {"line"}}};
     Label StaticHorzUnit{*this, Group::Spacing, "StaticHorzUnit", "-", {.beside = true}, {"per inch", "per cm"}};
     TextField EditLineThicknessHorz{*this,
                                     Group::Spacing,
@@ -25,56 +25,102 @@ struct CornellForm final : PaperForm {
                                      .beside = true,
                                      .meaning = Meaning::Weight,
                                      .sets = "lines of the note area",
+                                     .governs = {"line"},
                                      .apart = &EditHorzSpacing}};
-    CheckBox CheckGrid{*this, Group::Spacing, "CheckGrid", "Grid", false, {.beside = true}};
-    TextField EditNoteWidth{*this,    Group::Spacing, "EditNoteWidth",
-                            "Width:", "70",           {.label = "StaticText27", .meaning = Meaning::Share}};
+    CheckBox CheckGrid{*this,  Group::Spacing, "CheckGrid",
+                       "Grid", false,          {.beside = true, .governs = {"line.column"}}};
+    TextField EditNoteWidth{
+        *this,
+        Group::Spacing,
+        "EditNoteWidth",
+        "Width:",
+        "70",
+        {.label = "StaticText27", .meaning = Meaning::Share, .governs = {"box.cue", "box.note", "line"}}};
     Label StaticText31{*this, Group::Spacing, "StaticText31", "%", {.beside = true}};
-    TextField EditNoteHeight{
-        *this,     Group::Spacing, "EditNoteHeight",
-        "Height:", "83",           {.label = "StaticText30", .beside = true, .meaning = Meaning::Share}};
+    TextField EditNoteHeight{*this,
+                             Group::Spacing,
+                             "EditNoteHeight",
+                             "Height:",
+                             "83",
+                             {.label = "StaticText30",
+                              .beside = true,
+                              .meaning = Meaning::Share,
+                              .governs = {"box.cue", "box.note", "box.summary", "line"}}};
     Label StaticText32{*this, Group::Spacing, "StaticText32", "%", {.beside = true}};
-    CheckBox CheckCueLeft{*this, Group::Lines, "CheckCueLeft", "Cue Area on Left", true};
-    CheckBox CheckSummaryBottom{*this, Group::Lines,    "CheckSummaryBottom", "Summary Area on Bottom",
-                                true,  {.beside = true}};
+    CheckBox CheckCueLeft{*this,          Group::Lines,
+                          "CheckCueLeft", "Cue Area on Left",
+                          true,           {.governs = {"box.cue", "box.note", "line"}}};
+    CheckBox CheckSummaryBottom{*this,
+                                Group::Lines,
+                                "CheckSummaryBottom",
+                                "Summary Area on Bottom",
+                                true,
+                                {.beside = true, .governs = {"box.cue", "box.note", "box.summary", "line"}}};
     TextField EditCueWeight{
-        *this,          Group::Lines, "EditCueWeight",
-        "Line Weight:", ".5",         {.label = "StaticText28", .meaning = Meaning::Weight, .sets = "boxes"}};
-    Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Line Color", black, {.label = "StaticText4"}};
+        *this,
+        Group::Lines,
+        "EditCueWeight",
+        "Line Weight:",
+        ".5",
+        {.label = "StaticText28", .meaning = Meaning::Weight, .sets = "boxes", .governs = {"box"}}};
+    Swatch LineColorCanvas{
+        *this,        Group::Lines, "LineColorCanvas",
+        "Line Color", black,        {.label = "StaticText4", .governs = {"box", "line", "text", "caption"}}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,
                                  "BackgroundColorCanvas",
                                  "Background Color",
                                  white,
-                                 {.label = "StaticText33", .beside = true}};
-    CheckBox CheckBoxTopicArea{*this, Group::Text, "CheckBoxTopicArea", "Topic Area", true};
-    TextField EditName{
-        *this,   Group::Text,  "EditName",
-        "Name:", "Ned Fallow", {.label = "StaticName", .enabledBy = &CheckBoxTopicArea, .meaning = Meaning::Prose}};
-    TextField EditDate{
-        *this,
-        Group::Text,
-        "EditDate",
-        "Date:",
-        "",
-        {.label = "StaticDate", .beside = true, .enabledBy = &CheckBoxTopicArea, .meaning = Meaning::Prose}};
+                                 {.label = "StaticText33", .beside = true, .governs = {"background"}}};
+    CheckBox CheckBoxTopicArea{*this,        Group::Text, "CheckBoxTopicArea",
+                               "Topic Area", true,        {.governs = {"box.header", "caption", "text"}}};
+    TextField EditName{*this,
+                       Group::Text,
+                       "EditName",
+                       "Name:",
+                       "Ned Fallow",
+                       {.label = "StaticName",
+                        .enabledBy = &CheckBoxTopicArea,
+                        .meaning = Meaning::Prose,
+                        .governs = {"text.name"}}};
+    TextField EditDate{*this,
+                       Group::Text,
+                       "EditDate",
+                       "Date:",
+                       "",
+                       {.label = "StaticDate",
+                        .beside = true,
+                        .enabledBy = &CheckBoxTopicArea,
+                        .meaning = Meaning::Prose,
+                        .governs = {"text.date"}}};
     TextField EditTopic{*this,
                         Group::Text,
                         "EditTopic",
                         "Topic:",
                         "English Term paper",
-                        {.label = "StaticTopic", .enabledBy = &CheckBoxTopicArea, .meaning = Meaning::Prose}};
-    TextField EditSubject{
-        *this,
-        Group::Text,
-        "EditSubject",
-        "Subject:",
-        "Writing",
-        {.label = "StaticSubject", .beside = true, .enabledBy = &CheckBoxTopicArea, .meaning = Meaning::Prose}};
-    TextField EditTextSize{
-        *this,          Group::Text,
-        "EditTextSize", "Text Size:",
-        "12",           {.label = "StaticTextSize", .enabledBy = &CheckBoxTopicArea, .meaning = Meaning::FontSize}};
+                        {.label = "StaticTopic",
+                         .enabledBy = &CheckBoxTopicArea,
+                         .meaning = Meaning::Prose,
+                         .governs = {"text.topic"}}};
+    TextField EditSubject{*this,
+                          Group::Text,
+                          "EditSubject",
+                          "Subject:",
+                          "Writing",
+                          {.label = "StaticSubject",
+                           .beside = true,
+                           .enabledBy = &CheckBoxTopicArea,
+                           .meaning = Meaning::Prose,
+                           .governs = {"text.subject"}}};
+    TextField EditTextSize{*this,
+                           Group::Text,
+                           "EditTextSize",
+                           "Text Size:",
+                           "12",
+                           {.label = "StaticTextSize",
+                            .enabledBy = &CheckBoxTopicArea,
+                            .meaning = Meaning::FontSize,
+                            .governs = {"text"}}};
     ShiftClickNote note{*this, "StaticText26"};
 
     void Event_Open(const Platform& platform) override;

@@ -40,6 +40,7 @@ void Draw(const CrossPage& page, MyPDFGenerator& pdf, Turns& turns)
 {
     pdf.SetRGBColor(page.linesColor);
     DrawChosenLines(page.grid, pdf, turns);
+    pdf.SetRole("cross");
     pdf.SetLineWidth(page.crossWeight);
     pdf.SetRGBColor(page.crossColor);
     const Mark& cross = page.cross;

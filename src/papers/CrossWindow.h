@@ -11,29 +11,40 @@ namespace linealis {
 struct CrossForm final : PaperForm {
     SpacingFields spacing{*this, ".5", ".5"};
     // Lengths too, but a change of units leaves their numbers alone.
-    TextField EditCrossHeight{
-        *this,           Group::Spacing, "EditCrossHeight",
-        "Cross Height:", ".15",          {.label = "StaticText25", .meaning = Meaning::MarkSize}};
-    TextField EditCrossWidth{
-        *this,          Group::Spacing, "EditCrossWidth",
-        "Cross Width:", ".15",          {.label = "StaticText26", .meaning = Meaning::MarkSize}};
-    TextField EditCrossWeight{
-        *this,
-        Group::Spacing,
-        "EditCrossWeight",
-        "Cross Weight:",
-        "1",
-        {.label = "StaticText3", .meaning = Meaning::Weight, .sets = "crosses", .apart = &spacing.EditHorzSpacing}};
+    TextField EditCrossHeight{*this,
+                              Group::Spacing,
+                              "EditCrossHeight",
+                              "Cross Height:",
+                              ".15",
+                              {.label = "StaticText25", .meaning = Meaning::MarkSize, .governs = {"cross"}}};
+    TextField EditCrossWidth{*this,
+                             Group::Spacing,
+                             "EditCrossWidth",
+                             "Cross Width:",
+                             ".15",
+                             {.label = "StaticText26", .meaning = Meaning::MarkSize, .governs = {"cross"}}};
+    TextField EditCrossWeight{*this,
+                              Group::Spacing,
+                              "EditCrossWeight",
+                              "Cross Weight:",
+                              "1",
+                              {.label = "StaticText3",
+                               .meaning = Meaning::Weight,
+                               .sets = "crosses",
+                               .governs = {"cross"},
+                               .apart = &spacing.EditHorzSpacing}};
     LineFields lines{*this, spacing, false};
-    Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Cross Color", black, {.label = "StaticText4"}};
-    Swatch LinesColorCanvas{*this,        Group::Lines, "LinesColorCanvas",
-                            "Line Color", black,        {.label = "StaticText5", .beside = true}};
+    Swatch LineColorCanvas{*this,         Group::Lines, "LineColorCanvas",
+                           "Cross Color", black,        {.label = "StaticText4", .governs = {"cross"}}};
+    Swatch LinesColorCanvas{
+        *this,        Group::Lines, "LinesColorCanvas",
+        "Line Color", black,        {.label = "StaticText5", .beside = true, .governs = {"grid"}}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,
                                  "BackgroundColorCanvas",
                                  "Background Color",
                                  white,
-                                 {.label = "StaticText28", .beside = true}};
+                                 {.label = "StaticText28", .beside = true, .governs = {"background"}}};
     ShiftClickNote note{*this, "StaticText27"};
 
     std::string WhyIdle(const Control& control) const override;

@@ -51,10 +51,12 @@ void DiagonalDrawing::DrawDiagonals(HeightOnRightEdge heightOnRightEdge)
 {
     const double slope = pattern.slope;
     const double rise = slope * area.width;
+    pdf.SetRole("grid.rising");
     Repeat(pattern.xStep, area.width, pattern.xAdvance,
            [&](double x) { Clip(area, left + x, bottom, right, bottom + slope * (area.width - x), pdf); });
     Repeat(pattern.yStep, area.height, pattern.yAdvance,
            [&](double y) { Clip(area, left, bottom + y, right, (bottom + y) + rise, pdf); });
+    pdf.SetRole("grid.falling");
     const double x = Repeat(pattern.xStep, area.width, pattern.xAdvance, [&](double position) {
         Clip(area, left + position, bottom, left, bottom + slope * position, pdf);
     });
@@ -64,12 +66,14 @@ void DiagonalDrawing::DrawDiagonals(HeightOnRightEdge heightOnRightEdge)
 
 void DiagonalDrawing::DrawVerticals()
 {
+    pdf.SetRole("grid.vertical");
     Repeat(pattern.xStep, area.width, pattern.xAdvance,
            [&](double x) { pdf.StrokeLine(left + x, bottom, left + x, area.Top()); });
 }
 
 void DiagonalDrawing::DrawHorizontals()
 {
+    pdf.SetRole("grid.horizontal");
     Repeat(pattern.yStep, area.height, pattern.yAdvance,
            [&](double y) { pdf.StrokeLine(left, bottom + y, right, bottom + y); });
 }
@@ -77,9 +81,16 @@ void DiagonalDrawing::DrawHorizontals()
 }  // namespace
 
 DiagonalForm::DiagonalForm()
-    : cell{*this, ".3", "slanted lines"}, minor{*this, "frame, the vertical and the horizontal lines", nullptr},
-      CheckBoxHorizontal{*this, Group::Lines, "CheckBoxHorizontal", "Horizontal Lines", true},
-      CheckBoxVertical{*this, Group::Lines, "CheckBoxVertical", "Vertical Lines", true}, outline{*this}
+    : cell{*this, ".3", "slanted lines", {"grid.rising", "grid.falling"}},
+      minor{*this,
+            "frame, the vertical and the horizontal lines",
+            {"frame", "grid.vertical", "grid.horizontal"},
+            nullptr},
+      CheckBoxHorizontal{
+          *this, Group::Lines, "CheckBoxHorizontal", "Horizontal Lines", true, {.governs = {"grid.horizontal"}}},
+      CheckBoxVertical{
+          *this, Group::Lines, "CheckBoxVertical", "Vertical Lines", true, {.governs = {"grid.vertical"}}},
+      outline{*this}
 {}
 
 SettingsTable Settings(DiagonalForm& form)

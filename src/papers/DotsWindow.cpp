@@ -43,6 +43,7 @@ void Draw(const DotsPage& page, MyPDFGenerator& pdf, Turns& turns)
 {
     pdf.SetRGBColor(page.linesColor);
     DrawChosenLines(page.grid, pdf, turns);
+    pdf.SetRole("dot");
     // A line of no length with a round cap prints as a disc as wide as the line.
     pdf.SetLineWidth(page.dotWeight);
     pdf.SetLineCap(roundCap);

@@ -10,23 +10,28 @@ namespace linealis {
 /// A round dot at every crossing of a grid, whose lines are optional.
 struct DotsForm final : PaperForm {
     SpacingFields spacing{*this, ".5", ".5"};
-    TextField EditDotWeight{
-        *this,
-        Group::Spacing,
-        "EditDotWeight",
-        "Dot Weight:",
-        "1",
-        {.label = "StaticText3", .meaning = Meaning::Weight, .sets = "dots", .apart = &spacing.EditHorzSpacing}};
+    TextField EditDotWeight{*this,
+                            Group::Spacing,
+                            "EditDotWeight",
+                            "Dot Weight:",
+                            "1",
+                            {.label = "StaticText3",
+                             .meaning = Meaning::Weight,
+                             .sets = "dots",
+                             .governs = {"dot"},
+                             .apart = &spacing.EditHorzSpacing}};
     LineFields lines{*this, spacing, false};
-    Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Dot Color", black, {.label = "StaticText4"}};
-    Swatch LinesColorCanvas{*this,        Group::Lines, "LinesColorCanvas",
-                            "Line Color", black,        {.label = "StaticText5", .beside = true}};
+    Swatch LineColorCanvas{*this,       Group::Lines, "LineColorCanvas",
+                           "Dot Color", black,        {.label = "StaticText4", .governs = {"dot"}}};
+    Swatch LinesColorCanvas{
+        *this,        Group::Lines, "LinesColorCanvas",
+        "Line Color", black,        {.label = "StaticText5", .beside = true, .governs = {"grid"}}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,
                                  "BackgroundColorCanvas",
                                  "Background Color",
                                  white,
-                                 {.label = "StaticText26", .beside = true}};
+                                 {.label = "StaticText26", .beside = true, .governs = {"background"}}};
     ShiftClickNote note{*this, "StaticText25"};
 
     std::string WhyIdle(const Control& control) const override;

@@ -55,12 +55,14 @@ void Draw(const EngineeringPage& page, MyPDFGenerator& pdf, Turns& turns)
     const double numberVertical = LinesUp(page);
     const double usableHeight = page.rowSpace * (numberVertical - 1.0);
 
+    pdf.SetRole("grid.vertical");
     pdf.SetLineWidth(page.LineThicknessVert);
     for (double i = page.blankLeft; i <= numAcross - 1.0; i += 1.0) {
         const double x = i * page.columnSpace + left;
         pdf.StrokeLine(x, bottom, x, bottom + usableHeight);
         turns.RuntimeBackgroundTask();
     }
+    pdf.SetRole("grid.horizontal");
     pdf.SetLineWidth(page.LineThicknessHorz);
     for (double i = 0.0; i <= numberVertical - 1.0 - page.blankTop; i += 1.0) {
         const double y = i * page.rowSpace + bottom;

@@ -9,12 +9,13 @@ namespace linealis {
 /// Engineering pad paper: a grid given in lines per unit, laid from the left and bottom margins, with a band free
 /// of horizontal lines at the top and one free of vertical lines at the left.
 struct EngineeringForm final : PaperForm {
-    TextField EditHorzSpacing{*this,
-                              Group::Spacing,
-                              "EditHorzSpacing",
-                              "Horizontal Grid Spacing:",
-                              "5",
-                              {.label = "StaticText25", .meaning = Meaning::LinesPerUnit}};
+    TextField EditHorzSpacing{
+        *this,
+        Group::Spacing,
+        "EditHorzSpacing",
+        "Horizontal Grid Spacing:",
+        "5",
+        {.label = "StaticText25", .meaning = Meaning::LinesPerUnit, .governs = {"grid.vertical"}}};
     Label StaticHorzUnit{*this, Group::Spacing, "StaticHorzUnit", "-", {.beside = true}, {"per inch", "per cm"}};
     TextField EditLineThicknessHorz{*this,
                                     Group::Spacing,
@@ -25,19 +26,22 @@ struct EngineeringForm final : PaperForm {
                                      .beside = true,
                                      .meaning = Meaning::Weight,
                                      .sets = "horizontal lines",
+                                     .governs = {"grid.horizontal"},
                                      .apart = &EditVertiSpacing}};
-    TextField EditBlankTop{*this,
-                           Group::Spacing,
-                           "EditBlankTop",
-                           "Blank Lines on Top:",
-                           "3",
-                           {.label = "StaticText27", .beside = true, .meaning = Meaning::Count}};
-    TextField EditVertiSpacing{*this,
-                               Group::Spacing,
-                               "EditVertiSpacing",
-                               "Vertical Grid Spacing:",
-                               "5",
-                               {.label = "StaticText26", .meaning = Meaning::LinesPerUnit}};
+    TextField EditBlankTop{
+        *this,
+        Group::Spacing,
+        "EditBlankTop",
+        "Blank Lines on Top:",
+        "3",
+        {.label = "StaticText27", .beside = true, .meaning = Meaning::Count, .governs = {"grid.horizontal"}}};
+    TextField EditVertiSpacing{
+        *this,
+        Group::Spacing,
+        "EditVertiSpacing",
+        "Vertical Grid Spacing:",
+        "5",
+        {.label = "StaticText26", .meaning = Meaning::LinesPerUnit, .governs = {"grid.horizontal"}}};
     Label StaticvertUnit{*this, Group::Spacing, "StaticvertUnit", "-", {.beside = true}, {"per inch", "per cm"}};
     TextField EditLineThicknessVert{*this,
                                     Group::Spacing,
@@ -48,20 +52,23 @@ struct EngineeringForm final : PaperForm {
                                      .beside = true,
                                      .meaning = Meaning::Weight,
                                      .sets = "vertical lines",
+                                     .governs = {"grid.vertical"},
                                      .apart = &EditHorzSpacing}};
-    TextField EditBlankLeft{*this,
-                            Group::Spacing,
-                            "EditBlankLeft",
-                            "Blank Lines on Left:",
-                            "5",
-                            {.label = "StaticText28", .beside = true, .meaning = Meaning::Count}};
-    Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Line Color", black, {.label = "StaticText4"}};
+    TextField EditBlankLeft{
+        *this,
+        Group::Spacing,
+        "EditBlankLeft",
+        "Blank Lines on Left:",
+        "5",
+        {.label = "StaticText28", .beside = true, .meaning = Meaning::Count, .governs = {"grid.vertical"}}};
+    Swatch LineColorCanvas{*this,        Group::Lines, "LineColorCanvas",
+                           "Line Color", black,        {.label = "StaticText4", .governs = {"grid"}}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,
                                  "BackgroundColorCanvas",
                                  "Background Color",
                                  white,
-                                 {.label = "StaticText30", .beside = true}};
+                                 {.label = "StaticText30", .beside = true, .governs = {"background"}}};
     ShiftClickNote note{*this, "StaticText29"};
 };
 

@@ -11,13 +11,14 @@ namespace linealis {
 struct GridForm final : PaperForm {
     SpacingFields spacing{*this, ".25", ".25"};
     LineFields lines{*this, spacing, true};
-    Swatch LinesColorCanvas{*this, Group::Lines, "LinesColorCanvas", "Line Color", black, {.label = "StaticText5"}};
+    Swatch LinesColorCanvas{*this,        Group::Lines, "LinesColorCanvas",
+                            "Line Color", black,        {.label = "StaticText5", .governs = {"grid"}}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,
                                  "BackgroundColorCanvas",
                                  "Background Color",
                                  white,
-                                 {.label = "StaticText28", .beside = true}};
+                                 {.label = "StaticText28", .beside = true, .governs = {"background"}}};
     ShiftClickNote note{*this, "StaticText27"};
 
     std::string WhyIdle(const Control& control) const override;

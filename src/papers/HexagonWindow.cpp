@@ -51,6 +51,7 @@ void HexagonDrawing::DoGraph()
     }
     pdf.SetLineWidth(page.LineThickness);
     if (canFit && numAcross >= 1.0) {
+        pdf.SetRole("cell");
         DrawHexagons();
         DrawJoiningLines();
     }

@@ -8,6 +8,8 @@ namespace linealis {
 
 namespace {
 
+constexpr Role vertical = "grid.vertical", rising = "grid.rising", falling = "grid.falling";
+
 // The slope of 30 degrees stands as cosine and sine, never as a tangent, which would differ in the last bit.
 class IsometricDrawing {
 public:
@@ -21,7 +23,7 @@ public:
 
 private:
     /// A line of the pattern, in points from the lower left corner of the usable area.
-    void DrawLine(double x1, double y1, double x2, double y2);
+    void DrawLine(Role role, double x1, double y1, double x2, double y2);
     /// Both return the height at which the last line, if there was one, has reached the right edge.
     double DrawFallingFromLeftEdge();
     void DrawFallingFromTopEdge(double y);
@@ -34,8 +36,9 @@ private:
     const double usableHeight = area.height;
 };
 
-void IsometricDrawing::DrawLine(double x1, double y1, double x2, double y2)
+void IsometricDrawing::DrawLine(Role role, double x1, double y1, double x2, double y2)
 {
+    pdf.SetRole(role);
     pdf.StrokeLine(area.left + x1, area.bottom + y1, area.left + x2, area.bottom + y2);
     turns.RuntimeBackgroundTask();
 }
@@ -46,14 +49,14 @@ void IsometricDrawing::DrawFromBottomEdge()
     double x = 0.0;
     while (usableWidth > x) {
         // Not limited at the top: on a paper much wider than high it ends above the usable area.
-        DrawLine(x, 0.0, usableWidth, ((usableWidth - x) * sine30) / cosine30);
-        DrawLine(x, 0.0, x, usableHeight);
+        DrawLine(rising, x, 0.0, usableWidth, ((usableWidth - x) * sine30) / cosine30);
+        DrawLine(vertical, x, 0.0, x, usableHeight);
         if (!Advances(x, step)) {
             break;
         }
         x = step + x;
         if (usableWidth > x) {
-            DrawLine(x, 0.0, x, usableHeight);
+            DrawLine(vertical, x, 0.0, x, usableHeight);
         }
         x = step + x;
     }
@@ -69,7 +72,7 @@ void IsometricDrawing::DrawRisingFromLeftEdge()
             yEnd = usableHeight;
             xEnd = ((usableHeight - y) * cosine30) / sine30;
         }
-        DrawLine(0.0, y, xEnd, yEnd);
+        DrawLine(rising, 0.0, y, xEnd, yEnd);
         if (!Advances(y, size)) {
             break;
         }
@@ -94,7 +97,7 @@ double IsometricDrawing::DrawFallingFromLeftEdge()
             yEnd = 0.0 + ((xEnd - usableWidth) / cosine30) / 2.0;
             xEnd = usableWidth;
         }
-        DrawLine(0.0, y, xEnd, yEnd);
+        DrawLine(falling, 0.0, y, xEnd, yEnd);
         if (!Advances(y, size)) {
             break;
         }

@@ -8,7 +8,7 @@ namespace linealis {
 
 /// Verticals and two families of lines that rise and fall at 30 degrees: a triangular grid for isometric views.
 struct IsometricForm final : PaperForm {
-    CellSizeFields cell{*this, ".15", "pattern and its frame"};
+    CellSizeFields cell{*this, ".15", "pattern and its frame", {"frame", "grid"}};
     CellFrameFields outline{*this};
 };
 

@@ -50,6 +50,7 @@ void Draw(const LinedPage& page, MyPDFGenerator& pdf, Turns& turns)
     const double numberVertical = LinesUp(page);
     const double usableHeight = page.lineSpace * (numberVertical - 1.0);
 
+    pdf.SetRole("line.ruled");
     pdf.SetLineWidth(page.LineThicknessVert);
     for (double i = 0.0; i <= numberVertical - 1.0 - page.blankTop; i += 1.0) {
         const double y = i * page.lineSpace + bottom;
@@ -57,6 +58,7 @@ void Draw(const LinedPage& page, MyPDFGenerator& pdf, Turns& turns)
         turns.RuntimeBackgroundTask();
     }
     if (page.drawsVertical) {
+        pdf.SetRole("line.margin");
         pdf.SetLineWidth(page.LineThicknessHorz);
         pdf.StrokeLine(page.offset + left, bottom, page.offset + left, bottom + usableHeight);
     }

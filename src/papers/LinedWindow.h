@@ -8,19 +8,20 @@ namespace linealis {
 
 /// Ruled writing paper: horizontal lines from the bottom margin upwards, and a vertical rule.
 struct LinedForm final : PaperForm {
-    TextField EditHorzSpacing{*this,
-                              Group::Spacing,
-                              "EditHorzSpacing",
-                              "Line Spacing:",
-                              "5",
-                              {.label = "StaticText25", .meaning = Meaning::LinesPerUnit}};
+    TextField EditHorzSpacing{
+        *this,
+        Group::Spacing,
+        "EditHorzSpacing",
+        "Line Spacing:",
+        "5",
+        {.label = "StaticText25", .meaning = Meaning::LinesPerUnit, .governs = {"line.ruled"}}};
     Label StaticHorzUnit{*this, Group::Spacing, "StaticHorzUnit", "-", {.beside = true}, {"per inch", "per cm"}};
     TextField EditBlankTop{*this,
                            Group::Spacing,
                            "EditBlankTop",
                            "Blank Lines on Top:",
                            "3",
-                           {.label = "StaticText27", .meaning = Meaning::Count}};
+                           {.label = "StaticText27", .meaning = Meaning::Count, .governs = {"line.ruled"}}};
     TextField EditLineThicknessHorz{*this,
                                     Group::Spacing,
                                     "EditLineThicknessHorz",
@@ -30,15 +31,19 @@ struct LinedForm final : PaperForm {
                                      .beside = true,
                                      .meaning = Meaning::Weight,
                                      .sets = "vertical rule",
+                                     .governs = {"line.margin"},
                                      .drawnBy = &CheckBoxDrawVertical}};
-    CheckBox CheckBoxDrawVertical{*this, Group::Lines, "CheckBoxDrawVertical", "Draw Vertical Line", true};
-    TextField EditBlankLeft{
-        *this,
-        Group::Lines,
-        "EditBlankLeft",
-        "Offset From left:",
-        "1",
-        {.label = "StaticText28", .meaning = Meaning::WholeUnits, .drawnBy = &CheckBoxDrawVertical}};
+    CheckBox CheckBoxDrawVertical{
+        *this, Group::Lines, "CheckBoxDrawVertical", "Draw Vertical Line", true, {.governs = {"line.margin"}}};
+    TextField EditBlankLeft{*this,
+                            Group::Lines,
+                            "EditBlankLeft",
+                            "Offset From left:",
+                            "1",
+                            {.label = "StaticText28",
+                             .meaning = Meaning::WholeUnits,
+                             .governs = {"line.margin"},
+                             .drawnBy = &CheckBoxDrawVertical}};
     Label StaticvertUnit{*this, Group::Lines, "StaticvertUnit", "-", {.beside = true}, {"per inch", "per cm"}};
     TextField EditLineThicknessVert{*this,
                                     Group::Lines,
@@ -49,14 +54,16 @@ struct LinedForm final : PaperForm {
                                      .beside = true,
                                      .meaning = Meaning::Weight,
                                      .sets = "ruled lines",
+                                     .governs = {"line.ruled"},
                                      .apart = &EditHorzSpacing}};
-    Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Line Color", black, {.label = "StaticText4"}};
+    Swatch LineColorCanvas{*this,        Group::Lines, "LineColorCanvas",
+                           "Line Color", black,        {.label = "StaticText4", .governs = {"line"}}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,
                                  "BackgroundColorCanvas",
                                  "Background Color",
                                  white,
-                                 {.label = "StaticText29", .beside = true}};
+                                 {.label = "StaticText29", .beside = true, .governs = {"background"}}};
     ShiftClickNote note{*this, "StaticText26"};
 };
 

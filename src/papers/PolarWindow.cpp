@@ -59,6 +59,7 @@ private:
 
 void PolarDrawing::DrawCircles()
 {
+    pdf.SetRole("circle");
     const double circleStep = outerRadius / static_cast<double>(page.numCircles);
     for (std::int64_t i = 1; i <= page.numCircles; ++i) {
         pdf.DrawCircle(centerX, centerY, static_cast<double>(i) * circleStep);
@@ -80,6 +81,7 @@ void PolarDrawing::DrawSpokes()
     std::int64_t labelCount = page.labelEvery;
     double a = 0.0;
     for (std::int64_t i = 0; i < page.numSpokes; ++i) {
+        pdf.SetRole("spoke.major");
         DrawSpoke(a, 0.0);
         if (labelCount >= page.labelEvery) {
             labelCount = 0;
@@ -123,6 +125,7 @@ std::string PolarDrawing::RadiansOf(double spoke) const
 
 void PolarDrawing::DrawLabel(const std::string& text, double angle)
 {
+    pdf.SetRole("number");
     pdf.SetRGBColor(page.textColor);
     pdf.DrawRotatedTextFont(text, centerX, centerY, labelGap + outerRadius, (180.0 * angle / pi) - 90.0,
                             page.labelSize, page.font);
@@ -131,6 +134,7 @@ void PolarDrawing::DrawLabel(const std::string& text, double angle)
 
 void PolarDrawing::DrawMinorSpokes()
 {
+    pdf.SetRole("spoke.minor");
     pdf.SetLineWidth(page.minorLineThickness);
     const double minorRadius =
         (static_cast<double>(page.minorStart) * outerRadius) / static_cast<double>(page.numCircles);
@@ -145,6 +149,7 @@ void PolarDrawing::DrawMinorSpokes()
 
 void PolarDrawing::DrawTitle()
 {
+    pdf.SetRole("title");
     pdf.SetFont(page.font, page.titleSize);
     const double titleWidth = MyPDFGenerator::StringWidth(page.title, page.font, truncated(page.titleSize));
     const double y = (page.frame.topMargin + page.frame.bottomMargin + usableHeight) - page.titleY;

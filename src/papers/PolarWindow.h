@@ -9,44 +9,80 @@ namespace linealis {
 
 /// Circles about a centre, crossed by major spokes with labels at their ends and by minor spokes, with a title.
 struct PolarForm final : PaperForm {
-    TextField EditNumCircles{
-        *this, Group::Spacing, "EditNumCircles", "Circles:", "8", {.meaning = Meaning::CountFromOne}};
-    TextField EditNumSpokes{*this,     Group::Spacing, "EditNumSpokes",
-                            "Spokes:", "12",           {.beside = true, .meaning = Meaning::Quantity}};
-    TextField EditNumMinorSpokes{*this,    Group::Spacing, "EditNumMinorSpokes",
-                                 "Minor:", "48",           {.beside = true, .meaning = Meaning::Quantity}};
-    TextField EditMinorStart{
-        *this, Group::Spacing, "EditMinorStart", "Minor Start:", "2", {.beside = true, .meaning = Meaning::Count}};
+    TextField EditNumCircles{*this,
+                             Group::Spacing,
+                             "EditNumCircles",
+                             "Circles:",
+                             "8",
+                             {.meaning = Meaning::CountFromOne, .governs = {"circle", "spoke.minor"}}};
+    TextField EditNumSpokes{*this,
+                            Group::Spacing,
+                            "EditNumSpokes",
+                            "Spokes:",
+                            "12",
+                            {.beside = true, .meaning = Meaning::Quantity, .governs = {"spoke.major", "number"}}};
+    TextField EditNumMinorSpokes{
+        *this,    Group::Spacing, "EditNumMinorSpokes",
+        "Minor:", "48",           {.beside = true, .meaning = Meaning::Quantity, .governs = {"spoke.minor"}}};
+    TextField EditMinorStart{*this,
+                             Group::Spacing,
+                             "EditMinorStart",
+                             "Minor Start:",
+                             "2",
+                             {.beside = true, .meaning = Meaning::Count, .governs = {"spoke.minor"}}};
     TextField EditLineThickness{
-        *this,          Group::Lines, "EditLineThickness",
-        "Line Weight:", ".45",        {.meaning = Meaning::Weight, .sets = "circles and spokes"}};
-    TextField EditMinorLineThickness{*this,
-                                     Group::Lines,
-                                     "EditMinorLineThickness",
-                                     "Minor Line Weight:",
-                                     ".1",
-                                     {.beside = true, .meaning = Meaning::Weight, .sets = "minor spokes"}};
-    Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Line Color", black};
-    Swatch BackgroundColorCanvas{*this, Group::Lines,    "BackgroundColorCanvas", "Background Color",
-                                 white, {.beside = true}};
+        *this,
+        Group::Lines,
+        "EditLineThickness",
+        "Line Weight:",
+        ".45",
+        {.meaning = Meaning::Weight, .sets = "circles and spokes", .governs = {"circle", "spoke.major"}}};
+    TextField EditMinorLineThickness{
+        *this,
+        Group::Lines,
+        "EditMinorLineThickness",
+        "Minor Line Weight:",
+        ".1",
+        {.beside = true, .meaning = Meaning::Weight, .sets = "minor spokes", .governs = {"spoke.minor"}}};
+    Swatch LineColorCanvas{*this,        Group::Lines, "LineColorCanvas",
+                           "Line Color", black,        {.governs = {"circle", "spoke"}}};
+    Swatch BackgroundColorCanvas{*this,
+                                 Group::Lines,
+                                 "BackgroundColorCanvas",
+                                 "Background Color",
+                                 white,
+                                 {.beside = true, .governs = {"background"}}};
     RadioGroup RadioButton1{
         *this, Group::Text, "RadioButton1", "Labels:", {"None", "Degrees", "Radians", "Start At 0", "Start At 1"},
         1};
-    Popup PopupMenuLabelSkip{
-        *this, Group::Text, "PopupMenuLabelSkip", "Print Every:", {"1",  "2",  "3",  "4",  "5",  "6",  "7",
-                                                                   "8",  "9",  "10", "11", "12", "13", "14",
-                                                                   "15", "16", "17", "18", "19", "20"}};
-    Popup PopupFont1{*this, Group::Text, "PopupFont1", "Font:", FontNames(), 4};
-    TextField EditFontSize{*this,   Group::Text, "EditFontSize",
-                           "Size:", "10",        {.beside = true, .meaning = Meaning::FontSize}};
-    Swatch TextColorCanvas{*this, Group::Text, "TextColorCanvas", "Text Color", black};
-    TextField EditTitle{
-        *this, Group::Text, "EditTitle", "Title:", "Sample Polar Graph Paper", {.meaning = Meaning::Prose}};
-    TextField EditTitleX{*this, Group::Text, "EditTitleX",
-                         "X:",  "2.6",       {.beside = true, .meaning = Meaning::TitlePlace}};
-    TextField EditTitleY{*this, Group::Text, "EditTitleY", "Y:", "1", {.beside = true, .meaning = Meaning::Length}};
-    TextField EditTitleSize{*this,   Group::Text, "EditTitleSize",
-                            "Size:", "20",        {.beside = true, .meaning = Meaning::FontSize}};
+    Popup PopupMenuLabelSkip{*this,
+                             Group::Text,
+                             "PopupMenuLabelSkip",
+                             "Print Every:",
+                             {"1",  "2",  "3",  "4",  "5",  "6",  "7",  "8",  "9",  "10",
+                              "11", "12", "13", "14", "15", "16", "17", "18", "19", "20"},
+                             0,
+                             {.governs = {"number"}}};
+    Popup PopupFont1{*this, Group::Text, "PopupFont1", "Font:", FontNames(), 4, {.governs = {"number", "title"}}};
+    TextField EditFontSize{
+        *this,   Group::Text, "EditFontSize",
+        "Size:", "10",        {.beside = true, .meaning = Meaning::FontSize, .governs = {"number"}}};
+    Swatch TextColorCanvas{*this,        Group::Text, "TextColorCanvas",
+                           "Text Color", black,       {.governs = {"number", "title"}}};
+    TextField EditTitle{*this,
+                        Group::Text,
+                        "EditTitle",
+                        "Title:",
+                        "Sample Polar Graph Paper",
+                        {.meaning = Meaning::Prose, .governs = {"title"}}};
+    TextField EditTitleX{
+        *this, Group::Text, "EditTitleX",
+        "X:",  "2.6",       {.beside = true, .meaning = Meaning::TitlePlace, .governs = {"title"}}};
+    TextField EditTitleY{*this, Group::Text, "EditTitleY",
+                         "Y:",  "1",         {.beside = true, .meaning = Meaning::Length, .governs = {"title"}}};
+    TextField EditTitleSize{
+        *this,   Group::Text, "EditTitleSize",
+        "Size:", "20",        {.beside = true, .meaning = Meaning::FontSize, .governs = {"title"}}};
     ShiftClickNote note{*this, "StaticTextShiftClick"};
 
     std::string WhyIdle(const Control& control) const override;

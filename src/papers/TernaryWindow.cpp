@@ -66,6 +66,7 @@ private:
 
 void TernaryDrawing::DrawTriangle()
 {
+    pdf.SetRole("frame");
     pdf.SetFont(font, static_cast<double>(numberSize));
     pdf.SetLineWidth(page.LineThickness);
     pdf.MoveTo(leftX, bottomY);
@@ -78,6 +79,7 @@ void TernaryDrawing::DrawTriangle()
 
 void TernaryDrawing::DrawMajorLines()
 {
+    pdf.SetRole("grid.major");
     for (double i = 1.0; i <= divisions - 1.0; i += 1.0) {
         const double n = divisions - i;
         pdf.StrokeLine(leftX + Along(i), bottomY, leftX + Along(i) / 2.0, bottomY + Up(i));
@@ -89,6 +91,7 @@ void TernaryDrawing::DrawMajorLines()
 
 void TernaryDrawing::DrawMinorLines()
 {
+    pdf.SetRole("grid.minor");
     pdf.SetLineWidth(page.minorLineThickness);
     for (double i = 0.0; i <= divisions - 1.0; i += 1.0) {
         DrawMinorLinesOf(i);
@@ -115,6 +118,7 @@ void TernaryDrawing::DrawMinorLinesOf(double i)
 
 void TernaryDrawing::DrawNumbersInside()
 {
+    pdf.SetRole("number");
     for (double i = 1.0; i <= divisions - 1.0; i += 1.0) {
         DrawNumberOnHorizontal(i);
         const Point rising =
@@ -158,6 +162,7 @@ void TernaryDrawing::ShowTurned(const std::string& text, double angle, double x,
 
 void TernaryDrawing::DrawNumbersOnSides()
 {
+    pdf.SetRole("number");
     for (double i = 0.0; i <= divisions; i += 1.0) {
         const double n = divisions - i;
         const std::string upwards = NumberAt(page.flip ? n : i);

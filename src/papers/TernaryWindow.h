@@ -9,33 +9,53 @@ namespace linealis {
 
 /// An equilateral triangle, divided by lines parallel to its sides, with numbers along the sides or inside.
 struct TernaryForm final : PaperForm {
-    TextField EditMajorDivisions{
-        *this, Group::Spacing, "EditMajorDivisions", "Major Divisions:", "10", {.meaning = Meaning::Divisions}};
+    TextField EditMajorDivisions{*this,
+                                 Group::Spacing,
+                                 "EditMajorDivisions",
+                                 "Major Divisions:",
+                                 "10",
+                                 {.meaning = Meaning::Divisions, .governs = {"grid", "number"}}};
     TextField EditMinorDivisions{*this,
                                  Group::Spacing,
                                  "EditMinorDivisions",
                                  "Minor Divisions:",
                                  "5",
-                                 {.beside = true, .meaning = Meaning::CountFromOne}};
-    Popup PopupScaling{*this, Group::Spacing, "PopupScaling", "Scaling:", {"None", "Axis", "Center"}};
+                                 {.beside = true, .meaning = Meaning::CountFromOne, .governs = {"grid.minor"}}};
+    Popup PopupScaling{*this, Group::Spacing,         "PopupScaling", "Scaling:", {"None", "Axis", "Center"},
+                       0,     {.governs = {"number"}}};
     TextField EditAxisMaximum{
-        *this,           Group::Spacing, "EditAxisMaximum",
-        "Axis Maximum:", "100",          {.label = "StaticTextAxisMaximum", .beside = true, .enabled = false}};
-    CheckBox CheckBoxFlip{*this, Group::Spacing, "CheckBoxFlip", "Flip", false, {.beside = true, .enabled = false}};
+        *this,
+        Group::Spacing,
+        "EditAxisMaximum",
+        "Axis Maximum:",
+        "100",
+        {.label = "StaticTextAxisMaximum", .beside = true, .enabled = false, .governs = {"number"}}};
+    CheckBox CheckBoxFlip{*this,  Group::Spacing, "CheckBoxFlip",
+                          "Flip", false,          {.beside = true, .enabled = false, .governs = {"number"}}};
     TextField EditLineThickness{
-        *this,           Group::Lines, "EditLineThickness",
-        "Major Weight:", "1",          {.meaning = Meaning::Weight, .sets = "triangle and its divisions"}};
-    TextField EditMinorLineThickness{*this,
-                                     Group::Lines,
-                                     "EditMinorLineThickness",
-                                     "Minor Line Weight:",
-                                     ".05",
-                                     {.beside = true, .meaning = Meaning::Weight, .sets = "minor divisions"}};
+        *this,
+        Group::Lines,
+        "EditLineThickness",
+        "Major Weight:",
+        "1",
+        {.meaning = Meaning::Weight, .sets = "triangle and its divisions", .governs = {"frame", "grid.major"}}};
+    TextField EditMinorLineThickness{
+        *this,
+        Group::Lines,
+        "EditMinorLineThickness",
+        "Minor Line Weight:",
+        ".05",
+        {.beside = true, .meaning = Meaning::Weight, .sets = "minor divisions", .governs = {"grid.minor"}}};
     /// Nothing reads it: the triangle is always drawn.
     CheckBox CheckBoxFrame{*this, Group::Lines, "CheckBoxFrame", "Draw Frame", true};
-    Swatch LineColorCanvas{*this, Group::Lines, "LineColorCanvas", "Line Color", black};
-    Swatch BackgroundColorCanvas{*this, Group::Lines,    "BackgroundColorCanvas", "Background Color",
-                                 white, {.beside = true}};
+    Swatch LineColorCanvas{*this,        Group::Lines, "LineColorCanvas",
+                           "Line Color", black,        {.governs = {"frame", "grid", "number"}}};
+    Swatch BackgroundColorCanvas{*this,
+                                 Group::Lines,
+                                 "BackgroundColorCanvas",
+                                 "Background Color",
+                                 white,
+                                 {.beside = true, .governs = {"background"}}};
     ShiftClickNote note{*this, "StaticTextShiftClick"};
 
     TernaryForm();

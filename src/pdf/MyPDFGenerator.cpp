@@ -111,6 +111,7 @@ int MyPDFGenerator::CreateNew()
     numObjects = 0;
     currentFileLength = 0;
     streamC.SetString("");
+    roles.clear();
     inTextMode = false;
     return 0;
 }
@@ -131,9 +132,20 @@ void MyPDFGenerator::BeginPage(std::int64_t width, std::int64_t height)
     pageHeight = height;
 }
 
+void MyPDFGenerator::SetRole(Role role)
+{
+    const auto begin = static_cast<std::size_t>(streamC.Length());
+    if (!roles.empty() && roles.back().begin == begin) {
+        roles.back().role = role;
+    } else if (roles.empty() || roles.back().role.data() != role.data()) {
+        roles.push_back({begin, role});
+    }
+}
+
 void MyPDFGenerator::Discard()
 {
     streamC = CapacityString(initialCapacity, capacityIncrement);
+    roles.clear();
     b = BinaryStream();
 }
 

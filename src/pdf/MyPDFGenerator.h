@@ -2,6 +2,7 @@
 
 #include "pdf/CapacityString.h"
 #include "pdf/Geometry.h"
+#include "pdf/PageRoles.h"
 #include "platform/BinaryStream.h"
 #include "platform/FolderItem.h"
 #include "platform/Platform.h"
@@ -145,6 +146,10 @@ public:
     std::string AddFourBytes(std::uint64_t value);
     /// Appends to the content stream what the operators have made elsewhere.
     void AddToStream(std::string_view text);
+    /// What is drawn from here on has the role.
+    void SetRole(Role role);
+    /// Those of the content stream as drawn so far.
+    const PageRoles& Roles() const { return roles; }
     /// The content stream as drawn so far.
     std::string_view Stream() const { return streamC.View(); }
 
@@ -191,6 +196,7 @@ private:
     std::int64_t currentFileLength = 0;
     std::int64_t startxref = 0;
     CapacityString streamC;
+    PageRoles roles;
     bool inTextMode = false;
     std::int64_t fontNum = 0;   ///< 0 to 14, the number in the font's name on the page
     std::int64_t fontSize = 0;  ///< whole points

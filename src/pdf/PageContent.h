@@ -1,6 +1,7 @@
 #pragma once
 
 #include "pdf/Geometry.h"
+#include "pdf/PageRoles.h"
 #include "platform/Turns.h"
 
 #include <array>
@@ -157,11 +158,17 @@ public:
     virtual bool Fill(PagePath path, const PageColor& color) = 0;
     virtual bool FillAndStroke(PagePath path, const PageColor& color, const PagePen& pen) = 0;
     virtual bool Text(const PageText& text) = 0;
+    /// What follows has the role.
+    virtual void BeginRole(Role /*role*/) {}
 };
 
 /// Reads the content to its end, to damage or until the sink wants no more. What stood before the damage has been
 /// handed on. The message is empty unless the page is damaged. Each operator is a round of `turns`, if there are
 /// any; what they throw passes through.
 PageDamage ReadPage(std::string_view content, PageSink& sink, Turns* turns = nullptr);
+
+/// The same, with the roles of the content.
+PageDamage ReadPage(std::string_view content, std::span<const RoleRange> roles, PageSink& sink,
+                    Turns* turns = nullptr);
 
 }  // namespace linealis

@@ -159,6 +159,11 @@ void Interpreter::SetState(PageOperator operation, std::span<const double> value
 
 PageDamage ReadPage(std::string_view content, PageSink& sink, Turns* turns)
 {
+    return ReadPage(content, {}, sink, turns);
+}
+
+PageDamage ReadPage(std::string_view content, std::span<const RoleRange> roles, PageSink& sink, Turns* turns)
+{
     PageReader reader(content);
     Interpreter interpreter(sink);
     if (turns != nullptr) {
@@ -167,6 +172,10 @@ PageDamage ReadPage(std::string_view content, PageSink& sink, Turns* turns)
     while (reader.Next()) {
         if (turns != nullptr) {
             turns->RuntimeBackgroundTask();
+        }
+        const auto place = static_cast<std::size_t>(reader.Source().data() - content.data());
+        for (; !roles.empty() && roles.front().begin <= place; roles = roles.subspan(1)) {
+            sink.BeginRole(roles.front().role);
         }
         const std::optional<bool> goOn = interpreter.Do(reader);
         if (!goOn) {

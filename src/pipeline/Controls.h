@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pdf/PageRoles.h"
 #include "pipeline/Meaning.h"
 #include "platform/Color.h"
 
@@ -44,6 +45,7 @@ struct Traits {
     UnitRule unitRule = UnitRule::Keep;   ///< of a text field
     std::string_view fullName = {};       ///< for who does not see the form, where caption and row do not tell
     std::string_view sets = {};           ///< of a weight: which lines of the page are as wide
+    RoleSet governs = {};                 ///< the roles of what the control sets on the page
     const CheckBox* drawnBy = nullptr;    ///< without which what the field governs is not drawn; null: it always is
     const TextField* apart = nullptr;     ///< of a weight: how far its lines are from each other, or how many fit
     bool coversLines = false;             ///< of a text: stands over grid lines where the form opens

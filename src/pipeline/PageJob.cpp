@@ -35,6 +35,7 @@ void DrawContent(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const
     pdf.BeginPage(frame.paperWidth, frame.paperHeight);
     pdf.InitGraphics();
     pdf.Scale(frame.xScale, frame.yScale);
+    pdf.SetRole("background");
     pdf.SetBackgroundColor(frame.background);
     if (frame.lineColor) {
         pdf.SetRGBColor(*frame.lineColor);
