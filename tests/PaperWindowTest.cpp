@@ -8,10 +8,11 @@ namespace linealis::test {
 namespace {
 
 struct SmallForm final : Form {
-    Popup popup{*this, Group::Page, "Popup", "", {"a", "b", "c"}};
-    TextField text{*this, Group::Page, "Text", "", "1"};
-    CheckBox box{*this, Group::Page, "Box", "Box", false};
-    TextField follower{*this, Group::Page, "Follower", "Caption:", "", {.label = "Label", .enabledBy = &box}};
+    Popup popup{*this, Group::Page, "Popup", "popup", "", {"a", "b", "c"}};
+    TextField text{*this, Group::Page, "Text", "text", "", "1"};
+    CheckBox box{*this, Group::Page, "Box", "box", "Box", false};
+    TextField follower{
+        *this, Group::Page, "Follower", "follower", "Caption:", "", {.label = "Label", .enabledBy = &box}};
 };
 
 class Window : public GridTest {

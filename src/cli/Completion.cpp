@@ -84,7 +84,7 @@ void OfferSettings(Completions& completions, const Form& form, std::string_view 
     const bool byName = !typed.empty() && typed.front() >= 'A' && typed.front() <= 'Z';
     for (const Control* const control : form.Controls()) {
         if (isWanted(*control)) {
-            const std::string name = byName ? std::string(control->Name()) : AliasOf(form, *control);
+            const std::string name = byName ? std::string(control->Name()) : std::string(control->Alias());
             Offer(completions, typed, name + "=", WholeName(form, *control));
         }
     }

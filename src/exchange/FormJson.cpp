@@ -132,7 +132,7 @@ Json FormJson(const PaperKind& kind, const Form& form)
     json["aliases"] = Json::object();
     for (const Control* const control : form.Controls()) {
         if (control->Kind() != ControlKind::Label) {
-            json["aliases"][AliasOf(form, *control)] = control->Name();
+            json["aliases"][std::string(control->Alias())] = control->Name();
         }
     }
     return json;

@@ -22,16 +22,28 @@ private:
         TextField& majorSpacing;
     };
     struct WizardForm final : Form {
-        TextField EditMinX{*this, Group::Spacing, "EditMinX", "Min X:", "-20"};
-        TextField EditMaxX{*this, Group::Spacing, "EditMaxX", "Max X:", "20"};
-        TextField EditMinorXSpacing{
-            *this, Group::Spacing, "EditMinorXSpacing", "Minor X Spacing:", "2", {.meaning = Meaning::AxisStep}};
-        TextField EditMajorXSpacing{*this, Group::Spacing, "EditMajorXSpacing", "Major X Spacing:", "10"};
-        TextField EditMinY{*this, Group::Spacing, "EditMinY", "Min Y:", "-35"};
-        TextField EditMaxY{*this, Group::Spacing, "EditMaxY", "Max Y:", "35"};
-        TextField EditMinorYSpacing{
-            *this, Group::Spacing, "EditMinorYSpacing", "Minor Y Spacing:", "1", {.meaning = Meaning::AxisStep}};
-        TextField EditMajorYSpacing{*this, Group::Spacing, "EditMajorYSpacing", "Major Y Spacing:", "10"};
+        TextField EditMinX{*this, Group::Spacing, "EditMinX", "min-x", "Min X:", "-20"};
+        TextField EditMaxX{*this, Group::Spacing, "EditMaxX", "max-x", "Max X:", "20"};
+        TextField EditMinorXSpacing{*this,
+                                    Group::Spacing,
+                                    "EditMinorXSpacing",
+                                    "minor-x-spacing",
+                                    "Minor X Spacing:",
+                                    "2",
+                                    {.meaning = Meaning::AxisStep}};
+        TextField EditMajorXSpacing{
+            *this, Group::Spacing, "EditMajorXSpacing", "major-x-spacing", "Major X Spacing:", "10"};
+        TextField EditMinY{*this, Group::Spacing, "EditMinY", "min-y", "Min Y:", "-35"};
+        TextField EditMaxY{*this, Group::Spacing, "EditMaxY", "max-y", "Max Y:", "35"};
+        TextField EditMinorYSpacing{*this,
+                                    Group::Spacing,
+                                    "EditMinorYSpacing",
+                                    "minor-y-spacing",
+                                    "Minor Y Spacing:",
+                                    "1",
+                                    {.meaning = Meaning::AxisStep}};
+        TextField EditMajorYSpacing{
+            *this, Group::Spacing, "EditMajorYSpacing", "major-y-spacing", "Major Y Spacing:", "10"};
     };
 
     void CalcValues();

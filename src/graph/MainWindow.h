@@ -85,28 +85,45 @@ struct GraphForm final : PaperForm {
     GridRow yGrid{*this, AxisName::y};
     AxisRow xAxis{*this, AxisName::x};
     AxisRow yAxis{*this, AxisName::y};
-    CheckBox CheckBoxShowAxes{*this,       Group::Axes, "CheckBoxShowAxes",
-                              "Show Axes", true,        {.governs = {"axis", "number", "title.x", "title.y"}}};
-    CheckBox CheckBoxMarkers{*this,         Group::Axes, "CheckBoxMarkers",
-                             "Add Markers", false,       {.beside = true, .governs = {"marker"}}};
-    Swatch LineColorCanvas{
-        *this,        Group::Lines, "LineColorCanvas",
-        "Line Color", black,        {.governs = {"grid.x.minor", "grid.y.minor", "grid.y.probability"}}};
+    CheckBox CheckBoxShowAxes{*this,
+                              Group::Axes,
+                              "CheckBoxShowAxes",
+                              "show-axes",
+                              "Show Axes",
+                              true,
+                              {.governs = {"axis", "number", "title.x", "title.y"}}};
+    CheckBox CheckBoxMarkers{*this,
+                             Group::Axes,
+                             "CheckBoxMarkers",
+                             "add-markers",
+                             "Add Markers",
+                             false,
+                             {.beside = true, .governs = {"marker"}}};
+    Swatch LineColorCanvas{*this,
+                           Group::Lines,
+                           "LineColorCanvas",
+                           "line-color",
+                           "Line Color",
+                           black,
+                           {.governs = {"grid.x.minor", "grid.y.minor", "grid.y.probability"}}};
     Swatch MajorLineColorCanvas{*this,
                                 Group::Lines,
                                 "MajorLineColorCanvas",
+                                "major-line-color",
                                 "Major Line Color",
                                 black,
                                 {.beside = true, .governs = {"grid.x.major", "grid.y.major"}}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,
                                  "BackgroundColorCanvas",
+                                 "background-color",
                                  "Background Color",
                                  white,
                                  {.beside = true, .governs = {"background"}}};
     TextField EditTitle{*this,
                         Group::Text,
                         "EditTitle",
+                        "page-title",
                         "Title:",
                         "A Sample Graph Paper",
                         {.meaning = Meaning::Prose, .fullName = "Page title", .governs = {"title.page"}}};
@@ -114,19 +131,34 @@ struct GraphForm final : PaperForm {
         *this,
         Group::Text,
         "EditTitleSize",
+        "page-title-size",
         "Size:",
         "20",
         {.beside = true, .meaning = Meaning::FontSize, .fullName = "Page title, Size", .governs = {"title.page"}}};
-    TextField EditTitleX{
-        *this, Group::Text, "EditTitleX",
-        "X:",  "2.6",       {.beside = true, .meaning = Meaning::TitlePlace, .governs = {"title.page"}}};
-    TextField EditTitleY{
-        *this, Group::Text, "EditTitleY",
-        "Y:",  "1",         {.beside = true, .meaning = Meaning::Length, .governs = {"title.page"}}};
+    TextField EditTitleX{*this,
+                         Group::Text,
+                         "EditTitleX",
+                         "page-title-x",
+                         "X:",
+                         "2.6",
+                         {.beside = true, .meaning = Meaning::TitlePlace, .governs = {"title.page"}}};
+    TextField EditTitleY{*this,
+                         Group::Text,
+                         "EditTitleY",
+                         "page-title-y",
+                         "Y:",
+                         "1",
+                         {.beside = true, .meaning = Meaning::Length, .governs = {"title.page"}}};
     AxisTitleRow xTitle{*this, AxisName::x};
     AxisTitleRow yTitle{*this, AxisName::y};
-    Popup PopupFont1{
-        *this, Group::Text, "PopupFont1", "Font:", FontNames(), 4, {.governs = {"number", "title", "marker"}}};
+    Popup PopupFont1{*this,
+                     Group::Text,
+                     "PopupFont1",
+                     "font",
+                     "Font:",
+                     FontNames(),
+                     4,
+                     {.governs = {"number", "title", "marker"}}};
     ShiftClickNote note{*this, "StaticTextShiftClick"};
 
     GraphForm();

@@ -10,10 +10,12 @@ namespace linealis {
 /// Bricks in running bond: courses whose joints stand half a brick beside those of the next.
 struct BrickForm final : PaperForm {
     TextField EditVertSpacing{
-        *this, Group::Spacing, "EditVertSpacing", "Vertical Spacing:", ".25", SpacingFields::vertical};
+        *this, Group::Spacing,         "EditVertSpacing", "vertical-spacing", "Vertical Spacing:",
+        ".25", SpacingFields::vertical};
     TextField EditHorzWeight{*this,
                              Group::Spacing,
                              "EditHorzWeight",
+                             "line-weight-of-the-horizontal-lines",
                              "Line Weight:",
                              ".5",
                              {.label = "StaticTextVLines",
@@ -23,10 +25,12 @@ struct BrickForm final : PaperForm {
                               .governs = {"grid.horizontal"},
                               .apart = &EditVertSpacing}};
     TextField EditHorzSpacing{
-        *this, Group::Spacing, "EditHorzSpacing", "Horizontal Spacing:", ".75", SpacingFields::horizontal};
+        *this, Group::Spacing,           "EditHorzSpacing", "horizontal-spacing", "Horizontal Spacing:",
+        ".75", SpacingFields::horizontal};
     TextField EditVertWeight{*this,
                              Group::Spacing,
                              "EditVertWeight",
+                             "line-weight-of-the-joints-between-the-bricks",
                              "Line Weight:",
                              ".5",
                              {.label = "StaticTextHLines",
@@ -35,11 +39,17 @@ struct BrickForm final : PaperForm {
                               .sets = "joints between the bricks",
                               .governs = {"joint"},
                               .apart = &EditHorzSpacing}};
-    Swatch LinesColorCanvas{*this,        Group::Lines, "LinesColorCanvas",
-                            "Line Color", black,        {.label = "StaticText5", .governs = {"grid", "joint"}}};
+    Swatch LinesColorCanvas{*this,
+                            Group::Lines,
+                            "LinesColorCanvas",
+                            "line-color",
+                            "Line Color",
+                            black,
+                            {.label = "StaticText5", .governs = {"grid", "joint"}}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,
                                  "BackgroundColorCanvas",
+                                 "background-color",
                                  "Background Color",
                                  white,
                                  {.label = "StaticText28", .beside = true, .governs = {"background"}}};

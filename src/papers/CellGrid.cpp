@@ -6,20 +6,25 @@
 namespace linealis {
 
 SpacingFields::SpacingFields(PaperForm& form, std::string_view verticalText, std::string_view horizontalText)
-    : EditVertSpacing{form, Group::Spacing, "EditVertSpacing", "Vertical Spacing:", verticalText, vertical},
-      EditHorzSpacing{form, Group::Spacing, "EditHorzSpacing", "Horizontal Spacing:", horizontalText, horizontal}
+    : EditVertSpacing{form,         Group::Spacing, "EditVertSpacing", "vertical-spacing", "Vertical Spacing:",
+                      verticalText, vertical},
+      EditHorzSpacing{
+          form,           Group::Spacing, "EditHorzSpacing", "horizontal-spacing", "Horizontal Spacing:",
+          horizontalText, horizontal}
 {}
 
 LineFields::LineFields(PaperForm& form, const SpacingFields& spacing, bool linesOn)
     : CheckVertLines{form,
                      Group::Lines,
                      "CheckVertLines",
+                     "vertical-lines",
                      "Vertical Lines",
                      linesOn,
                      {.governs = {"grid.vertical"}}},
       EditHorzWeight{form,
                      Group::Lines,
                      "EditHorzWeight",
+                     "line-weight-of-the-horizontal-lines",
                      "Line Weight:",
                      ".5",
                      {.label = "StaticTextVLines",
@@ -30,11 +35,17 @@ LineFields::LineFields(PaperForm& form, const SpacingFields& spacing, bool lines
                       .governs = {"grid.horizontal"},
                       .drawnBy = &CheckHorzLines,
                       .apart = &spacing.EditVertSpacing}},
-      CheckHorzLines{
-          form, Group::Lines, "CheckHorzLines", "Horizontal Lines", linesOn, {.governs = {"grid.horizontal"}}},
+      CheckHorzLines{form,
+                     Group::Lines,
+                     "CheckHorzLines",
+                     "horizontal-lines",
+                     "Horizontal Lines",
+                     linesOn,
+                     {.governs = {"grid.horizontal"}}},
       EditVertWeight{form,
                      Group::Lines,
                      "EditVertWeight",
+                     "line-weight-of-the-vertical-lines",
                      "Line Weight:",
                      ".5",
                      {.label = "StaticTextHLines",

@@ -2,39 +2,48 @@
 
 namespace linealis {
 
-CellSizeFields::CellSizeFields(PaperForm& form, std::string_view lineWeight, std::string_view lines,
-                               const RoleSet& roles)
+CellSizeFields::CellSizeFields(PaperForm& form, std::string_view alias, std::string_view lineWeight,
+                               std::string_view lines, const RoleSet& roles)
     : EditSize{form,
                Group::Spacing,
                "EditSize",
+               "cell-size",
                "Cell Size:",
                "0.5",
                {.meaning = Meaning::CellSize, .unitRule = UnitRule::Length, .governs = {"grid", "cell"}}},
       EditLineThickness{form,
                         Group::Lines,
                         "EditLineThickness",
+                        alias,
                         "Line Weight:",
                         lineWeight,
                         {.meaning = Meaning::Weight, .sets = lines, .governs = roles, .apart = &EditSize}}
 {}
 
-MinorWeightField::MinorWeightField(PaperForm& form, std::string_view lines, const RoleSet& roles,
-                                   const CheckBox* drawnBy)
+MinorWeightField::MinorWeightField(PaperForm& form, std::string_view alias, std::string_view lines,
+                                   const RoleSet& roles, const CheckBox* drawnBy)
     : EditMinorLineThickness{form,
                              Group::Lines,
                              "EditMinorLineThickness",
+                             alias,
                              "Minor Line Weight:",
                              ".15",
                              {.meaning = Meaning::Weight, .sets = lines, .governs = roles, .drawnBy = drawnBy}}
 {}
 
 CellFrameFields::CellFrameFields(PaperForm& form)
-    : CheckBoxFrame{form, Group::Lines, "CheckBoxFrame", "Draw Frame", true, {.governs = {"frame"}}},
-      LineColorCanvas{form,         Group::Lines, "LineColorCanvas",
-                      "Line Color", black,        {.governs = {"frame", "grid", "cell"}}},
+    : CheckBoxFrame{form, Group::Lines, "CheckBoxFrame", "draw-frame", "Draw Frame", true, {.governs = {"frame"}}},
+      LineColorCanvas{form,
+                      Group::Lines,
+                      "LineColorCanvas",
+                      "line-color",
+                      "Line Color",
+                      black,
+                      {.governs = {"frame", "grid", "cell"}}},
       BackgroundColorCanvas{form,
                             Group::Lines,
                             "BackgroundColorCanvas",
+                            "background-color",
                             "Background Color",
                             white,
                             {.beside = true, .governs = {"background"}}},

@@ -13,15 +13,17 @@ struct CellSizeFields {
     TextField EditSize;
     TextField EditLineThickness;
 
-    /// `lines` are what the weight sets, `roles` are theirs.
-    CellSizeFields(PaperForm& form, std::string_view lineWeight, std::string_view lines, const RoleSet& roles);
+    /// `alias` is that of the weight, `lines` are what it sets, `roles` are theirs.
+    CellSizeFields(PaperForm& form, std::string_view alias, std::string_view lineWeight, std::string_view lines,
+                   const RoleSet& roles);
 };
 
 struct MinorWeightField {
     TextField EditMinorLineThickness;
 
     /// `drawnBy` is the box without which the lines are not drawn; null: there is not one alone.
-    MinorWeightField(PaperForm& form, std::string_view lines, const RoleSet& roles, const CheckBox* drawnBy);
+    MinorWeightField(PaperForm& form, std::string_view alias, std::string_view lines, const RoleSet& roles,
+                     const CheckBox* drawnBy);
 };
 
 /// The last fields of such a form.

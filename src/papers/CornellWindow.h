@@ -12,6 +12,7 @@ struct CornellForm final : PaperForm {
     TextField EditHorzSpacing{*this,
                               Group::Spacing,
                               "EditHorzSpacing",
+                              "line-spacing",
                               "Line Spacing:",
                               "5",
                               {.label = "StaticText25", .meaning = Meaning::LinesPerUnit, .governs = {"line"}}};
@@ -19,6 +20,7 @@ struct CornellForm final : PaperForm {
     TextField EditLineThicknessHorz{*this,
                                     Group::Spacing,
                                     "EditLineThicknessHorz",
+                                    "line-weight-of-the-lines-of-the-note-area",
                                     "Line Weight:",
                                     ".2",
                                     {.label = "StaticText1",
@@ -27,12 +29,13 @@ struct CornellForm final : PaperForm {
                                      .sets = "lines of the note area",
                                      .governs = {"line"},
                                      .apart = &EditHorzSpacing}};
-    CheckBox CheckGrid{*this,  Group::Spacing, "CheckGrid",
-                       "Grid", false,          {.beside = true, .governs = {"line.column"}}};
+    CheckBox CheckGrid{
+        *this, Group::Spacing, "CheckGrid", "grid", "Grid", false, {.beside = true, .governs = {"line.column"}}};
     TextField EditNoteWidth{
         *this,
         Group::Spacing,
         "EditNoteWidth",
+        "width",
         "Width:",
         "70",
         {.label = "StaticText27", .meaning = Meaning::Share, .governs = {"box.cue", "box.note", "line"}}};
@@ -40,6 +43,7 @@ struct CornellForm final : PaperForm {
     TextField EditNoteHeight{*this,
                              Group::Spacing,
                              "EditNoteHeight",
+                             "height",
                              "Height:",
                              "83",
                              {.label = "StaticText30",
@@ -47,12 +51,17 @@ struct CornellForm final : PaperForm {
                               .meaning = Meaning::Share,
                               .governs = {"box.cue", "box.note", "box.summary", "line"}}};
     Label StaticText32{*this, Group::Spacing, "StaticText32", "%", {.beside = true}};
-    CheckBox CheckCueLeft{*this,          Group::Lines,
-                          "CheckCueLeft", "Cue Area on Left",
-                          true,           {.governs = {"box.cue", "box.note", "line"}}};
+    CheckBox CheckCueLeft{*this,
+                          Group::Lines,
+                          "CheckCueLeft",
+                          "cue-area-on-left",
+                          "Cue Area on Left",
+                          true,
+                          {.governs = {"box.cue", "box.note", "line"}}};
     CheckBox CheckSummaryBottom{*this,
                                 Group::Lines,
                                 "CheckSummaryBottom",
+                                "summary-area-on-bottom",
                                 "Summary Area on Bottom",
                                 true,
                                 {.beside = true, .governs = {"box.cue", "box.note", "box.summary", "line"}}};
@@ -60,23 +69,35 @@ struct CornellForm final : PaperForm {
         *this,
         Group::Lines,
         "EditCueWeight",
+        "line-weight-of-the-boxes",
         "Line Weight:",
         ".5",
         {.label = "StaticText28", .meaning = Meaning::Weight, .sets = "boxes", .governs = {"box"}}};
-    Swatch LineColorCanvas{
-        *this,        Group::Lines, "LineColorCanvas",
-        "Line Color", black,        {.label = "StaticText4", .governs = {"box", "line", "text", "caption"}}};
+    Swatch LineColorCanvas{*this,
+                           Group::Lines,
+                           "LineColorCanvas",
+                           "line-color",
+                           "Line Color",
+                           black,
+                           {.label = "StaticText4", .governs = {"box", "line", "text", "caption"}}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,
                                  "BackgroundColorCanvas",
+                                 "background-color",
                                  "Background Color",
                                  white,
                                  {.label = "StaticText33", .beside = true, .governs = {"background"}}};
-    CheckBox CheckBoxTopicArea{*this,        Group::Text, "CheckBoxTopicArea",
-                               "Topic Area", true,        {.governs = {"box.header", "caption", "text"}}};
+    CheckBox CheckBoxTopicArea{*this,
+                               Group::Text,
+                               "CheckBoxTopicArea",
+                               "topic-area",
+                               "Topic Area",
+                               true,
+                               {.governs = {"box.header", "caption", "text"}}};
     TextField EditName{*this,
                        Group::Text,
                        "EditName",
+                       "name",
                        "Name:",
                        "Ned Fallow",
                        {.label = "StaticName",
@@ -86,6 +107,7 @@ struct CornellForm final : PaperForm {
     TextField EditDate{*this,
                        Group::Text,
                        "EditDate",
+                       "date",
                        "Date:",
                        "",
                        {.label = "StaticDate",
@@ -96,6 +118,7 @@ struct CornellForm final : PaperForm {
     TextField EditTopic{*this,
                         Group::Text,
                         "EditTopic",
+                        "topic",
                         "Topic:",
                         "English Term paper",
                         {.label = "StaticTopic",
@@ -105,6 +128,7 @@ struct CornellForm final : PaperForm {
     TextField EditSubject{*this,
                           Group::Text,
                           "EditSubject",
+                          "subject",
                           "Subject:",
                           "Writing",
                           {.label = "StaticSubject",
@@ -115,6 +139,7 @@ struct CornellForm final : PaperForm {
     TextField EditTextSize{*this,
                            Group::Text,
                            "EditTextSize",
+                           "text-size",
                            "Text Size:",
                            "12",
                            {.label = "StaticTextSize",

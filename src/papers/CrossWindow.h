@@ -14,18 +14,21 @@ struct CrossForm final : PaperForm {
     TextField EditCrossHeight{*this,
                               Group::Spacing,
                               "EditCrossHeight",
+                              "cross-height",
                               "Cross Height:",
                               ".15",
                               {.label = "StaticText25", .meaning = Meaning::MarkSize, .governs = {"cross"}}};
     TextField EditCrossWidth{*this,
                              Group::Spacing,
                              "EditCrossWidth",
+                             "cross-width",
                              "Cross Width:",
                              ".15",
                              {.label = "StaticText26", .meaning = Meaning::MarkSize, .governs = {"cross"}}};
     TextField EditCrossWeight{*this,
                               Group::Spacing,
                               "EditCrossWeight",
+                              "cross-weight-of-the-crosses",
                               "Cross Weight:",
                               "1",
                               {.label = "StaticText3",
@@ -34,14 +37,24 @@ struct CrossForm final : PaperForm {
                                .governs = {"cross"},
                                .apart = &spacing.EditHorzSpacing}};
     LineFields lines{*this, spacing, false};
-    Swatch LineColorCanvas{*this,         Group::Lines, "LineColorCanvas",
-                           "Cross Color", black,        {.label = "StaticText4", .governs = {"cross"}}};
-    Swatch LinesColorCanvas{
-        *this,        Group::Lines, "LinesColorCanvas",
-        "Line Color", black,        {.label = "StaticText5", .beside = true, .governs = {"grid"}}};
+    Swatch LineColorCanvas{*this,
+                           Group::Lines,
+                           "LineColorCanvas",
+                           "cross-color",
+                           "Cross Color",
+                           black,
+                           {.label = "StaticText4", .governs = {"cross"}}};
+    Swatch LinesColorCanvas{*this,
+                            Group::Lines,
+                            "LinesColorCanvas",
+                            "line-color",
+                            "Line Color",
+                            black,
+                            {.label = "StaticText5", .beside = true, .governs = {"grid"}}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,
                                  "BackgroundColorCanvas",
+                                 "background-color",
                                  "Background Color",
                                  white,
                                  {.label = "StaticText28", .beside = true, .governs = {"background"}}};

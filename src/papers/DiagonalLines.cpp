@@ -81,15 +81,26 @@ void DiagonalDrawing::DrawHorizontals()
 }  // namespace
 
 DiagonalForm::DiagonalForm()
-    : cell{*this, ".3", "slanted lines", {"grid.rising", "grid.falling"}},
+    : cell{*this, "line-weight-of-the-slanted-lines", ".3", "slanted lines", {"grid.rising", "grid.falling"}},
       minor{*this,
+            "minor-line-weight-of-the-frame-the-vertical-and-the-horizontal-lines",
             "frame, the vertical and the horizontal lines",
             {"frame", "grid.vertical", "grid.horizontal"},
             nullptr},
-      CheckBoxHorizontal{
-          *this, Group::Lines, "CheckBoxHorizontal", "Horizontal Lines", true, {.governs = {"grid.horizontal"}}},
-      CheckBoxVertical{
-          *this, Group::Lines, "CheckBoxVertical", "Vertical Lines", true, {.governs = {"grid.vertical"}}},
+      CheckBoxHorizontal{*this,
+                         Group::Lines,
+                         "CheckBoxHorizontal",
+                         "horizontal-lines",
+                         "Horizontal Lines",
+                         true,
+                         {.governs = {"grid.horizontal"}}},
+      CheckBoxVertical{*this,
+                       Group::Lines,
+                       "CheckBoxVertical",
+                       "vertical-lines",
+                       "Vertical Lines",
+                       true,
+                       {.governs = {"grid.vertical"}}},
       outline{*this}
 {}
 

@@ -13,6 +13,7 @@ struct DotsForm final : PaperForm {
     TextField EditDotWeight{*this,
                             Group::Spacing,
                             "EditDotWeight",
+                            "dot-weight-of-the-dots",
                             "Dot Weight:",
                             "1",
                             {.label = "StaticText3",
@@ -21,14 +22,24 @@ struct DotsForm final : PaperForm {
                              .governs = {"dot"},
                              .apart = &spacing.EditHorzSpacing}};
     LineFields lines{*this, spacing, false};
-    Swatch LineColorCanvas{*this,       Group::Lines, "LineColorCanvas",
-                           "Dot Color", black,        {.label = "StaticText4", .governs = {"dot"}}};
-    Swatch LinesColorCanvas{
-        *this,        Group::Lines, "LinesColorCanvas",
-        "Line Color", black,        {.label = "StaticText5", .beside = true, .governs = {"grid"}}};
+    Swatch LineColorCanvas{*this,
+                           Group::Lines,
+                           "LineColorCanvas",
+                           "dot-color",
+                           "Dot Color",
+                           black,
+                           {.label = "StaticText4", .governs = {"dot"}}};
+    Swatch LinesColorCanvas{*this,
+                            Group::Lines,
+                            "LinesColorCanvas",
+                            "line-color",
+                            "Line Color",
+                            black,
+                            {.label = "StaticText5", .beside = true, .governs = {"grid"}}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,
                                  "BackgroundColorCanvas",
+                                 "background-color",
                                  "Background Color",
                                  white,
                                  {.label = "StaticText26", .beside = true, .governs = {"background"}}};

@@ -13,6 +13,7 @@ struct EngineeringForm final : PaperForm {
         *this,
         Group::Spacing,
         "EditHorzSpacing",
+        "horizontal-grid-spacing",
         "Horizontal Grid Spacing:",
         "5",
         {.label = "StaticText25", .meaning = Meaning::LinesPerUnit, .governs = {"grid.vertical"}}};
@@ -20,6 +21,7 @@ struct EngineeringForm final : PaperForm {
     TextField EditLineThicknessHorz{*this,
                                     Group::Spacing,
                                     "EditLineThicknessHorz",
+                                    "line-weight-of-the-horizontal-lines",
                                     "Line Weight:",
                                     ".3",
                                     {.label = "StaticText1",
@@ -32,6 +34,7 @@ struct EngineeringForm final : PaperForm {
         *this,
         Group::Spacing,
         "EditBlankTop",
+        "blank-lines-on-top",
         "Blank Lines on Top:",
         "3",
         {.label = "StaticText27", .beside = true, .meaning = Meaning::Count, .governs = {"grid.horizontal"}}};
@@ -39,6 +42,7 @@ struct EngineeringForm final : PaperForm {
         *this,
         Group::Spacing,
         "EditVertiSpacing",
+        "vertical-grid-spacing",
         "Vertical Grid Spacing:",
         "5",
         {.label = "StaticText26", .meaning = Meaning::LinesPerUnit, .governs = {"grid.horizontal"}}};
@@ -46,6 +50,7 @@ struct EngineeringForm final : PaperForm {
     TextField EditLineThicknessVert{*this,
                                     Group::Spacing,
                                     "EditLineThicknessVert",
+                                    "line-weight-of-the-vertical-lines",
                                     "Line Weight:",
                                     ".15",
                                     {.label = "StaticText24",
@@ -58,14 +63,21 @@ struct EngineeringForm final : PaperForm {
         *this,
         Group::Spacing,
         "EditBlankLeft",
+        "blank-lines-on-left",
         "Blank Lines on Left:",
         "5",
         {.label = "StaticText28", .beside = true, .meaning = Meaning::Count, .governs = {"grid.vertical"}}};
-    Swatch LineColorCanvas{*this,        Group::Lines, "LineColorCanvas",
-                           "Line Color", black,        {.label = "StaticText4", .governs = {"grid"}}};
+    Swatch LineColorCanvas{*this,
+                           Group::Lines,
+                           "LineColorCanvas",
+                           "line-color",
+                           "Line Color",
+                           black,
+                           {.label = "StaticText4", .governs = {"grid"}}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,
                                  "BackgroundColorCanvas",
+                                 "background-color",
                                  "Background Color",
                                  white,
                                  {.label = "StaticText30", .beside = true, .governs = {"background"}}};

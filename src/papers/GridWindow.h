@@ -11,11 +11,17 @@ namespace linealis {
 struct GridForm final : PaperForm {
     SpacingFields spacing{*this, ".25", ".25"};
     LineFields lines{*this, spacing, true};
-    Swatch LinesColorCanvas{*this,        Group::Lines, "LinesColorCanvas",
-                            "Line Color", black,        {.label = "StaticText5", .governs = {"grid"}}};
+    Swatch LinesColorCanvas{*this,
+                            Group::Lines,
+                            "LinesColorCanvas",
+                            "line-color",
+                            "Line Color",
+                            black,
+                            {.label = "StaticText5", .governs = {"grid"}}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,
                                  "BackgroundColorCanvas",
+                                 "background-color",
                                  "Background Color",
                                  white,
                                  {.label = "StaticText28", .beside = true, .governs = {"background"}}};

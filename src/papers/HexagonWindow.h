@@ -9,8 +9,8 @@ namespace linealis {
 /// A honeycomb with flat sides at the top and bottom of its cells, of whole rows and columns, centred on the page.
 /// The cell size is the side of a hexagon.
 struct HexagonForm final : PaperForm {
-    CellSizeFields cell{*this, ".3", "hexagons", {"cell"}};
-    MinorWeightField minor{*this, "frame", {"frame"}, &outline.CheckBoxFrame};
+    CellSizeFields cell{*this, "line-weight-of-the-hexagons", ".3", "hexagons", {"cell"}};
+    MinorWeightField minor{*this, "minor-line-weight-of-the-frame", "frame", {"frame"}, &outline.CheckBoxFrame};
     CellFrameFields outline{*this};
 };
 

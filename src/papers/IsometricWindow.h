@@ -8,7 +8,8 @@ namespace linealis {
 
 /// Verticals and two families of lines that rise and fall at 30 degrees: a triangular grid for isometric views.
 struct IsometricForm final : PaperForm {
-    CellSizeFields cell{*this, ".15", "pattern and its frame", {"frame", "grid"}};
+    CellSizeFields cell{
+        *this, "line-weight-of-the-pattern-and-its-frame", ".15", "pattern and its frame", {"frame", "grid"}};
     CellFrameFields outline{*this};
 };
 

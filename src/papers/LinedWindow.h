@@ -12,6 +12,7 @@ struct LinedForm final : PaperForm {
         *this,
         Group::Spacing,
         "EditHorzSpacing",
+        "line-spacing",
         "Line Spacing:",
         "5",
         {.label = "StaticText25", .meaning = Meaning::LinesPerUnit, .governs = {"line.ruled"}}};
@@ -19,12 +20,14 @@ struct LinedForm final : PaperForm {
     TextField EditBlankTop{*this,
                            Group::Spacing,
                            "EditBlankTop",
+                           "blank-lines-on-top",
                            "Blank Lines on Top:",
                            "3",
                            {.label = "StaticText27", .meaning = Meaning::Count, .governs = {"line.ruled"}}};
     TextField EditLineThicknessHorz{*this,
                                     Group::Spacing,
                                     "EditLineThicknessHorz",
+                                    "line-weight-of-the-vertical-rule",
                                     "Line Weight:",
                                     ".2",
                                     {.label = "StaticText1",
@@ -33,11 +36,17 @@ struct LinedForm final : PaperForm {
                                      .sets = "vertical rule",
                                      .governs = {"line.margin"},
                                      .drawnBy = &CheckBoxDrawVertical}};
-    CheckBox CheckBoxDrawVertical{
-        *this, Group::Lines, "CheckBoxDrawVertical", "Draw Vertical Line", true, {.governs = {"line.margin"}}};
+    CheckBox CheckBoxDrawVertical{*this,
+                                  Group::Lines,
+                                  "CheckBoxDrawVertical",
+                                  "draw-vertical-line",
+                                  "Draw Vertical Line",
+                                  true,
+                                  {.governs = {"line.margin"}}};
     TextField EditBlankLeft{*this,
                             Group::Lines,
                             "EditBlankLeft",
+                            "offset-from-left",
                             "Offset From left:",
                             "1",
                             {.label = "StaticText28",
@@ -48,6 +57,7 @@ struct LinedForm final : PaperForm {
     TextField EditLineThicknessVert{*this,
                                     Group::Lines,
                                     "EditLineThicknessVert",
+                                    "line-weight-of-the-ruled-lines",
                                     "Line Weight:",
                                     ".5",
                                     {.label = "StaticText24",
@@ -56,11 +66,17 @@ struct LinedForm final : PaperForm {
                                      .sets = "ruled lines",
                                      .governs = {"line.ruled"},
                                      .apart = &EditHorzSpacing}};
-    Swatch LineColorCanvas{*this,        Group::Lines, "LineColorCanvas",
-                           "Line Color", black,        {.label = "StaticText4", .governs = {"line"}}};
+    Swatch LineColorCanvas{*this,
+                           Group::Lines,
+                           "LineColorCanvas",
+                           "line-color",
+                           "Line Color",
+                           black,
+                           {.label = "StaticText4", .governs = {"line"}}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,
                                  "BackgroundColorCanvas",
+                                 "background-color",
                                  "Background Color",
                                  white,
                                  {.label = "StaticText29", .beside = true, .governs = {"background"}}};

@@ -12,21 +12,28 @@ struct PolarForm final : PaperForm {
     TextField EditNumCircles{*this,
                              Group::Spacing,
                              "EditNumCircles",
+                             "circles",
                              "Circles:",
                              "8",
                              {.meaning = Meaning::CountFromOne, .governs = {"circle", "spoke.minor"}}};
     TextField EditNumSpokes{*this,
                             Group::Spacing,
                             "EditNumSpokes",
+                            "spokes",
                             "Spokes:",
                             "12",
                             {.beside = true, .meaning = Meaning::Quantity, .governs = {"spoke.major", "number"}}};
-    TextField EditNumMinorSpokes{
-        *this,    Group::Spacing, "EditNumMinorSpokes",
-        "Minor:", "48",           {.beside = true, .meaning = Meaning::Quantity, .governs = {"spoke.minor"}}};
+    TextField EditNumMinorSpokes{*this,
+                                 Group::Spacing,
+                                 "EditNumMinorSpokes",
+                                 "minor",
+                                 "Minor:",
+                                 "48",
+                                 {.beside = true, .meaning = Meaning::Quantity, .governs = {"spoke.minor"}}};
     TextField EditMinorStart{*this,
                              Group::Spacing,
                              "EditMinorStart",
+                             "minor-start",
                              "Minor Start:",
                              "2",
                              {.beside = true, .meaning = Meaning::Count, .governs = {"spoke.minor"}}};
@@ -34,6 +41,7 @@ struct PolarForm final : PaperForm {
         *this,
         Group::Lines,
         "EditLineThickness",
+        "line-weight-of-the-circles-and-spokes",
         "Line Weight:",
         ".45",
         {.meaning = Meaning::Weight, .sets = "circles and spokes", .governs = {"circle", "spoke.major"}}};
@@ -41,48 +49,75 @@ struct PolarForm final : PaperForm {
         *this,
         Group::Lines,
         "EditMinorLineThickness",
+        "minor-line-weight-of-the-minor-spokes",
         "Minor Line Weight:",
         ".1",
         {.beside = true, .meaning = Meaning::Weight, .sets = "minor spokes", .governs = {"spoke.minor"}}};
-    Swatch LineColorCanvas{*this,        Group::Lines, "LineColorCanvas",
-                           "Line Color", black,        {.governs = {"circle", "spoke"}}};
+    Swatch LineColorCanvas{*this,
+                           Group::Lines,
+                           "LineColorCanvas",
+                           "line-color",
+                           "Line Color",
+                           black,
+                           {.governs = {"circle", "spoke"}}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,
                                  "BackgroundColorCanvas",
+                                 "background-color",
                                  "Background Color",
                                  white,
                                  {.beside = true, .governs = {"background"}}};
-    RadioGroup RadioButton1{
-        *this, Group::Text, "RadioButton1", "Labels:", {"None", "Degrees", "Radians", "Start At 0", "Start At 1"},
-        1};
+    RadioGroup RadioButton1{*this,    Group::Text, "RadioButton1",
+                            "labels", "Labels:",   {"None", "Degrees", "Radians", "Start At 0", "Start At 1"},
+                            1};
     Popup PopupMenuLabelSkip{*this,
                              Group::Text,
                              "PopupMenuLabelSkip",
+                             "print-every",
                              "Print Every:",
                              {"1",  "2",  "3",  "4",  "5",  "6",  "7",  "8",  "9",  "10",
                               "11", "12", "13", "14", "15", "16", "17", "18", "19", "20"},
                              0,
                              {.governs = {"number"}}};
-    Popup PopupFont1{*this, Group::Text, "PopupFont1", "Font:", FontNames(), 4, {.governs = {"number", "title"}}};
-    TextField EditFontSize{
-        *this,   Group::Text, "EditFontSize",
-        "Size:", "10",        {.beside = true, .meaning = Meaning::FontSize, .governs = {"number"}}};
-    Swatch TextColorCanvas{*this,        Group::Text, "TextColorCanvas",
-                           "Text Color", black,       {.governs = {"number", "title"}}};
+    Popup PopupFont1{
+        *this, Group::Text, "PopupFont1", "font", "Font:", FontNames(), 4, {.governs = {"number", "title"}}};
+    TextField EditFontSize{*this,
+                           Group::Text,
+                           "EditFontSize",
+                           "font-size",
+                           "Size:",
+                           "10",
+                           {.beside = true, .meaning = Meaning::FontSize, .governs = {"number"}}};
+    Swatch TextColorCanvas{
+        *this, Group::Text, "TextColorCanvas", "text-color", "Text Color", black, {.governs = {"number", "title"}}};
     TextField EditTitle{*this,
                         Group::Text,
                         "EditTitle",
+                        "title",
                         "Title:",
                         "Sample Polar Graph Paper",
                         {.meaning = Meaning::Prose, .governs = {"title"}}};
-    TextField EditTitleX{
-        *this, Group::Text, "EditTitleX",
-        "X:",  "2.6",       {.beside = true, .meaning = Meaning::TitlePlace, .governs = {"title"}}};
-    TextField EditTitleY{*this, Group::Text, "EditTitleY",
-                         "Y:",  "1",         {.beside = true, .meaning = Meaning::Length, .governs = {"title"}}};
-    TextField EditTitleSize{
-        *this,   Group::Text, "EditTitleSize",
-        "Size:", "20",        {.beside = true, .meaning = Meaning::FontSize, .governs = {"title"}}};
+    TextField EditTitleX{*this,
+                         Group::Text,
+                         "EditTitleX",
+                         "title-x",
+                         "X:",
+                         "2.6",
+                         {.beside = true, .meaning = Meaning::TitlePlace, .governs = {"title"}}};
+    TextField EditTitleY{*this,
+                         Group::Text,
+                         "EditTitleY",
+                         "title-y",
+                         "Y:",
+                         "1",
+                         {.beside = true, .meaning = Meaning::Length, .governs = {"title"}}};
+    TextField EditTitleSize{*this,
+                            Group::Text,
+                            "EditTitleSize",
+                            "title-size",
+                            "Size:",
+                            "20",
+                            {.beside = true, .meaning = Meaning::FontSize, .governs = {"title"}}};
     ShiftClickNote note{*this, "StaticTextShiftClick"};
 
     std::string WhyIdle(const Control& control) const override;

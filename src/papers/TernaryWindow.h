@@ -12,30 +12,40 @@ struct TernaryForm final : PaperForm {
     TextField EditMajorDivisions{*this,
                                  Group::Spacing,
                                  "EditMajorDivisions",
+                                 "major-divisions",
                                  "Major Divisions:",
                                  "10",
                                  {.meaning = Meaning::Divisions, .governs = {"grid", "number"}}};
     TextField EditMinorDivisions{*this,
                                  Group::Spacing,
                                  "EditMinorDivisions",
+                                 "minor-divisions",
                                  "Minor Divisions:",
                                  "5",
                                  {.beside = true, .meaning = Meaning::CountFromOne, .governs = {"grid.minor"}}};
-    Popup PopupScaling{*this, Group::Spacing,         "PopupScaling", "Scaling:", {"None", "Axis", "Center"},
-                       0,     {.governs = {"number"}}};
+    Popup PopupScaling{
+        *this, Group::Spacing,         "PopupScaling", "scaling", "Scaling:", {"None", "Axis", "Center"},
+        0,     {.governs = {"number"}}};
     TextField EditAxisMaximum{
         *this,
         Group::Spacing,
         "EditAxisMaximum",
+        "axis-maximum",
         "Axis Maximum:",
         "100",
         {.label = "StaticTextAxisMaximum", .beside = true, .enabled = false, .governs = {"number"}}};
-    CheckBox CheckBoxFlip{*this,  Group::Spacing, "CheckBoxFlip",
-                          "Flip", false,          {.beside = true, .enabled = false, .governs = {"number"}}};
+    CheckBox CheckBoxFlip{*this,
+                          Group::Spacing,
+                          "CheckBoxFlip",
+                          "flip",
+                          "Flip",
+                          false,
+                          {.beside = true, .enabled = false, .governs = {"number"}}};
     TextField EditLineThickness{
         *this,
         Group::Lines,
         "EditLineThickness",
+        "major-weight-of-the-triangle-and-its-divisions",
         "Major Weight:",
         "1",
         {.meaning = Meaning::Weight, .sets = "triangle and its divisions", .governs = {"frame", "grid.major"}}};
@@ -43,16 +53,23 @@ struct TernaryForm final : PaperForm {
         *this,
         Group::Lines,
         "EditMinorLineThickness",
+        "minor-line-weight-of-the-minor-divisions",
         "Minor Line Weight:",
         ".05",
         {.beside = true, .meaning = Meaning::Weight, .sets = "minor divisions", .governs = {"grid.minor"}}};
     /// Nothing reads it: the triangle is always drawn.
-    CheckBox CheckBoxFrame{*this, Group::Lines, "CheckBoxFrame", "Draw Frame", true};
-    Swatch LineColorCanvas{*this,        Group::Lines, "LineColorCanvas",
-                           "Line Color", black,        {.governs = {"frame", "grid", "number"}}};
+    CheckBox CheckBoxFrame{*this, Group::Lines, "CheckBoxFrame", "draw-frame", "Draw Frame", true};
+    Swatch LineColorCanvas{*this,
+                           Group::Lines,
+                           "LineColorCanvas",
+                           "line-color",
+                           "Line Color",
+                           black,
+                           {.governs = {"frame", "grid", "number"}}};
     Swatch BackgroundColorCanvas{*this,
                                  Group::Lines,
                                  "BackgroundColorCanvas",
+                                 "background-color",
                                  "Background Color",
                                  white,
                                  {.beside = true, .governs = {"background"}}};

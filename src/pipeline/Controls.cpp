@@ -9,8 +9,9 @@
 namespace linealis {
 
 Control::Control(Form& theForm, ControlKind theKind, Group theGroup, std::string_view theName,
-                 std::string_view theCaption, const Traits& theTraits, Content openingContent)
-    : form(theForm), name(theName), kind(theKind), group(theGroup),
+                 std::string_view theAlias, std::string_view theCaption, const Traits& theTraits,
+                 Content openingContent)
+    : form(theForm), name(theName), alias(theAlias), kind(theKind), group(theGroup),
       traits(theTraits), state{std::string(theCaption),
                                theTraits.enabledBy == nullptr ? theTraits.enabled : theTraits.enabledBy->Value(),
                                theTraits.meaning, std::move(openingContent)}
@@ -61,7 +62,7 @@ void Control::SetContent(Content content)
 
 Label::Label(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
              const Traits& theTraits, const UnitCaptions& theUnitCaptions)
-    : Control(theForm, kindOf, theGroup, theName, theCaption, theTraits), unitCaptions(theUnitCaptions)
+    : Control(theForm, kindOf, theGroup, theName, "", theCaption, theTraits), unitCaptions(theUnitCaptions)
 {}
 
 void Label::ShowUnit(bool inches)
@@ -71,9 +72,9 @@ void Label::ShowUnit(bool inches)
     }
 }
 
-TextField::TextField(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
-                     std::string_view openingText, const Traits& theTraits)
-    : Control(theForm, kindOf, theGroup, theName, theCaption, theTraits, std::string(openingText))
+TextField::TextField(Form& theForm, Group theGroup, std::string_view theName, std::string_view theAlias,
+                     std::string_view theCaption, std::string_view openingText, const Traits& theTraits)
+    : Control(theForm, kindOf, theGroup, theName, theAlias, theCaption, theTraits, std::string(openingText))
 {}
 
 double TextField::Number() const
@@ -118,9 +119,10 @@ void TextField::SetMeaning(Meaning newMeaning)
 }
 
 Choice::Choice(Form& theForm, ControlKind theKind, Group theGroup, std::string_view theName,
-               std::string_view theCaption, std::vector<std::string_view> theItems, int openingIndex,
-               const Traits& theTraits)
-    : Control(theForm, theKind, theGroup, theName, theCaption, theTraits, openingIndex), items(std::move(theItems))
+               std::string_view theAlias, std::string_view theCaption, std::vector<std::string_view> theItems,
+               int openingIndex, const Traits& theTraits)
+    : Control(theForm, theKind, theGroup, theName, theAlias, theCaption, theTraits, openingIndex),
+      items(std::move(theItems))
 {}
 
 void Choice::SetListIndex(std::int64_t index)
@@ -132,19 +134,20 @@ void Choice::SetListIndex(std::int64_t index)
     }
 }
 
-Popup::Popup(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
-             std::vector<std::string_view> theItems, int openingIndex, const Traits& theTraits)
-    : Choice(theForm, kindOf, theGroup, theName, theCaption, std::move(theItems), openingIndex, theTraits)
+Popup::Popup(Form& theForm, Group theGroup, std::string_view theName, std::string_view theAlias,
+             std::string_view theCaption, std::vector<std::string_view> theItems, int openingIndex,
+             const Traits& theTraits)
+    : Choice(theForm, kindOf, theGroup, theName, theAlias, theCaption, std::move(theItems), openingIndex, theTraits)
 {}
 
-RadioGroup::RadioGroup(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
-                       std::vector<std::string_view> theItems, int openingIndex)
-    : Choice(theForm, kindOf, theGroup, theName, theCaption, std::move(theItems), openingIndex, {})
+RadioGroup::RadioGroup(Form& theForm, Group theGroup, std::string_view theName, std::string_view theAlias,
+                       std::string_view theCaption, std::vector<std::string_view> theItems, int openingIndex)
+    : Choice(theForm, kindOf, theGroup, theName, theAlias, theCaption, std::move(theItems), openingIndex, {})
 {}
 
-CheckBox::CheckBox(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
-                   bool openingValue, const Traits& theTraits)
-    : Control(theForm, kindOf, theGroup, theName, theCaption, theTraits, openingValue)
+CheckBox::CheckBox(Form& theForm, Group theGroup, std::string_view theName, std::string_view theAlias,
+                   std::string_view theCaption, bool openingValue, const Traits& theTraits)
+    : Control(theForm, kindOf, theGroup, theName, theAlias, theCaption, theTraits, openingValue)
 {}
 
 void CheckBox::SetValue(bool newValue)
@@ -161,9 +164,9 @@ void CheckBox::Click(bool newValue)
     }
 }
 
-Swatch::Swatch(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
-               Color openingColor, const Traits& theTraits)
-    : Control(theForm, kindOf, theGroup, theName, theCaption, theTraits, openingColor)
+Swatch::Swatch(Form& theForm, Group theGroup, std::string_view theName, std::string_view theAlias,
+               std::string_view theCaption, Color openingColor, const Traits& theTraits)
+    : Control(theForm, kindOf, theGroup, theName, theAlias, theCaption, theTraits, openingColor)
 {}
 
 void Swatch::SetColor(Color newColor)

@@ -69,6 +69,8 @@ public:
     Control& operator=(const Control&) = delete;
 
     std::string_view Name() const { return name; }
+    /// The name as one word for whoever types it: "top-margin". Stays whatever the caption says. Empty for a label.
+    std::string_view Alias() const { return alias; }
     ControlKind Kind() const { return kind; }
     Group InGroup() const { return group; }
     const Traits& Declared() const { return traits; }
@@ -87,7 +89,7 @@ public:
 protected:
     using Content = decltype(ControlState::content);
 
-    Control(Form& theForm, ControlKind theKind, Group theGroup, std::string_view theName,
+    Control(Form& theForm, ControlKind theKind, Group theGroup, std::string_view theName, std::string_view theAlias,
             std::string_view theCaption, const Traits& theTraits, Content openingContent = {});
     ~Control();
 
@@ -106,6 +108,7 @@ protected:
 
 private:
     std::string_view name;
+    std::string_view alias;
     ControlKind kind;
     Group group;
     Traits traits;
@@ -139,8 +142,8 @@ class TextField final : public Control {
 public:
     static constexpr ControlKind kindOf = ControlKind::Text;
 
-    TextField(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
-              std::string_view openingText, const Traits& theTraits = {});
+    TextField(Form& theForm, Group theGroup, std::string_view theName, std::string_view theAlias,
+              std::string_view theCaption, std::string_view openingText, const Traits& theTraits = {});
 
     const std::string& Text() const { return Holds<std::string>(); }
     /// The leading number of the text.
@@ -177,7 +180,7 @@ public:
     std::function<void()> onChange;  ///< runs at every choice, also of the item that it already shows
 
 protected:
-    Choice(Form& theForm, ControlKind theKind, Group theGroup, std::string_view theName,
+    Choice(Form& theForm, ControlKind theKind, Group theGroup, std::string_view theName, std::string_view theAlias,
            std::string_view theCaption, std::vector<std::string_view> theItems, int openingIndex,
            const Traits& theTraits);
 
@@ -189,24 +192,25 @@ class Popup final : public Choice {
 public:
     static constexpr ControlKind kindOf = ControlKind::Popup;
 
-    Popup(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
-          std::vector<std::string_view> theItems, int openingIndex = 0, const Traits& theTraits = {});
+    Popup(Form& theForm, Group theGroup, std::string_view theName, std::string_view theAlias,
+          std::string_view theCaption, std::vector<std::string_view> theItems, int openingIndex = 0,
+          const Traits& theTraits = {});
 };
 
 class RadioGroup final : public Choice {
 public:
     static constexpr ControlKind kindOf = ControlKind::Radio;
 
-    RadioGroup(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
-               std::vector<std::string_view> theItems, int openingIndex);
+    RadioGroup(Form& theForm, Group theGroup, std::string_view theName, std::string_view theAlias,
+               std::string_view theCaption, std::vector<std::string_view> theItems, int openingIndex);
 };
 
 class CheckBox final : public Control {
 public:
     static constexpr ControlKind kindOf = ControlKind::Check;
 
-    CheckBox(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
-             bool openingValue, const Traits& theTraits = {});
+    CheckBox(Form& theForm, Group theGroup, std::string_view theName, std::string_view theAlias,
+             std::string_view theCaption, bool openingValue, const Traits& theTraits = {});
 
     bool Value() const { return Holds<bool>(); }
     void SetValue(bool newValue);
@@ -221,8 +225,8 @@ class Swatch final : public Control {
 public:
     static constexpr ControlKind kindOf = ControlKind::Color;
 
-    Swatch(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption, Color openingColor,
-           const Traits& theTraits = {});
+    Swatch(Form& theForm, Group theGroup, std::string_view theName, std::string_view theAlias,
+           std::string_view theCaption, Color openingColor, const Traits& theTraits = {});
 
     Color Shown() const { return Holds<Color>(); }
     void SetColor(Color newColor);

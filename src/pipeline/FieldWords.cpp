@@ -105,28 +105,13 @@ std::string WholeName(const Form& form, const Control& control)
     return isNamedByRow && &first != &control ? WholeName(form, first) + ", " + caption : caption;
 }
 
-std::string AliasOf(const Form& form, const Control& control)
-{
-    std::string alias;
-    bool inWord = false;
-    for (const char c : WholeName(form, control)) {
-        const bool isLetter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
-        if (isLetter) {
-            alias += inWord || alias.empty() ? "" : "-";
-            alias += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-        }
-        inWord = isLetter;
-    }
-    return alias;
-}
-
 Control* FindByNameOrAlias(const Form& form, std::string_view nameOrAlias)
 {
     if (Control* const control = form.Find(nameOrAlias); control && control->Kind() != ControlKind::Label) {
         return control;
     }
     const auto found = std::find_if(form.Controls().begin(), form.Controls().end(), [&](const Control* control) {
-        return control->Kind() != ControlKind::Label && AliasOf(form, *control) == nameOrAlias;
+        return control->Kind() != ControlKind::Label && control->Alias() == nameOrAlias;
     });
     return found == form.Controls().end() ? nullptr : *found;
 }

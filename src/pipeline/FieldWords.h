@@ -14,9 +14,6 @@ namespace linealis {
 /// Weight", "Top margin".
 std::string WholeName(const Form& form, const Control& control);
 
-/// The same as one word for who types it: "x-axis-weight", "top-margin".
-std::string AliasOf(const Form& form, const Control& control);
-
 /// The control that the row of this one begins with on the form; the control itself if it does.
 const Control& FirstInRow(const Form& form, const Control& control);
 

@@ -34,21 +34,24 @@ constexpr Traits scale{.beside = true, .meaning = Meaning::Scale};
 }  // namespace
 
 PaperForm::PaperForm(const MarginTexts& margins)
-    : PopupPaperSize{*this, Group::Page, "PopupPaperSize", "Paper Size:", PaperNames()},
-      EditCustomWidth{*this, Group::Page, "EditCustomWidth", "", "8.5", CustomSize("Custom width")},
+    : PopupPaperSize{*this, Group::Page, "PopupPaperSize", "paper-size", "Paper Size:", PaperNames()},
+      EditCustomWidth{*this, Group::Page, "EditCustomWidth", "custom-width", "", "8.5", CustomSize("Custom width")},
       StaticBy{*this, Group::Page, "StaticBy", "by", {.beside = true, .enabled = false}},
-      EditCustomHeight{*this, Group::Page, "EditCustomHeight", "", "11", CustomSize("Custom height")},
+      EditCustomHeight{*this, Group::Page, "EditCustomHeight",         "custom-height",
+                       "",    "11",        CustomSize("Custom height")},
       StaticText16{*this, Group::Page, "StaticText16", "in", {.beside = true}, {"in", "cm"}},
-      PopupOrientation{*this, Group::Page,     "PopupOrientation", "Orientation:", {"Portrait", "Landscape"},
-                       0,     {.beside = true}},
-      PopupUnits{*this, Group::Page, "PopupUnits", "Units:", {"inches", "cm"}},
-      EditXScale{*this, Group::Page, "EditXScale", "X Scale:", "100", scale},
-      EditYScale{*this, Group::Page, "EditYScale", "Y Scale:", "100", scale},
-      EditTopMargin{*this, Group::Margins, "EditTopMargin", "Top", margins.top, firstMargin},
-      EditBottomMargin{*this, Group::Margins, "EditBottomMargin", "Bottom", margins.bottom, margin},
-      EditLeftMargin{*this, Group::Margins, "EditLeftMargin", "Left", margins.left, margin},
-      EditRightMargin{*this, Group::Margins, "EditRightMargin", "Right", margins.right, margin},
-      CheckBoxViewGraph{*this, Group::File, "CheckBoxViewGraph", "View Graph", true},
+      PopupOrientation{
+          *this, Group::Page,     "PopupOrientation", "orientation", "Orientation:", {"Portrait", "Landscape"},
+          0,     {.beside = true}},
+      PopupUnits{*this, Group::Page, "PopupUnits", "units", "Units:", {"inches", "cm"}},
+      EditXScale{*this, Group::Page, "EditXScale", "x-scale", "X Scale:", "100", scale},
+      EditYScale{*this, Group::Page, "EditYScale", "y-scale", "Y Scale:", "100", scale},
+      EditTopMargin{*this, Group::Margins, "EditTopMargin", "top-margin", "Top", margins.top, firstMargin},
+      EditBottomMargin{*this,          Group::Margins, "EditBottomMargin", "bottom-margin", "Bottom",
+                       margins.bottom, margin},
+      EditLeftMargin{*this, Group::Margins, "EditLeftMargin", "left-margin", "Left", margins.left, margin},
+      EditRightMargin{*this, Group::Margins, "EditRightMargin", "right-margin", "Right", margins.right, margin},
+      CheckBoxViewGraph{*this, Group::File, "CheckBoxViewGraph", "view-graph", "View Graph", true},
       StaticFileName{*this, Group::File, "StaticFileName", "Untitled", {.beside = true}}
 {
     PopupPaperSize.onChange = [this] { PopupPaperSize_Change(); };

@@ -36,7 +36,7 @@ Control& FindControl(std::string_view owner, const Form& form, std::string_view 
     std::vector<std::string> possible;
     for (const Control* const control : form.Controls()) {
         if (isWanted(*control)) {
-            possible.push_back(isAlias ? AliasOf(form, *control) : std::string(control->Name()));
+            possible.push_back(isAlias ? std::string(control->Alias()) : std::string(control->Name()));
         }
     }
     throw UnknownInput{"control of " + std::string(owner), std::string(given), possible};

@@ -15,7 +15,7 @@ struct UnknownInput {
     std::vector<std::string> possible;
 };
 
-/// A control by its name or its alias (AliasOf), and what it is to hold.
+/// A control by its name or its alias, and what it is to hold.
 struct Setting {
     std::string_view control;
     std::string_view value;

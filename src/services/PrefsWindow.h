@@ -11,7 +11,8 @@ public:
         CheckBox CheckBoxUpdateCheck;
 
         explicit PrefsForm(bool checks)
-            : CheckBoxUpdateCheck{*this, Group::Page, "CheckBoxUpdateCheck", "Check For Updates", checks}
+            : CheckBoxUpdateCheck{
+                  *this, Group::Page, "CheckBoxUpdateCheck", "check-for-updates", "Check For Updates", checks}
         {}
     };
 
