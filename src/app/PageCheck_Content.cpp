@@ -2,6 +2,7 @@
 
 #include "pdf/Numbers.h"
 #include "pdf/PageContent.h"
+#include "pdf/ShortText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -162,7 +163,7 @@ private:
 
 std::string Quoted(const std::string& text)
 {
-    return "\u201C" + text + "\u201D";
+    return "\u201C" + Shortened(text) + "\u201D";
 }
 
 void CheckPlaces(const TextAndLineReader& page, PageWarnings& warnings)

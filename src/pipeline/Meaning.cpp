@@ -2,6 +2,7 @@
 
 #include "pdf/MacRoman.h"
 #include "pdf/Numbers.h"
+#include "pdf/ShortText.h"
 #include "pdf/Units.h"
 
 #include <algorithm>
@@ -261,7 +262,7 @@ std::string RemarkOnMissingNumber(Meaning meaning, const std::string& text)
     const double used = UsedValue(meaning, Val(text));
     const std::string counts = "counts as " + Str(used);
     const std::string effect = EffectOf(meaning, used);
-    return (IsBlank(text) ? "empty " : "\u201C" + text + "\u201D is not a number, ") + counts +
+    return (IsBlank(text) ? "empty " : "\u201C" + Shortened(text) + "\u201D is not a number, ") + counts +
            (effect.empty() ? "" : ": " + effect);
 }
 

@@ -1,6 +1,7 @@
 #include "pipeline/SetControl.h"
 
 #include "pdf/Numbers.h"
+#include "pdf/ShortText.h"
 #include "pipeline/FieldWords.h"
 #include "pipeline/LengthText.h"
 
@@ -39,7 +40,7 @@ Control& FindControl(std::string_view owner, const Form& form, std::string_view 
             possible.push_back(isAlias ? std::string(control->Alias()) : std::string(control->Name()));
         }
     }
-    throw UnknownInput{"control of " + std::string(owner), std::string(given), possible};
+    throw UnknownInput{"control of " + std::string(owner), Shortened(given), possible};
 }
 
 /// Whether the texts are the same but for the case of ASCII letters.
@@ -78,7 +79,7 @@ std::int64_t ItemIndex(const Choice& choice, std::string_view given)
     }
     std::vector<std::string> possible(items.begin(), items.end());
     possible.push_back("#0 to #" + std::to_string(items.size() - 1));
-    throw UnknownInput{"item of " + std::string(choice.Name()), std::string(given), possible};
+    throw UnknownInput{"item of " + std::string(choice.Name()), Shortened(given), possible};
 }
 
 bool OnOrOff(const Control& control, std::string_view given)
@@ -89,7 +90,7 @@ bool OnOrOff(const Control& control, std::string_view given)
     if (SameText(given, "off")) {
         return false;
     }
-    throw UnknownInput{"value of " + std::string(control.Name()), std::string(given), {"on", "off"}};
+    throw UnknownInput{"value of " + std::string(control.Name()), Shortened(given), {"on", "off"}};
 }
 
 Color ColorFrom(const Control& control, std::string_view given)
@@ -98,7 +99,7 @@ Color ColorFrom(const Control& control, std::string_view given)
     const auto number =
         given.starts_with('#') && given.size() == length ? WholeNumber(given.substr(1), 16) : std::nullopt;
     if (!number) {
-        throw UnknownInput{"color of " + std::string(control.Name()), std::string(given), {"#RRGGBB"}};
+        throw UnknownInput{"color of " + std::string(control.Name()), Shortened(given), {"#RRGGBB"}};
     }
     return {static_cast<std::uint8_t>(*number >> 16U), static_cast<std::uint8_t>(*number >> 8U),
             static_cast<std::uint8_t>(*number)};

@@ -10,8 +10,8 @@ namespace linealis {
 
 /// A name or a value was given that there is not.
 struct UnknownInput {
-    std::string what;  ///< such as "control of grid"
-    std::string given;
+    std::string what;   ///< such as "control of grid"
+    std::string given;  ///< shortened
     std::vector<std::string> possible;
 };
 
