@@ -10,6 +10,15 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 /// What makes linealis-cli a tool of the shell.
+std::string Repeated(std::string_view text, int times)
+{
+    std::string repeated;
+    while (times-- > 0) {
+        repeated += text;
+    }
+    return repeated;
+}
+
 class CliShell : public testing::Test {
 protected:
     /// What the script prints; it must succeed and complain of nothing.
@@ -60,15 +69,24 @@ TEST_F(CliShell, APartOfAFormWillDo)
           "standard input: is no form: it has no object \"controls\"");
     Fails(1, "echo '{\"controls\": }' | $cli form grid --form -", "standard input: is no JSON: byte 14");
     Fails(2, "echo '{\"controls\": {\"units\": [1]}}' | $cli form grid --form -",
-          "standard input: units is a text, a number, true or false, not [1]");
+          "standard input: units is a text, a number, true or false, not a list");
     Fails(1, "echo '{\"controls\": {\"EditXScale\": 1e999}}' | $cli form grid --form -",
           "standard input: is no form: it has a number beyond 1.8e308; a text can hold it");
-    Fails(
-        1,
-        "(printf '{\"controls\":{\"EditXScale\":'; yes '{\"value\":' | head -n 1000000) | $cli form grid --form -",
-        "standard input: is no form: it has lists or objects more than 8 deep");
+    Fails(1,
+          "(printf '{\"controls\":{\"EditXScale\":'; yes '{\"value\":' | head -n 1000) | $cli form grid --form -",
+          "standard input: is no form: it has lists or objects more than 8 deep");
     Fails(2, "echo '{\"controls\": {\"units\": \"m\"}}' | $cli form grid --form -",
           "unknown item of PopupUnits 'm'; possible: cm, inches, #0 to #1");
+    const std::string keys = "seq -f '\"k%g\":1,' 80000; printf '\"z\":1}";
+    Fails(1, "(printf '{\"controls\":{'; " + keys + "}') | $cli form grid --form -",
+          "standard input: is no form: it has more than 256 controls");
+    Prints("(printf '{\"others\":{'; " + keys + ", \"controls\": {}}') | timeout 3 $cli form grid --form -");
+    Fails(1, "(printf '{\"controls\":{}}'; yes '' | head -c 1048576) | $cli form grid --form -",
+          "standard input: is larger than any form");
+    Fails(2,
+          "(printf '{\"controls\":{\"units\":\"'; yes é | head -n 99999 | tr -d '\\n'; printf '\"}}') | $cli form "
+          "grid --form -",
+          "unknown item of PopupUnits '" + Repeated("é", 60) + "...'; possible: inches, cm, #0 to #1");
     Fails(1, "$cli form grid --form .", ".: Is a directory");
     Fails(1, "yes | $cli form grid --form -", "standard input: has more than 67108864 bytes");
 }

@@ -374,10 +374,22 @@ TEST_F(Exchange, PicturesGiveTheirFormBack)
             "; $cli generate --form " + file + " -o b.pdf");
         EXPECT_EQ(PageOf(folder / "a.pdf"), PageOf(folder / "b.pdf")) << ending;
     }
+    // Also when an XML tool has saved it again.
+    for (const char* const again :
+         {"xmllint --encode ASCII page.svg", "xmllint --encode UTF-16 page.svg",
+          "sed 's/linealis:/l:/g; s/xmlns:linealis/xmlns:l/' page.svg",
+          "sed 's/<linealis:form xmlns:linealis/<form xmlns/; s/linealis:form/form/' page.svg"}) {
+        Run(std::string(again) + " > x.svg; $cli generate --form x.svg -o b.pdf");
+        EXPECT_EQ(PageOf(folder / "a.pdf"), PageOf(folder / "b.pdf")) << again;
+    }
     Run("$cli generate --form page.svg --output-dir . --format svg --set page-title=x && cp graph.svg page.svg; "
         "$cli generate --form graph.svg --output-dir . --format svg",
         "the page would replace graph.svg, which it is made from");
-    Run("printf '<svg></svg>' > x.svg; $cli form --form x.svg", "x.svg: is a picture that carries no form");
+    for (const char* const text : {"<svg></svg>", "", "{", "<svg><form>{}</form></svg>",
+                                   "<f:form xmlns:f=\"https://linealis.invalid/form\">{</f:form>"}) {
+        WriteFile(folder / "x.svg", text);
+        Run("$cli form --form x.svg", "x.svg: is a picture that carries no form");
+    }
     // A picture that is cut gives it back if all of it is there.
     const std::string png = ReadFile(folder / "page.png");
     const std::size_t chunk = png.find("iTXt") - 4, end = chunk + FourBytes(png.substr(chunk)) + 12;

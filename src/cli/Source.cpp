@@ -45,7 +45,7 @@ FormFile ReadForm(const std::string& fileName)
     }
 }
 
-void LayOver(const Source& source, const PaperKind& kind, const Form& form)
+void LayOver(const Source& source, const PaperKind& kind, Form& form)
 {
     try {
         linealis::LayOver(*source.form, kind, form);

@@ -4,6 +4,7 @@
 #include "desktop/HttpFetch.h"
 #include "desktop/Text.h"
 #include "desktop/WindowSettings.h"
+#include "exchange/CarriedText.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -98,8 +99,7 @@ void Prepare(QFileDialog& dialog, const FileType& type, QFileDialog::AcceptMode 
 
 bool IsPicture(const QString& path)
 {
-    return path.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive) ||
-           path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive);
+    return IsNameOfPicture(path.toStdString());
 }
 
 DesktopPlatform::DesktopPlatform()

@@ -2,10 +2,16 @@
 
 #include "exchange/PngFile.h"
 
+#include <pugixml.hpp>
+
+#include <algorithm>
 #include <array>
+#include <cctype>
 #include <utility>
 
 namespace linealis {
+
+using namespace std::string_view_literals;
 
 namespace {
 
@@ -13,37 +19,50 @@ using Escape = std::pair<char, std::string_view>;
 constexpr std::array escapes = {Escape{'&', "&amp;"}, Escape{'<', "&lt;"}, Escape{'>', "&gt;"},
                                 Escape{'"', "&quot;"}};
 
-std::string FromXmlText(std::string_view text)
+/// What the names of the form's namespace begin with where the node declares it, such as "linealis:" or nothing.
+std::optional<std::string> DeclaredPrefix(const pugi::xml_node& node)
 {
-    std::string plain;
-    while (!text.empty()) {
-        std::size_t taken = 0;
-        for (const auto& [character, escaped] : escapes) {
-            if (text.starts_with(escaped)) {
-                plain += character;
-                taken = escaped.size();
-            }
+    constexpr std::string_view declaration = "xmlns";
+    for (const pugi::xml_attribute& attribute : node.attributes()) {
+        std::string_view name = attribute.name();
+        if (attribute.value() == carriedNamespace && name.starts_with(declaration)) {
+            name.remove_prefix(declaration.size());
+            return name.empty() ? std::string() : std::string(name.substr(1)) + ':';
         }
-        if (taken == 0) {
-            plain += text.front();
-            taken = 1;
-        }
-        text.remove_prefix(taken);
     }
-    return plain;
+    return std::nullopt;
 }
 
-/// What stands in the first element of the name; empty if there is none.
-std::string TextOfElement(std::string_view xml)
+/// What the first element of the form in an SVG file holds; empty if there is none.
+std::string TextInSvg(std::string_view svg)
 {
-    const std::string begin = "<" + std::string(carriedElement), end = "</" + std::string(carriedElement);
-    const std::size_t tag = xml.find(begin);
-    const std::size_t start = tag == std::string_view::npos ? tag : xml.find('>', tag);
-    const std::size_t stop = start == std::string_view::npos ? start : xml.find(end, start);
-    return stop == std::string_view::npos ? "" : FromXmlText(xml.substr(start + 1, stop - start - 1));
+    pugi::xml_document document;
+    document.load_buffer(svg.data(), svg.size());
+    const pugi::xml_node declarer =
+        document.find_node([](const pugi::xml_node& node) { return DeclaredPrefix(node).has_value(); });
+    const std::string name =
+        DeclaredPrefix(declarer).value_or("") + std::string(carriedElement.substr(carriedElement.find(':') + 1));
+    const pugi::xml_node form =
+        declarer.name() == name
+            ? declarer
+            : declarer.find_node([&](const pugi::xml_node& node) { return node.name() == name; });
+    std::string text;
+    for (const pugi::xml_node& piece : form.children()) {
+        text += piece.value();
+    }
+    return text;
 }
 
 }  // namespace
+
+bool IsNameOfPicture(std::string_view fileName)
+{
+    constexpr std::size_t longestEnding = 4;
+    std::string ending(fileName.substr(fileName.size() - std::min(fileName.size(), longestEnding)));
+    std::transform(ending.begin(), ending.end(), ending.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return ending == ".svg" || ending == ".png";
+}
 
 std::string XmlText(std::string_view text)
 {
@@ -62,11 +81,14 @@ std::string XmlText(std::string_view text)
 
 std::optional<std::string> TextInPicture(std::string_view bytes)
 {
+    bytes = bytes.substr(0, longestForm);
     if (bytes.starts_with(pngSignature)) {
         return TextInPng(bytes);
     }
-    if (bytes.starts_with('<') || bytes.starts_with("\xEF\xBB\xBF<")) {
-        return TextOfElement(bytes);
+    constexpr std::array beginningsOfXml = {"<"sv, "\xEF\xBB\xBF<"sv, "\xFE\xFF\0<"sv, "\xFF\xFE<"sv};
+    if (std::any_of(beginningsOfXml.begin(), beginningsOfXml.end(),
+                    [&](std::string_view beginning) { return bytes.starts_with(beginning); })) {
+        return TextInSvg(bytes);
     }
     return std::nullopt;
 }

@@ -1,8 +1,11 @@
 #include "exchange/FormJson.h"
 
 #include "exchange/CarriedText.h"
+#include "pdf/ShortText.h"
 #include "pipeline/FieldWords.h"
 #include "pipeline/SetControl.h"
+
+#include <utility>
 
 namespace linealis {
 
@@ -49,62 +52,162 @@ struct ControlDescriber {
     void operator()(const Label& label) const { json["value"] = label.Caption(); }
 };
 
-/// Objects and lists within each other that a form needs no more than; what goes deeper wants to exhaust the stack.
+constexpr const char* const carriesNoForm = ": is a picture that carries no form";
+
+/// Objects and lists within each other that a form needs no more than.
 constexpr int deepestForm = 8;
 
-/// Throws FormError.
-Json ParseJson(const std::string& name, std::string_view text)
-{
-    const auto limitDepth = [&](int depth, Json::parse_event_t, const Json&) {
-        if (depth > deepestForm) {
-            throw FormError{name + ": is no form: it has lists or objects more than " +
+/// Takes the form out of JSON as that is read, in time and memory that grow with the text alone. The names are
+/// those of the JSON library's interface. Throws FormError.
+class FormReader final : public nlohmann::json_sax<Json> {
+public:
+    FormReader(FormFile& theFile, bool isOfPicture) : file(theFile), isPicture(isOfPicture) {}
+
+    bool HasControls() const { return hasControls; }
+
+    bool null() override
+    {
+        if (IsControl()) {
+            file.controls.pop_back();  // as if it were not there
+        } else if (IsValue()) {
+            NoteFault("null");
+        }
+        return true;
+    }
+    bool boolean(bool value) override { return Take(value ? "on" : "off"); }
+    bool number_integer(number_integer_t value) override { return Take(std::to_string(value)); }
+    bool number_unsigned(number_unsigned_t value) override { return Take(std::to_string(value)); }
+    bool number_float(number_float_t value, const string_t& /*text*/) override { return Take(Json(value).dump()); }
+    bool string(string_t& value) override
+    {
+        if (depth == 1 && section == "kind") {
+            file.kind = value;
+        }
+        return Take(std::move(value));
+    }
+    bool binary(binary_t& /*value*/) override { return true; }
+
+    bool start_object(std::size_t /*size*/) override
+    {
+        if (depth == 1 && section == "controls") {
+            hasControls = inControls = true;
+        } else if (IsControl()) {
+            file.controls.back().fault = "has no \"value\"";
+        } else if (IsValue()) {
+            NoteFault("an object");
+        }
+        return Enter();
+    }
+    bool end_object() override { return Leave(); }
+    bool start_array(std::size_t /*size*/) override
+    {
+        if (IsControl() || IsValue()) {
+            NoteFault("a list");
+        }
+        return Enter();
+    }
+    bool end_array() override { return Leave(); }
+    bool key(string_t& name) override
+    {
+        if (depth == 1) {
+            section = std::move(name);
+        } else if (inControls && depth == 2) {
+            AddControl(std::move(name));
+        } else if (inControls && depth == 3) {
+            field = std::move(name);
+        }
+        return true;
+    }
+
+    bool parse_error(std::size_t byte, const std::string& /*token*/,
+                     const nlohmann::detail::exception& error) override
+    {
+        if (dynamic_cast<const Json::out_of_range*>(&error) != nullptr) {
+            throw FormError{file.name + ": is no form: it has a number beyond 1.8e308; a text can hold it"};
+        }
+        throw FormError{file.name + (isPicture ? carriesNoForm : ": is no JSON: byte " + std::to_string(byte))};
+    }
+
+private:
+    /// Whether what begins now is what the last key of the controls has.
+    bool IsControl() const { return inControls && depth == 2; }
+    /// Whether it is the "value" of an object that a control has.
+    bool IsValue() const { return inControls && depth == 3 && field == "value"; }
+
+    bool Enter()
+    {
+        field.clear();
+        if (++depth > deepestForm) {
+            throw FormError{file.name + ": is no form: it has lists or objects more than " +
                             std::to_string(deepestForm) + " deep"};
         }
         return true;
-    };
-    try {
-        return Json::parse(text, limitDepth);
-    } catch (const Json::parse_error& error) {
-        throw FormError{name + ": is no JSON: byte " + std::to_string(error.byte)};
-    } catch (const Json::out_of_range&) {
-        throw FormError{name + ": is no form: it has a number beyond 1.8e308; a text can hold it"};
     }
-}
 
-/// As JSON, cut after what a message has room for.
-std::string ShortText(const Json& json)
-{
-    constexpr std::size_t longest = 60;
-    const std::string text = json.dump(-1, ' ', true);
-    return text.size() <= longest ? text : text.substr(0, longest) + "...";
-}
-
-/// What SetControl takes for a control of the file.
-std::string GivenValue(const FormFile& file, const std::string& control, const Json& given)
-{
-    if (given.is_object()) {
-        const auto value = given.find("value");
-        if (value == given.end()) {
-            throw FormError{file.name + ": " + control + " has no \"value\""};
+    bool Leave()
+    {
+        field.clear();
+        if (--depth == 1) {
+            inControls = false;
         }
-        return GivenValue(file, control, *value);
+        return true;
     }
-    if (given.is_boolean()) {
-        return given.get<bool>() ? "on" : "off";
+
+    /// The control, or another value for one that the file has had already.
+    void AddControl(std::string name)
+    {
+        std::erase_if(file.controls, [&](const GivenControl& control) { return control.name == name; });
+        if (file.controls.size() == mostControls) {
+            throw FormError{file.name + ": is no form: it has more than " + std::to_string(mostControls) +
+                            " controls"};
+        }
+        file.controls.push_back({std::move(name), {}, {}});
     }
-    if (given.is_string()) {
-        return given.get<std::string>();
+
+    bool Take(std::string value)
+    {
+        if (IsControl() || IsValue()) {
+            file.controls.back().value = std::move(value);
+            file.controls.back().fault.clear();
+        }
+        return true;
     }
-    if (given.is_number()) {
-        return given.dump();
+
+    void NoteFault(const char* instead)
+    {
+        file.controls.back().fault = std::string("is a text, a number, true or false, not ") + instead;
     }
-    throw FormError{file.name + ": " + control + " is a text, a number, true or false, not " + ShortText(given)};
-}
+
+    FormFile& file;
+    bool isPicture;
+    int depth = 0;        ///< objects and lists that are open
+    std::string section;  ///< the last key of the outermost object
+    std::string field;    ///< the last key of the object that a control has
+    bool hasControls = false;
+    bool inControls = false;
+};
 
 /// Whether the other controls' values do not depend on this one.
 bool IsPlainValue(const Control& control)
 {
     return control.Kind() == ControlKind::Text || control.Kind() == ControlKind::Color;
+}
+
+/// Sets either those controls whose values are plain, or the others.
+void SetControls(const FormFile& file, const PaperKind& kind, const Form& form, bool plainValues)
+{
+    for (const auto& [name, value, fault] : file.controls) {
+        Control* const control = FindByNameOrAlias(form, name);
+        if (form.Find<Label>(name) || (control && IsPlainValue(*control) != plainValues)) {
+            continue;
+        }
+        if (!fault.empty()) {
+            throw FormError{file.name + ": " + Shortened(name) + " " + fault};
+        }
+        if (control == nullptr || ValueOf(*control) != value) {  // setting the same again may do something
+            SetControl(kind.name, form, {name, value});
+        }
+    }
 }
 
 }  // namespace
@@ -140,31 +243,29 @@ Json FormJson(const PaperKind& kind, const Form& form)
 
 FormFile ParseForm(std::string name, std::string_view text)
 {
-    FormFile file{std::move(name), "", Json::object()};
+    FormFile file{std::move(name), {}, {}};
     const std::optional<std::string> carried = TextInPicture(text);
     if (carried && carried->empty()) {
-        throw FormError{file.name + ": is a picture that carries no form"};
+        throw FormError{file.name + carriesNoForm};
     }
-    Json json = ParseJson(file.name, carried ? *carried : text);
-    if (!json.is_object() || !json.contains("controls") || !json["controls"].is_object()) {
+    const std::string_view json = carried ? *carried : text;
+    if (json.size() > longestForm) {
+        throw FormError{file.name + ": is larger than any form"};
+    }
+    FormReader reader(file, carried || IsNameOfPicture(file.name));
+    Json::sax_parse(json, &reader);
+    if (!reader.HasControls()) {
         throw FormError{file.name + ": is no form: it has no object \"controls\""};
     }
-    if (json.contains("kind") && json["kind"].is_string()) {
-        file.kind = json["kind"];
-    }
-    file.controls = std::move(json["controls"]);
     return file;
 }
 
 FormFile ReadFormFile(const FolderItem& file)
 {
     BinaryStream stream = file.OpenAsBinaryFile();
-    const std::string text = stream.ReadRest(longestFormFile);
+    const std::string text = stream.ReadRest(longestForm);
     if (stream.Error()) {
         throw FormError{file.Name() + ": " + stream.Error().message()};
-    }
-    if (text.size() > longestFormFile) {
-        throw FormError{file.Name() + ": is larger than any form"};
     }
     return ParseForm(file.Name(), text);
 }
@@ -180,22 +281,20 @@ std::string CarriedForm(const PaperKind& kind, const Form& form)
     return json.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
-void LayOver(const FormFile& file, const PaperKind& kind, const Form& form)
+void LayOver(const FormFile& file, const PaperKind& kind, Form& form)
 {
     if (!file.kind.empty() && file.kind != kind.name) {
-        throw FormError{"the form in " + file.name + " is of " + file.kind + ", not of " + std::string(kind.name)};
+        throw FormError{"the form in " + file.name + " is of " + Shortened(file.kind) + ", not of " +
+                        std::string(kind.name)};
     }
-    for (const bool plainValues : {false, true}) {
-        for (const auto& [name, given] : file.controls.items()) {
-            Control* const control = FindByNameOrAlias(form, name);
-            if (given.is_null() || form.Find<Label>(name) || (control && IsPlainValue(*control) != plainValues)) {
-                continue;
-            }
-            const std::string value = GivenValue(file, name, given);
-            if (control == nullptr || ValueOf(*control) != value) {  // setting the same again may do something
-                SetControl(kind.name, form, {name, value});
-            }
+    const std::vector<ControlState> before = form.State();
+    try {
+        for (const bool plainValues : {false, true}) {
+            SetControls(file, kind, form, plainValues);
         }
+    } catch (...) {
+        form.Restore(before);
+        throw;
     }
 }
 

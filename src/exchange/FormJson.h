@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include <string>
+#include <vector>
 
 namespace linealis {
 
@@ -20,12 +21,19 @@ Json ControlJson(Control& control);
 /// A whole form: its kind, all its controls by their names, and the aliases of these.
 Json FormJson(const PaperKind& kind, const Form& form);
 
+/// What a file gives for a control.
+struct GivenControl {
+    std::string name;   ///< or alias
+    std::string value;  ///< as SetControl takes it
+    std::string fault;  ///< what is wrong with it, such as "has no "value""; empty: nothing
+};
+
 /// A form that was read from JSON: what FormJson gives, or a part of it. Beside the objects of FormJson, whose
 /// "value" counts, a control may be its value alone: a text, a number, true or false.
 struct FormFile {
-    std::string name;  ///< of the file, for messages
-    std::string kind;  ///< empty: it tells none
-    Json controls;     ///< an object, in the file's order
+    std::string name;                    ///< of the file, for messages
+    std::string kind;                    ///< empty: it tells none
+    std::vector<GivenControl> controls;  ///< in the file's order, each once
 };
 
 /// Why a file holds no form that can be used.
@@ -34,21 +42,25 @@ struct FormError {
 };
 
 /// Reads a form from the text of a file: from JSON, or from a page as SVG or PNG, which carries its form. `name` is
-/// the file's, for messages. Throws FormError.
+/// the file's, for messages. Throws FormError, also if it is longer than longestForm or has more than mostControls.
 FormFile ParseForm(std::string name, std::string_view text);
 
-/// The same of a file. Throws FormError if it cannot be read or is larger than 64 MiB too.
+/// The same of a file, of which no more is read than can be of the form. Throws FormError if it cannot be read too.
 FormFile ReadFormFile(const FolderItem& file);
 
-/// The most bytes that ReadFormFile takes.
+/// The most bytes of a picture, for who reads it whole.
 inline constexpr std::size_t longestFormFile = std::size_t{64} << 20U;
+
+/// The most controls that a form tells of: more than any kind has names and aliases.
+inline constexpr std::size_t mostControls = 256;
 
 /// The form as a page carries it.
 std::string CarriedForm(const PaperKind& kind, const Form& form);
 
 /// Sets what the file has, whatever its order: first what decides of other controls, such as the unit, then the
-/// texts and colors. What `form` itself printed gives the same page. Throws UsageError at a control or value that
-/// there is not, or if the file is of another kind.
-void LayOver(const FormFile& file, const PaperKind& kind, const Form& form);
+/// texts and colors. What `form` itself printed gives the same page. Throws UnknownInput at a control or value that
+/// there is not, or FormError if the file is of another kind or has no value for a control; the form is then as it
+/// was.
+void LayOver(const FormFile& file, const PaperKind& kind, Form& form);
 
 }  // namespace linealis

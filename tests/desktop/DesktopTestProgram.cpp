@@ -233,6 +233,38 @@ TEST_F(DesktopProgram, DocumentsReachTheirWindow)
     EXPECT_TRUE(QTest::qWaitFor([] { return Shown(Window("dots"), "EditDotWeight") == "4"; }));
 }
 
+TEST_F(DesktopProgram, AFormInAPictureComesWholeOrNotAtAll)
+{
+    const auto open = [&](const std::string& text, const std::string& message) {
+        WriteFile(folder / "p.svg", text);
+        if (!message.empty()) {
+            person.ReadsMessage("p.svg: " + message);
+        }
+        program->OpenDocuments({ToQt((folder / "p.svg").string())});
+        Settle();
+        EXPECT_TRUE(person.IsDone());
+    };
+    const auto svg = [](const std::string& controls) {
+        return "<f:form xmlns:f=\"https://linealis.invalid/form\">{\"kind\": \"grid\", \"controls\": {" + controls +
+               "}}</f:form>";
+    };
+    QWidget& grid = OpenPaper("grid");
+    Enter(grid, {"EditXScale=44"});
+    Child(grid, "CheckVertLines").setFocus();  // a field would undo what was typed into it
+    open(svg(R"("units": "cm", "EditYScale": 5, ")" + std::string(1'000, 'x') + R"(": 1)"),
+         "unknown control of grid '" + std::string(60, 'x') + "...'");
+    open(svg(R"("units": "cm", "EditYScale": [5])"), "EditYScale is a text, a number, true or false, not a list");
+    open("\x89PN", "is a picture that carries no form");
+    EXPECT_EQ(Shown(grid, {"EditXScale", "EditYScale", "PopupUnits", "EditTopMargin"}), "44 100 inches 0.5");
+    open(svg(R"("units": "cm", "EditYScale": 5)"), "");
+    EXPECT_EQ(Shown(grid, {"EditXScale", "EditYScale", "PopupUnits", "EditTopMargin"}), "44 5 cm 1.27");
+    ChooseItem(grid, "EditUndo");
+    EXPECT_EQ(Shown(grid, {"EditXScale", "EditYScale", "PopupUnits"}), "44 100 inches");
+    ChooseItem(grid, "EditUndo");
+    EXPECT_EQ(Shown(grid, "EditXScale"), "100");
+    EXPECT_FALSE(CanChoose(grid, "EditUndo"));
+}
+
 TEST_F(DesktopProgram, PreferencesAreAskedForAndKept)
 {
     const auto set = [&](bool wasOn, const char* button) {
