@@ -14,16 +14,17 @@
 namespace linealis::test {
 namespace {
 
-/// In this process and those it starts the system knows no files without a name, as on many file systems.
-void RefuseUnnamedFiles()
+/// In this process and those it starts a call of the system fails where its third argument has one of the bits;
+/// with none, wherever it is.
+void Refuse(unsigned call, unsigned bits, unsigned error)
 {
-    constexpr unsigned unnamed = 020000000;
     sock_filter code[] = {
         BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
-        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_openat, 0, 3),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, call, 0, 4),
         BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, args[2])),
-        BPF_JUMP(BPF_JMP | BPF_JSET | BPF_K, unnamed, 0, 1),
-        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EOPNOTSUPP),
+        BPF_JUMP(BPF_JMP | BPF_JSET | BPF_K, bits, 1, 0),
+        BPF_JUMP(BPF_JMP | BPF_JA, bits == 0 ? 0U : 1U, 0, 0),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | error),
         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
     };
     const sock_fprog program{std::size(code), code};
@@ -38,6 +39,13 @@ int StatusOf(pid_t process)
     int status = 0;
     ::waitpid(process, &status, 0);
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+/// As on many file systems there are no files without a name.
+void RefuseUnnamedFiles()
+{
+    constexpr unsigned unnamed = 020000000;
+    Refuse(SYS_openat, unnamed, EOPNOTSUPP);
 }
 
 /// Does the work in a process of its own.
@@ -89,7 +97,11 @@ TEST_F(CliFiles, ASignalInTheMidstOfAWriteLeavesTheOldFileAndNothingElse)
         }
     }
     const std::string living = ".linealis-" + std::to_string(::getppid()) + "-0";
-    const Names kept = {living, ".linealis-999999999-0", ".linealis-x", "page.pdf"};
+    Names kept = {living, ".linealis-999999999-0", ".linealis-x", "page.pdf"};
+    WriteFile(folder / ".linealis-999999998-0", "");
+    if (::chown((folder / ".linealis-999999998-0").c_str(), 1234, 1234) == 0) {  // another user's
+        kept.insert(kept.begin() + 1, ".linealis-999999998-0");
+    }
     WriteFile(folder / living, "");
     WriteFile(folder / ".linealis-x", "");
     fs::create_symlink("page.pdf", folder / ".linealis-999999999-0");
@@ -125,6 +137,19 @@ TEST_F(CliFiles, KilledAtAnyMomentThePageIsTheOldOneOrTheNewOne)
     }
 }
 
+TEST_F(CliFiles, APageTakesItsPlaceOnceItIsOnTheDisk)
+{
+    const pid_t writer = Start(true, [&] {
+        Refuse(SYS_fsync, 0, EIO);
+        BinaryStream stream = BinaryStream::Replacing(page);
+        stream.Write("new");
+        ::_exit(stream.Close() == std::errc::io_error ? 0 : 1);
+    });
+    EXPECT_EQ(StatusOf(writer), 0);
+    EXPECT_EQ(ReadFile(page), "old");
+    EXPECT_EQ(folder.Names(), Names{"page.pdf"});
+}
+
 TEST_F(CliFiles, LimitsOfTheSystemAreMessages)
 {
     const Finished limited = Shell("(ulimit -f 0; exec $cli generate grid -o page.pdf 2>&1) | cat");
@@ -132,7 +157,9 @@ TEST_F(CliFiles, LimitsOfTheSystemAreMessages)
     EXPECT_EQ(limited.output, "linealis-cli: page.pdf: File too large\n");
 #ifndef __SANITIZE_ADDRESS__
     const Finished cramped =
-        Shell("A=$(head -c 100000 /dev/zero | tr '\\0' 7)\nfor v in {3000..6000..100}; do\n"
+        Shell("A=$(head -c 100000 /dev/zero | tr '\\0' 7); least=2000\n"
+              "until prlimit --as=${least}000 $cli --version > /dev/null 2>&1; do ((least += 500)); done\n"
+              "for ((v = least; v < least + 3000; v += 100)); do\n"
               "prlimit --as=${v}000 $cli form grid --set EditXScale=$A --set EditYScale=$A > /dev/null\n"
               "[ $? != 134 ] || echo aborted; done");
     EXPECT_EQ(cramped.output, "");

@@ -321,6 +321,23 @@ TEST_F(Exchange, PngOfAnyContentIsWhatAReaderShows)
     }
 }
 
+TEST_F(Exchange, PngRoundsToTheNearest)
+{
+    const auto box = [](const std::string& left, const std::string& right) {
+        return left + " 10 m\r" + right + " 10 l\r" + right + " 20 l\r" + left + " 20 l\rf\r";
+    };
+    std::string png;
+    BinaryStream stream = BinaryStream::IntoMemory(png);
+    WritePng({100, 30}, "0.50 0.40 0.50 rg\r" + box("10", "20.125") + "0 0 0 rg\r" + box("30", "40.0088"), {72.0},
+             stream);
+    const Picture picture = ReadPng(png, 3);
+    const auto shade = [&](std::size_t x) { return static_cast<int>(picture.pixels.at(15 * picture.width + x)); };
+    EXPECT_EQ(shade(15), (128 + 102 + 128) / 3);
+    EXPECT_EQ(shade(20), (239 + 236 + 239) / 3) << "an eighth of it";
+    EXPECT_EQ(shade(35), 0);
+    EXPECT_LT(shade(40), 255) << "0.56 of the smallest step";
+}
+
 TEST_F(Exchange, CanBeStoppedAtAnyMoment)
 {
     std::string lines;
@@ -363,6 +380,17 @@ TEST_F(Exchange, SvgCutsLongPaths)
     };
     EXPECT_EQ(paths(content), 1);
     EXPECT_EQ(paths(content + stroke), 2);
+}
+
+/// What no kind of paper draws.
+TEST_F(Exchange, SvgHasTheDashesOfTheContent)
+{
+    std::string svg;
+    BinaryStream stream = BinaryStream::IntoMemory(svg);
+    WriteSvg({100, 100}, "[3 2] 1 d\r1 1 m\r9 9 l\rS\r[] 0 d\r1 1 m\r9 9 l\rS\r", "", stream);
+    const std::size_t dashes = svg.find(" stroke-dasharray=\"3 2\" stroke-dashoffset=\"1\"");
+    EXPECT_NE(dashes, std::string::npos) << svg;
+    EXPECT_EQ(svg.find("stroke-dash", dashes + 40), std::string::npos) << svg;
 }
 
 TEST_F(Exchange, PicturesGiveTheirFormBack)

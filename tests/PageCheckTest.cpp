@@ -51,7 +51,7 @@ const std::vector<Fault> faults = {
     {"text", "graph", {"EditTitle=C:\\new"}, {"EditTitle=C:/new"}},
     {"damaged", "polar", {"EditTitle=a (b"}, {"EditTitle=a b"}},
     {"margin", "grid", {"EditLeftMargin=.2", "EditTopMargin=.2"}, {"EditLeftMargin=.25", "EditTopMargin=.25"}},
-    {"margin", "grid", {"PopupUnits=cm", "EditLeftMargin=.6"}, {"PopupUnits=cm", "EditLeftMargin=.635"}},
+    {"margin", "grid", {"PopupUnits=cm", "EditLeftMargin=.6345"}, {"PopupUnits=cm", "EditLeftMargin=.6349"}},
     {"room", "isometric", {"EditLeftMargin=9"}, {"EditLeftMargin=4"}},
     {"cell", "grid", {"EditVertSpacing=11"}, {"EditVertSpacing=9"}},
     {"cell", "hexagon", {"EditSize=8"}, {"EditSize=1"}},

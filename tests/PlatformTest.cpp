@@ -5,9 +5,24 @@
 #include "platform/FileFault.h"
 
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/xattr.h>
 
 #include <future>
+
+/// While set, the disk has room for half of what is asked for, as a file system may have it that then leaves the
+/// file as long as it has got.
+static bool hasHalfTheRoom = false;
+
+extern "C" int fallocate(int file, int mode, off_t offset, off_t length)
+{
+    if (hasHalfTheRoom) {
+        EXPECT_EQ(::ftruncate(file, offset + length / 2), 0);
+        errno = ENOSPC;
+        return -1;
+    }
+    return static_cast<int>(::syscall(SYS_fallocate, file, mode, offset, length));
+}
 
 namespace linealis::test {
 namespace {
@@ -191,6 +206,27 @@ TEST_F(Replacing, PermissionsStay)
     EXPECT_EQ(fs::status(folder / "new").permissions(), fs::perms(0644));
 }
 
+TEST_F(Replacing, NobodyElseMayOpenTheNewFileBeforeItsTime)
+{
+    const fs::path file = folder / "file";
+    const ::mode_t umask = ::umask(0);
+    WriteFile(file, "old");
+    fs::permissions(file, fs::perms(0600));
+    BinaryStream replacing = BinaryStream::Replacing(file), made = BinaryStream::New(folder / "new");
+    int open = 0;
+    for (const fs::directory_entry& entry : fs::directory_iterator("/proc/self/fd")) {
+        std::error_code gone;  // what the iteration itself has open
+        if (fs::read_symlink(entry, gone).string().starts_with((folder / "").string())) {
+            ++open;
+            EXPECT_EQ(fs::status(entry).permissions(), fs::perms(0600)) << fs::read_symlink(entry);
+        }
+    }
+    EXPECT_GE(open, 3) << "the old file and two new ones";
+    EXPECT_FALSE(made.Close());
+    ::umask(umask);
+    EXPECT_EQ(fs::status(folder / "new").permissions(), fs::perms(0600));
+}
+
 TEST_F(Replacing, OwnerGroupAndAttributesStayButNoRightGrows)
 {
     const fs::path file = folder / "file";
@@ -280,6 +316,9 @@ TEST_F(Replacing, WhatMayNotBeWrittenCannotBeOpened)
         EXPECT_EQ(Replace(folder / "closed/writable", "a shorter text"), std::error_code());
         EXPECT_EQ(Replace(folder / "sticky/writable", "a shorter text"), std::error_code());
         BinaryStream::Replacing(folder / "closed/writable").Write(std::string(100'000, 'x'));
+        hasHalfTheRoom = true;
+        EXPECT_EQ(Replace(folder / "closed/writable", std::string(1000, 'x')), std::errc::no_space_on_device);
+        hasHalfTheRoom = false;
     }
     for (const char* const path : {"closed/writable", "sticky/writable"}) {
         EXPECT_EQ(ReadFile(folder / path), "a shorter text") << "written in place, but only when whole";
