@@ -69,7 +69,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     page.describe();
     Turns turns([] {}, mostRounds);
     try {
-        const std::string content = ContentOf(page, turns);
+        const std::string content = DrawPage(page, turns).content.Operator_Convert();
         PageReader reader(content);
         while (reader.Next()) {
             for (const double operand : reader.Operands()) {

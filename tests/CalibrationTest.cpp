@@ -42,7 +42,7 @@ TEST(Calibration, EveryTickIsWhereItsLengthIs)
     for (const CalibrationPaper& paper : CalibrationPapers()) {
         const PaperPage page = CalibrationPage(paper);
         Turns turns([] {});
-        const std::string content = ContentOf(page, turns);
+        const std::string content = DrawPage(page, turns).content.Operator_Convert();
         const CalibrationZeros zeros = ZerosOf(paper);
         for (const Ticks& ticks : {Ticks(content, zeros.across, false), Ticks(content, zeros.down, true)}) {
             ASSERT_EQ(ticks.millimeters.size(), 101U);
@@ -55,7 +55,7 @@ TEST(Calibration, EveryTickIsWhereItsLengthIs)
             }
         }
         EXPECT_EQ(Page(content).texts.size(), 2U * (11 + 5 + 2) + 4) << "numbers, units and lines of text";
-        for (const PageWarning& warning : ContentWarnings(page.frame, content)) {
+        for (const PageWarning& warning : ContentWarnings(page, content, {})) {
             ADD_FAILURE() << warning.text;
         }
     }

@@ -54,7 +54,7 @@ std::string Said(const std::string& kind, std::string_view field, const std::str
     paper.Set({std::string(field) + "=" + value});
     const PaperForm& form = paper.window->form;
     std::string said = form.Get<TextField>(field).Text() == value ? "" : "is " + form.Get<TextField>(field).Text();
-    for (const PageWarning& warning : FormWarnings(form, paper.window->ReadPage())) {
+    for (const PageWarning& warning : paper.window->ReadPage().warnings) {
         if (warning.control == field && warning.id != "custom-size") {
             const std::string name = WholeName(form, form.Get<TextField>(field)) + ": ";
             said += (said.empty() ? "" : "; ") +
@@ -166,7 +166,7 @@ Names OthersFor(Control& control)
 struct Painted : PageSink {
     std::ostringstream seen;
 
-    explicit Painted(const std::string& content) { ReadPage(content, *this); }
+    explicit Painted(std::string_view content) { ReadPage(content, *this); }
 
     void Add(PagePath path)
     {
@@ -217,7 +217,7 @@ TEST_P(IdleFields, LeaveThePageAsItIs)
             paper.Set({"EditXAxisMinimum=1", "EditYAxisMinimum=1"});  // a hydraulic axis refuses less than 0
         }
         PaperForm& form = paper.window->form;
-        const std::string drawn = Painted(paper.window->DrawPage()).seen.str();
+        const std::string drawn = Painted(paper.window->DrawPage().content).seen.str();
         const WindowState before = paper.window->State();
         for (Control* const control : form.Controls()) {
             const std::string name(control->Name());
@@ -235,7 +235,7 @@ TEST_P(IdleFields, LeaveThePageAsItIs)
                     } catch (const cli::UsageError&) {
                         continue;  // has fewer items
                     }
-                    changes = changes || Painted(paper.window->DrawPage()).seen.str() != drawn;
+                    changes = changes || Painted(paper.window->DrawPage().content).seen.str() != drawn;
                     paper.window->Restore(before);
                 }
             }

@@ -303,7 +303,7 @@ TEST_F(Exchange, PngOfAnyContentIsWhatAReaderShows)
         DrawnPage page;
         page.frame.paperWidth = 150;
         page.frame.paperHeight = 200;
-        page.content = content;
+        page.content.SetString(content);
         Turns turns([] {});
         WriteFile(folder / "a.pdf", FileBytesOf(page, {}, turns));
         for (const int dotsPerInch : {72, 200}) {
@@ -352,13 +352,15 @@ TEST_F(Exchange, CanBeStoppedAtAnyMoment)
     });
     std::string bytes;
     BinaryStream stream = BinaryStream::IntoMemory(bytes);
+    DrawnPage drawn;
+    drawn.content.SetString(lines);
     for (const int moment : {1, 10, 25}) {
         left = moment;
         EXPECT_THROW(WriteSvg({1000, 1000}, lines, "", stream, &turns), PageStopped);
         left = moment;
         EXPECT_THROW(WritePng({1000, 1000}, lines, {}, stream, &turns), PageStopped);
         left = 1;
-        EXPECT_THROW(FileBytesOf({{}, lines}, {}, turns), PageStopped);
+        EXPECT_THROW(FileBytesOf(drawn, {}, turns), PageStopped);
     }
 }
 

@@ -9,10 +9,8 @@ namespace {
 Names WarningIds(Paper& paper)
 {
     const PaperForm& form = paper.window->form;
-    const PaperPage page = paper.window->ReadPage();
     Names ids;
-    for (const PageWarning& warning :
-         JoinedWarnings(form, FormWarnings(form, page), ContentWarnings(page.frame, paper.Content()))) {
+    for (const PageWarning& warning : WarningsOf(paper.window->DrawPage())) {
         EXPECT_GT(warning.text.size(), 10U);
         EXPECT_TRUE(warning.control.empty() || form.Find(warning.control) != nullptr);
         ids.emplace_back(warning.id);
@@ -110,10 +108,10 @@ TEST(PageCheck, IsQuietWhereAllIsWell)
 /// Whether lines, made by operators, run through a title that fills the room from 100, 99 to 122.24, 114.
 bool IsTitleOver(const std::string& lines)
 {
-    PageFrame frame;
-    frame.paperWidth = frame.paperHeight = 200;
+    PaperPage page;
+    page.frame.paperWidth = page.frame.paperHeight = 200;
     const PageWarnings warnings =
-        ContentWarnings(frame, "BT\r/F5 20 Tf\r100 100 Td\r(AB) Tj\rET\r" + lines + "S\r");
+        ContentWarnings(page, "BT\r/F5 20 Tf\r100 100 Td\r(AB) Tj\rET\r" + lines + "S\r", {});
     return !warnings.empty() && warnings.front().id == "title-over-lines";
 }
 

@@ -90,18 +90,18 @@ void Sheet::Set(std::string_view control, std::string_view value)
 
 std::vector<std::string> Sheet::Warnings() const
 {
-    const PaperForm& form = parts->window->form;
     const PaperPage page = parts->window->ReadPage();
-    Turns turns([] {});
-    PageWarnings ofContent;
+    PageWarnings warnings;
     try {
-        const std::string content = ContentOf(page, turns);
-        ofContent = content.size() <= longestContentChecked ? ContentWarnings(page.frame, content) : PageWarnings();
+        Turns turns([] {});
+        const DrawnPage drawn = DrawPage(page, turns);
+        warnings = drawn.content.View().size() <= longestContentChecked ? WarningsOf(drawn) : page.warnings;
     } catch (const PageGivenUp& givenUp) {
-        ofContent.push_back({"too-large", "", givenUp.reason});
+        warnings = page.warnings;
+        warnings.push_back({"too-large", "", givenUp.reason});
     }
     std::vector<std::string> texts;
-    for (PageWarning& warning : JoinedWarnings(form, FormWarnings(form, page), ofContent)) {
+    for (PageWarning& warning : warnings) {
         texts.push_back(std::move(warning.text));
     }
     return texts;
@@ -120,7 +120,8 @@ void Sheet::Load(std::string_view settings)
 std::string Sheet::Page() const
 {
     try {
-        return FileBytesOf(parts->window->ReadPage(), parts->platform.Now());
+        Turns turns([] {});
+        return FileBytesOf(DrawPage(parts->window->ReadPage(), turns), parts->platform.Now(), turns);
     } catch (const PageGivenUp& givenUp) {
         throw std::runtime_error(givenUp.reason);
     }

@@ -33,6 +33,7 @@ struct Box {
 
 struct PlacedText {
     std::string text;
+    Role role;
     Box box;
     bool isUpright;
     bool isTitle;
@@ -89,6 +90,7 @@ public:
     double largestNumber = 0.0;       ///< of a line, whatever its sign
     std::size_t linesOff = 0;
 
+    void BeginRole(Role newRole) override { role = newRole; }
     bool Scale(double sx, double sy) override
     {
         scaleX = sx;
@@ -155,10 +157,11 @@ private:
                        std::max(box.top, at.y)};
             }
         }
-        return {std::string(text.utf8), box, std::abs(text.matrix[1]) < 1e-6, IsTitle(text.utf8)};
+        return {std::string(text.utf8), role, box, std::abs(text.matrix[1]) < 1e-6, IsTitle(text.utf8)};
     }
 
     double scaleX = 1.0, scaleY = 1.0;
+    Role role;
 };
 
 std::string Quoted(const std::string& text)
@@ -166,7 +169,21 @@ std::string Quoted(const std::string& text)
     return "\u201C" + Shortened(text) + "\u201D";
 }
 
-void CheckPlaces(const TextAndLineReader& page, PageWarnings& warnings)
+/// The field that holds the text; null if none does.
+const PrintedField* FieldOf(const PlacedText& text, const PaperPage& page)
+{
+    const auto found = std::find_if(page.printed.begin(), page.printed.end(),
+                                    [&](const PrintedField& field) { return field.role == text.role; });
+    return found == page.printed.end() ? nullptr : &*found;
+}
+
+std::string ControlOf(const PlacedText& text, const PaperPage& page)
+{
+    const PrintedField* const field = FieldOf(text, page);
+    return field == nullptr ? "" : field->control;
+}
+
+void CheckPlaces(const TextAndLineReader& page, const PaperPage& read, PageWarnings& warnings)
 {
     for (const bool wantsTitle : {true, false}) {
         const auto isOff = [&](const PlacedText& text) {
@@ -176,9 +193,8 @@ void CheckPlaces(const TextAndLineReader& page, PageWarnings& warnings)
         if (found != page.texts.end()) {
             const auto count = std::count_if(page.texts.begin(), page.texts.end(), isOff);
             warnings.push_back(
-                {wantsTitle ? "title-off-page" : "numbers-off-page", "",
-                 Quoted(found->text) + (count > 1 ? " and other texts leave" : " leaves") + " the page",
-                 found->text});
+                {wantsTitle ? "title-off-page" : "numbers-off-page", ControlOf(*found, read),
+                 Quoted(found->text) + (count > 1 ? " and other texts leave" : " leaves") + " the page"});
         }
     }
 }
@@ -237,31 +253,43 @@ void CheckSizeOfNumbers(const TextAndLineReader& page, PageWarnings& warnings)
     }
 }
 
-void CheckTitles(const TextAndLineReader& page, PageWarnings& warnings)
+void CheckTitles(const TextAndLineReader& page, const PaperPage& read, PageWarnings& warnings)
 {
     for (const PlacedText& text : page.texts) {
-        if (text.isTitle && std::any_of(page.lines.begin(), page.lines.end(),
-                                        [&](const StraightLine& line) { return Crosses(line, text.box); })) {
-            warnings.push_back({titleOverLines, "", Quoted(text.text) + " stands over lines", text.text});
+        const PrintedField* const field = FieldOf(text, read);
+        const bool isMeantSo = field != nullptr && field->coversLines && field->standsAsOpened;
+        if (text.isTitle && !isMeantSo &&
+            std::any_of(page.lines.begin(), page.lines.end(),
+                        [&](const StraightLine& line) { return Crosses(line, text.box); })) {
+            warnings.push_back(
+                {"title-over-lines", ControlOf(text, read), Quoted(text.text) + " stands over lines"});
         }
     }
 }
 
 }  // namespace
 
-PageWarnings ContentWarnings(const PageFrame& frame, std::string_view content)
+PageWarnings ContentWarnings(const PaperPage& page, std::string_view content, std::span<const RoleRange> roles)
 {
     PageWarnings warnings;
-    TextAndLineReader page(frame);
-    const PageDamage damage = ReadPage(content, page);
+    TextAndLineReader shown(page.frame);
+    const PageDamage damage = ReadPage(content, roles, shown);
     if (!damage.message.empty()) {
         warnings.push_back({"damaged", "", "The page is damaged: " + damage.message});
     }
-    CheckSizeOfNumbers(page, warnings);
-    CheckLines(page, warnings);
-    CheckPlaces(page, warnings);
-    CheckNumbers(page.texts, warnings);
-    CheckTitles(page, warnings);
+    CheckSizeOfNumbers(shown, warnings);
+    CheckLines(shown, warnings);
+    CheckPlaces(shown, page, warnings);
+    CheckNumbers(shown.texts, warnings);
+    CheckTitles(shown, page, warnings);
+    return warnings;
+}
+
+PageWarnings WarningsOf(const DrawnPage& page)
+{
+    PageWarnings warnings = page.warnings;
+    PageWarnings ofContent = ContentWarnings(page, page.content, page.roles);
+    std::move(ofContent.begin(), ofContent.end(), std::back_inserter(warnings));
     return warnings;
 }
 

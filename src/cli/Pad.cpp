@@ -41,10 +41,11 @@ OnePage TakePage(const Source& source, const std::vector<Action>& actions, const
         }
         page.paperValues[i] = ValueOf(*open.window->form.Find(control));
     }
-    const PageFrame frame = open.window->ReadPage().frame;
-    page.paper = {frame.paperWidth, frame.paperHeight};
     try {
-        page.number = pad.Take(source.name, open.window->FileBytes());
+        Turns turns([] {});
+        const DrawnPage drawn = open.window->DrawPage();
+        page.paper = {drawn.frame.paperWidth, drawn.frame.paperHeight};
+        page.number = pad.Take(source.name, FileBytesOf(drawn, platform.Now(), turns));
     } catch (const PageGivenUp& givenUp) {
         throw WorkError{source.name + ": " + givenUp.reason};
     }

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <utility>
 
 namespace linealis::cli {
 
@@ -37,40 +38,28 @@ PageWarnings WarningsOfMarkers(const PaperForm& form, const FolderItem& file)
     return MarkerWarnings(form, file);
 }
 
-/// What the form of a source says before its page is made, which may correct it.
-struct FormCheck {
-    explicit FormCheck(const OpenWindow& open)
-        : page(open.window->ReadPage()), warnings(FormWarnings(open.window->form, page))
-    {
-        warnings.insert(warnings.end(), open.warnings.begin(), open.warnings.end());
-    }
-
-    PaperPage page;
-    PageWarnings warnings;
-};
-
-PageWarnings WarningsOf(const OpenWindow& open, FormCheck check, std::string_view content,
-                        const ScreenlessPlatform& platform)
+PageWarnings AllWarnings(const OpenWindow& open, const PageWarnings& ofPage, const ScreenlessPlatform& platform)
 {
-    const PaperForm& form = open.window->form;
-    const PageWarnings ofMarkers = WarningsOfMarkers(form, platform.openAnswer);
-    check.warnings.insert(check.warnings.end(), ofMarkers.begin(), ofMarkers.end());
-    return JoinedWarnings(form, std::move(check.warnings), ContentWarnings(check.page.frame, content));
+    PageWarnings all = ofPage;
+    for (const PageWarnings& more : {open.warnings, WarningsOfMarkers(open.window->form, platform.openAnswer)}) {
+        all.insert(all.end(), more.begin(), more.end());
+    }
+    return all;
 }
 
-void Warn(const std::string& name, const OpenWindow& open, const FormCheck& check, std::string_view content,
-          const ScreenlessPlatform& platform)
+void Warn(const PageJob& job, const OpenWindow& open, const DrawnPage& page, const ScreenlessPlatform& platform)
 {
-    const bool isShort = content.size() <= longestChecked;
-    for (const PageWarning& warning : isShort ? WarningsOf(open, check, content, platform) : check.warnings) {
-        Complain("warning: " + name + ": " + warning.text);
+    const bool isShort = page.content.View().size() <= longestChecked;
+    for (const PageWarning& warning : AllWarnings(open, isShort ? WarningsOf(page) : page.warnings, platform)) {
+        Complain("warning: " + job.name + ": " + warning.text);
     }
 }
 
-std::string DrawPage(const std::string& name, PaperWindow& window)
+/// Throws WorkError of a page that is given up.
+DrawnPage DrawPage(const std::string& name, PaperWindow& window, PaperPage page)
 {
     try {
-        return window.DrawPage();
+        return window.DrawPage(std::move(page));
     } catch (const PageGivenUp& givenUp) {
         throw WorkError{name + ": " + givenUp.reason};
     }
@@ -83,34 +72,6 @@ FolderItem FileOf(const PageJob& job, const OutputOptions& how)
     return how.refusesLinks ? file.WithoutLinks() : file;
 }
 
-/// One page by the road of the Generate button with the shift key held down: a file that the settings brought
-/// back is forgotten, and the save dialog answers with the output file.
-void GeneratePdf(const PageJob& job, const OutputOptions& how, const std::atomic<bool>& stop)
-{
-    ScreenlessPlatform platform;
-    platform.onYield = [&stop] {
-        if (stop) {
-            throw PageStopped{};
-        }
-    };
-    platform.shiftKey = true;
-    platform.saveAnswer = FileOf(job, how);
-    const OpenWindow open = Open(*job.source, job.actions, platform);
-    const FormCheck check(open);
-    open.window->PushButtonGenerate_Action();
-    if (open.window->LastPage() == PageEnd::Stopped) {
-        return;
-    }
-    Say(platform);
-    Warn(job.name, open, check, open.window->Pdf().Stream(), platform);
-    if (!platform.fileErrors.empty()) {
-        throw WorkError{job.output + ": " + platform.fileErrors.front().reason};
-    }
-    if (how.view) {
-        LaunchViewer(platform.saveAnswer);
-    }
-}
-
 void CheckPixels(const PaperSize& paper, const OutputOptions& how, const std::string& name)
 {
     const PixelSize size = PixelsOf(paper, how.dotsPerInch.value_or(defaultDotsPerInch));
@@ -121,8 +82,28 @@ void CheckPixels(const PaperSize& paper, const OutputOptions& how, const std::st
     }
 }
 
-/// The same content as that of the PDF file, in another format. The picture carries its form.
-void GeneratePicture(const PageJob& job, const OutputOptions& how, const std::atomic<bool>& stop)
+void Write(const PageJob& job, const OutputOptions& how, const OpenWindow& open, const DrawnPage& page,
+           BinaryStream& stream, Turns& turns)
+{
+    const PaperSize paper{page.frame.paperWidth, page.frame.paperHeight};
+    switch (job.format) {
+    case PageFormat::Pdf:
+        WritePdf(page, ScreenlessPlatform().Now(), stream, turns);
+        break;
+    case PageFormat::Svg:
+        WriteSvg(paper, page.content, CarriedForm(*open.kind, open.window->form), stream, &turns);
+        break;
+    case PageFormat::Png:
+        WritePng(paper, page.content,
+                 {how.dotsPerInch.value_or(defaultDotsPerInch), how.isTransparent, 0.0,
+                  CarriedForm(*open.kind, open.window->form)},
+                 stream, &turns);
+        break;
+    }
+}
+
+/// Makes one page. The page and its file take turns, each of which ends where `stop` has become true.
+void Generate(const PageJob& job, const OutputOptions& how, const std::atomic<bool>& stop)
 {
     ScreenlessPlatform platform;
     const auto stopIfAsked = [&stop] {
@@ -132,26 +113,18 @@ void GeneratePicture(const PageJob& job, const OutputOptions& how, const std::at
     };
     platform.onYield = stopIfAsked;
     const OpenWindow open = Open(*job.source, job.actions, platform);
-    const FormCheck check(open);
-    const PaperSize paper{check.page.frame.paperWidth, check.page.frame.paperHeight};
+    PaperPage read = open.window->ReadPage();
     if (job.format == PageFormat::Png) {
-        CheckPixels(paper, how, job.name);
+        CheckPixels({read.frame.paperWidth, read.frame.paperHeight}, how, job.name);
     }
-    const std::string content = DrawPage(job.name, *open.window);
+    const DrawnPage page = DrawPage(job.output, *open.window, std::move(read));
     Say(platform);
-    Warn(job.name, open, check, content, platform);
-    const std::string carried = CarriedForm(*open.kind, open.window->form);
+    Warn(job, open, page, platform);
     const FolderItem file = FileOf(job, how);
     Turns turns(stopIfAsked);
     BinaryStream stream = file.CreateBinaryFile();
     if (stream.IsOpen()) {
-        if (job.format == PageFormat::Png) {
-            WritePng(paper, content,
-                     {how.dotsPerInch.value_or(defaultDotsPerInch), how.isTransparent, 0.0, carried}, stream,
-                     &turns);
-        } else {
-            WriteSvg(paper, content, carried, stream, &turns);
-        }
+        Write(job, how, open, page, stream, turns);
         stream.Close();
     }
     if (stream.Error()) {
@@ -173,9 +146,8 @@ void Say(const ScreenlessPlatform& platform)
 
 void GeneratePage(const PageJob& job, const OutputOptions& how, const std::atomic<bool>& stop)
 {
-    const auto generate = job.format == PageFormat::Pdf ? GeneratePdf : GeneratePicture;
     try {
-        WorkOn(job.output, [&] { generate(job, how, stop); });
+        WorkOn(job.output, [&] { Generate(job, how, stop); });
     } catch (const PageStopped&) {  // the program ends
     }
 }
@@ -184,9 +156,9 @@ bool CheckPage(const PageJob& job, bool asJson, Json& found)
 {
     ScreenlessPlatform platform;
     const OpenWindow open = Open(*job.source, job.actions, platform);
-    const std::string content = DrawPage(job.name, *open.window);
+    const DrawnPage page = DrawPage(job.name, *open.window, open.window->ReadPage());
     Say(platform);
-    const PageWarnings warnings = WarningsOf(open, FormCheck(open), content, platform);
+    const PageWarnings warnings = AllWarnings(open, WarningsOf(page), platform);
     for (const PageWarning& warning : warnings) {
         if (asJson) {
             found.push_back(
@@ -203,14 +175,14 @@ void MakeThumbnail(const std::string& settingsFile, const std::string& output, i
     const Source source{settingsFile};
     ScreenlessPlatform platform;
     const OpenWindow open = Open(source, {}, platform);
-    const PageFrame frame = open.window->ReadPage().frame;
-    const PaperSize paper{frame.paperWidth, frame.paperHeight};
+    PaperPage read = open.window->ReadPage();
+    const PaperSize paper{read.frame.paperWidth, read.frame.paperHeight};
     const auto longer = static_cast<double>(std::max(paper.width, paper.height));
     BinaryStream stream = OutputFile(output).CreateBinaryFile();
     if (stream.IsOpen()) {
         constexpr double thinnest = 0.5;  // pixels: thinner lines would hardly be seen
-        const std::string content = DrawPage(settingsFile, *open.window);
-        WritePng(paper, content, {size * pointsPerInch / longer, false, thinnest}, stream);
+        const DrawnPage page = DrawPage(settingsFile, *open.window, std::move(read));
+        WritePng(paper, page.content, {size * pointsPerInch / longer, false, thinnest}, stream);
         stream.Close();
     }
     if (stream.Error()) {

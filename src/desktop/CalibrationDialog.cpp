@@ -33,9 +33,8 @@ QLabel* Words(const QString& text)
 
 DrawnPage SheetFor(const CalibrationPaper& paper)
 {
-    const PaperPage page = CalibrationPage(paper);
     Turns turns([] {});
-    return {page.frame, ContentOf(page, turns)};
+    return DrawPage(CalibrationPage(paper), turns);
 }
 
 constexpr double percent = 100.0;

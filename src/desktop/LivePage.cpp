@@ -83,11 +83,6 @@ void LivePage::Show(const PaperPage& page, const QString& summary)
     AskForPicture();
 }
 
-void LivePage::LightUp(std::optional<PaperPage> other)
-{
-    renderer.LightUp(std::move(other));
-}
-
 double LivePage::ActualSize() const
 {
     const double physical = screen()->physicalDotsPerInch();

@@ -19,8 +19,8 @@ public:
 
     /// Shows another page; what is still being drawn of the one before stops. `summary` tells it in words.
     void Show(const PaperPage& page, const QString& summary);
-    /// Lights up the strokes that the other page does not have; none without one.
-    void LightUp(std::optional<PaperPage> other);
+    /// Lights up all that has one of the roles.
+    void LightUp(const RoleSet& roles) { renderer.LightUp(roles); }
 
     /// Fit, actual size, zoom in, zoom out, margins, and what has been added: for a menu.
     QList<QAction*> ViewActions() const { return viewActions; }

@@ -5,7 +5,6 @@
 
 #include <QPainter>
 #include <new>
-#include <unordered_map>
 #include <utility>
 
 namespace linealis::desktop {
@@ -37,50 +36,6 @@ void StopIf(const std::atomic<bool>& stops)
     }
 }
 
-/// What tells one stroke from another.
-std::size_t KeyOf(PagePath path, const PagePen& pen)
-{
-    std::size_t key = 0;
-    const auto add = [&key](double value) { key = key * 1099511628211U + std::hash<double>()(value); };
-    for (const PathSegment& segment : path) {
-        for (const Point& point : {segment.to, segment.control1, segment.control2}) {
-            add(point.x);
-            add(point.y);
-        }
-    }
-    for (const double value : {pen.width, pen.color.red, pen.color.green, pen.color.blue,
-                               static_cast<double>(pen.cap), pen.dashOn, pen.dashOff, pen.dashPhase}) {
-        add(value);
-    }
-    return key;
-}
-
-using StrokeCounts = std::unordered_map<std::size_t, int>;
-
-/// Counts the strokes of a content, until a newer wish has come.
-class StrokeCounter final : public PageSink {
-public:
-    explicit StrokeCounter(const std::atomic<bool>& stops) : stop(stops) {}
-
-    StrokeCounts counts;
-
-    bool Scale(double /*sx*/, double /*sy*/) override { return true; }
-    bool Stroke(PagePath path, const PagePen& pen) override
-    {
-        ++counts[KeyOf(path, pen)];
-        return !stop.load(std::memory_order_relaxed);
-    }
-    bool Fill(PagePath /*path*/, const PageColor& /*color*/) override { return true; }
-    bool FillAndStroke(PagePath /*path*/, const PageColor& /*color*/, const PagePen& /*pen*/) override
-    {
-        return true;
-    }
-    bool Text(const PageText& /*text*/) override { return true; }
-
-private:
-    const std::atomic<bool>& stop;
-};
-
 /// Paints until a newer wish has come.
 class StoppablePainter : public PagePainter {
 public:
@@ -95,33 +50,36 @@ private:
     const std::atomic<bool>& stop;
 };
 
-/// Paints only the strokes that another page does not have, as a light on them.
+/// Paints only what has one of the roles, as a light on it.
 class Highlighter final : public StoppablePainter {
 public:
     Highlighter(QPainter& thePainter, double pageHeight, double thinnestLine, const std::atomic<bool>& stops,
-                StrokeCounts theOther)
-        : StoppablePainter(thePainter, pageHeight, thinnestLine, stops), other(std::move(theOther))
+                const RoleSet& theRoles)
+        : StoppablePainter(thePainter, pageHeight, thinnestLine, stops), roles(theRoles)
     {}
 
+    void BeginRole(Role role) override { isLit = Includes(roles, role); }
     bool Stroke(PagePath path, const PagePen& pen) override
     {
-        if (const auto same = other.find(KeyOf(path, pen)); same != other.end() && same->second > 0) {
-            --same->second;
-            return GoesOn();
-        }
         PagePen lit = pen;
         lit.color = light;
-        return StoppablePainter::Stroke(path, lit);
+        return isLit ? StoppablePainter::Stroke(path, lit) : GoesOn();
     }
     bool Fill(PagePath /*path*/, const PageColor& /*color*/) override { return GoesOn(); }
     bool FillAndStroke(PagePath /*path*/, const PageColor& /*color*/, const PagePen& /*pen*/) override
     {
         return GoesOn();
     }
-    bool Text(const PageText& /*text*/) override { return GoesOn(); }
+    bool Text(const PageText& text) override
+    {
+        PageText lit = text;
+        lit.color = light;
+        return isLit ? StoppablePainter::Text(lit) : GoesOn();
+    }
 
 private:
-    StrokeCounts other;
+    RoleSet roles;
+    bool isLit = false;
 };
 
 }  // namespace
@@ -156,13 +114,12 @@ void PageRenderer::SetPage(PaperPage page)
     Want([&](Wish& wish) {
         pageIsNew = true;
         wish.page = std::make_shared<PaperPage>(std::move(page));
-        wish.other = nullptr;
     });
 }
 
-void PageRenderer::LightUp(std::optional<PaperPage> other)
+void PageRenderer::LightUp(const RoleSet& lit)
 {
-    Want([&](Wish& wish) { wish.other = other ? std::make_shared<PaperPage>(std::move(*other)) : nullptr; });
+    Want([&](Wish& wish) { wish.lit = lit; });
 }
 
 void PageRenderer::SetExcerpt(const PageExcerpt& excerpt)
@@ -195,29 +152,29 @@ void PageRenderer::Work()
     }
 }
 
-std::shared_ptr<const std::string> PageRenderer::Draw(const PaperPage& page, QString& problem,
-                                                      const std::atomic<bool>& stops)
+void PageRenderer::Draw(const PaperPage& page)
 {
-    Turns turns([&stops] { StopIf(stops); });
+    Turns turns([this] { StopIf(pageIsNew); });
     MyPDFGenerator pdf(turns);
-    problem.clear();
+    drawnProblem.clear();
     try {
         DrawContent(page, pdf, turns, {});
     } catch (const PageGivenUp& givenUp) {
-        problem = QString::fromUtf8(givenUp.reason);
+        drawnProblem = QString::fromUtf8(givenUp.reason);
     }
     const std::string_view shown = WholeLines(pdf.Stream());
-    if (problem.isEmpty() && shown.size() < pdf.Stream().size()) {
-        problem = tr("The page is very large; only its first lines are shown");
+    if (drawnProblem.isEmpty() && shown.size() < pdf.Stream().size()) {
+        drawnProblem = tr("The page is very large; only its first lines are shown");
     }
-    return std::make_shared<std::string>(shown);
+    roles = pdf.Roles();
+    content = shown;
 }
 
 void PageRenderer::Fulfil(const Wish& wish)
 {
     if (drawnPage != wish.page) {
         drawnPage = nullptr;
-        content = Draw(*wish.page, drawnProblem, pageIsNew);
+        Draw(*wish.page);
         drawnPage = wish.page;
         warningsAreMissing = true;
     }
@@ -236,23 +193,12 @@ void PageRenderer::Fulfil(const Wish& wish)
     const double thinnest = thinnestPixels / (excerpt.scale * excerpt.pixelRatio);
     painter.save();
     StoppablePainter shown(painter, paper.height(), thinnest, isNew);
-    const PageDamage damage = ReadPage(*content, shown);
+    const PageDamage damage = ReadPage(content, shown);
     painter.restore();
     StopIf(isNew);
-    if (wish.other && content->size() <= longestContentLitUp) {
-        if (drawnOther != wish.other) {
-            drawnOther = nullptr;
-            QString problem;
-            otherContent = Draw(*wish.other, problem, isNew);
-            if (!problem.isEmpty()) {  // nothing to compare with
-                otherContent = content;
-            }
-            drawnOther = wish.other;
-        }
-        StrokeCounter counter(isNew);
-        ReadPage(*otherContent, counter);
-        Highlighter lights(painter, paper.height(), 2.0 * thinnest, isNew, std::move(counter.counts));
-        ReadPage(*content, lights);
+    if (wish.lit != RoleSet{} && content.size() <= longestContentLitUp) {
+        Highlighter lights(painter, paper.height(), 2.0 * thinnest, isNew, wish.lit);
+        ReadPage(content, roles, lights);
         StopIf(isNew);
     }
     painter.end();
@@ -264,7 +210,7 @@ void PageRenderer::Fulfil(const Wish& wish)
         StopIf(isNew);
         warningsAreMissing = false;
         drawnWarnings =
-            content->size() <= longestContentChecked ? ContentWarnings(frame, *content) : PageWarnings();
+            content.size() <= longestContentChecked ? ContentWarnings(*wish.page, content, roles) : PageWarnings();
         emit Rendered({std::move(image), excerpt, problem, drawnWarnings});
     }
 }

@@ -11,7 +11,6 @@
 #include <condition_variable>
 #include <memory>
 #include <mutex>
-#include <optional>
 #include <string>
 #include <thread>
 
@@ -48,8 +47,8 @@ public:
 
     /// Wants another page shown.
     void SetPage(PaperPage page);
-    /// Wants the strokes lit up that are not on this other page; none without one.
-    void LightUp(std::optional<PaperPage> other);
+    /// Wants all lit up that has one of the roles.
+    void LightUp(const RoleSet& roles);
     /// Wants another part of the page.
     void SetExcerpt(const PageExcerpt& excerpt);
 
@@ -59,7 +58,7 @@ signals:
 private:
     struct Wish {
         std::shared_ptr<const PaperPage> page;
-        std::shared_ptr<const PaperPage> other;
+        RoleSet lit;
         PageExcerpt excerpt;
     };
 
@@ -67,9 +66,8 @@ private:
     void Want(Change change);
     void Work();
     void Fulfil(const Wish& wish);
-    /// The content of a page, or as much of it as there is.
-    static std::shared_ptr<const std::string> Draw(const PaperPage& page, QString& problem,
-                                                   const std::atomic<bool>& stops);
+    /// Takes the content of a page, or as much of it as there is.
+    void Draw(const PaperPage& page);
 
     std::mutex mutex;
     std::condition_variable changed;
@@ -80,12 +78,11 @@ private:
 
     // Of the thread alone.
     std::shared_ptr<const PaperPage> drawnPage;
-    std::shared_ptr<const std::string> content;
+    std::string content;
+    PageRoles roles;
     QString drawnProblem;
     PageWarnings drawnWarnings;
     bool warningsAreMissing = false;
-    std::shared_ptr<const PaperPage> drawnOther;
-    std::shared_ptr<const std::string> otherContent;
 
     std::thread thread;
 };

@@ -28,36 +28,6 @@
 
 namespace linealis::desktop {
 
-namespace {
-
-/// Changes a control a little, to see what on the page follows it. False if that makes no sense.
-bool Nudge(Control& control)
-{
-    if (control.Kind() == ControlKind::Text) {
-        auto& field = static_cast<TextField&>(control);
-        if (field.MeansNow() == Meaning::Prose) {
-            return false;
-        }
-        const double number = field.Number();
-        field.SetText(mystring(number == 0.0 ? 1.0 : number + std::max(1.0, std::abs(number) / 10.0)));
-        return true;
-    }
-    if (control.Kind() == ControlKind::Check) {
-        auto& box = static_cast<CheckBox&>(control);
-        box.SetValue(!box.Value());
-        return true;
-    }
-    if (control.Kind() == ControlKind::Color) {
-        auto& swatch = static_cast<Swatch&>(control);
-        const Color color = swatch.Shown();
-        swatch.SetColor({static_cast<std::uint8_t>(255 - color.red), color.green, color.blue});
-        return true;
-    }
-    return false;
-}
-
-}  // namespace
-
 QStringList SettingsFilesIn(const QMimeData& dragged)
 {
     QStringList files;
@@ -71,7 +41,7 @@ QStringList SettingsFilesIn(const QMimeData& dragged)
 }
 
 PaperView::PaperView(DesktopPlatform& thePlatform, const PaperKind& theKind, PaperWindow& theWindow)
-    : platform(thePlatform), kind(theKind), window(theWindow), history(theWindow), twin(kind.makePaper(platform))
+    : platform(thePlatform), kind(theKind), window(theWindow), history(theWindow)
 {
     setWindowTitle(ToQt(kind.title));
     setObjectName(ToQt(kind.name));
@@ -88,18 +58,7 @@ PaperView::~PaperView()
 
 void PaperView::LightUp()
 {
-    if (!livePage->isVisible()) {
-        return;
-    }
-    const auto& controls = window.form.Controls();
-    const auto found = std::find(controls.begin(), controls.end(), focused);
-    if (found == controls.end()) {
-        livePage->LightUp(std::nullopt);
-        return;
-    }
-    twin.form->Restore(window.form.State());
-    Control& tried = *twin.form->Controls()[static_cast<std::size_t>(found - controls.begin())];
-    livePage->LightUp(Nudge(tried) ? std::optional(twin.readPage()) : std::nullopt);
+    livePage->LightUp(focused == nullptr ? RoleSet{} : focused->Declared().governs);
 }
 
 void PaperView::ShowWarningsOfPage(PageWarnings warnings)
@@ -111,8 +70,10 @@ void PaperView::ShowWarningsOfPage(PageWarnings warnings)
 void PaperView::ShowWarnings()
 {
     QStringList texts;
-    for (const PageWarning& warning : JoinedWarnings(window.form, formWarnings, pageWarnings)) {
-        texts << ToQt(warning.text);
+    for (const PageWarnings* const warnings : {&formWarnings, &pageWarnings}) {
+        for (const PageWarning& warning : *warnings) {
+            texts << ToQt(warning.text);
+        }
     }
     checks->Show(texts);
 }
@@ -121,11 +82,10 @@ void PaperView::FormChanged()
 {
     const PaperPage page = window.ReadPage();
     form->ShowSummary(ToQt(page.describe()));
-    formWarnings = FormWarnings(window.form, page);
+    formWarnings = page.warnings;
     ShowWarnings();
     if (livePage->isVisible()) {
         livePane->Show(page, ToQt(PageSummary(kind, page)));
-        LightUp();
     }
     topBar->undo->setEnabled(history.CanUndo());
     topBar->undo->setToolTip(tr("Undo: %1").arg(history.UndoName()));
@@ -217,7 +177,7 @@ void PaperView::MakePage()
     ChangedOutside(tr("Generate"));  // by what the page corrected in the form
     const std::string_view content = window.Pdf().Stream();
     if (!livePage->isVisible() && content.size() <= longestContentChecked) {  // otherwise it has told already
-        ShowWarningsOfPage(ContentWarnings(window.ReadPage().frame, content));
+        ShowWarningsOfPage(ContentWarnings(window.Page(), content, window.Pdf().Roles()));
     }
 }
 
@@ -267,7 +227,7 @@ void PaperView::SayHowPageEnded()
     const QString name = ToQt(window.OutputFile().Name());
     switch (*window.LastPage()) {
     case PageEnd::Written:
-        Say(tr("Wrote %1, %2").arg(name, ToQt(ShortPageSummary(window.ReadPage()))),
+        Say(tr("Wrote %1, %2").arg(name, ToQt(ShortPageSummary(window.Page()))),
             {{tr("Open"), QStringLiteral("open")}, {tr("Show in Folder"), QStringLiteral("folder")}});
         break;
     case PageEnd::Failed:

@@ -142,7 +142,6 @@ private:
     QAction* livePageAction = nullptr;
     QMenu* presets = nullptr;
     const Control* focused = nullptr;  ///< the field with the focus, or null
-    Paper twin;                        ///< a form to try out on what a field governs
     PaperTopBar* topBar = nullptr;
     PaperBottomBar* bottomBar = nullptr;
     StatusLine* status = nullptr;

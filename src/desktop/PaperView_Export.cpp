@@ -26,7 +26,7 @@ void PaperView::Use(const QString& nothingDone, const PageUse& use)
         };
         Turns turns([this] { platform.Yield(); });
         try {
-            said = use({window.ReadPage().frame, window.DrawPage()}, turns);
+            said = use(window.DrawPage(), turns);
         } catch (const PageStopped&) {
             said = tr("Cancelled; %1").arg(nothingDone);
         } catch (const PageGivenUp& givenUp) {

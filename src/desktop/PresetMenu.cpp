@@ -40,7 +40,7 @@ QPixmap Paint(const PaperPage& page, const QSize& size, double pixelRatio)
     painter.save();
     painter.scale(scale, scale);
     Turns turns([] {});
-    PaintPage(painter, paper, ContentOf(page, turns), thinnestPixel / scale);
+    PaintPage(painter, paper, DrawPage(page, turns).content, thinnestPixel / scale);
     painter.restore();
     painter.setPen(QPen(Qt::gray, 0.0));
     painter.drawRect(QRectF(QPointF(0.0, 0.0), shown - QSizeF(1.0, 1.0) / pixelRatio));

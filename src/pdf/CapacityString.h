@@ -14,6 +14,7 @@ namespace linealis {
 /// Throws std::bad_alloc when memory runs out, and stays as it was.
 class CapacityString {
 public:
+    CapacityString() : CapacityString(0, 0) {}
     /// `capacity` bytes are allocated at once. The growth rule does not read `increment`.
     CapacityString(std::int64_t capacity, std::int64_t increment);
 
@@ -37,6 +38,7 @@ public:
 
     /// The content where it stands, until the next change.
     std::string_view View() const { return {mData.get(), static_cast<std::size_t>(mLength)}; }
+    operator std::string_view() const { return View(); }  // NOLINT(google-explicit-constructor): it is a text
 
     std::int64_t Length() const { return mLength; }
     std::int64_t Capacity() const { return mCapacity; }

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace linealis {
 
@@ -151,7 +152,7 @@ void MyPDFGenerator::Discard()
 
 bool MyPDFGenerator::CloseFile(Platform& platform)
 {
-    const CapacityString streamData = CompressedStream();
+    const CapacityString streamData = CompressedStream(streamC);
     b = theFile.CreateBinaryFile();
     if (!b.IsOpen()) {
         platform.ShowFileError(
@@ -173,14 +174,17 @@ bool MyPDFGenerator::CloseFile(Platform& platform)
     return true;
 }
 
-std::string MyPDFGenerator::FileBytes(const LocalTime& now)
+void MyPDFGenerator::WriteFile(std::string_view content, const LocalTime& now, BinaryStream& stream)
 {
-    const CapacityString streamData = CompressedStream();
-    std::string bytes;
-    b = BinaryStream::IntoMemory(bytes);
-    WriteDocument(streamData.View(), now);
-    b = BinaryStream();
-    return bytes;
+    const CapacityString streamData = CompressedStream(content);
+    std::swap(b, stream);
+    WriteDocument(streamData, now);
+    std::swap(b, stream);
+}
+
+CapacityString MyPDFGenerator::TakeStream()
+{
+    return std::exchange(streamC, CapacityString(initialCapacity, capacityIncrement));
 }
 
 void MyPDFGenerator::WriteDocument(std::string_view streamData, const LocalTime& now)
@@ -191,9 +195,8 @@ void MyPDFGenerator::WriteDocument(std::string_view streamData, const LocalTime&
     WriteTrailer();
 }
 
-CapacityString MyPDFGenerator::CompressedStream()
+CapacityString MyPDFGenerator::CompressedStream(std::string_view text)
 {
-    const std::string_view text = streamC.View();
     Compressor compressor(text.size());
     uLong checksum = 0;  // not 1, zlib's start: it stands behind the zlib stream, where no reader looks
     for (std::size_t start = 0; start < text.size(); start += compressorPieceSize) {

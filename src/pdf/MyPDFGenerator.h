@@ -71,8 +71,8 @@ public:
     /// written, says so through the platform and leaves an existing file as it was. Returns whether it was written.
     bool CloseFile(Platform& platform);
 
-    /// The bytes that CloseFile would write, dated like that.
-    std::string FileBytes(const LocalTime& now);
+    /// Writes what CloseFile would write of a content that was drawn before, to an open stream.
+    void WriteFile(std::string_view content, const LocalTime& now, BinaryStream& stream);
 
     void Delete() {}
 
@@ -152,6 +152,8 @@ public:
     const PageRoles& Roles() const { return roles; }
     /// The content stream as drawn so far.
     std::string_view Stream() const { return streamC.View(); }
+    /// The same, given away: a new document begins with none.
+    CapacityString TakeStream();
 
 private:
     /// A line of the content stream: numbers, each with a blank behind it, and the operator that takes them.
@@ -171,7 +173,7 @@ private:
     /// line in it: an end and the other one, which lies in `otherRegion`, are outside on the same side.
     bool BringInside(Line& line, std::size_t end, int region, int otherRegion) const;
 
-    CapacityString CompressedStream();
+    CapacityString CompressedStream(std::string_view text);
     void NewObject();
     void EndObject();
     void WriteBareObject(std::int64_t number, std::string_view line);

@@ -4,6 +4,7 @@
 
 #include <new>
 #include <string>
+#include <utility>
 
 namespace linealis {
 
@@ -44,27 +45,26 @@ void DrawContent(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const
     pdf.EndPage();
 }
 
-std::string ContentOf(const PaperPage& page, Turns& turns, const PageQuestions& ask)
+DrawnPage DrawPage(PaperPage page, Turns& turns, const PageQuestions& ask)
 {
     MyPDFGenerator pdf(turns);
     DrawContent(page, pdf, turns, ask);
-    return std::string(pdf.Stream());
+    return {std::move(page), pdf.TakeStream(), pdf.Roles()};
 }
 
-std::string FileBytesOf(const PaperPage& page, const LocalTime& now, const PageQuestions& ask)
+void WritePdf(const DrawnPage& page, const LocalTime& now, BinaryStream& stream, Turns& turns)
 {
-    Turns turns([] {});
     MyPDFGenerator pdf(turns);
-    DrawContent(page, pdf, turns, ask);
-    return pdf.FileBytes(now);
+    pdf.BeginPage(page.frame.paperWidth, page.frame.paperHeight);
+    pdf.WriteFile(page.content, now, stream);
 }
 
 std::string FileBytesOf(const DrawnPage& page, const LocalTime& now, Turns& turns)
 {
-    MyPDFGenerator pdf(turns);
-    pdf.BeginPage(page.frame.paperWidth, page.frame.paperHeight);
-    pdf.AddToStream(page.content);
-    return pdf.FileBytes(now);
+    std::string bytes;
+    BinaryStream stream = BinaryStream::IntoMemory(bytes);
+    WritePdf(page, now, stream, turns);
+    return bytes;
 }
 
 PageEnd MakePage(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask,

@@ -11,20 +11,19 @@ namespace linealis {
 /// What `turns` throws passes through, and so does PageGivenUp of a page that is too large.
 void DrawContent(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask);
 
-/// A page that is drawn: its frame, and its content as ContentOf gives it.
-struct DrawnPage {
-    PageFrame frame;
-    std::string content;
+/// A page that is drawn, for whoever shows, prints, writes or judges it.
+struct DrawnPage : PaperPage {
+    CapacityString content;  ///< as Generate would compress it into the file
+    PageRoles roles;         ///< of the content
 };
 
-/// The page's content as Generate would compress it into the file, for who shows, prints or judges it. What `turns`
-/// throws passes through, and so does PageGivenUp.
-std::string ContentOf(const PaperPage& page, Turns& turns, const PageQuestions& ask = {});
+/// Draws a page that was read. What `turns` throws passes through, and so does PageGivenUp.
+DrawnPage DrawPage(PaperPage page, Turns& turns, const PageQuestions& ask = {});
 
-/// The bytes of the page's file. Throws PageGivenUp.
-std::string FileBytesOf(const PaperPage& page, const LocalTime& now, const PageQuestions& ask = {});
+/// Writes the page's file to an open stream. What `turns` throws passes through.
+void WritePdf(const DrawnPage& page, const LocalTime& now, BinaryStream& stream, Turns& turns);
 
-/// The same of a page that is drawn. What `turns` throws passes through.
+/// The same as bytes.
 std::string FileBytesOf(const DrawnPage& page, const LocalTime& now, Turns& turns);
 
 /// How the making of a page ended.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pipeline/FormCheck.h"
 #include "pipeline/PaperForm.h"
 #include "pipeline/PaperPage.h"
 #include "pipeline/SettingsFile.h"
@@ -49,7 +50,8 @@ Paper MakePaper(const Platform& platform)
             warnings = Warn(kindForm, read);
         }
         PaperPage page = PageOf(std::move(read));
-        page.warnings = std::move(warnings);
+        page.warnings = FormWarnings(kindForm, page.frame, std::move(warnings));
+        page.printed = PrintedFields(kindForm);
         return page;
     };
     if constexpr (requires { MakeWizard(*form); }) {

@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace linealis {
 
@@ -25,6 +26,14 @@ struct PageQuestions {
     };
 };
 
+/// A text of a form that stands on its page.
+struct PrintedField {
+    Role role;
+    std::string control;         ///< the name of its field
+    bool coversLines = false;    ///< where the form opens, it stands over grid lines (Traits)
+    bool standsAsOpened = true;  ///< whether all that places it is as the form opened
+};
+
 /// A page as it was read from a form: plain values, and the drawing that goes with them. It knows no form, window,
 /// file or screen, so that it can be drawn anywhere, on any thread.
 struct PaperPage {
@@ -32,7 +41,8 @@ struct PaperPage {
     std::function<void(MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask)> doGraph;
     /// What the page holds, in a few words: "37 by 53 cells of 5 mm".
     std::function<std::string()> describe = [] { return std::string(); };
-    PageWarnings warnings = {};  ///< the kind's own, of the form that was read
+    PageWarnings warnings = {};              ///< what of the form will disappoint
+    std::vector<PrintedField> printed = {};  ///< the form's texts
 };
 
 /// The page of a kind, whose drawing is the function Draw for it, and Describe its words.

@@ -29,14 +29,9 @@ void PaperWindow::Restore(const WindowState& earlier)
     ourFolderItem = earlier.ourFolderItem;
 }
 
-std::string PaperWindow::DrawPage()
+DrawnPage PaperWindow::DrawPage(PaperPage read)
 {
-    return ContentOf(ReadPage(), turns, Dialogs());
-}
-
-std::string PaperWindow::FileBytes()
-{
-    return FileBytesOf(ReadPage(), platform.Now(), Dialogs());
+    return linealis::DrawPage(std::move(read), turns, Dialogs());
 }
 
 void PaperWindow::ReadGUIValues()

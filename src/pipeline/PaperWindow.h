@@ -42,12 +42,12 @@ public:
 
     // Page.
 
-    /// The content of the page as the form stands now, drawn as Generate draws it, with its dialogs and turns. What
-    /// these throw passes through (DrawContent).
-    std::string DrawPage();
-    /// The bytes of the page's file, with its dialogs, but in one go. Throws PageGivenUp.
-    std::string FileBytes();
-    /// The page as the form stands now, for who wants to look at it without making it.
+    /// The page as the form stands now, drawn as Generate draws it, with its dialogs and turns. What these throw
+    /// passes through (DrawContent).
+    DrawnPage DrawPage() { return DrawPage(ReadPage()); }
+    /// The same of a page that was read from the form.
+    DrawnPage DrawPage(PaperPage read);
+    /// The same, not drawn.
     PaperPage ReadPage() const { return paper.readPage(); }
 
     /// Turns the form's text into the page's numbers, in points.
@@ -88,7 +88,8 @@ public:
     const FolderItem& OurFolderItem() const { return ourFolderItem; }
     /// How the last Generate ended; nothing if it made no page, for want of a file.
     std::optional<PageEnd> LastPage() const { return lastPage; }
-    /// The page as drawn last, for who wants to look at its operators.
+    /// The page that the last Generate read, and what it has drawn of it.
+    const PaperPage& Page() const { return page; }
     const MyPDFGenerator& Pdf() const { return pdf; }
 
 private:

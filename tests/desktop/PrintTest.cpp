@@ -79,9 +79,8 @@ std::vector<QPointF> PrintedPoints(const std::string& file)
 
 DrawnPage Draw(PaperWindow& window)
 {
-    const PaperPage page = window.ReadPage();
     Turns turns([] {});
-    return {page.frame, ContentOf(page, turns)};
+    return DrawPage(window.ReadPage(), turns);
 }
 
 class Print : public testing::Test {
@@ -218,7 +217,7 @@ TEST_F(Print, TheDialogsLeadToTheSheetOrToNothing)
     EXPECT_TRUE(said.starts_with("Printed on " + file + ", Letter") && said.ends_with(", 100 %")) << said;
     EXPECT_EQ(shown, Names());
     fs::remove(file);
-    page.content += "0 0 m\r-36 0 l\rS\r";
+    page.content.AppendString("0 0 m\r-36 0 l\rS\r");
     prints = false;
     EXPECT_EQ(print(), "");
     EXPECT_EQ(folder.Names(), Names());
