@@ -3,7 +3,6 @@
 #include "desktop/NameLookup.h"
 
 #include <QTimer>
-#include <algorithm>
 #include <utility>
 
 namespace linealis::desktop {
@@ -12,61 +11,13 @@ namespace {
 
 constexpr int portOfHttp = 80;
 
-/// The value of a field in the head of an answer; empty if it is not there.
-QByteArray FieldOf(const QByteArray& head, const QByteArray& name)
-{
-    for (const QByteArray& line : head.split('\n')) {
-        const qsizetype colon = line.indexOf(':');
-        if (colon > 0 && line.left(colon).compare(name, Qt::CaseInsensitive) == 0) {
-            return line.mid(colon + 1).trimmed();
-        }
-    }
-    return {};
-}
-
 }  // namespace
-
-void HttpAnswer::Add(const QByteArray& bytes)
-{
-    const QByteArray endOfHead = "\r\n\r\n";
-    const qsizetype searched = std::max<qsizetype>(answer.size() - endOfHead.size(), 0);
-    answer += bytes;
-    if (bodyStart >= 0) {
-        return;
-    }
-    const qsizetype end = answer.indexOf(endOfHead, searched);
-    if (end < 0) {
-        return;
-    }
-    bodyStart = end + endOfHead.size();
-    const QByteArray head = answer.left(end);
-    const QList<QByteArray> statusLine = answer.left(answer.indexOf('\r')).split(' ');
-    // An answer in chunks is none to HTTP/1.0.
-    isPage = statusLine[0].startsWith("HTTP/1.") && statusLine.value(1) == "200" &&
-             FieldOf(head, "Transfer-Encoding").isEmpty();
-    bool isNumber = false;
-    const qlonglong length = FieldOf(head, "Content-Length").toLongLong(&isNumber);
-    contentLength = isNumber && length >= 0 ? length : -1;
-}
-
-std::optional<QByteArray> HttpAnswer::Body(qsizetype longest, bool isClosed) const
-{
-    if (!isPage) {
-        return std::nullopt;
-    }
-    const qsizetype come = answer.size() - bodyStart;
-    const bool isWhole = contentLength < 0 ? isClosed : come >= contentLength;
-    if (!isWhole && come < longest) {
-        return std::nullopt;
-    }
-    return answer.mid(bodyStart, contentLength < 0 ? longest : std::min(longest, contentLength));
-}
 
 HttpFetch::HttpFetch(QUrl address, const FetchLimits& theLimits,
                      std::function<void(const std::string& body)> onReply, QObject* parent)
     : QObject(parent), url(std::move(address)), limits(theLimits), reply(std::move(onReply))
 {
-    socket.setReadBufferSize(limits.longestAnswer);
+    socket.setReadBufferSize(static_cast<qint64>(limits.longestAnswer));
     connect(&socket, &QTcpSocket::connected, this, &HttpFetch::SendRequest);
     connect(&socket, &QTcpSocket::readyRead, this, &HttpFetch::Read);
     // Queued, since a socket that is still telling of its failure connects to nothing.
@@ -99,9 +50,15 @@ void HttpFetch::SendRequest()
                      .toLatin1());
 }
 
+void HttpFetch::Take()
+{
+    const QByteArray bytes = socket.read(static_cast<qint64>(limits.longestAnswer - answer.Size()));
+    answer.Add({bytes.data(), static_cast<std::size_t>(bytes.size())});
+}
+
 void HttpFetch::Read()
 {
-    answer.Add(socket.read(limits.longestAnswer - answer.Size()));
+    Take();
     if (answer.IsNoPage() || answer.Body(limits.longestBody, false) || answer.Size() >= limits.longestAnswer) {
         End(false);
     }
@@ -110,7 +67,7 @@ void HttpFetch::Read()
 /// The other side has closed it, or it never came about.
 void HttpFetch::EndOfConnection(QAbstractSocket::SocketError why)
 {
-    answer.Add(socket.read(limits.longestAnswer - answer.Size()));
+    Take();
     if (answer.Size() == 0 && !addresses.isEmpty()) {
         ConnectToNext();
     } else {
@@ -124,8 +81,7 @@ void HttpFetch::End(bool isClosed)
     if (const auto body = answer.Body(limits.longestBody, isClosed); body && reply) {
         // Not from here: the user may be asked meanwhile, and this goes.
         QMetaObject::invokeMethod(
-            parent(), [reply = std::exchange(reply, nullptr), body = body->toStdString()] { reply(body); },
-            Qt::QueuedConnection);
+            parent(), [reply = std::exchange(reply, nullptr), body = *body] { reply(body); }, Qt::QueuedConnection);
     }
     deleteLater();
 }

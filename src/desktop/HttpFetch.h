@@ -1,41 +1,21 @@
 #pragma once
 
-#include <QByteArray>
+#include "desktop/HttpAnswer.h"
+
 #include <QHostAddress>
 #include <QList>
 #include <QTcpSocket>
 #include <QUrl>
 #include <functional>
-#include <optional>
 #include <string>
 
 namespace linealis::desktop {
 
 /// What an HTTP request may cost at most.
 struct FetchLimits {
-    int milliseconds = 0;         ///< from the beginning to the end
-    qsizetype longestBody = 0;    ///< bytes; what follows is left
-    qsizetype longestAnswer = 0;  ///< bytes in all, the head included; a longer answer is none
-};
-
-/// The answer to an HTTP/1.0 request, as it comes.
-class HttpAnswer {
-public:
-    void Add(const QByteArray& bytes);
-    qsizetype Size() const { return answer.size(); }
-
-    /// Whether it gives no page, whatever follows.
-    bool IsNoPage() const { return bodyStart >= 0 && !isPage; }
-
-    /// The body of a page that the server gave with status 200, at most `longest` bytes of it; nothing as long as
-    /// it has not come. Without a Content-Length it ends where the connection does.
-    std::optional<QByteArray> Body(qsizetype longest, bool isClosed) const;
-
-private:
-    QByteArray answer;
-    qsizetype bodyStart = -1;      ///< behind the head; -1 as long as that has not come
-    qsizetype contentLength = -1;  ///< -1 if the head does not tell
-    bool isPage = false;
+    int milliseconds = 0;           ///< from the beginning to the end
+    std::size_t longestBody = 0;    ///< bytes; what follows is left
+    std::size_t longestAnswer = 0;  ///< bytes in all, the head included; a longer answer is none
 };
 
 /// One HTTP GET, beside everything else on the thread of its owner. It goes when it is done; when its parent goes
@@ -56,6 +36,7 @@ public:
 private:
     void ConnectToNext();
     void SendRequest();
+    void Take();
     void Read();
     void EndOfConnection(QAbstractSocket::SocketError why);
     void End(bool isClosed);

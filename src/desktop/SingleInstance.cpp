@@ -1,18 +1,18 @@
 #include "desktop/SingleInstance.h"
 
+#include "desktop/HandOverMessage.h"
 #include "platform/OwnUser.h"
 
-#include <QDataStream>
-#include <QElapsedTimer>
-#include <QLocalSocket>
-#include <QThread>
+#include <QFile>
+#include <QTimer>
 
 namespace linealis::desktop {
 
 namespace {
 
-constexpr int millisecondsInAll = 1000;
-constexpr qint64 longestMessage = 1 << 20;
+constexpr int millisecondsBeforeAWord = 1000;
+constexpr int millisecondsBetweenTries = 50;
+constexpr qint64 longestPiece = 65536;
 constexpr char acknowledgement = 'k';
 
 bool IsOwn(const QLocalSocket& socket)
@@ -20,13 +20,22 @@ bool IsOwn(const QLocalSocket& socket)
     return PeerIsOwnUser(static_cast<int>(socket.socketDescriptor()));
 }
 
-/// Reads the files, once all have come. Returns whether they have.
-bool ReadFiles(QLocalSocket& socket, QStringList& files)
+std::string MessageOf(const QStringList& files)
 {
-    QDataStream stream(&socket);
-    stream.startTransaction();
-    stream >> files;
-    return stream.commitTransaction();
+    std::vector<std::string> names;
+    for (const QString& file : files) {
+        names.push_back(QFile::encodeName(file).toStdString());
+    }
+    return HandOverMessage(names);
+}
+
+QStringList FilesOf(const HandOverReader& reader)
+{
+    QStringList files;
+    for (const std::string& name : reader.Files()) {
+        files << QFile::decodeName(name.c_str());
+    }
+    return files;
 }
 
 }  // namespace
@@ -38,42 +47,69 @@ SingleInstance::SingleInstance(const QString& folder, const QString& name, QObje
     connect(&server, &QLocalServer::newConnection, this, &SingleInstance::Accept);
 }
 
-bool SingleInstance::HandOver(const QStringList& files)
+SingleInstance::Start SingleInstance::HandOver(const QStringList& files, const std::function<void()>& onWaiting)
 {
     if (path.isEmpty()) {
-        return false;
+        return Start::First;
     }
     lock = std::make_unique<QLockFile>(path + QStringLiteral(".lock"));
     lock->setStaleLockTime(0);  // as long as its process lives
-    QElapsedTimer time;
-    time.start();
-    do {
-        if (lock->tryLock(0)) {
-            Listen();
-            return false;
-        }
-        if (Ask(files)) {
-            return true;
-        }
-        QThread::msleep(20);  // it may be about to listen, or to end
-    } while (time.elapsed() < millisecondsInAll);
-    return false;
+    if (lock->tryLock(0)) {
+        Listen();
+        return Start::First;
+    }
+    message = MessageOf(files);
+    QTimer tries, word;
+    connect(&tries, &QTimer::timeout, this, &SingleInstance::TryAgain);
+    connect(&word, &QTimer::timeout, this, [&] { onWaiting(); });
+    word.setSingleShot(true);
+    word.start(millisecondsBeforeAWord);
+    tries.start(millisecondsBetweenTries);
+    Ask();
+    waiting.exec();
+    socket.reset();
+    return outcome;
 }
 
-bool SingleInstance::Ask(const QStringList& files) const
+void SingleInstance::Cancel()
 {
-    QLocalSocket socket;
-    socket.connectToServer(path);
-    if (!socket.waitForConnected(millisecondsInAll) || !IsOwn(socket)) {
-        return false;
+    EndWith(Start::Cancelled);
+}
+
+/// The running program may have ended, or not be listening yet.
+void SingleInstance::TryAgain()
+{
+    if (lock->tryLock(0)) {
+        Listen();
+        EndWith(Start::First);
+    } else if (socket->state() == QLocalSocket::UnconnectedState) {
+        Ask();
     }
-    QByteArray message;
-    QDataStream stream(&message, QIODevice::WriteOnly);
-    stream << files;
-    socket.write(message);
-    socket.flush();
+}
+
+void SingleInstance::Ask()
+{
+    socket = std::make_unique<QLocalSocket>();
+    connect(socket.get(), &QLocalSocket::connected, this, [this] {
+        if (IsOwn(*socket)) {
+            socket->write(message.data(), static_cast<qint64>(message.size()));
+        } else {
+            socket->abort();
+        }
+    });
     // Only an answer shows that the other program is alive.
-    return socket.waitForReadyRead(millisecondsInAll) && socket.read(1) == QByteArray(1, acknowledgement);
+    connect(socket.get(), &QLocalSocket::readyRead, this, [this] {
+        if (socket->read(1) == QByteArray(1, acknowledgement)) {
+            EndWith(Start::HandedOver);
+        }
+    });
+    socket->connectToServer(path);
+}
+
+void SingleInstance::EndWith(Start result)
+{
+    outcome = result;
+    waiting.quit();
 }
 
 void SingleInstance::Listen()
@@ -84,19 +120,24 @@ void SingleInstance::Listen()
 
 void SingleInstance::Accept()
 {
-    while (QLocalSocket* const socket = server.nextPendingConnection()) {
-        socket->setReadBufferSize(longestMessage);
-        connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-        if (!IsOwn(*socket)) {
-            socket->abort();
+    while (QLocalSocket* const asking = server.nextPendingConnection()) {
+        asking->setReadBufferSize(longestPiece);
+        connect(asking, &QLocalSocket::disconnected, asking, &QObject::deleteLater);
+        if (!IsOwn(*asking)) {
+            asking->abort();
             continue;
         }
-        connect(socket, &QLocalSocket::readyRead, this, [this, socket] {
-            QStringList files;
-            if (ReadFiles(*socket, files)) {
-                socket->write(QByteArray(1, acknowledgement));
-                socket->flush();
-                emit Received(files);
+        connect(asking, &QLocalSocket::readyRead, this, [this, asking, reader = HandOverReader()]() mutable {
+            const bool wasWhole = reader.IsWhole();
+            const QByteArray piece = asking->readAll();
+            reader.Add({piece.data(), static_cast<std::size_t>(piece.size())});
+            if (reader.IsTooLong()) {
+                asking->abort();
+            } else if (reader.IsWhole() && !wasWhole) {
+                asking->write(QByteArray(1, acknowledgement));
+                if (asking->flush()) {  // otherwise the other program has been cancelled
+                    emit Received(FilesOf(reader));
+                }
             }
         });
     }

@@ -1,10 +1,14 @@
 #pragma once
 
+#include <QEventLoop>
 #include <QLocalServer>
+#include <QLocalSocket>
 #include <QLockFile>
 #include <QObject>
 #include <QStringList>
+#include <functional>
 #include <memory>
+#include <string>
 
 namespace linealis::desktop {
 
@@ -14,14 +18,23 @@ class SingleInstance final : public QObject {
     Q_OBJECT
 
 public:
+    enum class Start {
+        First,       ///< no other runs: this is the running program now
+        HandedOver,  ///< the running program has taken the files
+        Cancelled    ///< it has not, and Cancel() was called
+    };
+
     /// `folder` is one that nobody but this user can look into; `name` tells the programs of one kind and display
     /// from others. Without a folder every start is the only one.
     SingleInstance(const QString& folder, const QString& name, QObject* parent = nullptr);
 
-    /// Hands the files to the running program, or becomes it if there is none. Returns whether another took the
-    /// files. One that holds the lock and does not answer, or holds none and has left its socket, is none after a
-    /// second.
-    bool HandOver(const QStringList& files);
+    /// Hands the files to the running program, or becomes it if there is none. A program that runs and does not
+    /// answer is waited for, since it may have the same files open: `onWaiting` is called once if that takes more
+    /// than a second. Events are handled meanwhile.
+    Start HandOver(const QStringList& files, const std::function<void()>& onWaiting);
+
+    /// Ends HandOver.
+    void Cancel();
 
     /// The program is about to end: the next start is a program of its own.
     void Stop() { server.close(); }
@@ -32,13 +45,21 @@ signals:
     void Received(const QStringList& files);
 
 private:
-    bool Ask(const QStringList& files) const;
+    void TryAgain();
+    void Ask();
+    void EndWith(Start result);
     void Listen();
     void Accept();
 
     QString path;  ///< of the socket; empty if there is no place for it
     std::unique_ptr<QLockFile> lock;
     QLocalServer server;
+
+    // While the files are handed over.
+    std::string message;
+    std::unique_ptr<QLocalSocket> socket;  ///< to the running program; none if it has not been reached
+    QEventLoop waiting;
+    Start outcome = Start::Cancelled;
 };
 
 }  // namespace linealis::desktop

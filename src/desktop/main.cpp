@@ -14,10 +14,12 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QIcon>
+#include <QMessageBox>
 #include <QRegularExpression>
 #include <QSocketNotifier>
 #include <cstdio>
 #include <future>
+#include <memory>
 #include <optional>
 
 namespace {
@@ -99,6 +101,10 @@ CommandLine::CommandLine(int argc, char** argv)
     }
     // As a program with another working directory finds them.
     for (const QString& file : parser.positionalArguments()) {
+        if (file.isEmpty()) {
+            std::fputs("linealis: a file name is empty\n", stderr);
+            status = usageWrong;
+        }
         files << QFileInfo(file).absoluteFilePath();
     }
 }
@@ -143,6 +149,30 @@ QIcon ProgramIcon()
     return icon;
 }
 
+/// Says that the running program is waited for, which holds the start up.
+std::unique_ptr<QMessageBox> WaitingBox(bool forFiles)
+{
+    auto box = std::make_unique<QMessageBox>();
+    box->setWindowTitle(QStringLiteral("Linealis"));
+    box->setText(desktop::Desktop::tr("Linealis is running, but does not answer yet."));
+    box->setInformativeText(forFiles
+                                ? desktop::Desktop::tr("Your files open there as soon as it answers.")
+                                : desktop::Desktop::tr("Its window comes to the front as soon as it answers."));
+    box->setStandardButtons(QMessageBox::Cancel);
+    return box;
+}
+
+/// Hands the files to the running program, or becomes it.
+desktop::SingleInstance::Start HandOver(desktop::SingleInstance& instance, const QStringList& files)
+{
+    std::unique_ptr<QMessageBox> box;
+    return instance.HandOver(files, [&] {
+        box = WaitingBox(!files.isEmpty());
+        QObject::connect(box.get(), &QDialog::finished, &instance, &desktop::SingleInstance::Cancel);
+        box->show();
+    });
+}
+
 int RunProgram(desktop::Application& application, desktop::SingleInstance& instance, const QStringList& documents)
 {
     desktop::Desktop desktop;
@@ -181,9 +211,17 @@ int main(int argc, char** argv)
     QApplication::setWindowIcon(ProgramIcon());
 
     desktop::SingleInstance instance(runtimeFolder, NameOfInstance());
-    if (instance.HandOver(line.files)) {
+    QApplication::setQuitOnLastWindowClosed(
+        false);  // the box that says that another program is waited for is no window
+    switch (HandOver(instance, line.files)) {
+    case desktop::SingleInstance::Start::HandedOver:
         std::puts("Linealis is already running; its window comes to the front.");
         return 0;
+    case desktop::SingleInstance::Start::Cancelled:
+        std::fputs("linealis: the running program has not answered, and nothing was opened\n", stderr);
+        return 1;
+    case desktop::SingleInstance::Start::First:
+        break;
     }
     return RunProgram(application, instance, line.files);
 }

@@ -7,6 +7,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <QLocalSocket>
 #include <QSignalSpy>
 #include <future>
 
@@ -17,10 +18,20 @@ using desktop::SingleInstance;
 
 class SingleInstanceTest : public testing::Test {
 protected:
-    /// A second start, beside the first.
-    bool Start(const QStringList& files)
+    using Start = SingleInstance::Start;
+
+    static Start HandOver(SingleInstance& instance, const QStringList& files)
     {
-        auto second = std::async(std::launch::async, [&] { return SingleInstance(path, name).HandOver(files); });
+        return instance.HandOver(files, [] { ADD_FAILURE() << "it waits"; });
+    }
+
+    /// A second start, beside the first.
+    Start StartAgain(const QStringList& files)
+    {
+        auto second = std::async(std::launch::async, [&] {
+            SingleInstance instance(path, name);
+            return HandOver(instance, files);
+        });
         while (second.wait_for(std::chrono::milliseconds(1)) != std::future_status::ready) {
             QCoreApplication::processEvents();
         }
@@ -35,7 +46,7 @@ protected:
 
 TEST_F(SingleInstanceTest, FilesGoToTheRunningProgram)
 {
-    EXPECT_FALSE(Start({QStringLiteral("/a.setx")})) << "none runs";
+    EXPECT_EQ(StartAgain({QStringLiteral("/a.setx")}), Start::First) << "none runs";
     QStringList many;
     for (int i = 0; i < 5000; ++i) {
         many << QStringLiteral("/folder with blanks/%1 \u00E9\u65E5.setx").arg(i);
@@ -43,15 +54,15 @@ TEST_F(SingleInstanceTest, FilesGoToTheRunningProgram)
     const std::vector<QStringList> starts = {{QStringLiteral("/a.setx"), QStringLiteral("/b c.setd")}, {}, many};
     {
         SingleInstance first(path, name);
-        EXPECT_FALSE(first.HandOver({}));
+        EXPECT_EQ(HandOver(first, {}), Start::First);
         QSignalSpy received(&first, &SingleInstance::Received);
         for (const QStringList& files : starts) {
-            EXPECT_TRUE(Start(files));
+            EXPECT_EQ(StartAgain(files), Start::HandedOver);
             ASSERT_EQ(received.size(), 1);
             EXPECT_EQ(received.takeFirst().at(0).toStringList(), files);
         }
     }
-    EXPECT_FALSE(Start({})) << "it has ended";
+    EXPECT_EQ(StartAgain({}), Start::First) << "it has ended";
 }
 
 TEST_F(SingleInstanceTest, WhatADeadProgramLeftIsNoProgram)
@@ -63,20 +74,57 @@ TEST_F(SingleInstanceTest, WhatADeadProgramLeftIsNoProgram)
     ::close(left);  // as a killed program does it: the file stays
     ASSERT_TRUE(fs::exists(address.sun_path));
 
-    EXPECT_FALSE(Start({QStringLiteral("/a.setx")}));
+    EXPECT_EQ(StartAgain({QStringLiteral("/a.setx")}), Start::First);
     SingleInstance next(path, name);
-    EXPECT_FALSE(next.HandOver({}));
+    EXPECT_EQ(HandOver(next, {}), Start::First);
     QSignalSpy received(&next, &SingleInstance::Received);
-    EXPECT_TRUE(Start({QStringLiteral("/a.setx")}));
+    EXPECT_EQ(StartAgain({QStringLiteral("/a.setx")}), Start::HandedOver);
     EXPECT_EQ(received.size(), 1);
 }
 
-TEST_F(SingleInstanceTest, NoPlaceOrNoAnswerIsNoProgram)
+TEST_F(SingleInstanceTest, WaitsForAProgramThatDoesNotAnswer)
 {
-    EXPECT_FALSE(SingleInstance({}, name).HandOver({}));
+    SingleInstance nowhere({}, name);
+    EXPECT_EQ(HandOver(nowhere, {}), Start::First);
+
+    QLockFile running(path + QStringLiteral("/linealis.lock"));
+    ASSERT_TRUE(running.tryLock(0));
     QLocalServer silent;
     ASSERT_TRUE(silent.listen(path + QStringLiteral("/linealis")));
-    EXPECT_FALSE(SingleInstance(path, name).HandOver({}));
+    SingleInstance second(path, name);
+    EXPECT_EQ(second.HandOver({QStringLiteral("/a.setx")}, [&] { second.Cancel(); }), Start::Cancelled);
+    EXPECT_EQ(second.HandOver({QStringLiteral("/a.setx")}, [&] { running.unlock(); }), Start::First)
+        << "it has ended";
+}
+
+TEST_F(SingleInstanceTest, TakesNothingButAMessage)
+{
+    SingleInstance first(path, name);
+    EXPECT_EQ(HandOver(first, {}), Start::First);
+    QSignalSpy received(&first, &SingleInstance::Received);
+    QLocalSocket odd;
+    const auto send = [&](const QByteArray& bytes, bool isAnswered) {
+        odd.connectToServer(path + QStringLiteral("/linealis"));
+        for (qsizetype at = 0; at < bytes.size(); at += 1'000'000) {
+            odd.write(bytes.mid(at, 1'000'000));
+            QTest::qWait(1);
+        }
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return odd.state() != QLocalSocket::ConnectedState || odd.bytesAvailable(); }));
+        EXPECT_EQ(odd.bytesAvailable(), isAnswered ? 1 : 0);
+        odd.abort();
+    };
+    send(QByteArray(9'000'000, 'x'), false);
+    EXPECT_EQ(received.size(), 0);
+    odd.connectToServer(path + QStringLiteral("/linealis"));
+    odd.write(QByteArray("/a\0\0", 4));
+    ASSERT_TRUE(odd.waitForBytesWritten());
+    odd.abort();  // before the program has looked
+    QTest::qWait(50);
+    EXPECT_EQ(received.size(), 0) << "it has been cancelled";
+    send(QByteArray("/a\0/b\0\0/c\0\0", 12), true);
+    ASSERT_EQ(received.size(), 1);
+    EXPECT_EQ(received[0].at(0).toStringList(), QStringList({QStringLiteral("/a"), QStringLiteral("/b")}));
 }
 
 TEST_F(SingleInstanceTest, OnlyAFolderOfOnesOwnIsTrusted)
