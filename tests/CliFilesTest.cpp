@@ -9,6 +9,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <map>
 #include <thread>
 
 namespace linealis::test {
@@ -131,7 +132,7 @@ TEST_F(CliFiles, KilledAtAnyMomentThePageIsTheOldOneOrTheNewOne)
         EXPECT_TRUE(status == 0 || status == 128 + signal) << status;
         EXPECT_TRUE(fs::file_size(page) == size || ReadFile(page) == "old");
         if (signal == SIGKILL) {
-            EXPECT_EQ(Execute({make[0], "save", "grid", "-o", page}).status, 0) << "and clears";
+            EXPECT_EQ(Execute({make[0], "generate", "grid", "-o", page}).status, 0) << "and clears";
         }
         EXPECT_EQ(folder.Names(), Names{"page.pdf"}) << round;
     }
@@ -222,7 +223,45 @@ TEST_F(CliFiles, NothingIsReplacedThatWasNotNamed)
     Fails(1, "$cli form pipe.setx", "pipe.setx: Is not a regular file");
     Fails(1, "$cli form $'\\e[2J\\n\\xC2\\x9B\\xFFé~.setx'",
           "\\x1B[2J\\x0A\\xC2\\x9B\\xFFé~.setx: No such file or directory");
+    ASSERT_EQ(Shell("$cli form grid > f.setx").errors, "");
+    Fails(2, "$cli save --form f.setx -o f.setx", "the settings file would replace f.setx, which it is made from");
+    Fails(2, "$cli thumbnail a.setx a.setx", "the picture would replace a.setx, which it is made from");
+    EXPECT_EQ(Shell("$cli save a.setx -o a.setx").errors, "");
     EXPECT_EQ(ReadFile(folder / "victim.pdf") + ReadFile(folder / "a.setx"), "precious" + settings);
+}
+
+TEST_F(CliFiles, SettingsOfAnotherKindOrDamagedAreSaid)
+{
+    ASSERT_EQ(Shell("$cli save grid -o a.setx; head -c -1 a.setx > short.setx; (cat a.setx; echo) > long.setx; "
+                    "printf hello > five.setx; cp a.setx length.setx; "
+                    "printf '\\xFF' | dd of=length.setx bs=1 seek=55 conv=notrunc status=none; "
+                    "cp a.setx grid.setl")
+                  .errors,
+              "");
+    const std::map<std::string, std::string> problems = {
+        {"short.setx", "ended at field 23 of 23; the rest is empty"},
+        {"five.setx", "ended at field 1 of 23; the rest is empty"},
+        {"grid.setl", "has a length in field 21 of 23 that no field can have; what follows cannot be told"},
+        {"long.setx", "goes on behind the last of its 23 fields"},
+        {"length.setx", "has a length in field 17 of 23 that no field can have; what follows cannot be told"}};
+    for (const auto& [file, problem] : problems) {
+        for (const std::string command : {"generate -o p.pdf", "generate -o p.svg", "generate --check", "show",
+                                          "form", "save -o p", "pad -o q.pdf"}) {
+            const Finished done = Shell("$cli " + command + " " + file);
+            EXPECT_EQ(done.status, 0);
+            EXPECT_EQ(WithoutWarnings(done.errors), "linealis-cli: " + file + " " + problem + "\n") << command;
+        }
+    }
+}
+
+TEST_F(CliFiles, ATerminalIsNotCommanded)
+{
+    const Finished checked =
+        Shell("$cli save graph --set EditTitleX=9 --set $'EditTitle=\\e[2J\\xC2\\x9B' -o $'\\e.setg'; "
+              "$cli generate --check $'\\e.setg'");
+    EXPECT_NE(checked.output.find("\\x1B.setg: "), std::string::npos);
+    EXPECT_NE(checked.output.find("\\x1B[2J"), std::string::npos) << checked.output;
+    EXPECT_EQ((checked.output + checked.errors).find_first_of("\x1B\x9B"), std::string::npos);
 }
 
 TEST_F(CliFiles, WhatTheDiskFailsToGiveIsSaid)

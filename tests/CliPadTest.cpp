@@ -110,6 +110,7 @@ TEST_F(CliPad, BadInputLeavesTheOldFile)
         EXPECT_EQ(call.errors.substr(0, (cli + error).size()), cli + error);
     };
     fails(2, "$cli pad grid --up 3 -o pad.pdf", "unknown number of pages on a side '3'; possible: 1, 2, 4\n");
+    fails(2, "$cli pad grid -o p.svg", "unknown ending of -o '.svg'; possible: .pdf, none, which is a PDF file\n");
     fails(2, "$cli pad grid --pages 0 -o pad.pdf", "--pages: Value 0 not in range 1 to 10000");
     fails(2, "$cli pad grid --back gird -o pad.pdf", "unknown kind 'gird'; possible: grid, ");
     fails(

@@ -50,9 +50,27 @@ TEST_F(CliShell, AFormThatWasPrintedGivesTheSamePage)
         Prints("$cli generate " + name + set + "-o a.pdf && $cli form " + name + set +
                "| tee f.json | $cli generate --form - -o b.pdf");
         EXPECT_EQ(Page("a.pdf"), Page("b.pdf")) << name;
-        const std::string fileToFile = "$cli save " + name + set + "-o a.set; $cli save --form f.json -o b.set; ";
-        Prints(fileToFile + "cmp a.set b.set");
+        Prints("$cli save " + name + set + "-o a; $cli save --form f.json -o b; cmp a b");
     }
+}
+
+TEST_F(CliShell, EveryCommandTakesEverySource)
+{
+    Prints("set -e; export SOURCE_DATE_EPOCH=1; preset=squares-5mm; $cli generate $preset -o p.pdf; "
+           "$cli form $preset > p.json; for f in p.svg p.PNG; do $cli generate $preset -o $f; done; "
+           "$cli save $preset -o p.setx; $cli show $preset > shown\n"
+           "for s in p.setx p.json p.svg p.PNG; do $cli generate $s -o q.pdf; cmp q.pdf p.pdf; "
+           "$cli save $s -o q.setx; cmp q.setx p.setx; $cli form $s > q.json; $cli diff q.json $preset; "
+           "$cli show $s | cmp - shown; $cli thumbnail $s q.png; "
+           "$cli generate $s --output-dir a/b --format svg; cmp a/b/p.svg p.svg; "
+           "echo '{\"controls\": {\"top-margin\": 1}}' | $cli generate $s --form - -o q.pdf; "
+           "$cli generate $s --set top-margin=1 -o r.pdf; cmp q.pdf r.pdf; "
+           "$cli complete generate -o x.setg $s --set top-ma | grep -q 'Top margin'; done");
+    Fails(1, "echo '<svg/>' > no.svg; $cli generate no.svg p.svg --output-dir new",
+          "no.svg: is a picture that carries no form");
+    EXPECT_EQ(Prints("ls new"), "p.pdf\n");
+    Fails(2, "echo '{\"controls\": {}}' > no.json; $cli form no.json",
+          "source is required: the form in no.json has no \"kind\"");
 }
 
 TEST_F(CliShell, APartOfAFormWillDo)
@@ -105,6 +123,11 @@ TEST_F(CliShell, ATableMakesAPageForEachRow)
     EXPECT_EQ(Page("out/a \"b\".pdf"), Page("one.pdf"));
     EXPECT_EQ(Page("out/c.pdf"), Page("two.pdf"));
 
+    WriteFile(folder / "t.csv", " FILE\tTop-Margin\t\teditcrosswidth\n\"x\r\ny\"\t0.7\t\t1\n");
+    Prints("$cli generate crosses --table t.csv --output-dir out; "
+           "$cli generate crosses --set top-margin=0.7 --set EditCrossWidth=1 -o one.pdf");
+    EXPECT_EQ(Page("out/x y.pdf"), Page("one.pdf"));
+
     std::string rows = "top-margin;bottom-margin\n";
     for (int i = 0; i < 12; ++i) {
         rows += "0,5;" + std::to_string(i) + "\n";
@@ -116,6 +139,11 @@ TEST_F(CliShell, ATableMakesAPageForEachRow)
 
     Fails(2, "printf 'file,units\\nx,cm\\n../y,cm\\n' > t.csv; " + generate,
           "t.csv, row 2: '../y' is not the name of a file alone");
+    Fails(1, "printf 'units\\ncm\\n' | iconv -t UTF-16 > t.csv; " + generate, "t.csv: is UTF-16; a table is UTF-8");
+    Fails(1, "printf 'units\\ncm\\n\"cm\\n' > t.csv; " + generate,
+          "t.csv, line 3: the quotation mark is not closed");
+    Fails(2, "printf 'file\\nt.pdf\\n' > out/t.pdf; $cli generate grid --table out/t.pdf --output-dir out",
+          "the page would replace out/t.pdf, which it is made from");
     Fails(2, "printf 'units\\ncm\\nkm\\n' > t.csv; " + generate,
           "t.csv, row 2: unknown item of PopupUnits 'km'; possible: cm, inches, #0 to #1");
     Fails(1, "printf 'units,x-scale\\ncm\\n' > t.csv; " + generate, "t.csv, row 1 has 1 cells, but the head has 2");
@@ -125,8 +153,32 @@ TEST_F(CliShell, ATableMakesAPageForEachRow)
           "--table makes a page for each row, and goes with --output-dir DIR, not with -o");
 }
 
+TEST_F(CliShell, ATableTakesNoMoreRoomThanARow)
+{
+#ifndef __SANITIZE_ADDRESS__
+    const std::string limited = "ulimit -v 100000; $cli generate grid --output-dir out --table t.csv";
+    WriteFile(folder / "t.csv", std::string(500000, 'x') + "\n" + std::string(1000, '1') + "\n");
+    Fails(2, "yes 1 | head -2000 >> t.csv; " + limited,
+          "t.csv, row 1: unknown control of grid '" + std::string(60, 'x') +
+              "...'; possible: x-scale, paper-size, custom-width, custom-height, orientation and 15 more");
+    Fails(1, "(echo units; yes cm | head -2000000; echo cm,) > t.csv; " + limited,
+          "t.csv, row 2000001 has 2 cells, but the head has 1");
+#endif
+}
+
+TEST_F(CliShell, WithoutThreadsPagesAreMadeAllTheSame)
+{
+    const std::string asNobody = ::geteuid() == 0 ? "setpriv --reuid=65534 --clear-groups " : "";
+    Prints(asNobody + "bash -c 'ulimit -u 1; exec $cli generate grid dots -j 2 --output-dir out'");
+    EXPECT_EQ(Prints("ls out"), "dots.pdf\ngrid.pdf\n");
+}
+
 TEST_F(CliShell, ManyPagesEndInOrder)
 {
+    WriteFile(folder / "t.csv", "x-scale,EditVertSpacing,EditHorzSpacing\n90,.01,.01\n90,,\n90,,\n90,,\n");
+    EXPECT_EQ(Prints("mkdir -p out/dots-3.pdf; $cli generate dots --table t.csv --output-dir out -j 3 2>&1 | "
+                     "sed -E 's/.*row ([0-9]):.*/\\1/; s/.*(dots-[0-9]).*/\\1/' | uniq | tr '\\n' ' '; rm -r out"),
+              "1 2 3 dots-3 4 ");
     std::string rows = "EditVertSpacing,EditHorzSpacing,PopupPaperSize\n";
     for (int i = 0; i < 8; ++i) {
         rows += ".01,.01,A0\n";

@@ -104,18 +104,19 @@ TEST_F(Cli, BeginsWithAPreset)
 
 TEST_F(Cli, HelpAndVersion)
 {
-    for (const Names& call : {Names{"--help"},
-                              {"kinds", "--help"},
-                              {"form", "--help"},
-                              {"generate", "--help"},
-                              {"save", "--help"},
-                              {"presets", "--help"},
-                              {"calibration", "--help"}}) {
-        const Finished help = Call(call);
+    const std::string all = Call({"--help"}).output;
+    EXPECT_EQ(Call({"help"}).output, all);
+    for (const std::string command : {"kinds", "presets", "form", "show", "diff", "generate", "pad", "save",
+                                      "calibration", "thumbnail", "help"}) {
+        const Finished help = Call({"help", command});
         EXPECT_EQ(help.status, 0);
-        EXPECT_GT(help.output.size(), 50U);
         EXPECT_EQ(help.errors, "");
+        EXPECT_EQ(help.output, Call({command, "--help"}).output);
+        EXPECT_NE(help.output.find("\nExit status: 0 "), std::string::npos) << command;
+        EXPECT_EQ(help.output.find("different;") != std::string::npos, command == "diff");
+        EXPECT_NE(all.find("\n  " + command + " "), std::string::npos);
     }
+    Fails(2, {"help", "prests"}, {"unknown command 'prests'; possible: presets, "});
     EXPECT_EQ(Call({"--version"}).output, std::string("linealis-cli ") + versionText + "\n");
 }
 
@@ -161,6 +162,14 @@ TEST_F(Cli, ActionsAreAppliedInOrder)
     EXPECT_EQ(value(form, "LinesColorCanvas"), "#0A0BFE");
     EXPECT_EQ(form["controls"]["EditHorzWeight"]["enabled"], false) << "the box's handler has run";
 
+    const Json plain = Form({"--set", "LinesColorCanvas=#89a", "--set", "background-color=LightYellow", "--set",
+                             "CheckVertLines=No", "--set", "CheckHorzLines=0", "--set", "view-graph=TRUE"});
+    EXPECT_EQ(value(plain, "LinesColorCanvas"), "#8899AA");
+    EXPECT_EQ(value(plain, "BackgroundColorCanvas"), "#FFFFE0");
+    EXPECT_EQ(value(plain, "CheckVertLines"), false);
+    EXPECT_EQ(value(plain, "CheckHorzLines"), false);
+    EXPECT_EQ(value(plain, "CheckBoxViewGraph"), true);
+
     const Json chosenAgain = Form({"--set", "PopupUnits=inches", "--set", "EditCustomWidth=3", "--set",
                                    "PopupPaperSize=Letter", "--set", "PopupPaperSize=#0"});
     EXPECT_EQ(value(chosenAgain, "EditTopMargin"), value(Form({}), "EditTopMargin")) << "nothing is converted";
@@ -180,7 +189,8 @@ TEST_F(Cli, GeneratesFromSettingsFiles)
                                        In("old.pdf"));
     EXPECT_EQ(Form({"--load", In("old.setx")})["controls"]["StaticFileName"]["value"], "old.pdf");
     const std::string old = ReadFile(folder / "old.pdf");
-    Succeeds({"generate", In("old.setx"), "--set", "EditXScale=25", "-o", In("new.pdf")});
+    const Finished ended = Call({"generate", In("old.setx"), "--set", "EditXScale=25", "-o", In("new.pdf")});
+    EXPECT_EQ(WithoutWarnings(ended.errors), "linealis-cli: old.setx ended at field 18 of 23; the rest is empty\n");
     EXPECT_EQ(PageOf(folder / "new.pdf").at(0), "0.25000 0 0 0.00000  0 0 cm");
     EXPECT_EQ(ReadFile(folder / "old.pdf"), old) << "-o forgets the file that the settings brought back";
 
@@ -225,7 +235,14 @@ TEST_F(Cli, UsageErrorsNameWhatIsPossibleNearestFirst)
     Fails(2, {"generate", "gird", "-o", In("page.pdf")}, {"'gird'", ": grid"});
     Fails(2, {"generate", In("page.txt"), "-o", In("page.pdf")}, {"page.txt", "setx"});
     Fails(2, {"form", "grd"}, {"'grd'", ": grid"});
-    Fails(2, {"form", "bricd"}, {"'bricd'", ": brick, grid"});
+    Fails(2, {"form", "bricd"}, {"'bricd'", ": brick, bricks-1x2cm, "});
+    Fails(2, {"form", "semi-log"},
+          {"'semi-log'", ": semi-log-1, semi-log-2, semi-log-3, semi-log-4, semi-log-5 and "});
+    Fails(
+        2, {"form", "grid", "--set", "vertical=1"},
+        {"'vertical'; possible: vertical-spacing, vertical-lines, line-weight-of-the-vertical-lines, ", " more\n"});
+    Fails(2, {"form", "grid", "--set", std::string(100000, 'x') + "=1"},
+          {"unknown control of grid '" + std::string(60, 'x') + "...'; "});
     wrong({"--set", "EditHorSpacing=1"}, {"'EditHorSpacing'", ": EditHorzSpacing, EditVertSpacing, "});
     wrong({"--type", "PopupUnits=cm"}, {"'PopupUnits'", ": Edit"});
     wrong({"--set", "PopupPaperSize=leter"}, {"'leter'", ": Letter, ", "B (USA)"});
@@ -233,11 +250,16 @@ TEST_F(Cli, UsageErrorsNameWhatIsPossibleNearestFirst)
     wrong({"--set", "PopupUnits=#-1"}, {"'#-1'", "inches"});
     wrong({"--set", "CheckVertLines=offf"}, {"'offf'", ": off, on"});
     wrong({"--set", "EditXScale"}, {"'EditXScale'"});
-    for (const char* const color : {"red", "#12345", "#1234567", "#12345g", "#-12345", "#+12345", "123456", "#"}) {
+    wrong({"--set", "LinesColorCanvas=grney"}, {"'grney'", ": grey, gray, green, ", " more\n"});
+    for (const char* const color : {"#12345", "#1234567", "#12345g", "#-12345", "#+12345", "123456", "#"}) {
         wrong({"--set", std::string("LinesColorCanvas=") + color}, {std::string("'") + color + "'", "#RRGGBB"});
     }
     wrong({"--sett", "EditXScale=1"}, {"--sett", "--set"});
     wrong({"--output-dir", In("")}, {"-o", "--output-dir"});
+    wrong({"--dpi", "nan"}, {"--dpi: nan is not a number"});
+    wrong({"--load", In("a.setl")}, {"ending of --load for grid '.setl'; possible: .setx, none"});
+    Fails(2, {"save", "grid", "-o", In("a.setl")}, {"ending of -o for grid '.setl'; possible: .setx, none"});
+    Fails(2, {"calibration", "-o", In("c.svg")}, {"ending of -o '.svg'; possible: .pdf, none"});
     wrong({In("a.setx")}, {"--output-dir"});
     Fails(2, {"generate", "grid"}, {"-o"});
     Fails(2, {"save", "grid"}, {"-o"});
@@ -250,10 +272,12 @@ TEST_F(Cli, UsageErrorsNameWhatIsPossibleNearestFirst)
 TEST_F(Cli, FailedWorkNamesFileAndReasonAndLeavesNothing)
 {
     fs::create_directory(folder / "taken.pdf");
+    fs::create_directory(folder / "taken.setx");
     WriteFile(folder / "old.pdf", "old");
-    for (const char* const command : {"generate", "save"}) {
-        Fails(1, {command, "grid", "-o", In("missing/new.pdf")}, {"missing/new.pdf", "No such file or directory"});
-        Fails(1, {command, "grid", "-o", In("taken.pdf")}, {"taken.pdf", "Is a directory"});
+    for (const std::string command : {"generate", "save"}) {
+        const std::string ending = command == "save" ? ".setx" : ".pdf", taken = "taken" + ending;
+        Fails(1, {command, "grid", "-o", In("missing/new" + ending)}, {"missing/new", "No such file or directory"});
+        Fails(1, {command, "grid", "-o", In(taken)}, {taken, "Is a directory"});
         Fails(1, {command, "grid", "-o", "/dev/full"}, {"/dev/full", "No space left"});
         Fails(1, {command, "grid", "--load", In("missing.setx"), "-o", In("old.pdf")},
               {"missing.setx", "No such file"});
@@ -265,7 +289,7 @@ TEST_F(Cli, FailedWorkNamesFileAndReasonAndLeavesNothing)
     Fails(1, {"form", In("missing.setx")}, {"missing.setx", "No such file"});
     EXPECT_EQ(Execute({"sh", "-c", LINEALIS_CLI_PATH " kinds > /dev/full"}).status, 1);
     EXPECT_EQ(ReadFile(folder / "old.pdf"), "old");
-    EXPECT_EQ(folder.Names(), (Names{"old.pdf", "taken.pdf"}));
+    EXPECT_EQ(folder.Names(), (Names{"old.pdf", "taken.pdf", "taken.setx"}));
 }
 
 TEST_F(Cli, BadInputEndsInOrder)

@@ -217,7 +217,7 @@ TEST(PageCheck, CommandLineSaysWhatHasNoEffect)
 TEST(PageCheck, SaveSaysWhatASettingsFileCannotKeep)
 {
     const auto lost = [](const Names& settings, const char* kind) {
-        Names arguments = {"save", kind, "-o", "DIR/s.set"};
+        Names arguments = {"save", kind, "-o", "DIR/s"};
         for (const std::string& setting : settings) {
             arguments.insert(arguments.end(), {"--set", setting});
         }

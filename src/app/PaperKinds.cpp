@@ -14,10 +14,10 @@
 #include "papers/PolarWindow.h"
 #include "papers/TernaryWindow.h"
 #include "papers/TrapezoidWindow.h"
+#include "pdf/LetterCase.h"
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 
 namespace linealis {
 
@@ -122,11 +122,7 @@ const PaperKind* FindPaperKind(std::string_view name)
 
 const PaperKind* FindPaperKindByExtension(std::string_view extension)
 {
-    const auto sameLetter = [](unsigned char a, unsigned char b) { return std::tolower(a) == std::tolower(b); };
-    return FindKind([&](const PaperKind& kind) {
-        const std::string_view own = kind.settingsType.extension;
-        return std::equal(own.begin(), own.end(), extension.begin(), extension.end(), sameLetter);
-    });
+    return FindKind([&](const PaperKind& kind) { return IsSameText(kind.settingsType.extension, extension); });
 }
 
 }  // namespace linealis

@@ -8,7 +8,8 @@ namespace {
 
 const char* const actionHelp =
     "Actions are done in the order in which they stand:\n"
-    "  --set CONTROL=VALUE   text; item or #INDEX of a popup or radio group; on or off; color #RRGGBB\n"
+    "  --set CONTROL=VALUE   text; item or #INDEX of a popup or radio group; on or off; color #RRGGBB, #RGB or "
+    "name\n"
     "  --type CONTROL=TEXT   text typed by hand, so that what follows from it is worked out anew\n"
     "  --load FILE           load a settings file\n"
     "  --markers FILE        of graph, with CheckBoxMarkers on: the file of its markers\n"

@@ -1,6 +1,7 @@
 #include "cli/Actions.h"
 
 #include "cli/Errors.h"
+#include "cli/FileNames.h"
 #include "pipeline/FieldWords.h"
 #include "pipeline/SetControl.h"
 
@@ -69,6 +70,7 @@ PageWarnings DoInOrder(const std::vector<Action>& actions, const PaperKind& kind
             TypeIntoControl(kind.name, window.form, Split("--type", action.argument));
             break;
         case Action::Kind::Load:
+            CheckIsSettings("--load", action.argument, kind);
             Load(action.argument, window);
             break;
         case Action::Kind::Markers:

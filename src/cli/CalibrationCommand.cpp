@@ -2,7 +2,7 @@
 
 #include "app/Calibration.h"
 #include "cli/Errors.h"
-#include "cli/Source.h"
+#include "cli/FileNames.h"
 #include "pipeline/PageJob.h"
 #include "platform/ScreenlessPlatform.h"
 
@@ -21,6 +21,7 @@ void MakeCalibrationSheet(const std::string& paper, const std::string& output)
         throw Unknown("paper", paper, possible);
     }
     CheckIsNamed(output);
+    CheckIsPdf(output);
     ScreenlessPlatform platform;
     Turns turns([] {});
     MyPDFGenerator pdf(turns);

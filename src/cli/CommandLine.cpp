@@ -6,6 +6,8 @@
 #include "cli/Errors.h"
 
 #include <algorithm>
+#include <cmath>
+#include <iostream>
 
 namespace linealis::cli {
 
@@ -20,8 +22,23 @@ constexpr std::size_t mostPages = 10000;
 constexpr std::size_t mostPagesUp = 4;
 constexpr double mostDotsPerInch = 9600.0;
 
-const char* const exitHelp = "Exit status: 0 done; 1 the work failed, or --check --strict found something; 2 the "
-                             "command line is wrong. Of diff: 0 the same; 1 different; 2 trouble.\n";
+constexpr int anyNumber = -1;
+
+const char* const exitsOfAll =
+    "Exit status: 0 done; 1 the work failed; 2 the command line is wrong. Of diff: 0 the same; 1 different; 2 "
+    "trouble.\n"
+    "'linealis-cli help COMMAND' shows the options of a command.\n";
+
+/// CLI11's range takes "nan" for a number in it.
+CLI::Validator IsNumber()
+{
+    return {[](const std::string& text) {
+                double number = 0.0;
+                const bool isNone = CLI::detail::lexical_cast(text, number) && std::isnan(number);
+                return isNone ? text + " is not a number" : std::string();
+            },
+            ""};
+}
 
 /// What CLI11 says of a wrong command line, or what is possible where it only says what is wrong.
 UsageError Explain(const CLI::App& app, const CLI::ParseError& error)
@@ -45,11 +62,13 @@ UsageError Explain(const CLI::App& app, const CLI::ParseError& error)
 
 }  // namespace
 
+const char* const CommandLine::usualExits =
+    "Exit status: 0 done; 1 the work failed; 2 the command line is wrong.\n";
+
 CommandLine::CommandLine(PadWork thePadWork) : padWork(std::move(thePadWork))
 {
     app.set_version_flag("--version", "linealis-cli " + std::string(versionText));
     app.require_subcommand(1);
-    app.footer(exitHelp);
 }
 
 const std::vector<CommandLine::Command>& CommandLine::Commands()
@@ -60,46 +79,50 @@ const std::vector<CommandLine::Command>& CommandLine::Commands()
         {"presets", "List the presets: name, kind, title", &CommandLine::AddPresetsOptions,
          &CommandLine::RunPresets},
         {"form", "Show a form as JSON", &CommandLine::AddFormOptions, &CommandLine::RunForm},
-        {"show", "Show what a settings file holds: control, value, words", &CommandLine::AddShowOptions,
-         &CommandLine::RunShow},
-        {"diff", "Show what differs between two settings files, kinds or presets", &CommandLine::AddDiffOptions,
-         &CommandLine::RunDiff},
-        {"generate", "Make a page, or many", &CommandLine::AddGenerateOptions, &CommandLine::RunGenerate},
+        {"show", "Show what a settings file or another source holds: control, value, words",
+         &CommandLine::AddShowOptions, &CommandLine::RunShow},
+        {"diff", "Show what differs between two forms of one kind", &CommandLine::AddDiffOptions,
+         &CommandLine::RunDiff, "Exit status: 0 the same; 1 different; 2 trouble.\n"},
+        {"generate", "Make a page, or many", &CommandLine::AddGenerateOptions, &CommandLine::RunGenerate,
+         "Exit status: 0 done; 1 the work failed, or --check --strict found something; 2 the command line is "
+         "wrong.\n"},
         {"pad", "Make a file of many pages, to print a pad", &CommandLine::AddPadOptions, &CommandLine::RunPad},
         {"save", "Save a form as a settings file", &CommandLine::AddSaveOptions, &CommandLine::RunSave},
         {"calibration", "Make the sheet that shows how true a printer's lengths are",
          &CommandLine::AddCalibrationOptions, &CommandLine::RunCalibration},
-        {"thumbnail", "Make a small picture of the page of a settings file", &CommandLine::AddThumbnailOptions,
+        {"thumbnail", "Make a small picture of a page", &CommandLine::AddThumbnailOptions,
          &CommandLine::RunThumbnail},
+        {"help", "Show what a command does and takes", &CommandLine::AddHelpOptions, &CommandLine::RunHelp},
     };
     return commands;
 }
 
-/// The first word that is a command; null if there is none. Throws UsageError if the first word of all is neither
-/// a command nor an option.
+/// Throws UsageError if there is none.
+const CommandLine::Command& CommandLine::CommandNamed(const std::string& name)
+{
+    std::vector<std::string> possible;
+    for (const Command& command : Commands()) {
+        if (command.name == name) {
+            return command;
+        }
+        possible.emplace_back(command.name);
+    }
+    throw Unknown("command", name, possible);
+}
+
+/// Of the first word that is no option; null if there is none. Throws UsageError if it is no command.
 const CommandLine::Command* CommandLine::FindCommand(const std::vector<std::string>& words)
 {
-    const auto isCalled = [](const Command& command, const std::string& word) { return command.name == word; };
-    for (const std::string& word : words) {
-        for (const Command& command : Commands()) {
-            if (isCalled(command, word)) {
-                return &command;
-            }
-        }
-        if (!word.starts_with('-')) {
-            std::vector<std::string> possible;
-            for (const Command& command : Commands()) {
-                possible.emplace_back(command.name);
-            }
-            throw Unknown("command", word, possible);
-        }
-    }
-    return nullptr;
+    const auto word =
+        std::find_if(words.begin(), words.end(), [](const std::string& each) { return !each.starts_with('-'); });
+    return word == words.end() ? nullptr : &CommandNamed(*word);
 }
 
 void CommandLine::Add(const Command& command)
 {
-    (this->*command.addOptions)(*app.add_subcommand(command.name, command.help));
+    CLI::App& added = *app.add_subcommand(command.name, command.help);
+    (this->*command.addOptions)(added);
+    added.footer(added.get_footer() + command.exits);
 }
 
 int CommandLine::Run(int argc, char** argv)
@@ -187,11 +210,12 @@ Completions CommandLine::Complete(const std::vector<std::string>& words)
     return {};
 }
 
-const CLI::App& CommandLine::Described()
+CLI::App& CommandLine::Described()
 {
     for (const Command& command : Commands()) {
         Add(command);
     }
+    app.footer(exitsOfAll);
     return app;
 }
 
@@ -200,7 +224,7 @@ template <typename Number>
 void CommandLine::AddNumber(CLI::App& command, const char* names, Number& value, Number most, const char* help)
 {
     if (CLI::Option* const option = AddOption(command, names, "NUMBER", value, help)) {
-        option->check(CLI::Range(Number{1}, most).description(""))->capture_default_str();
+        option->check(CLI::Range(Number{1}, most).description(""))->check(IsNumber())->capture_default_str();
     }
 }
 
@@ -229,7 +253,8 @@ int CommandLine::RunPresets()
 
 void CommandLine::AddFormOptions(CLI::App& command)
 {
-    AddSourceOptions(command);
+    AddBeginningOptions(command);
+    AddSources(command, 1);
     AddActions(command);
 }
 
@@ -241,10 +266,7 @@ int CommandLine::RunForm()
 
 void CommandLine::AddShowOptions(CLI::App& command)
 {
-    command.add_option("source", begin.names, "A settings file, a kind of paper or a preset")
-        ->type_name("SOURCE")
-        ->required()
-        ->expected(1);
+    AddSources(command, 1)->required();
     AddJsonFlag(command);
 }
 
@@ -256,10 +278,7 @@ int CommandLine::RunShow()
 
 void CommandLine::AddDiffOptions(CLI::App& command)
 {
-    command.add_option("sources", begin.names, "Two settings files, kinds of paper or presets")
-        ->type_name("SOURCE")
-        ->required()
-        ->expected(2);
+    AddSources(command, 2)->required();
     AddJsonFlag(command);
 }
 
@@ -270,14 +289,15 @@ int CommandLine::RunDiff()
 
 void CommandLine::AddGenerateOptions(CLI::App& command)
 {
-    AddSourcesOptions(command);
+    AddBeginningOptions(command);
+    AddSources(command, anyNumber);
     AddOption(command, "-o,--output", "FILE", request.output,
               "The file: .pdf, .svg or .png; without an ending a PDF file; - is standard output");
     AddOption(command, "--output-dir", "DIR", request.outputDirectory, "Folder for a file named after each source");
     AddOption(command, "--format", "FORMAT", request.format, "pdf, svg or png, whatever the file's ending");
     if (CLI::Option* const dpi =
             AddOption(command, "--dpi", "NUMBER", request.how.dotsPerInch, "Pixels per inch of a PNG file [300]")) {
-        dpi->check(CLI::Range(1.0, mostDotsPerInch).description(""));
+        dpi->check(CLI::Range(1.0, mostDotsPerInch).description(""))->check(IsNumber());
     }
     AddFlag(command, "--transparent", request.how.isTransparent, "A PNG file without the white of the paper");
     AddOption(command, "--table", "FILE", request.table,
@@ -300,7 +320,8 @@ int CommandLine::RunGenerate()
 
 void CommandLine::AddPadOptions(CLI::App& command)
 {
-    AddSourcesOptions(command);
+    AddBeginningOptions(command);
+    AddSources(command, anyNumber);
     AddOutputOption(command, "The PDF file; - is standard output");
     AddNumber(command, "--pages", pad.pages, mostPages, "Pages on the front sides; several sources take turns");
     AddNumber(command, "--up", pad.up, mostPagesUp, "Pages on a side, 1, 2 or 4, with marks where to cut");
@@ -322,7 +343,8 @@ int CommandLine::RunPad()
 
 void CommandLine::AddSaveOptions(CLI::App& command)
 {
-    AddSourceOptions(command);
+    AddBeginningOptions(command);
+    AddSources(command, 1);
     AddOutputOption(command, "The settings file; - is standard output");
     AddActions(command);
 }
@@ -347,14 +369,28 @@ int CommandLine::RunCalibration()
 
 void CommandLine::AddThumbnailOptions(CLI::App& command)
 {
-    command.add_option("settings", settingsFile, "The settings file")->type_name("FILE")->required();
+    AddSources(command, 1)->required();
     command.add_option("output", output, "The PNG file")->type_name("FILE")->required();
     AddNumber(command, "--size", size, largestThumbnail, "Pixels of its longer side");
 }
 
 int CommandLine::RunThumbnail()
 {
-    WorkOn(output, [this] { MakeThumbnail(settingsFile, output, size); });
+    WorkOn(output, [this] { MakeThumbnail(SourceNamed(begin.names.front()), output, size); });
+    return done;
+}
+
+void CommandLine::AddHelpOptions(CLI::App& command)
+{
+    command.add_option("command", described, "One of the commands")->type_name("COMMAND");
+}
+
+int CommandLine::RunHelp()
+{
+    CommandLine whole;
+    const CLI::App& all = whole.Described();
+    const Command* const command = described ? &CommandNamed(*described) : nullptr;
+    std::cout << (command == nullptr ? all.help() : all.get_subcommand(command->name)->help(all.get_name()));
     return done;
 }
 
@@ -372,20 +408,13 @@ void CommandLine::AddActions(CLI::App& command)
     actions.AddTo(command, [this](std::string_view names) { return IsWanted(names); });
 }
 
-/// Of a command that takes any number of sources.
-void CommandLine::AddSourcesOptions(CLI::App& command)
+/// Of a command that takes so many sources at the most, or of one that takes any number.
+CLI::Option* CommandLine::AddSources(CLI::App& command, int count)
 {
-    AddBeginningOptions(command);
-    command.add_option("sources", begin.names, "Kinds of paper, and settings files")->type_name("SOURCE");
-}
-
-/// Of a command that takes one source.
-void CommandLine::AddSourceOptions(CLI::App& command)
-{
-    AddBeginningOptions(command);
-    command.add_option("source", begin.names, "A kind of paper, or a settings file")
-        ->type_name("SOURCE")
-        ->expected(1);
+    const std::string help = (count == 1 ? "Source: " : "Sources, each ") + std::string(sourceHelp);
+    CLI::Option* const option =
+        command.add_option(count == 1 ? "source" : "sources", begin.names, help)->type_name("SOURCE");
+    return count == anyNumber ? option : option->expected(count)->allow_extra_args(false);
 }
 
 void CommandLine::AddOutputOption(CLI::App& command, const char* help)

@@ -28,7 +28,7 @@ public:
     Completions Complete(const std::vector<std::string>& words);
 
     /// All commands with all their options, for who describes them.
-    const CLI::App& Described();
+    CLI::App& Described();
 
 private:
     struct Command {
@@ -36,8 +36,11 @@ private:
         const char* help;
         void (CommandLine::*addOptions)(CLI::App& command);
         int (CommandLine::*run)();
+        const char* exits = usualExits;  ///< what the help says of the exit status
     };
+    static const char* const usualExits;
     static const std::vector<Command>& Commands();
+    static const Command& CommandNamed(const std::string& name);
     static const Command* FindCommand(const std::vector<std::string>& words);
 
     void Add(const Command& command);
@@ -61,11 +64,11 @@ private:
     void AddSaveOptions(CLI::App& command);
     void AddCalibrationOptions(CLI::App& command);
     void AddThumbnailOptions(CLI::App& command);
+    void AddHelpOptions(CLI::App& command);
 
     void AddBeginningOptions(CLI::App& command);
     void AddActions(CLI::App& command);
-    void AddSourceOptions(CLI::App& command);
-    void AddSourcesOptions(CLI::App& command);
+    CLI::Option* AddSources(CLI::App& command, int count);
     void AddOutputOption(CLI::App& command, const char* help);
     void AddJsonFlag(CLI::App& command);
 
@@ -79,6 +82,7 @@ private:
     int RunSave();
     int RunCalibration();
     int RunThumbnail();
+    int RunHelp();
 
     /// What was given, of which only the options are added: all of them take as long as a small page. Nothing: all.
     std::optional<std::vector<std::string>> given;
@@ -89,7 +93,7 @@ private:
     SourceOptions begin;
     std::string output;
     std::string paper = "a4";
-    std::string settingsFile;
+    std::optional<std::string> described;
     int size = 256;
     GenerateRequest request;
     PadRequest pad;

@@ -3,6 +3,8 @@
 #include "app/PageCheck.h"
 #include "app/PageSummary.h"
 #include "cli/Errors.h"
+#include "cli/FileNames.h"
+#include "cli/PageOutput.h"
 #include "pdf/MacRoman.h"
 #include "pipeline/FieldWords.h"
 #include "pipeline/SetControl.h"
@@ -36,27 +38,11 @@ std::string JsonEscape(std::string_view character)
     return text.data();
 }
 
-void SayNotes(const ScreenlessPlatform& platform)
-{
-    std::for_each(platform.notes.begin(), platform.notes.end(), Complain);
-}
-
 void Warn(const Source& source, const PageWarnings& warnings)
 {
     for (const PageWarning& warning : warnings) {
         Complain("warning: " + source.name + ": " + warning.text);
     }
-}
-
-/// A window of the source for who looks into it. A settings file that ended early is told of.
-OpenWindow OpenToShow(const Source& source, ScreenlessPlatform& platform)
-{
-    OpenWindow open = Open(source, {}, platform);
-    if (IsFile(source)) {
-        open.window->OpenDocument(FolderItem(source.name));
-    }
-    SayNotes(platform);
-    return open;
 }
 
 }  // namespace
@@ -112,6 +98,7 @@ void ShowForm(const Source& source, const std::vector<Action>& actions)
 {
     ScreenlessPlatform platform;
     const OpenWindow open = Open(source, actions, platform);
+    Say(platform);
     Warn(source, open.warnings);
     Print(FormJson(*open.kind, open.window->form));
 }
@@ -119,7 +106,8 @@ void ShowForm(const Source& source, const std::vector<Action>& actions)
 void Show(const Source& source, bool asJson)
 {
     ScreenlessPlatform platform;
-    const OpenWindow open = OpenToShow(source, platform);
+    const OpenWindow open = Open(source, {}, platform);
+    Say(platform);
     const PaperForm& form = open.window->form;
     const std::string page = open.window->OutputFile().Path().string();
     const std::string summary = PageSummary(*open.kind, open.window->ReadPage());
@@ -145,7 +133,8 @@ void Show(const Source& source, bool asJson)
 bool Differ(const Source& one, const Source& other, bool asJson)
 {
     ScreenlessPlatform platform;
-    const OpenWindow first = OpenToShow(one, platform), second = OpenToShow(other, platform);
+    const OpenWindow first = Open(one, {}, platform), second = Open(other, {}, platform);
+    Say(platform);
     if (first.kind != second.kind) {
         throw UsageError{one.name + " is of " + std::string(first.kind->name) + ", and " + other.name + " of " +
                          std::string(second.kind->name) + "; only forms of one kind can be compared"};
@@ -178,6 +167,9 @@ void Save(const Source& source, const std::vector<Action>& actions, const std::s
     CheckIsNamed(output);
     ScreenlessPlatform platform;
     const OpenWindow open = Open(source, actions, platform);
+    Say(platform);
+    CheckIsSettings("-o", output, *open.kind);
+    CheckIsNoInput("the settings file", output, InputsOf({source}, actions, false));
     if (const std::error_code error = open.window->SaveSettings(OutputFile(output))) {
         throw WorkError{output + ": " + error.message()};
     }

@@ -1,6 +1,7 @@
 #include "cli/Completion.h"
 
 #include "app/Calibration.h"
+#include "cli/Errors.h"
 #include "cli/PageOutput.h"
 #include "pipeline/FieldWords.h"
 #include "platform/ScreenlessPlatform.h"
@@ -34,23 +35,6 @@ void OfferPresets(Completions& completions, std::string_view typed)
     for (const Preset& preset : Presets()) {
         Offer(completions, typed, std::string(preset.id), preset.title);
     }
-}
-
-/// The kind that the words tell; none if they tell none yet.
-const PaperKind* KindAmong(const Words& words)
-{
-    for (const std::string& word : words) {
-        if (const Preset* const preset = FindPreset(word)) {
-            return &KindOf(*preset);
-        }
-        const std::size_t dot = word.rfind('.');
-        const PaperKind* const kind =
-            dot == std::string::npos ? FindPaperKind(word) : FindPaperKindByExtension(word.substr(dot + 1));
-        if (kind != nullptr) {
-            return kind;
-        }
-    }
-    return nullptr;
 }
 
 /// The values that a control can take, if they can be told.
@@ -100,16 +84,49 @@ bool IsText(const Control& control)
     return control.Kind() == ControlKind::Text;
 }
 
-/// What stands for an argument, by the name that the help has for it.
-Completions CompleteValue(const std::string& argument, const std::string& typed, const Words& words)
+bool TakesArgument(const CLI::Option& option)
+{
+    return !option.get_positional() && option.get_expected_max() > 0;
+}
+
+const CLI::Option* OptionOf(const CLI::App& command, const std::string& word)
+{
+    return word.starts_with('-') ? command.get_option_no_throw(word) : nullptr;
+}
+
+/// The kind that the words behind the command tell; none if they tell none yet.
+const PaperKind* KindAmong(const CLI::App& command, const Words& words)
+{
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        const CLI::Option* const before = i == 0 ? nullptr : OptionOf(command, words[i - 1]);
+        const bool isOfOption = before != nullptr && TakesArgument(*before);
+        if (isOfOption && !before->check_lname("preset") && !before->check_lname("form")) {
+            continue;
+        }
+        try {
+            return &KindOf(SourceNamed(words[i]));
+        } catch (const UsageError&) {
+        } catch (const WorkError&) {
+        }
+    }
+    return nullptr;
+}
+
+/// What stands for an argument of the command, by the name that the help has for it.
+Completions CompleteValue(const CLI::App& command, const std::string& argument, const std::string& typed,
+                          const Words& words)
 {
     Completions completions;
+    if (argument == "COMMAND") {
+        return CompleteCommand(*command.get_parent(), typed);
+    }
     if (argument == "KIND") {
         OfferKinds(completions, typed);
     } else if (argument == "PRESET") {
         OfferPresets(completions, typed);
     } else if (argument == "SOURCE") {
         OfferKinds(completions, typed);
+        OfferPresets(completions, typed);
         completions.files = true;
     } else if (argument == "PAPER") {
         for (const CalibrationPaper& paper : CalibrationPapers()) {
@@ -123,7 +140,7 @@ Completions CompleteValue(const std::string& argument, const std::string& typed,
         completions.folders = true;
     } else if (argument == "FILE") {
         completions.files = true;
-    } else if (const PaperKind* const kind = KindAmong(words)) {
+    } else if (const PaperKind* const kind = KindAmong(command, words)) {
         ScreenlessPlatform platform;
         const std::unique_ptr<PaperWindow> window = MakeWindow(*kind, platform);
         if (argument != "WIZARD=TEXT") {
@@ -133,16 +150,6 @@ Completions CompleteValue(const std::string& argument, const std::string& typed,
         }
     }
     return completions;
-}
-
-bool TakesArgument(const CLI::Option& option)
-{
-    return !option.get_positional() && option.get_expected_max() > 0;
-}
-
-const CLI::Option* OptionOf(const CLI::App& command, const std::string& word)
-{
-    return word.starts_with('-') ? command.get_option_no_throw(word) : nullptr;
 }
 
 void OfferOptions(Completions& completions, const CLI::App& command, const std::string& typed)
@@ -175,7 +182,7 @@ Completions CompleteArgument(const CLI::App& command, const std::vector<std::str
     if (words.size() > 1) {
         const CLI::Option* const before = OptionOf(command, words[words.size() - 2]);
         if (before != nullptr && TakesArgument(*before)) {
-            return CompleteValue(before->get_type_name(), typed, words);
+            return CompleteValue(command, before->get_type_name(), typed, words);
         }
     }
     Completions completions;
@@ -185,7 +192,7 @@ Completions CompleteArgument(const CLI::App& command, const std::vector<std::str
     }
     for (const CLI::Option* const option : command.get_options()) {
         if (option->get_positional()) {
-            return CompleteValue(option->get_type_name(), typed, words);
+            return CompleteValue(command, option->get_type_name(), typed, words);
         }
     }
     return completions;

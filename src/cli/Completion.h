@@ -24,7 +24,7 @@ struct Completions {
 Completions CompleteCommand(const CLI::App& app, const std::string& word);
 
 /// What can stand in the place of the last of the words behind a command: its options, and what these and the
-/// command itself take. Controls and their values are those of the kind, preset or settings file among the words.
+/// command itself take. Controls and their values are those of the source among the words.
 Completions CompleteArgument(const CLI::App& command, const std::vector<std::string>& words);
 
 /// Prints them, for the completion functions of shells: a word, a tab and its help in each line; then ":files" or

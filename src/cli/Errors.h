@@ -19,6 +19,9 @@ struct WorkError {
     std::string message;
 };
 
+/// The work failed, and all that there is to say of it has been said. Ends the program as WorkError does.
+struct FailureSaid {};
+
 /// Said where std::bad_alloc ends the work.
 inline constexpr const char* notEnoughMemory = "there is not enough memory";
 
@@ -41,10 +44,28 @@ std::string Readable(std::string_view text);
 /// called on any thread.
 void Complain(std::string_view message);
 
+/// As long as it lives, Complain on this thread prints nothing.
+class ComplaintsKept {
+public:
+    ComplaintsKept();
+    ~ComplaintsKept();
+    ComplaintsKept(const ComplaintsKept&) = delete;
+    ComplaintsKept& operator=(const ComplaintsKept&) = delete;
+
+    /// What would have been printed.
+    const std::string& Text() const { return text; }
+
+private:
+    std::string text;
+};
+
+/// Prints what was kept.
+void PrintComplaints(const std::string& text);
+
 /// Shows on a terminal, below all messages, what is going on; the next text replaces it, an empty one removes it.
 void ShowStatus(const std::string& text);
 
-/// "unknown WHAT 'GIVEN'; possible: ...", the nearest match first.
+/// "unknown WHAT 'GIVEN'; possible: ...", the nearest match first. Of a long list only the nearest five.
 UsageError Unknown(std::string_view what, std::string_view given, std::vector<std::string> possible);
 UsageError Unknown(const UnknownInput& input);
 

@@ -22,9 +22,8 @@ struct GenerateRequest {
     bool asJson = false;                ///< of check
 };
 
-/// A page shall not take the place of what it is made from. Throws UsageError.
-void CheckIsNoInput(const std::string& output, const std::vector<Source>& sources,
-                    const std::vector<Action>& actions);
+/// The files that the pages are made from.
+std::vector<std::string> InputsOf(const GenerateRequest& request);
 
 /// Makes the pages, or checks them. Of several pages each is tried; throws at the end if one failed. Returns
 /// whether a strict check has found anything.

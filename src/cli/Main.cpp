@@ -53,6 +53,8 @@ int Main(int argc, char** argv, const PadWork& padWork)
     } catch (const UsageError& error) {
         Complain(error.message);
         return usageWrong;
+    } catch (const FailureSaid&) {
+        return failed;
     } catch (const std::bad_alloc&) {
         std::fprintf(stderr, "linealis-cli: %s\n", notEnoughMemory);
         return failed;

@@ -1,8 +1,9 @@
 #include "cli/Pad.h"
 
 #include "cli/Errors.h"
-#include "cli/Generate.h"
+#include "cli/FileNames.h"
 #include "cli/PadFile.h"
+#include "cli/PageOutput.h"
 #include "platform/ScreenlessPlatform.h"
 
 #include <algorithm>
@@ -150,14 +151,18 @@ std::string Join(const PadRequest& request)
     PadFile pad;
     Pages fronts, backs;
     const std::vector<Source> sources = SourcesOf(request.sources);
-    CheckIsNoInput(request.output, sources, request.actions);
+    std::vector<Source> backSources;
+    if (request.back) {
+        backSources.push_back(SourceNamed(*request.back));
+    }
+    CheckIsNoInput("the page", request.output, InputsOf(sources, request.actions));
+    CheckIsNoInput("the page", request.output, InputsOf(backSources, {}));
+    CheckIsPdf(request.output);
     for (const Source& source : sources) {
         fronts.push_back(TakePage(source, request.actions, nullptr, pad));
     }
-    if (request.back) {
-        const Source back = SourceNamed(*request.back);
-        CheckIsNoInput(request.output, {back}, {});
-        backs.push_back(TakePage(back, {}, IsFile(back) ? nullptr : &fronts.front(), pad));
+    for (const Source& back : backSources) {
+        backs.push_back(TakePage(back, {}, back.IsFile() ? nullptr : &fronts.front(), pad));
     }
     CheckSizes(fronts, backs, request.up);
     const Cells cells = CellsOf(request.up, fronts.front().paper);

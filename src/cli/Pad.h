@@ -15,8 +15,8 @@ struct PadRequest {
     /// that makes the pad.
     SourceOptions sources;
     std::vector<Action> actions;
-    /// What stands behind every page: a kind, a preset or a settings file. A settings file is on its own paper, all
-    /// else on that of the first page. Nothing: the sheets have one side.
+    /// What stands behind every page, as SourceNamed takes it. A file is on its own paper, all else on that of the
+    /// first page. Nothing: the sheets have one side.
     std::optional<std::string> back;
     std::size_t pages = 50;  ///< on the front sides
     std::size_t up = 1;      ///< pages on a side: 1, 2 or 4

@@ -6,50 +6,110 @@
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>
+#include <exception>
+#include <map>
 #include <mutex>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace linealis::cli {
 
 namespace {
 
+using MakePage = std::function<void(const PageJob& job, const std::atomic<bool>& stop)>;
+
 /// Hands out the pages to its workers.
 class PageJobs {
 public:
-    using MakePage = std::function<bool(std::size_t index, const std::atomic<bool>& stop)>;
+    PageJobs(PageList& thePages, const MakePage& theMakePage) : pages(thePages), makePage(theMakePage) {}
 
-    PageJobs(std::size_t theCount, const MakePage& theMakePage) : count(theCount), makePage(theMakePage) {}
+    void Run(std::size_t workers)
+    {
+        if (!RunOnThreads(std::clamp<std::size_t>(workers, 1, pages.Count()))) {
+            Work();  // here, where a signal ends the program as ever
+        }
+        ShowStatus("");
+        if (failure) {
+            std::rethrow_exception(failure);
+        }
+    }
 
-    bool Run(std::size_t workers)
+private:
+    /// How a page ended.
+    struct End {
+        std::string complaints;
+        std::exception_ptr failure;
+    };
+
+    /// Returns false if the system has no thread to give.
+    bool RunOnThreads(std::size_t workers)
     {
         const EndingSignalsHeld held;  // by the workers too, which are started within it
-        std::vector<std::thread> threads(std::clamp<std::size_t>(workers, 1, count));
-        for (std::thread& thread : threads) {
-            thread = std::thread([this] { Work(); });
+        std::vector<std::thread> threads;
+        threads.reserve(workers);
+        try {
+            while (threads.size() < workers) {
+                threads.emplace_back([this] { Work(); });
+            }
+        } catch (const std::exception&) {  // those that there are will do
         }
         WatchOver(threads.size(), held);
         for (std::thread& thread : threads) {
             thread.join();
         }
-        ShowStatus("");
-        return !failed;
+        return !threads.empty();
     }
 
-private:
     void Work()
     {
-        for (std::size_t index = next++; index < count && !stop; index = next++) {
-            if (!makePage(index, stop)) {
-                failed = true;
-                stop = true;
-            }
-            ++made;
+        while (MakeNext()) {
         }
         const std::lock_guard lock(mutex);
         ++ended;
         oneEnded.notify_one();
+    }
+
+    /// Returns whether there was one.
+    bool MakeNext()
+    {
+        std::size_t page = 0;
+        End end;
+        const ComplaintsKept kept;
+        try {
+            const std::optional<PageJob> job = Take(page);
+            if (!job) {
+                return false;
+            }
+            makePage(*job, stop);
+        } catch (...) {
+            end.failure = std::current_exception();
+        }
+        end.complaints = kept.Text();
+        HandIn(page, std::move(end));
+        return true;
+    }
+
+    std::optional<PageJob> Take(std::size_t& page)
+    {
+        const std::lock_guard lock(mutex);
+        page = taken++;
+        return stop ? std::nullopt : pages.Next();
+    }
+
+    /// Prints what the pages have complained of before which none is under way.
+    void HandIn(std::size_t page, End end)
+    {
+        const std::lock_guard lock(mutex);
+        stop = stop || end.failure;
+        ends.emplace(page, std::move(end));
+        for (auto first = ends.find(made); first != ends.end(); first = ends.find(made)) {
+            PrintComplaints(first->second.complaints);
+            failure = failure ? failure : first->second.failure;
+            ends.erase(first);
+            ++made;
+        }
     }
 
     void WatchOver(std::size_t workers, const EndingSignalsHeld& held)
@@ -60,27 +120,28 @@ private:
             if (held.OneHasArrived()) {
                 stop = true;
             }
-            ShowStatus(std::to_string(made) + " of " + std::to_string(count) + " pages");
+            ShowStatus(std::to_string(made) + " of " + std::to_string(pages.Count()) + " pages");
         }
     }
 
-    const std::size_t count;
+    PageList& pages;
     const MakePage& makePage;
-    std::atomic<std::size_t> next = 0;
-    std::atomic<std::size_t> made = 0;
     std::atomic<bool> stop = false;
-    std::atomic<bool> failed = false;
     std::mutex mutex;
     std::condition_variable oneEnded;
+    std::map<std::size_t, End> ends;  ///< of the pages behind the first that is under way
+    std::exception_ptr failure;       ///< of the first page that has one
+    std::size_t taken = 0;
+    std::size_t made = 0;  ///< with all before
     std::size_t ended = 0;
 };
 
 }  // namespace
 
-bool MakePages(std::size_t count, std::size_t workers,
-               const std::function<bool(std::size_t index, const std::atomic<bool>& stop)>& makePage)
+void MakePages(PageList& pages, std::size_t workers,
+               const std::function<void(const PageJob& job, const std::atomic<bool>& stop)>& makePage)
 {
-    return PageJobs(count, makePage).Run(workers);
+    PageJobs(pages, makePage).Run(workers);
 }
 
 }  // namespace linealis::cli

@@ -2,6 +2,7 @@
 
 #include "app/PageCheck.h"
 #include "cli/Errors.h"
+#include "cli/FileNames.h"
 #include "exchange/PngPage.h"
 #include "exchange/SvgPage.h"
 #include "pdf/Units.h"
@@ -164,15 +165,15 @@ bool CheckPage(const PageJob& job, bool asJson, Json& found)
             found.push_back(
                 {{"source", job.name}, {"id", warning.id}, {"control", warning.control}, {"text", warning.text}});
         } else {
-            std::cout << job.name << ": " << warning.text << '\n';
+            std::cout << Readable(job.name + ": " + warning.text) << '\n';
         }
     }
     return !warnings.empty();
 }
 
-void MakeThumbnail(const std::string& settingsFile, const std::string& output, int size)
+void MakeThumbnail(const Source& source, const std::string& output, int size)
 {
-    const Source source{settingsFile};
+    CheckIsNoInput("the picture", output, InputsOf({source}, {}));
     ScreenlessPlatform platform;
     const OpenWindow open = Open(source, {}, platform);
     PaperPage read = open.window->ReadPage();
@@ -181,7 +182,7 @@ void MakeThumbnail(const std::string& settingsFile, const std::string& output, i
     BinaryStream stream = OutputFile(output).CreateBinaryFile();
     if (stream.IsOpen()) {
         constexpr double thinnest = 0.5;  // pixels: thinner lines would hardly be seen
-        const DrawnPage page = DrawPage(settingsFile, *open.window, std::move(read));
+        const DrawnPage page = DrawPage(source.name, *open.window, std::move(read));
         WritePng(paper, page.content, {size * pointsPerInch / longer, false, thinnest}, stream);
         stream.Close();
     }

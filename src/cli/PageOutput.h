@@ -54,8 +54,8 @@ void Say(const ScreenlessPlatform& platform);
 /// `found`. Returns whether there is anything.
 bool CheckPage(const PageJob& job, bool asJson, Json& found);
 
-/// Writes a small picture of the page of a settings file, for those who show files by pictures: a PNG file whose
-/// longer side has so many pixels.
-void MakeThumbnail(const std::string& settingsFile, const std::string& output, int size);
+/// Writes a small picture of the page, for those who show files by pictures: a PNG file whose longer side has so
+/// many pixels.
+void MakeThumbnail(const Source& source, const std::string& output, int size);
 
 }  // namespace linealis::cli

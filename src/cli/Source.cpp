@@ -1,19 +1,19 @@
 #include "cli/Source.h"
 
 #include "cli/Errors.h"
+#include "cli/FileNames.h"
 #include "cli/InputText.h"
+#include "pdf/LetterCase.h"
 
 #include <algorithm>
+#include <array>
 
 namespace linealis::cli {
 
 namespace {
 
-std::string ExtensionOf(const std::string& fileName)
-{
-    const std::string extension = std::filesystem::path(fileName).extension().string();
-    return extension.empty() ? "" : extension.substr(1);
-}
+/// Of the files that carry a form.
+constexpr std::array<std::string_view, 3> formEndings = {".svg", ".png", ".json"};
 
 std::vector<std::string> KindNames()
 {
@@ -24,16 +24,40 @@ std::vector<std::string> KindNames()
     return names;
 }
 
-const Preset& PresetNamed(const std::string& id)
+std::vector<std::string> PresetNames()
+{
+    std::vector<std::string> names;
+    for (const Preset& preset : Presets()) {
+        names.emplace_back(preset.id);
+    }
+    return names;
+}
+
+/// What could stand for a source that there is not: other files for a file, other names for a name.
+std::vector<std::string> PossibleSources(const std::string& ending)
+{
+    std::vector<std::string> possible;
+    if (ending.empty()) {
+        possible = KindNames();
+        const std::vector<std::string> presets = PresetNames();
+        possible.insert(possible.end(), presets.begin(), presets.end());
+        return possible;
+    }
+    for (const PaperKind& kind : PaperKinds()) {
+        possible.push_back("FILE." + std::string(kind.settingsType.extension));
+    }
+    for (const std::string_view known : formEndings) {
+        possible.push_back("FILE" + std::string(known));
+    }
+    return possible;
+}
+
+Source PresetNamed(const std::string& id)
 {
     if (const Preset* const preset = FindPreset(id)) {
-        return *preset;
+        return {id, Source::Sort::Preset, &KindOf(*preset), preset};
     }
-    std::vector<std::string> possible;
-    for (const Preset& preset : Presets()) {
-        possible.emplace_back(preset.id);
-    }
-    throw Unknown("preset", id, possible);
+    throw Unknown("preset", id, PresetNames());
 }
 
 FormFile ReadForm(const std::string& fileName)
@@ -45,10 +69,20 @@ FormFile ReadForm(const std::string& fileName)
     }
 }
 
-void LayOver(const Source& source, const PaperKind& kind, Form& form)
+/// Of a form that stands alone.
+const PaperKind& KindOf(const FormFile& form)
+{
+    if (form.kind.empty()) {
+        throw UsageError{"source is required: the form in " + form.name + " has no \"kind\""};
+    }
+    return KindNamed(form.kind);
+}
+
+/// Whatever is wrong with the form is a wrong command line.
+void LayFormOver(const FormFile& file, const PaperKind& kind, Form& form)
 {
     try {
-        linealis::LayOver(*source.form, kind, form);
+        linealis::LayOver(file, kind, form);
     } catch (const FormError& error) {
         throw UsageError{error.message};
     } catch (const UnknownInput& input) {
@@ -73,30 +107,42 @@ void CheckNames(const std::vector<std::string>& names, const std::string& option
 std::vector<Source> SourcesOf(const SourceOptions& options)
 {
     const auto form = options.form ? std::make_shared<const FormFile>(ReadForm(*options.form)) : nullptr;
+    std::vector<Source> sources;
     if (options.preset) {
-        const Preset& found = PresetNamed(*options.preset);
-        CheckNames(options.names, "--preset " + *options.preset, found.kind);
-        return {{*options.preset, &found, form}};
+        sources.push_back(PresetNamed(*options.preset));
+        CheckNames(options.names, "--preset " + *options.preset, sources.front().kind->name);
+    } else if (form && options.names.empty()) {
+        const PaperKind& kind = KindOf(*form);
+        sources.push_back({std::string(kind.name), Source::Sort::Kind, &kind});
+    } else if (options.names.empty()) {
+        throw UsageError{"source is required: " + std::string(sourceHelp) + ", --preset NAME or --form FILE"};
     }
-    if (form && options.names.empty()) {
-        if (form->kind.empty()) {
-            throw UsageError{"source is required: the form in " + form->name + " has no \"kind\""};
-        }
-        return {{form->kind, nullptr, form}};
+    if (!options.preset) {
+        std::transform(options.names.begin(), options.names.end(), std::back_inserter(sources), SourceNamed);
     }
-    if (options.names.empty()) {
-        throw UsageError{"source is required: a kind of paper, a settings file, --preset NAME or --form FILE"};
+    for (Source& source : sources) {
+        source.form = form;
     }
-    std::vector<Source> sources(options.names.size());
-    std::transform(options.names.begin(), options.names.end(), sources.begin(), [&](const std::string& name) {
-        return Source{name, nullptr, form};
-    });
     return sources;
 }
 
 Source SourceNamed(const std::string& name)
 {
-    return {name, FindPreset(name)};
+    if (const PaperKind* const kind = FindPaperKind(name)) {
+        return {name, Source::Sort::Kind, kind};
+    }
+    if (FindPreset(name) != nullptr) {
+        return PresetNamed(name);
+    }
+    const std::string ending = EndingOf(name);
+    if (const PaperKind* const kind = ending.empty() ? nullptr : FindPaperKindByExtension(ending.substr(1))) {
+        return {name, Source::Sort::Settings, kind};
+    }
+    if (std::any_of(formEndings.begin(), formEndings.end(),
+                    [&](std::string_view known) { return IsSameText(known, ending); })) {
+        return {name, Source::Sort::Form};
+    }
+    throw Unknown("kind", name, PossibleSources(ending));
 }
 
 const PaperKind& KindNamed(const std::string& name)
@@ -109,53 +155,50 @@ const PaperKind& KindNamed(const std::string& name)
 
 const PaperKind& KindOf(const Source& source)
 {
-    if (source.preset != nullptr) {
-        return KindOf(*source.preset);
-    }
-    if (const PaperKind* const kind = FindPaperKind(source.name)) {
-        return *kind;
-    }
-    if (const PaperKind* const kind = FindPaperKindByExtension(ExtensionOf(source.name))) {
-        return *kind;
-    }
-    std::vector<std::string> possible = KindNames();
-    for (const PaperKind& kind : PaperKinds()) {
-        possible.push_back("FILE." + std::string(kind.settingsType.extension));
-    }
-    throw Unknown("kind", source.name, possible);
+    return source.kind != nullptr ? *source.kind : KindOf(ReadForm(source.name));
 }
 
-bool IsFile(const Source& source)
+std::vector<std::string> InputsOf(const std::vector<Source>& sources, const std::vector<Action>& actions,
+                                  bool withSettings)
 {
-    return source.preset == nullptr && FindPaperKind(source.name) == nullptr;
+    std::vector<std::string> inputs;
+    for (const Source& source : sources) {
+        if (source.sort == Source::Sort::Form || (source.sort == Source::Sort::Settings && withSettings)) {
+            inputs.push_back(source.name);
+        }
+        if (source.form) {
+            inputs.push_back(source.form->name);
+        }
+    }
+    for (const Action& action : actions) {
+        if (action.kind == Action::Kind::Markers || (action.kind == Action::Kind::Load && withSettings)) {
+            inputs.push_back(action.argument);
+        }
+    }
+    return inputs;
 }
 
 OpenWindow Open(const Source& source, const std::vector<Action>& actions, ScreenlessPlatform& platform)
 {
-    const PaperKind& kind = KindOf(source);
+    std::optional<FormFile> carried;
+    if (source.sort == Source::Sort::Form) {
+        carried = ReadForm(source.name);
+    }
+    const PaperKind& kind = carried ? KindOf(*carried) : *source.kind;
     OpenWindow open{&kind, MakeWindow(kind, platform), {}};
     if (source.preset != nullptr) {
         linealis::LayOver(*source.preset, *open.window, platform);
-    } else if (IsFile(source)) {
+    } else if (source.sort == Source::Sort::Settings) {
         Load(source.name, *open.window);
     }
+    if (carried) {
+        LayFormOver(*carried, kind, open.window->form);
+    }
     if (source.form) {
-        LayOver(source, kind, open.window->form);
+        LayFormOver(*source.form, kind, open.window->form);
     }
     open.warnings = Apply(actions, kind, *open.window, platform);
     return open;
-}
-
-void CheckIsNamed(const std::string& output)
-{
-    if (output.empty()) {
-        throw UsageError{"-o takes a file name, not an empty text"};
-    }
-}
-
-FolderItem OutputFile(const std::string& name)
-{
-    return name == "-" ? FolderItem::StandardOutput() : FolderItem(name);
 }
 
 }  // namespace linealis::cli

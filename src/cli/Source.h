@@ -11,36 +11,53 @@
 
 namespace linealis::cli {
 
-/// Where a form comes from: a kind, a settings file, a preset or a form as JSON.
+/// What a form begins with, as every command takes it.
 struct Source {
-    std::string name;                ///< of the kind or the preset, or the file, whose extension tells the kind
-    const Preset* preset = nullptr;  ///< null: it is none
+    enum class Sort {
+        Kind,  ///< as a fresh window has it
+        Preset,
+        Settings,  ///< a settings file, whose extension tells the kind
+        Form       ///< an SVG, PNG or JSON file that carries a form, which tells its kind
+    };
+
+    std::string name;  ///< of the kind, preset or file
+    Sort sort;
+    const PaperKind* kind = nullptr;                 ///< null: the file tells it
+    const Preset* preset = nullptr;                  ///< null: it is none
     std::shared_ptr<const FormFile> form = nullptr;  ///< laid over what the name tells; null: there is none
+
+    bool IsFile() const { return sort == Sort::Settings || sort == Sort::Form; }
 };
+
+/// Describes what SourceNamed takes.
+inline constexpr const char* sourceHelp =
+    "a kind of paper, a preset, a settings file, or an SVG, PNG or JSON file that carries a form";
 
 /// What a command was given to begin with.
 struct SourceOptions {
-    std::vector<std::string> names;     ///< kinds and settings files
+    std::vector<std::string> names;     ///< as SourceNamed takes them
     std::optional<std::string> preset;  ///< its id
     std::optional<std::string> form;    ///< a file with a form (ParseForm); "-" is standard input
 };
 
 /// The sources that the options tell. A preset and a form tell their kind, whose name may stand beside them. Throws
-/// UsageError if there is none, if there is no such preset, or if they say different kinds; WorkError if the form
-/// cannot be read.
+/// UsageError if there is none or one that cannot be, or if they say different kinds; WorkError if the form cannot
+/// be read.
 std::vector<Source> SourcesOf(const SourceOptions& options);
 
-/// A kind, a settings file or a preset by its name.
+/// A file is not looked into. Throws UsageError if the name is that of no source.
 Source SourceNamed(const std::string& name);
 
-/// Throws UsageError if the source is no kind and no settings file.
+/// Looks into a file that carries a form. Throws UsageError or WorkError.
 const PaperKind& KindOf(const Source& source);
-
-/// Whether the source is a settings file.
-bool IsFile(const Source& source);
 
 /// The kind of that name. Throws UsageError.
 const PaperKind& KindNamed(const std::string& name);
+
+/// The files that the sources and actions name; without the settings files only those that a settings file cannot
+/// take the place of.
+std::vector<std::string> InputsOf(const std::vector<Source>& sources, const std::vector<Action>& actions,
+                                  bool withSettings = true);
 
 struct OpenWindow {
     const PaperKind* kind;
@@ -50,11 +67,5 @@ struct OpenWindow {
 
 /// A window of the source, after the actions. Throws UsageError or WorkError.
 OpenWindow Open(const Source& source, const std::vector<Action>& actions, ScreenlessPlatform& platform);
-
-/// Throws UsageError if an output file has no name.
-void CheckIsNamed(const std::string& output);
-
-/// The file that an option names; "-" is standard output.
-FolderItem OutputFile(const std::string& name);
 
 }  // namespace linealis::cli

@@ -2,98 +2,86 @@
 
 #include "cli/Errors.h"
 #include "cli/InputText.h"
+#include "pdf/LetterCase.h"
+#include "pdf/ShortText.h"
 
 #include <algorithm>
+#include <map>
 #include <string_view>
 
 namespace linealis::cli {
 
 namespace {
 
-using Cells = std::vector<std::string>;
-
 constexpr std::string_view nameColumn = "file";
 
-/// Goes through a table from row to row.
-class TableReader {
-public:
-    TableReader(std::string_view theText, char theSeparator) : text(theText), separator(theSeparator) {}
-
-    /// The cells of the next row. Lines with nothing in them are passed over; no cells: there is no more.
-    Cells Next()
-    {
-        while (!text.empty() && IsLineEnd(text.front())) {
-            text.remove_prefix(1);
-        }
-        Cells cells;
-        while (!text.empty()) {
-            cells.push_back(text.front() == '"' ? Quoted() : Plain());
-            if (text.empty() || IsLineEnd(text.front())) {
-                break;
-            }
-            text.remove_prefix(1);  // the separator
-            if (text.empty() || IsLineEnd(text.front())) {
-                cells.emplace_back();
-                break;
-            }
-        }
-        return cells;
-    }
-
-private:
-    static bool IsLineEnd(char c) { return c == '\n' || c == '\r'; }
-
-    std::string Plain()
-    {
-        const auto* const end =
-            std::find_if(text.begin(), text.end(), [this](char c) { return c == separator || IsLineEnd(c); });
-        std::string cell(text.begin(), end);
-        text.remove_prefix(cell.size());
-        return cell;
-    }
-
-    /// Two quotation marks in a row stand for one. What follows the closing one belongs to the cell too.
-    std::string Quoted()
-    {
-        std::string cell;
-        text.remove_prefix(1);
-        while (!text.empty()) {
-            const char c = text.front();
-            text.remove_prefix(1);
-            if (c != '"') {
-                cell += c;
-            } else if (!text.empty() && text.front() == '"') {
-                cell += '"';
-                text.remove_prefix(1);
-            } else {
-                break;
-            }
-        }
-        return cell + Plain();
-    }
-
-    std::string_view text;
-    char separator;
-};
-
-/// The one of the head; a comma in a head of one column.
-char SeparatorOf(std::string_view text)
+std::string WithoutBlanksAround(std::string_view text)
 {
-    const std::string_view head = text.substr(0, text.find_first_of("\r\n"));
-    return head.find(',') == std::string_view::npos && head.find(';') != std::string_view::npos ? ';' : ',';
+    constexpr std::string_view blanks = " \t";
+    const std::size_t begin = std::min(text.find_first_not_of(blanks), text.size());
+    return std::string(text.substr(begin, text.find_last_not_of(blanks) + 1 - begin));
+}
+
+/// The columns that there can be, by what their heads are in small letters.
+std::map<std::string, std::string> ColumnsOf(const Form& form)
+{
+    std::map<std::string, std::string> columns = {{std::string(nameColumn), std::string(nameColumn)}};
+    for (const Control* const control : form.Controls()) {
+        for (const std::string_view head : {control->Name(), control->Alias()}) {
+            if (!head.empty()) {
+                columns.emplace(InSmallLetters(std::string(head)), control->Name());
+            }
+        }
+    }
+    return columns;
 }
 
 void CheckName(const std::string& table, const TableRow& row)
 {
-    if (row.fileName.find('/') != std::string::npos || row.fileName == "." || row.fileName == "..") {
-        throw UsageError{table + ", row " + std::to_string(row.number) + ": '" + row.fileName +
+    constexpr std::size_t longest = 255;
+    if (row.fileName.find('/') != std::string::npos || row.fileName == "." || row.fileName == ".." ||
+        row.fileName.size() > longest) {
+        throw UsageError{table + ", row " + std::to_string(row.number) + ": '" + Shortened(row.fileName) +
                          "' is not the name of a file alone"};
     }
 }
 
-TableRow RowOf(const Cells& head, const Cells& cells, std::size_t number)
+}  // namespace
+
+Table::Table(const std::string& fileName, const Form& theForm) : name(fileName), form(theForm)
 {
-    TableRow row{"", {}, number};
+    constexpr std::size_t longestHeld = std::size_t{64} << 20U;
+    if (fileName == "-") {
+        name = "standard input";
+        held = ReadInput(fileName, longestHeld);
+    }
+    Rewind();
+}
+
+void Table::Rewind()
+{
+    reader.emplace(name, held ? BinaryStream::FromMemory(*held) : FolderItem(name).OpenAsBinaryFile());
+    rows = 0;
+    head = reader->Next();
+    const std::map<std::string, std::string> columns = ColumnsOf(form);
+    for (std::string& cell : head) {
+        cell = WithoutBlanksAround(cell);
+        const auto column = columns.find(InSmallLetters(cell));
+        cell = column == columns.end() ? Shortened(cell) : column->second;  // every row repeats it in its actions
+    }
+}
+
+std::optional<TableRow> Table::Next()
+{
+    const std::vector<std::string> cells = reader->Next();
+    if (cells.empty()) {
+        return std::nullopt;
+    }
+    TableRow row{"", {}, ++rows};
+    if (cells.size() != head.size()) {
+        throw WorkError{name + ", row " + std::to_string(row.number) + " has " + std::to_string(cells.size()) +
+                        " cells, but the head has " + std::to_string(head.size())};
+    }
     for (std::size_t column = 0; column < head.size(); ++column) {
         if (head[column] == nameColumn) {
             row.fileName = cells[column];
@@ -101,36 +89,13 @@ TableRow RowOf(const Cells& head, const Cells& cells, std::size_t number)
             row.actions.push_back({Action::Kind::Set, head[column] + "=" + cells[column]});
         }
     }
+    CheckName(name, row);
     return row;
 }
 
-}  // namespace
-
-std::vector<TableRow> ReadTable(const std::string& fileName)
+bool Table::NamesPages() const
 {
-    constexpr std::size_t longest = std::size_t{64} << 20U;
-    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-    const std::string read = ReadInput(fileName, longest);
-    std::string_view text = read;
-    if (text.starts_with(byteOrderMark)) {
-        text.remove_prefix(byteOrderMark.size());
-    }
-    TableReader reader(text, SeparatorOf(text));
-    const Cells head = reader.Next();
-    std::vector<TableRow> rows;
-    for (Cells cells = reader.Next(); !cells.empty(); cells = reader.Next()) {
-        const std::size_t number = rows.size() + 1;
-        if (cells.size() != head.size()) {
-            throw WorkError{fileName + ", row " + std::to_string(number) + " has " + std::to_string(cells.size()) +
-                            " cells, but the head has " + std::to_string(head.size())};
-        }
-        rows.push_back(RowOf(head, cells, number));
-        CheckName(fileName, rows.back());
-    }
-    if (rows.empty()) {
-        throw WorkError{fileName + ": has no rows below its head"};
-    }
-    return rows;
+    return std::find(head.begin(), head.end(), nameColumn) != head.end();
 }
 
 }  // namespace linealis::cli

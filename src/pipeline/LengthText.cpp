@@ -1,11 +1,11 @@
 #include "pipeline/LengthText.h"
 
+#include "pdf/LetterCase.h"
 #include "pdf/Numbers.h"
 #include "pdf/Units.h"
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cmath>
 #include <span>
 #include <string>
@@ -80,12 +80,9 @@ private:
 
 const NamedUnit* FindUnit(std::string_view name)
 {
-    std::string lower(name);
-    std::transform(lower.begin(), lower.end(), lower.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     const std::span<const NamedUnit> units = lengthUnits;
     const auto found =
-        std::find_if(units.begin(), units.end(), [&](const NamedUnit& unit) { return unit.name == lower; });
+        std::find_if(units.begin(), units.end(), [&](const NamedUnit& unit) { return IsSameText(unit.name, name); });
     return found == units.end() ? nullptr : &*found;
 }
 

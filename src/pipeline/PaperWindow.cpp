@@ -156,6 +156,9 @@ LoadResult PaperWindow::Load(const FolderItem& file)
     const LoadResult result = Load(file.OpenAsBinaryFile(), loaded);
     if (!result.error) {
         SetOutputFile(loaded);
+        if (const std::string problem = result.Problem(); !problem.empty()) {
+            platform.Note(file.Name() + " " + problem);
+        }
     }
     return result;
 }
@@ -182,10 +185,6 @@ bool PaperWindow::OpenDocument(const FolderItem& file)
 {
     const LoadResult result = Load(file);
     NoteFailure(file, "opened", result.error);
-    if (result.fieldsRead < result.fields) {
-        platform.Note(file.Name() + " ended at field " + std::to_string(result.fieldsRead + 1) + " of " +
-                      std::to_string(result.fields) + "; the rest is empty");
-    }
     ourFolderItem = file;
     stored = form.State();
     return !result.error;

@@ -62,7 +62,7 @@ public:
     void ColorCanvas_MouseDown(Swatch& canvas);
 
     // Settings. A failure leaves form and file as they were and is returned, for who wants to tell of it; nothing
-    // is shown.
+    // is shown. A file that is damaged or of another kind is noted (Platform::Note).
 
     std::error_code SaveSettings(const FolderItem& file) const;
     std::error_code LoadSettings(const FolderItem& file);

@@ -1,7 +1,9 @@
 #include "pipeline/SetControl.h"
 
+#include "pdf/LetterCase.h"
 #include "pdf/Numbers.h"
 #include "pdf/ShortText.h"
+#include "pipeline/ColorNames.h"
 #include "pipeline/FieldWords.h"
 #include "pipeline/LengthText.h"
 
@@ -43,13 +45,6 @@ Control& FindControl(std::string_view owner, const Form& form, std::string_view 
     throw UnknownInput{"control of " + std::string(owner), Shortened(given), possible};
 }
 
-/// Whether the texts are the same but for the case of ASCII letters.
-bool SameText(std::string_view a, std::string_view b)
-{
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
-}
-
 /// The whole text as a number in the base, or nothing.
 std::optional<unsigned> WholeNumber(std::string_view digits, int base)
 {
@@ -67,7 +62,7 @@ std::int64_t ItemIndex(const Choice& choice, std::string_view given)
 {
     const std::vector<std::string_view>& items = choice.Items();
     for (std::size_t i = 0; i < items.size(); ++i) {
-        if (SameText(items[i], given)) {
+        if (IsSameText(items[i], given)) {
             return static_cast<std::int64_t>(i);
         }
     }
@@ -84,25 +79,39 @@ std::int64_t ItemIndex(const Choice& choice, std::string_view given)
 
 bool OnOrOff(const Control& control, std::string_view given)
 {
-    if (SameText(given, "on")) {
-        return true;
+    constexpr std::array<std::string_view, 4> on = {"on", "true", "yes", "1"}, off = {"off", "false", "no", "0"};
+    const auto isGiven = [&](std::string_view word) { return IsSameText(word, given); };
+    const bool isOn = std::any_of(on.begin(), on.end(), isGiven);
+    if (!isOn && std::none_of(off.begin(), off.end(), isGiven)) {
+        throw UnknownInput{"value of " + std::string(control.Name()), Shortened(given), {"on", "off"}};
     }
-    if (SameText(given, "off")) {
-        return false;
+    return isOn;
+}
+
+/// #RRGGBB, or #RGB, where each digit stands for two.
+std::optional<Color> ColorOfDigits(std::string_view given)
+{
+    constexpr std::size_t shortLength = 4, length = 7;
+    std::string digits;
+    for (const char digit : given.substr(std::min<std::size_t>(1, given.size()))) {
+        digits.append(given.size() == shortLength ? 2 : 1, digit);
     }
-    throw UnknownInput{"value of " + std::string(control.Name()), Shortened(given), {"on", "off"}};
+    const auto number =
+        given.starts_with('#') && digits.size() == length - 1 ? WholeNumber(digits, 16) : std::nullopt;
+    return number ? std::optional(ColorOf(*number)) : std::nullopt;
 }
 
 Color ColorFrom(const Control& control, std::string_view given)
 {
-    constexpr std::size_t length = 7;
-    const auto number =
-        given.starts_with('#') && given.size() == length ? WholeNumber(given.substr(1), 16) : std::nullopt;
-    if (!number) {
-        throw UnknownInput{"color of " + std::string(control.Name()), Shortened(given), {"#RRGGBB"}};
+    if (const auto color = ColorOfDigits(given)) {
+        return *color;
     }
-    return {static_cast<std::uint8_t>(*number >> 16U), static_cast<std::uint8_t>(*number >> 8U),
-            static_cast<std::uint8_t>(*number)};
+    if (const auto color = ColorNamed(given)) {
+        return *color;
+    }
+    const bool isName = !given.empty() && std::isalpha(static_cast<unsigned char>(given.front())) != 0;
+    throw UnknownInput{"color of " + std::string(control.Name()), Shortened(given),
+                       isName ? ColorNames() : std::vector<std::string>{"#RRGGBB", "#RGB", "a name, such as gray"}};
 }
 
 std::string HexColor(Color color)

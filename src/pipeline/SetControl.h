@@ -22,8 +22,9 @@ struct Setting {
 };
 
 /// Sets a control as the user would: a text, where a length may have a unit (TypedNumber); the item of a popup or
-/// radio group, or its #INDEX; on or off; a color as #RRGGBB. Items and "on" are the same in any case. `owner` is
-/// who the form belongs to, for the error. Throws UnknownInput if there is no such control or it has no such value.
+/// radio group, or its #INDEX; on or off, also true, yes or 1 and false, no or 0; a color as #RRGGBB, #RGB or a
+/// name (ColorNamed). Items and "on" are the same in any case. `owner` is who the form belongs to, for the error.
+/// Throws UnknownInput if there is no such control or it has no such value.
 void SetControl(std::string_view owner, const Form& form, const Setting& setting);
 
 /// What the control holds, as SetControl takes it. Of a label: its text.

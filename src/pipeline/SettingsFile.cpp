@@ -63,9 +63,12 @@ void WriteAlias(const FolderItem& file, BinaryStream& stream)
 
 /// The file that the reference leads to, if that is a page of this program; anything else could be a file that a
 /// foreign settings file wants Generate to overwrite.
-FolderItem ReadAlias(BinaryStream& stream)
+FolderItem ReadAlias(SettingsStream& settings)
 {
-    const auto size = static_cast<std::size_t>(std::max(stream.ReadInt32(), 0));
+    BinaryStream& stream = settings.stream;
+    const std::int32_t length = stream.ReadInt32();
+    const auto size = static_cast<std::size_t>(std::max(length, 0));
+    settings.isImpossible = length < 0 || size > BinaryStream::longestField;
     const std::string reference = stream.Read(size);  // nothing if it is longer than any path
     const std::filesystem::path path = reference;
     const bool whole = reference.size() == size;
@@ -100,17 +103,34 @@ LoadResult LoadSettings(const SettingsTable& table, FolderItem& outputFile, Bina
     }
     LoadResult result;
     result.fields = table.size();
-    for (const SettingsField& field : table) {
-        if (!settings.stream.AtEnd()) {
-            ++result.fieldsRead;
+    for (std::size_t i = 0; i < table.size(); ++i) {
+        table[i].read(settings);
+        if (!settings.stream.HasRunShort()) {
+            result.fieldsRead = i + 1;
         }
-        field.read(settings);
+        if (settings.isImpossible && result.impossible == 0) {
+            result.impossible = i + 1;
+        }
     }
+    result.goesOn = !settings.stream.AtEnd();
     if (const std::error_code error = settings.stream.Error()) {
         return {error};
     }
     outputFile = settings.outputFile;
     return result;
+}
+
+std::string LoadResult::Problem() const
+{
+    if (impossible > 0) {
+        return "has a length in field " + std::to_string(impossible) + " of " + std::to_string(fields) +
+               " that no field can have; what follows cannot be told";
+    }
+    if (fieldsRead < fields) {
+        return "ended at field " + std::to_string(fieldsRead + 1) + " of " + std::to_string(fields) +
+               "; the rest is empty";
+    }
+    return goesOn ? "goes on behind the last of its " + std::to_string(fields) + " fields" : "";
 }
 
 namespace settings {
@@ -190,7 +210,7 @@ SettingsField fileReference()
 {
     return {"the PDF file", "32-bit length, then the path",
             [](File& file) { WriteAlias(file.outputFile, file.stream); },
-            [](File& file) { file.outputFile = ReadAlias(file.stream); }};
+            [](File& file) { file.outputFile = ReadAlias(file); }};
 }
 
 SettingsField cellSize(const PaperForm& form, TextField& field)

@@ -18,7 +18,8 @@ namespace linealis {
 struct SettingsStream {
     BinaryStream stream;
     FolderItem outputFile;
-    double sizeMarker = 0.0;  ///< what the head of the file says of the cell size
+    double sizeMarker = 0.0;    ///< what the head of the file says of the cell size
+    bool isImpossible = false;  ///< a field has had a length that no field can have
 };
 
 /// One field of a settings file: how it is written and read, and, for the description of the format, what it is.
@@ -42,8 +43,13 @@ std::error_code SaveSettings(const SettingsTable& table, const FolderItem& outpu
 /// How a load went.
 struct LoadResult {
     std::error_code error = {};  ///< why the file could not be opened or read
-    std::size_t fieldsRead = 0;  ///< before the file's end
+    std::size_t fieldsRead = 0;  ///< whole, before the file's end
     std::size_t fields = 0;      ///< of a whole file
+    std::size_t impossible = 0;  ///< the first field whose length no field can have, from 1; 0: there is none
+    bool goesOn = false;         ///< the file has more than its fields
+
+    /// What is wrong with the contents, to be put behind the file's name; empty if nothing is.
+    std::string Problem() const;
 };
 
 /// Reads a stream into the form that the table belongs to, and the output file that it refers to. One that is not

@@ -144,6 +144,7 @@ std::string BinaryStream::Read(std::size_t count)
     }
     std::string bytes(count, '\0');
     bytes.resize(std::fread(bytes.data(), 1, count, input.get()));
+    runShort = runShort || bytes.size() < count;
     NoteReadError();
     return bytes;
 }

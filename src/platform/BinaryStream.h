@@ -88,6 +88,9 @@ public:
     /// Whether nothing is left to read.
     bool AtEnd();
 
+    /// Whether a read has asked for more than there was.
+    bool HasRunShort() const { return runShort; }
+
     std::string ReadPString();
     std::int32_t ReadInt32();
 
@@ -107,6 +110,7 @@ private:
 
     std::unique_ptr<std::FILE, CloseFile> input;
     std::unique_ptr<posix::OutputFile> output;
+    bool runShort = false;
     std::string* memory = nullptr;  ///< what is written to instead of a file
     std::error_code error;
 };

@@ -1,0 +1,101 @@
+#include "cli/PageList.h"
+
+#include "cli/Errors.h"
+#include "cli/FileNames.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <set>
+
+namespace linealis::cli {
+
+namespace fs = std::filesystem;
+
+PageList::PageList(const GenerateRequest& theRequest, PageFormat theFormat)
+    : request(theRequest), inputs(InputsOf(theRequest)), format(theFormat)
+{
+    if (!request.table) {
+        count = request.sources.size();
+    } else {
+        window = MakeWindow(KindOf(request.sources.front()), platform);
+        table.emplace(*request.table, window->form);
+        while (table->Next()) {
+            ++count;
+        }
+        if (count == 0) {
+            throw WorkError{table->Name() + ": has no rows below its head"};
+        }
+        Rewind();
+    }
+    if (!request.check) {
+        CheckAllDiffer();
+    }
+}
+
+std::optional<PageJob> PageList::Next()
+{
+    if (table) {
+        return NextOfTable();
+    }
+    return next < count ? std::optional(JobOf(request.sources[next++])) : std::nullopt;
+}
+
+void PageList::Rewind()
+{
+    next = 0;
+    if (table) {
+        table->Rewind();
+    }
+}
+
+/// The page of a source alone, in the directory or, without one, in the output file.
+PageJob PageList::JobOf(const Source& source) const
+{
+    if (request.outputDirectory.empty()) {
+        return {&source, source.name, request.actions, request.output, format};
+    }
+    const std::string stem = source.IsFile() ? fs::path(source.name).stem().string() : source.name;
+    const std::string_view ending = pageFormats.at(static_cast<std::size_t>(format)).name;
+    const fs::path name = stem + "." + std::string(ending);
+    return {&source, source.name, request.actions, (fs::path(request.outputDirectory) / name).string(), format};
+}
+
+/// Where the table gives no name, the page has that of the source and the row's number.
+std::optional<PageJob> PageList::NextOfTable()
+{
+    const std::optional<TableRow> row = table->Next();
+    if (!row) {
+        return std::nullopt;
+    }
+    PageJob job = JobOf(request.sources.front());
+    job.name = table->Name() + ", row " + std::to_string(row->number);
+    job.actions.insert(job.actions.end(), row->actions.begin(), row->actions.end());
+    const std::string number = std::to_string(row->number);
+    const std::size_t digits = std::to_string(count).size();
+    const fs::path output(job.output);
+    fs::path name = row->fileName;
+    if (name.empty()) {
+        name = output.stem().string() + "-" + std::string(digits - std::min(digits, number.size()), '0') + number;
+    }
+    if (name.extension() != output.extension()) {
+        name += output.extension();
+    }
+    job.output = (output.parent_path() / name).string();
+    return job;
+}
+
+/// Two pages with the same name would lose one of them. Pages that are numbered differ.
+void PageList::CheckAllDiffer()
+{
+    const bool areNumbered = table && !table->NamesPages();
+    std::set<std::string> taken;
+    while (const std::optional<PageJob> job = Next()) {
+        CheckIsNoInput("the page", job->output, inputs);
+        if (!areNumbered && !taken.insert(job->output).second) {
+            throw UsageError{"two pages would be written to " + job->output};
+        }
+    }
+    Rewind();
+}
+
+}  // namespace linealis::cli

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+namespace linealis {
+
+/// The letter as a small one. Of ASCII alone, and never through the locale.
+inline char SmallLetter(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+inline std::string InSmallLetters(std::string text)
+{
+    std::transform(text.begin(), text.end(), text.begin(), SmallLetter);
+    return text;
+}
+
+/// Whether the texts are the same but for the case of letters.
+inline bool IsSameText(std::string_view a, std::string_view b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char x, char y) { return SmallLetter(x) == SmallLetter(y); });
+}
+
+}  // namespace linealis
