@@ -11,9 +11,6 @@ namespace linealis::desktop {
 
 namespace {
 
-/// A line narrower than this, in pixels, is painted this wide, or it would be gone on a page made small.
-constexpr double thinnestPixels = 0.6;
-
 /// Strokes are lit up on pages of this many bytes of content at most; on larger ones nobody can tell them apart.
 constexpr std::size_t longestContentLitUp = std::size_t{8} << 20U;
 
@@ -39,8 +36,8 @@ void StopIf(const std::atomic<bool>& stops)
 /// Paints until a newer wish has come.
 class StoppablePainter : public PagePainter {
 public:
-    StoppablePainter(QPainter& thePainter, double pageHeight, double thinnestLine, const std::atomic<bool>& stops)
-        : PagePainter(thePainter, pageHeight, thinnestLine), stop(stops)
+    StoppablePainter(QPainter& thePainter, double pageHeight, ThinLines thinned, const std::atomic<bool>& stops)
+        : PagePainter(thePainter, pageHeight, thinned), stop(stops)
     {}
 
 protected:
@@ -53,9 +50,8 @@ private:
 /// Paints only what has one of the roles, as a light on it.
 class Highlighter final : public StoppablePainter {
 public:
-    Highlighter(QPainter& thePainter, double pageHeight, double thinnestLine, const std::atomic<bool>& stops,
-                const RoleSet& theRoles)
-        : StoppablePainter(thePainter, pageHeight, thinnestLine, stops), roles(theRoles)
+    Highlighter(QPainter& thePainter, double pageHeight, const std::atomic<bool>& stops, const RoleSet& theRoles)
+        : StoppablePainter(thePainter, pageHeight, ThinLines::Widened, stops), roles(theRoles)
     {}
 
     void BeginRole(Role role) override { isLit = Includes(roles, role); }
@@ -190,14 +186,13 @@ void PageRenderer::Fulfil(const Wish& wish)
     const QRectF sheet(QPointF(), paper);
     painter.fillRect(sheet, Qt::white);
     painter.setClipRect(sheet);
-    const double thinnest = thinnestPixels / (excerpt.scale * excerpt.pixelRatio);
     painter.save();
-    StoppablePainter shown(painter, paper.height(), thinnest, isNew);
+    StoppablePainter shown(painter, paper.height(), PagePainter::ThinLines::Faded, isNew);
     const PageDamage damage = ReadPage(content, shown);
     painter.restore();
     StopIf(isNew);
     if (wish.lit != RoleSet{} && content.size() <= longestContentLitUp) {
-        Highlighter lights(painter, paper.height(), 2.0 * thinnest, isNew, wish.lit);
+        Highlighter lights(painter, paper.height(), isNew, wish.lit);
         ReadPage(content, roles, lights);
         StopIf(isNew);
     }

@@ -20,7 +20,6 @@ namespace linealis::desktop {
 namespace {
 
 constexpr QSize pictureSize{48, 62};  // pixels of the screen
-constexpr double thinnestPixel = 0.2;
 
 QString Translate(const char* text)
 {
@@ -40,7 +39,7 @@ QPixmap Paint(const PaperPage& page, const QSize& size, double pixelRatio)
     painter.save();
     painter.scale(scale, scale);
     Turns turns([] {});
-    PaintPage(painter, paper, DrawPage(page, turns).content, thinnestPixel / scale);
+    PaintPage(painter, paper, DrawPage(page, turns).content, PagePainter::ThinLines::Faded);
     painter.restore();
     painter.setPen(QPen(Qt::gray, 0.0));
     painter.drawRect(QRectF(QPointF(0.0, 0.0), shown - QSizeF(1.0, 1.0) / pixelRatio));

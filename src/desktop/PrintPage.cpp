@@ -227,7 +227,7 @@ bool PaintOnPrinter(QPrinter& printer, const DrawnPage& page, Turns& turns, cons
     const PrinterFactors turned = Turned(factors, printer.pageLayout().orientation());
     painter.scale(printer.logicalDpiX() / pointsPerInch * turned.x,
                   printer.logicalDpiY() / pointsPerInch * turned.y);
-    PagePainter sink(painter, static_cast<double>(page.frame.paperHeight));
+    PagePainter sink(painter, static_cast<double>(page.frame.paperHeight), PagePainter::ThinLines::AsTheyAre);
     try {
         ReadPage(page.content, sink, &turns);
     } catch (const PageStopped&) {

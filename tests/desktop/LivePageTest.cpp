@@ -1,6 +1,7 @@
 #include "desktop/LivePage.h"
 
 #include "DesktopTestSupport.h"
+#include "app/Presets.h"
 #include "desktop/PagePainter.h"
 #include "desktop/PageRuler.h"
 #include "pipeline/PageJob.h"
@@ -46,16 +47,16 @@ std::string ContentOfWindow(const PaperWindow& window)
     return DrawPage(window.ReadPage(), turns).content.Operator_Convert();
 }
 
-QImage Painted(const PageFrame& frame, std::string_view content)
+QImage Painted(const PageFrame& frame, std::string_view content, double scale = dotsPerInch / 72.0,
+               desktop::PagePainter::ThinLines thinLines = desktop::PagePainter::ThinLines::AsTheyAre)
 {
     const QSizeF paper(static_cast<double>(frame.paperWidth), static_cast<double>(frame.paperHeight));
-    const double scale = dotsPerInch / 72.0;
     QImage image(static_cast<int>(std::lround(paper.width() * scale)),
                  static_cast<int>(std::lround(paper.height() * scale)), QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
     painter.scale(scale, scale);
-    EXPECT_EQ(desktop::PaintPage(painter, paper, content).message, "");
+    EXPECT_EQ(desktop::PaintPage(painter, paper, content, thinLines).message, "");
     painter.end();
     return image.convertToFormat(QImage::Format_Grayscale8);
 }
@@ -106,6 +107,103 @@ TEST_P(PaintedKind, IsWhatAnotherReaderShows)
     ASSERT_EQ(painted.size(), expected.size());
     EXPECT_EQ(Strays(painted, expected, texts.places), 0) << "painted and not in the PDF";
     EXPECT_EQ(Strays(expected, painted, texts.places), 0) << "in the PDF and not painted";
+}
+
+double MeanGray(const QImage& image, const QRect& block)
+{
+    double sum = 0.0;
+    for (int y = block.top(); y <= block.bottom(); ++y) {
+        for (int x = block.left(); x <= block.right(); ++x) {
+            sum += image.constScanLine(y)[x];
+        }
+    }
+    return sum / (block.width() * block.height());
+}
+
+/// The largest difference of mean gray between the page as the window shows it and as mupdf does, over blocks of 16
+/// by 16 pixels that hold no text.
+double LargestDifference(const PaperWindow& window, double scale, const TemporaryFolder& folder)
+{
+    constexpr int side = 16;
+    // mupdf paints no line thinner than a quarter of a pixel, so its picture is made finer and scaled down.
+    const int fine = std::max(1, static_cast<int>(std::lround(4.0 / scale)));
+    Turns turns([] {});
+    const DrawnPage page = DrawPage(window.ReadPage(), turns);
+    WriteFile(folder / "page.pdf", FileBytesOf(page, {}, turns));
+    const std::string picture = (folder / "page.pgm").string();
+    EXPECT_EQ(Execute({"mutool", "draw", "-q", "-c", "gray", "-r", std::to_string(scale * 72.0 * fine), "-o",
+                       picture, (folder / "page.pdf").string()})
+                  .status,
+              0)
+        << "mutool is in the package mupdf-tools";
+    const QImage finer(ToQt(picture));
+    const QImage printed = finer.scaled(finer.size() / fine, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                               .convertToFormat(QImage::Format_Grayscale8);
+    const QImage shown = Painted(page.frame, page.content, scale, desktop::PagePainter::ThinLines::Faded);
+    TextPlaces texts;
+    texts.pageHeight = static_cast<double>(page.frame.paperHeight);
+    ReadPage(page.content, texts);
+    double largest = 0.0;
+    for (int y = 0; y + side <= std::min(shown.height(), printed.height()); y += side) {
+        for (int x = 0; x + side <= std::min(shown.width(), printed.width()); x += side) {
+            const QRectF onPage(x / scale, y / scale, side / scale, side / scale);
+            if (std::none_of(texts.places.begin(), texts.places.end(),
+                             [&](const QRectF& text) { return text.intersects(onPage); })) {
+                const QRect block(x, y, side, side);
+                largest = std::max(largest, std::abs(MeanGray(shown, block) - MeanGray(printed, block)));
+            }
+        }
+    }
+    return largest;
+}
+
+TEST(DesktopWeights, MakeAPageAsDarkAsItPrints)
+{
+    constexpr double tolerance = 16.0, actualSize = 96.0 / 72.0;
+    const TemporaryFolder folder;
+    ScreenlessPlatform platform;
+    for (const PaperKind& kind : PaperKinds()) {
+        const auto window = MakeWindow(kind, platform);
+        for (const double scale : {0.44 * actualSize, 0.88 * actualSize, actualSize, 2.0 * actualSize}) {
+            EXPECT_LE(LargestDifference(*window, scale, folder), tolerance) << kind.name << " at " << scale;
+        }
+        window->form.PopupPaperSize.SetListIndex(9);  // A6, so that the picture is not too large
+        for (const double scale : {4.0 * actualSize, 8.0 * actualSize}) {
+            EXPECT_LE(LargestDifference(*window, scale, folder), tolerance) << kind.name << " at " << scale;
+        }
+    }
+    for (const Preset& preset : Presets()) {
+        EXPECT_LE(LargestDifference(*MakeWindow(preset, platform), 0.44 * actualSize, folder), tolerance)
+            << preset.id;
+    }
+}
+
+/// Along a line of default graph paper in a small window.
+TEST(DesktopWeights, TellMajorLinesFromMinorOnes)
+{
+    ScreenlessPlatform platform;
+    const auto window = MakeWindow(*FindPaperKind("graph"), platform);
+    Turns turns([] {});
+    const DrawnPage page = DrawPage(window->ReadPage(), turns);
+    const double scale = 0.44 * 96.0 / 72.0;
+    const QImage shown = Painted(page.frame, page.content, scale, desktop::PagePainter::ThinLines::Faded);
+    const auto darkness = [&](int line) {
+        const int x = static_cast<int>(std::floor((54.0 + 7.2 * line) * scale));
+        return 255.0 - MeanGray(shown, QRect(x, shown.height() / 4, 1, shown.height() / 2));
+    };
+    EXPECT_GT(darkness(5) - darkness(6), 60.0);
+    EXPECT_GT(darkness(6), 10.0);
+    int last = 0, least = 100, most = 0;
+    for (int line = 0; line <= 70; ++line) {
+        const int x = static_cast<int>(std::floor((54.0 + 7.2 * line) * scale));
+        EXPECT_GT(darkness(line), 10.0) << "each line is on one column of pixels";
+        if (line > 0) {
+            least = std::min(least, x - last);
+            most = std::max(most, x - last);
+        }
+        last = x;
+    }
+    EXPECT_LE(most - least, 1);
 }
 
 std::vector<std::string_view> KindNames()
