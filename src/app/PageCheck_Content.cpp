@@ -47,8 +47,8 @@ struct StraightLine {
 /// The mean width of a character as a share of the text size: exact for Courier, that of digits for the others.
 double CharacterWidth(int font)
 {
-    constexpr double courier = 0.6, helvetica = 0.556, times = 0.5;
-    return font <= 4 ? courier : font <= 8 ? helvetica : times;
+    constexpr double ofCourier = 0.6, ofHelvetica = 0.556, ofTimes = 0.5;
+    return font <= 4 ? ofCourier : font <= 8 ? ofHelvetica : ofTimes;
 }
 
 /// Whether a straight line runs through the box.

@@ -133,8 +133,8 @@ Completions CompleteValue(const CLI::App& command, const std::string& argument, 
             Offer(completions, typed, std::string(paper.name), "");
         }
     } else if (argument == "FORMAT") {
-        for (const PageFormatName& format : pageFormats) {
-            Offer(completions, typed, std::string(format.name), "");
+        for (const PageFormat& format : PageFormats()) {
+            Offer(completions, typed, std::string(format.name), format.words);
         }
     } else if (argument == "DIR") {
         completions.folders = true;

@@ -19,36 +19,35 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::optional<PageFormat> FormatNamed(std::string_view name)
+/// The names of all formats, each behind a text.
+std::vector<std::string> FormatNames(const char* before)
 {
-    for (const auto& [known, format] : pageFormats) {
-        if (IsSameText(known, name)) {
-            return format;
-        }
+    std::vector<std::string> names;
+    for (const PageFormat& format : PageFormats()) {
+        names.push_back(before + std::string(format.name));
     }
-    return std::nullopt;
+    return names;
 }
 
 /// What --format says, or else the ending of the output file. One without an ending is a PDF file.
-PageFormat FormatOf(const GenerateRequest& request)
+const PageFormat& FormatOf(const GenerateRequest& request)
 {
     if (request.format) {
-        if (const auto format = FormatNamed(*request.format)) {
+        if (const PageFormat* const format = FindPageFormat(*request.format)) {
             return *format;
         }
-        std::vector<std::string> possible(pageFormats.size());
-        std::transform(pageFormats.begin(), pageFormats.end(), possible.begin(),
-                       [](const PageFormatName& known) { return std::string(known.name); });
-        throw Unknown("format", *request.format, possible);
+        throw Unknown("format", *request.format, FormatNames(""));
     }
     const std::string ending = EndingOf(request.output);
     if (ending.empty() || request.output.starts_with("/dev/") || request.output.starts_with("/proc/")) {
-        return PageFormat::Pdf;
+        return PageFormats().front();
     }
-    if (const auto format = FormatNamed(ending.substr(1))) {
+    if (const PageFormat* const format = FindPageFormat(ending.substr(1))) {
         return *format;
     }
-    throw Unknown("ending of -o", ending, {".pdf", ".svg", ".png", "none, which is a PDF file"});
+    std::vector<std::string> possible = FormatNames(".");
+    possible.emplace_back("none, which is a PDF file");
+    throw Unknown("ending of -o", ending, possible);
 }
 
 void CheckRequest(const GenerateRequest& request)
@@ -85,7 +84,7 @@ void WarnOfIdleOptions(const GenerateRequest& request)
             Complain(std::string("warning: ") + option + " has no effect " + where);
         }
     };
-    const bool isPicture = !request.check && FormatOf(request) == PageFormat::Png;
+    const bool isPicture = !request.check && FormatOf(request).hasPixels;
     warnIf(request.asJson && !request.check, "--json", "without --check");
     warnIf(request.isStrict && !request.check, "--strict", "without --check");
     warnIf(request.how.dotsPerInch && !isPicture, "--dpi", "on a page that is no PNG file");

@@ -11,7 +11,7 @@ namespace linealis::cli {
 
 namespace fs = std::filesystem;
 
-PageList::PageList(const GenerateRequest& theRequest, PageFormat theFormat)
+PageList::PageList(const GenerateRequest& theRequest, const PageFormat& theFormat)
     : request(theRequest), inputs(InputsOf(theRequest)), format(theFormat)
 {
     if (!request.table) {
@@ -52,12 +52,11 @@ void PageList::Rewind()
 PageJob PageList::JobOf(const Source& source) const
 {
     if (request.outputDirectory.empty()) {
-        return {&source, source.name, request.actions, request.output, format};
+        return {&source, source.name, request.actions, request.output, &format};
     }
     const std::string stem = source.IsFile() ? fs::path(source.name).stem().string() : source.name;
-    const std::string_view ending = pageFormats.at(static_cast<std::size_t>(format)).name;
-    const fs::path name = stem + "." + std::string(ending);
-    return {&source, source.name, request.actions, (fs::path(request.outputDirectory) / name).string(), format};
+    const fs::path name = stem + "." + std::string(format.name);
+    return {&source, source.name, request.actions, (fs::path(request.outputDirectory) / name).string(), &format};
 }
 
 /// Where the table gives no name, the page has that of the source and the row's number.

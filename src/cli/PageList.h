@@ -16,7 +16,7 @@ namespace linealis::cli {
 class PageList {
 public:
     /// `theRequest` must outlive this. Throws UsageError or WorkError, also for what a later row would.
-    PageList(const GenerateRequest& theRequest, PageFormat theFormat);
+    PageList(const GenerateRequest& theRequest, const PageFormat& theFormat);
 
     /// How many there are.
     std::size_t Count() const { return count; }
@@ -34,7 +34,7 @@ private:
 
     const GenerateRequest& request;
     std::vector<std::string> inputs;
-    PageFormat format;
+    const PageFormat& format;
     ScreenlessPlatform platform;
     std::unique_ptr<PaperWindow> window;  ///< of the table's form
     std::optional<Table> table;

@@ -4,7 +4,6 @@
 #include "cli/Errors.h"
 #include "cli/FileNames.h"
 #include "exchange/PngPage.h"
-#include "exchange/SvgPage.h"
 #include "pdf/Units.h"
 #include "platform/Process.h"
 #include "platform/ScreenlessPlatform.h"
@@ -73,9 +72,9 @@ FolderItem FileOf(const PageJob& job, const OutputOptions& how)
     return how.refusesLinks ? file.WithoutLinks() : file;
 }
 
-void CheckPixels(const PaperSize& paper, const OutputOptions& how, const std::string& name)
+void CheckPixels(const PaperSize& paper, double dotsPerInch, const std::string& name)
 {
-    const PixelSize size = PixelsOf(paper, how.dotsPerInch.value_or(defaultDotsPerInch));
+    const PixelSize size = PixelsOf(paper, dotsPerInch);
     if (size.width > mostPixels || size.height > mostPixels || size.width * size.height > mostPixels) {
         throw UsageError{name + ": a picture of " + std::to_string(size.width) + " by " +
                          std::to_string(size.height) + " pixels is too large; --dpi " +
@@ -83,24 +82,14 @@ void CheckPixels(const PaperSize& paper, const OutputOptions& how, const std::st
     }
 }
 
-void Write(const PageJob& job, const OutputOptions& how, const OpenWindow& open, const DrawnPage& page,
-           BinaryStream& stream, Turns& turns)
+WriteOptions OptionsOf(const OutputOptions& how, const OpenWindow& open, const PageFormat& format)
 {
-    const PaperSize paper{page.frame.paperWidth, page.frame.paperHeight};
-    switch (job.format) {
-    case PageFormat::Pdf:
-        WritePdf(page, ScreenlessPlatform().Now(), stream, turns);
-        break;
-    case PageFormat::Svg:
-        WriteSvg(paper, page.content, CarriedForm(*open.kind, open.window->form), stream, &turns);
-        break;
-    case PageFormat::Png:
-        WritePng(paper, page.content,
-                 {how.dotsPerInch.value_or(defaultDotsPerInch), how.isTransparent, 0.0,
-                  CarriedForm(*open.kind, open.window->form)},
-                 stream, &turns);
-        break;
-    }
+    WriteOptions options;
+    options.now = ScreenlessPlatform().Now();
+    options.carried = format.carriesForm ? CarriedForm(*open.kind, open.window->form) : "";
+    options.dotsPerInch = how.dotsPerInch.value_or(options.dotsPerInch);
+    options.isTransparent = how.isTransparent;
+    return options;
 }
 
 /// Makes one page. The page and its file take turns, each of which ends where `stop` has become true.
@@ -115,8 +104,9 @@ void Generate(const PageJob& job, const OutputOptions& how, const std::atomic<bo
     platform.onYield = stopIfAsked;
     const OpenWindow open = Open(*job.source, job.actions, platform);
     PaperPage read = open.window->ReadPage();
-    if (job.format == PageFormat::Png) {
-        CheckPixels({read.frame.paperWidth, read.frame.paperHeight}, how, job.name);
+    const WriteOptions options = OptionsOf(how, open, *job.format);
+    if (job.format->hasPixels) {
+        CheckPixels({read.frame.paperWidth, read.frame.paperHeight}, options.dotsPerInch, job.name);
     }
     const DrawnPage page = DrawPage(job.output, *open.window, std::move(read));
     Say(platform);
@@ -125,7 +115,7 @@ void Generate(const PageJob& job, const OutputOptions& how, const std::atomic<bo
     Turns turns(stopIfAsked);
     BinaryStream stream = file.CreateBinaryFile();
     if (stream.IsOpen()) {
-        Write(job, how, open, page, stream, turns);
+        job.format->write(page, options, stream, turns);
         stream.Close();
     }
     if (stream.Error()) {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "cli/Source.h"
+#include "exchange/PageFormats.h"
 
-#include <array>
 #include <atomic>
 #include <optional>
 #include <string>
@@ -11,33 +11,18 @@
 
 namespace linealis::cli {
 
-/// What a page is written as.
-enum class PageFormat { Pdf, Svg, Png };
-
-struct PageFormatName {
-    std::string_view name;  ///< on the command line, and the ending of a file
-    PageFormat format;
-};
-
-/// All formats, in the order of PageFormat.
-inline constexpr std::array pageFormats = {PageFormatName{"pdf", PageFormat::Pdf},
-                                           PageFormatName{"svg", PageFormat::Svg},
-                                           PageFormatName{"png", PageFormat::Png}};
-
 /// One page to be made or checked.
 struct PageJob {
     const Source* source;
     std::string name;  ///< for messages
     std::vector<Action> actions;
     std::string output;
-    PageFormat format = PageFormat::Pdf;
+    const PageFormat* format = &PageFormats().front();
 };
-
-inline constexpr double defaultDotsPerInch = 300.0;
 
 /// How pages are made.
 struct OutputOptions {
-    std::optional<double> dotsPerInch;  ///< of a PNG file; defaultDotsPerInch if none is given
+    std::optional<double> dotsPerInch;  ///< of a PNG file; that of WriteOptions if none is given
     bool isTransparent = false;         ///< a PNG file has no paper
     bool view = false;                  ///< open each page in the viewer
     bool refusesLinks = false;  ///< whoever may write to the folder shall not choose another file for a page

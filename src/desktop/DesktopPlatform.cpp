@@ -4,7 +4,7 @@
 #include "desktop/HttpFetch.h"
 #include "desktop/Text.h"
 #include "desktop/WindowSettings.h"
-#include "exchange/CarriedText.h"
+#include "exchange/PageFormats.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -74,6 +74,18 @@ void KeepFolder(const QFileDialog& dialog, const QString& key)
     WindowSettings().setValue(key, dialog.directory().absolutePath());
 }
 
+/// Of the files that carry a form, such as "*.svg".
+QStringList CarrierPatterns()
+{
+    QStringList patterns;
+    for (const PageFormat& format : PageFormats()) {
+        if (format.carriesForm) {
+            patterns << QStringLiteral("*.") + ToQt(format.name);
+        }
+    }
+    return patterns;
+}
+
 /// Limits a file dialog to the type. A type without an extension takes every file.
 void Prepare(QFileDialog& dialog, const FileType& type, QFileDialog::AcceptMode mode, const QString& suggestedName)
 {
@@ -85,7 +97,8 @@ void Prepare(QFileDialog& dialog, const FileType& type, QFileDialog::AcceptMode 
         const QString name = type.extension == "pdf" ? QStringLiteral("PDF documents") : QStringLiteral("Settings");
         QStringList filters = {QStringLiteral("%1 (*.%2)").arg(name, extension)};
         if (mode == QFileDialog::AcceptOpen) {
-            filters << QStringLiteral("Pages that carry their form (*.svg *.png)");
+            filters
+                << QStringLiteral("Pages that carry their form (%1)").arg(CarrierPatterns().join(QLatin1Char(' ')));
         }
         dialog.setNameFilters(filters);
         dialog.setDefaultSuffix(extension);
@@ -99,7 +112,7 @@ void Prepare(QFileDialog& dialog, const FileType& type, QFileDialog::AcceptMode 
 
 bool IsPicture(const QString& path)
 {
-    return IsNameOfPicture(path.toStdString());
+    return IsNameOfCarrier(path.toStdString());
 }
 
 DesktopPlatform::DesktopPlatform()
@@ -168,7 +181,7 @@ QStringList DesktopPlatform::AskForSettings()
     QFileDialog dialog(QApplication::activeWindow(), tr("Open Settings"));
     GoToFolder(dialog, QString::fromLatin1(settingsFolderKey));
     dialog.setFileMode(QFileDialog::ExistingFiles);
-    patterns << QStringLiteral("*.svg") << QStringLiteral("*.png");
+    patterns << CarrierPatterns();
     dialog.setNameFilter(QStringLiteral("Settings (%1)").arg(patterns.join(QLatin1Char(' '))));
     if (RunModal(dialog) != QDialog::Accepted) {
         return {};

@@ -2,7 +2,7 @@
 
 #include "desktop/Text.h"
 #include "desktop/WindowSettings.h"
-#include "exchange/SvgPage.h"
+#include "exchange/PngPage.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -15,13 +15,14 @@
 #include <QRadioButton>
 #include <QSpinBox>
 #include <algorithm>
+#include <vector>
 
 namespace linealis::desktop {
 
 namespace {
 
 const QString folderKey = QStringLiteral("folders/export");
-const QString formatKey = QStringLiteral("export/isPng");
+const QString formatKey = QStringLiteral("export/format");
 const QString resolutionKey = QStringLiteral("export/resolution");
 const QString transparentKey = QStringLiteral("export/transparent");
 
@@ -33,10 +34,13 @@ public:
         setObjectName(QStringLiteral("export"));
         setWindowTitle(QObject::tr("Export Page"));
         const WindowSettings settings;
-        svg->setObjectName(QStringLiteral("ExportSvg"));
-        png->setObjectName(QStringLiteral("ExportPng"));
-        QRadioButton* const last = settings.value(formatKey).toBool() ? png : svg;
-        last->setChecked(true);
+        auto* const form = new QFormLayout(this);
+        const QString last = settings.value(formatKey).toString();
+        for (const PageFormat& format : PageFormats()) {
+            if (&format != &PageFormats().front()) {  // which Generate makes
+                AddFormat(*form, format, last);
+            }
+        }
         resolution->setObjectName(QStringLiteral("ExportResolution"));
         resolution->setRange(1, HighestDotsPerInch(paper));
         resolution->setSuffix(QObject::tr(" dpi"));
@@ -44,9 +48,6 @@ public:
         transparent->setObjectName(QStringLiteral("ExportTransparent"));
         transparent->setChecked(settings.value(transparentKey).toBool());
 
-        auto* const form = new QFormLayout(this);
-        form->addRow(svg);
-        form->addRow(png);
         form->addRow(QObject::tr("&Resolution:"), resolution);
         form->addRow(QString(), pixels);
         form->addRow(QString(), transparent);
@@ -55,17 +56,16 @@ public:
         form->addRow(buttons);
         QObject::connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
         QObject::connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-        QObject::connect(png, &QRadioButton::toggled, this, [this] { Follow(); });
         QObject::connect(resolution, &QSpinBox::valueChanged, this, [this] { Follow(); });
-        last->setFocus();
+        chosen->button->setFocus();
         Follow();
     }
 
-    bool IsPng() const { return png->isChecked(); }
+    const PageFormat& Format() const { return *chosen->format; }
 
-    PngOptions Options() const
+    WriteOptions Options() const
     {
-        PngOptions options;
+        WriteOptions options;
         options.dotsPerInch = resolution->value();
         options.isTransparent = transparent->isChecked();
         return options;
@@ -74,43 +74,50 @@ public:
     void Keep() const
     {
         WindowSettings settings;
-        settings.setValue(formatKey, IsPng());
+        settings.setValue(formatKey, ToQt(Format().name));
         settings.setValue(resolutionKey, resolution->value());
         settings.setValue(transparentKey, transparent->isChecked());
     }
 
 private:
+    struct Choice {
+        const PageFormat* format;
+        QRadioButton* button;
+    };
+
+    void AddFormat(QFormLayout& form, const PageFormat& format, const QString& last)
+    {
+        auto* const button = new QRadioButton(
+            QStringLiteral("&%1, %2").arg(ToQt(format.title), QObject::tr(std::string(format.words).c_str())));
+        button->setObjectName(QStringLiteral("Export%1").arg(ToQt(format.title)));
+        form.addRow(button);
+        if (chosen == nullptr || ToQt(format.name) == last) {
+            button->setChecked(true);
+        }
+        choices.push_back({&format, button});
+        chosen = &choices.front();
+        QObject::connect(button, &QRadioButton::toggled, this, [this] { Follow(); });
+    }
+
     void Follow()
     {
+        for (const Choice& choice : choices) {
+            chosen = choice.button->isChecked() ? &choice : chosen;
+        }
         for (QWidget* const widget : std::initializer_list<QWidget*>{resolution, transparent, pixels}) {
-            widget->setEnabled(IsPng());
+            widget->setEnabled(Format().hasPixels);
         }
         const PixelSize size = PixelsOf(paper, resolution->value());
         pixels->setText(QObject::tr("%1 by %2 pixels").arg(size.width).arg(size.height));
     }
 
     PaperSize paper;
-    QRadioButton* svg = new QRadioButton(QObject::tr("&SVG, lines that stay sharp at any size"));
-    QRadioButton* png = new QRadioButton(QObject::tr("&PNG, a picture of pixels"));
+    std::vector<Choice> choices;
+    const Choice* chosen = nullptr;
     QSpinBox* resolution = new QSpinBox;
     QLabel* pixels = new QLabel;
     QCheckBox* transparent = new QCheckBox(QObject::tr("&Transparent, without the white of the paper"));
 };
-
-PaperSize SizeOf(const DrawnPage& page)
-{
-    return {page.frame.paperWidth, page.frame.paperHeight};
-}
-
-bool IsPng(const QString& path)
-{
-    return path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive);
-}
-
-QByteArray ToBytes(const std::string& bytes)
-{
-    return QByteArray::fromStdString(bytes);
-}
 
 }  // namespace
 
@@ -121,13 +128,13 @@ ExportChoice AskForExport(const PaperSize& paper, const QString& name, QWidget* 
         return {};
     }
     options.Keep();
-    const QString ending = options.IsPng() ? QStringLiteral("png") : QStringLiteral("svg");
+    const QString ending = ToQt(options.Format().name);
     QFileDialog dialog(parent, QObject::tr("Save Picture"));
     if (const QString last = WindowSettings().value(folderKey).toString(); QDir(last).exists()) {
         dialog.setDirectory(last);
     }
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setNameFilter(QStringLiteral("%1 (*.%2)").arg(ending.toUpper(), ending));
+    dialog.setNameFilter(QStringLiteral("%1 (*.%2)").arg(ToQt(options.Format().title), ending));
     dialog.setDefaultSuffix(ending);
     dialog.selectFile(name + QLatin1Char('.') + ending);
     if (runModal(dialog) != QDialog::Accepted) {
@@ -138,7 +145,7 @@ ExportChoice AskForExport(const PaperSize& paper, const QString& name, QWidget* 
     if (!path.endsWith(QLatin1Char('.') + ending, Qt::CaseInsensitive)) {
         path += QLatin1Char('.') + ending;
     }
-    return {path, options.Options()};
+    return {path, &options.Format(), options.Options()};
 }
 
 QString ExportPage(const DrawnPage& page, const ExportChoice& choice, Turns& turns)
@@ -146,11 +153,7 @@ QString ExportPage(const DrawnPage& page, const ExportChoice& choice, Turns& tur
     const QString name = QFileInfo(choice.path).fileName();
     BinaryStream stream = FolderItem(std::filesystem::path(choice.path.toStdString())).CreateBinaryFile();
     if (stream.IsOpen()) {
-        if (IsPng(choice.path)) {
-            WritePng(SizeOf(page), page.content, choice.png, stream, &turns);
-        } else {
-            WriteSvg(SizeOf(page), page.content, choice.png.carried, stream, &turns);
-        }
+        choice.format->write(page, choice.options, stream, turns);
         stream.Close();
     }
     if (stream.Error()) {
@@ -159,24 +162,15 @@ QString ExportPage(const DrawnPage& page, const ExportChoice& choice, Turns& tur
     return QObject::tr("Wrote %1").arg(name);
 }
 
-std::unique_ptr<QMimeData> PageForClipboard(const DrawnPage& page, const std::string& pdf,
-                                            const std::string& carried, Turns& turns)
+std::unique_ptr<QMimeData> PageForClipboard(const DrawnPage& page, const WriteOptions& options, Turns& turns)
 {
-    constexpr int resolution = 300;
-    const PaperSize paper = SizeOf(page);
-    PngOptions options;
-    options.dotsPerInch = std::min(resolution, HighestDotsPerInch(paper));
-    options.carried = carried;
-    std::string png, svg;
-    BinaryStream stream = BinaryStream::IntoMemory(png);
-    WritePng(paper, page.content, options, stream, &turns);
-    stream = BinaryStream::IntoMemory(svg);
-    WriteSvg(paper, page.content, carried, stream, &turns);
-
+    WriteOptions fitting = options;
+    fitting.dotsPerInch =
+        std::min<double>(options.dotsPerInch, HighestDotsPerInch({page.frame.paperWidth, page.frame.paperHeight}));
     auto data = std::make_unique<QMimeData>();
-    data->setData(QStringLiteral("application/pdf"), ToBytes(pdf));
-    data->setData(QStringLiteral("image/svg+xml"), ToBytes(svg));
-    data->setData(QStringLiteral("image/png"), ToBytes(png));
+    for (const PageFormat& format : PageFormats()) {
+        data->setData(ToQt(format.mimeType), QByteArray::fromStdString(BytesOf(format, page, fitting, turns)));
+    }
     return data;
 }
 

@@ -1,19 +1,19 @@
 #pragma once
 
 #include "desktop/PrintPage.h"
-#include "exchange/PngPage.h"
+#include "exchange/PageFormats.h"
 
 #include <QMimeData>
 #include <QString>
 #include <memory>
-#include <string>
 
 namespace linealis::desktop {
 
 /// What an export is to be.
 struct ExportChoice {
-    QString path;    ///< ends in .svg or .png; empty: the user has cancelled
-    PngOptions png;  ///< also of an SVG file: the text that it carries
+    QString path;                        ///< empty: the user has cancelled
+    const PageFormat* format = nullptr;  ///< whose ending the path has
+    WriteOptions options;
 };
 
 /// Asks for the format, the resolution and the file. `name` is proposed, without an ending.
@@ -24,9 +24,7 @@ ExportChoice AskForExport(const PaperSize& paper, const QString& name, QWidget* 
 /// and the file is as it was.
 QString ExportPage(const DrawnPage& page, const ExportChoice& choice, Turns& turns);
 
-/// The page for other programs, which take what they know best: PDF, SVG, PNG, or a picture. `pdf` are the bytes of
-/// its file. What `turns` throws passes through.
-std::unique_ptr<QMimeData> PageForClipboard(const DrawnPage& page, const std::string& pdf,
-                                            const std::string& carried, Turns& turns);
+/// The page in all formats, for other programs, which take what they know best. What `turns` throws passes through.
+std::unique_ptr<QMimeData> PageForClipboard(const DrawnPage& page, const WriteOptions& options, Turns& turns);
 
 }  // namespace linealis::desktop

@@ -55,7 +55,7 @@ void PaperView::Export()
     if (choice.path.isEmpty()) {
         return;
     }
-    choice.png.carried = CarriedForm(kind, window.form);
+    choice.options.carried = CarriedForm(kind, window.form);
     Use(tr("nothing was exported"),
         [&](const DrawnPage& page, Turns& turns) { return ExportPage(page, choice, turns); });
 }
@@ -63,10 +63,15 @@ void PaperView::Export()
 void PaperView::CopyPage()
 {
     Use(tr("nothing was copied"), [this](const DrawnPage& page, Turns& turns) {
-        const std::string pdf = FileBytesOf(page, platform.Now(), turns);
-        QGuiApplication::clipboard()->setMimeData(
-            PageForClipboard(page, pdf, CarriedForm(kind, window.form), turns).release());
-        return tr("Copied the page, as PDF, SVG and PNG");
+        WriteOptions options;
+        options.now = platform.Now();
+        options.carried = CarriedForm(kind, window.form);
+        QGuiApplication::clipboard()->setMimeData(PageForClipboard(page, options, turns).release());
+        QStringList titles;
+        for (const PageFormat& format : PageFormats()) {
+            titles << ToQt(format.title);
+        }
+        return tr("Copied the page, as %1").arg(titles.join(tr(", ")));
     });
 }
 

@@ -21,7 +21,7 @@ namespace {
 
 constexpr QSize pictureSize{48, 62};  // pixels of the screen
 
-QString Translate(const char* text)
+QString PresetText(const char* text)
 {
     return QCoreApplication::translate("PresetMenu", text);
 }
@@ -171,17 +171,17 @@ private:
 
     void AddLeft()
     {
-        const QString title = Translate("As I Left It");
+        const QString title = PresetText("As I Left It");
         const OwnPreset left{title.toStdString(), own.LeftFile(host.kind)};
         AddLaying(title, QStringLiteral("PresetLeft"), LayOf(left)).setEnabled(left.file.Exists());
     }
 
     void AddSaving()
     {
-        QAction* const save = menu.addAction(Translate("Save as Preset..."));
+        QAction* const save = menu.addAction(PresetText("Save as Preset..."));
         save->setObjectName(QStringLiteral("PresetSave"));
         QObject::connect(save, &QAction::triggered, &menu, [ask = host.saveAsPreset] { ask(); });
-        QAction* const useAsDefault = menu.addAction(Translate("Use as My Default"));
+        QAction* const useAsDefault = menu.addAction(PresetText("Use as My Default"));
         useAsDefault->setObjectName(QStringLiteral("PresetDefault"));
         useAsDefault->setCheckable(true);
         useAsDefault->setChecked(own.DefaultFile(host.kind).Exists());
@@ -190,7 +190,7 @@ private:
 
     void AddDeleting(const std::vector<OwnPreset>& saved)
     {
-        QMenu* const deleting = menu.addMenu(Translate("Delete Preset"));
+        QMenu* const deleting = menu.addMenu(PresetText("Delete Preset"));
         deleting->setObjectName(QStringLiteral("PresetDelete"));
         deleting->setEnabled(!saved.empty());
         for (const OwnPreset& preset : saved) {
@@ -209,8 +209,8 @@ private:
 std::optional<std::string> AskForName(QWidget& parent, DesktopPlatform& platform, const QString& earlier)
 {
     QInputDialog dialog(&parent);
-    dialog.setWindowTitle(Translate("Save as Preset"));
-    dialog.setLabelText(Translate("Name of the preset:"));
+    dialog.setWindowTitle(PresetText("Save as Preset"));
+    dialog.setLabelText(PresetText("Name of the preset:"));
     dialog.setTextValue(earlier);
     return platform.RunModal(dialog) == QDialog::Accepted ? std::optional(dialog.textValue().toStdString())
                                                           : std::nullopt;
@@ -223,9 +223,9 @@ bool MayReplace(Platform& platform, const FolderItem& file, const std::string& n
         return true;
     }
     MessageDialog dialog;
-    dialog.message = Translate("There is a preset “%1” already. Replace it?").arg(ToQt(name)).toStdString();
-    dialog.actionButton = Translate("Replace").toStdString();
-    dialog.cancelButton = Translate("Cancel").toStdString();
+    dialog.message = PresetText("There is a preset “%1” already. Replace it?").arg(ToQt(name)).toStdString();
+    dialog.actionButton = PresetText("Replace").toStdString();
+    dialog.cancelButton = PresetText("Cancel").toStdString();
     return platform.ShowModal(dialog) == MessageDialog::Button::Action;
 }
 
@@ -301,9 +301,9 @@ bool UseAsDefault(Platform& platform, const PaperKind& kind, const PaperWindow& 
 bool DeletePreset(Platform& platform, const OwnPreset& preset)
 {
     MessageDialog dialog;
-    dialog.message = Translate("Delete the preset “%1”?").arg(ToQt(preset.name)).toStdString();
-    dialog.actionButton = Translate("Delete").toStdString();
-    dialog.cancelButton = Translate("Cancel").toStdString();
+    dialog.message = PresetText("Delete the preset “%1”?").arg(ToQt(preset.name)).toStdString();
+    dialog.actionButton = PresetText("Delete").toStdString();
+    dialog.cancelButton = PresetText("Cancel").toStdString();
     if (platform.ShowModal(dialog) != MessageDialog::Button::Action) {
         return false;
     }

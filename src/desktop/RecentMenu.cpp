@@ -11,7 +11,7 @@ namespace linealis::desktop {
 
 namespace {
 
-QString Translate(const char* text)
+QString RecentText(const char* text)
 {
     return QCoreApplication::translate("RecentMenu", text);
 }
@@ -55,7 +55,7 @@ void Fill(QMenu& menu, const RecentFiles& recent, const std::function<void(const
     }
     menu.setEnabled(number > 0);
     menu.addSeparator();
-    QAction* const clear = menu.addAction(Translate("Clear Recent Files"));
+    QAction* const clear = menu.addAction(RecentText("Clear Recent Files"));
     clear->setObjectName(QStringLiteral("RecentClear"));
     QObject::connect(clear, &QAction::triggered, &menu, [&menu, recent] {
         recent.Clear();

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <utility>
 
 namespace linealis {
@@ -54,15 +53,6 @@ std::string TextInSvg(std::string_view svg)
 }
 
 }  // namespace
-
-bool IsNameOfPicture(std::string_view fileName)
-{
-    constexpr std::size_t longestEnding = 4;
-    std::string ending(fileName.substr(fileName.size() - std::min(fileName.size(), longestEnding)));
-    std::transform(ending.begin(), ending.end(), ending.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return ending == ".svg" || ending == ".png";
-}
 
 std::string XmlText(std::string_view text)
 {

@@ -17,9 +17,6 @@ inline constexpr std::string_view carriedKeyword = "Linealis form";
 /// picture, where the form stands before strokes and pixels.
 inline constexpr std::size_t longestForm = std::size_t{1} << 20U;
 
-/// Whether the name of a file ends as those of pictures do.
-bool IsNameOfPicture(std::string_view fileName);
-
 /// The text for an element of XML.
 std::string XmlText(std::string_view text);
 

@@ -1,6 +1,7 @@
 #include "exchange/FormJson.h"
 
 #include "exchange/CarriedText.h"
+#include "exchange/PageFormats.h"
 #include "pdf/ShortText.h"
 #include "pipeline/FieldWords.h"
 #include "pipeline/SetControl.h"
@@ -252,7 +253,7 @@ FormFile ParseForm(std::string name, std::string_view text)
     if (json.size() > longestForm) {
         throw FormError{file.name + ": is larger than any form"};
     }
-    FormReader reader(file, carried || IsNameOfPicture(file.name));
+    FormReader reader(file, carried || IsNameOfCarrier(file.name));
     Json::sax_parse(json, &reader);
     if (!reader.HasControls()) {
         throw FormError{file.name + ": is no form: it has no object \"controls\""};

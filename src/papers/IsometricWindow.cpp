@@ -8,7 +8,7 @@ namespace linealis {
 
 namespace {
 
-constexpr Role vertical = "grid.vertical", rising = "grid.rising", falling = "grid.falling";
+constexpr Role verticalRole = "grid.vertical", risingRole = "grid.rising", fallingRole = "grid.falling";
 
 // The slope of 30 degrees stands as cosine and sine, never as a tangent, which would differ in the last bit.
 class IsometricDrawing {
@@ -49,14 +49,14 @@ void IsometricDrawing::DrawFromBottomEdge()
     double x = 0.0;
     while (usableWidth > x) {
         // Not limited at the top: on a paper much wider than high it ends above the usable area.
-        DrawLine(rising, x, 0.0, usableWidth, ((usableWidth - x) * sine30) / cosine30);
-        DrawLine(vertical, x, 0.0, x, usableHeight);
+        DrawLine(risingRole, x, 0.0, usableWidth, ((usableWidth - x) * sine30) / cosine30);
+        DrawLine(verticalRole, x, 0.0, x, usableHeight);
         if (!Advances(x, step)) {
             break;
         }
         x = step + x;
         if (usableWidth > x) {
-            DrawLine(vertical, x, 0.0, x, usableHeight);
+            DrawLine(verticalRole, x, 0.0, x, usableHeight);
         }
         x = step + x;
     }
@@ -72,7 +72,7 @@ void IsometricDrawing::DrawRisingFromLeftEdge()
             yEnd = usableHeight;
             xEnd = ((usableHeight - y) * cosine30) / sine30;
         }
-        DrawLine(rising, 0.0, y, xEnd, yEnd);
+        DrawLine(risingRole, 0.0, y, xEnd, yEnd);
         if (!Advances(y, size)) {
             break;
         }
@@ -97,7 +97,7 @@ double IsometricDrawing::DrawFallingFromLeftEdge()
             yEnd = 0.0 + ((xEnd - usableWidth) / cosine30) / 2.0;
             xEnd = usableWidth;
         }
-        DrawLine(falling, 0.0, y, xEnd, yEnd);
+        DrawLine(fallingRole, 0.0, y, xEnd, yEnd);
         if (!Advances(y, size)) {
             break;
         }

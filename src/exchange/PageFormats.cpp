@@ -1,0 +1,86 @@
+#include "exchange/PageFormats.h"
+
+#include "exchange/PngPage.h"
+#include "exchange/SvgPage.h"
+#include "pdf/LetterCase.h"
+
+#include <algorithm>
+#include <array>
+
+namespace linealis {
+
+namespace {
+
+PaperSize SizeOf(const DrawnPage& page)
+{
+    return {page.frame.paperWidth, page.frame.paperHeight};
+}
+
+void WriteAsPdf(const DrawnPage& page, const WriteOptions& options, BinaryStream& stream, Turns& turns)
+{
+    WritePdf(page, options.now, stream, turns);
+}
+
+void WriteAsSvg(const DrawnPage& page, const WriteOptions& options, BinaryStream& stream, Turns& turns)
+{
+    WriteSvg(SizeOf(page), page.content, options.carried, stream, &turns);
+}
+
+void WriteAsPng(const DrawnPage& page, const WriteOptions& options, BinaryStream& stream, Turns& turns)
+{
+    WritePng(SizeOf(page), page.content, {options.dotsPerInch, options.isTransparent, 0.0, options.carried}, stream,
+             &turns);
+}
+
+constexpr auto formats = std::to_array<PageFormat>({
+    {.name = "pdf",
+     .title = "PDF",
+     .words = "the page as Generate makes it",
+     .mimeType = "application/pdf",
+     .write = WriteAsPdf},
+    {.name = "svg",
+     .title = "SVG",
+     .words = "lines that stay sharp at any size",
+     .mimeType = "image/svg+xml",
+     .carriesForm = true,
+     .write = WriteAsSvg},
+    {.name = "png",
+     .title = "PNG",
+     .words = "a picture of pixels",
+     .mimeType = "image/png",
+     .hasPixels = true,
+     .carriesForm = true,
+     .write = WriteAsPng},
+});
+
+}  // namespace
+
+std::span<const PageFormat> PageFormats()
+{
+    return formats;
+}
+
+const PageFormat* FindPageFormat(std::string_view name)
+{
+    const auto* const found = std::find_if(formats.begin(), formats.end(),
+                                           [&](const PageFormat& format) { return IsSameText(format.name, name); });
+    return found == formats.end() ? nullptr : found;
+}
+
+bool IsNameOfCarrier(std::string_view fileName)
+{
+    const std::size_t dot = fileName.rfind('.');
+    const PageFormat* const format =
+        dot == std::string_view::npos ? nullptr : FindPageFormat(fileName.substr(dot + 1));
+    return format != nullptr && format->carriesForm;
+}
+
+std::string BytesOf(const PageFormat& format, const DrawnPage& page, const WriteOptions& options, Turns& turns)
+{
+    std::string bytes;
+    BinaryStream stream = BinaryStream::IntoMemory(bytes);
+    format.write(page, options, stream, turns);
+    return bytes;
+}
+
+}  // namespace linealis
