@@ -17,6 +17,7 @@
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <set>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -152,9 +153,28 @@ inline std::string WithoutWarnings(const std::string& errors)
     return rest;
 }
 
+/// Fails for each program of scripts/setup that a command names and that is missing, and says which package has it.
+inline void ExpectPrograms(const std::vector<std::string>& command)
+{
+    std::set<std::string> words;
+    for (const std::string& part : command) {
+        std::istringstream stream(part);
+        words.insert(std::istream_iterator<std::string>(stream), {});
+    }
+    std::ifstream packages(LINEALIS_SETUP_PATH);
+    std::string group, package, program;
+    for (std::string line; std::getline(packages, line);) {
+        if (std::istringstream(line) >> group >> package >> program && group == "default" &&
+            words.contains(program) && std::system(("command -v " + program + " > /dev/null").c_str()) != 0) {
+            ADD_FAILURE() << program << " is missing; it is in the Debian package " << package;
+        }
+    }
+}
+
 /// Runs a command to its end.
 inline Finished Execute(std::vector<std::string> command)
 {
+    ExpectPrograms(command);
     const TemporaryFolder folder;
     const std::string output = folder / "out", errors = folder / "err";
     std::vector<char*> arguments;
