@@ -1,4 +1,5 @@
 #include "TestSupport.h"
+#include "exchange/PageRaster.h"
 #include "exchange/PngPage.h"
 #include "exchange/SvgPage.h"
 #include "pdf/PageContent.h"
@@ -333,6 +334,96 @@ TEST_F(Exchange, PngOfAnyContentIsWhatAReaderShows)
             ComparedWithReader(page, dotsPerInch, 0.05);
         }
     }
+}
+
+/// The strokes of a content, each painted alone.
+struct StrokePainter final : PageSink {
+    double pageHeight;
+    double dotsPerInch;
+    std::vector<double> inks;  ///< pixels
+    bool isMirrored = false;   ///< about the middle of a paper of A6
+    int step = 1;              ///< paints only the first of so many
+    int number = 0;
+
+    StrokePainter(double theHeight, double theResolution) : pageHeight(theHeight), dotsPerInch(theResolution) {}
+
+    bool Scale(double, double) override { return true; }
+    bool Stroke(PagePath path, const PagePen& pen) override
+    {
+        if (number++ % step != 0) {
+            return true;
+        }
+        constexpr double a6Width = 297.0;
+        constexpr int pixels = 700;
+        std::vector<PathSegment> placed(path.begin(), path.end());
+        for (PathSegment& segment : placed) {
+            for (Point* const point : {&segment.to, &segment.control1, &segment.control2}) {
+                point->x = isMirrored ? a6Width - point->x : point->x;
+            }
+        }
+        FontFaces faces;
+        PageRaster raster(faces, {pageHeight, dotsPerInch / 72.0, pixels, 0, pixels * 3 / 2}, true);
+        raster.Stroke(placed, pen);
+        double ink = 0.0;
+        for (int row = 0; row < pixels * 3 / 2; ++row) {
+            const std::span<const std::uint8_t> bytes = raster.Row(row);
+            for (std::size_t alpha = 3; alpha < bytes.size(); alpha += 4) {
+                ink += bytes[alpha] / 255.0;
+            }
+        }
+        inks.push_back(ink);
+        return true;
+    }
+    bool Fill(PagePath, const PageColor&) override { return true; }
+    bool FillAndStroke(PagePath, const PageColor&, const PagePen&) override { return true; }
+    bool Text(const PageText&) override { return true; }
+};
+
+TEST_F(Exchange, OverlapsInAStrokeAddNoInk)
+{
+    const std::string triangle = "10 10 m\r90 60 l\r90 10 l\r10 10 l\r", side = "10 10 m\r90 60 l\r";
+    const std::string arc = "20 20 m\r20 50 50 50 50 20 c\r", corner = "10 10 m\r50 10 l\r50 40 l\r";
+    for (const auto& [overlapping, plain] : std::vector<std::pair<std::string, std::string>>{
+             {triangle + "90 60 l\r", triangle},
+             {side + "10 10 l\r", side},
+             {side + "50 35 l\r", side},
+             {side + side, side},
+             {arc + arc, arc},
+             {arc + "50 50 20 50 20 20 c\r", arc},
+             {corner + "50 10 l\r10 10 l\r", corner},
+             {"10 40 m\r90 40 l\r40 40 m\r40 10 l\r", "10 40 m\r90 40 l\r40 39.9 m\r40 10 l\r"},
+             // Painted in two pieces, and with no gap between them.
+             {"10 10 m\r42.3 10 l\r42.3 10 m\r90 10 l\r", "10 10 m\r90 10 l\r"}}) {
+        for (const double width : {0.2, 1.0}) {
+            StrokePainter strokes(200.0, 200.0);
+            ReadPage(std::to_string(width) + " w\r" + overlapping + "S\r" + plain + "S\r", strokes);
+            EXPECT_NEAR(strokes.inks.at(0) / strokes.inks.at(1), 1.0, 0.01) << overlapping << width;
+        }
+    }
+}
+
+TEST_F(Exchange, EqualStrokesHaveEqualInk)
+{
+    for (const PaperKind& kind : PaperKinds()) {
+        ScreenlessPlatform platform;
+        const std::unique_ptr<PaperWindow> window = MakeWindow(kind, platform);
+        SetControl(kind.name, window->form, {"paper-size", "A6"});
+        const DrawnPage page = window->DrawPage();
+        StrokePainter strokes(421.0, 150.0), mirrored(421.0, 150.0);
+        mirrored.isMirrored = true;
+        strokes.step = mirrored.step = 17;
+        ReadPage(page.content, strokes);
+        ReadPage(page.content, mirrored);
+        for (std::size_t i = 0; i < strokes.inks.size(); ++i) {
+            EXPECT_NEAR(strokes.inks[i] / mirrored.inks.at(i), 1.0, 0.01) << kind.name << " stroke " << i;
+        }
+    }
+    // Far from the page's corner, too.
+    const std::string near = "20 20 m\r20 50 50 50 50 20 c\rS\r", far = "20 2020 m\r20 2050 50 2050 50 2020 c\rS\r";
+    StrokePainter low(100.0, 300.0), high(2100.0, 300.0);
+    ReadPage(near, low);
+    ReadPage(far, high);
+    EXPECT_NEAR(low.inks.at(0) / high.inks.at(0), 1.0, 0.01);
 }
 
 TEST_F(Exchange, PngRoundsToTheNearest)

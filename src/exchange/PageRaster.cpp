@@ -3,26 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdlib>
-
-#include FT_OUTLINE_H
-#include FT_STROKER_H
 
 namespace linealis {
 
 namespace {
 
-constexpr double partsOfPixel = 64.0;  // FreeType's unit
 constexpr std::size_t bytesPerPixel = 4;
-constexpr std::size_t mostPoints = 32000;  // FreeType counts them in 16 bits
-
-/// Far outside every picture, and near enough for FreeType. Pixels.
-constexpr double farOutside = 100000.0;
-
-FT_Pos Position(double pixels)
-{
-    return static_cast<FT_Pos>(std::lround(std::clamp(pixels, -farOutside, farOutside) * partsOfPixel));
-}
 
 std::array<std::uint8_t, 3> BytesOf(const PageColor& color)
 {
@@ -32,72 +18,75 @@ std::array<std::uint8_t, 3> BytesOf(const PageColor& color)
     return {byte(color.red), byte(color.green), byte(color.blue)};
 }
 
-/// Where spans of one color go.
+/// What FreeType's spans are taken for.
 struct Brush {
     std::vector<std::uint8_t>& pixels;
+    std::vector<std::uint8_t>& covered;
+    std::vector<std::span<std::uint8_t>>& spans;
     int width;
     int firstRow;
     int rows;
     std::array<std::uint8_t, 3> color;
 };
 
-void PaintSpans(int y, int count, const FT_Span* spans, void* user)
+constexpr unsigned opaque = 255;
+
+/// One of the channels of a pixel, when something covers that much of it.
+std::uint8_t Mixed(unsigned under, unsigned over, unsigned coverage)
 {
-    const Brush& brush = *static_cast<const Brush*>(user);
+    return static_cast<std::uint8_t>((over * coverage + under * (opaque - coverage) + opaque / 2) / opaque);
+}
+
+void PaintPixel(std::uint8_t* pixel, const std::array<std::uint8_t, 3>& color, unsigned coverage)
+{
+    for (std::size_t channel = 0; channel < color.size(); ++channel) {
+        pixel[channel] = Mixed(pixel[channel], color[channel], coverage);
+    }
+    pixel[color.size()] = Mixed(pixel[color.size()], opaque, coverage);
+}
+
+/// Hands on what of the spans is in the picture: its first pixel, counted from the brush's first, how many, and how
+/// much of them is covered.
+template <typename Take>
+void ForSpans(const Brush& brush, int y, std::span<const FT_Span> spans, Take take)
+{
     const int row = y - brush.firstRow;
     if (row < 0 || row >= brush.rows) {
         return;
     }
-    constexpr unsigned opaque = 255;
-    for (const FT_Span& span : std::span(spans, static_cast<std::size_t>(count))) {
+    for (const FT_Span& span : spans) {
         const int begin = std::max<int>(span.x, 0), end = std::min<int>(span.x + span.len, brush.width);
-        const unsigned covered = span.coverage;
-        const auto mix = [covered](unsigned under, unsigned over) {
-            return static_cast<std::uint8_t>((over * covered + under * (opaque - covered) + opaque / 2) / opaque);
-        };
-        std::size_t at = (static_cast<std::size_t>(row) * static_cast<std::size_t>(brush.width) +
-                          static_cast<std::size_t>(std::max(begin, 0))) *
-                         bytesPerPixel;
-        for (int x = begin; x < end; ++x, at += bytesPerPixel) {
-            for (std::size_t channel = 0; channel < brush.color.size(); ++channel) {
-                brush.pixels[at + channel] = mix(brush.pixels[at + channel], brush.color[channel]);
-            }
-            brush.pixels[at + 3] = mix(brush.pixels[at + 3], opaque);
+        if (begin < end) {
+            take(static_cast<std::size_t>(row) * static_cast<std::size_t>(brush.width) +
+                     static_cast<std::size_t>(begin),
+                 static_cast<std::size_t>(end - begin), span.coverage);
         }
     }
 }
 
-/// The part of the line between two points that lies within so much of the origin, by Liang and Barsky; false if
-/// there is none.
-bool ClipLine(Point& from, Point& to, double limit)
+void PaintSpans(int y, int count, const FT_Span* spans, void* user)
 {
-    const double dx = to.x - from.x, dy = to.y - from.y;
-    double enter = 0.0, leave = 1.0;
-    const std::array<std::pair<double, double>, 4> sides = {
-        {{-dx, from.x + limit}, {dx, limit - from.x}, {-dy, from.y + limit}, {dy, limit - from.y}}};
-    for (const auto& [step, room] : sides) {
-        if (step == 0.0) {
-            if (room < 0.0) {
-                return false;
-            }
-        } else if (step < 0.0) {
-            enter = std::max(enter, room / step);
-        } else {
-            leave = std::min(leave, room / step);
-        }
-    }
-    if (!(enter <= leave)) {
-        return false;
-    }
-    const Point start = from;
-    from = {start.x + enter * dx, start.y + enter * dy};
-    to = {start.x + leave * dx, start.y + leave * dy};
-    return true;
+    const Brush& brush = *static_cast<const Brush*>(user);
+    ForSpans(brush, y, {spans, static_cast<std::size_t>(count)},
+             [&brush](std::size_t first, std::size_t length, unsigned char coverage) {
+                 for (std::size_t at = first; at < first + length; ++at) {
+                     PaintPixel(&brush.pixels[at * bytesPerPixel], brush.color, coverage);
+                 }
+             });
 }
 
-struct DestroyStroker {
-    void operator()(FT_Stroker stroker) const { FT_Stroker_Done(stroker); }
-};
+/// Of shapes that overlap, the greatest coverage counts.
+void CoverSpans(int y, int count, const FT_Span* spans, void* user)
+{
+    const Brush& brush = *static_cast<const Brush*>(user);
+    ForSpans(brush, y, {spans, static_cast<std::size_t>(count)},
+             [&brush](std::size_t first, std::size_t length, unsigned char coverage) {
+                 for (std::size_t at = first; at < first + length; ++at) {
+                     brush.covered[at] = std::max<std::uint8_t>(brush.covered[at], coverage);
+                 }
+                 brush.spans.push_back(std::span(brush.covered).subspan(first, length));
+             });
+}
 
 char32_t TakeCharacter(std::string_view& utf8)
 {
@@ -113,178 +102,56 @@ char32_t TakeCharacter(std::string_view& utf8)
 
 }  // namespace
 
-/// A closed figure in FreeType's form.
-struct PageRaster::Outline {
-    std::vector<FT_Vector> points;
-    std::vector<char> tags;
-    std::vector<short> contours;  ///< the last point of each
-
-    void Add(const Point& placed, char tag) { Add(FT_Vector{Position(placed.x), Position(placed.y)}, tag); }
-    void Add(const FT_Vector& point, char tag)
-    {
-        points.push_back(point);
-        tags.push_back(tag);
-    }
-    void EndContour()
-    {
-        if (!points.empty() && (contours.empty() || contours.back() + 1 < static_cast<int>(points.size()))) {
-            contours.push_back(static_cast<short>(points.size() - 1));
-        }
-    }
-
-    template <typename ToPlace>
-    void Add(PagePath path, ToPlace toPlace)
-    {
-        for (const PathSegment& segment : path) {
-            if (segment.operation == PageOperator::Move) {
-                EndContour();
-            } else if (segment.operation == PageOperator::Curve) {
-                Add(toPlace(segment.control1), FT_CURVE_TAG_CUBIC);
-                Add(toPlace(segment.control2), FT_CURVE_TAG_CUBIC);
-            }
-            Add(toPlace(segment.to), FT_CURVE_TAG_ON);
-        }
-        EndContour();
-    }
-
-    FT_Outline InFreeType()
-    {
-        FT_Outline outline{};
-        outline.n_contours = static_cast<short>(contours.size());
-        outline.n_points = static_cast<short>(points.size());
-        outline.points = points.data();
-        outline.tags = tags.data();
-        outline.contours = contours.data();
-        return outline;
-    }
-};
-
 PageRaster::PageRaster(FontFaces& theFaces, const Place& thePlace, bool isTransparent)
-    : faces(theFaces), place(thePlace),
+    : faces(theFaces), place(thePlace), scale{place.pageHeight, place.pixelsPerPoint},
       pixels(static_cast<std::size_t>(place.width) * static_cast<std::size_t>(place.rows) * bytesPerPixel,
-             isTransparent ? 0 : 255)
+             isTransparent ? 0 : 255),
+      covered(pixels.size() / bytesPerPixel)
 {}
 
 bool PageRaster::Scale(double sx, double sy)
 {
-    scaleX = sx;
-    scaleY = sy;
+    scale.x = sx;
+    scale.y = sy;
     return true;
-}
-
-Point PageRaster::ToPixels(const Point& point) const
-{
-    return {point.x * scaleX * place.pixelsPerPoint, (place.pageHeight - point.y * scaleY) * place.pixelsPerPoint};
 }
 
 /// In the content's own unit.
 double PageRaster::WidthOf(const PagePen& pen) const
 {
-    const double pixelsPerUnit = std::sqrt(std::abs(scaleX * scaleY)) * place.pixelsPerPoint;
+    const double pixelsPerUnit = scale.PixelsPerUnit();
     const double thinnest = pen.width <= 0.0 ? std::max(place.thinnest, 1.0) : place.thinnest;
     return pixelsPerUnit > 0.0 ? std::max(pen.width, thinnest / pixelsPerUnit) : pen.width;
 }
 
 bool PageRaster::Stroke(PagePath path, const PagePen& pen)
 {
-    for (std::size_t begin = 0; begin < path.size();) {
-        std::size_t end = begin + 1;
-        while (end < path.size() && path[end].operation != PageOperator::Move) {
-            ++end;
-        }
-        const PagePath piece = path.subspan(begin, end - begin);
-        if (piece.size() == 2 && piece[1].operation == PageOperator::Line) {
-            StrokeLine(piece[0].to, piece[1].to, pen);
-        } else {
-            StrokePiece(piece, pen);
-        }
-        begin = end;
+    std::vector<Outline> shapes = ShapesOfStroke(path, pen, WidthOf(pen), scale, faces.Library());
+    if (shapes.size() == 1) {
+        Render(shapes.front(), pen.color, PaintSpans);
+        return true;
     }
+    for (Outline& shape : shapes) {
+        Render(shape, pen.color, CoverSpans);
+    }
+    const std::array<std::uint8_t, 3> color = BytesOf(pen.color);
+    for (const std::span<std::uint8_t> span : coveredSpans) {
+        auto* pixel = &pixels[static_cast<std::size_t>(span.data() - covered.data()) * bytesPerPixel];
+        for (std::uint8_t& coverage : span) {
+            PaintPixel(pixel, color, std::exchange(coverage, std::uint8_t{0}));
+            pixel += bytesPerPixel;
+        }
+    }
+    coveredSpans.clear();
     return true;
-}
-
-/// A line's rectangle, with its ends, worked out where its width is the same in all directions. One without length
-/// is a dot if its ends are round, a square if they are square.
-void PageRaster::StrokeLine(Point from, Point to, const PagePen& pen)
-{
-    constexpr double farOut = 1e6;  // points
-    const double length = std::hypot(to.x - from.x, to.y - from.y);
-    if ((length == 0.0 && pen.cap == 0) || !ClipLine(from, to, farOut)) {
-        return;
-    }
-    // Half the width along the line, and across it to the left.
-    const double half = WidthOf(pen) / 2.0;
-    const Point along =
-        length == 0.0 ? Point{half, 0.0} : Point{(to.x - from.x) / length * half, (to.y - from.y) / length * half};
-    const Point across{-along.y, along.x};
-    const auto at = [&](const Point& end, double forward, double left) {
-        return ToPixels({end.x + forward * along.x + left * across.x, end.y + forward * along.y + left * across.y});
-    };
-    Outline outline;
-    const auto addEnd = [&](const Point& end, double forward) {  // from the line's left to its right, or back
-        constexpr double circle = 0.5522847498;                  // makes a quarter of a circle of a Bezier curve
-        constexpr int round = 1, square = 2;
-        const double out = pen.cap == square ? forward : 0.0;
-        outline.Add(at(end, out, forward), FT_CURVE_TAG_ON);
-        if (pen.cap == round) {
-            outline.Add(at(end, forward * circle, forward), FT_CURVE_TAG_CUBIC);
-            outline.Add(at(end, forward, forward * circle), FT_CURVE_TAG_CUBIC);
-            outline.Add(at(end, forward, 0.0), FT_CURVE_TAG_ON);
-            outline.Add(at(end, forward, -forward * circle), FT_CURVE_TAG_CUBIC);
-            outline.Add(at(end, forward * circle, -forward), FT_CURVE_TAG_CUBIC);
-        }
-        outline.Add(at(end, out, -forward), FT_CURVE_TAG_ON);
-    };
-    addEnd(to, 1.0);
-    addEnd(from, -1.0);
-    outline.EndContour();
-    Paint(outline, pen.color);
-}
-
-void PageRaster::StrokePiece(PagePath piece, const PagePen& pen)
-{
-    constexpr double fine = 16.0;  // times finer than a pixel's parts, in the content's own system
-    const double unit = place.pixelsPerPoint * fine;
-    constexpr FT_Fixed miterLimit = 10L << 16U;
-    FT_Stroker raw = nullptr;
-    if (piece.size() * 3 > mostPoints || !Succeeded(FT_Stroker_New(faces.Library(), &raw))) {
-        return;
-    }
-    const std::unique_ptr<std::remove_pointer_t<FT_Stroker>, DestroyStroker> stroker(raw);
-    const FT_Stroker_LineCap cap = pen.cap == 0   ? FT_STROKER_LINECAP_BUTT
-                                   : pen.cap == 1 ? FT_STROKER_LINECAP_ROUND
-                                                  : FT_STROKER_LINECAP_SQUARE;
-    FT_Stroker_Set(raw, Position(WidthOf(pen) * unit / 2.0), cap, FT_STROKER_LINEJOIN_MITER_FIXED, miterLimit);
-    Outline path;
-    path.Add(piece, [unit](const Point& point) { return Point{point.x * unit, point.y * unit}; });
-    FT_Outline given = path.InFreeType();
-    FT_UInt points = 0, contours = 0;
-    if (!Succeeded(FT_Stroker_ParseOutline(raw, &given, 1)) ||
-        !Succeeded(FT_Stroker_GetCounts(raw, &points, &contours)) || points == 0 || points > mostPoints) {
-        return;
-    }
-    Outline made;
-    made.points.resize(points);
-    made.tags.resize(points);
-    made.contours.resize(contours);
-    FT_Outline stroked = made.InFreeType();
-    stroked.n_points = 0;  // which the stroker counts up
-    stroked.n_contours = 0;
-    FT_Stroker_Export(raw, &stroked);
-    for (FT_Vector& point : made.points) {
-        const Point placed = ToPixels({static_cast<double>(point.x) / partsOfPixel / unit,
-                                       static_cast<double>(point.y) / partsOfPixel / unit});
-        point = {Position(placed.x), Position(placed.y)};
-    }
-    Paint(made, pen.color);
 }
 
 bool PageRaster::Fill(PagePath path, const PageColor& color)
 {
     if (path.size() * 3 <= mostPoints) {
         Outline outline;
-        outline.Add(path, [this](const Point& point) { return ToPixels(point); });
-        Paint(outline, color);
+        outline.Add(path, [this](const Point& point) { return scale.Place(point); });
+        Render(outline, color, PaintSpans);
     }
     return true;
 }
@@ -313,25 +180,25 @@ bool PageRaster::Text(const PageText& text)
         for (int i = 0; i < glyph.n_points; ++i) {
             const double glyphX = (x + static_cast<double>(glyph.points[i].x)) * unit;
             const double glyphY = static_cast<double>(glyph.points[i].y) * unit;
-            outline.Add(ToPixels({a * glyphX + c * glyphY + e, b * glyphX + d * glyphY + f}), glyph.tags[i]);
+            outline.Add(scale.Place({a * glyphX + c * glyphY + e, b * glyphX + d * glyphY + f}), glyph.tags[i]);
         }
         outline.contours.assign(glyph.contours, glyph.contours + glyph.n_contours);
-        Paint(outline, text.color);
+        Render(outline, text.color, PaintSpans);
         x += static_cast<double>(face->glyph->metrics.horiAdvance);
     }
     return true;
 }
 
-void PageRaster::Paint(Outline& outline, const PageColor& color)
+void PageRaster::Render(Outline& outline, const PageColor& color, FT_SpanFunc takeSpans)
 {
     if (outline.contours.empty()) {
         return;
     }
     FT_Outline figure = outline.InFreeType();
-    Brush brush{pixels, place.width, place.firstRow, place.rows, BytesOf(color)};
+    Brush brush{pixels, covered, coveredSpans, place.width, place.firstRow, place.rows, BytesOf(color)};
     FT_Raster_Params params{};
     params.flags = FT_RASTER_FLAG_AA | FT_RASTER_FLAG_DIRECT | FT_RASTER_FLAG_CLIP;
-    params.gray_spans = PaintSpans;
+    params.gray_spans = takeSpans;
     params.user = &brush;
     params.clip_box = {0, place.firstRow, place.width, place.firstRow + place.rows};
     Succeeded(FT_Outline_Render(faces.Library(), &figure, &params));  // one that FreeType cannot paint is left out

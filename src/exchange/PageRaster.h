@@ -1,6 +1,7 @@
 #pragma once
 
 #include "exchange/FontFaces.h"
+#include "exchange/StrokeShapes.h"
 #include "pdf/PageContent.h"
 
 #include <cstdint>
@@ -36,19 +37,15 @@ public:
     std::span<const std::uint8_t> Row(int row) const;
 
 private:
-    struct Outline;
-
-    Point ToPixels(const Point& point) const;
     double WidthOf(const PagePen& pen) const;
-    void StrokeLine(Point from, Point to, const PagePen& pen);
-    void StrokePiece(PagePath piece, const PagePen& pen);
-    void Paint(Outline& outline, const PageColor& color);
+    void Render(Outline& outline, const PageColor& color, FT_SpanFunc takeSpans);
 
     FontFaces& faces;
     Place place;
-    double scaleX = 1.0;
-    double scaleY = 1.0;
+    PixelScale scale;
     std::vector<std::uint8_t> pixels;
+    std::vector<std::uint8_t> covered;  ///< of each pixel, by the stroke that is being painted; 255 is all
+    std::vector<std::span<std::uint8_t>> coveredSpans;  ///< where it covers some of them
 };
 
 }  // namespace linealis
