@@ -489,6 +489,14 @@ TEST_F(Exchange, SvgCutsLongPaths)
     EXPECT_EQ(paths(content + stroke), 2);
 }
 
+TEST_F(Exchange, SvgHasSizesAsOneWritesThem)
+{
+    std::string svg;
+    BinaryStream stream = BinaryStream::IntoMemory(svg);
+    WriteSvg({612, 595}, "", "", stream);
+    EXPECT_NE(svg.find(" width=\"215.9mm\" height=\"209.9028mm\" "), std::string::npos) << svg;
+}
+
 /// What no kind of paper draws.
 TEST_F(Exchange, SvgHasTheDashesOfTheContent)
 {

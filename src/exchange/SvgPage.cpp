@@ -1,6 +1,7 @@
 #include "exchange/SvgPage.h"
 
 #include "exchange/CarriedText.h"
+#include "pdf/Numbers.h"
 #include "pdf/PageContent.h"
 #include "pdf/StandardFonts.h"
 #include "pdf/Units.h"
@@ -190,8 +191,8 @@ void WriteSvg(const PaperSize& paper, std::string_view content, std::string_view
     const auto width = static_cast<double>(paper.width), height = static_cast<double>(paper.height);
     stream.Write(
         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg" + Attribute("xmlns", "http://www.w3.org/2000/svg") +
-        Attribute("version", "1.1") + Attribute("width", Written(width * mmPerPoint) + "mm") +
-        Attribute("height", Written(height * mmPerPoint) + "mm") +
+        Attribute("version", "1.1") + Attribute("width", Str(width * mmPerPoint) + "mm") +
+        Attribute("height", Str(height * mmPerPoint) + "mm") +
         Attribute("viewBox", "0 0 " + Written(width) + " " + Written(height)) + ">\n<title>Linealis</title>\n");
     if (!carried.empty()) {
         const std::string element(carriedElement);
