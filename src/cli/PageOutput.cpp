@@ -3,13 +3,17 @@
 #include "app/PageCheck.h"
 #include "cli/Errors.h"
 #include "cli/FileNames.h"
+#include "exchange/FontCheck.h"
 #include "exchange/PngPage.h"
 #include "pdf/Units.h"
 #include "platform/Process.h"
 #include "platform/ScreenlessPlatform.h"
 
 #include <algorithm>
+#include <ctime>
 #include <iostream>
+#include <mutex>
+#include <set>
 #include <utility>
 
 namespace linealis::cli {
@@ -52,6 +56,19 @@ void Warn(const PageJob& job, const OpenWindow& open, const DrawnPage& page, con
     const bool isShort = page.content.View().size() <= longestChecked;
     for (const PageWarning& warning : AllWarnings(open, isShort ? WarningsOf(page) : page.warnings, platform)) {
         Complain("warning: " + job.name + ": " + warning.text);
+    }
+}
+
+/// Says of each font only once what this machine shows instead of it, however many pages it paints.
+void WarnOfFonts(std::string_view content)
+{
+    static std::mutex mutex;
+    static std::set<std::string> said;
+    const std::lock_guard lock(mutex);
+    for (const PageWarning& warning : FontWarnings(content)) {
+        if (said.insert(warning.text).second) {
+            Complain("warning: " + warning.text);
+        }
     }
 }
 
@@ -111,6 +128,9 @@ void Generate(const PageJob& job, const OutputOptions& how, const std::atomic<bo
     const DrawnPage page = DrawPage(job.output, *open.window, std::move(read));
     Say(platform);
     Warn(job, open, page, platform);
+    if (job.format == PageFormat::Png) {
+        WarnOfFonts(page.content);
+    }
     const FolderItem file = FileOf(job, how);
     Turns turns(stopIfAsked);
     BinaryStream stream = file.CreateBinaryFile();

@@ -1,6 +1,7 @@
 #include "desktop/PageRenderer.h"
 
 #include "desktop/PagePainter.h"
+#include "exchange/FontCheck.h"
 #include "pipeline/PageJob.h"
 
 #include <QPainter>
@@ -204,8 +205,12 @@ void PageRenderer::Fulfil(const Wish& wish)
     if (warningsAreMissing) {  // the picture goes first
         StopIf(isNew);
         warningsAreMissing = false;
-        drawnWarnings =
-            content.size() <= longestContentChecked ? ContentWarnings(*wish.page, content, roles) : PageWarnings();
+        drawnWarnings.clear();
+        if (content.size() <= longestContentChecked) {
+            drawnWarnings = ContentWarnings(*wish.page, content, roles);
+            const PageWarnings ofFonts = FontWarnings(content);
+            drawnWarnings.insert(drawnWarnings.end(), ofFonts.begin(), ofFonts.end());
+        }
         emit Rendered({std::move(image), excerpt, problem, drawnWarnings});
     }
 }

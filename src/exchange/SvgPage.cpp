@@ -94,6 +94,14 @@ std::string FontAttributes(int number)
            (font.isSlanted ? Attribute("font-style", "italic") : "");
 }
 
+/// Keeps the width of a text where another font stands in for its own.
+std::string WidthAttributes(const PageText& text)
+{
+    const double width = ShownWidth(StandardFontOf(text.font), text.bytes) * text.size;
+    return width > 0.0 ? Attribute("textLength", Written(width)) + Attribute("lengthAdjust", "spacingAndGlyphs")
+                       : "";
+}
+
 /// Writes a content as elements. Strokes of one pen that follow each other become one path.
 class SvgSink final : public PageSink {
 public:
@@ -147,8 +155,8 @@ public:
         }
         stream.Write("<text" + Attribute("transform", matrix + Written(f) + ")") + FontAttributes(text.font) +
                      Attribute("font-size", Written(text.size)) + Attribute("fill", Written(text.color)) +
-                     Attribute("stroke", "none") + Attribute("xml:space", "preserve") + ">" + XmlText(text.utf8) +
-                     "</text>\n");
+                     Attribute("stroke", "none") + WidthAttributes(text) + Attribute("xml:space", "preserve") +
+                     ">" + XmlText(text.utf8) + "</text>\n");
         return true;
     }
 

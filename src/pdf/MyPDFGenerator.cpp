@@ -1,6 +1,7 @@
 #include "pdf/MyPDFGenerator.h"
 
 #include "pdf/Numbers.h"
+#include "pdf/StandardFonts.h"
 
 #include <zlib.h>
 
@@ -23,15 +24,14 @@ constexpr std::size_t writtenPieceSize = std::size_t{1} << 20U;
 /// What a piece takes, to compress or to write, in lines drawn, so that the interface gets its turn after each.
 constexpr int linesWorthOfAPiece = Turns::linesPerYield;
 
-/// The fonts of the objects 10 to 22. The first font, Courier, is object 7.
-constexpr std::string_view firstFont = "Courier";
-constexpr std::array<std::string_view, 13> furtherFonts = {
-    "Courier-Bold",   "Courier-BoldOblique",   "Courier-Oblique",   "Helvetica",
-    "Helvetica-Bold", "Helvetica-BoldOblique", "Helvetica-Oblique", "Times-Roman",
-    "Times-Bold",     "Times-Italic",          "Times-BoldItalic",  "Symbol",
-    "ZapfDingbats"};
+/// The font /F1 is object 7, and what follows in StandardFonts() are the objects 10 to 22.
 constexpr int firstFontObject = 7;
 constexpr int firstFurtherFontObject = 10;
+
+std::span<const StandardFont, 13> FurtherFonts()
+{
+    return StandardFonts().last<13>();
+}
 
 /// How hard deflate looks for repetitions (zlib's deflateTune), from a size of input on.
 struct Search {
@@ -292,7 +292,7 @@ void MyPDFGenerator::WriteResourceObject()
     const std::string first = std::to_string(firstFontObject) + " 0 R";
     WriteStringLineToFile("/Font<</F0 " + first);
     WriteStringLineToFile("/F1 " + first);
-    for (std::size_t i = 0; i < furtherFonts.size(); ++i) {
+    for (std::size_t i = 0; i < FurtherFonts().size(); ++i) {
         WriteStringLineToFile("/F" + std::to_string(i + 2) + " " + std::to_string(firstFurtherFontObject + i) +
                               " 0 R");
     }
@@ -321,7 +321,7 @@ void MyPDFGenerator::WriteObjects(std::string_view streamData, const LocalTime& 
     WriteContentObject(streamData);
     WriteBareObject(5, mystring(static_cast<std::int64_t>(streamData.size()) - 1));  // without the closing CR
     WriteInfoObject(now);
-    WriteFontObject(firstFont);
+    WriteFontObject(StandardFontOf(1).name);
     WriteResourceObject();
 
     NewObject();
@@ -330,8 +330,8 @@ void MyPDFGenerator::WriteObjects(std::string_view streamData, const LocalTime& 
     WriteStringLineToFile("/Pages 2 0 R");
     EndObject();
 
-    for (const std::string_view font : furtherFonts) {
-        WriteFontObject(font);
+    for (const StandardFont& font : FurtherFonts()) {
+        WriteFontObject(font.name);
     }
 }
 

@@ -24,28 +24,59 @@ constexpr FontFamily times{timesNames, "serif"};
 constexpr FontFamily symbol{symbolNames, ""};
 constexpr FontFamily dingbats{dingbatNames, ""};
 
-/// F0 and F1 are the same.
-constexpr std::array<StandardFont, 15> fonts = {{{courier},
-                                                 {courier},
-                                                 {courier, true},
-                                                 {courier, true, true},
-                                                 {courier, false, true},
-                                                 {helvetica},
-                                                 {helvetica, true},
-                                                 {helvetica, true, true},
-                                                 {helvetica, false, true},
-                                                 {times},
-                                                 {times, true},
-                                                 {times, false, true},
-                                                 {times, true, true},
-                                                 {symbol},
-                                                 {dingbats}}};
+constexpr FontWidths OneWidth(std::uint16_t width)
+{
+    FontWidths widths{};
+    widths.fill(width);
+    return widths;
+}
+
+constexpr FontWidths courierWidths = OneWidth(600);
+
+constexpr std::array<StandardFont, 15> fonts = {{
+    {"Courier", "Courier", courier, false, false, &courierWidths},
+    {"Courier", "Courier", courier, false, false, &courierWidths},
+    {"Courier-Bold", "Courier Bold", courier, true, false, &courierWidths},
+    {"Courier-BoldOblique", "Courier Bold Oblique", courier, true, true, &courierWidths},
+    {"Courier-Oblique", "Courier Oblique", courier, false, true, &courierWidths},
+    {"Helvetica", "Helvetica", helvetica, false, false, &helveticaWidths},
+    {"Helvetica-Bold", "Helvetica Bold", helvetica, true, false, &helveticaBoldWidths},
+    {"Helvetica-BoldOblique", "Helvetica Bold Oblique", helvetica, true, true, &helveticaBoldWidths},
+    {"Helvetica-Oblique", "Helvetica Oblique", helvetica, false, true, &helveticaWidths},
+    {"Times-Roman", "Times Roman", times, false, false, &timesWidths},
+    {"Times-Bold", "Times Bold", times, true, false, &timesBoldWidths},
+    {"Times-Italic", "Times Italic", times, false, true, &timesItalicWidths},
+    {"Times-BoldItalic", "Times Bold Italic", times, true, true, &timesBoldItalicWidths},
+    {"Symbol", "Symbol", symbol},
+    {"ZapfDingbats", "Zapf Dingbats", dingbats},
+}};
 
 }  // namespace
+
+std::span<const StandardFont, 15> StandardFonts()
+{
+    return fonts;
+}
 
 const StandardFont& StandardFontOf(int number)
 {
     return fonts.at(static_cast<std::size_t>(std::clamp(number, 0, static_cast<int>(fonts.size()) - 1)));
+}
+
+double ShownWidth(const StandardFont& font, std::string_view macRoman)
+{
+    constexpr unsigned char first = 0x20;
+    constexpr double unitsPerSize = 1000.0;
+    int sum = 0;
+    for (const char byte : macRoman) {
+        const auto character = static_cast<unsigned char>(byte);
+        const int width = font.widths != nullptr && character >= first ? font.widths->at(character - first) : 0;
+        if (width == 0) {
+            return 0.0;
+        }
+        sum += width;
+    }
+    return sum / unitsPerSize;
 }
 
 }  // namespace linealis

@@ -1,6 +1,7 @@
 #include "pipeline/PaperForm.h"
 
 #include "pdf/Numbers.h"
+#include "pdf/StandardFonts.h"
 #include "pdf/Units.h"
 #include "pipeline/PaperSizes.h"
 #include "pipeline/UnitConversion.h"
@@ -172,10 +173,13 @@ ShiftClickNote::ShiftClickNote(PaperForm& form, std::string_view name)
 
 const std::vector<std::string_view>& FontNames()
 {
-    static const std::vector<std::string_view> names = {
-        "Courier",     "Courier Bold",   "Courier Bold Oblique",   "Courier Oblique",
-        "Helvetica",   "Helvetica Bold", "Helvetica Bold Oblique", "Helvetica Oblique",
-        "Times Roman", "Times Bold",     "Times Italic",           "Times Bold Italic"};
+    static const std::vector<std::string_view> names = [] {
+        std::vector<std::string_view> titles;
+        for (const StandardFont& font : StandardFonts().subspan<1, 12>()) {
+            titles.push_back(font.title);
+        }
+        return titles;
+    }();
     return names;
 }
 
