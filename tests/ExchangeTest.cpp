@@ -7,6 +7,8 @@
 #include "pipeline/PaperForm.h"
 #include "pipeline/SetControl.h"
 
+#include <sys/resource.h>
+
 #include <charconv>
 #include <cmath>
 #include <numeric>
@@ -540,6 +542,28 @@ TEST_F(Exchange, PicturesGiveTheirFormBack)
     Run("$cli form --form x.png");
     WriteFile(folder / "x.png", png.substr(0, end - 1));
     Run("$cli form --form x.png", "x.png: is a picture that carries no form");
+}
+
+TEST_F(Exchange, AThumbnailOfAnyPageTakesLittle)
+{
+    Run("$cli save dots --set paper-size=A0 --set vertical-spacing=.01 --set horizontal-spacing=.01 -o a.setd");
+    const std::string settings = folder / "a.setd", picture = folder / "a.png";
+    const pid_t process = ::fork();
+    if (process == 0) {
+        ::execl(LINEALIS_CLI_PATH, LINEALIS_CLI_PATH, "thumbnail", "--size", "256", settings.c_str(),
+                picture.c_str(), nullptr);
+        ::_exit(127);
+    }
+    int status = -1;
+    rusage used{};
+    ::wait4(process, &status, 0, &used);
+    EXPECT_EQ(status, 0);
+    EXPECT_GT(ReadPng(ReadFile(picture), 3).Ink(), 10000.0) << "what there was time for";
+#ifndef __SANITIZE_ADDRESS__
+    const auto milliseconds = [](const timeval& time) { return time.tv_sec * 1000 + time.tv_usec / 1000; };
+    EXPECT_LT(milliseconds(used.ru_utime) + milliseconds(used.ru_stime), 1000);
+    EXPECT_LT(used.ru_maxrss, 64 * 1024);
+#endif
 }
 
 TEST_F(Exchange, BadInputIsNamed)

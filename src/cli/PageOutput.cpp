@@ -192,8 +192,17 @@ void MakeThumbnail(const Source& source, const std::string& output, int size)
     BinaryStream stream = OutputFile(output).CreateBinaryFile();
     if (stream.IsOpen()) {
         constexpr double thinnest = 0.5;  // pixels: thinner lines would hardly be seen
-        const DrawnPage page = DrawPage(source.name, *open.window, std::move(read));
-        WritePng(paper, page.content, {size * pointsPerInch / longer, false, thinnest}, stream);
+        // File managers make many at a time: of a heavy page a thumbnail shows what it gets to in time.
+        constexpr std::int64_t mostContent = std::int64_t{8} << 20U;
+        constexpr std::clock_t longest = CLOCKS_PER_SEC * 3 / 4;
+        const std::clock_t end = std::clock() + longest;
+        Turns turns([end] {
+            if (std::clock() >= end) {
+                throw PageStopped{};
+            }
+        });
+        const DrawnPage page = DrawBeginning(std::move(read), turns, mostContent);
+        WritePng(paper, page.content, {size * pointsPerInch / longer, false, thinnest, {}, end}, stream);
         stream.Close();
     }
     if (stream.Error()) {

@@ -30,6 +30,23 @@ void Convert(std::span<const std::uint8_t> painted, bool isTransparent, std::vec
     }
 }
 
+void Paint(std::string_view content, PageRaster& raster, const PngOptions& options, Turns* turns)
+{
+    if (!options.endOfPainting) {
+        ReadPage(content, raster, turns);
+        return;
+    }
+    Turns limited([&options] {
+        if (std::clock() >= *options.endOfPainting) {
+            throw PageStopped{};
+        }
+    });
+    try {
+        ReadPage(content, raster, &limited);
+    } catch (const PageStopped&) {
+    }
+}
+
 }  // namespace
 
 PixelSize PixelsOf(const PaperSize& paper, double dotsPerInch)
@@ -75,7 +92,7 @@ void WritePng(const PaperSize& paper, std::string_view content, const PngOptions
                           {static_cast<double>(paper.height), options.dotsPerInch / pointsPerInch, width, first,
                            rows, options.thinnest},
                           options.isTransparent);
-        ReadPage(content, raster, turns);
+        Paint(content, raster, options, turns);
         for (int row = 0; row < rows; ++row) {
             Convert(raster.Row(row), options.isTransparent, converted);
             file.WriteRow(converted);

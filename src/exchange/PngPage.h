@@ -5,6 +5,8 @@
 #include "platform/Turns.h"
 
 #include <cstdint>
+#include <ctime>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,6 +18,8 @@ struct PngOptions {
     bool isTransparent = false;  ///< only what the page paints is there; otherwise the paper is white
     double thinnest = 0.0;       ///< pixels: a line thinner than this is painted that wide
     std::string carried = {};    ///< a text that it carries; empty: none
+    /// After so much processor time of the whole process the picture has what is painted by then.
+    std::optional<std::clock_t> endOfPainting = {};
 };
 
 struct PixelSize {

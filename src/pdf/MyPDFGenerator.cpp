@@ -105,7 +105,9 @@ std::string TwoDigits(int value)
 
 }  // namespace
 
-MyPDFGenerator::MyPDFGenerator(Turns& theTurns) : turns(theTurns), streamC(initialCapacity, capacityIncrement) {}
+MyPDFGenerator::MyPDFGenerator(Turns& theTurns, std::int64_t theLargestStream)
+    : turns(theTurns), mostStream(theLargestStream), streamC(initialCapacity, capacityIncrement)
+{}
 
 int MyPDFGenerator::CreateNew()
 {

@@ -49,8 +49,9 @@ public:
 
     FolderItem theFile;  ///< the file that CloseFile writes; must be set by then
 
-    /// `theTurns` are those of its long loops.
-    explicit MyPDFGenerator(Turns& theTurns);
+    /// `theTurns` are those of its long loops. A page with more bytes of drawing than `theLargestStream` is given
+    /// up.
+    explicit MyPDFGenerator(Turns& theTurns, std::int64_t theLargestStream = largestStream);
 
     // The document, in calling order (MyPDFGenerator.cpp).
 
@@ -189,6 +190,7 @@ private:
     void WriteStringLineToFile(std::string_view text);
 
     Turns& turns;
+    std::int64_t mostStream;  ///< bytes
 
     std::int64_t numObjects = 0;  ///< highest object number used so far
     BinaryStream b;

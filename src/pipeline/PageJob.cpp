@@ -52,6 +52,17 @@ DrawnPage DrawPage(PaperPage page, Turns& turns, const PageQuestions& ask)
     return {std::move(page), pdf.TakeStream(), pdf.Roles()};
 }
 
+DrawnPage DrawBeginning(PaperPage page, Turns& turns, std::int64_t mostContent)
+{
+    MyPDFGenerator pdf(turns, mostContent);
+    try {
+        DrawContent(page, pdf, turns, {});
+    } catch (const PageGivenUp&) {
+    } catch (const PageStopped&) {
+    }
+    return {std::move(page), pdf.TakeStream(), pdf.Roles()};
+}
+
 void WritePdf(const DrawnPage& page, const LocalTime& now, BinaryStream& stream, Turns& turns)
 {
     MyPDFGenerator pdf(turns);

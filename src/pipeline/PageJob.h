@@ -20,6 +20,10 @@ struct DrawnPage : PaperPage {
 /// Draws a page that was read. What `turns` throws passes through, and so does PageGivenUp.
 DrawnPage DrawPage(PaperPage page, Turns& turns, const PageQuestions& ask = {});
 
+/// Draws as much of a page as there is place for, in bytes of its content, until `turns` throw PageStopped. Asks
+/// nothing.
+DrawnPage DrawBeginning(PaperPage page, Turns& turns, std::int64_t mostContent);
+
 /// Writes the page's file to an open stream. What `turns` throws passes through.
 void WritePdf(const DrawnPage& page, const LocalTime& now, BinaryStream& stream, Turns& turns);
 
