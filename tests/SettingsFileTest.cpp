@@ -56,7 +56,7 @@ TEST_F(SettingsFile, IndicesAndChannelsOutOfRangeAreLimited)
     EXPECT_EQ(form.Text("EditVertWeight"), "0.9");
 }
 
-TEST_F(SettingsFile, AliasResolvesOnlyToOurOwnPdf)
+TEST_F(SettingsFile, AliasResolvesOnlyToAPdf)
 {
     form.SetText("EditHorzSpacing", "0.002");  // the producer line stands far behind the start
     Generate();
@@ -73,10 +73,12 @@ TEST_F(SettingsFile, AliasResolvesOnlyToOurOwnPdf)
 
     std::string foreign = pdf;
     foreign.replace(foreign.rfind("(Linealis)"), 10, "(Linear's)");
-    WriteFile(folder / "foreign.pdf", foreign);
+    const FolderItem other(folder / "foreign.pdf");
+    WriteFile(other.Path(), foreign);
+    EXPECT_EQ(resolved(Alias(other.Path().string())), other.Path()) << "such as one that a tool has made smaller";
     WriteFile(folder / "text.pdf", "/Producer (Linealis)\r");
     WriteFile(folder / "empty.pdf", "");
-    for (const char* const name : {"foreign.pdf", "text.pdf", "empty.pdf", "missing.pdf", ""}) {
+    for (const char* const name : {"text.pdf", "empty.pdf", "missing.pdf", ""}) {
         EXPECT_EQ(resolved(Alias((folder / name).string())), "") << name;
     }
     const fs::path old = fs::current_path();
@@ -93,6 +95,31 @@ TEST_F(SettingsFile, AliasResolvesOnlyToOurOwnPdf)
     platform.saveQuestions.clear();
     Generate();
     EXPECT_EQ(platform.saveQuestions.size(), 1U) << "asks, since the file is gone";
+}
+
+TEST_F(SettingsFile, AForeignPdfIsReplacedOnlyIfTheUserSaysSo)
+{
+    const std::string foreign = "%PDF-1.7\nof another program";
+    WriteFile(page.Path(), foreign);
+    Load(start + Alias(page.Path().string()) + rest);
+    form.SetValue("CheckBoxViewGraph", true);
+    window->PushButtonGenerate_Action();
+    EXPECT_EQ(ReadFile(page.Path()), foreign);
+    EXPECT_EQ(window->OutputFile(), page);
+    EXPECT_TRUE(platform.launched.empty());
+    platform.buttonAnswer = MessageDialog::Button::Action;
+    Generate();
+    EXPECT_EQ(Complaints(page.Path()), "");
+    WriteFile(page.Path(), foreign);
+    Generate();
+    EXPECT_EQ(Complaints(page.Path()), "");
+    ASSERT_EQ(platform.dialogs.size(), 2U) << "asks once";
+    EXPECT_EQ(platform.dialogs[0].message.find(page.Path().string()), 0U);
+
+    WriteFile(page.Path(), foreign);
+    window = Open();
+    Generate();
+    EXPECT_EQ(platform.dialogs.size(), 2U) << "the save dialog has asked";
 }
 
 TEST_F(SettingsFile, LongTextIsCutAndWhatFollowsStays)

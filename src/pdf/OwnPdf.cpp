@@ -6,6 +6,12 @@
 
 namespace linealis {
 
+bool IsPdf(const FolderItem& file)
+{
+    const std::string header = "%PDF-";
+    return file.OpenAsBinaryFile().Read(header.size()) == header;
+}
+
 bool IsOwnPdf(const FolderItem& file)
 {
     const std::string header = "%PDF-1.4\r";

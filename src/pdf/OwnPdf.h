@@ -4,7 +4,10 @@
 
 namespace linealis {
 
-/// Whether the file exists and is a PDF that this program made. Anything else, a device or a folder too, is not.
+/// Whether the file exists and is a PDF. Anything else, a device or a folder too, is not.
+bool IsPdf(const FolderItem& file);
+
+/// Whether it is one that this program made, and nobody has changed since.
 bool IsOwnPdf(const FolderItem& file);
 
 }  // namespace linealis

@@ -1,5 +1,6 @@
 #include "pipeline/PaperWindow.h"
 
+#include "pdf/OwnPdf.h"
 #include "pipeline/FieldWords.h"
 #include "pipeline/MarkerFile.h"
 
@@ -56,20 +57,35 @@ void PaperWindow::PushButtonGenerate_Action()
 void PaperWindow::DoFilename()
 {
     if (outputFile.IsEmpty()) {
-        outputFile = platform.GetSaveFolderItem(pdfFileType, suggestedPageName);
+        ChooseOutputFile();
     }
-    pdf.theFile = outputFile;
-    if (outputFile.IsEmpty()) {
+    pdf.theFile = MayReplaceOutputFile() ? outputFile : FolderItem();
+    if (pdf.theFile.IsEmpty()) {
         return;
     }
     SetOutputFile(outputFile);
+    settledFile = outputFile;
     DoPage();
+}
+
+bool PaperWindow::MayReplaceOutputFile()
+{
+    if (outputFile == settledFile || !outputFile.Exists() || IsOwnPdf(outputFile)) {
+        return true;
+    }
+    MessageDialog dialog;
+    dialog.message =
+        outputFile.Path().string() + " was not made by Linealis, or has been changed since. Replace it?";
+    dialog.actionButton = "Replace";
+    dialog.cancelButton = "Cancel";
+    return platform.ShowModal(dialog) == MessageDialog::Button::Action;
 }
 
 void PaperWindow::ChooseOutputFile()
 {
     if (const FolderItem file = platform.GetSaveFolderItem(pdfFileType, suggestedPageName); !file.IsEmpty()) {
         SetOutputFile(file);
+        settledFile = file;
     }
 }
 

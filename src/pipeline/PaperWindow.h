@@ -99,6 +99,9 @@ private:
     bool Store(const FolderItem& file);
     void NoteFailure(const FolderItem& file, const char* what, std::error_code error) const;
     void SetOutputFile(const FolderItem& file);
+    /// Whether the page may take the place of the output file. A settings file may have named any PDF, so one that
+    /// this program did not make is asked about, once.
+    bool MayReplaceOutputFile();
     PageQuestions Dialogs() const;
 
     Paper paper;
@@ -108,6 +111,7 @@ private:
     MyPDFGenerator pdf;
     PaperPage page;
     FolderItem outputFile;
+    FolderItem settledFile;  ///< the last output file that the user has chosen, or agreed to, or that was written
     FolderItem ourFolderItem;
     std::vector<ControlState> stored;  ///< the form when it was last saved or opened
     std::optional<PageEnd> lastPage;

@@ -61,8 +61,8 @@ void WriteAlias(const FolderItem& file, BinaryStream& stream)
     stream.Write(reference);
 }
 
-/// The file that the reference leads to, if that is a page of this program; anything else could be a file that a
-/// foreign settings file wants Generate to overwrite.
+/// The PDF that the reference leads to. It may be another program's (PaperWindow::MayReplaceOutputFile); anything
+/// else can only be a file that a foreign settings file wants Generate to overwrite.
 FolderItem ReadAlias(SettingsStream& settings)
 {
     BinaryStream& stream = settings.stream;
@@ -76,7 +76,7 @@ FolderItem ReadAlias(SettingsStream& settings)
         return {};
     }
     FolderItem file(path);
-    return IsOwnPdf(file) ? file : FolderItem();
+    return IsPdf(file) ? file : FolderItem();
 }
 
 }  // namespace
