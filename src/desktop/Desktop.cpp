@@ -126,6 +126,7 @@ void Desktop::ShowManual(const PaperKind* kind)
 {
     if (!manualWindow) {
         manualWindow = std::make_unique<ManualWindow>();
+        connect(manualWindow.get(), &ManualWindow::Closed, this, &Desktop::EndIfLastWindow);
     }
     manualWindow->ShowChapter(kind == nullptr ? QString() : ToQt(kind->galleryTitle));
     BringToFront(*manualWindow);
@@ -196,6 +197,8 @@ void Desktop::Raise()
 {
     if (inFront) {
         BringToFront(*inFront);
+    } else {
+        ShowGallery();
     }
 }
 
@@ -275,7 +278,7 @@ void Desktop::End()
 
 bool Desktop::AnyWindowOpen() const
 {
-    return !views.empty() || galleryView;
+    return !views.empty() || galleryView || (manualWindow && manualWindow->isVisible());
 }
 
 void Desktop::CloseFrontWindow()

@@ -40,7 +40,8 @@ public:
     /// Opens settings files of any kind, and pictures that carry a form, at once, without a message.
     void OpenSettings(const QStringList& files);
 
-    /// Brings the window that was in front last to the front again, for a second start.
+    /// Brings the window that was in front last to the front again, for a second start; the gallery if there is
+    /// only the manual.
     void Raise();
 
     /// Stops the pages that are being made, rejects the dialogs that are open, and as soon as they have ended, ends

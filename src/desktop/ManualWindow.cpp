@@ -193,6 +193,8 @@ void ManualWindow::closeEvent(QCloseEvent* event)
 {
     WindowSettings().setValue(geometryKey, saveGeometry());
     QMainWindow::closeEvent(event);
+    hide();
+    emit Closed();
 }
 
 }  // namespace linealis::desktop

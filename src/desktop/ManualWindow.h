@@ -19,6 +19,10 @@ public:
     /// Goes to the chapter of a heading, given in words: "Lined Paper". The beginning if there is none.
     void ShowChapter(const QString& heading);
 
+signals:
+    /// The user has closed it. It may be shown again.
+    void Closed();
+
 protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
