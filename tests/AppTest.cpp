@@ -232,6 +232,16 @@ TEST_F(PaperWindows, TheGraphsLastSettingsAreLoadedByTheGalleryAlone)
     EXPECT_EQ(window.form.EditXScale.Text(), "77") << "loaded again by each click";
 }
 
+TEST_F(PaperWindows, TheWizardKeepsWhatItHeldWhenItsWindowIsClosed)
+{
+    Window("graph").GetWizard()->Fields().Get<TextField>("EditMaxX").Type("14");
+    app.PaperClosed(*FindPaperKind("graph"));
+    PaperWindow& graph = Window("graph");
+    EXPECT_EQ(graph.GetWizard()->Fields().Get<TextField>("EditMaxX").Text(), "14");
+    graph.GetWizard()->PushButton1_Action();
+    EXPECT_EQ(graph.form.Get<TextField>("EditXAxisMaximum").Text(), "14");
+}
+
 TEST_F(PaperWindows, BeginWithTheUsersDefaultAndAreLeftInAFile)
 {
     const OwnPresets own(preferences);

@@ -136,6 +136,9 @@ PaperWindow& App::ShowPaper(const PaperKind& kind)
         if (const FolderItem file = DefaultFile(kind); file.Exists()) {
             window->LayOver(file.OpenAsBinaryFile());
         }
+        if (const auto held = wizards.find(&kind); held != wizards.end()) {
+            window->GetWizard()->Fields().Restore(held->second);
+        }
     }
     windows.Show(kind, *window);
     return *window;
@@ -150,6 +153,9 @@ std::unique_ptr<PaperWindow> App::PaperClosed(const PaperKind& kind)
     std::unique_ptr<PaperWindow> window = std::move(closed->second);
     papers.erase(closed);
     StoreLastSettings(kind, *window);
+    if (Wizard* const wizard = window->GetWizard()) {
+        wizards[&kind] = wizard->Fields().State();
+    }
     return window;
 }
 

@@ -104,6 +104,8 @@ private:
     Preferences preferences;
     GalleryWindow gallery;
     std::map<const PaperKind*, std::unique_ptr<PaperWindow>> papers;
+    /// What the wizard of each kind last held. The wizard is one for the whole run, whatever becomes of its window.
+    std::map<const PaperKind*, std::vector<ControlState>> wizards;
     std::unique_ptr<VersionCheckThread> versionCheck;
 };
 

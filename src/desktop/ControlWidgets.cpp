@@ -79,6 +79,7 @@ ControlWidget WidgetMaker::operator()(Popup& popup) const
                              committed();
                          }
                      });
+    box->setAccessibleDescription(ToQt(WholeName(form, popup)));  // on Unix its name is the item that it shows
     return {box, [box, &popup] { box->setCurrentIndex(popup.ListIndex()); }};
 }
 

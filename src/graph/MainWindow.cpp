@@ -63,14 +63,15 @@ AxisType TypeOf(const Popup& popup)
 }  // namespace
 
 GridRow::GridRow(PaperForm& form, AxisName axis)
-    : type{form,
+    : caption{form, Group::Spacing, Of(axis, "StaticTextXGrid", "StaticTextYGrid"), Of(axis, "X Grid:", "Y Grid:")},
+      type{form,
            Group::Spacing,
            Of(axis, "PopupXAxis", "PopupYAxis"),
            Of(axis, "x-grid", "y-grid"),
-           Of(axis, "X Grid:", "Y Grid:"),
+           "Axis Type:",
            AxisTypes(axis),
            0,
-           {.governs = {RolesOf(axis).grid, RolesOf(axis).numbers}}},
+           {.captionAbove = true, .governs = {RolesOf(axis).grid, RolesOf(axis).numbers}}},
       lineSpacing{form,
                   Group::Spacing,
                   Of(axis, "EditXLineSpacing", "EditYLineSpacing"),
@@ -159,10 +160,12 @@ AxisRow::AxisRow(PaperForm& form, AxisName axis)
                  Group::Axes,
                  Of(axis, "PopupXAxisType", "PopupYAxisType"),
                  Of(axis, "x-axis-numbers", "y-axis-numbers"),
-                 "Numbers",
+                 "",
                  {"Numeric", "Trigonometric"},
                  0,
-                 {.captionAbove = true, .governs = {RolesOf(axis).numbers}}}
+                 {.captionAbove = true,
+                  .fullName = Of(axis, "X Axis, Numbers", "Y Axis, Numbers"),
+                  .governs = {RolesOf(axis).numbers}}}
 {}
 
 AxisTitleRow::AxisTitleRow(PaperForm& form, AxisName axis)

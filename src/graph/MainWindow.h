@@ -32,6 +32,7 @@ inline constexpr AxisRoles rolesOfY = {"grid.y", "grid.y.minor", "grid.y.major",
 
 /// The grid of one axis: a row of a table whose columns the X row names.
 struct GridRow {
+    Label caption;
     Popup type;
     TextField lineSpacing;
     TextField lineThickness;

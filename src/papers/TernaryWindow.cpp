@@ -162,6 +162,9 @@ void TernaryDrawing::ShowTurned(const std::string& text, double angle, double x,
 
 void TernaryDrawing::DrawNumbersOnSides()
 {
+    if (divisions == 0.0) {
+        return;  // neither the numbers nor their places are any
+    }
     pdf.SetRole("number");
     for (double i = 0.0; i <= divisions; i += 1.0) {
         const double n = divisions - i;
