@@ -64,6 +64,7 @@ Desktop::Desktop()
 {
     QApplication::setQuitOnLastWindowClosed(false);  // a page may still be under way: Quit sees to it
     qApp->installEventFilter(this);
+    platform.whoAsks = [this] { return dynamic_cast<const FileAsker*>(inFront.data()); };
     connect(&platform, &DesktopPlatform::Idle, this, &Desktop::ProceedSoon);
     connect(
         &platform, &DesktopPlatform::PictureChosen, this, [this](const QString& path) { OpenSettings({path}); },
@@ -307,6 +308,11 @@ void Desktop::GiveMenus(QMainWindow& window, PaperView* paper)
                               const bool undoesForm =
                                   item.command == Command::Undo && paper != nullptr && paper->History().CanUndo();
                               return IsEnabled(item, front(), true) && (undoesForm || CanEditText(item.command));
+                          },
+                          [paper](const MenuItem& item) {
+                              if (item.command == Command::Save && paper != nullptr) {
+                                  paper->TellHowToSave();
+                              }
                           }});
 }
 

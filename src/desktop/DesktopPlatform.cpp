@@ -62,18 +62,6 @@ QString FolderKey(const FileType& type)
     return QStringLiteral("folders/") + ToQt(type.extension.empty() ? type.name : type.extension);
 }
 
-void GoToFolder(QFileDialog& dialog, const QString& key)
-{
-    if (const QString last = WindowSettings().value(key).toString(); QDir(last).exists()) {
-        dialog.setDirectory(last);
-    }
-}
-
-void KeepFolder(const QFileDialog& dialog, const QString& key)
-{
-    WindowSettings().setValue(key, dialog.directory().absolutePath());
-}
-
 /// Of the files that carry a form, such as "*.svg".
 QStringList CarrierPatterns()
 {
@@ -156,7 +144,16 @@ FolderItem DesktopPlatform::AskForFile(const FileType& type, QFileDialog::Accept
 {
     QFileDialog dialog(QApplication::activeWindow());
     GoToFolder(dialog, FolderKey(type));
-    Prepare(dialog, type, mode, suggestedName);
+    QString name = suggestedName;
+    if (const FileAsker* const asker = whoAsks ? whoAsks() : nullptr) {
+        if (const QString own = asker->ProposedName(); mode == QFileDialog::AcceptSave && !own.isEmpty()) {
+            name = type == pdfFileType ? own + QStringLiteral(".pdf") : own;
+        }
+        if (const QString folder = asker->SettingsFolder(); type.extension.empty() && !folder.isEmpty()) {
+            dialog.setDirectory(folder);  // markers lie beside the form that they belong to
+        }
+    }
+    Prepare(dialog, type, mode, name);
     if (RunModal(dialog) != QDialog::Accepted) {
         return {};
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/FileDialogs.h"
 #include "platform/Platform.h"
 #include "platform/Turns.h"
 
@@ -42,6 +43,9 @@ public:
     FolderItem TemporaryFolder() const override;
     std::string ShortDate() const override;
     void Yield() override;
+
+    /// Tells the window whose user is asked for a file; null if that knows nothing of it.
+    std::function<const FileAsker*()> whoAsks;
 
     /// What was noted since the last call, for the status line of whoever began it.
     QString TakeNote() { return std::exchange(note, {}); }

@@ -1,13 +1,12 @@
 #include "desktop/ExportPage.h"
 
+#include "desktop/FileDialogs.h"
 #include "desktop/Text.h"
 #include "desktop/WindowSettings.h"
 #include "exchange/PngPage.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
-#include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QFormLayout>
 #include <QImage>
@@ -130,9 +129,7 @@ ExportChoice AskForExport(const PaperSize& paper, const QString& name, QWidget* 
     options.Keep();
     const QString ending = ToQt(options.Format().name);
     QFileDialog dialog(parent, QObject::tr("Save Picture"));
-    if (const QString last = WindowSettings().value(folderKey).toString(); QDir(last).exists()) {
-        dialog.setDirectory(last);
-    }
+    GoToFolder(dialog, folderKey);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilter(QStringLiteral("%1 (*.%2)").arg(ToQt(options.Format().title), ending));
     dialog.setDefaultSuffix(ending);
@@ -140,7 +137,7 @@ ExportChoice AskForExport(const PaperSize& paper, const QString& name, QWidget* 
     if (runModal(dialog) != QDialog::Accepted) {
         return {};
     }
-    WindowSettings().setValue(folderKey, dialog.directory().absolutePath());
+    KeepFolder(dialog, folderKey);
     QString path = dialog.selectedFiles().value(0);
     if (!path.endsWith(QLatin1Char('.') + ending, Qt::CaseInsensitive)) {
         path += QLatin1Char('.') + ending;

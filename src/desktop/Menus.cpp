@@ -56,6 +56,8 @@ void AddItem(QMenu& menu, const MenuItem& item, const MenuHost& host)
     QObject::connect(action, &QAction::triggered, &menu, [&item, host] {
         if (host.isEnabled(item)) {
             host.perform(item);
+        } else {
+            host.refuse(item);
         }
     });
     QObject::connect(&menu, &QMenu::aboutToShow, action,

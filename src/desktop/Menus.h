@@ -13,10 +13,10 @@ namespace linealis::desktop {
 struct MenuHost {
     std::function<void(const MenuItem& item)> perform;
     std::function<bool(const MenuItem& item)> isEnabled;
+    std::function<void(const MenuItem& item)> refuse;  ///< the shortcut of an item that is not enabled
 };
 
-/// Gives a window the program's menu bar. Which items are enabled shows as long as their menu is open; the shortcut
-/// of an item that is not enabled does nothing.
+/// Gives a window the program's menu bar. Which items are enabled shows as long as their menu is open.
 void InstallMenus(QMainWindow& window, const MenuHost& host);
 
 /// Whether an item for editing text has something to edit in the field that has the focus. True for any other item.

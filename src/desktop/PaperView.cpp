@@ -16,6 +16,7 @@
 #include <QCloseEvent>
 #include <QDesktopServices>
 #include <QFileInfo>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QPrinterInfo>
 #include <QPushButton>
@@ -48,6 +49,7 @@ PaperView::PaperView(DesktopPlatform& thePlatform, const PaperKind& theKind, Pap
     setAcceptDrops(true);
     LayOut();
     Connect();
+    givenTitle = Title();
     setWindowFlag(Qt::WindowMaximizeButtonHint, !kind.hasFixedSize);
 }
 
@@ -116,6 +118,8 @@ bool PaperView::DoAsStep(const QString& name, const std::function<void(PaperWind
 void PaperView::LayOver(const QString& title, const std::function<void(PaperWindow& window)>& lay)
 {
     if (DoAsStep(title, lay)) {
+        presetName = title;
+        givenTitle = Title();
         Say(tr("The form is now %1").arg(title), {{tr("Undo"), QStringLiteral("undo")}});
     }
 }
@@ -123,6 +127,9 @@ void PaperView::LayOver(const QString& title, const std::function<void(PaperWind
 bool PaperView::ChangedOutside(const QString& name)
 {
     const bool isStep = history.Commit(name);
+    if (isStep) {
+        presetName.clear();
+    }
     const QString note = platform.TakeNote();
     if (!note.isEmpty()) {
         using Links = QList<QPair<QString, QString>>;
@@ -135,6 +142,7 @@ bool PaperView::ChangedOutside(const QString& name)
 void PaperView::Undo()
 {
     if (const QString name = history.Undo(); !name.isEmpty()) {
+        presetName.clear();
         Say(tr("Undone: %1").arg(name));
     }
 }
@@ -155,6 +163,7 @@ void PaperView::Reset()
         shown.Restore(fresh);
         shown.form.StaticFileName.SetCaption(file);
     });
+    givenTitle = Title();
     Say(tr("The form is as a fresh window has it"));
 }
 
@@ -239,12 +248,6 @@ void PaperView::SayHowPageEnded()
     }
 }
 
-void PaperView::ChangeFile()
-{
-    window.ChooseOutputFile();
-    changeDelay.start();
-}
-
 void PaperView::Say(const QString& text, const QList<QPair<QString, QString>>& links)
 {
     status->Say(text, links);
@@ -255,6 +258,10 @@ void PaperView::Follow(const QString& link)
     const FolderItem& page = window.OutputFile();
     if (link == QLatin1String("undo")) {
         Undo();
+    } else if (link == QLatin1String("bringBack")) {
+        BringBack();
+    } else if (link == QLatin1String("saveAs")) {
+        menuBar()->findChild<QAction*>(QStringLiteral("FileSaveAs"))->trigger();
     } else if (link == QLatin1String("open") && !platform.Launch(page)) {
         Say(tr("No viewer could be started for %1").arg(ToQt(page.Name())));
     } else if (link == QLatin1String("folder")) {
@@ -304,6 +311,7 @@ void PaperView::showEvent(QShowEvent* event)
     if (!placed) {
         Place();
         placed = true;
+        QTimer::singleShot(0, this, &PaperView::OfferToBringBack);  // once it is known what it opens with
     }
     QMainWindow::showEvent(event);
 }
@@ -313,6 +321,10 @@ void PaperView::closeEvent(QCloseEvent* event)
     if (generating) {  // first the page ends, and then the window
         closeWhenDone = true;
         Cancel();
+        event->ignore();
+        return;
+    }
+    if (!MayClose()) {
         event->ignore();
         return;
     }

@@ -27,7 +27,7 @@ class PaperTopBar;
 class StatusLine;
 
 /// The window of one paper kind: its form, the page that it makes, and what can be done with both.
-class PaperView final : public QMainWindow {
+class PaperView final : public QMainWindow, public FileAsker {
     Q_OBJECT
 
 public:
@@ -54,6 +54,9 @@ public:
     /// Adds to the window's menus what goes with the form, behind the items that they have.
     void AddMenus();
 
+    QString ProposedName() const override;
+    QString SettingsFolder() const override;
+
     /// Shows or hides the page beside the form.
     void ShowLivePage(bool visible);
     /// Prints the page through the system's dialog.
@@ -72,6 +75,9 @@ public:
     /// Puts everything back to what a fresh window holds, but for the files. Can be undone.
     void Reset();
 
+    /// Says what Save cannot do without a settings file.
+    void TellHowToSave();
+
     /// Ends what is being entered, which is a step of its own.
     void FinishEdit();
     /// Does something with the window as one step of that name, which can be undone, and says what went wrong.
@@ -79,6 +85,8 @@ public:
     bool DoAsStep(const QString& name, const std::function<void(PaperWindow& window)>& change);
     /// Does so by laying a preset of that name over the form, and says it.
     void LayOver(const QString& title, const std::function<void(PaperWindow& window)>& lay);
+    /// The same with the form that was closed last.
+    void BringBack();
     FormHistory& History() { return history; }
 
     /// Says in the window's status line what has happened.
@@ -128,6 +136,14 @@ private:
     void ShowWarningsOfPage(PageWarnings warnings);
     /// Lights up what the field with the focus governs.
     void LightUp();
+    /// The page's title on the form; empty if the kind has none.
+    QString Title() const;
+    /// What the page is called: its file, or what would be proposed as that.
+    QString PageName() const;
+    /// Tells of the form that was closed last, if that would bring something else.
+    void OfferToBringBack();
+    /// Whether the window may close, which the user is asked where a settings file is not up to date.
+    bool MayClose();
     void Keep() const;
     void Follow(const QString& link);
 
@@ -150,6 +166,8 @@ private:
     PageWarnings pageWarnings;  ///< of the page that was drawn last, until the form changes
     QTimer changeDelay;
     QTimer progressDelay;
+    QString presetName;  ///< of the preset that was laid over the form last, until something else fills it in
+    QString givenTitle;  ///< the title that the form began with, or has from that preset
     bool placed = false;
     bool generating = false;
     bool stop = false;

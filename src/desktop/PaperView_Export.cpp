@@ -6,7 +6,6 @@
 #include "pipeline/PageJob.h"
 
 #include <QClipboard>
-#include <QFileInfo>
 #include <QGuiApplication>
 #include <new>
 
@@ -48,10 +47,7 @@ void PaperView::Export()
     }
     const auto runModal = [this](QDialog& dialog) { return platform.RunModal(dialog); };
     const PageFrame frame = window.ReadPage().frame;
-    const FolderItem& output = window.OutputFile();
-    const QString name =
-        output.IsEmpty() ? ToQt(kind.galleryTitle) : QFileInfo(ToQt(output.Name())).completeBaseName();
-    ExportChoice choice = AskForExport({frame.paperWidth, frame.paperHeight}, name, this, runModal);
+    ExportChoice choice = AskForExport({frame.paperWidth, frame.paperHeight}, PageName(), this, runModal);
     if (choice.path.isEmpty()) {
         return;
     }

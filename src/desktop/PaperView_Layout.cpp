@@ -134,7 +134,7 @@ void PaperView::MakePresetMenu()
             Say(tr("Deleted the preset %1").arg(ToQt(preset.name)));
         }
     };
-    FillPresetMenu(*presets, {kind, platform, lay, save, useAsDefault, remove});
+    FillPresetMenu(*presets, {kind, platform, lay, [this] { BringBack(); }, save, useAsDefault, remove});
     topBar->presets->setMenu(presets);
 }
 

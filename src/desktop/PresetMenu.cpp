@@ -171,9 +171,10 @@ private:
 
     void AddLeft()
     {
-        const QString title = PresetText("As I Left It");
-        const OwnPreset left{title.toStdString(), own.LeftFile(host.kind)};
-        AddLaying(title, QStringLiteral("PresetLeft"), LayOf(left)).setEnabled(left.file.Exists());
+        QAction* const left = menu.addAction(PresetText("As I Left It"));
+        left->setObjectName(QStringLiteral("PresetLeft"));
+        left->setEnabled(own.LeftFile(host.kind).Exists());
+        QObject::connect(left, &QAction::triggered, &menu, [bringBack = host.bringBack] { bringBack(); });
     }
 
     void AddSaving()

@@ -22,6 +22,8 @@ struct PresetMenuHost {
     Platform& platform;
     /// Has `lay` change the window, as one step that is named after `title`.
     std::function<void(const QString& title, const Lay& lay)> layOver;
+    /// Brings back how a window of the kind was left last.
+    std::function<void()> bringBack;
     std::function<void()> saveAsPreset;
     std::function<void(bool on)> useAsDefault;
     std::function<void(const OwnPreset& preset)> deletePreset;

@@ -161,6 +161,9 @@ TEST_F(DesktopProgram, SettingsAreSavedAndOpened)
     EXPECT_TRUE(CanChoose(window, "FileOpen"));
     EXPECT_FALSE(CanChoose(window, "FileSave"));
     Press(window, Qt::Key_S, Qt::ControlModifier);  // asks for nothing
+    EXPECT_TRUE(Shown(window, "StatusLine").starts_with("This form has no settings file yet"));
+    person.CancelsFile();
+    emit Child<QLabel>(window, "StatusLine").linkActivated(QStringLiteral("saveAs"));
 
     person.CancelsFile();
     ChooseItem(window, "FileSaveAs");
@@ -191,6 +194,87 @@ TEST_F(DesktopProgram, SettingsAreSavedAndOpened)
     Press(fresh, Qt::Key_S, Qt::ControlModifier);
     Hand("setk", folder / "wall.setk");
     EXPECT_EQ(Shown(fresh, "EditXScale"), "44");
+}
+
+TEST_F(DesktopProgram, ClosingAsksWhereASettingsFileIsNotUpToDate)
+{
+    const fs::path file = folder / "wall.setk";
+    SaveDocument("brick", "EditXScale=50", file);
+    const auto open = [&]() -> QWidget& {
+        program->OpenSettings({ToQt(file.string())});
+        return Window("brick");
+    };
+    const auto close = [&](const QString& button) {
+        person.Answers<QMessageBox>([button](QMessageBox& box) {
+            EXPECT_EQ(box.text(), QStringLiteral("Save the changes to wall.setk?"));
+            for (QAbstractButton* const choice : box.buttons()) {
+                if (choice->text() == button) {
+                    Click(*choice);
+                    return;
+                }
+            }
+        });
+        Press(Window("brick"), Qt::Key_W, Qt::ControlModifier);
+        Settle();
+        return FindWindow("brick") == nullptr;
+    };
+    Enter(open(), {"EditXScale=60"});
+    EXPECT_FALSE(close(QStringLiteral("Cancel")));
+    EXPECT_TRUE(close(QStringLiteral("Discard")));
+    EXPECT_EQ(Shown(open(), "EditXScale"), "50");
+    Enter(open(), {"EditXScale=70"});
+    EXPECT_TRUE(close(QStringLiteral("Save")));
+    QWidget& window = open();
+    EXPECT_EQ(Shown(window, "EditXScale"), "70");
+    Enter(window, {"EditXScale=80"});
+    fs::remove(file);
+    fs::create_directory(file);
+    EXPECT_FALSE(close(QStringLiteral("Save")));
+    EXPECT_TRUE(Shown(window, "StatusLine").starts_with("wall.setk could not be saved"));
+
+    QWidget& fresh = OpenPaper("grid");
+    EXPECT_EQ(Shown(fresh, "StatusLine"), "");
+    Enter(fresh, {"EditXScale=90"});
+    Press(fresh, Qt::Key_W, Qt::ControlModifier);
+    Settle();
+    QWidget& next = OpenPaper("grid");
+    Settle();
+    EXPECT_TRUE(Shown(next, "StatusLine").starts_with("This form was last closed with other values"));
+    emit Child<QLabel>(next, "StatusLine").linkActivated(QStringLiteral("bringBack"));
+    EXPECT_EQ(Shown(next, "EditXScale"), "90");
+}
+
+TEST_F(DesktopProgram, FileDialogsBeginWithTheUsersDocuments)
+{
+    const QString home = QDir::homePath(), documents = home + QStringLiteral("/Documents");
+    const auto expect = [&](const QString& place, const QString& name, const fs::path& path = {}) {
+        person.Answers<QFileDialog>([=](QFileDialog& dialog) {
+            auto& field = Child<QLineEdit>(dialog, "fileNameEdit");
+            EXPECT_EQ(dialog.directory().absolutePath(), place);
+            EXPECT_EQ(field.text().left(name.size()), name);
+            field.setText(ToQt(path.string()));
+            const auto buttons = dialog.findChild<QDialogButtonBox*>()->buttons();
+            Click(*(path.empty() ? buttons.last() : buttons.first()));
+        });
+    };
+    QWidget& window = OpenPaper("graph");
+    expect(home, QStringLiteral("Untitled"));
+    ChooseItem(window, "FileSaveAs");
+    QDir(home).mkdir(QStringLiteral("Documents"));
+    expect(documents, QStringLiteral("Untitled.pdf"));
+    Click(Child(window, "PushButtonGenerate"));
+    Child<QAction>(window, "Preset.semi-log-3").trigger();
+    expect(documents, ToQt(FindPreset("semi-log-3")->title) + QStringLiteral(".pdf"));
+    Click(Child(window, "PushButtonGenerate"));
+    Enter(window, {"EditTitle=Yield (kg/ha)"});
+    expect(documents, QStringLiteral("Yield (kg-ha)"), folder / "yield.setg");
+    ChooseItem(window, "FileSaveAs");
+    Enter(window, {"CheckBoxMarkers=on", "CheckBoxViewGraph=off"});
+    expect(documents, QStringLiteral("Yield (kg-ha).pdf"), folder / "page.pdf");
+    expect(ToQt((folder / "yield.setg").parent_path().string()), {});  // of the markers
+    Click(Child(window, "PushButtonGenerate"));
+    EXPECT_EQ(folder.Names(), Names({"page.pdf", "yield.setg"}));
+    QDir(documents).removeRecursively();
 }
 
 TEST_F(DesktopProgram, DocumentsReachTheirWindow)
