@@ -181,6 +181,7 @@ void CalibrationDialog::PrintSheet()
     }
     QPrinter device(QPrinter::HighResolution);
     device.setPrinterName(printer->currentText());
+    device.setDocName(QStringLiteral("Calibration Sheet"));
     Turns turns([] {});  // it is soon done
     said->setText(PrintWithDialog(device, SheetFor(*chosen), turns, {}, this, runModal));
 }

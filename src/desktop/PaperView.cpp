@@ -193,7 +193,7 @@ void PaperView::MakePage()
 void PaperView::Print()
 {
     Use(tr("nothing was printed"), [this](const DrawnPage& page, Turns& turns) {
-        return PrintWithDialog(page, turns, PrinterFactorsFile(platform.PreferencesFolder()), this,
+        return PrintWithDialog(page, turns, PageName(), PrinterFactorsFile(platform.PreferencesFolder()), this,
                                [this](QDialog& dialog) { return platform.RunModal(dialog); });
     });
 }

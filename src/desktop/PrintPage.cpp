@@ -1,5 +1,6 @@
 #include "desktop/PrintPage.h"
 
+#include "desktop/FileDialogs.h"
 #include "desktop/PagePainter.h"
 #include "pdf/PageContent.h"
 #include "pdf/Units.h"
@@ -173,16 +174,6 @@ QString PaperName(const QPageSize& paper)
     return paper.id() == QPageSize::Custom ? SizeText(paper.size(QPageSize::Point)) : paper.name();
 }
 
-QString PrintedText(const QPrinter& printer, const PrinterFactors& factors)
-{
-    QString text =
-        QStringLiteral("Printed on %1, %2, 100 %").arg(NameOf(printer), PaperName(printer.pageLayout().pageSize()));
-    if (factors != PrinterFactors{}) {
-        text += QStringLiteral(", corrected by %1 across and %2 down").arg(factors.x).arg(factors.y);
-    }
-    return text;
-}
-
 }  // namespace
 
 void SetPaper(QPrinter& printer, const PageFrame& frame)
@@ -241,6 +232,20 @@ bool PaintOnPrinter(QPrinter& printer, const DrawnPage& page, Turns& turns, cons
     return painter.end() && printer.printerState() != QPrinter::Error;
 }
 
+QString PrintedText(const QPrinter& printer, const PrinterFactors& factors)
+{
+    QString text =
+        QStringLiteral("Printed on %1, %2").arg(NameOf(printer), PaperName(printer.pageLayout().pageSize()));
+    if (printer.copyCount() > 1 && printer.outputFileName().isEmpty()) {  // a file has the page once
+        text += QStringLiteral(", %1 copies").arg(printer.copyCount());
+    }
+    text += QStringLiteral(", 100 %");
+    if (factors != PrinterFactors{}) {
+        text += QStringLiteral(", corrected by %1 across and %2 down").arg(factors.x).arg(factors.y);
+    }
+    return text;
+}
+
 QString PrintWithDialog(QPrinter& printer, const DrawnPage& page, Turns& turns, const FolderItem& factorsFile,
                         QWidget* parent, const ModalRunner& runModal)
 {
@@ -261,13 +266,14 @@ QString PrintWithDialog(QPrinter& printer, const DrawnPage& page, Turns& turns, 
                : QStringLiteral("%1 could not be printed on").arg(NameOf(printer));
 }
 
-QString PrintWithDialog(const DrawnPage& page, Turns& turns, const FolderItem& factorsFile, QWidget* parent,
-                        const ModalRunner& runModal)
+QString PrintWithDialog(const DrawnPage& page, Turns& turns, const QString& name, const FolderItem& factorsFile,
+                        QWidget* parent, const ModalRunner& runModal)
 {
-    if (QPrinterInfo::availablePrinterNames().isEmpty()) {
-        return QStringLiteral("No printer is set up on this machine");
-    }
     QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(name);
+    if (QPrinterInfo::availablePrinterNames().isEmpty()) {
+        printer.setOutputFileName(QStringLiteral("%1/%2.pdf").arg(DocumentsFolder(), name));
+    }
     return PrintWithDialog(printer, page, turns, factorsFile, parent, runModal);
 }
 

@@ -38,8 +38,12 @@ using ModalRunner = std::function<int(QDialog& dialog)>;
 QString PrintWithDialog(QPrinter& printer, const DrawnPage& page, Turns& turns, const FolderItem& factorsFile,
                         QWidget* parent, const ModalRunner& runModal);
 
-/// The same on the system's standard printer. Without any printer nothing is shown, and it says so.
-QString PrintWithDialog(const DrawnPage& page, Turns& turns, const FolderItem& factorsFile, QWidget* parent,
-                        const ModalRunner& runModal);
+/// The same on the system's standard printer, or without any printer into a PDF file. `name` is the page's, for the
+/// job and the file.
+QString PrintWithDialog(const DrawnPage& page, Turns& turns, const QString& name, const FolderItem& factorsFile,
+                        QWidget* parent, const ModalRunner& runModal);
+
+/// What to say in a status line of a page that is printed: where, on what, how often and how large.
+QString PrintedText(const QPrinter& printer, const PrinterFactors& factors);
 
 }  // namespace linealis::desktop

@@ -270,12 +270,32 @@ TEST_F(Print, CalibrationKeepsFactorsByPrinter)
     EXPECT_TRUE(dialog.isVisible());
 }
 
-TEST_F(Print, WithoutAPrinterItSaysSo)
+TEST_F(Print, SaysHowManyCopies)
+{
+    printer.setCopyCount(3);
+    EXPECT_EQ(desktop::PrintedText(printer, {}).indexOf(QStringLiteral("copies")), -1) << "of a file";
+    QPrinter device(QPrinter::HighResolution);
+    device.setCopyCount(3);
+    EXPECT_TRUE(desktop::PrintedText(device, {}).endsWith(QStringLiteral(", 3 copies, 100 %")));
+}
+
+TEST_F(Print, WithoutAPrinterItOffersPdf)
 {
     if (!QPrinterInfo::availablePrinterNames().isEmpty()) {
         GTEST_SKIP() << "there is a printer here";
     }
-    EXPECT_EQ(desktop::PrintWithDialog({}, turns, {}, nullptr, {}), "No printer is set up on this machine");
+    const auto window = MakeWindow(*FindPaperKind("grid"), platform);
+    const std::string made = QDir::homePath().toStdString() + "/Wall.pdf";
+    const auto accept = [](QDialog& dialog) {
+        dialog.show();
+        EXPECT_EQ(dynamic_cast<QPrintDialog&>(dialog).printer()->docName(), QStringLiteral("Wall"));
+        dialog.accept();
+        return dialog.result();
+    };
+    const QString said =
+        desktop::PrintWithDialog(Draw(*window), turns, QStringLiteral("Wall"), {}, nullptr, accept);
+    EXPECT_TRUE(said.startsWith(ToQt("Printed on " + made))) << said.toStdString();
+    EXPECT_TRUE(fs::remove(made));
     desktop::CalibrationDialog dialog({}, {}, {}, {}, nullptr);
     for (const char* const button : {"CalibrationPrint", "CalibrationSave", "CalibrationTakeOver"}) {
         EXPECT_FALSE(Child(dialog, button).isEnabled()) << button;
