@@ -58,6 +58,9 @@ SingleInstance::Start SingleInstance::HandOver(const QStringList& files, const s
         Listen();
         return Start::First;
     }
+    if (lock->error() != QLockFile::LockFailedError) {
+        return Start::First;  // there can be no lock here, so nobody holds it
+    }
     message = MessageOf(files);
     QTimer tries, word;
     connect(&tries, &QTimer::timeout, this, &SingleInstance::TryAgain);
@@ -115,7 +118,9 @@ void SingleInstance::EndWith(Start result)
 void SingleInstance::Listen()
 {
     QLocalServer::removeServer(path);  // what a killed program left behind
-    server.listen(path);
+    if (!server.listen(path)) {
+        lock->unlock();  // no start could reach this one, and none shall wait for it
+    }
 }
 
 void SingleInstance::Accept()

@@ -97,6 +97,16 @@ TEST_F(SingleInstanceTest, WaitsForAProgramThatDoesNotAnswer)
         << "it has ended";
 }
 
+TEST_F(SingleInstanceTest, WaitsForNobodyWhoCannotBeReached)
+{
+    for (const auto& [place, as] : {std::pair(path + QStringLiteral("/missing"), name),
+                                    std::pair(path, QString(150, QLatin1Char('x')))}) {  // no socket has that name
+        SingleInstance first(place, as), second(place, as);
+        EXPECT_EQ(HandOver(first, {}), Start::First);
+        EXPECT_EQ(HandOver(second, {}), Start::First);
+    }
+}
+
 TEST_F(SingleInstanceTest, TakesNothingButAMessage)
 {
     SingleInstance first(path, name);
