@@ -144,6 +144,8 @@ TEST_F(CliShell, ATableMakesAPageForEachRow)
           "t.csv, line 3: the quotation mark is not closed");
     Fails(2, "printf 'file\\nt.pdf\\n' > out/t.pdf; $cli generate grid --table out/t.pdf --output-dir out",
           "the page would replace out/t.pdf, which it is made from");
+    Fails(2, "printf 'units\\nkm\\n' > t.csv; " + generate,
+          "t.csv, row 1: unknown item of PopupUnits 'km'; possible: cm, inches, #0 to #1");
     Fails(2, "printf 'units\\ncm\\nkm\\n' > t.csv; " + generate,
           "t.csv, row 2: unknown item of PopupUnits 'km'; possible: cm, inches, #0 to #1");
     Fails(1, "printf 'units,x-scale\\ncm\\n' > t.csv; " + generate, "t.csv, row 1 has 1 cells, but the head has 2");

@@ -334,9 +334,12 @@ TEST_F(Replacing, PipesAndDevicesAreWrittenDirectly)
 {
     const fs::path pipe = folder / "pipe";
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_EQ(Replace(pipe, "x"), std::errc::no_such_device_or_address) << "nobody reads it";
     auto reader = std::async(std::launch::async, [&] { return ReadFile(pipe); });
     const std::string bytes(300000, 'x');
-    EXPECT_FALSE(Replace(pipe, bytes));
+    BinaryStream awaited = FolderItem(pipe).WaitingForReader().CreateBinaryFile();
+    awaited.Write(bytes);
+    EXPECT_FALSE(awaited.Close());
     EXPECT_TRUE(reader.get() == bytes);
     EXPECT_TRUE(fs::is_fifo(pipe));
     EXPECT_EQ(folder.Names(), Names{"pipe"});

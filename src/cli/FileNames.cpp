@@ -49,7 +49,7 @@ void CheckIsNoInput(std::string_view what, const std::string& output, const std:
 
 FolderItem OutputFile(const std::string& name)
 {
-    return name == "-" ? FolderItem::StandardOutput() : FolderItem(name);
+    return name == "-" ? FolderItem::StandardOutput() : FolderItem(name).WaitingForReader();
 }
 
 }  // namespace linealis::cli

@@ -26,7 +26,7 @@ void CheckIsSettings(std::string_view what, const std::string& fileName, const P
 /// the output is.
 void CheckIsNoInput(std::string_view what, const std::string& output, const std::vector<std::string>& inputs);
 
-/// The file that an option names; "-" is standard output.
+/// The file that an option names; "-" is standard output. The reader of a pipe is waited for.
 FolderItem OutputFile(const std::string& name);
 
 }  // namespace linealis::cli

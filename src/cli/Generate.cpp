@@ -109,9 +109,14 @@ bool CheckPages(const GenerateRequest& request)
 }
 
 /// Names the row that a wrong command line comes from, if it comes from one.
-UsageError InRow(const UsageError& error, const PageJob& job, const GenerateRequest& request)
+void GenerateRow(const PageJob& job, const GenerateRequest& request, const OutputOptions& how,
+                 const std::atomic<bool>& stop)
 {
-    return request.table ? UsageError{job.name + ": " + error.message} : error;
+    try {
+        GeneratePage(job, how, stop);
+    } catch (const UsageError& error) {
+        throw request.table ? UsageError{job.name + ": " + error.message} : error;
+    }
 }
 
 /// Each page is tried after another has failed in its work; a command line that makes no sense ends all.
@@ -120,12 +125,10 @@ void GeneratePages(PageList& pages, const GenerateRequest& request, const Output
     std::atomic<bool> hasFailed = false;
     MakePages(pages, request.jobs, [&](const PageJob& job, const std::atomic<bool>& stop) {
         try {
-            GeneratePage(job, how, stop);
+            GenerateRow(job, request, how, stop);
         } catch (const WorkError& error) {
             Complain(error.message);
             hasFailed = true;
-        } catch (const UsageError& error) {
-            throw InRow(error, job, request);
         }
     });
     if (hasFailed) {
@@ -170,7 +173,7 @@ bool Generate(const GenerateRequest& request)
         MakeFolder(request.outputDirectory);
     }
     if (pages.Count() == 1) {
-        GeneratePage(*pages.Next(), how, false);
+        GenerateRow(*pages.Next(), request, how, false);
     } else {
         GeneratePages(pages, request, how);
     }

@@ -128,7 +128,7 @@ void Generate(const PageJob& job, const OutputOptions& how, const std::atomic<bo
     const DrawnPage page = DrawPage(job.output, *open.window, std::move(read));
     Say(platform);
     Warn(job, open, page, platform);
-    if (job.format == PageFormat::Png) {
+    if (job.format->hasPixels) {
         WarnOfFonts(page.content);
     }
     const FolderItem file = FileOf(job, how);

@@ -29,6 +29,20 @@ std::size_t CutLength(std::string_view text, std::size_t limit)
     return limit;  // not UTF-8: there is no boundary to respect
 }
 
+posix::OutputFile::Target TargetOf(Links links)
+{
+    using Target = posix::OutputFile::Target;
+    switch (links) {
+    case Links::Follow:
+        return Target::Any;
+    case Links::FollowAndWait:
+        return Target::AnyAwaited;
+    case Links::Refuse:
+        break;
+    }
+    return Target::Regular;
+}
+
 }  // namespace
 
 BinaryStream::BinaryStream() = default;
@@ -45,10 +59,8 @@ BinaryStream BinaryStream::Reading(const std::filesystem::path& path)
 
 BinaryStream BinaryStream::Replacing(const std::filesystem::path& path, Links links)
 {
-    using Target = posix::OutputFile::Target;
     BinaryStream stream;
-    stream.output =
-        posix::OutputFile::Open(path, links == Links::Follow ? Target::Any : Target::Regular, stream.error);
+    stream.output = posix::OutputFile::Open(path, TargetOf(links), stream.error);
     return stream;
 }
 

@@ -14,8 +14,8 @@ namespace posix {
 class OutputFile;
 }
 
-/// What writing does where it finds a link, pipe or device.
-enum class Links { Follow, Refuse };
+/// What writing does where it finds a link, pipe or device. With Follow, a pipe that nobody reads is a failure.
+enum class Links { Follow, FollowAndWait, Refuse };
 
 /// A binary file, or bytes in memory, open for reading or for writing. No operation throws but for want of memory.
 ///

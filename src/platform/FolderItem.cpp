@@ -29,6 +29,13 @@ FolderItem FolderItem::WithoutLinks() const
     return item;
 }
 
+FolderItem FolderItem::WaitingForReader() const
+{
+    FolderItem item = *this;
+    item.readerAwaited = true;
+    return item;
+}
+
 std::string FolderItem::Name() const
 {
     return standardOutput ? "standard output" : path.filename().string();
@@ -61,8 +68,8 @@ FolderItem FolderItem::Child(const std::string& name) const
 
 BinaryStream FolderItem::CreateBinaryFile() const
 {
-    return standardOutput ? BinaryStream::OnStandardOutput()
-                          : BinaryStream::Replacing(path, linksRefused ? Links::Refuse : Links::Follow);
+    const Links links = linksRefused ? Links::Refuse : readerAwaited ? Links::FollowAndWait : Links::Follow;
+    return standardOutput ? BinaryStream::OnStandardOutput() : BinaryStream::Replacing(path, links);
 }
 
 BinaryStream FolderItem::CreateNewBinaryFile() const

@@ -33,6 +33,9 @@ public:
     /// The same file, which is created only if no link, pipe or device has its name.
     FolderItem WithoutLinks() const;
 
+    /// The same file, whose creation waits for a reader where a pipe has its name. Elsewhere it fails.
+    FolderItem WaitingForReader() const;
+
     /// Makes a folder in this one that only this user may look into. Its name begins with the prefix. Nothing if
     /// that fails.
     FolderItem MakePrivateFolder(const std::string& prefix) const;
@@ -74,6 +77,7 @@ private:
     std::filesystem::path path;
     bool standardOutput = false;
     bool linksRefused = false;
+    bool readerAwaited = false;
 };
 
 }  // namespace linealis

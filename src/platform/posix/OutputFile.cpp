@@ -112,6 +112,11 @@ bool IsRegular(const Descriptor& file)
     return ::fstat(file.Number(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
+bool FollowsLinks(OutputFile::Target target)
+{
+    return target == OutputFile::Target::Any || target == OutputFile::Target::AnyAwaited;
+}
+
 /// A file in the folder that has no name. Not open where there is no such thing.
 Descriptor OpenUnnamed(const Descriptor& folder, mode_t permissions)
 {
@@ -148,7 +153,7 @@ std::unique_ptr<OutputFile> OutputFile::Open(const fs::path& path, Target target
     if (error) {
         return nullptr;
     }
-    if (const std::optional<int> own = target == Target::Any ? OwnDescriptor(path) : std::nullopt) {
+    if (const std::optional<int> own = FollowsLinks(target) ? OwnDescriptor(path) : std::nullopt) {
         return Direct(Descriptor(::fcntl(*own, F_DUPFD_CLOEXEC, 0)), error);
     }
     std::unique_ptr<OutputFile> file(new OutputFile);
@@ -186,7 +191,7 @@ std::error_code OutputFile::OpenOld(const fs::path& path, Target target)
         }
     } else {
         old = OpenAtOnce(path, flags);
-        if (!old.IsOpen() && errno == ENXIO) {  // a pipe that nobody reads yet: wait for the reader
+        if (!old.IsOpen() && errno == ENXIO && target == Target::AnyAwaited) {  // a pipe that nobody reads yet
             old = Descriptor(::open(path.c_str(), flags));
         }
     }
@@ -244,9 +249,9 @@ fs::path OutputFile::PlaceOfNew(const fs::path& path, std::error_code& error)
 std::error_code OutputFile::Prepare(const fs::path& path, Target target)
 {
     std::error_code error;
-    const fs::path real = old.IsOpen()            ? fs::canonical(path, error)
-                          : target == Target::Any ? PlaceOfNew(path, error)
-                                                  : path;
+    const fs::path real = old.IsOpen()           ? fs::canonical(path, error)
+                          : FollowsLinks(target) ? PlaceOfNew(path, error)
+                                                 : path;
     if (error && !old.IsOpen()) {
         return error;
     }

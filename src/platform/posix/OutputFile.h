@@ -16,9 +16,10 @@ namespace linealis::posix {
 class OutputFile {
 public:
     enum class Target {
-        Any,      ///< what is there is replaced; a link is followed, what is no regular file is written directly
-        Regular,  ///< a regular file is replaced; a link, pipe or device that is there is refused
-        New       ///< nothing may be there; only this user may open what comes there
+        Any,         ///< what is there is replaced; a link is followed, what is no regular file is written directly
+        AnyAwaited,  ///< the same, but for a pipe, whose reader is waited for
+        Regular,     ///< a regular file is replaced; a link, pipe or device that is there is refused
+        New          ///< nothing may be there; only this user may open what comes there
     };
 
     /// Nothing on failure, and `error` tells why.
