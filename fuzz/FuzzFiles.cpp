@@ -1,7 +1,10 @@
-// Files that are read: markers, preferences, and the test whether a PDF is one of the program's own.
+// Files that are read: markers, preferences, lists of files and printers, and the test whether a PDF is one of the
+// program's own.
 
 #include "Fuzz.h"
 #include "app/Preferences.h"
+#include "app/PrinterFactors.h"
+#include "app/RecentFiles.h"
 #include "pdf/OwnPdf.h"
 #include "pipeline/MarkerFile.h"
 
@@ -14,7 +17,9 @@ using namespace linealis::fuzz;
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    static const std::string path = "/tmp/linealis-fuzz-" + std::to_string(::getpid());
+    static const std::string folder = "/tmp/linealis-fuzz-" + std::to_string(::getpid());
+    static const std::string path = folder + "/LinealisRecentFiles";
+    std::filesystem::create_directory(folder);
     std::ofstream(path, std::ios::binary)
         .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
     const FolderItem file{std::filesystem::path(path)};
@@ -26,6 +31,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     Require(taken <= size);
     ReadPrefs(file);
     IsOwnPdf(file);
+    Require(RecentFiles(FolderItem(folder)).List().size() <= RecentFiles::most);
+    const PrinterFactors factors = ReadPrinterFactors(file, "printer");
+    Require(factors.x >= smallestFactor && factors.y <= largestFactor);
     file.Delete();
     return 0;
 }

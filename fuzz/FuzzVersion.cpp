@@ -1,6 +1,8 @@
-// The reply of the web server: whatever it says, the user is asked once at most, and about a word of it.
+// The answer of the web server: the pieces in which it comes make no difference, and whatever it says, the user is
+// asked once at most, and about a word of it.
 
 #include "Fuzz.h"
+#include "desktop/HttpAnswer.h"
 #include "services/VersionCheckThread.h"
 
 using namespace linealis;
@@ -13,7 +15,17 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     std::int64_t skipped = 0;
     VersionCheckThread check(platform, {1, 0, 0}, "http://server", 0,
                              [&](std::int64_t version) { skipped = version; });
-    check.ParseResults(std::string(Input(data, size).All()));
+    Input input(data, size);
+    const std::size_t length = std::size_t{1} + input.Byte();
+    desktop::HttpAnswer whole, inPieces;
+    whole.Add(input.All());
+    for (std::string_view rest = input.All(); !rest.empty(); rest.remove_prefix(std::min(length, rest.size()))) {
+        inPieces.Add(rest.substr(0, length));
+        Require(!whole.IsNoPage() || !inPieces.Body(Platform::longestReply, true));
+    }
+    Require(inPieces.Body(Platform::longestReply, true) == whole.Body(Platform::longestReply, true));
+    const std::string answer(input.All());
+    check.ParseResults(whole.Body(Platform::longestReply, true).value_or(answer));
     Require(platform.dialogs.size() <= 1 && (platform.dialogs.size() == 1 || skipped == 0));
     for (const MessageDialog& dialog : platform.dialogs) {
         Require(dialog.message.size() < size + 200);

@@ -1,0 +1,25 @@
+// What another program sends to the running one: the pieces in which it comes make no difference, and what was read
+// can be sent again.
+
+#include "Fuzz.h"
+#include "desktop/HandOverMessage.h"
+
+using namespace linealis::fuzz;
+using linealis::desktop::HandOverMessage;
+using linealis::desktop::HandOverReader;
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    Input input(data, size);
+    const std::size_t length = std::size_t{1} + input.Byte();
+    HandOverReader whole, inPieces;
+    whole.Add(input.All());
+    for (std::string_view rest = input.All(); !rest.empty(); rest.remove_prefix(std::min(length, rest.size()))) {
+        inPieces.Add(rest.substr(0, length));
+    }
+    Require(inPieces.Files() == whole.Files() && inPieces.IsWhole() == whole.IsWhole());
+    HandOverReader again;
+    again.Add(HandOverMessage(whole.Files()));
+    Require(again.IsWhole() && again.Files() == whole.Files());
+    return 0;
+}

@@ -1,0 +1,49 @@
+// Controls that are set and typed into by name: what is taken is what the control holds, and to set that again
+// changes nothing.
+
+#include "Fuzz.h"
+#include "pipeline/FieldWords.h"
+#include "pipeline/SetControl.h"
+
+using namespace linealis;
+using namespace linealis::fuzz;
+
+namespace {
+
+/// A line is a control, "=" or, to type it, ":", and the value.
+void Do(std::string_view line, const Form& form)
+{
+    const std::size_t end = std::min(line.find_first_of("=:"), line.size());
+    const std::string_view name = line.substr(0, end), value = line.substr(std::min(end + 1, line.size()));
+    if (line.substr(end).starts_with(':')) {
+        TypeIntoControl("form", form, {name, value});
+        return;
+    }
+    SetControl("form", form, {name, value});
+    Control& control = *FindByNameOrAlias(form, name);
+    const std::string held = ValueOf(control);
+    SetControl("form", form, {name, held});
+    Require(ValueOf(control) == held);
+}
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    Input input(data, size);
+    const PaperKind& kind = input.Kind();
+    ScreenlessPlatform platform;
+    const Paper paper = kind.makePaper(platform);
+    while (!input.IsEmpty()) {
+        const std::vector<ControlState> before = paper.form->State();
+        try {
+            Do(input.Line(), *paper.form);
+        } catch (const UnknownInput& unknown) {
+            Require(!unknown.possible.empty() && paper.form->State() == before);
+        }
+    }
+    for (Control* const control : paper.form->Controls()) {
+        ValueOf(*control);
+    }
+    return 0;
+}
