@@ -56,8 +56,8 @@ public:
         QObject::connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
         QObject::connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
         QObject::connect(resolution, &QSpinBox::valueChanged, this, [this] { Follow(); });
-        chosen->button->setFocus();
         Follow();
+        chosen->button->setFocus();
     }
 
     const PageFormat& Format() const { return *chosen->format; }

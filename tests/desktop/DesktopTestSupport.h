@@ -189,7 +189,7 @@ public:
     }
 
     /// Names a file of the type, with the suggestion "Untitled" or the like for a new one.
-    void NamesFile(const fs::path& path, std::string_view extension, std::string_view suggestion)
+    void NamesFile(const fs::path& path, std::string_view extension, const std::string& suggestion)
     {
         Answers<QFileDialog>([=, pattern = "*." + std::string(extension)](QFileDialog& dialog) {
             EXPECT_NE(dialog.selectedNameFilter().indexOf(ToQt(pattern)), -1) << pattern;
@@ -202,7 +202,10 @@ public:
             Click(*dialog.findChild<QDialogButtonBox*>()->buttons().first());
         });
     }
-    void NamesPage(const fs::path& path) { NamesFile(path, "pdf", "Untitled.pdf"); }
+    void NamesPage(const fs::path& path, const std::string& suggestion = "Untitled")
+    {
+        NamesFile(path, "pdf", suggestion + ".pdf");
+    }
 
     void CancelsFile()
     {
@@ -343,11 +346,14 @@ protected:
         }
     }
 
-    /// Makes the window's page as that file, without a look at it.
+    /// Makes the window's page as that file, without a look at it. The title of the page is suggested as its name.
     void GenerateAs(QWidget& window, const fs::path& path)
     {
         Enter(window, {"CheckBoxViewGraph=off"});
-        person.NamesPage(path);
+        const auto* const title = window.findChild<QLineEdit*>(QStringLiteral("EditTitle"));
+        const bool hasTitle =
+            title != nullptr && !title->text().isEmpty() && !title->text().startsWith(QStringLiteral("Sample"));
+        person.NamesPage(path, hasTitle ? title->text().toStdString() : "Untitled");
         Click(Child(window, "PushButtonGenerate"));
     }
 
