@@ -1,6 +1,5 @@
-#include "cli/Main.h"
-
 #include "cli/Errors.h"
+#include "cli/Main.h"
 #include "platform/Process.h"
 
 namespace {

@@ -7,9 +7,9 @@
 
 namespace linealis {
 
-/// What a part of a page is there for: words between dots, from the general to the particular, such as "grid.x.major".
-/// A literal. Roles stand beside the content of a page and never in its file: the lights of a window, the classes of an
-/// SVG file and whoever else asks what a line is take them from there.
+/// What a part of a page is there for: words between dots, from the general to the particular, such as
+/// "grid.x.major". A literal. Roles stand beside the content of a page and never in its file: the lights of a
+/// window, the classes of an SVG file and whoever else asks what a line is take them from there.
 using Role = std::string_view;
 
 /// From this byte of a content on, up to the next range, all that is drawn has the role.

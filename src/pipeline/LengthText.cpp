@@ -81,8 +81,8 @@ private:
 const NamedUnit* FindUnit(std::string_view name)
 {
     const std::span<const NamedUnit> units = lengthUnits;
-    const auto found =
-        std::find_if(units.begin(), units.end(), [&](const NamedUnit& unit) { return IsSameText(unit.name, name); });
+    const auto found = std::find_if(units.begin(), units.end(),
+                                    [&](const NamedUnit& unit) { return IsSameText(unit.name, name); });
     return found == units.end() ? nullptr : &*found;
 }
 
