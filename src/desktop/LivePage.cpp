@@ -181,10 +181,19 @@ void LivePage::paintEvent(QPaintEvent* /*event*/)
     painter.setPen(palette().color(QPalette::Dark));
     painter.drawRect(sheet);
     if (!picture.problem.isEmpty()) {
-        painter.fillRect(QRectF(0, 0, width(), fontMetrics().height() + 8), palette().color(QPalette::Window));
-        painter.setPen(palette().color(QPalette::WindowText));
-        painter.drawText(QPointF(6, fontMetrics().ascent() + 4), picture.problem);
+        PaintProblem(painter);
     }
+}
+
+void LivePage::PaintProblem(QPainter& painter) const
+{
+    constexpr QMargins around(6, 4, 6, 4);
+    const QRect room = viewport()->rect().marginsRemoved(around);
+    const QRect lines = painter.boundingRect(room, Qt::TextWordWrap, picture.problem);
+    painter.fillRect(QRect(0, 0, viewport()->width(), lines.marginsAdded(around).height()),
+                     palette().color(QPalette::Window));
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(room, Qt::TextWordWrap, picture.problem);
 }
 
 void LivePage::PaintMargins(QPainter& painter) const

@@ -65,6 +65,8 @@ private:
     void ZoomBy(double factor, QPointF fixed);
     void LayOut();
     void AskForPicture();
+    /// What is wrong with the page, in as many lines as it takes.
+    void PaintProblem(QPainter& painter) const;
     void PaintMargins(QPainter& painter) const;
 
     PageRenderer renderer;

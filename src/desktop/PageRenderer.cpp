@@ -18,14 +18,7 @@ constexpr std::size_t longestContentLitUp = std::size_t{8} << 20U;
 constexpr PageColor light{0.95, 0.35, 0.0};
 
 /// Of a larger page only the beginning is shown, so that it takes seconds and not minutes. Bytes.
-constexpr std::size_t longestContentShown = std::size_t{64} << 20U;
-
-/// The content, or as many of its first lines as are shown.
-std::string_view WholeLines(std::string_view content)
-{
-    return content.size() <= longestContentShown ? content
-                                                 : content.substr(0, content.rfind('\r', longestContentShown) + 1);
-}
+constexpr std::int64_t mostContentShown = std::int64_t{64} << 20U;
 
 void StopIf(const std::atomic<bool>& stops)
 {
@@ -152,19 +145,17 @@ void PageRenderer::Work()
 void PageRenderer::Draw(const PaperPage& page)
 {
     Turns turns([this] { StopIf(pageIsNew); });
-    MyPDFGenerator pdf(turns);
+    MyPDFGenerator pdf(turns, mostContentShown);
     drawnProblem.clear();
     try {
         DrawContent(page, pdf, turns, {});
+    } catch (const PageTooLarge&) {
+        drawnProblem = tr("The page is very large; only its first lines are shown");
     } catch (const PageGivenUp& givenUp) {
         drawnProblem = QString::fromUtf8(givenUp.reason);
     }
-    const std::string_view shown = WholeLines(pdf.Stream());
-    if (drawnProblem.isEmpty() && shown.size() < pdf.Stream().size()) {
-        drawnProblem = tr("The page is very large; only its first lines are shown");
-    }
     roles = pdf.Roles();
-    content = shown;
+    content = pdf.Stream();
 }
 
 void PageRenderer::Fulfil(const Wish& wish)

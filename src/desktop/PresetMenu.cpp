@@ -26,6 +26,8 @@ QString PresetText(const char* text)
     return QCoreApplication::translate("PresetMenu", text);
 }
 
+constexpr std::int64_t mostContentShown = std::int64_t{8} << 20U;  // bytes; menus cannot wait for more
+
 /// The page, on white with a thin edge.
 QPixmap Paint(const PaperPage& page, const QSize& size, double pixelRatio)
 {
@@ -39,7 +41,7 @@ QPixmap Paint(const PaperPage& page, const QSize& size, double pixelRatio)
     painter.save();
     painter.scale(scale, scale);
     Turns turns([] {});
-    PaintPage(painter, paper, DrawPage(page, turns).content, PagePainter::ThinLines::Faded);
+    PaintPage(painter, paper, DrawBeginning(page, turns, mostContentShown).content, PagePainter::ThinLines::Faded);
     painter.restore();
     painter.setPen(QPen(Qt::gray, 0.0));
     painter.drawRect(QRectF(QPointF(0.0, 0.0), shown - QSizeF(1.0, 1.0) / pixelRatio));

@@ -15,6 +15,9 @@ struct PageGivenUp {
     const char* reason;  ///< as a message has it: "the page would ..., so it was given up"
 };
 
+/// The same, of a page with more drawing than there is place for.
+struct PageTooLarge : PageGivenUp {};
+
 /// The yield of every long loop: its turns for whatever else waits, and the limit of its rounds.
 class Turns {
 public:
