@@ -181,6 +181,8 @@ TEST(PageCheck, CommandLineWritesNothing)
 std::string Said(Names arguments)
 {
     const TemporaryFolder folder;
+    WriteFile(folder / "part.json", R"({"controls": {"custom-height": 5, "EditXScale": "100"}})");
+    WriteFile(folder / "whole.json", Execute({LINEALIS_CLI_PATH, "form", "grid", "--set", "units=cm"}).output);
     arguments.insert(arguments.begin(), LINEALIS_CLI_PATH);
     for (std::string& argument : arguments) {
         argument = argument.starts_with("DIR/") ? (folder / argument.substr(4)).string() : argument;
@@ -200,6 +202,9 @@ TEST(PageCheck, CommandLineSaysWhatHasNoEffect)
          {"form", "graph", "--set", "EditXHydraulicExponent=2"}},
         {"graph: There are no markers, since no --markers FILE is given\n",
          {"generate", "graph", "--set", "CheckBoxMarkers=on", "-o", "DIR/p.pdf"}},
+        {"grid: Custom height has no effect: Paper Size is not Custom\n",
+         {"generate", "grid", "--form", "DIR/part.json", "-o", "DIR/p.pdf"}},
+        {"", {"generate", "grid", "--form", "DIR/whole.json", "-o", "DIR/p.pdf"}},
         {"--json has no effect without --check\n", {"generate", "grid", "--json", "-o", "DIR/p.pdf"}},
         {"--dpi has no effect on a page that is no PNG file\n",
          {"generate", "grid", "--dpi", "300", "-o", "DIR/p.svg"}},

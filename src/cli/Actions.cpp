@@ -44,11 +44,7 @@ void WarnOfWizard(const Form& wizard, PageWarnings& warnings)
 void WarnOfIdle(const PaperForm& form, const std::vector<std::string_view>& given, PageWarnings& warnings)
 {
     for (const std::string_view name : given) {
-        const Control& control = *FindByNameOrAlias(form, name);
-        if (const std::string why = form.WhyIdle(control); !why.empty()) {
-            warnings.push_back(
-                {"no-effect", std::string(control.Name()), WholeName(form, control) + " has no effect: " + why});
-        }
+        WarnIfIdle(form, *FindByNameOrAlias(form, name), warnings);
     }
 }
 
@@ -102,6 +98,14 @@ void Load(const std::string& fileName, PaperWindow& window)
 {
     if (const std::error_code error = window.LoadSettings(FolderItem(fileName))) {
         throw WorkError{fileName + ": " + error.message()};
+    }
+}
+
+void WarnIfIdle(const PaperForm& form, const Control& control, PageWarnings& warnings)
+{
+    if (const std::string why = form.WhyIdle(control); !why.empty()) {
+        warnings.push_back(
+            {"no-effect", std::string(control.Name()), WholeName(form, control) + " has no effect: " + why});
     }
 }
 

@@ -22,6 +22,9 @@ struct Action {
 PageWarnings Apply(const std::vector<Action>& actions, const PaperKind& kind, PaperWindow& window,
                    ScreenlessPlatform& platform);
 
+/// Adds that the control has no effect on the page, and why, if it has none.
+void WarnIfIdle(const PaperForm& form, const Control& control, PageWarnings& warnings);
+
 /// Loads a settings file into the form. Throws WorkError.
 void Load(const std::string& fileName, PaperWindow& window);
 

@@ -47,10 +47,11 @@ OnePage TakePage(const Source& source, const std::vector<Action>& actions, const
         const DrawnPage drawn = open.window->DrawPage();
         page.paper = {drawn.frame.paperWidth, drawn.frame.paperHeight};
         page.number = pad.Take(source.name, FileBytesOf(drawn, platform.Now(), turns));
+        Say(platform);
+        Warn(source.name, open, drawn, platform);
     } catch (const PageGivenUp& givenUp) {
         throw WorkError{source.name + ": " + givenUp.reason};
     }
-    Say(platform);
     return page;
 }
 

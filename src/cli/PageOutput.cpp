@@ -51,14 +51,6 @@ PageWarnings AllWarnings(const OpenWindow& open, const PageWarnings& ofPage, con
     return all;
 }
 
-void Warn(const PageJob& job, const OpenWindow& open, const DrawnPage& page, const ScreenlessPlatform& platform)
-{
-    const bool isShort = page.content.View().size() <= longestChecked;
-    for (const PageWarning& warning : AllWarnings(open, isShort ? WarningsOf(page) : page.warnings, platform)) {
-        Complain("warning: " + job.name + ": " + warning.text);
-    }
-}
-
 /// Says of each font only once what this machine shows instead of it, however many pages it paints.
 void WarnOfFonts(std::string_view content)
 {
@@ -127,7 +119,7 @@ void Generate(const PageJob& job, const OutputOptions& how, const std::atomic<bo
     }
     const DrawnPage page = DrawPage(job.output, *open.window, std::move(read));
     Say(platform);
-    Warn(job, open, page, platform);
+    Warn(job.name, open, page, platform);
     if (job.format->hasPixels) {
         WarnOfFonts(page.content);
     }
@@ -152,6 +144,15 @@ void Say(const ScreenlessPlatform& platform)
 {
     for (const std::vector<std::string>* const said : {&platform.messages, &platform.notes}) {
         std::for_each(said->begin(), said->end(), Complain);
+    }
+}
+
+void Warn(const std::string& name, const OpenWindow& open, const DrawnPage& page,
+          const ScreenlessPlatform& platform)
+{
+    const bool isShort = page.content.View().size() <= longestChecked;
+    for (const PageWarning& warning : AllWarnings(open, isShort ? WarningsOf(page) : page.warnings, platform)) {
+        Complain("warning: " + name + ": " + warning.text);
     }
 }
 

@@ -35,6 +35,10 @@ void GeneratePage(const PageJob& job, const OutputOptions& how, const std::atomi
 /// Prints on standard error what a page had to say while it was made.
 void Say(const ScreenlessPlatform& platform);
 
+/// Tells on standard error what will disappoint on a page that was drawn; of a heavy one only what the form tells.
+void Warn(const std::string& name, const OpenWindow& open, const DrawnPage& page,
+          const ScreenlessPlatform& platform);
+
 /// Tells before the page is printed what will disappoint on it: on standard output, or as JSON at the end of
 /// `found`. Returns whether there is anything.
 bool CheckPage(const PageJob& job, bool asJson, Json& found);

@@ -3,17 +3,21 @@
 #include "cli/Errors.h"
 #include "cli/FileNames.h"
 #include "cli/InputText.h"
+#include "exchange/PageFormats.h"
 #include "pdf/LetterCase.h"
+#include "pipeline/FieldWords.h"
 
 #include <algorithm>
-#include <array>
 
 namespace linealis::cli {
 
 namespace {
 
-/// Of the files that carry a form.
-constexpr std::array<std::string_view, 3> formEndings = {".svg", ".png", ".json"};
+/// Whether a file of that ending, such as ".svg", may carry a form.
+bool MayCarryForm(std::string_view ending)
+{
+    return IsSameText(ending, ".json") || IsNameOfCarrier(ending);
+}
 
 std::vector<std::string> KindNames()
 {
@@ -46,9 +50,12 @@ std::vector<std::string> PossibleSources(const std::string& ending)
     for (const PaperKind& kind : PaperKinds()) {
         possible.push_back("FILE." + std::string(kind.settingsType.extension));
     }
-    for (const std::string_view known : formEndings) {
-        possible.push_back("FILE" + std::string(known));
+    for (const PageFormat& format : PageFormats()) {
+        if (format.carriesForm) {
+            possible.push_back("FILE." + std::string(format.name));
+        }
     }
+    possible.emplace_back("FILE.json");
     return possible;
 }
 
@@ -78,8 +85,19 @@ const PaperKind& KindOf(const FormFile& form)
     return KindNamed(form.kind);
 }
 
-/// Whatever is wrong with the form is a wrong command line.
-void LayFormOver(const FormFile& file, const PaperKind& kind, Form& form)
+/// Whether the file has every control that can be set. Labels count for nothing.
+bool IsWhole(const FormFile& file, const Form& form)
+{
+    const std::vector<Control*>& controls = form.Controls();
+    const auto settable = std::count_if(controls.begin(), controls.end(), [](const Control* control) {
+        return control->Kind() != ControlKind::Label;
+    });
+    return file.controls.size() >= static_cast<std::size_t>(settable);
+}
+
+/// Whatever is wrong with the form is a wrong command line. There are warnings of the controls that somebody has
+/// set in vain; a whole form holds whatever the others say.
+void LayFormOver(const FormFile& file, const PaperKind& kind, PaperForm& form, PageWarnings& warnings)
 {
     try {
         linealis::LayOver(file, kind, form);
@@ -87,6 +105,14 @@ void LayFormOver(const FormFile& file, const PaperKind& kind, Form& form)
         throw UsageError{error.message};
     } catch (const UnknownInput& input) {
         throw Unknown(input);
+    }
+    if (IsWhole(file, form)) {
+        return;
+    }
+    for (const GivenControl& given : file.controls) {
+        if (const Control* const control = FindByNameOrAlias(form, given.name)) {
+            WarnIfIdle(form, *control, warnings);
+        }
     }
 }
 
@@ -138,8 +164,7 @@ Source SourceNamed(const std::string& name)
     if (const PaperKind* const kind = ending.empty() ? nullptr : FindPaperKindByExtension(ending.substr(1))) {
         return {name, Source::Sort::Settings, kind};
     }
-    if (std::any_of(formEndings.begin(), formEndings.end(),
-                    [&](std::string_view known) { return IsSameText(known, ending); })) {
+    if (MayCarryForm(ending)) {
         return {name, Source::Sort::Form};
     }
     throw Unknown("kind", name, PossibleSources(ending));
@@ -192,12 +217,13 @@ OpenWindow Open(const Source& source, const std::vector<Action>& actions, Screen
         Load(source.name, *open.window);
     }
     if (carried) {
-        LayFormOver(*carried, kind, open.window->form);
+        LayFormOver(*carried, kind, open.window->form, open.warnings);
     }
     if (source.form) {
-        LayFormOver(*source.form, kind, open.window->form);
+        LayFormOver(*source.form, kind, open.window->form, open.warnings);
     }
-    open.warnings = Apply(actions, kind, *open.window, platform);
+    const PageWarnings ofActions = Apply(actions, kind, *open.window, platform);
+    open.warnings.insert(open.warnings.end(), ofActions.begin(), ofActions.end());
     return open;
 }
 
