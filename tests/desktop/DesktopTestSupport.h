@@ -352,7 +352,7 @@ protected:
         Enter(window, {"CheckBoxViewGraph=off"});
         const auto* const title = window.findChild<QLineEdit*>(QStringLiteral("EditTitle"));
         const bool hasTitle =
-            title != nullptr && !title->text().isEmpty() && !title->text().startsWith(QStringLiteral("Sample"));
+            title != nullptr && !title->text().isEmpty() && !title->text().contains(QStringLiteral("Sample"));
         person.NamesPage(path, hasTitle ? title->text().toStdString() : "Untitled");
         Click(Child(window, "PushButtonGenerate"));
     }

@@ -23,7 +23,7 @@ public:
         std::promise<quint16> listening;
         std::future<quint16> port = listening.get_future();
         thread = std::thread([this, answer = std::move(answer), &listening] { Serve(answer, listening); });
-        address = "http://localhost:" + std::to_string(port.get());
+        address = "http://127.0.0.1:" + std::to_string(port.get());
     }
     ~WebServer()
     {
