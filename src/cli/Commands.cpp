@@ -139,27 +139,27 @@ bool Differ(const Source& one, const Source& other, bool asJson)
         throw UsageError{one.name + " is of " + std::string(first.kind->name) + ", and " + other.name + " of " +
                          std::string(second.kind->name) + "; only forms of one kind can be compared"};
     }
-    Json found = Json::array();
+    Json differences = Json::array();
     const PaperForm& form = first.window->form;
     for (Control* const control : form.Controls()) {
         Control& twin = *second.window->form.Find(control->Name());
         if (IsLabel(control) || ValueOf(*control) == ValueOf(twin)) {
             continue;
         }
-        found.push_back({{"control", control->Name()},
-                         {"one", ValueOf(*control)},
-                         {"other", ValueOf(twin)},
-                         {"words", WholeName(form, *control)}});
+        differences.push_back({{"control", control->Name()},
+                               {"one", ValueOf(*control)},
+                               {"other", ValueOf(twin)},
+                               {"words", WholeName(form, *control)}});
     }
     if (asJson) {
-        Print(found);
-        return !found.empty();
+        Print(differences);
+        return !differences.empty();
     }
-    for (const Json& row : found) {
+    for (const Json& row : differences) {
         std::cout << row["control"].get<std::string>() << '\t' << Readable(row["one"].get<std::string>()) << '\t'
                   << Readable(row["other"].get<std::string>()) << '\t' << row["words"].get<std::string>() << '\n';
     }
-    return !found.empty();
+    return !differences.empty();
 }
 
 void Save(const Source& source, const std::vector<Action>& actions, const std::string& output)

@@ -48,7 +48,7 @@ public:
     /// Wants another page shown.
     void SetPage(PaperPage page);
     /// Wants all lit up that has one of the roles.
-    void LightUp(const RoleSet& roles);
+    void LightUp(const RoleSet& lit);
     /// Wants another part of the page.
     void SetExcerpt(const PageExcerpt& excerpt);
 

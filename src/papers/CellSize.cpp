@@ -21,14 +21,14 @@ CellSizeFields::CellSizeFields(PaperForm& form, std::string_view alias, std::str
 {}
 
 MinorWeightField::MinorWeightField(PaperForm& form, std::string_view alias, std::string_view lines,
-                                   const RoleSet& roles, const CheckBox* drawnBy)
+                                   const RoleSet& roles)
     : EditMinorLineThickness{form,
                              Group::Lines,
                              "EditMinorLineThickness",
                              alias,
                              "Minor Line Weight:",
                              ".15",
-                             {.meaning = Meaning::Weight, .sets = lines, .governs = roles, .drawnBy = drawnBy}}
+                             {.meaning = Meaning::Weight, .sets = lines, .governs = roles}}
 {}
 
 CellFrameFields::CellFrameFields(PaperForm& form)

@@ -21,9 +21,8 @@ struct CellSizeFields {
 struct MinorWeightField {
     TextField EditMinorLineThickness;
 
-    /// `drawnBy` is the box without which the lines are not drawn; null: there is not one alone.
-    MinorWeightField(PaperForm& form, std::string_view alias, std::string_view lines, const RoleSet& roles,
-                     const CheckBox* drawnBy);
+    /// `lines` are what it sets, `roles` are theirs.
+    MinorWeightField(PaperForm& form, std::string_view alias, std::string_view lines, const RoleSet& roles);
 };
 
 /// The last fields of such a form.

@@ -139,6 +139,13 @@ void HexagonDrawing::DrawJoiningLines()
 
 }  // namespace
 
+std::string HexagonForm::WhyIdle(const Control& control) const
+{
+    const CheckBox& box = outline.CheckBoxFrame;
+    return &control == &minor.EditMinorLineThickness && !box.Value() ? box.Caption() + " is off"
+                                                                     : PaperForm::WhyIdle(control);
+}
+
 SettingsTable Settings(HexagonForm& form)
 {
     return CellSizeSettings(form, form.cell, form.outline);

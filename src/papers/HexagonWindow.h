@@ -10,8 +10,10 @@ namespace linealis {
 /// The cell size is the side of a hexagon.
 struct HexagonForm final : PaperForm {
     CellSizeFields cell{*this, "line-weight-of-the-hexagons", ".3", "hexagons", {"cell"}};
-    MinorWeightField minor{*this, "minor-line-weight-of-the-frame", "frame", {"frame"}, &outline.CheckBoxFrame};
+    MinorWeightField minor{*this, "minor-line-weight-of-the-frame", "frame", {"frame"}};
     CellFrameFields outline{*this};
+
+    std::string WhyIdle(const Control& control) const override;
 };
 
 /// Lengths in points.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string_view>
@@ -27,13 +28,10 @@ using RoleSet = std::array<Role, 5>;
 /// Whether a role is one of the set.
 constexpr bool Includes(const RoleSet& set, Role role)
 {
-    for (const Role general : set) {
+    return std::any_of(set.begin(), set.end(), [role](Role general) {
         const bool isNarrower = role.size() > general.size() && role[general.size()] == '.';
-        if (!general.empty() && role.starts_with(general) && (role.size() == general.size() || isNarrower)) {
-            return true;
-        }
-    }
-    return false;
+        return !general.empty() && role.starts_with(general) && (role.size() == general.size() || isNarrower);
+    });
 }
 
 }  // namespace linealis
