@@ -2,7 +2,7 @@
 
 #include "Deflate.h"
 #include "Processes.h"
-#include "pdf/Numbers.h"
+#include "text/Numbers.h"
 
 #include <unistd.h>
 

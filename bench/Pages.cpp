@@ -1,7 +1,7 @@
 #include "Pages.h"
 
-#include "app/PaperKinds.h"
-#include "pdf/Numbers.h"
+#include "kinds/PaperKinds.h"
+#include "text/Numbers.h"
 
 #include <unistd.h>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/PaperKinds.h"
-#include "pipeline/PageJob.h"
-#include "pipeline/PaperWindow.h"
+#include "kinds/PaperKinds.h"
+#include "pipeline/document/PaperWindow.h"
+#include "pipeline/page/PageJob.h"
 #include "platform/ScreenlessPlatform.h"
 
 #include <filesystem>

@@ -3,10 +3,10 @@
 
 #include "Fuzz.h"
 #include "app/Preferences.h"
-#include "app/PrinterFactors.h"
-#include "app/RecentFiles.h"
+#include "desktop/system/PrinterFactors.h"
+#include "desktop/system/RecentFiles.h"
 #include "pdf/OwnPdf.h"
-#include "pipeline/MarkerFile.h"
+#include "pipeline/document/MarkerFile.h"
 
 #include <unistd.h>
 

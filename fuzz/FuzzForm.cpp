@@ -3,7 +3,7 @@
 
 #include "Fuzz.h"
 #include "exchange/FormJson.h"
-#include "pipeline/SetControl.h"
+#include "pipeline/form/SetControl.h"
 
 using namespace linealis;
 using namespace linealis::fuzz;

@@ -2,7 +2,7 @@
 // can be sent again.
 
 #include "Fuzz.h"
-#include "desktop/HandOverMessage.h"
+#include "desktop/system/HandOverMessage.h"
 
 using namespace linealis::fuzz;
 using linealis::desktop::HandOverMessage;

@@ -1,8 +1,8 @@
 // Numbers read from texts and written as texts: always finite, and short ones come back.
 
 #include "Fuzz.h"
-#include "pdf/Numbers.h"
-#include "pipeline/LengthText.h"
+#include "pipeline/form/LengthText.h"
+#include "text/Numbers.h"
 
 #include <array>
 #include <cmath>

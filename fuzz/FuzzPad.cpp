@@ -4,7 +4,7 @@
 #include "Fuzz.h"
 #include "cli/Errors.h"
 #include "cli/Pad.h"
-#include "pipeline/PageJob.h"
+#include "pipeline/page/PageJob.h"
 
 #include <unistd.h>
 

@@ -3,8 +3,8 @@
 #include "Fuzz.h"
 #include "exchange/SvgPage.h"
 #include "pdf/PageContent.h"
-#include "pipeline/PageJob.h"
-#include "pipeline/SetControl.h"
+#include "pipeline/form/SetControl.h"
+#include "pipeline/page/PageJob.h"
 
 #include <cmath>
 

@@ -2,8 +2,8 @@
 // changes nothing.
 
 #include "Fuzz.h"
-#include "pipeline/FieldWords.h"
-#include "pipeline/SetControl.h"
+#include "pipeline/form/FieldWords.h"
+#include "pipeline/form/SetControl.h"
 
 using namespace linealis;
 using namespace linealis::fuzz;

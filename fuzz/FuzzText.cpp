@@ -2,7 +2,7 @@
 
 #include "Fuzz.h"
 #include "exchange/CarriedText.h"
-#include "pdf/MacRoman.h"
+#include "text/MacRoman.h"
 
 using namespace linealis;
 using namespace linealis::fuzz;

@@ -2,7 +2,7 @@
 // asked once at most, and about a word of it.
 
 #include "Fuzz.h"
-#include "desktop/HttpAnswer.h"
+#include "desktop/system/HttpAnswer.h"
 #include "services/VersionCheckThread.h"
 
 using namespace linealis;

@@ -1,6 +1,6 @@
 #include "Made.h"
 
-#include "pipeline/SetControl.h"
+#include "pipeline/form/SetControl.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pipeline/PaperWindow.h"
+#include "pipeline/document/PaperWindow.h"
 
 #include <iterator>
 #include <random>

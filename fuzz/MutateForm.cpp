@@ -5,7 +5,7 @@
 #include "exchange/CarriedText.h"
 #include "exchange/FormJson.h"
 #include "exchange/PngFile.h"
-#include "pipeline/SetControl.h"
+#include "pipeline/form/SetControl.h"
 
 namespace linealis::fuzz {
 

@@ -2,7 +2,8 @@
 
 #include "PageSupport.h"
 #include "app/OwnPresets.h"
-#include "app/Version.h"
+#include "desktop/system/RecentFiles.h"
+#include "platform/Version.h"
 
 #include <limits>
 
@@ -30,6 +31,10 @@ public:
     void ShowPreferences(PrefsWindow& window) override { user(window); }
     bool AnyWindowOpen() const override { return anyOpen; }
     void CloseFrontWindow() override { ++closed; }
+    void Used(const FolderItem& file) override
+    {
+        EXPECT_FALSE(RecentFiles(platform.PreferencesFolder()).Add(file));
+    }
     bool IsEnding() const override { return isEnding; }
 
     std::vector<Shown> shown;

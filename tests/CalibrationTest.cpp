@@ -1,9 +1,9 @@
-#include "app/Calibration.h"
+#include "check/Calibration.h"
 
 #include "PageSupport.h"
-#include "app/PageCheck.h"
-#include "app/PrinterFactors.h"
-#include "pipeline/PageJob.h"
+#include "check/PageCheck.h"
+#include "desktop/system/PrinterFactors.h"
+#include "pipeline/page/PageJob.h"
 
 #include <cmath>
 

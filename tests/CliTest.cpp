@@ -1,5 +1,5 @@
 #include "TestSupport.h"
-#include "app/Version.h"
+#include "platform/Version.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,8 +1,8 @@
 #include "PageSupport.h"
-#include "app/PageCheck.h"
+#include "check/PageCheck.h"
 #include "cli/Errors.h"
-#include "pipeline/FieldWords.h"
-#include "pipeline/SetControl.h"
+#include "pipeline/form/FieldWords.h"
+#include "pipeline/form/SetControl.h"
 
 #include <cstdlib>
 

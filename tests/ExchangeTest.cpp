@@ -3,9 +3,9 @@
 #include "exchange/PngPage.h"
 #include "exchange/SvgPage.h"
 #include "pdf/PageContent.h"
-#include "pipeline/PageJob.h"
-#include "pipeline/PaperForm.h"
-#include "pipeline/SetControl.h"
+#include "pipeline/form/PaperForm.h"
+#include "pipeline/form/SetControl.h"
+#include "pipeline/page/PageJob.h"
 
 #include <sys/resource.h>
 

@@ -1,9 +1,9 @@
-#include "pipeline/FieldWords.h"
+#include "pipeline/form/FieldWords.h"
 
 #include "PageSupport.h"
-#include "pdf/Numbers.h"
-#include "pipeline/LengthText.h"
-#include "pipeline/Stepping.h"
+#include "pipeline/form/LengthText.h"
+#include "pipeline/form/Stepping.h"
+#include "text/Numbers.h"
 
 #include <map>
 #include <set>

@@ -1,4 +1,4 @@
-#include "pdf/Numbers.h"
+#include "text/Numbers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "TestSupport.h"
-#include "pdf/MacRoman.h"
 #include "pdf/MyPDFGenerator.h"
+#include "text/MacRoman.h"
 
 #include <cmath>
 

@@ -1,7 +1,7 @@
-#include "app/PageCheck.h"
+#include "check/PageCheck.h"
 
 #include "PageSupport.h"
-#include "app/Presets.h"
+#include "kinds/Presets.h"
 
 namespace linealis::test {
 namespace {

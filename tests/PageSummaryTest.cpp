@@ -1,4 +1,4 @@
-#include "app/PageSummary.h"
+#include "kinds/PageSummary.h"
 
 #include "PageSupport.h"
 

@@ -1,5 +1,5 @@
 #include "PageSupport.h"
-#include "pipeline/PageJob.h"
+#include "pipeline/page/PageJob.h"
 
 #include <map>
 

@@ -1,8 +1,8 @@
-#include "app/PaperSearch.h"
+#include "desktop/window/PaperSearch.h"
 
 #include "PageSupport.h"
 #include "app/OwnPresets.h"
-#include "app/RecentFiles.h"
+#include "desktop/system/RecentFiles.h"
 
 namespace linealis::test {
 namespace {

@@ -1,6 +1,6 @@
 #include "TestSupport.h"
-#include "pdf/Numbers.h"
-#include "pipeline/PageJob.h"
+#include "pipeline/page/PageJob.h"
+#include "text/Numbers.h"
 
 #include <future>
 

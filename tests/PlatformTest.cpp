@@ -1,6 +1,6 @@
 #include "TestSupport.h"
 #include "pdf/OwnPdf.h"
-#include "pipeline/MarkerFile.h"
+#include "pipeline/document/MarkerFile.h"
 #include "platform/BinaryStream.h"
 #include "platform/FileFault.h"
 

@@ -1,4 +1,4 @@
-#include "app/Presets.h"
+#include "kinds/Presets.h"
 
 #include "PageSupport.h"
 #include "app/OwnPresets.h"

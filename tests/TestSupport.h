@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/PaperKinds.h"
+#include "kinds/PaperKinds.h"
 #include "platform/ScreenlessPlatform.h"
 
 #include <fcntl.h>

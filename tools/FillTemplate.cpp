@@ -2,10 +2,10 @@
 //
 //   linealis_fill_template TEMPLATE OUTPUT
 
-#include "app/PaperKinds.h"
-#include "app/Presets.h"
-#include "app/Version.h"
 #include "cli/CommandLine.h"
+#include "kinds/PaperKinds.h"
+#include "kinds/Presets.h"
+#include "platform/Version.h"
 
 #include <algorithm>
 #include <fstream>

@@ -1,9 +1,9 @@
 // Shows every window of the program and saves a picture of each: for the manual, the README and whoever wants to
 // see them.
 
-#include "desktop/Desktop.h"
-#include "desktop/FormDialog.h"
-#include "desktop/Text.h"
+#include "desktop/dialogs/FormDialog.h"
+#include "desktop/system/Text.h"
+#include "desktop/window/Desktop.h"
 
 #include <QApplication>
 #include <QDir>
@@ -77,7 +77,7 @@ int main(int argc, char** argv)
     camera.Take(WindowNamed(QStringLiteral("gallery")), QStringLiteral("gallery"));
     for (const PaperKind& kind : PaperKinds()) {
         PaperWindow& window = desktop.Application().ShowPaper(kind);
-        camera.Take(WindowNamed(ToQt(kind.name)), ToQt(kind.name));
+        camera.Take(WindowNamed(ToQt(kind.window)), ToQt(kind.name));
         if (Wizard* const wizard = window.GetWizard()) {
             ShowDialog(camera, QStringLiteral("Easy Graph Wizard"), QStringLiteral("wizard"), wizard->Fields());
         }
@@ -85,7 +85,7 @@ int main(int argc, char** argv)
             window.form.Get<TextField>("EditHorzSpacing").SetText("abc");
             window.form.Get<TextField>("EditBlankTop").SetText("2.9");
             window.form.Get<TextField>("EditBlankLeft").SetText("-1");
-            camera.Take(WindowNamed(ToQt(kind.name)), QStringLiteral("remarks"));
+            camera.Take(WindowNamed(ToQt(kind.window)), QStringLiteral("remarks"));
         }
     }
     bool noUpdateCheck = false;

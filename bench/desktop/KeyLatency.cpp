@@ -2,10 +2,10 @@
 // million strokes is drawn beside it: key_latency RESULTS
 
 #include "Pages.h"
-#include "app/PaperKinds.h"
-#include "desktop/DesktopPlatform.h"
-#include "desktop/LivePage.h"
-#include "desktop/PaperView.h"
+#include "desktop/page/LivePage.h"
+#include "desktop/system/DesktopPlatform.h"
+#include "desktop/window/PaperView.h"
+#include "kinds/PaperKinds.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -1,9 +1,9 @@
 // How the desktop program's event loop fares while a page of a million strokes is made: page_turns RESULTS
 
 #include "Pages.h"
-#include "app/PaperKinds.h"
-#include "desktop/DesktopPlatform.h"
-#include "desktop/PaperView.h"
+#include "desktop/system/DesktopPlatform.h"
+#include "desktop/window/PaperView.h"
+#include "kinds/PaperKinds.h"
 
 #include <QApplication>
 #include <QTimer>

@@ -1,8 +1,8 @@
 #include "api/Linealis.h"
 
-#include "app/PageCheck.h"
-#include "app/Presets.h"
-#include "pipeline/FieldWords.h"
+#include "check/PageCheck.h"
+#include "kinds/Presets.h"
+#include "pipeline/form/FieldWords.h"
 #include "platform/ScreenlessPlatform.h"
 
 #include <stdexcept>

@@ -1,8 +1,8 @@
 #include "app/App.h"
 
 #include "app/OwnPresets.h"
-#include "app/Version.h"
 #include "platform/BinaryStream.h"
+#include "platform/Version.h"
 
 namespace linealis {
 
@@ -123,7 +123,7 @@ PaperWindow* App::OpenSettings(const FolderItem& file)
     }
     PaperWindow& window = ShowPaper(*kind);
     if (window.OpenDocument(file)) {
-        Recent().Add(file);
+        windows.Used(file);
     }
     return &window;
 }
@@ -213,10 +213,10 @@ void App::Perform(const MenuItem& item, PaperWindow* front)
     }
 }
 
-void App::Remember(PaperWindow& window, bool (PaperWindow::*action)()) const
+void App::Remember(PaperWindow& window, bool (PaperWindow::*action)())
 {
     if ((window.*action)()) {
-        Recent().Add(window.OurFolderItem());
+        windows.Used(window.OurFolderItem());
     }
 }
 

@@ -1,15 +1,14 @@
 #pragma once
 
 #include "app/MenuBar1.h"
-#include "app/PaperKinds.h"
 #include "app/Preferences.h"
-#include "app/RecentFiles.h"
 #include "graph/AxisFunctions.h"
+#include "kinds/PaperKinds.h"
 #include "pdf/Geometry.h"
-#include "pdf/Numbers.h"
 #include "services/GalleryWindow.h"
 #include "services/PrefsWindow.h"
 #include "services/VersionCheckThread.h"
+#include "text/Numbers.h"
 
 #include <cstdint>
 #include <map>
@@ -32,6 +31,8 @@ public:
     virtual void ShowPreferences(PrefsWindow& window) = 0;
     virtual bool AnyWindowOpen() const = 0;
     virtual void CloseFrontWindow() = 0;
+    /// The user has opened or saved a settings file. Presets and last settings do not count.
+    virtual void Used(const FolderItem& settingsFile) = 0;
     /// Whether the program is about to end.
     virtual bool IsEnding() const = 0;
 };
@@ -68,8 +69,6 @@ public:
     void CheckForTheLatestVersion();
 
     GalleryWindow& Gallery() { return gallery; }
-    /// What the user has opened and saved; presets and last settings are not in it.
-    RecentFiles Recent() const { return RecentFiles(platform.PreferencesFolder()); }
     static ProgramVersion Version();
 
     // Small operations that live where they are used.
@@ -90,8 +89,8 @@ public:
 private:
     void OpenFromGallery(std::size_t entry);
     void ShowAbout();
-    /// Has the window open or save its settings file, and keeps which one if that went well.
-    void Remember(PaperWindow& window, bool (PaperWindow::*action)()) const;
+    /// Has the window open or save its settings file, and tells which one if that went well.
+    void Remember(PaperWindow& window, bool (PaperWindow::*action)());
     FolderItem HelpFile() const;
     FolderItem PrefsFile() const;
     FolderItem LastSettingsFile() const;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/PaperKinds.h"
+#include "kinds/PaperKinds.h"
 
 #include <string_view>
 #include <vector>

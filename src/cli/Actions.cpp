@@ -2,8 +2,8 @@
 
 #include "cli/Errors.h"
 #include "cli/FileNames.h"
-#include "pipeline/FieldWords.h"
-#include "pipeline/SetControl.h"
+#include "pipeline/form/FieldWords.h"
+#include "pipeline/form/SetControl.h"
 
 #include <string_view>
 

@@ -1,9 +1,9 @@
 #include "cli/CalibrationCommand.h"
 
-#include "app/Calibration.h"
+#include "check/Calibration.h"
 #include "cli/Errors.h"
 #include "cli/FileNames.h"
-#include "pipeline/PageJob.h"
+#include "pipeline/page/PageJob.h"
 #include "platform/ScreenlessPlatform.h"
 
 #include <vector>

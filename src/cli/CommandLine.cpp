@@ -1,9 +1,9 @@
 #include "cli/CommandLine.h"
 
-#include "app/Version.h"
 #include "cli/CalibrationCommand.h"
 #include "cli/Commands.h"
 #include "cli/Errors.h"
+#include "platform/Version.h"
 
 #include <algorithm>
 #include <cmath>

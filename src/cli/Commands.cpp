@@ -1,14 +1,14 @@
 #include "cli/Commands.h"
 
-#include "app/PageCheck.h"
-#include "app/PageSummary.h"
+#include "check/PageCheck.h"
 #include "cli/Errors.h"
 #include "cli/FileNames.h"
 #include "cli/PageOutput.h"
-#include "pdf/MacRoman.h"
-#include "pipeline/FieldWords.h"
-#include "pipeline/SetControl.h"
+#include "kinds/PageSummary.h"
+#include "pipeline/form/FieldWords.h"
+#include "pipeline/form/SetControl.h"
 #include "platform/ScreenlessPlatform.h"
+#include "text/MacRoman.h"
 
 #include <algorithm>
 #include <array>

@@ -1,9 +1,9 @@
 #include "cli/Completion.h"
 
-#include "app/Calibration.h"
+#include "check/Calibration.h"
 #include "cli/Errors.h"
 #include "cli/PageOutput.h"
-#include "pipeline/FieldWords.h"
+#include "pipeline/form/FieldWords.h"
 #include "platform/ScreenlessPlatform.h"
 
 #include <algorithm>

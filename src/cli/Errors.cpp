@@ -1,9 +1,9 @@
 #include "cli/Errors.h"
 
-#include "pdf/LetterCase.h"
-#include "pdf/MacRoman.h"
-#include "pdf/ShortText.h"
 #include "platform/Process.h"
+#include "text/LetterCase.h"
+#include "text/MacRoman.h"
+#include "text/ShortText.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pipeline/SetControl.h"
+#include "pipeline/form/SetControl.h"
 
 #include <new>
 #include <string>

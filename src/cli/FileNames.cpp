@@ -1,7 +1,7 @@
 #include "cli/FileNames.h"
 
 #include "cli/Errors.h"
-#include "pdf/LetterCase.h"
+#include "text/LetterCase.h"
 
 #include <filesystem>
 

@@ -5,7 +5,7 @@
 #include "cli/FileNames.h"
 #include "cli/PageJobs.h"
 #include "cli/PageList.h"
-#include "pdf/LetterCase.h"
+#include "text/LetterCase.h"
 
 #include <algorithm>
 #include <atomic>

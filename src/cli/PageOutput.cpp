@@ -1,6 +1,6 @@
 #include "cli/PageOutput.h"
 
-#include "app/PageCheck.h"
+#include "check/PageCheck.h"
 #include "cli/Errors.h"
 #include "cli/FileNames.h"
 #include "exchange/FontCheck.h"

@@ -4,8 +4,8 @@
 #include "cli/FileNames.h"
 #include "cli/InputText.h"
 #include "exchange/PageFormats.h"
-#include "pdf/LetterCase.h"
-#include "pipeline/FieldWords.h"
+#include "pipeline/form/FieldWords.h"
+#include "text/LetterCase.h"
 
 #include <algorithm>
 

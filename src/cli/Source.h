@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/Presets.h"
 #include "cli/Actions.h"
 #include "exchange/FormJson.h"
+#include "kinds/Presets.h"
 
 #include <memory>
 #include <optional>

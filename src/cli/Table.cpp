@@ -2,8 +2,8 @@
 
 #include "cli/Errors.h"
 #include "cli/InputText.h"
-#include "pdf/LetterCase.h"
-#include "pdf/ShortText.h"
+#include "text/LetterCase.h"
+#include "text/ShortText.h"
 
 #include <algorithm>
 #include <map>

@@ -1,10 +1,10 @@
-#include "app/PaperKinds.h"
-#include "app/Version.h"
-#include "desktop/Application.h"
-#include "desktop/Desktop.h"
-#include "desktop/SingleInstance.h"
+#include "desktop/system/Application.h"
+#include "desktop/system/SingleInstance.h"
+#include "desktop/window/Desktop.h"
+#include "kinds/PaperKinds.h"
 #include "platform/OwnUser.h"
 #include "platform/SignalPipe.h"
+#include "platform/Version.h"
 
 #ifdef LINEALIS_FONTCONFIG
 #include <fontconfig/fontconfig.h>

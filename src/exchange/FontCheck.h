@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pipeline/PageWarning.h"
+#include "pipeline/page/PageWarning.h"
 
 #include <string_view>
 

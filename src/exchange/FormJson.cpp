@@ -2,9 +2,9 @@
 
 #include "exchange/CarriedText.h"
 #include "exchange/PageFormats.h"
-#include "pdf/ShortText.h"
-#include "pipeline/FieldWords.h"
-#include "pipeline/SetControl.h"
+#include "pipeline/form/FieldWords.h"
+#include "pipeline/form/SetControl.h"
+#include "text/ShortText.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/PaperKinds.h"
-#include "pipeline/Controls.h"
+#include "kinds/PaperKinds.h"
+#include "pipeline/form/Controls.h"
 
 #include <nlohmann/json.hpp>
 

@@ -2,7 +2,7 @@
 
 #include "exchange/PngPage.h"
 #include "exchange/SvgPage.h"
-#include "pdf/LetterCase.h"
+#include "text/LetterCase.h"
 
 #include <algorithm>
 #include <array>

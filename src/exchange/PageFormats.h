@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pipeline/PageJob.h"
+#include "pipeline/page/PageJob.h"
 
 #include <span>
 #include <string>

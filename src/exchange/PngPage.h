@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pipeline/PageFrame.h"
+#include "pipeline/page/PageFrame.h"
 #include "platform/BinaryStream.h"
 #include "platform/Turns.h"
 

@@ -1,10 +1,10 @@
 #include "exchange/SvgPage.h"
 
 #include "exchange/CarriedText.h"
-#include "pdf/Numbers.h"
 #include "pdf/PageContent.h"
 #include "pdf/StandardFonts.h"
 #include "pdf/Units.h"
+#include "text/Numbers.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "pdf/Geometry.h"
-#include "pipeline/PageFrame.h"
+#include "pipeline/page/PageFrame.h"
 #include "platform/BinaryStream.h"
 #include "platform/Turns.h"
 

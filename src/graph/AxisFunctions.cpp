@@ -1,6 +1,6 @@
 #include "graph/AxisFunctions.h"
 
-#include "pdf/Numbers.h"
+#include "text/Numbers.h"
 
 #include <array>
 #include <cmath>

@@ -1,7 +1,7 @@
 #include "graph/EasyGraphWizard.h"
 
-#include "pdf/Numbers.h"
 #include "pdf/Units.h"
+#include "text/Numbers.h"
 
 namespace linealis {
 

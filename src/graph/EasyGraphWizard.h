@@ -1,6 +1,6 @@
 #pragma once
 
-#include "graph/MainWindow.h"
+#include "graph/GraphPaper.h"
 
 namespace linealis {
 

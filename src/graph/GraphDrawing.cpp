@@ -1,7 +1,7 @@
 #include "graph/GraphDrawing.h"
 
-#include "pdf/Numbers.h"
-#include "pipeline/PageWords.h"
+#include "pipeline/page/PageWords.h"
+#include "text/Numbers.h"
 
 namespace linealis {
 

@@ -1,7 +1,7 @@
 #include "graph/GraphDrawing.h"
 
-#include "pdf/Numbers.h"
-#include "pipeline/Fitting.h"
+#include "pipeline/page/Fitting.h"
+#include "text/Numbers.h"
 
 #include <cmath>
 

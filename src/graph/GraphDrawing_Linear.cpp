@@ -1,7 +1,7 @@
 #include "graph/GraphDrawing.h"
 
 #include "graph/AxisFunctions.h"
-#include "pdf/Numbers.h"
+#include "text/Numbers.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #include "papers/CellGrid.h"
 
-#include "pipeline/Fitting.h"
-#include "pipeline/PageWords.h"
+#include "pipeline/page/Fitting.h"
+#include "pipeline/page/PageWords.h"
 
 namespace linealis {
 

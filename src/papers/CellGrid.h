@@ -1,7 +1,7 @@
 #pragma once
 
-#include "pipeline/PaperForm.h"
-#include "pipeline/PaperPage.h"
+#include "pipeline/form/PaperForm.h"
+#include "pipeline/page/PaperPage.h"
 
 #include <cstdint>
 #include <string>

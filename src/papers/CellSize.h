@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pipeline/Paper.h"
+#include "pipeline/document/Paper.h"
 
 #include <string_view>
 

@@ -1,6 +1,6 @@
 #include "papers/DiagonalLines.h"
 
-#include "pipeline/Fitting.h"
+#include "pipeline/page/Fitting.h"
 
 namespace linealis {
 

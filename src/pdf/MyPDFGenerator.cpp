@@ -1,7 +1,7 @@
 #include "pdf/MyPDFGenerator.h"
 
-#include "pdf/Numbers.h"
 #include "pdf/StandardFonts.h"
+#include "text/Numbers.h"
 
 #include <zlib.h>
 

@@ -1,6 +1,6 @@
 #include "pdf/MyPDFGenerator.h"
 
-#include "pdf/Numbers.h"
+#include "text/Numbers.h"
 
 #include <algorithm>
 

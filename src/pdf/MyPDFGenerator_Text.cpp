@@ -1,8 +1,8 @@
 #include "pdf/MyPDFGenerator.h"
 
 #include "pdf/Geometry.h"
-#include "pdf/MacRoman.h"
-#include "pdf/Numbers.h"
+#include "text/MacRoman.h"
+#include "text/Numbers.h"
 
 #include <cmath>
 #include <string>

@@ -1,6 +1,6 @@
 #include "pdf/PageContent.h"
 
-#include "pdf/Numbers.h"
+#include "text/Numbers.h"
 
 #include <cmath>
 

@@ -1,6 +1,6 @@
 #include "pdf/PageContent.h"
 
-#include "pdf/MacRoman.h"
+#include "text/MacRoman.h"
 
 #include <algorithm>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "platform/BinaryStream.h"
 
-#include "platform/posix/InputFile.h"
-#include "platform/posix/OutputFile.h"
+#include "platform/linux/InputFile.h"
+#include "platform/linux/OutputFile.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pipeline/Form.h"
+#include "pipeline/form/Form.h"
 
 namespace linealis {
 

@@ -1,6 +1,6 @@
 #include "services/VersionCheckThread.h"
 
-#include "pdf/Numbers.h"
+#include "text/Numbers.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,19 +1,13 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "platform/Version.h"
 
 #include <cstdint>
 #include <functional>
 #include <string>
 
 namespace linealis {
-
-/// The program's own version number.
-struct ProgramVersion {
-    int major = 0;
-    int minor = 0;
-    int third = 0;
-};
 
 /// Asks the maker's web server whether there is a newer version, beside everything else, and tells the user.
 class VersionCheckThread {

@@ -1,7 +1,7 @@
 #include "DesktopTestSupport.h"
 #include "LoadSupport.h"
-#include "desktop/FormGroup.h"
-#include "desktop/PaperView.h"
+#include "desktop/form/FormGroup.h"
+#include "desktop/window/PaperView.h"
 
 #include <QAccessible>
 #include <QClipboard>

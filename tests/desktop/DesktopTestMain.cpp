@@ -1,5 +1,5 @@
 #include "TestSupport.h"
-#include "desktop/Application.h"
+#include "desktop/system/Application.h"
 
 #include <QStandardPaths>
 

@@ -1,7 +1,7 @@
 #include "DesktopTestSupport.h"
-#include "app/Version.h"
-#include "desktop/Application.h"
-#include "desktop/PaperView.h"
+#include "desktop/system/Application.h"
+#include "desktop/window/PaperView.h"
+#include "platform/Version.h"
 
 #include <QClipboard>
 #include <QFileOpenEvent>

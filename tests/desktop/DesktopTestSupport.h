@@ -5,8 +5,8 @@
 
 #include "TestSupport.h"
 #include "app/Preferences.h"
-#include "desktop/Desktop.h"
-#include "desktop/Text.h"
+#include "desktop/system/Text.h"
+#include "desktop/window/Desktop.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -311,10 +311,13 @@ protected:
     /// The program's main loop. Its end must have been arranged.
     static int Run() { return QApplication::exec(); }
 
+    /// The window of a kind, or another by its name.
     static QWidget* FindWindow(std::string_view name)
     {
+        const PaperKind* const kind = FindPaperKind(name);
+        const QString wanted = ToQt(kind == nullptr ? name : kind->window);
         for (QWidget* const window : QApplication::topLevelWidgets()) {
-            if (window->objectName() == ToQt(name) && window->isVisible()) {
+            if (window->objectName() == wanted && window->isVisible()) {
                 return window;
             }
         }

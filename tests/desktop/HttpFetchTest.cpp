@@ -1,4 +1,4 @@
-#include "desktop/HttpFetch.h"
+#include "desktop/system/HttpFetch.h"
 
 #include "DesktopTestSupport.h"
 #include "services/VersionCheckThread.h"

@@ -1,10 +1,10 @@
-#include "desktop/LivePage.h"
+#include "desktop/page/LivePage.h"
 
 #include "DesktopTestSupport.h"
-#include "app/Presets.h"
-#include "desktop/PagePainter.h"
-#include "desktop/PageRuler.h"
-#include "pipeline/PageJob.h"
+#include "desktop/page/PagePainter.h"
+#include "desktop/page/PageRuler.h"
+#include "kinds/Presets.h"
+#include "pipeline/page/PageJob.h"
 
 #include <QSignalSpy>
 #include <QToolButton>

@@ -1,4 +1,4 @@
-#include "desktop/PresetMenu.h"
+#include "desktop/window/PresetMenu.h"
 
 #include "DesktopTestSupport.h"
 

@@ -1,9 +1,9 @@
 #include "DesktopTestSupport.h"
-#include "desktop/CalibrationDialog.h"
-#include "desktop/PrintPage.h"
-#include "pdf/Numbers.h"
+#include "desktop/dialogs/CalibrationDialog.h"
+#include "desktop/dialogs/PrintPage.h"
 #include "pdf/PageContent.h"
-#include "pipeline/PageJob.h"
+#include "pipeline/page/PageJob.h"
+#include "text/Numbers.h"
 
 #include <QPrintDialog>
 #include <QPrinterInfo>

@@ -1,4 +1,4 @@
-#include "desktop/SingleInstance.h"
+#include "desktop/system/SingleInstance.h"
 
 #include "DesktopTestSupport.h"
 #include "platform/OwnUser.h"

@@ -1,0 +1,174 @@
+#include "desktop/dialogs/ExportPage.h"
+
+#include "desktop/system/FileDialogs.h"
+#include "desktop/system/Text.h"
+#include "desktop/system/WindowSettings.h"
+#include "exchange/PngPage.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QFileInfo>
+#include <QFormLayout>
+#include <QImage>
+#include <QLabel>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <algorithm>
+#include <vector>
+
+namespace linealis::desktop {
+
+namespace {
+
+const QString folderKey = QStringLiteral("folders/export");
+const QString formatKey = QStringLiteral("export/format");
+const QString resolutionKey = QStringLiteral("export/resolution");
+const QString transparentKey = QStringLiteral("export/transparent");
+
+/// Asks what the picture is to be like. What was chosen last is proposed.
+class ExportDialog final : public QDialog {
+public:
+    ExportDialog(const PaperSize& thePaper, QWidget* parent) : QDialog(parent), paper(thePaper)
+    {
+        setObjectName(QStringLiteral("export"));
+        setWindowTitle(QObject::tr("Export Page"));
+        const WindowSettings settings;
+        auto* const form = new QFormLayout(this);
+        const QString last = settings.value(formatKey).toString();
+        for (const PageFormat& format : PageFormats()) {
+            if (&format != &PageFormats().front()) {  // which Generate makes
+                AddFormat(*form, format, last);
+            }
+        }
+        resolution->setObjectName(QStringLiteral("ExportResolution"));
+        resolution->setRange(1, HighestDotsPerInch(paper));
+        resolution->setSuffix(QObject::tr(" dpi"));
+        resolution->setValue(settings.value(resolutionKey, 300).toInt());
+        transparent->setObjectName(QStringLiteral("ExportTransparent"));
+        transparent->setChecked(settings.value(transparentKey).toBool());
+
+        form->addRow(QObject::tr("&Resolution:"), resolution);
+        form->addRow(QString(), pixels);
+        form->addRow(QString(), transparent);
+        auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
+        buttons->addButton(QObject::tr("&Export..."), QDialogButtonBox::AcceptRole);
+        form->addRow(buttons);
+        QObject::connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+        QObject::connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+        QObject::connect(resolution, &QSpinBox::valueChanged, this, [this] { Follow(); });
+        Follow();
+        chosen->button->setFocus();
+    }
+
+    const PageFormat& Format() const { return *chosen->format; }
+
+    WriteOptions Options() const
+    {
+        WriteOptions options;
+        options.dotsPerInch = resolution->value();
+        options.isTransparent = transparent->isChecked();
+        return options;
+    }
+
+    void Keep() const
+    {
+        WindowSettings settings;
+        settings.setValue(formatKey, ToQt(Format().name));
+        settings.setValue(resolutionKey, resolution->value());
+        settings.setValue(transparentKey, transparent->isChecked());
+    }
+
+private:
+    struct Choice {
+        const PageFormat* format;
+        QRadioButton* button;
+    };
+
+    void AddFormat(QFormLayout& form, const PageFormat& format, const QString& last)
+    {
+        auto* const button = new QRadioButton(
+            QStringLiteral("&%1, %2").arg(ToQt(format.title), QObject::tr(std::string(format.words).c_str())));
+        button->setObjectName(QStringLiteral("Export%1").arg(ToQt(format.title)));
+        form.addRow(button);
+        if (chosen == nullptr || ToQt(format.name) == last) {
+            button->setChecked(true);
+        }
+        choices.push_back({&format, button});
+        chosen = &choices.front();
+        QObject::connect(button, &QRadioButton::toggled, this, [this] { Follow(); });
+    }
+
+    void Follow()
+    {
+        for (const Choice& choice : choices) {
+            chosen = choice.button->isChecked() ? &choice : chosen;
+        }
+        for (QWidget* const widget : std::initializer_list<QWidget*>{resolution, transparent, pixels}) {
+            widget->setEnabled(Format().hasPixels);
+        }
+        const PixelSize size = PixelsOf(paper, resolution->value());
+        pixels->setText(QObject::tr("%1 by %2 pixels").arg(size.width).arg(size.height));
+    }
+
+    PaperSize paper;
+    std::vector<Choice> choices;
+    const Choice* chosen = nullptr;
+    QSpinBox* resolution = new QSpinBox;
+    QLabel* pixels = new QLabel;
+    QCheckBox* transparent = new QCheckBox(QObject::tr("&Transparent, without the white of the paper"));
+};
+
+}  // namespace
+
+ExportChoice AskForExport(const PaperSize& paper, const QString& name, QWidget* parent, const ModalRunner& runModal)
+{
+    ExportDialog options(paper, parent);
+    if (runModal(options) != QDialog::Accepted) {
+        return {};
+    }
+    options.Keep();
+    const QString ending = ToQt(options.Format().name);
+    QFileDialog dialog(parent, QObject::tr("Save Picture"));
+    GoToFolder(dialog, folderKey);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilter(QStringLiteral("%1 (*.%2)").arg(ToQt(options.Format().title), ending));
+    dialog.setDefaultSuffix(ending);
+    dialog.selectFile(name + QLatin1Char('.') + ending);
+    if (runModal(dialog) != QDialog::Accepted) {
+        return {};
+    }
+    KeepFolder(dialog, folderKey);
+    QString path = dialog.selectedFiles().value(0);
+    if (!path.endsWith(QLatin1Char('.') + ending, Qt::CaseInsensitive)) {
+        path += QLatin1Char('.') + ending;
+    }
+    return {path, &options.Format(), options.Options()};
+}
+
+QString ExportPage(const DrawnPage& page, const ExportChoice& choice, Turns& turns)
+{
+    const QString name = QFileInfo(choice.path).fileName();
+    BinaryStream stream = FolderItem(std::filesystem::path(choice.path.toStdString())).CreateBinaryFile();
+    if (stream.IsOpen()) {
+        choice.format->write(page, choice.options, stream, turns);
+        stream.Close();
+    }
+    if (stream.Error()) {
+        return QObject::tr("%1 was not written: %2").arg(name, ToQt(stream.Error().message()));
+    }
+    return QObject::tr("Wrote %1").arg(name);
+}
+
+std::unique_ptr<QMimeData> PageForClipboard(const DrawnPage& page, const WriteOptions& options, Turns& turns)
+{
+    WriteOptions fitting = options;
+    fitting.dotsPerInch =
+        std::min<double>(options.dotsPerInch, HighestDotsPerInch({page.frame.paperWidth, page.frame.paperHeight}));
+    auto data = std::make_unique<QMimeData>();
+    for (const PageFormat& format : PageFormats()) {
+        data->setData(ToQt(format.mimeType), QByteArray::fromStdString(BytesOf(format, page, fitting, turns)));
+    }
+    return data;
+}
+
+}  // namespace linealis::desktop

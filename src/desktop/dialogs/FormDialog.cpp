@@ -1,0 +1,25 @@
+#include "desktop/dialogs/FormDialog.h"
+
+#include "desktop/form/FormView.h"
+
+#include <QDialogButtonBox>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace linealis::desktop {
+
+FormDialog::FormDialog(const QString& title, Form& form, QWidget* parent) : QDialog(parent)
+{
+    setWindowTitle(title);
+    auto* const layout = new QVBoxLayout(this);
+    layout->addWidget(new FormView(form, GroupBoxes::none, [](Swatch&) {}));
+    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("PushButton1"));
+    buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("PushButton2"));
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    layout->addWidget(buttons);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+}  // namespace linealis::desktop

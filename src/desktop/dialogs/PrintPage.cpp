@@ -1,0 +1,280 @@
+#include "desktop/dialogs/PrintPage.h"
+
+#include "desktop/page/PagePainter.h"
+#include "desktop/system/FileDialogs.h"
+#include "pdf/PageContent.h"
+#include "pdf/Units.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPageLayout>
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrintEngine>
+#include <QPrinterInfo>
+#include <QPushButton>
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+namespace linealis::desktop {
+
+namespace {
+
+constexpr double mmPerPoint = 25.4 / pointsPerInch;
+
+/// Papers are the same if no side differs by more: 1 mm, and what QPageSize::FuzzyMatch allows. Standard papers in
+/// whole points are off by so much.
+constexpr double sameSidePoints = 3.0;
+
+/// Lines that reach no further out than this are not worth a word.
+constexpr double unseenPoints = 0.01 / mmPerPoint;
+
+QSizeF PaperOf(const PageFrame& frame)
+{
+    return {static_cast<double>(frame.paperWidth), static_cast<double>(frame.paperHeight)};
+}
+
+/// The factors of a printer on paper that lies so.
+PrinterFactors Turned(const PrinterFactors& factors, QPageLayout::Orientation orientation)
+{
+    return orientation == QPageLayout::Landscape ? PrinterFactors{factors.y, factors.x} : factors;
+}
+
+QString InMm(double points)
+{
+    return QString::number(points * mmPerPoint, 'f', 1);
+}
+
+QString SizeText(const QSizeF& points)
+{
+    return QStringLiteral("%1 × %2 mm").arg(InMm(points.width()), InMm(points.height()));
+}
+
+/// Measures how far the lines of a page reach beyond the room that a printer can print on.
+class Overreach final : public PageSink {
+public:
+    /// `theRoom` is in points from the sheet's upper left corner downwards.
+    Overreach(const QRectF& theRoom, double pageHeight, const PrinterFactors& theFactors)
+        : room(theRoom), height(pageHeight), factors(theFactors)
+    {}
+
+    bool Scale(double sx, double sy) override
+    {
+        scaleX = sx;
+        scaleY = sy;
+        return true;
+    }
+    bool Stroke(PagePath path, const PagePen& /*pen*/) override
+    {
+        double beyond = 0.0;
+        for (const PathSegment& segment : path) {
+            beyond = std::max(beyond, Beyond(segment.to));
+        }
+        lines += beyond > unseenPoints ? 1 : 0;
+        furthest = std::max(furthest, beyond);
+        return true;
+    }
+    bool Fill(PagePath /*path*/, const PageColor& /*color*/) override { return true; }
+    bool FillAndStroke(PagePath path, const PageColor& /*color*/, const PagePen& pen) override
+    {
+        return Stroke(path, pen);
+    }
+    bool Text(const PageText& /*text*/) override { return true; }
+
+    int lines = 0;
+    double furthest = 0.0;  ///< points
+
+private:
+    double Beyond(const Point& point) const
+    {
+        const double x = point.x * scaleX * factors.x;
+        const double y = (height - point.y * scaleY) * factors.y;
+        return std::max({room.left() - x, x - room.right(), room.top() - y, y - room.bottom(), 0.0});
+    }
+
+    QRectF room;
+    double height;
+    PrinterFactors factors;
+    double scaleX = 1.0;
+    double scaleY = 1.0;
+};
+
+bool IsSame(const QSizeF& a, const QSizeF& b)
+{
+    return std::abs(a.width() - b.width()) <= sameSidePoints && std::abs(a.height() - b.height()) <= sameSidePoints;
+}
+
+/// What a printer has of an upright paper: in a file the size to the point, on a device a paper that it knows by
+/// name, or one cut to size. A device without either keeps its usual paper.
+QPageSize PaperFor(const QPrinter& printer, const QSizeF& upright)
+{
+    const QPageSize exact(upright, QPageSize::Point, {}, QPageSize::ExactMatch);
+    if (printer.outputFormat() == QPrinter::PdfFormat) {
+        return exact;
+    }
+    const QPrinterInfo device(printer);
+    for (const QPageSize& known : device.supportedPageSizes()) {
+        if (IsSame(known.size(QPageSize::Point), upright)) {
+            return known;
+        }
+    }
+    return device.supportsCustomPageSizes() || device.isNull() ? exact : device.defaultPageSize();
+}
+
+/// The room that the printer can print on, in points from the sheet's upper left corner. Qt tells the margins of
+/// upright paper, whichever way it lies, and a driver may turn it to either side.
+QRectF RoomOf(QPageLayout layout)
+{
+    layout.setUnits(QPageLayout::Point);
+    const QMarginsF upright = layout.minimumMargins();
+    QMarginsF margins = upright;
+    if (layout.orientation() == QPageLayout::Landscape) {
+        const double ends = std::max(upright.top(), upright.bottom());
+        const double sides = std::max(upright.left(), upright.right());
+        margins = {ends, sides, ends, sides};
+    }
+    return QRectF(QPointF(), layout.fullRect().size()).marginsRemoved(margins);
+}
+
+/// Has CUPS print without fitting, whatever the queue's own setting is. Qt hands such options on under a key that
+/// its public headers do not name; a print engine without CUPS passes over it.
+void ForbidFitting(const QPrinter& printer)
+{
+    constexpr auto cupsOptions = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xfe00);
+    QPrintEngine* const engine = printer.printEngine();
+    const QStringList options = engine->property(cupsOptions).toStringList();
+    engine->setProperty(cupsOptions,
+                        options + QStringList{QStringLiteral("print-scaling"), QStringLiteral("none")});
+}
+
+/// Whether the user prints nevertheless.
+bool IsWanted(const std::vector<QString>& warnings, QWidget* parent, const ModalRunner& runModal)
+{
+    QStringList texts;
+    std::copy(warnings.begin(), warnings.end(), std::back_inserter(texts));
+    QMessageBox box(QMessageBox::Warning, QStringLiteral("Linealis"), texts.join(QStringLiteral("\n\n")),
+                    QMessageBox::NoButton, parent);
+    box.setTextFormat(Qt::PlainText);
+    const QPushButton* const print = box.addButton(QStringLiteral("Print"), QMessageBox::AcceptRole);
+    box.setDefaultButton(box.addButton(QMessageBox::Cancel));
+    runModal(box);
+    return box.clickedButton() == print;
+}
+
+/// The printer, or the file that is printed into.
+QString NameOf(const QPrinter& printer)
+{
+    return printer.outputFileName().isEmpty() ? printer.printerName() : printer.outputFileName();
+}
+
+QString PaperName(const QPageSize& paper)
+{
+    return paper.id() == QPageSize::Custom ? SizeText(paper.size(QPageSize::Point)) : paper.name();
+}
+
+}  // namespace
+
+void SetPaper(QPrinter& printer, const PageFrame& frame)
+{
+    const QSizeF size = PaperOf(frame);
+    const bool isLandscape = size.width() > size.height();
+    printer.setFullPage(true);
+    printer.setPageSize(PaperFor(printer, isLandscape ? size.transposed() : size));
+    printer.setPageOrientation(isLandscape ? QPageLayout::Landscape : QPageLayout::Portrait);
+}
+
+std::vector<QString> PrintWarnings(const QPrinter& printer, const DrawnPage& page, const PrinterFactors& factors)
+{
+    std::vector<QString> warnings;
+    const QPageLayout layout = printer.pageLayout();
+    const QSizeF sheet = layout.fullRect(QPageLayout::Point).size();
+    const QSizeF paper = PaperOf(page.frame);
+    if (!IsSame(sheet, paper)) {
+        warnings.push_back(
+            QStringLiteral("The printer's paper is %1, the page's %2. The page is printed at 100 % from "
+                           "the upper left corner.")
+                .arg(SizeText(sheet), SizeText(paper)));
+    }
+    Overreach reach(RoomOf(layout), paper.height(), Turned(factors, layout.orientation()));
+    ReadPage(page.content, reach);
+    if (reach.lines > 0) {
+        warnings.push_back(QStringLiteral("Lines that reach out of what the printer can print: %1, by up to %2 mm.")
+                               .arg(reach.lines)
+                               .arg(InMm(reach.furthest)));
+    }
+    return warnings;
+}
+
+bool PaintOnPrinter(QPrinter& printer, const DrawnPage& page, Turns& turns, const PrinterFactors& factors)
+{
+    printer.setFullPage(true);
+    ForbidFitting(printer);
+    QPainter painter;
+    if (!painter.begin(&printer)) {
+        return false;
+    }
+    const PrinterFactors turned = Turned(factors, printer.pageLayout().orientation());
+    painter.scale(printer.logicalDpiX() / pointsPerInch * turned.x,
+                  printer.logicalDpiY() / pointsPerInch * turned.y);
+    PagePainter sink(painter, static_cast<double>(page.frame.paperHeight), PagePainter::ThinLines::AsTheyAre);
+    try {
+        ReadPage(page.content, sink, &turns);
+    } catch (const PageStopped&) {
+        printer.abort();
+        painter.end();
+        if (QFileInfo(printer.outputFileName()).isFile()) {
+            QFile::remove(printer.outputFileName());
+        }
+        throw;
+    }
+    return painter.end() && printer.printerState() != QPrinter::Error;
+}
+
+QString PrintedText(const QPrinter& printer, const PrinterFactors& factors)
+{
+    QString text =
+        QStringLiteral("Printed on %1, %2").arg(NameOf(printer), PaperName(printer.pageLayout().pageSize()));
+    if (printer.copyCount() > 1 && printer.outputFileName().isEmpty()) {  // a file has the page once
+        text += QStringLiteral(", %1 copies").arg(printer.copyCount());
+    }
+    text += QStringLiteral(", 100 %");
+    if (factors != PrinterFactors{}) {
+        text += QStringLiteral(", corrected by %1 across and %2 down").arg(factors.x).arg(factors.y);
+    }
+    return text;
+}
+
+QString PrintWithDialog(QPrinter& printer, const DrawnPage& page, Turns& turns, const FolderItem& factorsFile,
+                        QWidget* parent, const ModalRunner& runModal)
+{
+    SetPaper(printer, page.frame);
+    QPrintDialog dialog(&printer, parent);
+    dialog.setOptions(QAbstractPrintDialog::PrintToFile);
+    if (runModal(dialog) != QDialog::Accepted) {
+        return {};
+    }
+    SetPaper(printer, page.frame);  // of the chosen printer; the dialog goes back to that one's usual paper
+    const PrinterFactors factors = ReadPrinterFactors(factorsFile, printer.printerName().toStdString());
+    const std::vector<QString> warnings = PrintWarnings(printer, page, factors);
+    if (!warnings.empty() && !IsWanted(warnings, parent, runModal)) {
+        return {};
+    }
+    return PaintOnPrinter(printer, page, turns, factors)
+               ? PrintedText(printer, factors)
+               : QStringLiteral("%1 could not be printed on").arg(NameOf(printer));
+}
+
+QString PrintWithDialog(const DrawnPage& page, Turns& turns, const QString& name, const FolderItem& factorsFile,
+                        QWidget* parent, const ModalRunner& runModal)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(name);
+    if (QPrinterInfo::availablePrinterNames().isEmpty()) {
+        printer.setOutputFileName(QStringLiteral("%1/%2.pdf").arg(DocumentsFolder(), name));
+    }
+    return PrintWithDialog(printer, page, turns, factorsFile, parent, runModal);
+}
+
+}  // namespace linealis::desktop

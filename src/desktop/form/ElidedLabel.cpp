@@ -1,0 +1,34 @@
+#include "desktop/form/ElidedLabel.h"
+
+#include <QPainter>
+#include <QStyle>
+
+namespace linealis::desktop {
+
+namespace {
+
+constexpr int widest = 260;  // that it asks for, in pixels
+
+}  // namespace
+
+ElidedLabel::ElidedLabel(Qt::TextElideMode mode) : elideMode(mode) {}
+
+QSize ElidedLabel::minimumSizeHint() const
+{
+    return {40, QLabel::minimumSizeHint().height()};
+}
+
+QSize ElidedLabel::sizeHint() const
+{
+    return QLabel::sizeHint().boundedTo({widest, QWIDGETSIZE_MAX});
+}
+
+void ElidedLabel::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    const QString shown = fontMetrics().elidedText(text(), elideMode, contentsRect().width());
+    style()->drawItemText(&painter, contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), shown,
+                          foregroundRole());
+}
+
+}  // namespace linealis::desktop

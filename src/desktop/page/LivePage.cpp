@@ -1,0 +1,261 @@
+#include "desktop/page/LivePage.h"
+
+#include "pdf/Units.h"
+
+#include <QAccessible>
+#include <QAction>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QScrollBar>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
+
+namespace linealis::desktop {
+
+namespace {
+
+constexpr double border = 12.0;     // pixels of desk about a page that fits
+constexpr double zoomStep = 1.25;   // of a key or a notch of the wheel
+constexpr double largestZoom = 16;  // 1600 % of the actual size
+constexpr double smallestZoom = 0.05;
+constexpr double notch = 120.0;  // of a wheel, in eighths of a degree
+
+}  // namespace
+
+LivePage::LivePage(QWidget* parent) : QAbstractScrollArea(parent)
+{
+    setObjectName(QStringLiteral("LivePage"));
+    setAccessibleName(tr("Live page"));
+    setFocusPolicy(Qt::StrongFocus);
+    setFrameShape(QFrame::NoFrame);
+    setMinimumWidth(200);
+    viewport()->setCursor(Qt::OpenHandCursor);
+    viewport()->setMouseTracking(true);
+    const auto middle = [this] { return QRectF(viewport()->rect()).center(); };
+    AddAction("ViewFit", tr("Fit Page"), tr("Fit"), QKeySequence(QStringLiteral("Ctrl+0")),
+              [=, this] { Zoom({}, middle()); });
+    AddAction("ViewActualSize", tr("Actual Size"), tr("100 %"), QKeySequence(QStringLiteral("Ctrl+1")),
+              [=, this] { Zoom(ActualSize(), middle()); });
+    AddAction("ViewZoomIn", tr("Zoom In"), QStringLiteral("+"), QKeySequence(QStringLiteral("Ctrl++")),
+              [=, this] { ZoomBy(zoomStep, middle()); });
+    AddAction("ViewZoomOut", tr("Zoom Out"), QStringLiteral("\u2212"), QKeySequence(QStringLiteral("Ctrl+-")),
+              [=, this] { ZoomBy(1 / zoomStep, middle()); });
+    QAction* const margins = AddAction("ViewMargins", tr("Shade Margins"), tr("Margins"), {}, [this] {
+        showsMargins = !showsMargins;
+        viewport()->update();
+    });
+    margins->setCheckable(true);
+    connect(&renderer, &PageRenderer::Rendered, this, [this](const PagePicture& rendered) {
+        picture = rendered;
+        viewport()->update();
+        emit Painted();
+    });
+}
+
+QAction* LivePage::AddAction(const char* name, const QString& text, const QString& shortText,
+                             const QKeySequence& key, const std::function<void()>& act)
+{
+    auto* const action = new QAction(text, this);
+    action->setObjectName(QString::fromLatin1(name));
+    action->setIconText(shortText);
+    action->setToolTip(key.isEmpty() ? text : tr("%1 (%2)").arg(text, key.toString(QKeySequence::NativeText)));
+    action->setShortcut(key);
+    connect(action, &QAction::triggered, this, act);
+    viewActions << action;
+    return action;
+}
+
+void LivePage::Show(const PaperPage& page, const QString& summary)
+{
+    const bool sameSize = frame.paperWidth == page.frame.paperWidth && frame.paperHeight == page.frame.paperHeight;
+    frame = page.frame;
+    if (accessibleName() != summary) {
+        setAccessibleName(summary);
+        QAccessibleEvent event(this, QAccessible::NameChanged);
+        QAccessible::updateAccessibility(&event);
+    }
+    renderer.SetPage(page);
+    if (!sameSize) {
+        LayOut();
+    }
+    AskForPicture();
+}
+
+double LivePage::ActualSize() const
+{
+    const double physical = screen()->physicalDotsPerInch();
+    const bool isPlausible = physical > 40.0 && physical < 800.0;
+    return (isPlausible ? physical : screen()->logicalDotsPerInch()) / pointsPerInch;
+}
+
+double LivePage::Fit() const
+{
+    const QSizeF room = QSizeF(maximumViewportSize()) - QSizeF(2 * border, 2 * border);
+    const double zoomToFit =
+        std::min(room.width() / static_cast<double>(std::max<std::int64_t>(frame.paperWidth, 1)),
+                 room.height() / static_cast<double>(std::max<std::int64_t>(frame.paperHeight, 1)));
+    return std::clamp(zoomToFit, 0.001, largestZoom * ActualSize());
+}
+
+double LivePage::PixelsPerPoint() const
+{
+    return zoom.value_or(Fit());
+}
+
+QSizeF LivePage::PaperInPixels() const
+{
+    return QSizeF(static_cast<double>(frame.paperWidth), static_cast<double>(frame.paperHeight)) * PixelsPerPoint();
+}
+
+QPointF LivePage::Origin() const
+{
+    const QSizeF paper = PaperInPixels();
+    const QSizeF spare = QSizeF(viewport()->size()) - paper;
+    return {spare.width() > 0.0 ? spare.width() / 2.0 : border - horizontalScrollBar()->value(),
+            spare.height() > 0.0 ? spare.height() / 2.0 : border - verticalScrollBar()->value()};
+}
+
+void LivePage::Zoom(std::optional<double> newZoom, QPointF fixed)
+{
+    const QPointF onPage = (fixed - Origin()) / PixelsPerPoint();
+    if (newZoom) {
+        newZoom = std::clamp(*newZoom, smallestZoom * ActualSize(), largestZoom * ActualSize());
+    }
+    zoom = newZoom;
+    LayOut();
+    const QPointF moved = onPage * PixelsPerPoint() + Origin() - fixed;
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() + static_cast<int>(std::lround(moved.x())));
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + static_cast<int>(std::lround(moved.y())));
+    AskForPicture();
+}
+
+void LivePage::ZoomTo(double percent)
+{
+    Zoom(percent / 100.0 * ActualSize(), QRectF(viewport()->rect()).center());
+}
+
+void LivePage::ZoomBy(double factor, QPointF fixed)
+{
+    Zoom(PixelsPerPoint() * factor, fixed);
+}
+
+void LivePage::LayOut()
+{
+    const QSize all = (PaperInPixels() + QSizeF(2 * border, 2 * border)).toSize();
+    const QSize room = maximumViewportSize();
+    const auto set = [](QScrollBar& bar, int length, int page) {
+        bar.setRange(0, std::max(length - page, 0));
+        bar.setPageStep(page);
+        bar.setSingleStep(std::max(page / 20, 1));
+    };
+    set(*horizontalScrollBar(), zoom ? all.width() : 0, room.width());
+    set(*verticalScrollBar(), zoom ? all.height() : 0, room.height());
+}
+
+void LivePage::AskForPicture()
+{
+    renderer.SetExcerpt({PixelsPerPoint(), Origin(), viewport()->size(), devicePixelRatioF()});
+    viewport()->update();
+    emit ViewChanged();
+}
+
+void LivePage::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(viewport());
+    painter.fillRect(viewport()->rect(), palette().color(QPalette::Mid));
+    const QRectF sheet(Origin(), PaperInPixels());
+    painter.fillRect(sheet, Qt::white);
+    if (!picture.image.isNull()) {  // until a new picture is there, the last one in its new place
+        const double grown = PixelsPerPoint() / picture.excerpt.scale;
+        const QPointF corner = Origin() - picture.excerpt.origin * grown;
+        painter.save();
+        painter.setClipRect(sheet);
+        painter.drawImage(QRectF(corner, QSizeF(picture.excerpt.size) * grown), picture.image);
+        painter.restore();
+    }
+    if (showsMargins) {
+        PaintMargins(painter);
+    }
+    painter.setPen(palette().color(QPalette::Dark));
+    painter.drawRect(sheet);
+    if (!picture.problem.isEmpty()) {
+        PaintProblem(painter);
+    }
+}
+
+void LivePage::PaintProblem(QPainter& painter) const
+{
+    constexpr QMargins around(6, 4, 6, 4);
+    const QRect room = viewport()->rect().marginsRemoved(around);
+    const QRect lines = painter.boundingRect(room, Qt::TextWordWrap, picture.problem);
+    painter.fillRect(QRect(0, 0, viewport()->width(), lines.marginsAdded(around).height()),
+                     palette().color(QPalette::Window));
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(room, Qt::TextWordWrap, picture.problem);
+}
+
+void LivePage::PaintMargins(QPainter& painter) const
+{
+    const double scale = PixelsPerPoint();
+    const QRectF sheet(Origin(), PaperInPixels());
+    QRegion margins(sheet.toRect());
+    margins -= QRegion(sheet
+                           .adjusted(frame.leftMargin * scale, frame.topMargin * scale, -frame.rightMargin * scale,
+                                     -frame.bottomMargin * scale)
+                           .toRect());
+    // Without a clip: Qt 6.4 passes over one that is set after setClipping(false).
+    for (const QRect& part : margins) {
+        painter.fillRect(part, QColor(0, 90, 200, 40));
+    }
+}
+
+void LivePage::resizeEvent(QResizeEvent* event)
+{
+    QAbstractScrollArea::resizeEvent(event);
+    LayOut();
+    AskForPicture();
+}
+
+void LivePage::scrollContentsBy(int /*dx*/, int /*dy*/)
+{
+    AskForPicture();
+}
+
+void LivePage::wheelEvent(QWheelEvent* event)
+{
+    if (event->modifiers().testFlag(Qt::ControlModifier)) {
+        ZoomBy(std::pow(zoomStep, event->angleDelta().y() / notch), event->position());
+        event->accept();
+    } else {
+        QAbstractScrollArea::wheelEvent(event);
+    }
+}
+
+void LivePage::mousePressEvent(QMouseEvent* event)
+{
+    dragged = event->position().toPoint();
+}
+
+void LivePage::mouseMoveEvent(QMouseEvent* event)
+{
+    emit PointerMoved(event->position());
+    if (!event->buttons().testFlag(Qt::LeftButton)) {
+        return;
+    }
+    const QPoint moved = event->position().toPoint() - dragged;
+    dragged = event->position().toPoint();
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() - moved.x());
+    verticalScrollBar()->setValue(verticalScrollBar()->value() - moved.y());
+}
+
+bool LivePage::viewportEvent(QEvent* event)
+{
+    if (event->type() == QEvent::Leave) {
+        emit PointerLeft();
+    }
+    return QAbstractScrollArea::viewportEvent(event);
+}
+
+}  // namespace linealis::desktop

@@ -1,0 +1,203 @@
+#include "desktop/page/PagePainter.h"
+
+#include "desktop/system/Text.h"
+#include "pdf/StandardFonts.h"
+
+#include <QFont>
+#include <QPainterPath>
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace linealis::desktop {
+
+namespace {
+
+QColor ColorOf(const PageColor& color)
+{
+    const auto channel = [](double value) { return static_cast<float>(std::clamp(value, 0.0, 1.0)); };
+    return QColor::fromRgbF(channel(color.red), channel(color.green), channel(color.blue));
+}
+
+QPainterPath OutlineOf(PagePath path)
+{
+    QPainterPath made;
+    for (const PathSegment& segment : path) {
+        const QPointF to(segment.to.x, segment.to.y);
+        switch (segment.operation) {
+        case PageOperator::Move:
+            made.moveTo(to);
+            break;
+        case PageOperator::Curve:
+            made.cubicTo({segment.control1.x, segment.control1.y}, {segment.control2.x, segment.control2.y}, to);
+            break;
+        default:
+            made.lineTo(to);
+        }
+    }
+    return made;
+}
+
+Qt::PenCapStyle CapOf(int cap)
+{
+    constexpr std::array styles = {Qt::FlatCap, Qt::RoundCap, Qt::SquareCap};
+    return styles.at(static_cast<std::size_t>(std::clamp(cap, 0, 2)));
+}
+
+QFont::StyleHint HintOf(const FontFamily& family)
+{
+    return family.generic == "monospace"    ? QFont::TypeWriter
+           : family.generic == "sans-serif" ? QFont::SansSerif
+           : family.generic == "serif"      ? QFont::Serif
+                                            : QFont::AnyStyle;
+}
+
+/// Outlines are taken at this size and scaled, so that no hinting for a screen moves them.
+constexpr int outlineSize = 1000;
+
+QFont FontOf(int font)
+{
+    const StandardFont& face = StandardFontOf(font);
+    QStringList families;
+    for (const std::string_view name : face.family.names) {
+        families << ToQt(name);
+    }
+    QFont made;
+    made.setFamilies(families);
+    made.setStyleHint(HintOf(face.family));
+    made.setBold(face.isBold);
+    made.setItalic(face.isSlanted);
+    made.setPixelSize(outlineSize);
+    made.setHintingPreference(QFont::PreferNoHinting);
+    return made;
+}
+
+}  // namespace
+
+PagePainter::PagePainter(QPainter& thePainter, double pageHeight, ThinLines theThinLines)
+    : painter(thePainter), points(QTransform(1.0, 0.0, 0.0, -1.0, 0.0, pageHeight) * thePainter.transform()),
+      thinLines(theThinLines)
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    PagePainter::Scale(1.0, 1.0);
+}
+
+bool PagePainter::Scale(double sx, double sy)
+{
+    painter.setTransform(QTransform::fromScale(sx, sy) * points);
+    toPixels = painter.deviceTransform();
+    fromPixels = toPixels.inverted();
+    pixels = std::sqrt(std::abs(toPixels.determinant()));
+    hasPen = false;
+    return GoesOn();
+}
+
+bool PagePainter::Stroke(PagePath path, const PagePen& pen)
+{
+    StrokePath(path, pen);
+    return GoesOn();
+}
+
+bool PagePainter::Fill(PagePath path, const PageColor& color)
+{
+    painter.fillPath(OutlineOf(path), ColorOf(color));
+    return GoesOn();
+}
+
+bool PagePainter::FillAndStroke(PagePath path, const PageColor& color, const PagePen& pen)
+{
+    painter.fillPath(OutlineOf(path), ColorOf(color));
+    StrokePath(path, pen);
+    return GoesOn();
+}
+
+bool PagePainter::Text(const PageText& text)
+{
+    const auto& [a, b, c, d, e, f] = text.matrix;
+    QPainterPath outline;
+    outline.addText(0.0, 0.0, FontOf(text.font), ToQt(text.utf8));
+    const double size = text.size / outlineSize;
+    const QTransform place = QTransform::fromScale(size, -size) * QTransform(a, b, c, d, e, f);
+    painter.fillPath(place.map(outline), ColorOf(text.color));
+    return GoesOn();
+}
+
+/// A dot is a line without length, whose ink goes with the square of its width.
+void PagePainter::SetPen(const PagePen& pen, bool isDot)
+{
+    if (hasPen && pen == lastPen && isDot == lastWasDot) {
+        return;
+    }
+    constexpr double faintest = 0.1, leastWidened = 2.0;
+    const double wanted = pen.width * pixels;
+    const double least = thinLines == ThinLines::Faded ? 1.0 : thinLines == ThinLines::Widened ? leastWidened : 0.0;
+    const double width = pixels > 0.0 ? std::max(wanted, least) / pixels : pen.width;
+    snaps = thinLines == ThinLines::Faded && wanted < 1.0;
+    QColor color = ColorOf(pen.color);
+    if (snaps && wanted > 0.0) {  // of 0 the device draws its thinnest line, which is a pixel
+        color.setAlphaF(static_cast<float>(std::max(isDot ? wanted * wanted : wanted, faintest)));
+    }
+    QPen made(color, width, Qt::SolidLine, CapOf(pen.cap), Qt::MiterJoin);
+    made.setMiterLimit(10.0);  // what a page begins with
+    if (width <= 0.0) {
+        made.setCosmetic(true);
+    } else if (pen.dashOn > 0.0 || pen.dashOff > 0.0) {
+        made.setDashPattern({pen.dashOn / width, pen.dashOff / width});
+        made.setDashOffset(pen.dashPhase / width);
+    }
+    painter.setPen(made);
+    lastPen = pen;
+    lastWasDot = isDot;
+    hasPen = true;
+}
+
+void PagePainter::StrokePath(PagePath path, const PagePen& pen)
+{
+    const bool isLine = path.size() == 2 && path[1].operation == PageOperator::Line;
+    const QPointF from(path[0].to.x, path[0].to.y), to(path.back().to.x, path.back().to.y);
+    SetPen(pen, isLine && from == to);
+    if (isLine) {
+        StrokeLine(from, to);
+    } else {
+        painter.setBrush(Qt::NoBrush);
+        painter.drawPath(OutlineOf(path));
+    }
+}
+
+void PagePainter::StrokeLine(QPointF from, QPointF to)
+{
+    if (from == to) {
+        painter.drawPoint(from);
+        return;
+    }
+    const bool isUpright = from.x() == to.x();
+    if (snaps && (isUpright || from.y() == to.y())) {
+        QPointF first = toPixels.map(from), second = toPixels.map(to);
+        const auto middle = [](double place) { return std::floor(place) + 0.5; };
+        if (isUpright) {
+            first.setX(middle(first.x()));
+            second.setX(first.x());
+        } else {
+            first.setY(middle(first.y()));
+            second.setY(first.y());
+        }
+        from = fromPixels.map(first);
+        to = fromPixels.map(second);
+    }
+    painter.drawLine(from, to);
+}
+
+PageDamage PaintPage(QPainter& painter, const QSizeF& paper, std::string_view content,
+                     PagePainter::ThinLines thinLines)
+{
+    painter.save();
+    const QRectF page(QPointF(0.0, 0.0), paper);
+    painter.fillRect(page, Qt::white);
+    painter.setClipRect(page);
+    PagePainter sink(painter, paper.height(), thinLines);
+    PageDamage damage = ReadPage(content, sink);
+    painter.restore();
+    return damage;
+}
+
+}  // namespace linealis::desktop

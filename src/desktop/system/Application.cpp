@@ -1,0 +1,72 @@
+#include "desktop/system/Application.h"
+
+#include <QPalette>
+#include <algorithm>
+#include <cmath>
+#include <exception>
+#include <new>
+
+namespace linealis::desktop {
+
+namespace {
+
+constexpr double readableContrast = 4.5;
+
+/// The relative luminance of sRGB, by the same guidelines as Contrast.
+double Luminance(const QColor& color)
+{
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+/// The ground, moved away from the text in small steps until the text can be read on it.
+QColor ReadableGround(QColor ground, const QColor& text)
+{
+    constexpr int steps = 100;
+    const bool darken = Luminance(text) > 0.18;  // as far from black as from white
+    for (int i = 0; i < steps && Contrast(ground, text) < readableContrast; ++i) {
+        const int lightness = ground.lightness() + (darken ? -3 : 3);
+        ground.setHsl(ground.hslHue(), ground.hslSaturation(), std::clamp(lightness, 0, 255));
+    }
+    return ground;
+}
+
+}  // namespace
+
+double Contrast(const QColor& one, const QColor& other)
+{
+    const auto [darker, lighter] = std::minmax({Luminance(one), Luminance(other)});
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+Application::Application(int& theArgc, char** argv) : QApplication(theArgc, argv)
+{
+    const QPalette theme = palette();
+    QPalette readable;
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+        readable.setColor(
+            group, QPalette::Highlight,
+            ReadableGround(theme.color(group, QPalette::Highlight), theme.color(group, QPalette::HighlightedText)));
+    }
+    setPalette(readable);
+}
+
+bool Application::notify(QObject* receiver, QEvent* event)
+{
+    std::string error;
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const std::bad_alloc&) {
+        error = "there is not enough memory";
+    } catch (const std::exception& exception) {
+        error = exception.what();
+    }
+    if (onError) {
+        onError("That could not be done: " + error + ". Nothing has changed.");
+    }
+    return true;
+}
+
+}  // namespace linealis::desktop

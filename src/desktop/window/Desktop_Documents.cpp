@@ -1,0 +1,77 @@
+#include "desktop/window/Desktop.h"
+
+#include "desktop/system/Text.h"
+#include "exchange/FormJson.h"
+
+#include <QFileInfo>
+
+namespace linealis::desktop {
+
+void Desktop::OpenDocuments(const QStringList& files)
+{
+    waitingDocuments += files;
+    ProceedSoon();
+}
+
+void Desktop::OpenDocument(const QString& path)
+{
+    if (path.startsWith(kindRequest)) {
+        if (const PaperKind* const kind = FindPaperKind(path.mid(kindRequest.size()).toStdString())) {
+            app.ShowPaper(*kind);
+        }
+        return;
+    }
+    const FolderItem file(std::filesystem::path(path.toStdString()));
+    if (IsPicture(path)) {
+        OpenPicture(file);
+        return;
+    }
+    DoAsStep(tr("Open %1").arg(ToQt(file.Name())), [&] { app.Event_OpenDocument(file); });
+}
+
+void Desktop::OpenPicture(const FolderItem& file)
+{
+    try {
+        const FormFile form = ReadFormFile(file);
+        const PaperKind* const kind = FindPaperKind(form.kind);
+        if (kind == nullptr) {
+            throw FormError{file.Name() + ": carries the form of no kind of paper"};
+        }
+        PaperView& view = ViewOf(*kind, app.ShowPaper(*kind));
+        view.DoAsStep(tr("Open %1").arg(ToQt(file.Name())),
+                      [&](PaperWindow& window) { linealis::LayOver(form, *kind, window.form); });
+        view.Say(tr("Opened the form of %1").arg(ToQt(file.Name())));
+    } catch (const FormError& error) {
+        platform.MsgBox(error.message);
+    } catch (const UnknownInput& input) {
+        platform.MsgBox(file.Name() + ": unknown " + input.what + " '" + input.given + "'");
+    }
+}
+
+void Desktop::OpenSettings(const QStringList& files)
+{
+    for (const QString& path : files) {
+        const FolderItem file(std::filesystem::path(path.toStdString()));
+        if (IsPicture(path)) {
+            OpenPicture(file);
+            continue;
+        }
+        DoAsStep(tr("Open %1").arg(ToQt(file.Name())), [&] { app.OpenSettings(file); });
+    }
+}
+
+void Desktop::AskForSettings()
+{
+    const QStringList files = platform.AskForSettings();
+    for (const QString& path : files) {
+        const QFileInfo file(path);
+        if (!IsPicture(path) && FindPaperKindByExtension(file.suffix().toStdString()) == nullptr) {
+            platform.MsgBox(tr("%1 is no settings file").arg(file.fileName()).toStdString());
+        }
+    }
+    if (!quitting) {  // the user may have ended the program instead of reading a box
+        OpenSettings(files);
+    }
+}
+
+}  // namespace linealis::desktop

@@ -1,0 +1,149 @@
+#include "desktop/window/PaperBars.h"
+
+#include "desktop/system/Text.h"
+
+#include <QAccessible>
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScrollBar>
+#include <algorithm>
+
+namespace linealis::desktop {
+
+namespace {
+
+constexpr int progressWidth = 150;
+
+QPushButton* AddButton(QHBoxLayout& row, const QString& text, const QString& name, const QString& tip)
+{
+    auto* const button = new QPushButton(text);
+    button->setObjectName(name);
+    button->setToolTip(tip);
+    button->setAutoDefault(false);
+    row.addWidget(button, 0, Qt::AlignBottom);
+    return button;
+}
+
+}  // namespace
+
+FormScrollArea::FormScrollArea(QWidget* content)
+{
+    setWidget(content);
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+}
+
+QSize FormScrollArea::sizeHint() const
+{
+    widget()->ensurePolished();
+    QLayout& content = *widget()->layout();
+    content.activate();
+    const QSize size = content.totalSizeHint();
+    const int height = content.hasHeightForWidth() ? content.totalHeightForWidth(size.width()) : 0;
+    return {size.width() + verticalScrollBar()->sizeHint().width(), std::max(size.height(), height)};
+}
+
+PaperTopBar::PaperTopBar()
+{
+    auto* const row = new QHBoxLayout(this);
+    row->setContentsMargins(8, 4, 8, 0);
+    row->setSpacing(2);
+    gallery = Add(tr("Gallery"), QStringLiteral("ToolGallery"), tr("Show all kinds of paper"));
+    presets = Add(tr("Presets"), QStringLiteral("ToolPresets"), tr("Fill in the form from a ready paper"));
+    presets->setPopupMode(QToolButton::InstantPopup);
+    undo = Add(tr("Undo"), QStringLiteral("ToolUndo"), {});
+    redo = Add(tr("Redo"), QStringLiteral("ToolRedo"), {});
+    reset = Add(tr("Reset"), QStringLiteral("ToolReset"), tr("Fill in the form as a fresh window has it"));
+    row->addStretch(1);
+}
+
+QToolButton* PaperTopBar::Add(const QString& text, const QString& name, const QString& tip)
+{
+    auto* const button = new QToolButton;
+    button->setText(text);
+    button->setObjectName(name);
+    button->setToolTip(tip);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::NoFocus);  // the focus stays in the form; the menus have the same by key
+    layout()->addWidget(button);
+    return button;
+}
+
+PaperBottomBar::PaperBottomBar(QWidget* file, bool hasWizard)
+{
+    auto* const row = new QHBoxLayout(this);
+    row->setContentsMargins(8, 0, 8, 4);
+    row->addWidget(file, 1);
+    if (hasWizard) {
+        wizard = AddButton(*row, tr("Easy Graph Wizard"), QStringLiteral("PushButtonEasyWizard"), {});
+    }
+    progress = new QProgressBar;
+    progress->setRange(0, 0);
+    progress->setFixedWidth(progressWidth);
+    progress->setObjectName(QStringLiteral("Progress"));
+    row->addWidget(progress, 0, Qt::AlignBottom);
+    cancel = AddButton(*row, tr("Cancel"), QStringLiteral("PushButtonCancel"), tr("Stop the page (Escape)"));
+    changeFile = AddButton(*row, tr("&Change File..."), QStringLiteral("PushButtonChangeFile"),
+                           tr("Choose another file for the page"));
+    print =
+        AddButton(*row, tr("P&rint..."), QStringLiteral("PushButtonPrint"), tr("Print the page at its true size"));
+    generate = AddButton(*row, tr("&Generate"), QStringLiteral("PushButtonGenerate"),
+                         tr("Make the page. With the shift key, ask for the file again"));
+    generate->setDefault(true);
+    ShowProgress(false);
+}
+
+void PaperBottomBar::ShowProgress(bool visible) const
+{
+    progress->setVisible(visible);
+    cancel->setVisible(visible);
+}
+
+CheckButton::CheckButton()
+{
+    setObjectName(QStringLiteral("CheckButton"));
+    setAutoRaise(true);
+    setPopupMode(QToolButton::InstantPopup);
+    setFocusPolicy(Qt::StrongFocus);
+    setMenu(new QMenu(this));
+    hide();
+}
+
+void CheckButton::Show(const QStringList& warnings)
+{
+    menu()->clear();
+    for (const QString& warning : warnings) {
+        menu()->addAction(MenuText(warning));
+    }
+    setText(warnings.size() == 1 ? tr("1 thing to check") : tr("%1 things to check").arg(warnings.size()));
+    setToolTip(warnings.join(QLatin1Char('\n')));
+    setAccessibleDescription(toolTip());
+    setVisible(!warnings.isEmpty());
+}
+
+StatusLine::StatusLine()
+{
+    setObjectName(QStringLiteral("StatusLine"));
+    setTextFormat(Qt::RichText);
+    setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    setFocusPolicy(Qt::NoFocus);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+}
+
+void StatusLine::Say(const QString& text, const QList<QPair<QString, QString>>& links)
+{
+    QString html = text.toHtmlEscaped();
+    for (const auto& [name, target] : links) {
+        html += QStringLiteral(" - <a href=\"%1\">%2</a>").arg(target.toHtmlEscaped(), name.toHtmlEscaped());
+    }
+    setText(html);
+    setToolTip(text);
+    setAccessibleName(text);
+    QAccessibleEvent event(this, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&event);
+}
+
+}  // namespace linealis::desktop

@@ -1,0 +1,342 @@
+#include "desktop/window/PaperView.h"
+
+#include "desktop/dialogs/CalibrationDialog.h"
+#include "desktop/dialogs/FormDialog.h"
+#include "desktop/dialogs/PrintPage.h"
+#include "desktop/form/FormView.h"
+#include "desktop/page/LivePage.h"
+#include "desktop/page/LivePane.h"
+#include "desktop/system/Text.h"
+#include "desktop/window/PaperBars.h"
+#include "kinds/PageSummary.h"
+#include "pipeline/page/PageJob.h"
+#include "text/Numbers.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QPrinterInfo>
+#include <QPushButton>
+#include <QScopeGuard>
+#include <QToolButton>
+#include <QUrl>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace linealis::desktop {
+
+QStringList SettingsFilesIn(const QMimeData& dragged)
+{
+    QStringList files;
+    for (const QUrl& url : dragged.urls()) {
+        const std::string extension = QFileInfo(url.toLocalFile()).suffix().toStdString();
+        if (url.isLocalFile() && (IsPicture(url.path()) || FindPaperKindByExtension(extension) != nullptr)) {
+            files << url.toLocalFile();
+        }
+    }
+    return files;
+}
+
+PaperView::PaperView(DesktopPlatform& thePlatform, const PaperKind& theKind, PaperWindow& theWindow)
+    : platform(thePlatform), kind(theKind), window(theWindow), history(theWindow)
+{
+    setWindowTitle(ToQt(kind.title));
+    setObjectName(ToQt(kind.window));
+    setAcceptDrops(true);
+    LayOut();
+    Connect();
+    givenTitle = Title();
+    setWindowFlag(Qt::WindowMaximizeButtonHint, !kind.hasFixedSize);
+}
+
+PaperView::~PaperView()
+{
+    delete takeCentralWidget();  // before the form that it shows
+}
+
+void PaperView::LightUp()
+{
+    livePage->LightUp(focused == nullptr ? RoleSet{} : focused->Declared().governs);
+}
+
+void PaperView::ShowWarningsOfPage(PageWarnings warnings)
+{
+    pageWarnings = std::move(warnings);
+    ShowWarnings();
+}
+
+void PaperView::ShowWarnings()
+{
+    QStringList texts;
+    for (const PageWarnings* const warnings : {&formWarnings, &pageWarnings}) {
+        for (const PageWarning& warning : *warnings) {
+            texts << ToQt(warning.text);
+        }
+    }
+    checks->Show(texts);
+}
+
+void PaperView::FormChanged()
+{
+    const PaperPage page = window.ReadPage();
+    form->ShowSummary(ToQt(page.describe()));
+    formWarnings = page.warnings;
+    ShowWarnings();
+    if (livePage->isVisible()) {
+        livePane->Show(page, ToQt(PageSummary(kind, page)));
+    }
+    topBar->undo->setEnabled(history.CanUndo());
+    topBar->undo->setToolTip(tr("Undo: %1").arg(history.UndoName()));
+    topBar->redo->setEnabled(history.CanRedo());
+    topBar->redo->setToolTip(tr("Redo: %1").arg(history.RedoName()));
+    if (auto* const fileName = bottomBar->findChild<QWidget*>(ToQt(window.form.StaticFileName.Name()))) {
+        fileName->setToolTip(ToQt(window.OutputFile().Path().string()));
+    }
+    const FolderItem& document = window.OurFolderItem();
+    setWindowTitle(document.IsEmpty() ? ToQt(kind.title)
+                                      : ToQt(document.Name()) + QStringLiteral("[*] - ") + ToQt(kind.title));
+    setWindowModified(window.IsModified());
+}
+
+void PaperView::FinishEdit()
+{
+    form->FinishEdit();
+    history.Commit(tr("Change"));
+}
+
+bool PaperView::DoAsStep(const QString& name, const std::function<void(PaperWindow& window)>& change)
+{
+    FinishEdit();
+    change(window);
+    return ChangedOutside(name);
+}
+
+void PaperView::LayOver(const QString& title, const std::function<void(PaperWindow& window)>& lay)
+{
+    if (DoAsStep(title, lay)) {
+        presetName = title;
+        givenTitle = Title();
+        Say(tr("The form is now %1").arg(title), {{tr("Undo"), QStringLiteral("undo")}});
+    }
+}
+
+bool PaperView::ChangedOutside(const QString& name)
+{
+    const bool isStep = history.Commit(name);
+    if (isStep) {
+        presetName.clear();
+    }
+    const QString note = platform.TakeNote();
+    if (!note.isEmpty()) {
+        using Links = QList<QPair<QString, QString>>;
+        Say(note, isStep ? Links{{tr("Undo"), QStringLiteral("undo")}} : Links{});
+    }
+    changeDelay.start();
+    return note.isEmpty();
+}
+
+void PaperView::Undo()
+{
+    if (const QString name = history.Undo(); !name.isEmpty()) {
+        presetName.clear();
+        Say(tr("Undone: %1").arg(name));
+    }
+}
+
+void PaperView::Redo()
+{
+    if (const QString name = history.Redo(); !name.isEmpty()) {
+        Say(tr("Done again: %1").arg(name));
+    }
+}
+
+void PaperView::Reset()
+{
+    DoAsStep(tr("Reset"), [this](PaperWindow& shown) {
+        WindowState fresh = shown.State();
+        const std::string file = shown.form.StaticFileName.Caption();
+        fresh.form = kind.makePaper(platform).form->State();
+        shown.Restore(fresh);
+        shown.form.StaticFileName.SetCaption(file);
+    });
+    givenTitle = Title();
+    Say(tr("The form is as a fresh window has it"));
+}
+
+void PaperView::Generate()
+{
+    if (generating) {
+        return;
+    }
+    MakePage();
+    if (closeWhenDone) {
+        close();
+    }
+}
+
+void PaperView::MakePage()
+{
+    FinishEdit();
+    Work([this] { window.PushButtonGenerate_Action(); });
+    SayHowPageEnded();
+    ChangedOutside(tr("Generate"));  // by what the page corrected in the form
+    const std::string_view content = window.Pdf().Stream();
+    if (!livePage->isVisible() && content.size() <= longestContentChecked) {  // otherwise it has told already
+        ShowWarningsOfPage(ContentWarnings(window.Page(), content, window.Pdf().Roles()));
+    }
+}
+
+void PaperView::Print()
+{
+    Use(tr("nothing was printed"), [this](const DrawnPage& page, Turns& turns) {
+        return PrintWithDialog(page, turns, PageName(), PrinterFactorsFile(platform.PreferencesFolder()), this,
+                               [this](QDialog& dialog) { return platform.RunModal(dialog); });
+    });
+}
+
+void PaperView::Calibrate()
+{
+    const auto takeOver = [this](double xPercent, double yPercent) {
+        DoAsStep(tr("Calibration"), [=](PaperWindow& shown) {
+            shown.form.EditXScale.SetText(mystring(xPercent));
+            shown.form.EditYScale.SetText(mystring(yPercent));
+        });
+    };
+    CalibrationDialog dialog(
+        QPrinterInfo::availablePrinterNames(), PrinterFactorsFile(platform.PreferencesFolder()),
+        [this](QDialog& inner) { return platform.RunModal(inner); }, takeOver, this);
+    platform.RunModal(dialog);
+}
+
+void PaperView::Work(const std::function<void()>& work)
+{
+    generating = true;
+    stop = false;
+    bottomBar->generate->setEnabled(false);
+    progressDelay.start();
+    const auto ended = qScopeGuard([this] {
+        progressDelay.stop();
+        bottomBar->ShowProgress(false);
+        bottomBar->generate->setEnabled(true);
+        generating = false;
+    });
+    Say({});
+    platform.RunStoppable(stop, work);
+}
+
+void PaperView::SayHowPageEnded()
+{
+    if (!window.LastPage()) {
+        return;
+    }
+    const QString name = ToQt(window.OutputFile().Name());
+    switch (*window.LastPage()) {
+    case PageEnd::Written:
+        Say(tr("Wrote %1, %2").arg(name, ToQt(ShortPageSummary(window.Page()))),
+            {{tr("Open"), QStringLiteral("open")}, {tr("Show in Folder"), QStringLiteral("folder")}});
+        break;
+    case PageEnd::Failed:
+        Say(tr("%1 was not written").arg(name));
+        break;
+    case PageEnd::Stopped:
+        Say(tr("Cancelled; %1 is as it was").arg(name));
+        break;
+    }
+}
+
+void PaperView::Say(const QString& text, const QList<QPair<QString, QString>>& links)
+{
+    status->Say(text, links);
+}
+
+void PaperView::Follow(const QString& link)
+{
+    const FolderItem& page = window.OutputFile();
+    if (link == QLatin1String("undo")) {
+        Undo();
+    } else if (link == QLatin1String("bringBack")) {
+        BringBack();
+    } else if (link == QLatin1String("saveAs")) {
+        menuBar()->findChild<QAction*>(QStringLiteral("FileSaveAs"))->trigger();
+    } else if (link == QLatin1String("open") && !platform.Launch(page)) {
+        Say(tr("No viewer could be started for %1").arg(ToQt(page.Name())));
+    } else if (link == QLatin1String("folder")) {
+        QDesktopServices::openUrl(QUrl::fromLocalFile(ToQt(page.Path().parent_path().string())));
+    }
+}
+
+void PaperView::ShowWizard()
+{
+    Wizard& wizard = *window.GetWizard();
+    FormDialog dialog(QStringLiteral("Easy Graph Wizard"), wizard.Fields(), this);
+    if (platform.RunModal(dialog) == QDialog::Accepted) {
+        DoAsStep(tr("Easy Graph Wizard"), [&wizard](PaperWindow&) { wizard.PushButton1_Action(); });
+    } else {
+        wizard.PushButton2_Action();
+    }
+}
+
+/// Return is the default button's, from wherever no other control has taken it. With shift it forgets the file too.
+void PaperView::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        Generate();
+    } else if (event->key() == Qt::Key_Escape && generating) {
+        Cancel();
+    } else {
+        QMainWindow::keyPressEvent(event);
+    }
+}
+
+void PaperView::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!SettingsFilesIn(*event->mimeData()).isEmpty()) {
+        event->acceptProposedAction();
+    }
+}
+
+void PaperView::dropEvent(QDropEvent* event)
+{
+    event->acceptProposedAction();
+    emit FilesDropped(SettingsFilesIn(*event->mimeData()));
+}
+
+/// Only now the window has all that it is to make room for.
+void PaperView::showEvent(QShowEvent* event)
+{
+    if (!placed) {
+        Place();
+        placed = true;
+        QTimer::singleShot(0, this, &PaperView::OfferToBringBack);  // once it is known what it opens with
+    }
+    QMainWindow::showEvent(event);
+}
+
+void PaperView::closeEvent(QCloseEvent* event)
+{
+    if (generating) {  // first the page ends, and then the window
+        closeWhenDone = true;
+        Cancel();
+        event->ignore();
+        return;
+    }
+    if (!MayClose()) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    End();
+}
+
+void PaperView::End()
+{
+    Keep();
+    hide();
+    emit Closed(kind);
+}
+
+}  // namespace linealis::desktop

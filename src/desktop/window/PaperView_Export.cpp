@@ -1,0 +1,74 @@
+#include "desktop/window/PaperView.h"
+
+#include "desktop/dialogs/ExportPage.h"
+#include "desktop/system/Text.h"
+#include "exchange/FormJson.h"
+#include "pipeline/page/PageJob.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <new>
+
+namespace linealis::desktop {
+
+void PaperView::Use(const QString& nothingDone, const PageUse& use)
+{
+    if (generating) {
+        return;
+    }
+    FinishEdit();
+    QString said;
+    Work([&] {
+        const QString sentence = nothingDone.left(1).toUpper() + nothingDone.mid(1);
+        const auto giveUp = [&](const char* reason) {
+            said = tr("%1: %2").arg(sentence, QString::fromUtf8(reason));
+        };
+        Turns turns([this] { platform.Yield(); });
+        try {
+            said = use(window.DrawPage(), turns);
+        } catch (const PageStopped&) {
+            said = tr("Cancelled; %1").arg(nothingDone);
+        } catch (const PageGivenUp& givenUp) {
+            giveUp(givenUp.reason);
+        } catch (const std::bad_alloc&) {
+            giveUp("there is not enough memory for the page");
+        }
+    });
+    Say(said);
+    if (closeWhenDone) {
+        close();
+    }
+}
+
+void PaperView::Export()
+{
+    if (generating) {
+        return;
+    }
+    const auto runModal = [this](QDialog& dialog) { return platform.RunModal(dialog); };
+    const PageFrame frame = window.ReadPage().frame;
+    ExportChoice choice = AskForExport({frame.paperWidth, frame.paperHeight}, PageName(), this, runModal);
+    if (choice.path.isEmpty()) {
+        return;
+    }
+    choice.options.carried = CarriedForm(kind, window.form);
+    Use(tr("nothing was exported"),
+        [&](const DrawnPage& page, Turns& turns) { return ExportPage(page, choice, turns); });
+}
+
+void PaperView::CopyPage()
+{
+    Use(tr("nothing was copied"), [this](const DrawnPage& page, Turns& turns) {
+        WriteOptions options;
+        options.now = platform.Now();
+        options.carried = CarriedForm(kind, window.form);
+        QGuiApplication::clipboard()->setMimeData(PageForClipboard(page, options, turns).release());
+        QStringList titles;
+        for (const PageFormat& format : PageFormats()) {
+            titles << ToQt(format.title);
+        }
+        return tr("Copied the page, as %1").arg(titles.join(tr(", ")));
+    });
+}
+
+}  // namespace linealis::desktop

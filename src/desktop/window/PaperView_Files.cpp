@@ -1,0 +1,95 @@
+#include "desktop/window/PaperView.h"
+
+#include "app/OwnPresets.h"
+#include "desktop/system/Text.h"
+#include "desktop/window/PaperBars.h"
+
+#include <QFileInfo>
+
+namespace linealis::desktop {
+
+void PaperView::ChangeFile()
+{
+    window.ChooseOutputFile();
+    changeDelay.start();
+}
+
+void PaperView::BringBack()
+{
+    const FolderItem left = OwnPresets(platform.PreferencesFolder()).LeftFile(kind);
+    const QString title = tr("As I Left It");
+    if (DoAsStep(title, [&](PaperWindow& shown) {
+            linealis::LayOver(OwnPreset{title.toStdString(), left}, shown, platform);
+        })) {
+        Say(tr("The form is as it was closed last"), {{tr("Undo"), QStringLiteral("undo")}});
+    }
+}
+
+void PaperView::OfferToBringBack()
+{
+    const FolderItem left = OwnPresets(platform.PreferencesFolder()).LeftFile(kind);
+    const bool isFresh = window.OurFolderItem().IsEmpty() && !history.CanUndo() && status->text().isEmpty();
+    if (!isFresh || !left.Exists()) {
+        return;
+    }
+    const auto closed = MakeWindow(kind, platform);
+    if (!closed->LayOver(left.OpenAsBinaryFile()) && closed->form.State() != window.form.State()) {
+        Say(tr("This form was last closed with other values"), {{tr("As I Left It"), QStringLiteral("bringBack")}});
+    }
+}
+
+QString PaperView::Title() const
+{
+    const auto* const title = window.form.Find<TextField>("EditTitle");
+    return title == nullptr ? QString() : ToQt(title->Text());
+}
+
+QString PaperView::ProposedName() const
+{
+    const QString title = Title();
+    return AsFileName(title == givenTitle || title.isEmpty() ? presetName : title);
+}
+
+QString PaperView::SettingsFolder() const
+{
+    return ToQt(window.OurFolderItem().Path().parent_path().string());
+}
+
+QString PaperView::PageName() const
+{
+    const FolderItem& output = window.OutputFile();
+    const QString name = output.IsEmpty() ? ProposedName() : QFileInfo(ToQt(output.Name())).completeBaseName();
+    return name.isEmpty() ? ToQt(kind.galleryTitle) : name;
+}
+
+bool PaperView::MayClose()
+{
+    FinishEdit();
+    if (!window.IsModified()) {
+        return true;
+    }
+    MessageDialog dialog;
+    dialog.message = tr("Save the changes to %1?").arg(ToQt(window.OurFolderItem().Name())).toStdString();
+    dialog.actionButton = tr("Save").toStdString();
+    dialog.cancelButton = tr("Cancel").toStdString();
+    dialog.alternateActionButton = tr("Discard").toStdString();
+    switch (platform.ShowModal(dialog)) {
+    case MessageDialog::Button::Action: {
+        const bool saved = window.FileSave_Action();
+        ChangedOutside({});
+        return saved;
+    }
+    case MessageDialog::Button::Alternate:
+        return true;
+    case MessageDialog::Button::Cancel:
+        break;
+    }
+    return false;
+}
+
+void PaperView::TellHowToSave()
+{
+    Say(tr("This form has no settings file yet"), {{tr("Save As..."), QStringLiteral("saveAs")}});
+}
+
+}  // namespace linealis::desktop

@@ -1,0 +1,228 @@
+#include "desktop/window/PaperView.h"
+
+#include "desktop/form/FormView.h"
+#include "desktop/page/LivePage.h"
+#include "desktop/page/LivePane.h"
+#include "desktop/system/Text.h"
+#include "desktop/system/WindowSettings.h"
+#include "desktop/window/PaperBars.h"
+#include "desktop/window/PresetMenu.h"
+#include "desktop/window/RecentMenu.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace linealis::desktop {
+
+namespace {
+
+constexpr int millisecondsBeforeProgress = 400;
+
+/// On a screen narrower than this, in pixels, form and page do not fit beside each other.
+constexpr int narrowScreen = 1100;
+
+QString KeyOf(const PaperKind& kind, const char* what)
+{
+    return QStringLiteral("windows/%1/%2").arg(ToQt(kind.window), QString::fromLatin1(what));
+}
+
+}  // namespace
+
+void PaperView::LayOut()
+{
+    form = new FormView(window.form, GroupBoxes::withHeading,
+                        [this](Swatch& canvas) { window.ColorCanvas_MouseDown(canvas); });
+    auto* const content = new QWidget;
+    auto* const column = new QVBoxLayout(content);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    topBar = new PaperTopBar;
+    bottomBar = new PaperBottomBar(form->TakeLastGroup(), window.GetWizard() != nullptr);
+    column->addWidget(topBar);
+    livePane = new LivePane;
+    livePage = &livePane->Page();
+    livePageAction = new QAction(tr("Live Page"), this);
+    livePageAction->setObjectName(QStringLiteral("ViewLivePage"));
+    livePageAction->setShortcut(Qt::Key_F9);
+    livePageAction->setCheckable(true);
+    auto* const middle = new QSplitter;
+    middle->addWidget(new FormScrollArea(form));
+    middle->addWidget(livePane);
+    middle->setStretchFactor(1, 1);
+    middle->setChildrenCollapsible(false);
+    column->addWidget(middle, 1);
+    column->addWidget(bottomBar);
+    setCentralWidget(content);
+    status = new StatusLine;
+    statusBar()->setSizeGripEnabled(!kind.hasFixedSize);
+    statusBar()->addWidget(status, 1);
+    checks = new CheckButton;
+    statusBar()->addPermanentWidget(checks);
+}
+
+void PaperView::Connect()
+{
+    connect(topBar->gallery, &QToolButton::clicked, this, &PaperView::GalleryWanted);
+    MakePresetMenu();
+    connect(topBar->undo, &QToolButton::clicked, this, &PaperView::Undo);
+    connect(topBar->redo, &QToolButton::clicked, this, &PaperView::Redo);
+    connect(topBar->reset, &QToolButton::clicked, this, &PaperView::Reset);
+    if (bottomBar->wizard != nullptr) {
+        connect(bottomBar->wizard, &QPushButton::clicked, this, &PaperView::ShowWizard);
+    }
+    connect(bottomBar->cancel, &QPushButton::clicked, this, &PaperView::Cancel);
+    connect(bottomBar->changeFile, &QPushButton::clicked, this, &PaperView::ChangeFile);
+    connect(bottomBar->generate, &QPushButton::clicked, this, &PaperView::Generate);
+    connect(form, &FormView::Committed, &history, [this] { history.Commit(tr("Change")); });
+    connect(bottomBar->print, &QPushButton::clicked, this, &PaperView::Print);
+    connect(form, &FormView::FocusMoved, this, [this](const Control* control) {
+        focused = control;
+        LightUp();
+    });
+    connect(livePageAction, &QAction::triggered, this, &PaperView::ShowLivePage);
+    connect(livePage, &LivePage::Painted, this, [this] { ShowWarningsOfPage(livePage->Picture().warnings); });
+    connect(status, &QLabel::linkActivated, this, &PaperView::Follow);
+
+    changeDelay.setSingleShot(true);  // what changes at once is one change
+    connect(form, &FormView::Changed, &changeDelay, qOverload<>(&QTimer::start));
+    connect(form, &FormView::Changed, this, [this] {
+        if (!livePage->isVisible()) {  // which will tell of the new page
+            pageWarnings.clear();
+        }
+    });
+    connect(&history, &FormHistory::Changed, &changeDelay, qOverload<>(&QTimer::start));
+    connect(&changeDelay, &QTimer::timeout, this, &PaperView::FormChanged);
+    FormChanged();
+
+    progressDelay.setSingleShot(true);
+    progressDelay.setInterval(millisecondsBeforeProgress);
+    connect(&progressDelay, &QTimer::timeout, this, [this] {
+        if (QApplication::activeModalWidget() != nullptr) {
+            progressDelay.start();  // the user is being asked: nothing is under way yet
+        } else {
+            bottomBar->ShowProgress(true);
+        }
+    });
+}
+
+void PaperView::MakePresetMenu()
+{
+    presets = new QMenu(tr("&Presets"), this);
+    presets->setObjectName(QStringLiteral("PresetsMenu"));
+    const auto lay = [this](const QString& title, const PresetMenuHost::Lay& change) { LayOver(title, change); };
+    const auto save = [this] {
+        if (const auto name = SaveAsPreset(*this, platform, kind, window)) {
+            Say(tr("Saved as the preset %1").arg(ToQt(*name)));
+        }
+    };
+    const auto useAsDefault = [this](bool on) {
+        if (UseAsDefault(platform, kind, window, on)) {
+            Say(on ? tr("From now on this window opens like this")
+                   : tr("From now on this window opens as it did at first"));
+        }
+    };
+    const auto remove = [this](const OwnPreset& preset) {
+        if (DeletePreset(platform, preset)) {
+            Say(tr("Deleted the preset %1").arg(ToQt(preset.name)));
+        }
+    };
+    FillPresetMenu(*presets, {kind, platform, lay, [this] { BringBack(); }, save, useAsDefault, remove});
+    topBar->presets->setMenu(presets);
+}
+
+/// No window is larger than the room on the screen.
+void PaperView::Place()
+{
+    const WindowSettings settings;
+    const bool isWide = screen()->availableSize().width() >= narrowScreen;
+    ShowLivePage(settings.value(KeyOf(kind, "livePage"), isWide).toBool());
+    if (const QByteArray geometry = settings.value(KeyOf(kind, "geometry")).toByteArray(); !geometry.isEmpty()) {
+        restoreGeometry(geometry);
+    }
+}
+
+QSize PaperView::LargestSize() const
+{
+    const QSize frame(8, 40);  // of a window manager, about
+    return screen()->availableSize() - frame;
+}
+
+/// The window grows and shrinks by the room of the page.
+void PaperView::ShowLivePage(bool visible)
+{
+    auto& middle = static_cast<QSplitter&>(*livePane->parentWidget());
+    const bool isChange = placed && visible != livePane->isVisible();
+    const int formWidth = middle.sizes().constFirst();
+    const int paneWidth = visible ? livePane->sizeHint().width() : livePane->width();
+    const int change = (paneWidth + middle.handleWidth()) * (visible ? 1 : -1);
+    livePane->setVisible(visible);
+    livePageAction->setChecked(visible);
+    const QSize wanted = isChange ? size() + QSize(change, 0) : placed ? size() : sizeHint();
+    const QSize possible = wanted.boundedTo(LargestSize());
+    if (kind.hasFixedSize) {
+        setFixedSize(possible);
+    } else if (!isMaximized()) {
+        resize(possible);
+    }
+    if (isChange && visible) {
+        middle.setSizes({formWidth, possible.width() - formWidth - middle.handleWidth()});
+    }
+    changeDelay.start();
+}
+
+void PaperView::Keep() const
+{
+    WindowSettings settings;
+    settings.setValue(KeyOf(kind, "livePage"), livePage->isVisible());
+    settings.setValue(KeyOf(kind, "geometry"), saveGeometry());
+}
+
+void PaperView::AddMenus()
+{
+    const auto menu = [this](const char* name) { return menuBar()->findChild<QMenu*>(QString::fromLatin1(name)); };
+    const auto add = [this](QMenu& to, const QString& text, const QString& name, const QKeySequence& key,
+                            auto act) {
+        QAction* const action = to.addAction(text);
+        action->setObjectName(name);
+        action->setShortcut(key);
+        connect(action, &QAction::triggered, this, act);
+        return action;
+    };
+    QMenu& file = *menu("FileMenu");
+    file.addSeparator();
+    add(file, tr("Print..."), QStringLiteral("FilePrint"), QKeySequence::Print, &PaperView::Print);
+    add(file, tr("Export..."), QStringLiteral("FileExport"), Qt::CTRL | Qt::SHIFT | Qt::Key_E, &PaperView::Export);
+    QMenu& recent = *file.addMenu(tr("Open &Recent"));
+    recent.setObjectName(QStringLiteral("RecentMenu"));
+    FillRecentMenu(recent, RecentFiles(platform.PreferencesFolder()),
+                   [this](const QString& path) { emit FilesWanted({path}); });
+    QMenu& edit = *menu("EditMenu");
+    edit.addSeparator();
+    QAction* const redo = add(edit, tr("Redo"), QStringLiteral("EditRedo"), {}, &PaperView::Redo);
+    redo->setShortcuts({Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y});
+    connect(&edit, &QMenu::aboutToShow, redo, [this, redo] { redo->setEnabled(history.CanRedo()); });
+    connect(&edit, &QMenu::aboutToHide, redo, [redo] { redo->setEnabled(true); });  // its shortcut works again
+    add(edit, tr("Copy Page"), QStringLiteral("EditCopyPage"), Qt::CTRL | Qt::SHIFT | Qt::Key_C,
+        &PaperView::CopyPage);
+    add(edit, tr("Reset Form"), QStringLiteral("EditReset"), {}, &PaperView::Reset);
+    menuBar()->addMenu(presets);
+    QMenu& view = *menuBar()->addMenu(tr("&View"));
+    view.addAction(livePageAction);
+    view.addSeparator();
+    view.addActions(livePage->ViewActions());
+    view.addSeparator();
+    QMenu& help = *menuBar()->addMenu(tr("&Help"));
+    add(help, tr("Manual"), QStringLiteral("HelpManual"), Qt::Key_F1, &PaperView::ManualWanted);
+    add(help, tr("Calibration Sheet..."), QStringLiteral("HelpCalibration"), {}, &PaperView::Calibrate);
+    add(view, tr("Gallery"), QStringLiteral("ViewGallery"), {}, &PaperView::GalleryWanted);
+}
+
+}  // namespace linealis::desktop

@@ -1,0 +1,320 @@
+#include "desktop/window/PresetMenu.h"
+
+#include "desktop/page/PagePainter.h"
+#include "desktop/system/DesktopPlatform.h"
+#include "desktop/system/Text.h"
+#include "pipeline/page/PageJob.h"
+#include "platform/ScreenlessPlatform.h"
+
+#include <QCoreApplication>
+#include <QIconEngine>
+#include <QInputDialog>
+#include <QLocale>
+#include <QPainter>
+#include <QPixmapCache>
+#include <QProxyStyle>
+#include <QStyleOption>
+
+namespace linealis::desktop {
+
+namespace {
+
+constexpr QSize pictureSize{48, 62};  // pixels of the screen
+
+QString PresetText(const char* text)
+{
+    return QCoreApplication::translate("PresetMenu", text);
+}
+
+constexpr std::int64_t mostContentShown = std::int64_t{8} << 20U;  // bytes; menus cannot wait for more
+
+/// The page, on white with a thin edge.
+QPixmap Paint(const PaperPage& page, const QSize& size, double pixelRatio)
+{
+    const QSizeF paper(static_cast<double>(page.frame.paperWidth), static_cast<double>(page.frame.paperHeight));
+    const QSizeF shown = paper.scaled(size, Qt::KeepAspectRatio);
+    QPixmap picture((shown * pixelRatio).toSize());
+    picture.setDevicePixelRatio(pixelRatio);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    const double scale = shown.width() / paper.width();
+    painter.save();
+    painter.scale(scale, scale);
+    Turns turns([] {});
+    PaintPage(painter, paper, DrawBeginning(page, turns, mostContentShown).content, PagePainter::ThinLines::Faded);
+    painter.restore();
+    painter.setPen(QPen(Qt::gray, 0.0));
+    painter.drawRect(QRectF(QPointF(0.0, 0.0), shown - QSizeF(1.0, 1.0) / pixelRatio));
+    return picture;
+}
+
+/// Paints the page of a preset as soon as it is looked at, and no earlier.
+class PresetIcon final : public QIconEngine {
+public:
+    explicit PresetIcon(const Preset& thePreset) : preset(thePreset) {}
+
+    void paint(QPainter* painter, const QRect& place, QIcon::Mode /*mode*/, QIcon::State /*state*/) override
+    {
+        const QPixmap picture =
+            PresetPicture(preset, place.size().boundedTo(pictureSize), painter->device()->devicePixelRatio());
+        const QSizeF shown = picture.deviceIndependentSize();
+        painter->drawPixmap(QPointF(place.center()) - QPointF(shown.width() / 2.0, shown.height() / 2.0), picture);
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override
+    {
+        return PresetPicture(preset, size.boundedTo(pictureSize), 1.0);
+    }
+    QIconEngine* clone() const override { return new PresetIcon(preset); }
+
+private:
+    const Preset& preset;
+};
+
+/// Makes room in a menu for pictures.
+class PictureMenuStyle final : public QProxyStyle {
+public:
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override
+    {
+        return metric == PM_SmallIconSize ? pictureSize.height() : QProxyStyle::pixelMetric(metric, option, widget);
+    }
+
+    /// A box to check would be drawn as large as the pictures.
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override
+    {
+        const auto* const item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+        if (element != CE_MenuItem || item == nullptr || item->checkType == QStyleOptionMenuItem::NotCheckable) {
+            QProxyStyle::drawControl(element, option, painter, widget);
+            return;
+        }
+        QStyleOptionMenuItem plain(*item);
+        plain.checkType = QStyleOptionMenuItem::NotCheckable;
+        QProxyStyle::drawControl(element, &plain, painter, widget);
+        QStyleOptionButton box;
+        box.palette = item->palette;
+        box.state = (item->state & State_Enabled) | (item->checked ? State_On : State_Off);
+        const QRect column(item->rect.topLeft(), QSize(item->maxIconWidth, item->rect.height()));
+        const QSize size(pixelMetric(PM_IndicatorWidth, &box, widget),
+                         pixelMetric(PM_IndicatorHeight, &box, widget));
+        box.rect =
+            alignedRect(item->direction, Qt::AlignCenter, size, visualRect(item->direction, item->rect, column));
+        drawPrimitive(PE_IndicatorCheckBox, &box, painter, widget);
+    }
+};
+
+class PresetMenuFiller {
+public:
+    PresetMenuFiller(QMenu& theMenu, const PresetMenuHost& theHost)
+        : menu(theMenu), host(theHost), own(theHost.platform.PreferencesFolder())
+    {}
+
+    void Fill()
+    {
+        Clear();
+        AddBuiltIn();
+        const std::vector<OwnPreset> saved = own.List(host.kind);
+        AddOwn(saved);
+        menu.addSeparator();
+        AddLeft();
+        AddSaving();
+        AddDeleting(saved);
+    }
+
+private:
+    /// What was there goes only when the event has ended: it may be one of these items that has brought it.
+    void Clear()
+    {
+        for (QAction* const old : menu.actions()) {
+            menu.removeAction(old);
+            QObject* const owner = old->menu() == nullptr ? static_cast<QObject*>(old) : old->menu();
+            owner->setObjectName({});
+            owner->deleteLater();
+        }
+    }
+
+    QAction& AddLaying(const QString& title, const QString& name, const PresetMenuHost::Lay& lay)
+    {
+        QAction* const action = menu.addAction(MenuText(title));
+        action->setObjectName(name);
+        QObject::connect(action, &QAction::triggered, &menu,
+                         [layOver = host.layOver, title, lay] { layOver(title, lay); });
+        return *action;
+    }
+
+    PresetMenuHost::Lay LayOf(const OwnPreset& preset) const
+    {
+        return [preset, &platform = host.platform](PaperWindow& window) { LayOver(preset, window, platform); };
+    }
+
+    void AddBuiltIn()
+    {
+        Platform& platform = host.platform;
+        for (const Preset* const preset : PresetsFor(PrefersMetric())) {
+            if (preset->kind != host.kind.name) {
+                continue;
+            }
+            QAction& action =
+                AddLaying(ToQt(preset->title), QStringLiteral("Preset.") + ToQt(preset->id),
+                          [preset, &platform](PaperWindow& window) { LayOver(*preset, window, platform); });
+            action.setIcon(QIcon(new PresetIcon(*preset)));  // the icon owns it
+            action.setIconVisibleInMenu(true);
+        }
+    }
+
+    void AddOwn(const std::vector<OwnPreset>& saved)
+    {
+        if (!saved.empty()) {
+            menu.addSeparator();
+        }
+        for (const OwnPreset& preset : saved) {
+            AddLaying(ToQt(preset.name), QStringLiteral("OwnPreset.") + ToQt(preset.name), LayOf(preset));
+        }
+    }
+
+    void AddLeft()
+    {
+        QAction* const left = menu.addAction(PresetText("As I Left It"));
+        left->setObjectName(QStringLiteral("PresetLeft"));
+        left->setEnabled(own.LeftFile(host.kind).Exists());
+        QObject::connect(left, &QAction::triggered, &menu, [bringBack = host.bringBack] { bringBack(); });
+    }
+
+    void AddSaving()
+    {
+        QAction* const save = menu.addAction(PresetText("Save as Preset..."));
+        save->setObjectName(QStringLiteral("PresetSave"));
+        QObject::connect(save, &QAction::triggered, &menu, [ask = host.saveAsPreset] { ask(); });
+        QAction* const useAsDefault = menu.addAction(PresetText("Use as My Default"));
+        useAsDefault->setObjectName(QStringLiteral("PresetDefault"));
+        useAsDefault->setCheckable(true);
+        useAsDefault->setChecked(own.DefaultFile(host.kind).Exists());
+        QObject::connect(useAsDefault, &QAction::triggered, &menu, [use = host.useAsDefault](bool on) { use(on); });
+    }
+
+    void AddDeleting(const std::vector<OwnPreset>& saved)
+    {
+        QMenu* const deleting = menu.addMenu(PresetText("Delete Preset"));
+        deleting->setObjectName(QStringLiteral("PresetDelete"));
+        deleting->setEnabled(!saved.empty());
+        for (const OwnPreset& preset : saved) {
+            QAction* const action = deleting->addAction(MenuText(ToQt(preset.name)));
+            QObject::connect(action, &QAction::triggered, &menu,
+                             [remove = host.deletePreset, preset] { remove(preset); });
+        }
+    }
+
+    QMenu& menu;
+    const PresetMenuHost& host;
+    OwnPresets own;
+};
+
+/// The name that the user enters, or nothing.
+std::optional<std::string> AskForName(QWidget& parent, DesktopPlatform& platform, const QString& earlier)
+{
+    QInputDialog dialog(&parent);
+    dialog.setWindowTitle(PresetText("Save as Preset"));
+    dialog.setLabelText(PresetText("Name of the preset:"));
+    dialog.setTextValue(earlier);
+    return platform.RunModal(dialog) == QDialog::Accepted ? std::optional(dialog.textValue().toStdString())
+                                                          : std::nullopt;
+}
+
+/// True if there is no such file, or the user lets it be replaced.
+bool MayReplace(Platform& platform, const FolderItem& file, const std::string& name)
+{
+    if (!file.Exists()) {
+        return true;
+    }
+    MessageDialog dialog;
+    dialog.message = PresetText("There is a preset “%1” already. Replace it?").arg(ToQt(name)).toStdString();
+    dialog.actionButton = PresetText("Replace").toStdString();
+    dialog.cancelButton = PresetText("Cancel").toStdString();
+    return platform.ShowModal(dialog) == MessageDialog::Button::Action;
+}
+
+}  // namespace
+
+bool PrefersMetric()
+{
+    return QLocale::system().measurementSystem() == QLocale::MetricSystem;
+}
+
+QPixmap PresetPicture(const Preset& preset, const QSize& size, double pixelRatio)
+{
+    const QString key = QStringLiteral("preset %1 %2 %3 %4")
+                            .arg(ToQt(preset.id))
+                            .arg(size.width())
+                            .arg(size.height())
+                            .arg(pixelRatio);
+    QPixmap picture;
+    if (!QPixmapCache::find(key, &picture)) {
+        ScreenlessPlatform platform;
+        picture = Paint(MakeWindow(preset, platform)->ReadPage(), size, pixelRatio);
+        QPixmapCache::insert(key, picture);
+    }
+    return picture;
+}
+
+void FillPresetMenu(QMenu& menu, const PresetMenuHost& host)
+{
+    auto* const style = new PictureMenuStyle;
+    style->setParent(&menu);
+    menu.setStyle(style);
+    const auto fill = [&menu, host] { PresetMenuFiller(menu, host).Fill(); };
+    QObject::connect(&menu, &QMenu::aboutToShow, &menu, fill);
+    fill();
+}
+
+std::optional<std::string> SaveAsPreset(QWidget& parent, DesktopPlatform& platform, const PaperKind& kind,
+                                        const PaperWindow& window)
+{
+    const OwnPresets own(platform.PreferencesFolder());
+    std::string entered;
+    while (const auto name = AskForName(parent, platform, ToQt(entered))) {
+        entered = *name;
+        if (const std::string problem = OwnPresets::NameProblem(entered); !problem.empty()) {
+            platform.MsgBox(problem);
+            continue;
+        }
+        const FolderItem file = own.File(entered, kind);
+        if (!MayReplace(platform, file, entered)) {
+            continue;
+        }
+        if (const std::error_code error = own.Save(entered, kind, window)) {
+            platform.ShowFileError(file, "The preset could not be saved.", error.message());
+            continue;
+        }
+        return entered;
+    }
+    return std::nullopt;
+}
+
+bool UseAsDefault(Platform& platform, const PaperKind& kind, const PaperWindow& window, bool on)
+{
+    const OwnPresets own(platform.PreferencesFolder());
+    if (const std::error_code error = on ? own.SaveDefault(kind, window) : own.ForgetDefault(kind)) {
+        platform.ShowFileError(own.DefaultFile(kind),
+                               on ? "The default could not be saved." : "The default could not be forgotten.",
+                               error.message());
+        return false;
+    }
+    return true;
+}
+
+bool DeletePreset(Platform& platform, const OwnPreset& preset)
+{
+    MessageDialog dialog;
+    dialog.message = PresetText("Delete the preset “%1”?").arg(ToQt(preset.name)).toStdString();
+    dialog.actionButton = PresetText("Delete").toStdString();
+    dialog.cancelButton = PresetText("Cancel").toStdString();
+    if (platform.ShowModal(dialog) != MessageDialog::Button::Action) {
+        return false;
+    }
+    if (const std::error_code error = OwnPresets::Delete(preset)) {
+        platform.ShowFileError(preset.file, "The preset could not be deleted.", error.message());
+        return false;
+    }
+    return true;
+}
+
+}  // namespace linealis::desktop

@@ -1,0 +1,235 @@
+#pragma once
+
+#include "pipeline/document/Paper.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace linealis {
+
+/// The list indices of PopupXAxis and PopupYAxis. Of the logarithmic types the value is the number of decades.
+enum AxisType : int { linear = 0, logOneDecade = 1, logFiveDecades = 5, hydraulic = 6, probability = 7 };
+
+inline bool IsLog(AxisType type)
+{
+    return type >= logOneDecade && type <= logFiveDecades;
+}
+
+enum class AxisName { x, y };
+
+/// The roles that the controls of an axis govern.
+struct AxisRoles {
+    Role grid;
+    Role minor;
+    Role major;
+    Role line;  ///< the axis line across: each row's weight is that of the other one's line
+    Role numbers;
+    Role title;
+};
+inline constexpr AxisRoles rolesOfX = {"grid.x", "grid.x.minor", "grid.x.major", "axis.y", "number.x", "title.x"};
+inline constexpr AxisRoles rolesOfY = {"grid.y", "grid.y.minor", "grid.y.major", "axis.x", "number.y", "title.y"};
+
+/// The grid of one axis: a row of a table whose columns the X row names.
+struct GridRow {
+    Label caption;
+    Popup type;
+    TextField lineSpacing;
+    TextField lineThickness;
+    TextField major;
+    TextField majorWeight;
+    TextField hydraulicExponent;
+
+    GridRow(PaperForm& form, AxisName axis);
+};
+
+/// The range and the numbers of one axis, a row of the second table.
+struct AxisRow {
+    Label caption;
+    TextField minimum;
+    TextField maximum;
+    TextField step;
+    TextField spacing;
+    TextField weight;
+    TextField textSize;
+    Popup numberType;
+
+    AxisRow(PaperForm& form, AxisName axis);
+};
+
+/// The title of one axis.
+struct AxisTitleRow {
+    TextField title;
+    CheckBox autoPosition;
+    TextField textSize;
+    TextField titleX;
+    TextField titleY;
+
+    AxisTitleRow(PaperForm& form, AxisName axis);
+};
+
+/// All fields of one axis.
+template <typename Grid, typename Axis, typename Title>
+struct AxisFieldsOf {
+    Grid& grid;
+    Axis& axis;
+    Title& title;
+};
+using AxisFields = AxisFieldsOf<GridRow, AxisRow, AxisTitleRow>;
+using ConstAxisFields = AxisFieldsOf<const GridRow, const AxisRow, const AxisTitleRow>;
+
+/// The general graph paper: two axes, each linear, logarithmic or hydraulic, the Y axis also probability.
+struct GraphForm final : PaperForm {
+    Label StaticTextLinesPerUnit{*this, Group::Spacing,          "StaticTextLinesPerUnit", "Lines/in",
+                                 {},    {"Lines/in", "Lines/cm"}};
+    GridRow xGrid{*this, AxisName::x};
+    GridRow yGrid{*this, AxisName::y};
+    AxisRow xAxis{*this, AxisName::x};
+    AxisRow yAxis{*this, AxisName::y};
+    CheckBox CheckBoxShowAxes{*this,
+                              Group::Axes,
+                              "CheckBoxShowAxes",
+                              "show-axes",
+                              "Show Axes",
+                              true,
+                              {.governs = {"axis", "number", "title.x", "title.y"}}};
+    CheckBox CheckBoxMarkers{*this,
+                             Group::Axes,
+                             "CheckBoxMarkers",
+                             "add-markers",
+                             "Add Markers",
+                             false,
+                             {.beside = true, .governs = {"marker"}}};
+    Swatch LineColorCanvas{*this,
+                           Group::Lines,
+                           "LineColorCanvas",
+                           "line-color",
+                           "Line Color",
+                           black,
+                           {.governs = {"grid.x.minor", "grid.y.minor", "grid.y.probability"}}};
+    Swatch MajorLineColorCanvas{*this,
+                                Group::Lines,
+                                "MajorLineColorCanvas",
+                                "major-line-color",
+                                "Major Line Color",
+                                black,
+                                {.beside = true, .governs = {"grid.x.major", "grid.y.major"}}};
+    Swatch BackgroundColorCanvas{*this,
+                                 Group::Lines,
+                                 "BackgroundColorCanvas",
+                                 "background-color",
+                                 "Background Color",
+                                 white,
+                                 {.beside = true, .governs = {"background"}}};
+    TextField EditTitle{*this,
+                        Group::Text,
+                        "EditTitle",
+                        "page-title",
+                        "Title:",
+                        "A Sample Graph Paper",
+                        {.meaning = Meaning::Prose, .fullName = "Page title", .governs = {"title.page"}}};
+    TextField EditTitleSize{
+        *this,
+        Group::Text,
+        "EditTitleSize",
+        "page-title-size",
+        "Size:",
+        "20",
+        {.beside = true, .meaning = Meaning::FontSize, .fullName = "Page title, Size", .governs = {"title.page"}}};
+    TextField EditTitleX{*this,
+                         Group::Text,
+                         "EditTitleX",
+                         "page-title-x",
+                         "X:",
+                         "2.6",
+                         {.beside = true, .meaning = Meaning::TitlePlace, .governs = {"title.page"}}};
+    TextField EditTitleY{*this,
+                         Group::Text,
+                         "EditTitleY",
+                         "page-title-y",
+                         "Y:",
+                         "1",
+                         {.beside = true, .meaning = Meaning::Length, .governs = {"title.page"}}};
+    AxisTitleRow xTitle{*this, AxisName::x};
+    AxisTitleRow yTitle{*this, AxisName::y};
+    Popup PopupFont1{*this,
+                     Group::Text,
+                     "PopupFont1",
+                     "font",
+                     "Font:",
+                     FontNames(),
+                     4,
+                     {.governs = {"number", "title", "marker"}}};
+    ShiftClickNote note{*this, "StaticTextShiftClick"};
+
+    GraphForm();
+
+    AxisFields X() { return {xGrid, xAxis, xTitle}; }
+    AxisFields Y() { return {yGrid, yAxis, yTitle}; }
+    ConstAxisFields X() const { return {xGrid, xAxis, xTitle}; }
+    ConstAxisFields Y() const { return {yGrid, yAxis, yTitle}; }
+
+    /// Unlike in the other windows the units stay as they are, so that short texts such as ".1" stay too.
+    void Event_Open(const Platform& platform) override;
+    /// Makes the background white before anything else, so that a file without one gives a white page.
+    void BeforeLoad() override;
+
+    std::string WhyIdle(const Control& control) const override;
+
+    /// Rewrites the two "Lines/in" fields so that the grid holds the whole range of each axis in whole steps.
+    void RecalcLinesPerInch();
+
+private:
+    void EnableAxisFields();
+    void CheckBoxShowAxes_Action();
+};
+
+/// One axis of a graph. Lengths in points; values are the axis's own.
+struct GraphAxis {
+    AxisName name = AxisName::x;
+    AxisType type = linear;
+    double lineSpacing = 0.0;  ///< between two neighbouring grid lines
+    double lineThickness = 0.0;
+    double majorStep = 0.0;  ///< every how many grid lines a major line falls
+    double majorWeight = 0.0;
+    double hydraulicExponent = 0.0;
+    double minimum = 0.0;
+    double maximum = 0.0;
+    double step = 0.0;          ///< axis value from one grid line to the next
+    bool stepsForward = false;  ///< whether the form's step is above 0, without which a hydraulic axis has no lines
+    double numberSpacing = 0.0;  ///< every how many grid lines a number stands
+    double weight = 0.0;         ///< of the axis line across: each row's weight is that of the other one's line
+    double textSize = 0.0;
+    bool isTrigonometric = false;  ///< its numbers are multiples of pi
+    std::string title;
+    double titleTextSize = 0.0;
+    bool titlePlacesItself = false;
+    double titleX = 0.0;  ///< from the left margin
+    double titleY = 0.0;  ///< downwards
+};
+
+/// Lengths in points.
+struct GraphPage {
+    PageFrame frame;
+    GraphAxis x;
+    GraphAxis y;
+    Color lineColor;
+    Color majorLineColor;
+    std::int64_t font = 0;
+    bool showsAxes = true;
+    bool hasMarkers = false;
+    std::string title;
+    double titleSize = 0.0;
+    bool titleIsCentred = false;
+    double titleX = 0.0;  ///< from the left edge of the page
+    double titleY = 0.0;  ///< downwards
+};
+
+SettingsTable Settings(GraphForm& form);
+GraphPage Read(const GraphForm& form);
+void Draw(const GraphPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask);
+std::string Describe(const GraphPage& page);
+PageWarnings Warn(const GraphForm& form, const GraphPage& page);
+std::unique_ptr<Wizard> MakeWizard(GraphForm& form);
+
+}  // namespace linealis

@@ -1,0 +1,35 @@
+#include "papers/AxonometricPaper.h"
+
+#include "pipeline/page/PageWords.h"
+
+#include <cmath>
+
+namespace linealis {
+
+namespace {
+
+double HeightWhereFallingLineEnters(const DiagonalPattern& pattern, double past)
+{
+    // The same as `past` in a longer way, which differs from it in the last bits.
+    return -(2.0 * pattern.xStep - past) + 2.0 * pattern.xStep;
+}
+
+}  // namespace
+
+AxonometricPage Read(const AxonometricForm& form)
+{
+    return {ReadDiagonal(form)};
+}
+
+void Draw(const AxonometricPage& page, MyPDFGenerator& pdf, Turns& turns)
+{
+    const double step = page.size * (1.0 / std::sqrt(2.0));
+    DrawDiagonal(page, {step, 2.0 * step, step, 2.0 * step, 1.0}, HeightWhereFallingLineEnters, pdf, turns);
+}
+
+std::string Describe(const AxonometricPage& page)
+{
+    return "squares of " + LengthWords(page.size, page.frame) + " at 45 degrees";
+}
+
+}  // namespace linealis

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "papers/CellGrid.h"
+#include "pipeline/document/Paper.h"
+
+#include <string>
+
+namespace linealis {
+
+/// A grid of horizontal and vertical lines.
+struct GridForm final : PaperForm {
+    SpacingFields spacing{*this, ".25", ".25"};
+    LineFields lines{*this, spacing, true};
+    Swatch LinesColorCanvas{*this,
+                            Group::Lines,
+                            "LinesColorCanvas",
+                            "line-color",
+                            "Line Color",
+                            black,
+                            {.label = "StaticText5", .governs = {"grid"}}};
+    Swatch BackgroundColorCanvas{*this,
+                                 Group::Lines,
+                                 "BackgroundColorCanvas",
+                                 "background-color",
+                                 "Background Color",
+                                 white,
+                                 {.label = "StaticText28", .beside = true, .governs = {"background"}}};
+    ShiftClickNote note{*this, "StaticText27"};
+
+    std::string WhyIdle(const Control& control) const override;
+};
+
+struct GridPage {
+    PageFrame frame;
+    CellGrid grid;
+    Color linesColor;
+};
+
+SettingsTable Settings(GridForm& form);
+GridPage Read(const GridForm& form);
+void Draw(const GridPage& page, MyPDFGenerator& pdf, Turns& turns);
+std::string Describe(const GridPage& page);
+
+}  // namespace linealis

@@ -1,0 +1,243 @@
+#include "pipeline/document/PaperWindow.h"
+
+#include "pdf/OwnPdf.h"
+#include "pipeline/document/MarkerFile.h"
+#include "pipeline/form/FieldWords.h"
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace linealis {
+
+namespace {
+
+constexpr FileType textFileType{"text", ""};
+constexpr const char* const suggestedPageName = "Untitled.pdf";
+
+}  // namespace
+
+PaperWindow::PaperWindow(Paper thePaper, const FileType& typeOfSettings, Platform& thePlatform)
+    : form(*thePaper.form), paper(std::move(thePaper)), settingsType(typeOfSettings), platform(thePlatform),
+      turns([this] { platform.Yield(); }), pdf(turns)
+{}
+
+void PaperWindow::Restore(const WindowState& earlier)
+{
+    form.Restore(earlier.form);
+    outputFile = earlier.outputFile;
+    ourFolderItem = earlier.ourFolderItem;
+}
+
+DrawnPage PaperWindow::DrawPage(PaperPage read)
+{
+    return linealis::DrawPage(std::move(read), turns, Dialogs());
+}
+
+void PaperWindow::ReadGUIValues()
+{
+    page = ReadPage();
+}
+
+void PaperWindow::PushButtonGenerate_Action()
+{
+    if (platform.ShiftKey()) {
+        SetOutputFile({});
+    }
+    lastPage.reset();
+    ReadGUIValues();
+    DoFilename();
+    const bool toBeShown = !pdf.theFile.IsEmpty() && lastPage != PageEnd::Stopped;
+    if (form.CheckBoxViewGraph.Value() && toBeShown && !platform.Launch(pdf.theFile)) {
+        platform.Note("No viewer could be started for " + pdf.theFile.Name());
+    }
+}
+
+void PaperWindow::DoFilename()
+{
+    if (outputFile.IsEmpty()) {
+        ChooseOutputFile();
+    }
+    pdf.theFile = MayReplaceOutputFile() ? outputFile : FolderItem();
+    if (pdf.theFile.IsEmpty()) {
+        return;
+    }
+    SetOutputFile(outputFile);
+    settledFile = outputFile;
+    DoPage();
+}
+
+bool PaperWindow::MayReplaceOutputFile()
+{
+    if (outputFile == settledFile || !outputFile.Exists() || IsOwnPdf(outputFile)) {
+        return true;
+    }
+    MessageDialog dialog;
+    dialog.message =
+        outputFile.Path().string() + " was not made by Linealis, or has been changed since. Replace it?";
+    dialog.actionButton = "Replace";
+    dialog.cancelButton = "Cancel";
+    return platform.ShowModal(dialog) == MessageDialog::Button::Action;
+}
+
+void PaperWindow::ChooseOutputFile()
+{
+    if (const FolderItem file = platform.GetSaveFolderItem(pdfFileType, suggestedPageName); !file.IsEmpty()) {
+        SetOutputFile(file);
+        settledFile = file;
+    }
+}
+
+void PaperWindow::SetOutputFile(const FolderItem& file)
+{
+    outputFile = file;
+    form.StaticFileName.SetCaption(file.IsEmpty() ? "" : file.Name());
+}
+
+void PaperWindow::DoPage()
+{
+    form.WriteCorrections();
+    lastPage = MakePage(page, pdf, turns, Dialogs(), platform);
+}
+
+/// Each in its place, in the middle of the page.
+PageQuestions PaperWindow::Dialogs() const
+{
+    return {.say = [this](const std::string& message) { platform.MsgBox(message); },
+            .askForMarkers = [this]() -> std::function<bool(std::string&)> {
+                const FolderItem chosen = platform.GetOpenFolderItem(textFileType);
+                auto file = std::make_shared<MarkerFile>(chosen);
+                if (chosen.Exists() && !file->Error().empty()) {
+                    platform.Note(file->Error() + ", so there are no markers");
+                }
+                return [file](std::string& line) { return file->NextLine(line); };
+            }};
+}
+
+void PaperWindow::ColorCanvas_MouseDown(Swatch& canvas)
+{
+    Color color = canvas.Shown();
+    if (platform.SelectColor(color, "Select a Color")) {
+        canvas.SetColor(color);
+    }
+}
+
+std::error_code PaperWindow::SaveSettings(const FolderItem& file) const
+{
+    return linealis::SaveSettings(paper.settings, outputFile, file);
+}
+
+std::string PaperWindow::LostBySaving() const
+{
+    std::string names;
+    for (const Control* const control : form.Controls()) {
+        const bool isKept =
+            std::any_of(paper.settings.begin(), paper.settings.end(),
+                        [&](const SettingsField& field) { return field.control == control->Name(); });
+        const bool isCut = control->Kind() == ControlKind::Text &&
+                           static_cast<const TextField&>(*control).Text().size() > BinaryStream::longestPString;
+        const bool isDifferent = control->Kind() != ControlKind::Label && !form.IsAsOpened(*control);
+        if (isKept ? isCut : isDifferent && form.WhyIdle(*control).empty()) {
+            names += (names.empty() ? "" : ", ") + WholeName(form, *control);
+        }
+    }
+    return names;
+}
+
+std::error_code PaperWindow::LoadSettings(const FolderItem& file)
+{
+    return Load(file).error;
+}
+
+std::string PaperWindow::SettingsBytes() const
+{
+    std::string bytes;
+    linealis::SaveSettings(paper.settings, outputFile, BinaryStream::IntoMemory(bytes));
+    return bytes;
+}
+
+std::error_code PaperWindow::LayOver(BinaryStream settings)
+{
+    if (!settings.IsOpen()) {
+        return settings.Error();
+    }
+    FolderItem ignored;
+    return Load(std::move(settings), ignored).error;
+}
+
+LoadResult PaperWindow::Load(const FolderItem& file)
+{
+    FolderItem loaded = outputFile;
+    const LoadResult result = Load(file.OpenAsBinaryFile(), loaded);
+    if (!result.error) {
+        SetOutputFile(loaded);
+        if (const std::string problem = result.Problem(); !problem.empty()) {
+            platform.Note(file.Name() + " " + problem);
+        }
+    }
+    return result;
+}
+
+LoadResult PaperWindow::Load(BinaryStream settings, FolderItem& fileOfPage)
+{
+    form.BeforeLoad();
+    const std::vector<ControlState> before = form.State();
+    const LoadResult result = linealis::LoadSettings(paper.settings, fileOfPage, std::move(settings));
+    if (result.error) {
+        form.Restore(before);
+    }
+    return result;
+}
+
+void PaperWindow::NoteFailure(const FolderItem& file, const char* what, std::error_code error) const
+{
+    if (error) {
+        platform.Note(file.Name() + " could not be " + what + ": " + error.message());
+    }
+}
+
+bool PaperWindow::OpenDocument(const FolderItem& file)
+{
+    const LoadResult result = Load(file);
+    NoteFailure(file, "opened", result.error);
+    ourFolderItem = file;
+    stored = form.State();
+    return !result.error;
+}
+
+bool PaperWindow::Store(const FolderItem& file)
+{
+    const std::error_code error = SaveSettings(file);
+    NoteFailure(file, "saved", error);
+    if (!error) {
+        stored = form.State();
+        if (const std::string lost = LostBySaving(); !file.IsEmpty() && !lost.empty()) {
+            platform.Note(file.Name() + " does not keep " + lost);
+        }
+    }
+    return !error;
+}
+
+bool PaperWindow::FileOpen_Action()
+{
+    const FolderItem file = platform.GetOpenFolderItem(settingsType);
+    return !file.IsEmpty() && OpenDocument(file);
+}
+
+bool PaperWindow::FileSave_Action()
+{
+    return Store(ourFolderItem);
+}
+
+bool PaperWindow::FileSaveAs_Action()
+{
+    const FolderItem file = platform.GetSaveFolderItem(settingsType, "Untitled");
+    if (file.IsEmpty()) {
+        return false;
+    }
+    ourFolderItem = file;
+    return Store(file);
+}
+
+}  // namespace linealis

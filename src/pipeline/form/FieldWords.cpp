@@ -1,0 +1,139 @@
+#include "pipeline/form/FieldWords.h"
+
+#include "pdf/Units.h"
+#include "text/Numbers.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+namespace linealis {
+
+namespace {
+
+/// The caption on one line and without its colon.
+std::string PlainCaption(const Control& control)
+{
+    std::string caption = control.Caption();
+    std::replace_if(
+        caption.begin(), caption.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    if (caption.ends_with(':')) {
+        caption.pop_back();
+    }
+    return caption;
+}
+
+bool IsBesideAnother(const Control& control)
+{
+    return control.Declared().beside || control.Declared().captionAbove;
+}
+
+bool IsCaption(const Form& form, const Control& control)
+{
+    return std::any_of(form.Controls().begin(), form.Controls().end(),
+                       [&](const Control* field) { return field->CaptionLabel() == &control; });
+}
+
+bool IsAmbiguous(const Form& form, const Control& control)
+{
+    const std::string caption = PlainCaption(control);
+    return caption.size() <= 1 ||
+           std::any_of(form.Controls().begin(), form.Controls().end(), [&](const Control* other) {
+               return other != &control && other->Kind() != ControlKind::Label && PlainCaption(*other) == caption;
+           });
+}
+
+/// Millimetres that a field stands for; nothing if that is no length.
+std::optional<double> Millimetres(const TextField& field, LengthUnit formUnit)
+{
+    constexpr double mmPerCm = 10.0;
+    if (formUnit == LengthUnit::None) {
+        return std::nullopt;
+    }
+    const double unit = formUnit == LengthUnit::Inches ? cmPerInch * mmPerCm : mmPerCm;
+    switch (FactsOf(field.MeansNow()).quantity) {
+    case Quantity::Length:
+        return field.IsLeftOpen() ? std::nullopt : std::optional(field.Used() * unit);
+    case Quantity::CountPerUnit:
+        return unit / field.Used();
+    default:
+        return std::nullopt;
+    }
+}
+
+/// With one or two decimals.
+std::string Rounded(double value)
+{
+    std::string text = Str(std::round(value * 100.0) / 100.0);
+    return text.find('.') == std::string::npos ? text + ".0" : text;
+}
+
+}  // namespace
+
+const Control& FirstInRow(const Form& form, const Control& control)
+{
+    const Control* first = &control;
+    for (const Control* const candidate : form.Controls()) {
+        if (candidate->InGroup() != control.InGroup() || IsCaption(form, *candidate)) {
+            continue;
+        }
+        if (!IsBesideAnother(*candidate)) {
+            first = candidate;
+        }
+        if (candidate == &control) {
+            break;
+        }
+    }
+    return *first;
+}
+
+std::string WholeName(const Form& form, const Control& control)
+{
+    const Traits& traits = control.Declared();
+    const std::string caption = PlainCaption(control);
+    if (!traits.fullName.empty()) {
+        return std::string(traits.fullName);
+    }
+    if (control.InGroup() == Group::Margins) {
+        return caption + " margin";
+    }
+    if (!traits.sets.empty() && !traits.captionAbove) {
+        return caption + " of the " + std::string(traits.sets);
+    }
+    const Control& first = FirstInRow(form, control);
+    const bool isNamedByRow = traits.captionAbove || IsAmbiguous(form, control);
+    return isNamedByRow && &first != &control ? WholeName(form, first) + ", " + caption : caption;
+}
+
+Control* FindByNameOrAlias(const Form& form, std::string_view nameOrAlias)
+{
+    if (Control* const control = form.Find(nameOrAlias); control && control->Kind() != ControlKind::Label) {
+        return control;
+    }
+    const auto found = std::find_if(form.Controls().begin(), form.Controls().end(), [&](const Control* control) {
+        return control->Kind() != ControlKind::Label && control->Alias() == nameOrAlias;
+    });
+    return found == form.Controls().end() ? nullptr : *found;
+}
+
+std::string Readout(std::span<Control* const> fields, LengthUnit unit)
+{
+    std::string readout;
+    for (const Control* const control : fields) {
+        const bool counts = control->Kind() == ControlKind::Text && control->IsEnabled();
+        const auto length = counts ? Millimetres(static_cast<const TextField&>(*control), unit) : std::nullopt;
+        if (length && std::isfinite(*length)) {
+            readout += (readout.empty() ? "= " : ", ") + Rounded(*length);
+        }
+    }
+    return readout.empty() ? readout : readout + " mm";
+}
+
+std::string HintOf(const TextField& field)
+{
+    const std::string_view sets = field.Declared().sets;
+    const std::string hint(FactsOf(field.MeansNow()).hint);
+    return sets.empty() ? hint : "Weight of the " + std::string(sets) + ". " + hint;
+}
+
+}  // namespace linealis

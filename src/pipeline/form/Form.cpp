@@ -1,0 +1,57 @@
+#include "pipeline/form/Form.h"
+
+#include <algorithm>
+
+namespace linealis {
+
+Control* Form::Find(std::string_view name) const
+{
+    const auto found = std::find_if(controls.begin(), controls.end(),
+                                    [&](const Control* control) { return control->Name() == name; });
+    return found == controls.end() ? nullptr : *found;
+}
+
+std::vector<ControlState> Form::State() const
+{
+    std::vector<ControlState> state;
+    for (const Control* const control : controls) {
+        state.push_back(control->State());
+    }
+    return state;
+}
+
+bool Form::IsAsOpened(const Control& control) const
+{
+    const auto place = std::find(controls.begin(), controls.end(), &control) - controls.begin();
+    return opening.at(static_cast<std::size_t>(place)).content == control.State().content;
+}
+
+void Form::Restore(const std::vector<ControlState>& earlier)
+{
+    for (std::size_t i = 0; i < controls.size(); ++i) {
+        if (controls[i]->State() != earlier.at(i)) {
+            controls[i]->Restore(earlier[i]);
+        }
+    }
+}
+
+void Form::Add(Control& control)
+{
+    const auto place = std::upper_bound(controls.begin(), controls.end(), control.InGroup(),
+                                        [](Group group, const Control* other) { return group < other->InGroup(); });
+    controls.insert(place, &control);
+}
+
+void Form::EnableFollowersOf(const CheckBox& box) const
+{
+    for (Control* const control : controls) {
+        if (control->Declared().enabledBy == &box) {
+            control->SetEnabled(box.Value());
+            if (Label* const label = control->CaptionLabel()) {
+                label->SetEnabled(box.Value());
+            }
+        }
+    }
+}
+
+}  // namespace linealis

@@ -1,0 +1,217 @@
+#include "pipeline/form/FormCheck.h"
+
+#include "pipeline/form/FieldWords.h"
+#include "pipeline/form/LengthText.h"
+#include "pipeline/page/PageWords.h"
+#include "text/Numbers.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace linealis {
+
+namespace {
+
+constexpr double leastMargin = 18.0;      // points, 6.35 mm: what many printers cannot reach
+constexpr double marginTolerance = 0.01;  // points; a margin in centimetres is off by less
+constexpr double thinnest = 0.1;          // points; a thinner line may not print
+
+class FormChecker {
+public:
+    FormChecker(const PaperForm& theForm, const PageFrame& theFrame)
+        : form(theForm), frame(theFrame), warnings(FieldWarnings(theForm))
+    {}
+
+    PageWarnings Check()
+    {
+        CheckWeights();
+        CheckMargins();
+        CheckRoom();
+        CheckScale(form.EditXScale);
+        CheckScale(form.EditYScale);
+        CheckCustomSize();
+        return std::move(warnings);
+    }
+
+private:
+    void Warn(std::string_view id, const Control& control, const std::string& text)
+    {
+        warnings.push_back({id, std::string(control.Name()), text});
+    }
+
+    void CheckWeights()
+    {
+        for (const Control* const control : form.Controls()) {
+            if (control->State().meaning == Meaning::Weight && form.WhyIdle(*control).empty()) {
+                CheckWeight(static_cast<const TextField&>(*control));
+            }
+        }
+    }
+
+    void CheckWeight(const TextField& field)
+    {
+        const double width = field.Used() * std::min(std::abs(frame.xScale), std::abs(frame.yScale));
+        if (width == 0.0) {
+            Warn("thin", field,
+                 WholeName(form, field) + ": lines of 0 points print as thin as possible, or not at all");
+        } else if (width > 0.0 && width < thinnest - 1e-9 && !form.IsAsOpened(field)) {
+            Warn("thin", field,
+                 WholeName(form, field) + ": lines of " + Str(width) + " pt may not print; use at least " +
+                     Str(thinnest) + " pt");
+        }
+        if (const TextField* const apart = field.Declared().apart) {
+            const bool counts = FactsOf(apart->MeansNow()).quantity == Quantity::CountPerUnit;
+            WarnOfInk(form, field, counts ? frame.unitPixels / apart->Used() : apart->Used() * frame.unitPixels,
+                      warnings);
+        }
+    }
+
+    void CheckMargins()
+    {
+        const struct {
+            const TextField& field;
+            double points;
+        } margins[] = {{form.EditTopMargin, frame.topMargin},
+                       {form.EditBottomMargin, frame.bottomMargin},
+                       {form.EditLeftMargin, frame.leftMargin},
+                       {form.EditRightMargin, frame.rightMargin}};
+        const Control* first = nullptr;
+        std::string names;
+        for (const auto& [field, points] : margins) {
+            if (points < leastMargin - marginTolerance) {
+                first = first == nullptr ? &field : first;
+                names += (names.empty() ? "" : ", ") + WholeName(form, field);
+            }
+        }
+        if (first != nullptr) {
+            Warn("margin", *first, names + " under 6.35 mm: many printers do not reach so close to the edge");
+        }
+    }
+
+    void CheckRoom()
+    {
+        const std::array allMargins = {&form.EditTopMargin, &form.EditBottomMargin, &form.EditLeftMargin,
+                                       &form.EditRightMargin};
+        if (frame.UsableWidth() <= 0.0 || frame.UsableHeight() <= 0.0) {
+            const TextField& widest =
+                **std::max_element(allMargins.begin(), allMargins.end(),
+                                   [](const TextField* a, const TextField* b) { return a->Used() < b->Used(); });
+            Warn("room", widest, "The margins leave no room on the page");
+            return;
+        }
+        for (const Control* const control : form.Controls()) {
+            const bool isCell =
+                control->State().meaning == Meaning::Spacing || control->State().meaning == Meaning::CellSize;
+            if (control->Kind() == ControlKind::Text && isCell) {
+                CheckCell(static_cast<const TextField&>(*control));
+            }
+        }
+    }
+
+    void CheckCell(const TextField& field)
+    {
+        const bool isUpright = field.Name() == "EditVertSpacing";
+        const bool isFlat = field.Name() == "EditHorzSpacing";
+        const double room = isUpright ? frame.UsableHeight()
+                            : isFlat  ? frame.UsableWidth()
+                                      : std::min(frame.UsableWidth(), frame.UsableHeight());
+        const double cell = field.Used() * frame.unitPixels;
+        if (cell > room) {
+            Warn("cell", field,
+                 WholeName(form, field) + " of " + LengthWords(cell, frame) + " is larger than the room of " +
+                     LengthWords(room, frame) + " between the margins");
+        }
+    }
+
+    void CheckScale(const TextField& field)
+    {
+        if (field.Used() != 100.0 && field.Used() != 0.0) {  // of 0 the field speaks
+            Warn("scale", field,
+                 WholeName(form, field) + " is " + Str(field.Used()) + " %: lengths on the page are not true");
+        }
+    }
+
+    void CheckCustomSize()
+    {
+        if (form.EditCustomWidth.IsEnabled()) {
+            Warn("custom-size", form.EditCustomWidth,
+                 "A settings file does not keep a custom paper size, " + PaperWords(frame));
+        }
+        constexpr std::int64_t largestPaper = 14400;  // points: ISO 32000-1, annex C
+        if (std::max(frame.paperWidth, frame.paperHeight) > largestPaper) {
+            Warn("paper-size", form.EditCustomWidth,
+                 "The paper of " + PaperWords(frame) + " is larger than 200 by 200 in, which many readers refuse");
+        }
+    }
+
+    const PaperForm& form;
+    const PageFrame& frame;
+    PageWarnings warnings;
+};
+
+/// Whether all that places the text is as the form opened.
+bool StandsAsOpened(const PaperForm& form, const TextField& text)
+{
+    return std::all_of(form.Controls().begin(), form.Controls().end(), [&](const Control* control) {
+        return control == &text || control->Kind() == ControlKind::Label ||
+               &FirstInRow(form, *control) != &FirstInRow(form, text) || form.IsAsOpened(*control);
+    });
+}
+
+/// With three significant digits.
+std::string Rough(double points)
+{
+    const double grain = std::pow(10.0, 2.0 - std::floor(std::log10(points)));
+    return Str(std::round(points * grain) / grain) + " pt";
+}
+
+}  // namespace
+
+PageWarnings FieldWarnings(const Form& form)
+{
+    PageWarnings warnings;
+    for (const Control* const control : form.Controls()) {
+        if (control->Kind() != ControlKind::Text) {
+            continue;
+        }
+        const auto& field = static_cast<const TextField&>(*control);
+        if (const std::string remark = field.Remark(); !remark.empty()) {
+            warnings.push_back({field.MeansNow() == Meaning::Prose ? "text" : "field", std::string(field.Name()),
+                                WholeName(form, field) + ": " + remark});
+        }
+    }
+    return warnings;
+}
+
+PageWarnings FormWarnings(const PaperForm& form, const PageFrame& frame, PageWarnings ofKind)
+{
+    PageWarnings warnings = FormChecker(form, frame).Check();
+    std::move(ofKind.begin(), ofKind.end(), std::back_inserter(warnings));
+    return warnings;
+}
+
+std::vector<PrintedField> PrintedFields(const PaperForm& form)
+{
+    std::vector<PrintedField> printed;
+    for (const Control* const control : form.Controls()) {
+        const Traits& traits = control->Declared();
+        if (control->Kind() == ControlKind::Text && traits.meaning == Meaning::Prose) {
+            printed.push_back({traits.governs.front(), std::string(control->Name()), traits.coversLines,
+                               StandsAsOpened(form, static_cast<const TextField&>(*control))});
+        }
+    }
+    return printed;
+}
+
+void WarnOfInk(const Form& form, const TextField& weight, double distance, PageWarnings& warnings)
+{
+    const double width = weight.Used();
+    if (distance > 0.0 && width >= distance) {
+        warnings.push_back({"ink", std::string(weight.Name()),
+                            WholeName(form, weight) + ": " + Rough(width) + " wide but only " + Rough(distance) +
+                                " apart, they leave no white between them"});
+    }
+}
+
+}  // namespace linealis

@@ -1,0 +1,308 @@
+#include "pipeline/form/Meaning.h"
+
+#include "pdf/Units.h"
+#include "text/MacRoman.h"
+#include "text/Numbers.h"
+#include "text/ShortText.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace linealis {
+
+namespace {
+
+constexpr double defaultLinesPerUnit = 5.0;
+
+bool IsBlank(std::string_view text)
+{
+    return text.find_first_not_of(" \t") == std::string_view::npos;
+}
+
+bool HasPairedParentheses(std::string_view text)
+{
+    int open = 0;
+    for (const char c : text) {
+        open += c == '(' ? 1 : 0;
+        open -= c == ')' ? 1 : 0;
+        if (open < 0) {
+            return false;
+        }
+    }
+    return open == 0;
+}
+
+/// Parentheses and backslashes go to the page unescaped, so the page must be able to live with them.
+std::string RemarkOnProse(std::string_view text)
+{
+    for (const std::string_view character : Characters(text)) {
+        if (!IsInMacRoman(character)) {
+            return "\u201C" + std::string(character) + "\u201D cannot be printed and becomes \u201C?\u201D";
+        }
+    }
+    if (text.find('\\') != std::string_view::npos) {
+        return "a backslash changes what is printed behind it";
+    }
+    return HasPairedParentheses(text) ? "" : "parentheses must come in pairs, or the page is damaged";
+}
+
+template <Meaning meaning>
+std::string EffectOfCustomSide(double side)
+{
+    return PointsOfCustomSide(meaning, side) < smallestPage ? "a page has at least 10 points" : "";
+}
+
+double Whole(double value)
+{
+    return static_cast<double>(truncated(value));
+}
+
+double WholeFromZero(double value)
+{
+    return std::max(Whole(value), 0.0);
+}
+
+double OneInsteadOfZero(double value)
+{
+    return value == 0.0 ? 1.0 : value;
+}
+
+std::string EffectOfCell(double value)
+{
+    return value > 0.0 ? "" : "must be above 0, or no pattern is drawn";
+}
+
+std::string EffectOfMark(double value)
+{
+    return value == 0.0 ? "0 draws no bar" : value < 0.0 ? "should not be negative" : "";
+}
+
+std::string EffectOfWeight(double value)
+{
+    return value < 0.0 ? "should not be negative" : "";
+}
+
+std::string EffectOfDensity(double value)
+{
+    return value < 0.0 ? "must be above 0, or no grid line is drawn" : "";
+}
+
+std::string EffectOfFontSize(double value)
+{
+    const double printed = Whole(value);
+    if (value < 0.0) {
+        return "should not be negative";
+    }
+    if (printed == 0.0) {
+        return "must be at least 1, or nothing is printed";
+    }
+    return printed != value ? "is printed at " + Str(printed) + " points" : "";
+}
+
+std::string EffectOfScale(double value)
+{
+    return value == 0.0 ? "0 leaves an empty page" : "";
+}
+
+std::string EffectOfDivisions(double value)
+{
+    return value < 1.0 ? "must be at least 1, or no line divides a side" : "";
+}
+
+std::string EffectOfNumberSpacing(double value)
+{
+    return value < 0.0 ? "below 0 writes no numbers" : "";
+}
+
+std::string EffectOfExponent(double value)
+{
+    return value > 1.0 ? "" : "must be larger than 1";
+}
+
+std::string EffectOfHydraulicStart(double value)
+{
+    return value < 0.0 ? "must not be negative on a hydraulic axis" : "";
+}
+
+std::string EffectOfHydraulicStep(double value)
+{
+    return value > 0.0 ? "" : "must be above 0, or no grid line is drawn";
+}
+
+constexpr std::string_view lengthHint = "Length in the current unit, inches or centimetres";
+constexpr std::string_view wholeHint = "A whole number";
+constexpr std::string_view densityHint = "Lines in an inch or a centimetre";
+constexpr std::string_view numberSpacingHint = "Number of grid lines from one number to the next";
+constexpr std::string_view axisValueHint = "In the axis's own values";
+constexpr std::string_view axisStepHint = "From one grid line to the next, in the axis's own values";
+
+// In the order of Meaning.
+constexpr auto facts = std::to_array<MeaningFacts>({
+    {.meaning = Meaning::Number, .hint = "A number", .step = Step::LastPlace, .canBeNegative = true},
+    {.meaning = Meaning::Prose, .hint = "Text that is printed"},
+    {.meaning = Meaning::Length,
+     .hint = lengthHint,
+     .quantity = Quantity::Length,
+     .step = Step::Length,
+     .canBeNegative = true},
+    {.meaning = Meaning::TitlePlace,
+     .hint = "Length in the current unit; empty centres the title",
+     .quantity = Quantity::Length,
+     .step = Step::Length,
+     .canBeNegative = true},
+    {.meaning = Meaning::Spacing,
+     .hint = lengthHint,
+     .quantity = Quantity::Length,
+     .step = Step::Length,
+     .effect = EffectOfCell},
+    {.meaning = Meaning::CellSize,
+     .hint = lengthHint,
+     .quantity = Quantity::Length,
+     .step = Step::Length,
+     .effect = EffectOfCell},
+    {.meaning = Meaning::MarkSize,
+     .hint = lengthHint,
+     .quantity = Quantity::Length,
+     .step = Step::Length,
+     .effect = EffectOfMark},
+    {.meaning = Meaning::CustomInches,
+     .hint = lengthHint,
+     .quantity = Quantity::Inches,
+     .step = Step::Length,
+     .effect = EffectOfCustomSide<Meaning::CustomInches>},
+    {.meaning = Meaning::CustomCm,
+     .hint = lengthHint,
+     .quantity = Quantity::Centimeters,
+     .step = Step::Length,
+     .effect = EffectOfCustomSide<Meaning::CustomCm>},
+    {.meaning = Meaning::Weight,
+     .hint = "Line width in points (1/72 inch), whatever the unit",
+     .quantity = Quantity::Points,
+     .step = Step::Tenth,
+     .effect = EffectOfWeight},
+    {.meaning = Meaning::FontSize,
+     .hint = "Text size in points (1/72 inch), whatever the unit",
+     .quantity = Quantity::Points,
+     .effect = EffectOfFontSize},
+    {.meaning = Meaning::Scale, .hint = "Per cent of the true size", .effect = EffectOfScale},
+    {.meaning = Meaning::Share,
+     .hint = "Per cent, from 0 to 100",
+     .isCorrectedInForm = true,
+     .used = [](double value) { return std::clamp(value, 0.0, 100.0); }},
+    {.meaning = Meaning::LinesPerUnit,
+     .hint = densityHint,
+     .quantity = Quantity::CountPerUnit,
+     .isCorrectedInForm = true,
+     .used = [](double value) { return value <= 0.0 ? defaultLinesPerUnit : value; }},
+    {.meaning = Meaning::GridDensity,
+     .hint = densityHint,
+     .quantity = Quantity::CountPerUnit,
+     .used = OneInsteadOfZero,
+     .effect = EffectOfDensity},
+    {.meaning = Meaning::Count, .hint = wholeHint, .used = Whole},
+    {.meaning = Meaning::Quantity, .hint = wholeHint, .used = WholeFromZero},
+    {.meaning = Meaning::CountFromOne,
+     .hint = wholeHint,
+     .used = [](double value) { return std::max(Whole(value), 1.0); }},
+    {.meaning = Meaning::Divisions, .hint = wholeHint, .used = Whole, .effect = EffectOfDivisions},
+    {.meaning = Meaning::WholeUnits,
+     .hint = "A whole number of inches or centimetres",
+     .quantity = Quantity::Length,
+     .used = WholeFromZero},
+    {.meaning = Meaning::GridLines, .hint = "Number of grid lines from one major line to the next; 0 for none"},
+    {.meaning = Meaning::NumberSpacing,
+     .hint = numberSpacingHint,
+     .canBeNegative = true,
+     .used = [](double value) { return value < 0.0 ? value : std::max(Whole(value), 1.0); },
+     .effect = EffectOfNumberSpacing},
+    {.meaning = Meaning::AxisValue, .hint = axisValueHint, .step = Step::LastPlace, .canBeNegative = true},
+    {.meaning = Meaning::AxisStep,
+     .hint = axisStepHint,
+     .step = Step::LastPlace,
+     .canBeNegative = true,
+     .used = OneInsteadOfZero},
+    {.meaning = Meaning::Exponent,
+     .hint = "Power of the value on a hydraulic axis, above 1",
+     .step = Step::LastPlace,
+     .effect = EffectOfExponent},
+    {.meaning = Meaning::HydraulicStart,
+     .hint = axisValueHint,
+     .step = Step::LastPlace,
+     .effect = EffectOfHydraulicStart},
+    {.meaning = Meaning::HydraulicStep,
+     .hint = axisStepHint,
+     .step = Step::LastPlace,
+     .effect = EffectOfHydraulicStep},
+    {.meaning = Meaning::HydraulicNumber,
+     .hint = numberSpacingHint,
+     .used = [](double value) { return std::max(std::ceil(value), 1.0); }},
+});
+
+constexpr bool IsInOrder()
+{
+    for (std::size_t i = 0; i < facts.size(); ++i) {
+        if (static_cast<std::size_t>(facts[i].meaning) != i) {
+            return false;
+        }
+    }
+    return true;
+}
+static_assert(IsInOrder(), "a row is not in the place of its meaning");
+static_assert(facts.back().meaning == Meaning::HydraulicNumber, "a meaning has no row");
+
+std::string EffectOf(Meaning meaning, double value)
+{
+    const auto effect = FactsOf(meaning).effect;
+    return effect == nullptr ? "" : effect(value);
+}
+
+std::string RemarkOnMissingNumber(Meaning meaning, const std::string& text)
+{
+    const double used = UsedValue(meaning, Val(text));
+    const std::string counts = "counts as " + Str(used);
+    const std::string effect = EffectOf(meaning, used);
+    return (IsBlank(text) ? "empty " : "\u201C" + Shortened(text) + "\u201D is not a number, ") + counts +
+           (effect.empty() ? "" : ": " + effect);
+}
+
+}  // namespace
+
+const MeaningFacts& FactsOf(Meaning meaning)
+{
+    return facts[static_cast<std::size_t>(meaning)];
+}
+
+double UsedValue(Meaning meaning, double value)
+{
+    const auto used = FactsOf(meaning).used;
+    return used == nullptr ? value : used(value);
+}
+
+std::int64_t PointsOfCustomSide(Meaning meaning, double side)
+{
+    return truncated(side * (meaning == Meaning::CustomInches ? pointsPerInch : pointsPerCmOfCustomSize));
+}
+
+std::string RemarkOn(Meaning meaning, const std::string& text)
+{
+    if (meaning == Meaning::Prose) {
+        return RemarkOnProse(text);
+    }
+    if (meaning == Meaning::TitlePlace && text.empty()) {
+        return "";
+    }
+    if (!IsNumber(text)) {
+        return RemarkOnMissingNumber(meaning, text);
+    }
+    const double value = Val(text);
+    const double used = UsedValue(meaning, value);
+    if (used != value) {
+        const std::string effect = EffectOf(meaning, used);
+        return (meaning == Meaning::LinesPerUnit ? "must be above 0, or becomes " : "counts as ") + Str(used) +
+               (effect.empty() ? "" : ": " + effect);
+    }
+    return EffectOf(meaning, value);
+}
+
+}  // namespace linealis

@@ -1,0 +1,174 @@
+#include "pipeline/form/SetControl.h"
+
+#include "pipeline/form/ColorNames.h"
+#include "pipeline/form/FieldWords.h"
+#include "pipeline/form/LengthText.h"
+#include "text/LetterCase.h"
+#include "text/Numbers.h"
+#include "text/ShortText.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <charconv>
+#include <cstdio>
+#include <optional>
+
+namespace linealis {
+
+namespace {
+
+bool CanBeSet(const Control& control)
+{
+    return control.Kind() != ControlKind::Label;
+}
+
+bool CanBeTypedInto(const Control& control)
+{
+    return control.Kind() == ControlKind::Text;
+}
+
+/// A wrong name is answered with names, a wrong alias with aliases.
+Control& FindControl(std::string_view owner, const Form& form, std::string_view given,
+                     bool (*isWanted)(const Control& control))
+{
+    if (Control* const control = FindByNameOrAlias(form, given); control != nullptr && isWanted(*control)) {
+        return *control;
+    }
+    const bool isAlias = !given.empty() && std::islower(static_cast<unsigned char>(given.front())) != 0;
+    std::vector<std::string> possible;
+    for (const Control* const control : form.Controls()) {
+        if (isWanted(*control)) {
+            possible.push_back(isAlias ? std::string(control->Alias()) : std::string(control->Name()));
+        }
+    }
+    throw UnknownInput{"control of " + std::string(owner), Shortened(given), possible};
+}
+
+/// The whole text as a number in the base, or nothing.
+std::optional<unsigned> WholeNumber(std::string_view digits, int base)
+{
+    unsigned number = 0;
+    const char* const end = digits.data() + digits.size();
+    const auto result = std::from_chars(digits.data(), end, number, base);
+    if (digits.empty() || result.ec != std::errc() || result.ptr != end) {
+        return std::nullopt;
+    }
+    return number;
+}
+
+/// The index of an item that is given by its text or as #INDEX.
+std::int64_t ItemIndex(const Choice& choice, std::string_view given)
+{
+    const std::vector<std::string_view>& items = choice.Items();
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        if (IsSameText(items[i], given)) {
+            return static_cast<std::int64_t>(i);
+        }
+    }
+    if (given.starts_with('#')) {
+        const auto index = WholeNumber(given.substr(1), 10);
+        if (index && *index < items.size()) {
+            return *index;
+        }
+    }
+    std::vector<std::string> possible(items.begin(), items.end());
+    possible.push_back("#0 to #" + std::to_string(items.size() - 1));
+    throw UnknownInput{"item of " + std::string(choice.Name()), Shortened(given), possible};
+}
+
+bool OnOrOff(const Control& control, std::string_view given)
+{
+    constexpr std::array<std::string_view, 4> on = {"on", "true", "yes", "1"}, off = {"off", "false", "no", "0"};
+    const auto isGiven = [&](std::string_view word) { return IsSameText(word, given); };
+    const bool isOn = std::any_of(on.begin(), on.end(), isGiven);
+    if (!isOn && std::none_of(off.begin(), off.end(), isGiven)) {
+        throw UnknownInput{"value of " + std::string(control.Name()), Shortened(given), {"on", "off"}};
+    }
+    return isOn;
+}
+
+/// #RRGGBB, or #RGB, where each digit stands for two.
+std::optional<Color> ColorOfDigits(std::string_view given)
+{
+    constexpr std::size_t shortLength = 4, length = 7;
+    std::string digits;
+    for (const char digit : given.substr(std::min<std::size_t>(1, given.size()))) {
+        digits.append(given.size() == shortLength ? 2 : 1, digit);
+    }
+    const auto number =
+        given.starts_with('#') && digits.size() == length - 1 ? WholeNumber(digits, 16) : std::nullopt;
+    return number ? std::optional(ColorOf(*number)) : std::nullopt;
+}
+
+Color ColorFrom(const Control& control, std::string_view given)
+{
+    if (const auto color = ColorOfDigits(given)) {
+        return *color;
+    }
+    if (const auto color = ColorNamed(given)) {
+        return *color;
+    }
+    const bool isName = !given.empty() && std::isalpha(static_cast<unsigned char>(given.front())) != 0;
+    throw UnknownInput{"color of " + std::string(control.Name()), Shortened(given),
+                       isName ? ColorNames() : std::vector<std::string>{"#RRGGBB", "#RGB", "a name, such as gray"}};
+}
+
+std::string HexColor(Color color)
+{
+    std::array<char, 8> text{};
+    std::snprintf(text.data(), text.size(), "#%02X%02X%02X", color.red, color.green, color.blue);
+    return text.data();
+}
+
+struct ValueReader {
+    std::string operator()(const TextField& field) const { return field.Text(); }
+    std::string operator()(const Choice& choice) const { return std::string(choice.Selected()); }
+    std::string operator()(const CheckBox& box) const { return box.Value() ? "on" : "off"; }
+    std::string operator()(const Swatch& swatch) const { return HexColor(swatch.Shown()); }
+    std::string operator()(const Label& label) const { return label.Caption(); }
+};
+
+/// What the field holds once a user who has typed the text has left it.
+std::string TextFor(const Form& form, const TextField& field, std::string_view typed)
+{
+    const auto number = TypedNumber(typed, form, field);
+    return number ? Str(*number) : std::string(typed);
+}
+
+/// Sets a control to what is given, as the user would.
+struct Setter {
+    const Form& form;
+    std::string_view given;
+
+    void operator()(TextField& field) const { field.SetText(TextFor(form, field, given)); }
+    void operator()(Choice& choice) const
+    {
+        if (const std::int64_t index = ItemIndex(choice, given); index != choice.ListIndex()) {
+            choice.SetListIndex(index);  // choosing the same item again is no change
+        }
+    }
+    void operator()(CheckBox& box) const { box.Click(OnOrOff(box, given)); }
+    void operator()(Swatch& swatch) const { swatch.SetColor(ColorFrom(swatch, given)); }
+    void operator()(Label& /*label*/) const {}
+};
+
+}  // namespace
+
+void SetControl(std::string_view owner, const Form& form, const Setting& setting)
+{
+    Visit(FindControl(owner, form, setting.control, CanBeSet), Setter{form, setting.value});
+}
+
+std::string ValueOf(Control& control)
+{
+    return Visit(control, ValueReader{});
+}
+
+void TypeIntoControl(std::string_view owner, const Form& form, const Setting& setting)
+{
+    auto& field = static_cast<TextField&>(FindControl(owner, form, setting.control, CanBeTypedInto));
+    field.Type(TextFor(form, field, setting.value));
+}
+
+}  // namespace linealis

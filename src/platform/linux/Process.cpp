@@ -1,0 +1,123 @@
+#include "platform/Process.h"
+
+#include "platform/linux/Descriptor.h"
+#include "platform/linux/HiddenName.h"
+
+#include <spawn.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <cstdlib>
+#include <sstream>
+
+namespace linealis {
+
+namespace {
+
+constexpr std::array endingSignals = {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGPIPE, SIGXCPU};
+
+/// Runs with the signal's own handling already back in force, which the raised signal gets when this returns.
+extern "C" void RemoveNamesAndEnd(int signal)
+{
+    posix::HiddenName::RemoveAll();
+    ::raise(signal);
+}
+
+/// A signal that whoever started the program has told it to ignore stays ignored.
+void EndCleanlyOn(int signal)
+{
+    struct sigaction before {};
+    if (::sigaction(signal, nullptr, &before) != 0 || before.sa_handler != SIG_DFL) {
+        return;
+    }
+    struct sigaction action {};
+    action.sa_handler = RemoveNamesAndEnd;
+    action.sa_flags = static_cast<int>(SA_RESETHAND);
+    ::sigaction(signal, &action, nullptr);
+}
+
+}  // namespace
+
+void EndCleanlyOnSignals()
+{
+    for (const int signal : endingSignals) {
+        EndCleanlyOn(signal);
+    }
+    ::signal(SIGXFSZ, SIG_IGN);
+}
+
+struct EndingSignalsHeld::Mask {
+    sigset_t signals{};
+};
+
+EndingSignalsHeld::EndingSignalsHeld() : before(std::make_unique<Mask>())
+{
+    sigset_t held;
+    ::sigemptyset(&held);
+    for (const int signal : endingSignals) {
+        ::sigaddset(&held, signal);
+    }
+    ::pthread_sigmask(SIG_BLOCK, &held, &before->signals);
+}
+
+EndingSignalsHeld::~EndingSignalsHeld()
+{
+    ::pthread_sigmask(SIG_SETMASK, &before->signals, nullptr);
+}
+
+bool EndingSignalsHeld::OneHasArrived() const
+{
+    sigset_t arrived;
+    ::sigpending(&arrived);
+    return std::any_of(endingSignals.begin(), endingSignals.end(),
+                       [&](int signal) { return ::sigismember(&arrived, signal) == 1; });
+}
+
+bool IsTerminal(std::FILE* stream)
+{
+    return ::isatty(::fileno(stream)) == 1;
+}
+
+std::filesystem::path OwnProgram(const char* calledAs)
+{
+    namespace fs = std::filesystem;
+    std::error_code error;
+    if (fs::path own = fs::read_symlink("/proc/self/exe", error); !error) {
+        return own;
+    }
+    // The system does not tell: the shell has found it by a path, or in a folder of PATH.
+    const char* const path = std::getenv("PATH");
+    std::istringstream folders(path == nullptr || fs::path(calledAs).has_parent_path() ? "" : path);
+    for (std::string folder; std::getline(folders, folder, ':');) {
+        if (fs::path found = fs::path(folder) / calledAs; fs::exists(found, error)) {
+            return found;
+        }
+    }
+    return fs::absolute(calledAs);
+}
+
+std::error_code BecomeProgram(const std::filesystem::path& program, char** arguments)
+{
+    ::execv(program.c_str(), arguments);
+    return posix::LastError();
+}
+
+std::error_code StartProgram(std::string program, std::string argument)
+{
+    std::array<char*, 3> arguments = {program.data(), argument.data(), nullptr};
+    posix_spawnattr_t attributes;
+    ::posix_spawnattr_init(&attributes);
+    sigset_t asEver;  // the other program shall not inherit what this one ignores
+    ::sigemptyset(&asEver);
+    ::sigaddset(&asEver, SIGXFSZ);
+    ::posix_spawnattr_setsigdefault(&attributes, &asEver);
+    ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
+    pid_t process = 0;
+    const int error = ::posix_spawnp(&process, program.c_str(), nullptr, &attributes, arguments.data(), environ);
+    ::posix_spawnattr_destroy(&attributes);
+    return {error, std::generic_category()};
+}
+
+}  // namespace linealis

@@ -1,0 +1,310 @@
+#include "text/Numbers.h"
+
+#include <algorithm>
+#include <bit>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <optional>
+
+namespace linealis {
+
+namespace {
+
+constexpr int maximumDecimals = 12;
+static_assert(maximumDecimals < powersOfTen.size());
+
+/// Below this, every whole double converts to an integer and back without loss.
+constexpr double largestExactWhole = 1e15;
+
+constexpr std::string_view blanks = " \t";
+
+/// How many decimals leave 7 significant digits of a positive number that is not whole.
+int DecimalsForSevenDigits(double magnitude)
+{
+    int decimals = 6;
+    if (magnitude >= 10.0) {
+        for (double bound = 10.0; magnitude >= bound && decimals > 0; bound *= 10.0) {
+            --decimals;
+        }
+    } else {
+        constexpr std::array<double, 6> bounds = {1.0, 0.1, 0.01, 0.001, 0.0001, 0.00001};
+        for (const double bound : bounds) {
+            if (magnitude >= bound) {
+                break;
+            }
+            ++decimals;
+        }
+    }
+    return decimals;
+}
+
+constexpr int digitsOfAWord = 8;
+constexpr std::uint64_t endOfAWord = 100'000'000;
+
+/// The eight digits of a number below 10^8, one a byte, the first in the lowest byte.
+std::uint64_t EightDigits(std::uint64_t number)
+{
+    // Halves, then both of them, then all four quarters at once. Within these ranges the multiplications divide by
+    // 100 and 10 exactly.
+    const std::uint64_t halves = (number / 10000) | ((number % 10000) << 32U);
+    const std::uint64_t hundreds = ((halves * 5243) >> 19U) & 0x0000007F0000007FU;
+    const std::uint64_t quarters = hundreds | ((halves - hundreds * 100) << 16U);
+    const std::uint64_t tens = ((quarters * 103) >> 10U) & 0x000F000F000F000FU;
+    return tens | ((quarters - tens * 10) << 8U);
+}
+
+/// WriteScaled for little-endian machines, numbers below 10^8 and fewer than 8 decimals: nearly every coordinate.
+char* WriteScaledWord(char* out, std::uint64_t scaled, int decimals)
+{
+    constexpr int bitsOfADigit = 8;
+    constexpr std::uint64_t zeros = 0x3030303030303030U;
+    const std::uint64_t digits = EightDigits(scaled);
+    const std::uint64_t text = digits | zeros;
+    const auto write = [&](int from, int to) {
+        const std::uint64_t part = text >> static_cast<unsigned>(from * bitsOfADigit);
+        std::memcpy(out, &part, sizeof part);  // eight bytes at once; what is too much is written over
+        out += to - from;
+    };
+    const int point = digitsOfAWord - decimals;
+    const int first = std::min(std::countr_zero(digits) / bitsOfADigit, point - 1);
+    const int last = digitsOfAWord - std::countl_zero(digits) / bitsOfADigit;
+    write(first, point);
+    if (last > point) {
+        *out++ = '.';
+        write(point, last);
+    }
+    return out;
+}
+
+/// Writes the number `scaled` / 10^decimals without trailing zeros.
+char* WriteScaled(char* out, std::uint64_t scaled, int decimals)
+{
+    if (std::endian::native == std::endian::little && scaled < endOfAWord && decimals < digitsOfAWord) {
+        return WriteScaledWord(out, scaled, decimals);
+    }
+    while (decimals > 0 && scaled % 10 == 0) {
+        scaled /= 10;
+        --decimals;
+    }
+    std::array<char, 24> digits{};
+    char* const end = digits.data() + digits.size();
+    char* first = end;
+    for (int written = 0; scaled != 0 || written <= decimals; ++written) {
+        if (written == decimals && decimals > 0) {
+            *--first = '.';
+        }
+        *--first = static_cast<char>('0' + scaled % 10);
+        scaled /= 10;
+    }
+    return std::copy(first, end, out);
+}
+
+/// Writes a positive number rounded exactly to the decimals, without trailing zeros.
+char* WriteRoundedExactly(char* out, double magnitude, int decimals)
+{
+    char* end = std::to_chars(out, out + longestPlainNumber, magnitude, std::chars_format::fixed, decimals).ptr;
+    if (decimals > 0) {
+        while (end[-1] == '0') {
+            --end;
+        }
+        if (end[-1] == '.') {
+            --end;
+        }
+    }
+    return end;
+}
+
+char* WriteFraction(char* out, double magnitude)
+{
+    const int decimals = DecimalsForSevenDigits(magnitude);
+    const double product = magnitude * powersOfTen[static_cast<std::size_t>(decimals)];
+    if (product >= largestExactWhole) {
+        return WriteRoundedExactly(out, magnitude, decimals);
+    }
+    const auto whole = static_cast<std::int64_t>(product);
+    const double rest = product - static_cast<double>(whole);
+    // The product is off by less than a billionth. Only where that could tip the rounding is the slow, exact
+    // conversion needed.
+    constexpr double nearTie = 1e-6;
+    if (std::fabs(rest - 0.5) < nearTie) {
+        return WriteRoundedExactly(out, magnitude, decimals);
+    }
+    return WriteScaled(out, static_cast<std::uint64_t>(whole + (rest > 0.5 ? 1 : 0)), decimals);
+}
+
+struct Pattern {
+    std::size_t integerDigits;  ///< at least so many digits before the point
+    int decimals;
+};
+
+Pattern ReadPattern(std::string_view pattern)
+{
+    const std::size_t point = std::min(pattern.find('.'), pattern.size());
+    const auto zeros = std::count(pattern.begin(), pattern.begin() + static_cast<std::ptrdiff_t>(point), '0');
+    const std::size_t decimals = point < pattern.size() ? pattern.size() - point - 1 : 0;
+    return {static_cast<std::size_t>(std::max<std::ptrdiff_t>(zeros, 1)), static_cast<int>(decimals)};
+}
+
+/// The decimal exponent of the text behind its "e", limited far outside what a double can hold.
+std::int64_t ReadExponent(std::string_view text)
+{
+    constexpr std::int64_t limit = 1'000'000'000'000;
+    std::int64_t exponent = 0;
+    for (const char c : text) {
+        if (IsDigit(c)) {
+            exponent = std::min(exponent * 10 + (c - '0'), limit);
+        }
+    }
+    return text.starts_with('-') ? -exponent : exponent;
+}
+
+/// What the digits mean times a power of ten, correctly rounded; nothing if a double cannot hold it.
+/// std::from_chars would do, but not every standard library has it for doubles. In a text without a decimal mark
+/// std::strtod has no use for the machine's locale.
+std::optional<double> FromDecimal(const std::string& digits, std::int64_t exponent)
+{
+    const double value = std::strtod((digits + 'e' + std::to_string(exponent)).c_str(), nullptr);
+    const bool isZero = digits.find_first_not_of('0') == std::string::npos;
+    return std::isfinite(value) && (value != 0.0 || isZero) ? std::optional(value) : std::nullopt;
+}
+
+/// What Val reads: where the number ends, and what it is. No end if there is no number.
+struct ReadNumber {
+    std::size_t end = 0;
+    double value = 0.0;
+};
+
+ReadNumber Read(std::string_view text)
+{
+    const auto skipDigits = [&](std::size_t i) {
+        while (i < text.size() && IsDigit(text[i])) {
+            ++i;
+        }
+        return i;
+    };
+    const auto isOneOf = [&](std::size_t i, std::string_view characters) {
+        return i < text.size() && characters.find(text[i]) != std::string_view::npos;
+    };
+    const std::size_t sign = std::min(text.find_first_not_of(blanks), text.size());
+    const std::size_t start = sign + (isOneOf(sign, "+-") ? 1 : 0);
+    std::size_t end = skipDigits(start);
+    std::string digits(text.substr(start, end - start));
+    std::int64_t exponent = 0;
+    if (isOneOf(end, ".,")) {
+        const std::size_t decimals = end + 1;
+        end = skipDigits(decimals);
+        digits += text.substr(decimals, end - decimals);
+        exponent -= static_cast<std::int64_t>(end - decimals);
+    }
+    if (digits.empty()) {
+        return {};
+    }
+    if (isOneOf(end, "eE")) {
+        const std::size_t exponentDigits = end + (isOneOf(end + 1, "+-") ? 2 : 1);
+        if (const std::size_t exponentEnd = skipDigits(exponentDigits); exponentEnd > exponentDigits) {
+            exponent += ReadExponent(text.substr(end + 1, exponentEnd - end - 1));
+            end = exponentEnd;
+        }
+    }
+    const std::optional<double> value = FromDecimal(digits, exponent);
+    if (!value) {
+        return {};
+    }
+    return {end, text[sign] == '-' ? -*value : *value};
+}
+
+}  // namespace
+
+double Val(std::string_view text)
+{
+    return Read(text).value;
+}
+
+bool IsNumber(std::string_view text)
+{
+    const std::size_t end = Read(text).end;
+    return end > 0 && text.find_first_not_of(blanks, end) == std::string_view::npos;
+}
+
+char* WritePlainNumber(char* out, double value)
+{
+    if (!std::isfinite(value)) {
+        *out++ = '0';
+        return out;
+    }
+    char* const start = out;
+    if (value < 0.0) {
+        *out++ = '-';
+    }
+    const double magnitude = std::fabs(value);
+    char* end = out;
+    if (magnitude >= largestExactWhole) {
+        end = WriteRoundedExactly(out, magnitude, 0);
+    } else if (const auto whole = static_cast<std::int64_t>(magnitude); static_cast<double>(whole) == magnitude) {
+        end = WriteScaled(out, static_cast<std::uint64_t>(whole), 0);
+    } else {
+        end = WriteFraction(out, magnitude);
+    }
+    if (end == out + 1 && *out == '0') {  // no sign on what has been rounded to zero
+        *start = '0';
+        end = start + 1;
+    }
+    return end;
+}
+
+std::string Str(double value)
+{
+    std::array<char, longestPlainNumber> text{};
+    return {text.data(), WritePlainNumber(text.data(), value)};
+}
+
+std::string mystring(double value)
+{
+    std::string text = Str(value);
+    std::replace(text.begin(), text.end(), ',', '.');
+    return text;
+}
+
+std::string mystring(std::int64_t value)
+{
+    return std::to_string(value);
+}
+
+std::string myformatstring(double value, std::string_view pattern)
+{
+    const Pattern form = ReadPattern(pattern);
+    const double magnitude = std::isfinite(value) ? std::fabs(value) : 0.0;
+    std::array<char, longestPlainNumber + maximumDecimals> digits{};
+    const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), magnitude,
+                                          std::chars_format::fixed, form.decimals)
+                                .ptr;
+    std::string text(static_cast<const char*>(digits.data()), end);
+    const std::size_t integerDigits = std::min(text.find('.'), text.size());
+    if (integerDigits < form.integerDigits) {
+        text.insert(0, form.integerDigits - integerDigits, '0');
+    }
+    if (std::isfinite(value) && value < 0.0) {
+        text.insert(0, 1, '-');
+    }
+    return text;
+}
+
+std::int64_t truncated(double value)
+{
+    constexpr double limit = 9223372036854775808.0;  // 2^63
+    if (std::isnan(value)) {
+        return 0;
+    }
+    if (value >= limit) {
+        return std::numeric_limits<std::int64_t>::max();
+    }
+    if (value <= -limit) {
+        return std::numeric_limits<std::int64_t>::min();
+    }
+    return static_cast<std::int64_t>(value);
+}
+
+}  // namespace linealis
