@@ -4,7 +4,7 @@ JOBS := $(shell nproc)
 NINJA_FLAGS ?=
 BENCH_FLAGS ?=
 
-.PHONY: run test bench fuzz faults load coverage mutants package dist pictures format clean setup programs release
+.PHONY: run test check-all bench fuzz faults load coverage mutants package dist pictures format clean setup programs release
 
 # Opens the program; without a screen, writes a sample page of every paper kind instead.
 run: programs
@@ -12,6 +12,10 @@ run: programs
 
 test: release
 	@ctest --preset release -j $(JOBS)
+
+# Everything that can be checked, as root. Takes most of an hour.
+check-all:
+	@.ci/run all
 
 programs: setup
 	@cmake --preset release > /dev/null

@@ -309,8 +309,8 @@ TEST_F(Cli, BadInputEndsInOrder)
             WriteFile(folder / "page.pdf", "old");
             Names call = {"generate", "grid",         "--set",  "PopupPaperSize=Custom",
                           "-o",       In("page.pdf"), "--type", field + "=" + text};
-            if (field == "EditCustomHeight") {  // a page without end would be given up; this one has an end
-                call.insert(call.end(), {"--set", "EditVertSpacing=1e30"});
+            if (field.starts_with("EditCustom")) {  // with spacings that make a page of few lines
+                call.insert(call.end(), {"--set", "EditVertSpacing=1e30", "--set", "EditHorzSpacing=1e30"});
             }
             const Finished done = Call(call);
             if (done.status == 0) {

@@ -160,7 +160,10 @@ TEST_F(Window, APageTooLargeIsGivenUp)
     Generate();
     const std::string old = ReadFile(page.Path());
     form.SetText("EditHorzSpacing", "1e-200");
-    window->PushButtonGenerate_Action();
+    Turns turns([] {});
+    MyPDFGenerator pdf(turns, 1'000'000);
+    pdf.theFile = page;
+    EXPECT_EQ(MakePage(window->ReadPage(), pdf, turns, {}, platform), PageEnd::Failed);
     ASSERT_EQ(platform.fileErrors.size(), 1U);
     EXPECT_EQ(platform.fileErrors[0].file, page);
     EXPECT_NE(platform.fileErrors[0].reason.find("1 GiB"), std::string::npos);
