@@ -31,7 +31,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     Require(reader.IsDamaged() || last <= content.data() + content.size());
     std::string svg, png;
     BinaryStream intoSvg = BinaryStream::IntoMemory(svg), intoPng = BinaryStream::IntoMemory(png);
-    WriteSvg({100, 80}, content, "carried", intoSvg);
+    WriteSvg({100, 80}, content, {}, "carried", intoSvg);
     Require(TextInPicture(svg) == "carried" && svg.ends_with("</svg>\n"));
     WritePng({100, 80}, content, {36.0, false, 0.0, "carried"}, intoPng);
     Require(TextInPicture(png) == "carried");

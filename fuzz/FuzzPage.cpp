@@ -79,7 +79,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         Require(!reader.IsDamaged() || CanBreak(*paper.form));
         std::string svg;
         BinaryStream stream = BinaryStream::IntoMemory(svg);
-        WriteSvg({page.frame.paperWidth, page.frame.paperHeight}, content, "", stream);
+        WriteSvg({page.frame.paperWidth, page.frame.paperHeight}, content, {}, "", stream);
     } catch (const PageGivenUp& givenUp) {
         Require(*givenUp.reason != '\0');
     }

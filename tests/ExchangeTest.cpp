@@ -463,7 +463,7 @@ TEST_F(Exchange, CanBeStoppedAtAnyMoment)
     drawn.content.SetString(lines);
     for (const int moment : {1, 10, 25}) {
         left = moment;
-        EXPECT_THROW(WriteSvg({1000, 1000}, lines, "", stream, &turns), PageStopped);
+        EXPECT_THROW(WriteSvg({1000, 1000}, lines, {}, "", stream, &turns), PageStopped);
         left = moment;
         EXPECT_THROW(WritePng({1000, 1000}, lines, {}, stream, &turns), PageStopped);
         left = 1;
@@ -482,7 +482,7 @@ TEST_F(Exchange, SvgCutsLongPaths)
     const auto paths = [](const std::string& strokes) {
         std::string svg;
         BinaryStream stream = BinaryStream::IntoMemory(svg);
-        WriteSvg({100, 100}, strokes, "", stream);
+        WriteSvg({100, 100}, strokes, {}, "", stream);
         const Names lines = Lines(svg, '\n');
         return std::count_if(lines.begin(), lines.end(),
                              [](const std::string& line) { return line.starts_with("<path"); });
@@ -495,8 +495,25 @@ TEST_F(Exchange, SvgHasSizesAsOneWritesThem)
 {
     std::string svg;
     BinaryStream stream = BinaryStream::IntoMemory(svg);
-    WriteSvg({612, 595}, "", "", stream);
+    WriteSvg({612, 595}, "", {}, "", stream);
     EXPECT_NE(svg.find(" width=\"215.9mm\" height=\"209.9028mm\" "), std::string::npos) << svg;
+}
+
+TEST_F(Exchange, SvgGroupsByRole)
+{
+    std::string svg;
+    BinaryStream stream = BinaryStream::IntoMemory(svg);
+    const std::string line = "1 1 m\r9 9 l\rS\r";
+    const std::size_t one = line.size();
+    const PageRoles roles = {{one, "grid.x.major"}, {2 * one, "frame"}, {2 * one, "dot"}, {3 * one, "dot"}};
+    WriteSvg({9, 9}, line + line + line + line, roles, "", stream);
+    Names seen;
+    for (const std::string& element : Lines(svg.substr(svg.find("<g")), '\n')) {
+        seen.push_back(
+            element.substr(0, element.starts_with("<g c") ? element.find('>') : element.find_first_of(" =>", 3)));
+    }
+    EXPECT_EQ(seen, (Names{"<g transform", "<path", "<g class=\"grid grid-x grid-x-major\"", "<path", "</g",
+                           "<g class=\"dot\"", "<path", "<path", "</g", "</g", "</svg"}));
 }
 
 /// What no kind of paper draws.
@@ -504,7 +521,7 @@ TEST_F(Exchange, SvgHasTheDashesOfTheContent)
 {
     std::string svg;
     BinaryStream stream = BinaryStream::IntoMemory(svg);
-    WriteSvg({100, 100}, "[3 2] 1 d\r1 1 m\r9 9 l\rS\r[] 0 d\r1 1 m\r9 9 l\rS\r", "", stream);
+    WriteSvg({100, 100}, "[3 2] 1 d\r1 1 m\r9 9 l\rS\r[] 0 d\r1 1 m\r9 9 l\rS\r", {}, "", stream);
     const std::size_t dashes = svg.find(" stroke-dasharray=\"3 2\" stroke-dashoffset=\"1\"");
     EXPECT_NE(dashes, std::string::npos) << svg;
     EXPECT_EQ(svg.find("stroke-dash", dashes + 40), std::string::npos) << svg;

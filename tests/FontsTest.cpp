@@ -45,7 +45,7 @@ TEST(Fonts, SvgTextsHaveTheWidthThatReadersShow)
         }
         std::string svg;
         BinaryStream stream = BinaryStream::IntoMemory(svg);
-        WriteSvg({100, 100}, "BT\r/F" + std::to_string(font) + " 20 Tf\r(" + bytes + ") Tj\rET\r", "", stream);
+        WriteSvg({100, 100}, "BT\r/F" + std::to_string(font) + " 20 Tf\r(" + bytes + ") Tj\rET\r", {}, "", stream);
         const std::string name = " textLength=\"";
         ASSERT_NE(svg.find(name), std::string::npos);
         EXPECT_NEAR(std::stod(svg.substr(svg.find(name) + name.size())), width, 0.1) << StandardFontOf(font).title;

@@ -23,7 +23,7 @@ void WriteAsPdf(const DrawnPage& page, const WriteOptions& options, BinaryStream
 
 void WriteAsSvg(const DrawnPage& page, const WriteOptions& options, BinaryStream& stream, Turns& turns)
 {
-    WriteSvg(SizeOf(page), page.content, options.carried, stream, &turns);
+    WriteSvg(SizeOf(page), page.content, page.roles, options.carried, stream, &turns);
 }
 
 void WriteAsPng(const DrawnPage& page, const WriteOptions& options, BinaryStream& stream, Turns& turns)

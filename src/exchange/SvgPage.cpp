@@ -102,7 +102,20 @@ std::string WidthAttributes(const PageText& text)
                        : "";
 }
 
-/// Writes a content as elements. Strokes of one pen that follow each other become one path.
+/// A class for the role and for each more general one.
+std::string ClassesOf(Role role)
+{
+    std::string classes, name;
+    for (const char c : role) {
+        if (c == '.') {
+            classes += name + " ";
+        }
+        name += c == '.' ? '-' : c;
+    }
+    return classes + name;
+}
+
+/// Writes a content as elements. Strokes of one pen and role that follow each other become one path.
 class SvgSink final : public PageSink {
 public:
     SvgSink(double thePageHeight, BinaryStream& theStream) : pageHeight(thePageHeight), stream(theStream)
@@ -113,6 +126,7 @@ public:
     bool Scale(double sx, double sy) override
     {
         EndPath();
+        CloseRole();
         stream.Write("</g>\n");
         OpenGroup(sx, sy);
         return true;
@@ -132,16 +146,16 @@ public:
     bool Fill(PagePath path, const PageColor& color) override
     {
         EndPath();
-        stream.Write("<path" + Attribute("d", Written(path)) + Attribute("fill", Written(color)) +
-                     Attribute("stroke", "none") + "/>\n");
+        Write("<path" + Attribute("d", Written(path)) + Attribute("fill", Written(color)) +
+              Attribute("stroke", "none") + "/>\n");
         return true;
     }
 
     bool FillAndStroke(PagePath path, const PageColor& color, const PagePen& pen) override
     {
         EndPath();
-        stream.Write("<path" + Attribute("d", Written(path)) + Attribute("fill", Written(color)) +
-                     StrokeAttributes(pen) + "/>\n");
+        Write("<path" + Attribute("d", Written(path)) + Attribute("fill", Written(color)) + StrokeAttributes(pen) +
+              "/>\n");
         return true;
     }
 
@@ -153,16 +167,23 @@ public:
         for (const double number : {a, b, -c, -d, e}) {
             matrix += Written(number) + " ";
         }
-        stream.Write("<text" + Attribute("transform", matrix + Written(f) + ")") + FontAttributes(text.font) +
-                     Attribute("font-size", Written(text.size)) + Attribute("fill", Written(text.color)) +
-                     Attribute("stroke", "none") + WidthAttributes(text) + Attribute("xml:space", "preserve") +
-                     ">" + XmlText(text.utf8) + "</text>\n");
+        Write("<text" + Attribute("transform", matrix + Written(f) + ")") + FontAttributes(text.font) +
+              Attribute("font-size", Written(text.size)) + Attribute("fill", Written(text.color)) +
+              Attribute("stroke", "none") + WidthAttributes(text) + Attribute("xml:space", "preserve") + ">" +
+              XmlText(text.utf8) + "</text>\n");
         return true;
+    }
+
+    void BeginRole(Role next) override
+    {
+        EndPath();
+        role = next;
     }
 
     void Finish()
     {
         EndPath();
+        CloseRole();
         stream.Write("</g>\n");
     }
 
@@ -179,8 +200,27 @@ private:
     void EndPath()
     {
         if (!strokes.empty()) {
-            stream.Write("<path" + Attribute("d", strokes) + StrokeAttributes(strokePen) + "/>\n");
+            Write("<path" + Attribute("d", strokes) + StrokeAttributes(strokePen) + "/>\n");
             strokes.clear();
+        }
+    }
+
+    /// Writes an element into the group of its role. A group begins with its first element, so none is empty.
+    void Write(const std::string& element)
+    {
+        if (role != openRole) {
+            CloseRole();
+            stream.Write("<g" + Attribute("class", ClassesOf(role)) + ">\n");
+            openRole = role;
+        }
+        stream.Write(element);
+    }
+
+    void CloseRole()
+    {
+        if (!openRole.empty()) {
+            stream.Write("</g>\n");
+            openRole = {};
         }
     }
 
@@ -188,12 +228,14 @@ private:
     BinaryStream& stream;
     std::string strokes;  ///< not yet written
     PagePen strokePen;
+    Role role;
+    Role openRole;  ///< of the group that is open; empty: none is
 };
 
 }  // namespace
 
-void WriteSvg(const PaperSize& paper, std::string_view content, std::string_view carried, BinaryStream& stream,
-              Turns* turns)
+void WriteSvg(const PaperSize& paper, std::string_view content, std::span<const RoleRange> roles,
+              std::string_view carried, BinaryStream& stream, Turns* turns)
 {
     constexpr double mmPerPoint = 25.4 / pointsPerInch;
     const auto width = static_cast<double>(paper.width), height = static_cast<double>(paper.height);
@@ -208,7 +250,7 @@ void WriteSvg(const PaperSize& paper, std::string_view content, std::string_view
                      XmlText(carried) + "</" + element + "></metadata>\n");
     }
     SvgSink sink(height, stream);
-    ReadPage(content, sink, turns);
+    ReadPage(content, roles, sink, turns);
     sink.Finish();
     stream.Write("</svg>\n");
 }
