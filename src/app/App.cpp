@@ -29,7 +29,7 @@ std::string ExtensionOf(const FolderItem& file)
 /// A sentence on what becomes of a document.
 std::string WhatOpens(const FolderItem& document)
 {
-    const PaperKind* const kind = FindPaperKindByExtension(ExtensionOf(document));
+    const PaperKind* const kind = FindPaperKindOf(document.Path());
     return kind == nullptr ? document.Name() + " is no settings file of this program. Nothing opens."
                            : document.Name() + " opens in the window of " + std::string(kind->galleryTitle) + ".";
 }
@@ -117,7 +117,7 @@ void App::Event_OpenDocument(const FolderItem& file)
 
 PaperWindow* App::OpenSettings(const FolderItem& file)
 {
-    const PaperKind* const kind = FindPaperKindByExtension(ExtensionOf(file));
+    const PaperKind* const kind = FindPaperKindOf(file.Path());
     if (kind == nullptr) {
         return nullptr;
     }

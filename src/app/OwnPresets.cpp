@@ -50,11 +50,10 @@ std::vector<OwnPreset> OwnPresets::List(const PaperKind& kind) const
     const fs::path path = folder.Child(presetFolder).Path();
     std::error_code error;
     for (fs::directory_iterator entry(path, error), end; !error && entry != end; entry.increment(error)) {
-        const std::string extension = entry->path().extension().string();
         const std::string name = entry->path().stem().string();
         std::error_code cannotTell;
-        if (!extension.empty() && FindPaperKindByExtension(extension.substr(1)) == &kind &&
-            NameProblem(name).empty() && entry->is_regular_file(cannotTell)) {
+        if (FindPaperKindOf(entry->path()) == &kind && NameProblem(name).empty() &&
+            entry->is_regular_file(cannotTell)) {
             presets.push_back({name, FolderItem(entry->path())});
         }
     }

@@ -160,10 +160,10 @@ Source SourceNamed(const std::string& name)
     if (FindPreset(name) != nullptr) {
         return PresetNamed(name);
     }
-    const std::string ending = EndingOf(name);
-    if (const PaperKind* const kind = ending.empty() ? nullptr : FindPaperKindByExtension(ending.substr(1))) {
+    if (const PaperKind* const kind = FindPaperKindOf(name)) {
         return {name, Source::Sort::Settings, kind};
     }
+    const std::string ending = EndingOf(name);
     if (MayCarryForm(ending)) {
         return {name, Source::Sort::Form};
     }

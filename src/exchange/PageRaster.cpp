@@ -1,5 +1,7 @@
 #include "exchange/PageRaster.h"
 
+#include "text/Utf8.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -88,18 +90,6 @@ void CoverSpans(int y, int count, const FT_Span* spans, void* user)
              });
 }
 
-char32_t TakeCharacter(std::string_view& utf8)
-{
-    const auto first = static_cast<unsigned char>(utf8.front());
-    const std::size_t length = first < 0x80 ? 1 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
-    char32_t character = length == 1 ? first : first & (0xFFU >> (length + 1));
-    for (const char byte : utf8.substr(1, length - 1)) {
-        character = character << 6U | (static_cast<unsigned char>(byte) & 0x3FU);
-    }
-    utf8.remove_prefix(std::min(length, utf8.size()));
-    return character;
-}
-
 }  // namespace
 
 PageRaster::PageRaster(FontFaces& theFaces, const Place& thePlace, bool isTransparent)
@@ -170,8 +160,8 @@ bool PageRaster::Text(const PageText& text)
     const double unit = text.size / static_cast<double>(face->units_per_EM);
     const auto& [a, b, c, d, e, f] = text.matrix;
     double x = 0.0;
-    for (std::string_view rest = text.utf8; !rest.empty();) {
-        const FT_ULong character = TakeCharacter(rest);
+    for (std::size_t next = 0; next < text.utf8.size();) {
+        const FT_ULong character = NextCharacter(text.utf8, next);
         if (!Succeeded(FT_Load_Char(face, character, FT_LOAD_NO_SCALE))) {
             continue;
         }

@@ -126,4 +126,10 @@ const PaperKind* FindPaperKindByExtension(std::string_view extension)
     return FindKind([&](const PaperKind& kind) { return IsSameText(kind.settingsType.extension, extension); });
 }
 
+const PaperKind* FindPaperKindOf(const std::filesystem::path& file)
+{
+    const std::string ending = file.extension().string();
+    return ending.empty() ? nullptr : FindPaperKindByExtension(std::string_view(ending).substr(1));
+}
+
 }  // namespace linealis

@@ -3,6 +3,7 @@
 #include "pipeline/document/Paper.h"
 #include "pipeline/document/PaperWindow.h"
 
+#include <filesystem>
 #include <memory>
 #include <span>
 #include <string_view>
@@ -38,5 +39,8 @@ const PaperKind* FindPaperKind(std::string_view name);
 
 /// The kind whose settings files have the extension, in any case and without a dot, or none.
 const PaperKind* FindPaperKindByExtension(std::string_view extension);
+
+/// The kind whose settings files end as this file's name does, in any case, or none.
+const PaperKind* FindPaperKindOf(const std::filesystem::path& file);
 
 }  // namespace linealis

@@ -22,10 +22,12 @@ struct SpacingFields {
     static constexpr Traits vertical{.label = "StaticText1",
                                      .meaning = Meaning::Spacing,
                                      .unitRule = UnitRule::Length,
+                                     .direction = Direction::Vertical,
                                      .governs = {"grid.horizontal", "dot", "cross"}};
     static constexpr Traits horizontal{.label = "StaticText24",
                                        .meaning = Meaning::Spacing,
                                        .unitRule = UnitRule::Length,
+                                       .direction = Direction::Horizontal,
                                        .governs = {"grid.vertical", "joint", "dot", "cross"}};
 };
 

@@ -1,5 +1,7 @@
 #include "text/MacRoman.h"
 
+#include "text/Utf8.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -23,51 +25,7 @@ constexpr std::array<std::uint16_t, 128> upperHalf = {
     0x0131, 0x02C6, 0x02DC, 0x00AF, 0x02D8, 0x02D9, 0x02DA, 0x00B8, 0x02DD, 0x02DB, 0x02C7,
 };
 
-constexpr std::uint32_t noCharacter = 0xFFFFFFFF;
 constexpr std::size_t firstUpperCode = 128;
-
-/// Reads the character at `position` and moves behind it. A byte that is no UTF-8 gives noCharacter.
-std::uint32_t NextCharacter(std::string_view text, std::size_t& position)
-{
-    const auto byteAt = [&](std::size_t i) {
-        return static_cast<std::uint32_t>(static_cast<unsigned char>(text[i]));
-    };
-    const std::uint32_t first = byteAt(position++);
-    if (first < 0x80) {
-        return first;
-    }
-    std::size_t following = 0;
-    std::uint32_t character = 0;
-    std::uint32_t smallest = 0;
-    if (first >= 0xC0 && first < 0xE0) {
-        following = 1;
-        character = first & 0x1FU;
-        smallest = 0x80;
-    } else if (first >= 0xE0 && first < 0xF0) {
-        following = 2;
-        character = first & 0x0FU;
-        smallest = 0x800;
-    } else if (first >= 0xF0 && first < 0xF8) {
-        following = 3;
-        character = first & 0x07U;
-        smallest = 0x10000;
-    }
-    if (following == 0 || text.size() - position < following) {
-        return noCharacter;
-    }
-    for (std::size_t i = 0; i < following; ++i) {
-        const std::uint32_t next = byteAt(position + i);
-        if ((next & 0xC0U) != 0x80U) {
-            return noCharacter;
-        }
-        character = character << 6U | (next & 0x3FU);
-    }
-    if (character < smallest) {
-        return noCharacter;
-    }
-    position += following;
-    return character;
-}
 
 /// The character's code, or -1 if the encoding lacks it.
 int CodeOf(std::uint32_t character)

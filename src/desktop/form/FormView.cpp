@@ -59,7 +59,7 @@ QString RemarkText(const Form& form, const TextField& field)
     return caption + QLatin1Char(' ') + remark;
 }
 
-FormRow::Place PlaceIn(const std::vector<Control*>& row, const Control* control)
+FormRow::Place PlaceIn(const Form::Row& row, const Control* control)
 {
     if (row.size() == 1) {
         return FormRow::Place::only;
@@ -119,31 +119,9 @@ void FormView::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
 }
 
-bool FormView::IsCaptionOfAField(const Control& control) const
-{
-    return std::any_of(form.Controls().begin(), form.Controls().end(),
-                       [&](const Control* field) { return field->CaptionLabel() == &control; });
-}
-
-std::vector<FormView::Row> FormView::RowsOf(Group group) const
-{
-    std::vector<Row> rows;
-    for (Control* const control : form.Controls()) {
-        if (control->InGroup() != group || IsCaptionOfAField(*control)) {
-            continue;
-        }
-        const bool sameRow = control->Declared().beside || control->Declared().captionAbove;
-        if (rows.empty() || !sameRow) {
-            rows.emplace_back();
-        }
-        rows.back().push_back(control);
-    }
-    return rows;
-}
-
 void FormView::AddGroup(Group group, GroupBoxes groupBoxes)
 {
-    const std::vector<Row> rows = RowsOf(group);
+    const std::vector<Form::Row> rows = form.Rows(group);
     if (rows.empty()) {
         return;
     }
@@ -154,7 +132,7 @@ void FormView::AddGroup(Group group, GroupBoxes groupBoxes)
     auto* const grid = new QGridLayout(box);
     grid->setVerticalSpacing(4);
     grid->setHorizontalSpacing(8);
-    for (const Row& row : rows) {
+    for (const Form::Row& row : rows) {
         if (row.back()->Declared().captionAbove && &row == &rows.front()) {
             AddHeadings(*grid, row);
         }
@@ -169,7 +147,7 @@ void FormView::AddGroup(Group group, GroupBoxes groupBoxes)
     column->addLayout(lastRow);
 }
 
-void FormView::AddHeadings(QGridLayout& grid, const Row& row)
+void FormView::AddHeadings(QGridLayout& grid, const Form::Row& row)
 {
     int place = 0;
     for (Control* const control : row) {
@@ -184,7 +162,7 @@ void FormView::AddHeadings(QGridLayout& grid, const Row& row)
     }
 }
 
-void FormView::AddRow(QGridLayout& grid, const Row& row, bool hasReadout)
+void FormView::AddRow(QGridLayout& grid, const Form::Row& row, bool hasReadout)
 {
     FormRow line(grid);
     for (Control* const control : row) {

@@ -53,8 +53,6 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    using Row = std::vector<Control*>;
-
     /// A control on the screen, with its caption.
     struct Shown {
         ControlWidget control;
@@ -63,16 +61,13 @@ private:
 
     /// The lengths of a row's fields, at its end.
     struct RowReadout {
-        Row row;
+        Form::Row row;
         QLabel* label;
     };
 
-    std::vector<Row> RowsOf(Group group) const;
-    bool IsCaptionOfAField(const Control& control) const;
-
     void AddGroup(Group group, GroupBoxes groupBoxes);
-    void AddHeadings(QGridLayout& grid, const Row& row);
-    void AddRow(QGridLayout& grid, const Row& row, bool hasReadout);
+    void AddHeadings(QGridLayout& grid, const Form::Row& row);
+    void AddRow(QGridLayout& grid, const Form::Row& row, bool hasReadout);
     QWidget* MakeWidget(Control& control);
     /// The label of a control's caption, its buddy; null if the control has no caption before it.
     QLabel* MakeCaption(Control& control);

@@ -1,7 +1,8 @@
 #include "desktop/system/HttpAnswer.h"
 
+#include "text/LetterCase.h"
+
 #include <algorithm>
-#include <cctype>
 #include <charconv>
 
 namespace linealis::desktop {
@@ -14,12 +15,6 @@ std::string_view WithoutBlanks(std::string_view text)
 {
     text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
     return text.substr(0, text.find_last_not_of(blanks) + 1);
-}
-
-bool SameName(std::string_view a, std::string_view b)
-{
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
 }
 
 /// Whether the first line says that the page follows.
@@ -60,9 +55,9 @@ void HttpAnswer::ReadHead(std::string_view head)
         const std::string_view line = head.substr(0, head.find(lineEnd));
         const std::size_t colon = std::min(line.find(':'), line.size());
         const std::string_view name = line.substr(0, colon), value = line.substr(std::min(colon + 1, line.size()));
-        if (SameName(name, "Content-Length")) {
+        if (IsSameText(name, "Content-Length")) {
             contentLength = WholeNumber(WithoutBlanks(value));
-        } else if (SameName(name, "Transfer-Encoding")) {
+        } else if (IsSameText(name, "Transfer-Encoding")) {
             isPage = false;  // an answer in chunks is none to HTTP/1.0
         }
     }

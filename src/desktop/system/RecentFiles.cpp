@@ -43,8 +43,7 @@ std::string PathOf(std::string_view line)
 
 bool NamesSettings(const std::filesystem::path& path)
 {
-    const std::string extension = path.extension().string();
-    return path.is_absolute() && !extension.empty() && FindPaperKindByExtension(extension.substr(1)) != nullptr;
+    return path.is_absolute() && FindPaperKindOf(path) != nullptr;
 }
 
 std::string_view TakeLine(std::string_view& text)

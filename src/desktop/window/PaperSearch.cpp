@@ -118,8 +118,7 @@ private:
     void AddRecentFiles()
     {
         for (const FolderItem& file : RecentFiles(preferencesFolder).List()) {
-            const std::string extension = file.Path().extension().string();
-            const PaperKind& kind = *FindPaperKindByExtension(extension.substr(1));
+            const PaperKind& kind = *FindPaperKindOf(file.Path());
             AddIfFound({PaperHit::Sort::RecentFile, &kind, file.Name(), nullptr, file},
                        {file.Name(), kind.galleryTitle});
         }

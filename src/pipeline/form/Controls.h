@@ -34,21 +34,25 @@ enum class UnitRule {
     CountPerUnit,  ///< a count per inch or centimetre: divided by 2.54 on the way to centimetres
 };
 
+/// The direction of the page in which a length extends.
+enum class Direction { Any, Vertical, Horizontal };
+
 /// What a declaration says of a control besides its name, caption and content.
 struct Traits {
-    std::string_view label = {};          ///< the label that shows the caption, where that is a control of its own
-    bool beside = false;                  ///< on the same row as the control before it
-    bool captionAbove = false;            ///< the caption heads a column instead of standing before the field
-    bool enabled = true;                  ///< when the form opens
-    const CheckBox* enabledBy = nullptr;  ///< enabled, with its label, exactly while this box is on
-    Meaning meaning = Meaning::Number;    ///< of a text field
-    UnitRule unitRule = UnitRule::Keep;   ///< of a text field
-    std::string_view fullName = {};       ///< for who does not see the form, where caption and row do not tell
-    std::string_view sets = {};           ///< of a weight: which lines of the page are as wide
-    RoleSet governs = {};                 ///< the roles of what the control sets on the page
-    const CheckBox* drawnBy = nullptr;    ///< without which what the field governs is not drawn; null: it always is
-    const TextField* apart = nullptr;     ///< of a weight: how far its lines are from each other, or how many fit
-    bool coversLines = false;             ///< of a text: stands over grid lines where the form opens
+    std::string_view label = {};           ///< the label that shows the caption, where that is a control of its own
+    bool beside = false;                   ///< on the same row as the control before it
+    bool captionAbove = false;             ///< the caption heads a column instead of standing before the field
+    bool enabled = true;                   ///< when the form opens
+    const CheckBox* enabledBy = nullptr;   ///< enabled, with its label, exactly while this box is on
+    Meaning meaning = Meaning::Number;     ///< of a text field
+    UnitRule unitRule = UnitRule::Keep;    ///< of a text field
+    Direction direction = Direction::Any;  ///< of a spacing or cell size
+    std::string_view fullName = {};        ///< for who does not see the form, where caption and row do not tell
+    std::string_view sets = {};            ///< of a weight: which lines of the page are as wide
+    RoleSet governs = {};                  ///< the roles of what the control sets on the page
+    const CheckBox* drawnBy = nullptr;  ///< without which what the field governs is not drawn; null: it always is
+    const TextField* apart = nullptr;   ///< of a weight: how far its lines are from each other, or how many fit
+    bool coversLines = false;           ///< of a text: stands over grid lines where the form opens
 };
 
 /// What a control holds at a moment: all that can change of it.

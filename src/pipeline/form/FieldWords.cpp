@@ -23,17 +23,6 @@ std::string PlainCaption(const Control& control)
     return caption;
 }
 
-bool IsBesideAnother(const Control& control)
-{
-    return control.Declared().beside || control.Declared().captionAbove;
-}
-
-bool IsCaption(const Form& form, const Control& control)
-{
-    return std::any_of(form.Controls().begin(), form.Controls().end(),
-                       [&](const Control* field) { return field->CaptionLabel() == &control; });
-}
-
 bool IsAmbiguous(const Form& form, const Control& control)
 {
     const std::string caption = PlainCaption(control);
@@ -72,19 +61,12 @@ std::string Rounded(double value)
 
 const Control& FirstInRow(const Form& form, const Control& control)
 {
-    const Control* first = &control;
-    for (const Control* const candidate : form.Controls()) {
-        if (candidate->InGroup() != control.InGroup() || IsCaption(form, *candidate)) {
-            continue;
-        }
-        if (!IsBesideAnother(*candidate)) {
-            first = candidate;
-        }
-        if (candidate == &control) {
-            break;
+    for (const Form::Row& row : form.Rows(control.InGroup())) {
+        if (std::find(row.begin(), row.end(), &control) != row.end()) {
+            return *row.front();
         }
     }
-    return *first;
+    return control;
 }
 
 std::string WholeName(const Form& form, const Control& control)

@@ -4,6 +4,26 @@
 
 namespace linealis {
 
+std::vector<Form::Row> Form::Rows(Group group) const
+{
+    const auto isCaption = [this](const Control* control) {
+        return std::any_of(controls.begin(), controls.end(),
+                           [&](const Control* field) { return field->CaptionLabel() == control; });
+    };
+    std::vector<Row> rows;
+    for (Control* const control : controls) {
+        if (control->InGroup() != group || isCaption(control)) {
+            continue;
+        }
+        const bool sameRow = control->Declared().beside || control->Declared().captionAbove;
+        if (rows.empty() || !sameRow) {
+            rows.emplace_back();
+        }
+        rows.back().push_back(control);
+    }
+    return rows;
+}
+
 Control* Form::Find(std::string_view name) const
 {
     const auto found = std::find_if(controls.begin(), controls.end(),

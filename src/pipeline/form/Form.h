@@ -25,6 +25,13 @@ public:
     /// control of its own stands before its field.
     const std::vector<Control*>& Controls() const { return controls; }
 
+    /// Controls that stand beside each other.
+    using Row = std::vector<Control*>;
+
+    /// The rows of a group from top to bottom. A caption that is a control of its own belongs to its field and
+    /// stands in no row.
+    std::vector<Row> Rows(Group group) const;
+
     /// The control of that name, or null.
     Control* Find(std::string_view name) const;
     /// The same, if it is of that type.

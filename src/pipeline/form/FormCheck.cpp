@@ -109,13 +109,23 @@ private:
         }
     }
 
+    /// In points. Something that may stand either way must fit both ways.
+    double RoomAlong(Direction direction) const
+    {
+        switch (direction) {
+        case Direction::Vertical:
+            return frame.UsableHeight();
+        case Direction::Horizontal:
+            return frame.UsableWidth();
+        case Direction::Any:
+            break;
+        }
+        return std::min(frame.UsableWidth(), frame.UsableHeight());
+    }
+
     void CheckCell(const TextField& field)
     {
-        const bool isUpright = field.Name() == "EditVertSpacing";
-        const bool isFlat = field.Name() == "EditHorzSpacing";
-        const double room = isUpright ? frame.UsableHeight()
-                            : isFlat  ? frame.UsableWidth()
-                                      : std::min(frame.UsableWidth(), frame.UsableHeight());
+        const double room = RoomAlong(field.Declared().direction);
         const double cell = field.Used() * frame.unitPixels;
         if (cell > room) {
             Warn("cell", field,
