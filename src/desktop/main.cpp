@@ -154,10 +154,9 @@ std::unique_ptr<QMessageBox> WaitingBox(bool forFiles)
 {
     auto box = std::make_unique<QMessageBox>();
     box->setWindowTitle(QStringLiteral("Linealis"));
-    box->setText(desktop::Desktop::tr("Linealis is running, but does not answer yet."));
-    box->setInformativeText(forFiles
-                                ? desktop::Desktop::tr("Your files open there as soon as it answers.")
-                                : desktop::Desktop::tr("Its window comes to the front as soon as it answers."));
+    box->setText(desktop::Desktop::tr("Linealis is already running but does not answer yet."));
+    box->setInformativeText(forFiles ? desktop::Desktop::tr("Your files will open there as soon as it answers.")
+                                     : desktop::Desktop::tr("Its window opens as soon as it answers."));
     box->setStandardButtons(QMessageBox::Cancel);
     return box;
 }

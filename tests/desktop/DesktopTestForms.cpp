@@ -146,7 +146,7 @@ TEST_F(DesktopForm, RemarksComeAndGoWhileTyping)
     Write(polar, ")");
     EXPECT_EQ(Remarks(polar), Names());
     Write(polar, "\\");
-    EXPECT_EQ(Remarks(polar), Names({"Title: a backslash changes what is printed behind it"}));
+    EXPECT_EQ(Remarks(polar), Names({"Title: a backslash changes what is printed after it"}));
 
     QGuiApplication::clipboard()->setText(QStringLiteral("10 \u00E9 \u65E5"));
     Enter(polar, {"EditTitle="});
@@ -282,7 +282,7 @@ TEST_F(DesktopForm, LengthsTakeUnitsAndNumbersStep)
         EXPECT_EQ(now[i], before.at(i)) << "a remark has its room";
     }
     Press(window, Qt::Key_Tab);
-    EXPECT_EQ(Shown(window, {"EditVertSpacing", "ReadoutEditVertSpacing"}), "0.1968504 = 5.0 mm");
+    EXPECT_EQ(Shown(window, {"EditVertSpacing", "ReadoutEditVertSpacing"}), "0.1968504 in = 5.0 mm");
     EXPECT_EQ(Shown(window, "RemarkEditVertSpacing"), "30 by 50 cells of 0.25 by 0.197 in");
     for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Up, Qt::Key_PageUp, Qt::Key_Down}) {
         Press(window, key);

@@ -115,7 +115,7 @@ TEST_F(DesktopProgram, ManualOpensAtTheForm)
     Press(manual, Qt::Key_Return);
     EXPECT_EQ(selected(), QStringLiteral("gallery appears"));
     Press(manual, Qt::Key_F3);
-    EXPECT_EQ(Shown(manual, "ManualResult"), "From the other end");
+    EXPECT_EQ(Shown(manual, "ManualResult"), "Continued from the other end");
     search.setFocus();
     Press(manual, Qt::Key_Escape);
     EXPECT_EQ(Shown(manual, "ManualSearch"), "");
@@ -239,7 +239,7 @@ TEST_F(DesktopProgram, ClosingAsksWhereASettingsFileIsNotUpToDate)
     Settle();
     QWidget& next = OpenPaper("grid");
     Settle();
-    EXPECT_TRUE(Shown(next, "StatusLine").starts_with("This form was last closed with other values"));
+    EXPECT_TRUE(Shown(next, "StatusLine").starts_with("You last left this form with other values"));
     emit Child<QLabel>(next, "StatusLine").linkActivated(QStringLiteral("bringBack"));
     EXPECT_EQ(Shown(next, "EditXScale"), "90");
 }
@@ -432,7 +432,7 @@ TEST_F(LongPage, IsNotCopiedOnceCancelled)
     WhenProgressShows([this] { Click(Child(*window, "PushButtonCancel")); });
     dynamic_cast<desktop::PaperView&>(*window).CopyPage();
     EXPECT_EQ(clipboard.text(), QStringLiteral("other"));
-    EXPECT_EQ(Shown(*window, "StatusLine"), "Cancelled; nothing was copied");
+    EXPECT_EQ(Shown(*window, "StatusLine"), "Canceled; nothing was copied");
     ExpectOldFile();
 }
 

@@ -380,7 +380,7 @@ TEST_F(DesktopLivePage, WhatToCheckStaysUntilTheFormChanges)
     Enter(window, {"EditXAxisTitleX=3"});
     GenerateAs(window, folder / "page.pdf");
     EXPECT_EQ(shown(), "1 thing to check");
-    EXPECT_TRUE(button.toolTip().contains(QStringLiteral("stands over lines")));
+    EXPECT_TRUE(button.toolTip().contains(QStringLiteral("overlaps grid lines")));
     Enter(window, {"EditXScale=90"});
     EXPECT_EQ(shown(), "1 thing to check") << "the page is no longer that of the form";
     LivePage& page = Show(window);

@@ -115,7 +115,7 @@ private:
     const Choice* chosen = nullptr;
     QSpinBox* resolution = new QSpinBox;
     QLabel* pixels = new QLabel;
-    QCheckBox* transparent = new QCheckBox(QObject::tr("&Transparent, without the white of the paper"));
+    QCheckBox* transparent = new QCheckBox(QObject::tr("&Transparent background"));
 };
 
 }  // namespace

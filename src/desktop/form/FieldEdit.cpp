@@ -24,10 +24,15 @@ constexpr double stepsOfAPage = 10.0;
 
 FieldEdit::FieldEdit(TextField& theField, const Form& theForm) : field(theField), form(theForm)
 {
-    const int characters = field.MeansNow() == Meaning::Prose ? proseCharacters : numberCharacters;
-    setFixedWidth(fontMetrics().averageCharWidth() * characters + 12);
+    ShowCharacters(field.MeansNow() == Meaning::Prose ? proseCharacters : numberCharacters);
     connect(this, &QLineEdit::textChanged, this, &FieldEdit::Take);
     connect(this, &QLineEdit::editingFinished, this, &FieldEdit::Finish);
+}
+
+void FieldEdit::ShowCharacters(int characters)
+{
+    constexpr int frame = 12;
+    setFixedWidth(fontMetrics().averageCharWidth() * characters + frame);
 }
 
 void FieldEdit::Refresh()

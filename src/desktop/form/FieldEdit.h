@@ -16,6 +16,8 @@ public:
     /// `theForm` tells the unit of lengths.
     FieldEdit(TextField& theField, const Form& theForm);
 
+    /// Makes the field as wide as so many characters of middle width.
+    void ShowCharacters(int characters);
     /// Shows what the field holds.
     void Refresh();
     /// Frames the field in the color of remarks, which changes none of its measures.

@@ -2,54 +2,81 @@
 
 #include "desktop/form/ElidedLabel.h"
 
-#include <QStyle>
-#include <QStyleOptionGroupBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
 
 namespace linealis::desktop {
 
+namespace {
+
+bool IsDark(const QPalette& palette)
+{
+    return palette.color(QPalette::Window).lightnessF() < 0.5F;
+}
+
+QLabel* MakeHeading(const QString& text)
+{
+    auto* const heading = new QLabel(text);
+    QFont bold = heading->font();
+    bold.setBold(true);
+    heading->setFont(bold);
+    return heading;
+}
+
+}  // namespace
+
 QColor RemarkColor(const QPalette& palette)
 {
-    const bool isDark = palette.color(QPalette::Window).lightnessF() < 0.5F;
-    return isDark ? QColor(0xFF, 0x8A, 0x80) : QColor(0xB0, 0x00, 0x20);
+    return IsDark(palette) ? QColor(0xFF, 0x8A, 0x80) : QColor(0xB0, 0x00, 0x20);
 }
 
-FormGroup::FormGroup(const QString& title, const QString& name) : said(new ElidedLabel(Qt::ElideRight))
+QColor WeakColor(const QPalette& palette)
 {
-    setTitle(title);
-    setFlat(title.isEmpty());
-    said->setParent(this);
+    constexpr float share = 0.65F;  // of the text's color
+    const QColor text = palette.color(QPalette::WindowText), ground = palette.color(QPalette::Window);
+    const auto mixed = [](float a, float b) { return share * a + (1.0F - share) * b; };
+    return QColor::fromRgbF(mixed(text.redF(), ground.redF()), mixed(text.greenF(), ground.greenF()),
+                            mixed(text.blueF(), ground.blueF()));
+}
+
+FormGroup::FormGroup(const QString& heading, const QString& name)
+    : said(new ElidedLabel(Qt::ElideRight)), fields(new QGridLayout)
+{
+    setFlat(true);
+    setAccessibleName(heading);
     said->setObjectName(name);
     said->setTextFormat(Qt::PlainText);
-}
-
-QLabel* FormGroup::SaidBelow() const
-{
-    return title().isEmpty() ? said : nullptr;
+    fields->setVerticalSpacing(4);
+    fields->setHorizontalSpacing(8);
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(4);
+    if (heading.isEmpty()) {
+        column->addLayout(fields);
+        column->addWidget(said);
+        said->setVisible(!name.isEmpty());
+    } else {
+        auto* const row = new QHBoxLayout;
+        row->setSpacing(16);
+        row->addWidget(MakeHeading(heading));
+        row->addWidget(said, 1);
+        column->addLayout(row);
+        column->addLayout(fields);
+    }
 }
 
 void FormGroup::Say(const QString& remark, const QString& known)
 {
     QPalette colors = palette();
-    if (!remark.isEmpty()) {
-        colors.setColor(QPalette::WindowText, RemarkColor(palette()));
-    }
+    colors.setColor(QPalette::WindowText, remark.isEmpty() ? WeakColor(palette()) : RemarkColor(palette()));
     said->setPalette(colors);
     said->setText(remark.isEmpty() ? known : remark);
     said->setToolTip(said->text());
     said->setAccessibleName(said->text());
 }
 
-void FormGroup::resizeEvent(QResizeEvent* event)
-{
-    QGroupBox::resizeEvent(event);
-    if (!title().isEmpty()) {
-        constexpr int gap = 16;
-        QStyleOptionGroupBox option;
-        initStyleOption(&option);
-        const QRect heading = style()->subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxLabel, this);
-        said->setGeometry(heading.right() + gap, heading.top(), width() - heading.right() - 2 * gap,
-                          heading.height());
-    }
-}
+/// The heading is a label, and there is no frame.
+void FormGroup::paintEvent(QPaintEvent* /*event*/) {}
 
 }  // namespace linealis::desktop

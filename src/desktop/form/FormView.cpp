@@ -3,7 +3,7 @@
 #include "desktop/form/ElidedLabel.h"
 #include "desktop/form/FieldEdit.h"
 #include "desktop/form/FormGroup.h"
-#include "desktop/form/FormRow.h"
+#include "desktop/form/FormRows.h"
 #include "desktop/system/Text.h"
 #include "pipeline/form/FieldWords.h"
 #include "pipeline/form/LengthText.h"
@@ -59,15 +59,44 @@ QString RemarkText(const Form& form, const TextField& field)
     return caption + QLatin1Char(' ') + remark;
 }
 
-FormRow::Place PlaceIn(const Form::Row& row, const Control* control)
+bool IsTableRow(const Form::Row& row)
 {
-    if (row.size() == 1) {
-        return FormRow::Place::only;
+    return row.back()->Declared().captionAbove;
+}
+
+bool HasTables(const Form& form)
+{
+    return std::any_of(form.Controls().begin(), form.Controls().end(),
+                       [](const Control* control) { return control->Declared().captionAbove; });
+}
+
+/// Simple forms are narrow. A form with tables is as wide as these, and its lines need not be short.
+std::size_t CellsPerLine(const Form& form, Group group)
+{
+    constexpr std::size_t few = 2, many = FormRows::columns;
+    return HasTables(form) && group != Group::Page && group != Group::Margins ? many : few;
+}
+
+bool IsTextOfPage(const Control* control)
+{
+    return control->Kind() == ControlKind::Text && control->Declared().meaning == Meaning::Prose;
+}
+
+bool HoldsLength(const TextField& field)
+{
+    const Quantity quantity = FactsOf(field.Declared().meaning).quantity;
+    return quantity == Quantity::Length || quantity == Quantity::CountPerUnit;
+}
+
+/// The width of the widest caption that a row begins with, in pixels.
+int CaptionWidth(const QGridLayout& grid)
+{
+    int width = 0;
+    for (int line = 0; line < grid.rowCount(); ++line) {
+        const QLayoutItem* const item = grid.itemAtPosition(line, 0);
+        width = std::max(width, item == nullptr ? 0 : item->sizeHint().width());
     }
-    if (control == row.front()) {
-        return FormRow::Place::first;
-    }
-    return control == row.back() ? FormRow::Place::last : FormRow::Place::between;
+    return width;
 }
 
 }  // namespace
@@ -77,7 +106,7 @@ FormView::FormView(Form& theForm, GroupBoxes groupBoxes, std::function<void(Swat
     : QWidget(parent), form(theForm), events{std::move(onSwatch), [this] { emit Committed(); }},
       column(new QVBoxLayout(this))
 {
-    column->setSpacing(6);
+    column->setSpacing(12);
     for (const Group group : allGroups) {
         AddGroup(group, groupBoxes);
     }
@@ -96,6 +125,7 @@ FormView::FormView(Form& theForm, GroupBoxes groupBoxes, std::function<void(Swat
         emit Changed();
     };
     RefreshAll();
+    Align();  // with what the captions say now
 }
 
 FormView::~FormView()
@@ -116,6 +146,9 @@ void FormView::changeEvent(QEvent* event)
     if (event->type() == QEvent::PaletteChange) {
         RefreshAll();
     }
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        Align();
+    }
     QWidget::changeEvent(event);
 }
 
@@ -125,23 +158,23 @@ void FormView::AddGroup(Group group, GroupBoxes groupBoxes)
     if (rows.empty()) {
         return;
     }
-    const bool hasHeading = groupBoxes == GroupBoxes::withHeading;
-    auto* const box = new FormGroup(hasHeading ? TitleOf(group) : QString(),
-                                    QStringLiteral("Remark") + ToQt(rows.front().front()->Name()));
+    const bool hasHeading = groupBoxes == GroupBoxes::withHeading && group != Group::File;
+    auto* const box = new FormGroup(
+        hasHeading ? TitleOf(group) : QString(),
+        group == Group::File ? QString() : QStringLiteral("Remark") + ToQt(rows.front().front()->Name()));
     groups[group] = box;
-    auto* const grid = new QGridLayout(box);
-    grid->setVerticalSpacing(4);
-    grid->setHorizontalSpacing(8);
+    FormRows lines(box->Fields(), CellsPerLine(form, group));
     for (const Form::Row& row : rows) {
-        if (row.back()->Declared().captionAbove && &row == &rows.front()) {
-            AddHeadings(*grid, row);
+        if (!IsTableRow(row)) {
+            AddRow(lines, row);
+            continue;
         }
-        AddRow(*grid, row, hasHeading && group != Group::Page && group != Group::Text);
+        if (&row == &rows.front()) {
+            AddHeadings(box->Fields(), row);
+        }
+        AddTableRow(lines, row);
     }
-    if (QLabel* const below = box->SaidBelow()) {
-        grid->addWidget(below, grid->rowCount(), 0, 1, FormRow::columns);
-    }
-    grid->setColumnStretch(FormRow::columns - 1, 1);
+    box->Fields().setColumnStretch(FormRows::columns - 1, 1);
     lastRow = new QHBoxLayout;
     lastRow->addWidget(box);
     column->addLayout(lastRow);
@@ -149,31 +182,75 @@ void FormView::AddGroup(Group group, GroupBoxes groupBoxes)
 
 void FormView::AddHeadings(QGridLayout& grid, const Form::Row& row)
 {
+    const int line = grid.rowCount();
     int place = 0;
     for (Control* const control : row) {
-        if (!control->Declared().captionAbove) {
-            place += control->Kind() == ControlKind::Label ? 1 : 2;
-            continue;
+        if (control->Declared().captionAbove) {
+            Label* const label = control->CaptionLabel();
+            QWidget* const heading = label == nullptr ? new QLabel(CaptionText(*control)) : MakeWidget(*label);
+            grid.addWidget(heading, line, place, Qt::AlignLeft | Qt::AlignBottom);
         }
-        Label* const label = control->CaptionLabel();
-        QWidget* const heading = label == nullptr ? new QLabel(CaptionText(*control)) : MakeWidget(*label);
-        grid.addWidget(heading, 0, place, Qt::AlignLeft | Qt::AlignBottom);
         ++place;
     }
 }
 
-void FormView::AddRow(QGridLayout& grid, const Form::Row& row, bool hasReadout)
+void FormView::AddTableRow(FormRows& rows, const Form::Row& row)
 {
-    FormRow line(grid);
+    std::vector<RowItem> items;
     for (Control* const control : row) {
-        QWidget* const widget = MakeWidget(*control);
-        line.Add(*control, widget, MakeCaption(*control), PlaceIn(row, control));
+        items.push_back({control, MakeWidget(*control)});
     }
-    if (hasReadout) {
-        auto* const readout = new ElidedLabel(Qt::ElideRight);
-        readout->setObjectName(QStringLiteral("Readout") + ToQt(row.front()->Name()));
-        line.AddAtEnd(readout);
-        readouts.push_back({row, readout});
+    rows.AddToTable(items, MakeReadout(row, false, true));
+}
+
+void FormView::AddRow(FormRows& rows, const Form::Row& row)
+{
+    constexpr int fewCharacters = 18;
+    const bool sharesLine = !HasTables(form) && std::count_if(row.begin(), row.end(), IsTextOfPage) > 1;
+    std::vector<RowItem> items;
+    for (std::size_t i = 0; i < row.size(); ++i) {
+        Control* const control = row[i];
+        RowItem item{control, MakeWidget(*control), MakeCaption(*control)};
+        if (control->Kind() == ControlKind::Text && !IsTextOfPage(control)) {
+            const bool isBeforeUnit = i + 1 < row.size() && row[i + 1]->Kind() == ControlKind::Label;
+            const bool hasUnit = !isBeforeUnit && !(HasTables(form) && control->InGroup() == Group::Text);
+            const Group group = control->InGroup();
+            item.readout = MakeReadout({control}, hasUnit, group == Group::Spacing || group == Group::Lines);
+        }
+        if (sharesLine && IsTextOfPage(control)) {
+            static_cast<FieldEdit*>(item.widget)->ShowCharacters(fewCharacters);
+        }
+        items.push_back(item);
+    }
+    rows.Add(items);
+}
+
+QLabel* FormView::MakeReadout(const Form::Row& fields, bool hasUnit, bool hasLength)
+{
+    auto* const label = new ElidedLabel(Qt::ElideRight);
+    label->setTextFormat(Qt::PlainText);
+    label->setObjectName(QStringLiteral("Readout") + ToQt(fields.front()->Name()));
+    readouts.push_back({fields, label, hasUnit, hasLength});
+    return label;
+}
+
+void FormView::Align()
+{
+    int width = 0;
+    for (const auto& [group, box] : groups) {
+        width = std::max(width, CaptionWidth(box->Fields()));
+    }
+    for (const auto& [group, box] : groups) {
+        box->Fields().setColumnMinimumWidth(0, group == Group::File ? 0 : width);
+    }
+    for (const ShownReadout& readout : readouts) {
+        const Control& field = *readout.fields.front();
+        if (readout.hasLength && field.Kind() == ControlKind::Text &&
+            HoldsLength(static_cast<const TextField&>(field))) {
+            const QString widest = QStringLiteral("= 188.88 mm");
+            readout.label->setFixedWidth(
+                fontMetrics().horizontalAdvance(readout.hasUnit ? QStringLiteral("in ") + widest : widest));
+        }
     }
 }
 
@@ -223,16 +300,28 @@ void FormView::RefreshAll()
     for (const Control* const control : form.Controls()) {
         Refresh(*control);
     }
+    QPalette weak = palette();
+    weak.setColor(QPalette::WindowText, WeakColor(palette()));
+    for (const ShownReadout& readout : readouts) {
+        readout.label->setPalette(weak);
+    }
     ShowReadouts();
 }
 
 void FormView::ShowReadouts()
 {
-    for (const RowReadout& readout : readouts) {
-        const QString text = ToQt(Readout(readout.row, form.UnitOfLengths()));
-        if (readout.label->text() != text) {
-            readout.label->setText(text);
-            readout.label->setToolTip(text);
+    for (const ShownReadout& readout : readouts) {
+        std::string text;
+        if (readout.hasUnit) {
+            text = UnitWord(form, static_cast<const TextField&>(*readout.fields.front()));
+        }
+        const bool isInMetricUnit = text == "cm";
+        if (const std::string length = Readout(readout.fields, form.UnitOfLengths());
+            readout.hasLength && !isInMetricUnit && !length.empty()) {
+            text += (text.empty() ? "" : " ") + length;
+        }
+        if (readout.label->text() != ToQt(text)) {
+            readout.label->setText(ToQt(text));
         }
     }
 }
@@ -252,6 +341,22 @@ void FormView::FinishEdit()
     }
 }
 
+/// What there is to say of a group without a remark.
+QString FormView::Known(Group group) const
+{
+    if (group == Group::Spacing) {
+        return summary;
+    }
+    if (group == Group::Margins && form.UnitOfLengths() == LengthUnit::Inches) {
+        Form::Row fields;
+        for (const Form::Row& row : form.Rows(group)) {
+            fields.insert(fields.end(), row.begin(), row.end());
+        }
+        return ToQt(Readout(fields, LengthUnit::Inches));
+    }
+    return {};
+}
+
 void FormView::ShowRemarks(Group group)
 {
     QStringList remarks;
@@ -261,7 +366,7 @@ void FormView::ShowRemarks(Group group)
         }
     }
     remarks.removeAll(QString());
-    groups.at(group)->Say(remarks.join(QStringLiteral("; ")), group == Group::Spacing ? summary : QString());
+    groups.at(group)->Say(remarks.join(QStringLiteral("; ")), Known(group));
 }
 
 QString FormView::ShowRemark(const TextField& field)

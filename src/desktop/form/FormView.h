@@ -16,6 +16,7 @@ class QVBoxLayout;
 namespace linealis::desktop {
 
 class FormGroup;
+class FormRows;
 
 /// Whether the groups of a form stand in boxes with a heading, as on a paper's window, or without, as in a dialog.
 enum class GroupBoxes { withHeading, none };
@@ -59,15 +60,22 @@ private:
         QLabel* caption = nullptr;  ///< the caption before it that is no control itself, or null
     };
 
-    /// The lengths of a row's fields, at its end.
-    struct RowReadout {
-        Form::Row row;
+    /// What stands behind fields: the unit of one, and the lengths in millimeters.
+    struct ShownReadout {
+        Form::Row fields;
         QLabel* label;
+        bool hasUnit;
+        bool hasLength;
     };
 
     void AddGroup(Group group, GroupBoxes groupBoxes);
     void AddHeadings(QGridLayout& grid, const Form::Row& row);
-    void AddRow(QGridLayout& grid, const Form::Row& row, bool hasReadout);
+    void AddRow(FormRows& rows, const Form::Row& row);
+    void AddTableRow(FormRows& rows, const Form::Row& row);
+    QLabel* MakeReadout(const Form::Row& fields, bool hasUnit, bool hasLength);
+    /// Gives the captions that rows begin with one width in all groups, and readouts a width that does not change
+    /// with their texts.
+    void Align();
     QWidget* MakeWidget(Control& control);
     /// The label of a control's caption, its buddy; null if the control has no caption before it.
     QLabel* MakeCaption(Control& control);
@@ -75,6 +83,7 @@ private:
     void Refresh(const Control& control);
     void RefreshAll();
     void ShowReadouts();
+    QString Known(Group group) const;
     /// Shows the remarks on the fields of a group.
     void ShowRemarks(Group group);
     /// Marks the field of a remark, and says it to who cannot see that. Returns the remark.
@@ -86,7 +95,7 @@ private:
     QHBoxLayout* lastRow = nullptr;
     std::map<const Control*, Shown> controls;
     std::map<Group, FormGroup*> groups;
-    std::vector<RowReadout> readouts;
+    std::vector<ShownReadout> readouts;
     QString summary;
 };
 

@@ -51,7 +51,7 @@ LivePane::LivePane()
     words->setContentsMargins(6, 2, 6, 2);
 
     auto* const rulers = new QAction(tr("Rulers"), page);
-    rulers->setToolTip(tr("Rulers to hold paper against, true at 100 %"));
+    rulers->setToolTip(tr("Rulers, true at 100 %"));
     rulers->setObjectName(QStringLiteral("ViewRulers"));
     rulers->setCheckable(true);
     rulers->setChecked(WindowSettings().value(rulersKey, true).toBool());
@@ -90,7 +90,7 @@ QWidget* LivePane::MakeTools()
     };
     zoom = new ZoomBox;
     zoom->setObjectName(QStringLiteral("Zoom"));
-    zoom->setAccessibleName(tr("Zoom in per cent of the actual size"));
+    zoom->setAccessibleName(tr("Zoom in percent of the actual size"));
     zoom->setToolTip(zoom->accessibleName());
     zoom->setEditable(true);
     zoom->setInsertPolicy(QComboBox::NoInsert);

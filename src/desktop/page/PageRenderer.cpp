@@ -150,7 +150,7 @@ void PageRenderer::Draw(const PaperPage& page)
     try {
         DrawContent(page, pdf, turns, {});
     } catch (const PageTooLarge&) {
-        drawnProblem = tr("The page is very large; only its first lines are shown");
+        drawnProblem = tr("The page is very large; only its beginning is shown");
     } catch (const PageGivenUp& givenUp) {
         drawnProblem = QString::fromUtf8(givenUp.reason);
     }

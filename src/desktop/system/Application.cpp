@@ -64,7 +64,7 @@ bool Application::notify(QObject* receiver, QEvent* event)
         error = exception.what();
     }
     if (onError) {
-        onError("That could not be done: " + error + ". Nothing has changed.");
+        onError("That failed: " + error + ". Nothing has changed.");
     }
     return true;
 }

@@ -66,7 +66,7 @@ void Desktop::AskForSettings()
     for (const QString& path : files) {
         const QFileInfo file(path);
         if (!IsPicture(path) && FindPaperKindByExtension(file.suffix().toStdString()) == nullptr) {
-            platform.MsgBox(tr("%1 is no settings file").arg(file.fileName()).toStdString());
+            platform.MsgBox(tr("%1 is not a settings file").arg(file.fileName()).toStdString());
         }
     }
     if (!quitting) {  // the user may have ended the program instead of reading a box

@@ -169,7 +169,7 @@ void ManualWindow::Find(bool backwards)
     const QTextCursor before = text->textCursor();
     text->moveCursor(backwards ? QTextCursor::End : QTextCursor::Start);
     if (text->find(wanted, direction)) {
-        result->setText(tr("From the other end"));
+        result->setText(tr("Continued from the other end"));
     } else {
         text->setTextCursor(before);
         result->setText(tr("Not found"));

@@ -38,7 +38,9 @@ FormScrollArea::FormScrollArea(QWidget* content)
 
 QSize FormScrollArea::sizeHint() const
 {
-    widget()->ensurePolished();
+    for (QWidget* const part : widget()->findChildren<QWidget*>()) {
+        part->ensurePolished();
+    }
     QLayout& content = *widget()->layout();
     content.activate();
     const QSize size = content.totalSizeHint();
@@ -52,11 +54,11 @@ PaperTopBar::PaperTopBar()
     row->setContentsMargins(8, 4, 8, 0);
     row->setSpacing(2);
     gallery = Add(tr("Gallery"), QStringLiteral("ToolGallery"), tr("Show all kinds of paper"));
-    presets = Add(tr("Presets"), QStringLiteral("ToolPresets"), tr("Fill in the form from a ready paper"));
+    presets = Add(tr("Presets"), QStringLiteral("ToolPresets"), tr("Fill in the form from a preset"));
     presets->setPopupMode(QToolButton::InstantPopup);
     undo = Add(tr("Undo"), QStringLiteral("ToolUndo"), {});
     redo = Add(tr("Redo"), QStringLiteral("ToolRedo"), {});
-    reset = Add(tr("Reset"), QStringLiteral("ToolReset"), tr("Fill in the form as a fresh window has it"));
+    reset = Add(tr("Reset"), QStringLiteral("ToolReset"), tr("Reset the form to its defaults"));
     row->addStretch(1);
 }
 
@@ -91,7 +93,7 @@ PaperBottomBar::PaperBottomBar(QWidget* file, bool hasWizard)
     print =
         AddButton(*row, tr("P&rint..."), QStringLiteral("PushButtonPrint"), tr("Print the page at its true size"));
     generate = AddButton(*row, tr("&Generate"), QStringLiteral("PushButtonGenerate"),
-                         tr("Make the page. With the shift key, ask for the file again"));
+                         tr("Make the page. Hold Shift to choose another file"));
     generate->setDefault(true);
     ShowProgress(false);
 }

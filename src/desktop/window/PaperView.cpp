@@ -143,14 +143,14 @@ void PaperView::Undo()
 {
     if (const QString name = history.Undo(); !name.isEmpty()) {
         presetName.clear();
-        Say(tr("Undone: %1").arg(name));
+        Say(tr("Undid: %1").arg(name));
     }
 }
 
 void PaperView::Redo()
 {
     if (const QString name = history.Redo(); !name.isEmpty()) {
-        Say(tr("Done again: %1").arg(name));
+        Say(tr("Redid: %1").arg(name));
     }
 }
 
@@ -164,7 +164,7 @@ void PaperView::Reset()
         shown.form.StaticFileName.SetCaption(file);
     });
     givenTitle = Title();
-    Say(tr("The form is as a fresh window has it"));
+    Say(tr("Form reset"));
 }
 
 void PaperView::Generate()
@@ -243,7 +243,7 @@ void PaperView::SayHowPageEnded()
         Say(tr("%1 was not written").arg(name));
         break;
     case PageEnd::Stopped:
-        Say(tr("Cancelled; %1 is as it was").arg(name));
+        Say(tr("Canceled; %1 is unchanged").arg(name));
         break;
     }
 }

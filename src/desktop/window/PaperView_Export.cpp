@@ -27,7 +27,7 @@ void PaperView::Use(const QString& nothingDone, const PageUse& use)
         try {
             said = use(window.DrawPage(), turns);
         } catch (const PageStopped&) {
-            said = tr("Cancelled; %1").arg(nothingDone);
+            said = tr("Canceled; %1").arg(nothingDone);
         } catch (const PageGivenUp& givenUp) {
             giveUp(givenUp.reason);
         } catch (const std::bad_alloc&) {

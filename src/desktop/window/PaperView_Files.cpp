@@ -21,7 +21,7 @@ void PaperView::BringBack()
     if (DoAsStep(title, [&](PaperWindow& shown) {
             linealis::LayOver(OwnPreset{title.toStdString(), left}, shown, platform);
         })) {
-        Say(tr("The form is as it was closed last"), {{tr("Undo"), QStringLiteral("undo")}});
+        Say(tr("The form is back as you last left it"), {{tr("Undo"), QStringLiteral("undo")}});
     }
 }
 
@@ -34,7 +34,7 @@ void PaperView::OfferToBringBack()
     }
     const auto closed = MakeWindow(kind, platform);
     if (!closed->LayOver(left.OpenAsBinaryFile()) && closed->form.State() != window.form.State()) {
-        Say(tr("This form was last closed with other values"), {{tr("As I Left It"), QStringLiteral("bringBack")}});
+        Say(tr("You last left this form with other values"), {{tr("As I Left It"), QStringLiteral("bringBack")}});
     }
 }
 

@@ -125,8 +125,8 @@ void PaperView::MakePresetMenu()
     };
     const auto useAsDefault = [this](bool on) {
         if (UseAsDefault(platform, kind, window, on)) {
-            Say(on ? tr("From now on this window opens like this")
-                   : tr("From now on this window opens as it did at first"));
+            Say(on ? tr("This window now opens like this")
+                   : tr("This window opens with its original defaults again"));
         }
     };
     const auto remove = [this](const OwnPreset& preset) {

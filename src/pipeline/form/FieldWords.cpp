@@ -111,6 +111,30 @@ std::string Readout(std::span<Control* const> fields, LengthUnit unit)
     return readout.empty() ? readout : readout + " mm";
 }
 
+std::string_view UnitWord(const Form& form, const TextField& field)
+{
+    const MeaningFacts& facts = FactsOf(field.MeansNow());
+    if (!facts.sign.empty()) {
+        return facts.sign;
+    }
+    switch (facts.quantity) {
+    case Quantity::Length:
+        return form.UnitOfLengths() == LengthUnit::Inches        ? "in"
+               : form.UnitOfLengths() == LengthUnit::Centimetres ? "cm"
+                                                                 : "";
+    case Quantity::Inches:
+        return "in";
+    case Quantity::Centimeters:
+        return "cm";
+    case Quantity::Points:
+        return "pt";
+    case Quantity::CountPerUnit:
+    case Quantity::None:
+        break;
+    }
+    return "";
+}
+
 std::string HintOf(const TextField& field)
 {
     const std::string_view sets = field.Declared().sets;

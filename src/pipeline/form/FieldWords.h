@@ -24,6 +24,9 @@ Control* FindByNameOrAlias(const Form& form, std::string_view nameOrAlias);
 /// said by their distance. Fields that stand for no length are passed over; empty if none does.
 std::string Readout(std::span<Control* const> fields, LengthUnit unit);
 
+/// The unit of the field's number: "in", "cm", "pt", "%". Empty if it has none.
+std::string_view UnitWord(const Form& form, const TextField& field);
+
 /// What to enter into the field, and which lines it sets, if it is a line weight: "Weight of the vertical lines.
 /// Line width in points (1/72 inch), whatever the unit".
 std::string HintOf(const TextField& field);

@@ -42,7 +42,7 @@ std::string RemarkOnProse(std::string_view text)
         }
     }
     if (text.find('\\') != std::string_view::npos) {
-        return "a backslash changes what is printed behind it";
+        return "a backslash changes what is printed after it";
     }
     return HasPairedParentheses(text) ? "" : "parentheses must come in pairs, or the page is damaged";
 }
@@ -112,7 +112,7 @@ std::string EffectOfDivisions(double value)
 
 std::string EffectOfNumberSpacing(double value)
 {
-    return value < 0.0 ? "below 0 writes no numbers" : "";
+    return value < 0.0 ? "below 0, no numbers are printed" : "";
 }
 
 std::string EffectOfExponent(double value)
@@ -130,9 +130,9 @@ std::string EffectOfHydraulicStep(double value)
     return value > 0.0 ? "" : "must be above 0, or no grid line is drawn";
 }
 
-constexpr std::string_view lengthHint = "Length in the current unit, inches or centimetres";
+constexpr std::string_view lengthHint = "Length in the current unit, inches or centimeters";
 constexpr std::string_view wholeHint = "A whole number";
-constexpr std::string_view densityHint = "Lines in an inch or a centimetre";
+constexpr std::string_view densityHint = "Lines per inch or centimeter";
 constexpr std::string_view numberSpacingHint = "Number of grid lines from one number to the next";
 constexpr std::string_view axisValueHint = "In the axis's own values";
 constexpr std::string_view axisStepHint = "From one grid line to the next, in the axis's own values";
@@ -147,7 +147,7 @@ constexpr auto facts = std::to_array<MeaningFacts>({
      .step = Step::Length,
      .canBeNegative = true},
     {.meaning = Meaning::TitlePlace,
-     .hint = "Length in the current unit; empty centres the title",
+     .hint = "Length in the current unit; leave empty to center the title",
      .quantity = Quantity::Length,
      .step = Step::Length,
      .canBeNegative = true},
@@ -185,9 +185,10 @@ constexpr auto facts = std::to_array<MeaningFacts>({
      .hint = "Text size in points (1/72 inch), whatever the unit",
      .quantity = Quantity::Points,
      .effect = EffectOfFontSize},
-    {.meaning = Meaning::Scale, .hint = "Per cent of the true size", .effect = EffectOfScale},
+    {.meaning = Meaning::Scale, .hint = "Percent of the true size", .sign = "%", .effect = EffectOfScale},
     {.meaning = Meaning::Share,
-     .hint = "Per cent, from 0 to 100",
+     .hint = "Percent, from 0 to 100",
+     .sign = "%",
      .isCorrectedInForm = true,
      .used = [](double value) { return std::clamp(value, 0.0, 100.0); }},
     {.meaning = Meaning::LinesPerUnit,
@@ -207,7 +208,7 @@ constexpr auto facts = std::to_array<MeaningFacts>({
      .used = [](double value) { return std::max(Whole(value), 1.0); }},
     {.meaning = Meaning::Divisions, .hint = wholeHint, .used = Whole, .effect = EffectOfDivisions},
     {.meaning = Meaning::WholeUnits,
-     .hint = "A whole number of inches or centimetres",
+     .hint = "A whole number of inches or centimeters",
      .quantity = Quantity::Length,
      .used = WholeFromZero},
     {.meaning = Meaning::GridLines, .hint = "Number of grid lines from one major line to the next; 0 for none"},

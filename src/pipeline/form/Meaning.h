@@ -63,6 +63,7 @@ struct MeaningFacts {
     Meaning meaning;
     std::string_view hint;  ///< a few words on what to enter, with the unit
     Quantity quantity = Quantity::None;
+    std::string_view sign = {};  ///< of a number that is no length: "%"
     Step step = Step::One;
     bool canBeNegative = false;      ///< whether steps lead below 0
     bool isCorrectedInForm = false;  ///< whether Generate writes the used value back into the form

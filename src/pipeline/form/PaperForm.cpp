@@ -30,7 +30,6 @@ constexpr Traits CustomSize(std::string_view fullName)
 {
     return {.beside = true, .enabled = false, .meaning = Meaning::CustomInches, .fullName = fullName};
 }
-constexpr Traits scale{.beside = true, .meaning = Meaning::Scale};
 
 }  // namespace
 
@@ -41,12 +40,17 @@ PaperForm::PaperForm(const MarginTexts& margins)
       EditCustomHeight{*this, Group::Page, "EditCustomHeight",         "custom-height",
                        "",    "11",        CustomSize("Custom height")},
       StaticText16{*this, Group::Page, "StaticText16", "in", {.beside = true}, {"in", "cm"}},
-      PopupOrientation{
-          *this, Group::Page,     "PopupOrientation", "orientation", "Orientation:", {"Portrait", "Landscape"},
-          0,     {.beside = true}},
-      PopupUnits{*this, Group::Page, "PopupUnits", "units", "Units:", {"inches", "cm"}},
-      EditXScale{*this, Group::Page, "EditXScale", "x-scale", "X Scale:", "100", scale},
-      EditYScale{*this, Group::Page, "EditYScale", "y-scale", "Y Scale:", "100", scale},
+      PopupOrientation{*this,         Group::Page,    "PopupOrientation",
+                       "orientation", "Orientation:", {"Portrait", "Landscape"}},
+      PopupUnits{*this, Group::Page, "PopupUnits", "units", "Units:", {"inches", "cm"}, 0, {.beside = true}},
+      EditXScale{*this, Group::Page, "EditXScale", "x-scale", "X Scale:", "100", {.meaning = Meaning::Scale}},
+      EditYScale{*this,
+                 Group::Page,
+                 "EditYScale",
+                 "y-scale",
+                 "Y Scale:",
+                 "100",
+                 {.beside = true, .meaning = Meaning::Scale}},
       EditTopMargin{*this, Group::Margins, "EditTopMargin", "top-margin", "Top", margins.top, firstMargin},
       EditBottomMargin{*this,          Group::Margins, "EditBottomMargin", "bottom-margin", "Bottom",
                        margins.bottom, margin},

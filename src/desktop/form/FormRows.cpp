@@ -1,0 +1,121 @@
+#include "desktop/form/FormRows.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <algorithm>
+
+namespace linealis::desktop {
+
+namespace {
+
+constexpr Qt::Alignment captionAlignment = Qt::AlignRight | Qt::AlignVCenter;
+
+bool IsProse(const RowItem& item)
+{
+    return item.control->Kind() == ControlKind::Text && item.control->Declared().meaning == Meaning::Prose;
+}
+
+/// Whether the control stands in the cell of the one before it.
+bool ContinuesCell(const Control& control)
+{
+    return control.Declared().beside && (control.Kind() == ControlKind::Label || control.Caption().empty());
+}
+
+QHBoxLayout* BoxOf(std::span<const RowItem> cell)
+{
+    auto* const box = new QHBoxLayout;
+    box->setSpacing(6);
+    for (const RowItem& item : cell) {
+        box->addWidget(item.widget);
+    }
+    for (const RowItem& item : cell) {
+        if (item.readout != nullptr) {
+            box->addWidget(item.readout);
+        }
+    }
+    box->addStretch(1);
+    return box;
+}
+
+}  // namespace
+
+std::vector<FormRows::Cell> FormRows::CellsOf(const std::vector<RowItem>& items)
+{
+    std::vector<Cell> cells;
+    for (const RowItem& item : items) {
+        if (cells.empty() || !ContinuesCell(*item.control)) {
+            cells.emplace_back();
+        }
+        cells.back().push_back(item);
+    }
+    return cells;
+}
+
+/// A cell that is wide, and one that the rest of a long row belongs to.
+bool FormRows::TakesALine(const Cell& cell, const std::vector<Cell>& row)
+{
+    const RowItem& first = cell.front();
+    const bool hasReadout = FactsOf(first.control->Declared().meaning).quantity != Quantity::None;
+    const bool isWide = cell.size() > 2 || (cell.size() == 2 && hasReadout);
+    const bool isTitle = IsProse(first) && std::any_of(row.begin(), row.end(),
+                                                       [](const Cell& other) { return !IsProse(other.front()); });
+    return isWide || (row.size() > 2 && (isTitle || first.control->Kind() == ControlKind::Popup));
+}
+
+void FormRows::Add(const std::vector<RowItem>& items)
+{
+    const std::vector<Cell> cells = CellsOf(items);
+    for (std::size_t begin = 0, end = 0; begin < cells.size(); begin = end) {
+        const bool isAlone = cellsPerLine < columns && TakesALine(cells[begin], cells);
+        end = std::min(begin + (isAlone ? 1 : cellsPerLine), cells.size());
+        const std::span line = std::span(cells).subspan(begin, end - begin);
+        hasTable ? AddLineBelowTable(line) : AddLine(line);
+    }
+}
+
+void FormRows::AddLine(std::span<const Cell> cells)
+{
+    const int line = grid.rowCount();
+    int place = 0;
+    for (const Cell& cell : cells) {
+        const RowItem& first = cell.front();
+        // A check box holds its own caption. The first of a line is aligned with the fields above it.
+        const bool fillsCaption = first.control->Kind() == ControlKind::Check && place > 0;
+        if (first.caption != nullptr) {
+            grid.addWidget(first.caption, line, place, captionAlignment);
+        }
+        place += fillsCaption ? 0 : 1;
+        const int width = fillsCaption ? 2 : 1;
+        // The last of a line takes the room that it needs, so that it widens no column.
+        grid.addLayout(BoxOf(cell), line, place, 1, &cell == &cells.back() ? columns - place : width);
+        place += width;
+    }
+}
+
+/// In one box, so that it widens no column of the table.
+void FormRows::AddLineBelowTable(std::span<const Cell> cells)
+{
+    auto* const box = new QHBoxLayout;
+    for (const Cell& cell : cells) {
+        box->addLayout(BoxOf(cell));
+    }
+    box->addStretch(1);
+    grid.addLayout(box, grid.rowCount(), 1, 1, columns - 1);
+}
+
+void FormRows::AddToTable(const std::vector<RowItem>& items, QLabel* readout)
+{
+    hasTable = true;
+    const int line = grid.rowCount();
+    int place = 0;
+    for (const RowItem& item : items) {
+        const bool isHeading = place == 0 && item.control->Kind() == ControlKind::Label;
+        grid.addWidget(item.widget, line, place++, isHeading ? captionAlignment : Qt::AlignLeft | Qt::AlignVCenter);
+    }
+    if (readout != nullptr) {
+        grid.addWidget(readout, line, place, 1, columns - place, Qt::AlignLeft | Qt::AlignVCenter);
+    }
+}
+
+}  // namespace linealis::desktop
