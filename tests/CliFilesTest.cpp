@@ -216,16 +216,16 @@ TEST_F(CliFiles, NothingIsReplacedThatWasNotNamed)
               isPipe ? "out/a.pdf: Is not a regular file" : "out/a.pdf: Is a link");
         EXPECT_EQ(ReadFile(folder / "log"), "") << planted;
     }
-    Fails(2, "$cli generate a.setx -o ./a.setx", "the page would replace a.setx, which it is made from");
+    Fails(2, "$cli generate a.setx -o ./a.setx", "the page would replace a.setx, one of its inputs");
     Fails(2, "ln a.setx b.setx; $cli generate grid --load a.setx -o b.setx",
-          "the page would replace a.setx, which it is made from");
+          "the page would replace a.setx, one of its inputs");
     Fails(2, "$cli save grid -o ''", "-o takes a file name, not an empty text");
     Fails(1, "$cli form pipe.setx", "pipe.setx: Is not a regular file");
     Fails(1, "$cli form $'\\e[2J\\n\\xC2\\x9B\\xFFé~.setx'",
           "\\x1B[2J\\x0A\\xC2\\x9B\\xFFé~.setx: No such file or directory");
     ASSERT_EQ(Shell("$cli form grid > f.setx").errors, "");
-    Fails(2, "$cli save --form f.setx -o f.setx", "the settings file would replace f.setx, which it is made from");
-    Fails(2, "$cli thumbnail a.setx a.setx", "the picture would replace a.setx, which it is made from");
+    Fails(2, "$cli save --form f.setx -o f.setx", "the settings file would replace f.setx, one of its inputs");
+    Fails(2, "$cli thumbnail a.setx a.setx", "the picture would replace a.setx, one of its inputs");
     EXPECT_EQ(Shell("$cli save a.setx -o a.setx").errors, "");
     EXPECT_EQ(ReadFile(folder / "victim.pdf") + ReadFile(folder / "a.setx"), "precious" + settings);
 }
@@ -242,7 +242,7 @@ TEST_F(CliFiles, SettingsOfAnotherKindOrDamagedAreSaid)
         {"short.setx", "ended at field 23 of 23; the rest is empty"},
         {"five.setx", "ended at field 1 of 23; the rest is empty"},
         {"grid.setl", "has a length in field 21 of 23 that no field can have; what follows cannot be told"},
-        {"long.setx", "goes on behind the last of its 23 fields"},
+        {"long.setx", "continues after the last of its 23 fields"},
         {"length.setx", "has a length in field 17 of 23 that no field can have; what follows cannot be told"}};
     for (const auto& [file, problem] : problems) {
         for (const std::string command : {"generate -o p.pdf", "generate -o p.svg", "generate --check", "show",
@@ -268,7 +268,7 @@ TEST_F(CliFiles, WhatTheDiskFailsToGiveIsSaid)
 {
     const std::string noMarkers = "$cli generate graph --set CheckBoxMarkers=on --markers /proc/self/mem -o a.pdf";
     EXPECT_TRUE(Shell(noMarkers).errors.starts_with(
-        "linealis-cli: /proc/self/mem: Input/output error, so there are no markers\n"));
+        "linealis-cli: /proc/self/mem: Input/output error, so no markers are drawn\n"));
     ASSERT_EQ(Shell("ln -s /proc/self/mem bad.setx").errors, "");
     for (const char* const command :
          {"generate bad.setx -o b.pdf", "generate grid --load bad.setx -o b.pdf", "form grid --form bad.setx",

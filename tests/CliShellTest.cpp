@@ -84,23 +84,23 @@ TEST_F(CliShell, APartOfAFormWillDo)
     Fails(2, "$cli generate --form f.json -o a.pdf", "source is required: the form in f.json has no \"kind\"");
     Fails(2, "$cli form grid | $cli form lined --form -", "the form in standard input is of grid, not of lined");
     Fails(1, "echo '{\"controls\": 1}' | $cli form grid --form -",
-          "standard input: is no form: it has no object \"controls\"");
-    Fails(1, "echo '{\"controls\": }' | $cli form grid --form -", "standard input: is no JSON: byte 14");
+          "standard input: is not a form: it has no object \"controls\"");
+    Fails(1, "echo '{\"controls\": }' | $cli form grid --form -", "standard input: is not valid JSON: byte 14");
     Fails(2, "echo '{\"controls\": {\"units\": [1]}}' | $cli form grid --form -",
           "standard input: units is a text, a number, true or false, not a list");
     Fails(1, "echo '{\"controls\": {\"EditXScale\": 1e999}}' | $cli form grid --form -",
-          "standard input: is no form: it has a number beyond 1.8e308; a text can hold it");
+          "standard input: is not a form: it has a number beyond 1.8e308; write it as a text");
     Fails(1,
           "(printf '{\"controls\":{\"EditXScale\":'; yes '{\"value\":' | head -n 1000) | $cli form grid --form -",
-          "standard input: is no form: it has lists or objects more than 8 deep");
+          "standard input: is not a form: it has lists or objects more than 8 deep");
     Fails(2, "echo '{\"controls\": {\"units\": \"m\"}}' | $cli form grid --form -",
           "unknown item of PopupUnits 'm'; possible: cm, inches, #0 to #1");
     const std::string keys = "seq -f '\"k%g\":1,' 80000; printf '\"z\":1}";
     Fails(1, "(printf '{\"controls\":{'; " + keys + "}') | $cli form grid --form -",
-          "standard input: is no form: it has more than 256 controls");
+          "standard input: is not a form: it has more than 256 controls");
     Prints("(printf '{\"others\":{'; " + keys + ", \"controls\": {}}') | timeout 3 $cli form grid --form -");
     Fails(1, "(printf '{\"controls\":{}}'; yes '' | head -c 1048576) | $cli form grid --form -",
-          "standard input: is larger than any form");
+          "standard input: is too large for a form");
     Fails(2,
           "(printf '{\"controls\":{\"units\":\"'; yes é | head -n 99999 | tr -d '\\n'; printf '\"}}') | $cli form "
           "grid --form -",
@@ -138,21 +138,23 @@ TEST_F(CliShell, ATableMakesAPageForEachRow)
     EXPECT_EQ(Prints("ls out | head -2"), "grid-01.pdf\ngrid-02.pdf\n");
 
     Fails(2, "printf 'file,units\\nx,cm\\n../y,cm\\n' > t.csv; " + generate,
-          "t.csv, row 2: '../y' is not the name of a file alone");
-    Fails(1, "printf 'units\\ncm\\n' | iconv -t UTF-16 > t.csv; " + generate, "t.csv: is UTF-16; a table is UTF-8");
+          "t.csv, row 2: '../y' is not a plain file name");
+    Fails(1, "printf 'units\\ncm\\n' | iconv -t UTF-16 > t.csv; " + generate,
+          "t.csv: is UTF-16; save the table as UTF-8");
     Fails(1, "printf 'units\\ncm\\n\"cm\\n' > t.csv; " + generate,
           "t.csv, line 3: the quotation mark is not closed");
     Fails(2, "printf 'file\\nt.pdf\\n' > out/t.pdf; $cli generate grid --table out/t.pdf --output-dir out",
-          "the page would replace out/t.pdf, which it is made from");
+          "the page would replace out/t.pdf, one of its inputs");
     Fails(2, "printf 'units\\nkm\\n' > t.csv; " + generate,
           "t.csv, row 1: unknown item of PopupUnits 'km'; possible: cm, inches, #0 to #1");
     Fails(2, "printf 'units\\ncm\\nkm\\n' > t.csv; " + generate,
           "t.csv, row 2: unknown item of PopupUnits 'km'; possible: cm, inches, #0 to #1");
-    Fails(1, "printf 'units,x-scale\\ncm\\n' > t.csv; " + generate, "t.csv, row 1 has 1 cells, but the head has 2");
-    Fails(1, "printf 'units\\n\\n' > t.csv; " + generate, "t.csv: has no rows below its head");
+    Fails(1, "printf 'units,x-scale\\ncm\\n' > t.csv; " + generate,
+          "t.csv, row 1 has 1 cells, but the header has 2");
+    Fails(1, "printf 'units\\n\\n' > t.csv; " + generate, "t.csv: has no rows below its header");
     Fails(2, "printf 'file\\nx\\nx\\n' > t.csv; " + generate, "two pages would be written to out/x.pdf");
     Fails(2, "$cli generate grid --table t.csv -o x.pdf",
-          "--table makes a page for each row, and goes with --output-dir DIR, not with -o");
+          "--table makes a page for each row; use --output-dir DIR instead of -o");
 }
 
 TEST_F(CliShell, ATableTakesNoMoreRoomThanARow)
@@ -164,7 +166,7 @@ TEST_F(CliShell, ATableTakesNoMoreRoomThanARow)
           "t.csv, row 1: unknown control of grid '" + std::string(60, 'x') +
               "...'; possible: x-scale, paper-size, custom-width, custom-height, orientation and 15 more");
     Fails(1, "(echo units; yes cm | head -2000000; echo cm,) > t.csv; " + limited,
-          "t.csv, row 2000001 has 2 cells, but the head has 1");
+          "t.csv, row 2000001 has 2 cells, but the header has 1");
 #endif
 }
 

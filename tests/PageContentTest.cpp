@@ -102,18 +102,18 @@ TEST(PageContent, NumbersAreTheNearestDoubles)
 TEST(PageContent, DamageEndsItWithTheLine)
 {
     const std::vector<std::pair<const char*, const char*>> cases = {
-        {"1 2 m\r1 x l\r", "2: something stands behind the operator"},
-        {"1 2 l\r", "1: the operator cannot stand here"},
+        {"1 2 m\r1 x l\r", "2: unexpected text after the operator"},
+        {"1 2 l\r", "1: the operator is not allowed here"},
         {"1 w\r\r1 2 3 m\r", "3: the operator takes other operands"},
-        {"S\r", "1: the operator cannot stand here"},
+        {"S\r", "1: the operator is not allowed here"},
         {"/F15 1 Tf\r", "1: there is no such font"},
         {"[1 2 3] 0 d\r", "1: a dash cannot be read"},
         {"1 2 3 4 5 6 7 c\r", "1: too many operands"},
         {"1 2\r", "1: an operator is missing"},
         {"--1 w\r", "1: a number cannot be read"},
-        {"1e5 w\r", "1: something stands behind the operator"},
-        {"BT\rBT\r", "2: the operator cannot stand here"},
-        {"1 0 1 1 0 0 cm\r", "1: the operator cannot stand here"},
+        {"1e5 w\r", "1: unexpected text after the operator"},
+        {"BT\rBT\r", "2: the operator is not allowed here"},
+        {"1 0 1 1 0 0 cm\r", "1: the operator is not allowed here"},
         {"Do\r", "1: the operator is not known"},
         {"(a) w\r", "1: the operator takes other operands"}};
     for (const auto& [content, damage] : cases) {

@@ -78,7 +78,7 @@ TEST(Remarks, OnValuesThatThePageCorrects)
 
 TEST(Remarks, OnNumberSpacingsTellWhichOnesWriteNothing)
 {
-    EXPECT_EQ(Remark("graph", "EditXAxisSpacing", "-0.001"), "below 0 writes no numbers");
+    EXPECT_EQ(Remark("graph", "EditXAxisSpacing", "-0.001"), "below 0, no numbers are printed");
     EXPECT_EQ(Remark("graph", "EditXAxisSpacing", "0"), "counts as 1");
     EXPECT_EQ(Remark("graph", "EditXAxisSpacing", "0.001"), "counts as 1");
 }

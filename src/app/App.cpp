@@ -30,7 +30,7 @@ std::string ExtensionOf(const FolderItem& file)
 std::string WhatOpens(const FolderItem& document)
 {
     const PaperKind* const kind = FindPaperKindOf(document.Path());
-    return kind == nullptr ? document.Name() + " is no settings file of this program. Nothing opens."
+    return kind == nullptr ? document.Name() + " is not a Linealis settings file. Nothing opens."
                            : document.Name() + " opens in the window of " + std::string(kind->galleryTitle) + ".";
 }
 

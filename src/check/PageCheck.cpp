@@ -16,16 +16,17 @@ PageWarnings MarkerWarnings(const PaperForm& form, const FolderItem& file)
             warnings.push_back({"markers", std::string(box->Name()), text});
         }
     };
-    warnIf(!box->Value(), "There are no markers, since Add Markers is off");
+    warnIf(!box->Value(), "No markers are drawn: Add Markers is off");
     if (!box->Value()) {
         return warnings;
     }
     const std::string text = file.OpenAsBinaryFile().Read(BinaryStream::longestField);
     const auto has = [&](char c) { return text.find(c) != std::string::npos; };
-    warnIf(has('\t'), "The marker file holds tabs; single blanks part its fields");
-    warnIf(has(','), "The marker file holds commas, which are decimal marks; single blanks part its fields");
+    warnIf(has('\t'), "The marker file contains tabs; separate its fields with single spaces");
+    warnIf(has(','),
+           "The marker file contains commas, which count as decimal marks; separate its fields with single spaces");
     warnIf(has('\0') || text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF"),
-           "The marker file is in another encoding than UTF-8");
+           "The marker file is not UTF-8");
     return warnings;
 }
 

@@ -227,7 +227,7 @@ void CheckNumbers(const std::vector<PlacedText>& texts, PageWarnings& warnings)
     if (repeated != nullptr) {
         warnings.push_back(
             {"numbers-repeat", "",
-             "The number " + Quoted(repeated->text) + " stands at several lines: the step is lost in rounding"});
+             "The number " + Quoted(repeated->text) + " marks several lines: the step is lost in rounding"});
     }
 }
 
@@ -240,7 +240,7 @@ void CheckLines(const TextAndLineReader& page, PageWarnings& warnings)
         warnings.push_back({"off-page", "",
                             Str(static_cast<double>(page.linesOff)) +
                                 (page.linesOff == 1 ? " line reaches" : " lines reach") +
-                                " over the edge of the paper"});
+                                " beyond the edge of the paper"});
     }
 }
 
@@ -249,7 +249,7 @@ void CheckSizeOfNumbers(const TextAndLineReader& page, PageWarnings& warnings)
     constexpr double mostOfReaders = 9.2e18;  // what 64 bits hold
     if (page.largestNumber >= mostOfReaders) {
         warnings.push_back(
-            {"huge-number", "", "The page holds numbers of 9.2e18 and more, which many readers cannot read"});
+            {"huge-number", "", "The page contains numbers of 9.2e18 and more, which many readers cannot read"});
     }
 }
 
@@ -262,7 +262,7 @@ void CheckTitles(const TextAndLineReader& page, const PaperPage& read, PageWarni
             std::any_of(page.lines.begin(), page.lines.end(),
                         [&](const StraightLine& line) { return Crosses(line, text.box); })) {
             warnings.push_back(
-                {"title-over-lines", ControlOf(text, read), Quoted(text.text) + " stands over lines"});
+                {"title-over-lines", ControlOf(text, read), Quoted(text.text) + " overlaps grid lines"});
         }
     }
 }

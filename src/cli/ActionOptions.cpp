@@ -7,7 +7,7 @@ namespace linealis::cli {
 namespace {
 
 const char* const actionHelp =
-    "Actions are done in the order in which they stand:\n"
+    "Actions are applied in the order given:\n"
     "  --set CONTROL=VALUE   text; item or #INDEX of a popup or radio group; on or off; color #RRGGBB, #RGB or "
     "name\n"
     "  --type CONTROL=TEXT   text typed by hand, so that what follows from it is worked out anew\n"

@@ -25,7 +25,7 @@ Setting Split(std::string_view option, std::string_view argument)
 void CheckAbility(std::string_view option, const PaperKind& kind, bool able)
 {
     if (!able) {
-        throw UsageError{std::string(option) + " goes with graph, not with " + std::string(kind.name)};
+        throw UsageError{std::string(option) + " works with graph, not with " + std::string(kind.name)};
     }
 }
 
@@ -73,7 +73,7 @@ PageWarnings DoInOrder(const std::vector<Action>& actions, const PaperKind& kind
             CheckAbility("--markers", kind, kind.hasMarkers);
             platform.openAnswer = FolderItem(action.argument);
             if (!platform.openAnswer.Exists()) {  // the page is made all the same, without markers
-                Complain(action.argument + ": no such file, so there are no markers");
+                Complain(action.argument + ": no such file, so no markers are drawn");
             }
             break;
         case Action::Kind::Wizard:

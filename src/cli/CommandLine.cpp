@@ -88,8 +88,8 @@ const std::vector<CommandLine::Command>& CommandLine::Commands()
          "wrong.\n"},
         {"pad", "Make a file of many pages, to print a pad", &CommandLine::AddPadOptions, &CommandLine::RunPad},
         {"save", "Save a form as a settings file", &CommandLine::AddSaveOptions, &CommandLine::RunSave},
-        {"calibration", "Make the sheet that shows how true a printer's lengths are",
-         &CommandLine::AddCalibrationOptions, &CommandLine::RunCalibration},
+        {"calibration", "Make a sheet that shows how accurate a printer is", &CommandLine::AddCalibrationOptions,
+         &CommandLine::RunCalibration},
         {"thumbnail", "Make a small picture of a page", &CommandLine::AddThumbnailOptions,
          &CommandLine::RunThumbnail},
         {"help", "Show what a command does and takes", &CommandLine::AddHelpOptions, &CommandLine::RunHelp},
@@ -242,7 +242,7 @@ int CommandLine::RunKinds()  // NOLINT(readability-make-member-function-const): 
 void CommandLine::AddPresetsOptions(CLI::App& command)
 {
     AddJsonFlag(command);
-    AddOption(command, "--kind", "KIND", kind, "Of this kind of paper only");
+    AddOption(command, "--kind", "KIND", kind, "Only those of this kind of paper");
 }
 
 int CommandLine::RunPresets()
@@ -299,14 +299,14 @@ void CommandLine::AddGenerateOptions(CLI::App& command)
             AddOption(command, "--dpi", "NUMBER", request.how.dotsPerInch, "Pixels per inch of a PNG file [300]")) {
         dpi->check(CLI::Range(1.0, mostDotsPerInch).description(""))->check(IsNumber());
     }
-    AddFlag(command, "--transparent", request.how.isTransparent, "A PNG file without the white of the paper");
+    AddFlag(command, "--transparent", request.how.isTransparent, "Make the background of a PNG file transparent");
     AddOption(command, "--table", "FILE", request.table,
-              "A page for each row of a CSV file, whose head names a control a column; the column 'file' names the "
+              "Make one page per row of a CSV file whose header names the controls; the column 'file' names the "
               "pages");
-    AddNumber(command, "-j,--jobs", request.jobs, mostJobs, "Pages that are made at a time");
+    AddNumber(command, "-j,--jobs", request.jobs, mostJobs, "Pages to make in parallel");
     AddFlag(command, "--view", request.how.view, "Open the page in the viewer");
-    AddFlag(command, "--check", request.check, "Write nothing, and say what will disappoint on paper");
-    AddFlag(command, "--strict", request.isStrict, "With --check: end with status 1 if anything is found");
+    AddFlag(command, "--check", request.check, "List likely printing problems; write nothing");
+    AddFlag(command, "--strict", request.isStrict, "With --check: exit with status 1 if anything is found");
     AddFlag(command, "--json", request.asJson, "With --check: as JSON");
     AddActions(command);
 }
@@ -323,9 +323,9 @@ void CommandLine::AddPadOptions(CLI::App& command)
     AddBeginningOptions(command);
     AddSources(command, anyNumber);
     AddOutputOption(command, "The PDF file; - is standard output");
-    AddNumber(command, "--pages", pad.pages, mostPages, "Pages on the front sides; several sources take turns");
-    AddNumber(command, "--up", pad.up, mostPagesUp, "Pages on a side, 1, 2 or 4, with marks where to cut");
-    AddOption(command, "--back", "SOURCE", pad.back, "What is printed behind every page");
+    AddNumber(command, "--pages", pad.pages, mostPages, "Pages to print on the front; several sources alternate");
+    AddNumber(command, "--up", pad.up, mostPagesUp, "Pages on each side of a sheet: 1, 2 or 4, with cut marks");
+    AddOption(command, "--back", "SOURCE", pad.back, "The page to print on every back");
     AddActions(command);
 }
 
@@ -335,7 +335,7 @@ int CommandLine::RunPad()
     pad.actions = actions.InOrder();
     pad.output = output;
     if (!padWork) {
-        throw WorkError{"no pads are made here"};
+        throw WorkError{"this program cannot make pads"};
     }
     WorkOn(output, [this] { padWork(pad); });
     return done;
@@ -396,10 +396,10 @@ int CommandLine::RunHelp()
 
 void CommandLine::AddBeginningOptions(CLI::App& command)
 {
-    AddOption(command, "--preset", "PRESET", begin.preset, "Begin with a preset, which tells the kind of paper");
+    AddOption(command, "--preset", "PRESET", begin.preset, "Start from a preset, which sets the kind of paper");
     AddOption(
         command, "--form", "FILE", begin.form,
-        "Lay over it a form: the JSON that form prints, or a part of it, or an SVG or PNG page; - is standard "
+        "Apply a form on top: JSON as printed by form, all or part of it, or an SVG or PNG page; - is standard "
         "input");
 }
 

@@ -33,7 +33,7 @@ CsvReader::CsvReader(std::string theName, BinaryStream theFile) : name(std::move
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     Fill();
     if (IsUtf16(piece)) {
-        throw WorkError{name + ": is UTF-16; a table is UTF-8"};
+        throw WorkError{name + ": is UTF-16; save the table as UTF-8"};
     }
     place = piece.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
     separator = SeparatorOf(std::string_view(piece).substr(place));

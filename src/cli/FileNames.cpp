@@ -42,7 +42,7 @@ void CheckIsNoInput(std::string_view what, const std::string& output, const std:
     for (const std::string& input : inputs) {
         std::error_code oneIsMissing;
         if (fs::equivalent(input, output, oneIsMissing)) {
-            throw UsageError{std::string(what) + " would replace " + input + ", which it is made from"};
+            throw UsageError{std::string(what) + " would replace " + input + ", one of its inputs"};
         }
     }
 }

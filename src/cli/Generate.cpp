@@ -54,10 +54,10 @@ void CheckRequest(const GenerateRequest& request)
 {
     const bool toFile = !request.output.empty();
     if (toFile == !request.outputDirectory.empty()) {
-        throw UsageError{"generate takes either -o FILE or --output-dir DIR"};
+        throw UsageError{"use either -o FILE or --output-dir DIR, not both"};
     }
     if (toFile && request.table) {
-        throw UsageError{"--table makes a page for each row, and goes with --output-dir DIR, not with -o"};
+        throw UsageError{"--table makes a page for each row; use --output-dir DIR instead of -o"};
     }
     if (toFile && request.sources.size() > 1) {
         throw UsageError{"-o " + request.output + " takes one page, but " + std::to_string(request.sources.size()) +
@@ -87,14 +87,14 @@ void WarnOfIdleOptions(const GenerateRequest& request)
     const bool isPicture = !request.check && FormatOf(request).hasPixels;
     warnIf(request.asJson && !request.check, "--json", "without --check");
     warnIf(request.isStrict && !request.check, "--strict", "without --check");
-    warnIf(request.how.dotsPerInch && !isPicture, "--dpi", "on a page that is no PNG file");
-    warnIf(request.how.isTransparent && !isPicture, "--transparent", "on a page that is no PNG file");
+    warnIf(request.how.dotsPerInch && !isPicture, "--dpi", "on a page that is not a PNG file");
+    warnIf(request.how.isTransparent && !isPicture, "--transparent", "on a page that is not a PNG file");
 }
 
 bool CheckPages(const GenerateRequest& request)
 {
     if (!request.output.empty() || !request.outputDirectory.empty() || request.how.view) {
-        throw UsageError{"--check writes no page, and goes without -o, --output-dir and --view"};
+        throw UsageError{"--check writes no page; leave out -o, --output-dir and --view"};
     }
     Json found = Json::array();
     bool hasFound = false;

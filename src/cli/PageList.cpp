@@ -23,7 +23,7 @@ PageList::PageList(const GenerateRequest& theRequest, const PageFormat& theForma
             ++count;
         }
         if (count == 0) {
-            throw WorkError{table->Name() + ": has no rows below its head"};
+            throw WorkError{table->Name() + ": has no rows below its header"};
         }
         Rewind();
     }

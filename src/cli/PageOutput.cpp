@@ -24,7 +24,7 @@ void LaunchViewer(const FolderItem& file)
 {
     const std::string program = "xdg-open", path = file.Path().string();
     if (const std::error_code error = StartProgram(program, path)) {
-        throw WorkError{path + ": the page is made, but the viewer could not be started: " + program + ": " +
+        throw WorkError{path + ": the page was made, but the viewer could not be started: " + program + ": " +
                         error.message()};
     }
 }
@@ -37,7 +37,7 @@ PageWarnings WarningsOfMarkers(const PaperForm& form, const FolderItem& file)
 {
     const auto* const box = form.Find<CheckBox>("CheckBoxMarkers");
     if (box != nullptr && box->Value() && file.IsEmpty()) {
-        return {{"markers", std::string(box->Name()), "There are no markers, since no --markers FILE is given"}};
+        return {{"markers", std::string(box->Name()), "No markers are drawn: there is no --markers FILE"}};
     }
     return MarkerWarnings(form, file);
 }

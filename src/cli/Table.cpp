@@ -42,7 +42,7 @@ void CheckName(const std::string& table, const TableRow& row)
     if (row.fileName.find('/') != std::string::npos || row.fileName == "." || row.fileName == ".." ||
         row.fileName.size() > longest) {
         throw UsageError{table + ", row " + std::to_string(row.number) + ": '" + Shortened(row.fileName) +
-                         "' is not the name of a file alone"};
+                         "' is not a plain file name"};
     }
 }
 
@@ -80,7 +80,7 @@ std::optional<TableRow> Table::Next()
     TableRow row{"", {}, ++rows};
     if (cells.size() != head.size()) {
         throw WorkError{name + ", row " + std::to_string(row.number) + " has " + std::to_string(cells.size()) +
-                        " cells, but the head has " + std::to_string(head.size())};
+                        " cells, but the header has " + std::to_string(head.size())};
     }
     for (std::size_t column = 0; column < head.size(); ++column) {
         if (head[column] == nameColumn) {

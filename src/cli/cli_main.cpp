@@ -17,7 +17,7 @@ void CallPadProgram(char** argv)
     if (error == std::errc::no_such_file_or_directory) {
         error = linealis::BecomeProgram(installed, argv);
     }
-    throw WorkError{"pads are made by " + installed.string() + ": " + error.message()};
+    throw WorkError{"cannot run the program that makes pads, " + installed.string() + ": " + error.message()};
 }
 
 }  // namespace

@@ -124,9 +124,10 @@ public:
                      const nlohmann::detail::exception& error) override
     {
         if (dynamic_cast<const Json::out_of_range*>(&error) != nullptr) {
-            throw FormError{file.name + ": is no form: it has a number beyond 1.8e308; a text can hold it"};
+            throw FormError{file.name + ": is not a form: it has a number beyond 1.8e308; write it as a text"};
         }
-        throw FormError{file.name + (isPicture ? carriesNoForm : ": is no JSON: byte " + std::to_string(byte))};
+        throw FormError{file.name +
+                        (isPicture ? carriesNoForm : ": is not valid JSON: byte " + std::to_string(byte))};
     }
 
 private:
@@ -139,7 +140,7 @@ private:
     {
         field.clear();
         if (++depth > deepestForm) {
-            throw FormError{file.name + ": is no form: it has lists or objects more than " +
+            throw FormError{file.name + ": is not a form: it has lists or objects more than " +
                             std::to_string(deepestForm) + " deep"};
         }
         return true;
@@ -159,7 +160,7 @@ private:
     {
         std::erase_if(file.controls, [&](const GivenControl& control) { return control.name == name; });
         if (file.controls.size() == mostControls) {
-            throw FormError{file.name + ": is no form: it has more than " + std::to_string(mostControls) +
+            throw FormError{file.name + ": is not a form: it has more than " + std::to_string(mostControls) +
                             " controls"};
         }
         file.controls.push_back({std::move(name), {}, {}});
@@ -251,12 +252,12 @@ FormFile ParseForm(std::string name, std::string_view text)
     }
     const std::string_view json = carried ? *carried : text;
     if (json.size() > longestForm) {
-        throw FormError{file.name + ": is larger than any form"};
+        throw FormError{file.name + ": is too large for a form"};
     }
     FormReader reader(file, carried || IsNameOfCarrier(file.name));
     Json::sax_parse(json, &reader);
     if (!reader.HasControls()) {
-        throw FormError{file.name + ": is no form: it has no object \"controls\""};
+        throw FormError{file.name + ": is not a form: it has no object \"controls\""};
     }
     return file;
 }

@@ -332,7 +332,7 @@ void WarnOfPhase(const GraphForm& form, const ConstAxisFields& fields, PageWarni
     const double numbers = fields.axis.spacing.Used();
     const bool hasBoth = form.CheckBoxShowAxes.Value() && major >= 1.0 && numbers >= 1.0;
     if (std::abs(lines - std::round(lines)) > 1e-6) {
-        warn(fields.axis.minimum, " is no whole number of steps from 0: no line stands at 0");
+        warn(fields.axis.minimum, " is not a whole number of steps from 0, so no line is at 0");
     } else if (hasBoth && std::fmod(numbers, major) != 0.0 && std::fmod(major, numbers) != 0.0) {
         warn(fields.axis.spacing, ": numbers at every " + Str(numbers) + " lines and heavy lines at every " +
                                       Str(major) + " do not meet");

@@ -112,7 +112,7 @@ SettingsTable Settings(DiagonalForm& form)
 std::string DiagonalForm::WhyIdle(const Control& control) const
 {
     const bool drawsMinor = outline.CheckBoxFrame.Value() || CheckBoxHorizontal.Value() || CheckBoxVertical.Value();
-    return &control == &minor.EditMinorLineThickness && !drawsMinor ? "all that it sets is off"
+    return &control == &minor.EditMinorLineThickness && !drawsMinor ? "everything it sets is off"
                                                                     : PaperForm::WhyIdle(control);
 }
 

@@ -234,7 +234,7 @@ bool PageReader::ReadOperator()
     const std::string_view word(start, next);
     SkipBlanks();
     if (!AtLineEnd()) {
-        return Fail("something stands behind the operator");
+        return Fail("unexpected text after the operator");
     }
     for (const OperatorForm& form : operatorForms) {
         if (form.word == word) {

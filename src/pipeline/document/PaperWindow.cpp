@@ -109,7 +109,7 @@ PageQuestions PaperWindow::Dialogs() const
                 const FolderItem chosen = platform.GetOpenFolderItem(textFileType);
                 auto file = std::make_shared<MarkerFile>(chosen);
                 if (chosen.Exists() && !file->Error().empty()) {
-                    platform.Note(file->Error() + ", so there are no markers");
+                    platform.Note(file->Error() + ", so no markers are drawn");
                 }
                 return [file](std::string& line) { return file->NextLine(line); };
             }};

@@ -130,7 +130,7 @@ std::string LoadResult::Problem() const
         return "ended at field " + std::to_string(fieldsRead + 1) + " of " + std::to_string(fields) +
                "; the rest is empty";
     }
-    return goesOn ? "goes on behind the last of its " + std::to_string(fields) + " fields" : "";
+    return goesOn ? "continues after the last of its " + std::to_string(fields) + " fields" : "";
 }
 
 namespace settings {

@@ -8,13 +8,13 @@ namespace linealis {
 
 namespace {
 
-struct Row {
+struct NamedColor {
     std::string_view name;
     std::uint32_t color;
 };
 
 // clang-format off
-constexpr std::array<Row, 148> rows = {{
+constexpr std::array<NamedColor, 148> namedColors = {{
     {"aliceblue", 0xF0F8FF}, {"antiquewhite", 0xFAEBD7}, {"aqua", 0x00FFFF}, {"aquamarine", 0x7FFFD4},
     {"azure", 0xF0FFFF}, {"beige", 0xF5F5DC}, {"bisque", 0xFFE4C4}, {"black", 0x000000},
     {"blanchedalmond", 0xFFEBCD}, {"blue", 0x0000FF}, {"blueviolet", 0x8A2BE2}, {"brown", 0xA52A2A},
@@ -67,7 +67,7 @@ Color ColorOf(std::uint32_t number)
 
 std::optional<Color> ColorNamed(std::string_view name)
 {
-    for (const Row& row : rows) {
+    for (const NamedColor& row : namedColors) {
         if (IsSameText(row.name, name)) {
             return ColorOf(row.color);
         }
@@ -78,7 +78,7 @@ std::optional<Color> ColorNamed(std::string_view name)
 std::vector<std::string> ColorNames()
 {
     std::vector<std::string> names;
-    for (const Row& row : rows) {
+    for (const NamedColor& row : namedColors) {
         names.emplace_back(row.name);
     }
     return names;

@@ -85,7 +85,7 @@ private:
             }
         }
         if (first != nullptr) {
-            Warn("margin", *first, names + " under 6.35 mm: many printers do not reach so close to the edge");
+            Warn("margin", *first, names + " under 6.35 mm: many printers cannot print so close to the edge");
         }
     }
 
@@ -129,7 +129,7 @@ private:
         const double cell = field.Used() * frame.unitPixels;
         if (cell > room) {
             Warn("cell", field,
-                 WholeName(form, field) + " of " + LengthWords(cell, frame) + " is larger than the room of " +
+                 WholeName(form, field) + " of " + LengthWords(cell, frame) + " is larger than the space of " +
                      LengthWords(room, frame) + " between the margins");
         }
     }
@@ -220,7 +220,7 @@ void WarnOfInk(const Form& form, const TextField& weight, double distance, PageW
     if (distance > 0.0 && width >= distance) {
         warnings.push_back({"ink", std::string(weight.Name()),
                             WholeName(form, weight) + ": " + Rough(width) + " wide but only " + Rough(distance) +
-                                " apart, they leave no white between them"});
+                                " apart, so no white is left between them"});
     }
 }
 
