@@ -375,6 +375,7 @@ QString FormView::ShowRemark(const TextField& field)
     QString remark = RemarkText(form, field);
     edit.Mark(!remark.isEmpty());
     const QString hint = ToQt(HintOf(field));
+    edit.setToolTip(remark.isEmpty() ? hint : remark + QLatin1Char('\n') + hint);  // a heading may cut it
     edit.setAccessibleDescription(remark.isEmpty() ? hint : remark + QStringLiteral(". ") + hint);
     return remark;
 }
