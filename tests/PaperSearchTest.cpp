@@ -33,13 +33,14 @@ TEST_F(PaperSearchTest, FindsAllWordsInKindsPresetsOwnOnesAndFiles)
     EXPECT_EQ(suggested[0], "P Squares 5 mm");
     EXPECT_FALSE(RecentFiles(preferences).Add(file));
     EXPECT_EQ(Found(""), Names{"R Lecture Zoo Ärger Þ.setc"});
-    EXPECT_EQ(Found("CORNELL"), (Names{"K Note Paper", "P Cornell Notes A4, 8 mm lines",
-                                       "P Cornell Notes Letter, 8 mm lines", "O My cornell"}));
+    EXPECT_EQ(Found("CORNELL"),
+              (Names{"K Note Paper", "P Cornell Notes A4, 8 mm lines", "P Cornell Notes A4, left-handed",
+                     "P Cornell Notes Letter, 8 mm lines", "O My cornell"}));
     EXPECT_EQ(Found("cornell 8", false)[0], "P Cornell Notes Letter, 8 mm lines");
     EXPECT_EQ(Found("note my"), Names{"O My cornell"});
     EXPECT_EQ(Found("ärger  LECT zoo þ"), Names{"R Lecture Zoo Ärger Þ.setc"});
     EXPECT_EQ(Found("5 mm")[0], "P Squares 5 mm");
-    EXPECT_EQ(Found("semi-log 3"), Names{"P Semi-log, 3 decades"});
+    EXPECT_EQ(Found("semi-log 3"), (Names{"P Semi-log, 3 decades", "P Semi-log across, 3 decades"}));
     EXPECT_EQ(Found("cornell rainbow"), Names{});
     for (const PaperKind& kind : PaperKinds()) {
         EXPECT_EQ(Found(kind.galleryTitle)[0], "K " + std::string(kind.galleryTitle));

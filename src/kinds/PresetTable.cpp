@@ -59,10 +59,20 @@ Settings Cells(Text size)
     return {{"EditVertSpacing", size}, {"EditHorzSpacing", size}};
 }
 
+Settings GridLines(Text weight)
+{
+    return {{"EditHorzWeight", weight}, {"EditVertWeight", weight}, {"LinesColorCanvas", softBlue}};
+}
+
 Settings Squares(Text size, Text weight)
 {
-    return Join(
-        {Cells(size), {{"EditHorzWeight", weight}, {"EditVertWeight", weight}, {"LinesColorCanvas", softBlue}}});
+    return Join({Cells(size), GridLines(weight)});
+}
+
+/// A stitch is wider than it is high.
+Settings Stitches(Text height, Text width)
+{
+    return Join({{{"EditVertSpacing", height}, {"EditHorzSpacing", width}}, GridLines(".3")});
 }
 
 Settings Dots()
@@ -80,6 +90,15 @@ Settings Ruled(Text linesPerUnit, Text blankLines)
             {"EditLineThicknessHorz", ".5"},
             {"EditLineThicknessVert", ".4"},
             {"LineColorCanvas", softBlue}};
+}
+
+/// For people with low vision: few heavy black lines.
+Settings BoldRuled(Text linesPerUnit)
+{
+    return {{"EditHorzSpacing", linesPerUnit},
+            {"EditBlankTop", "1"},
+            {"EditLineThicknessHorz", "2"},
+            {"CheckBoxDrawVertical", "off"}};
 }
 
 /// Note paper whose boxes are left for the hand that writes.
@@ -169,10 +188,10 @@ Settings LinearX()
             {"EditXAxisMaximum", "18"}, {"EditXAxisStep", ".2"}, {"EditXAxisSpacing", "5"}};
 }
 
-Settings LinearY()
+Settings LinearY(Text maximum)
 {
-    return {{"EditYLineSpacing", "5"},  {"EditYMajor", "5"},     {"EditYAxisMinimum", "0"},
-            {"EditYAxisMaximum", "17"}, {"EditYAxisStep", ".2"}, {"EditYAxisSpacing", "5"}};
+    return {{"EditYLineSpacing", "5"},     {"EditYMajor", "5"},     {"EditYAxisMinimum", "0"},
+            {"EditYAxisMaximum", maximum}, {"EditYAxisStep", ".2"}, {"EditYAxisSpacing", "5"}};
 }
 
 /// The spacing cuts the grid to whole lines also where none of them is drawn, so it is fine.
@@ -220,6 +239,12 @@ Settings SemiLog(Text decades)
     return OnA4(Join({PlotMargins(), Plot(LinearX(), TypeY(decades))}));
 }
 
+/// With the logarithmic axis across.
+Settings SemiLogX(Text decades, Text numberSize = "7")
+{
+    return OnA4(Join({PlotMargins(), Plot(TypeX(decades), LinearY("27"), numberSize)}));
+}
+
 Settings LogLog(Text decades)
 {
     return OnA4(Join({PlotMargins(), Plot(TypeX(decades), TypeY(decades))}));
@@ -243,6 +268,13 @@ std::vector<Preset> MakePresets()
         {"quad-tenth-inch", "Quad 1/10 inch", "grid", us, "squares quadrille graph 10 ten",
          OnLetter(Join({Squares("0.1", ".25"), NarrowMargins("0.25")}))},
 
+        {"battle-grid", "Battle Grid 1 inch", "grid", us, "squares game map miniatures",
+         OnLetter(Join({Squares("1", ".7"), NarrowMargins("0.25")}))},
+        {"knitting-4-5", "Knitting Gauge 4 by 5", "grid", metric, "stitches rows knit crochet needlework",
+         OnA4(Join({Stitches("0.4", "0.5"), NarrowMargins("0.65")}))},
+        {"knitting-5-7", "Knitting Gauge 5 by 7", "grid", metric, "stitches rows knit crochet needlework",
+         OnA4(Join({Stitches("0.5", "0.7"), NarrowMargins("0.65")}))},
+
         {"squares-5mm-heavy", "Squares 5 mm, heavy every 1 cm", "graph", metric, "quad squared majors bold",
          OnA4(Join({HeavySquares("2", "2"), Margins("0.8", "0.8", "0.65", "0.65")}))},
         {"squares-4mm-heavy", "Squares 4 mm, heavy every 2 cm", "graph", metric, "quad squared majors bold",
@@ -253,6 +285,11 @@ std::vector<Preset> MakePresets()
          "millimetre millimeter squared majors bold",
          OnA4(Join({HeavySquares("10", "10"), Margins("0.8", "0.8", "0.65", "0.65")}))},
 
+        {"squares-5mm-heavy-5", "Squares 5 mm, heavy every 5", "graph", metric, "quad squared majors bold",
+         OnA4(Join({HeavySquares("2", "5"), Margins("0.8", "0.8", "0.65", "0.65")}))},
+        {"squares-6mm-heavy-5", "Squares 6 mm, heavy every 5", "graph", metric, "quad squared majors bold",
+         OnA4(Join({HeavySquares("1.6666667", "5"), Margins("0.8", "0.8", "0.65", "0.65")}))},
+
         {"ruled-8mm", "Ruled 8 mm", "lined", metric, "lines writing school notebook",
          OnA4(Join({Ruled("1.25", "2"), {{"EditBlankLeft", "2"}}, Margins("0.8", "0.8", "0.65", "0.65")}))},
         {"ruled-wide", "Wide Ruled", "lined", us, "lines writing school legal 11/32",
@@ -261,6 +298,11 @@ std::vector<Preset> MakePresets()
          OnLetter(Join({Ruled("3.5556", "4"), {{"EditBlankLeft", "1"}}, Margins("0.25", "0.25", "0.25", "0.25")}))},
         {"ruled-narrow", "Narrow Ruled", "lined", us, "lines writing 1/4",
          OnLetter(Join({Ruled("4", "4"), {{"EditBlankLeft", "1"}}, Margins("0.25", "0.25", "0.25", "0.25")}))},
+
+        {"ruled-bold-15mm", "Bold Ruled 15 mm", "lined", metric, "low vision large lines writing",
+         OnA4(Join({BoldRuled("0.6666667"), NarrowMargins("0.65")}))},
+        {"ruled-bold-three-quarter-inch", "Bold Ruled 3/4 inch", "lined", us, "low vision large lines writing",
+         OnLetter(Join({BoldRuled("1.3333333"), NarrowMargins("0.25")}))},
 
         {"dots-5mm", "Dot Grid 5 mm", "dots", metric, "dotted journal bullet",
          OnA4(Join({Cells("0.5"), Dots(), NarrowMargins("0.65")}))},
@@ -279,12 +321,19 @@ std::vector<Preset> MakePresets()
         {"cornell-letter", "Cornell Notes Letter, 8 mm lines", "cornell", us, "note lecture cue summary",
          OnLetter(Notes("3.175"))},
 
+        {"cornell-left-handed", "Cornell Notes A4, left-handed", "cornell", metric, "note lecture cue summary",
+         OnA4(Join({Notes("1.25"), {{"CheckCueLeft", "off"}}}))},
+
         // A hexagon is 1.7321 sides high from flat to flat.
         {"hexagons-1inch-side", "Hexagons 1 inch by side", "hexagon", us, "hex game map", OnLetter(CellSize("1"))},
         {"hexagons-1inch-flats", "Hexagons 1 inch across flats", "hexagon", us, "hex game map miniatures",
          OnLetter(CellSize("0.57735"))},
         {"hexagons-10mm", "Hexagons 10 mm across flats", "hexagon", metric, "hex game map chemistry",
          OnA4(CellSize("0.57735"))},
+        {"hexagons-5mm", "Hexagons 5 mm across flats", "hexagon", metric, "hex game map chemistry",
+         OnA4(CellSize("0.288675"))},
+        {"isometric-10mm", "Isometric 10 mm", "isometric", metric, "triangles 30 degrees drawing 3d",
+         OnA4(CellSize("1"))},
         {"isometric-5mm", "Isometric 5 mm", "isometric", metric, "triangles 30 degrees drawing 3d",
          OnA4(CellSize("0.5"))},
         {"isometric-quarter-inch", "Isometric 1/4 inch", "isometric", us, "triangles 30 degrees drawing 3d",
@@ -308,6 +357,11 @@ std::vector<Preset> MakePresets()
         {"semi-log-3", "Semi-log, 3 decades", "graph", metric, "logarithmic cycles", SemiLog("Log 3 Decades")},
         {"semi-log-4", "Semi-log, 4 decades", "graph", metric, "logarithmic cycles", SemiLog("Log 4 Decades")},
         {"semi-log-5", "Semi-log, 5 decades", "graph", metric, "logarithmic cycles", SemiLog("Log 5 Decades")},
+        {"semi-log-x-1", "Semi-log across, 1 decade", "graph", metric, "logarithmic cycle", SemiLogX("Log 1 Decade")},
+        {"semi-log-x-2", "Semi-log across, 2 decades", "graph", metric, "logarithmic cycles", SemiLogX("Log 2 Decades")},
+        {"semi-log-x-3", "Semi-log across, 3 decades", "graph", metric, "logarithmic cycles", SemiLogX("Log 3 Decades")},
+        {"semi-log-x-4", "Semi-log across, 4 decades", "graph", metric, "logarithmic cycles", SemiLogX("Log 4 Decades")},
+        {"semi-log-x-5", "Semi-log across, 5 decades", "graph", metric, "logarithmic cycles", SemiLogX("Log 5 Decades", "5")},
         {"log-log-1", "Log-log, 1 by 1 decade", "graph", metric, "logarithmic cycle", LogLog("Log 1 Decade")},
         {"log-log-2", "Log-log, 2 by 2 decades", "graph", metric, "logarithmic cycles", LogLog("Log 2 Decades")},
         {"log-log-3", "Log-log, 3 by 3 decades", "graph", metric, "logarithmic cycles", LogLog("Log 3 Decades")},
@@ -319,7 +373,7 @@ std::vector<Preset> MakePresets()
         {"probability-log", "Probability against log, 2 decades", "graph", metric, "lognormal distribution percent",
          OnA4(Join({PlotMargins(), Plot(TypeX("Log 2 Decades"), TypeY("Probability"))}))},
         {"hydraulic-linear", "Hydraulic 1.85 against linear", "graph", metric, "flow pressure hydrant sprinkler",
-         LyingA4(Join({PlotMargins(), Plot(HydraulicX(), LinearY())}))},
+         LyingA4(Join({PlotMargins(), Plot(HydraulicX(), LinearY("17"))}))},
         {"hydraulic-2.63", "Hydraulic 1.85 against 2.63", "graph", metric, "flow diameter pipe",
          LyingA4(Join({PlotMargins(), Plot(HydraulicX(), HydraulicY())}))},
         // 1 up is as long as 1 across, where pi is 16 lines.
