@@ -388,7 +388,7 @@ TEST_F(Commands, NeedWhatTheyWorkOn)
     EXPECT_EQ(disabled(nullptr, false), (Names{"FileOpen", "FileSave", "FileSaveAs", "FileClose"}));
     PaperWindow& window = Window("grid");
     window.FileSaveAs_Action();
-    EXPECT_EQ(disabled(&window, true), Names{"FileSave"}) << "the dialog was cancelled";
+    EXPECT_EQ(disabled(&window, true), Names{"FileSave"}) << "the dialog was canceled";
     platform.saveAnswer = FolderItem(folder / "page.pdf");
     window.PushButtonGenerate_Action();
     EXPECT_EQ(disabled(&window, true), Names{"FileSave"}) << "a page is no settings file";

@@ -16,7 +16,7 @@
 namespace linealis::test {
 namespace {
 
-/// A figure in millimetres of the page, from its upper left corner.
+/// A figure in millimeters of the page, from its upper left corner.
 using Figure = std::vector<double>;
 
 /// Figures of a page as its content has them: strokes and fills, with the width of a stroke first.

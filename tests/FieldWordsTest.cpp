@@ -31,11 +31,11 @@ TEST(TypedNumber, IsInTheFieldsOwnUnit)
                                               {"-1/8", "-0.125"},
                                               {"0.5in", "0.5"},
                                               {".3\u2033", "0.3"},
-                                              {"5mm", "0.5", Quantity::Length, LengthUnit::Centimetres},
-                                              {"1/4in", "0.635", Quantity::Length, LengthUnit::Centimetres},
+                                              {"5mm", "0.5", Quantity::Length, LengthUnit::Centimeters},
+                                              {"1/4in", "0.635", Quantity::Length, LengthUnit::Centimeters},
                                               {"0.1cm", "0.1", Quantity::Centimeters},
                                               {"7mm", "3.628571", Quantity::CountPerUnit},
-                                              {"7mm", "1.428571", Quantity::CountPerUnit, LengthUnit::Centimetres},
+                                              {"7mm", "1.428571", Quantity::CountPerUnit, LengthUnit::Centimeters},
                                               {"7/2", "3.5", Quantity::CountPerUnit},
                                               {"0.1mm", "0.2834646", Quantity::Points},
                                               {"0.5pt", "0.5", Quantity::Points, LengthUnit::None},
@@ -60,7 +60,7 @@ TEST(Stepped, FitsWhatTheFieldMeans)
     };
     EXPECT_EQ(inches(Meaning::Length, ".25", 1.0), "0.3");
     EXPECT_EQ(inches(Meaning::Length, "0.125", 1.0), "0.175");
-    EXPECT_EQ(Stepped(Meaning::Spacing, "0.5", -1.0, LengthUnit::Centimetres), "0.4");
+    EXPECT_EQ(Stepped(Meaning::Spacing, "0.5", -1.0, LengthUnit::Centimeters), "0.4");
     EXPECT_EQ(inches(Meaning::Spacing, "0.05", -10.0), "0");
     EXPECT_EQ(inches(Meaning::Length, "0", -1.0), "-0.05");
     EXPECT_EQ(inches(Meaning::Weight, ".1", 10.0), "1.1");
@@ -72,7 +72,7 @@ TEST(Stepped, FitsWhatTheFieldMeans)
     EXPECT_EQ(inches(Meaning::Length, "1e307", 1.0), "1e307") << "as far as numbers go";
 }
 
-TEST(FieldWords, SayLengthsInMillimetres)
+TEST(FieldWords, SayLengthsInMillimeters)
 {
     Paper lined("lined");
     const Form& form = lined.window->form;

@@ -69,7 +69,7 @@ TEST_F(GraphMarkers, WithoutAFileThereAreNoneAndNoError)
         EXPECT_EQ(Generate(), plain) << name;
     }
     platform.openAnswer = FolderItem();
-    EXPECT_EQ(Generate(), plain) << "cancelled; nothing of the first file is kept";
+    EXPECT_EQ(Generate(), plain) << "canceled; nothing of the first file is kept";
     platform.openAnswer = FolderItem(folder / "markers");
     EXPECT_NE(Generate(), plain);
     Set({"CheckBoxMarkers=off"});

@@ -134,7 +134,7 @@ TEST_F(Window, RemembersItsFileUntilAShiftClick)
     EXPECT_EQ(platform.launched, (std::vector{page, page, platform.saveAnswer}));
 }
 
-TEST_F(Window, CancelledDialogMakesNothing)
+TEST_F(Window, CanceledDialogMakesNothing)
 {
     Generate();
     const std::string old = ReadFile(page.Path());

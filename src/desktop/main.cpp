@@ -216,7 +216,7 @@ int main(int argc, char** argv)
     case desktop::SingleInstance::Start::HandedOver:
         std::puts("Linealis is already running; its window comes to the front.");
         return 0;
-    case desktop::SingleInstance::Start::Cancelled:
+    case desktop::SingleInstance::Start::Canceled:
         std::fputs("linealis: the running program has not answered, and nothing was opened\n", stderr);
         return 1;
     case desktop::SingleInstance::Start::First:

@@ -188,7 +188,7 @@ private:
 struct GraphAxis {
     AxisName name = AxisName::x;
     AxisType type = linear;
-    double lineSpacing = 0.0;  ///< between two neighbouring grid lines
+    double lineSpacing = 0.0;  ///< between two neighboring grid lines
     double lineThickness = 0.0;
     double majorStep = 0.0;  ///< every how many grid lines a major line falls
     double majorWeight = 0.0;

@@ -181,7 +181,7 @@ Settings Plot(const Settings& x, const Settings& y, Text numberSize = "7")
                  Untitled()});
 }
 
-/// Every centimetre is 1, numbered from 0.
+/// Every centimeter is 1, numbered from 0.
 Settings LinearX()
 {
     return {{"EditXLineSpacing", "5"},  {"EditXMajor", "5"},     {"EditXAxisMinimum", "0"},

@@ -15,7 +15,7 @@ struct Preset {
     std::string_view id;     ///< on the command line
     std::string_view title;  ///< for people
     std::string_view kind;   ///< name of its PaperKind
-    bool isMetric = true;    ///< A4 and centimetres; otherwise Letter, and lengths are in inches where it has any
+    bool isMetric = true;    ///< A4 and centimeters; otherwise Letter, and lengths are in inches where it has any
     std::string_view keywords;      ///< what else it may be looked for by; words parted by blanks
     std::vector<Setting> settings;  ///< in the order in which a person would set them: the units first
 };

@@ -9,7 +9,7 @@
 
 namespace linealis {
 
-// What the grid, dots, crosses and brick papers share: whole cells, centred between the margins, with horizontal
+// What the grid, dots, crosses and brick papers share: whole cells, centered between the margins, with horizontal
 // and vertical lines on their edges.
 
 /// The two spacings, each with its opening text.
@@ -48,7 +48,7 @@ struct LineFields {
 
 /// A grid of whole cells on a page. Lengths in points.
 struct CellGrid {
-    double left = 0.0;         ///< of the first column, moved in from the margin so that the grid stands centred
+    double left = 0.0;         ///< of the first column, moved in from the margin so that the grid stands centered
     double bottom = 0.0;       ///< of the first row, likewise
     double horzSpacing = 0.0;  ///< between two vertical lines
     double vertSpacing = 0.0;  ///< between two horizontal lines

@@ -6,7 +6,7 @@
 
 namespace linealis {
 
-/// A honeycomb with flat sides at the top and bottom of its cells, of whole rows and columns, centred on the page.
+/// A honeycomb with flat sides at the top and bottom of its cells, of whole rows and columns, centered on the page.
 /// The cell size is the side of a hexagon.
 struct HexagonForm final : PaperForm {
     CellSizeFields cell{*this, "line-weight-of-the-hexagons", ".3", "hexagons", {"cell"}};

@@ -7,7 +7,7 @@
 
 namespace linealis {
 
-/// Circles about a centre, crossed by major spokes with labels at their ends and by minor spokes, with a title.
+/// Circles about a center, crossed by major spokes with labels at their ends and by minor spokes, with a title.
 struct PolarForm final : PaperForm {
     TextField EditNumCircles{*this,
                              Group::Spacing,

@@ -115,14 +115,14 @@ public:
     void ShowFont(std::string_view text, std::int64_t font);
     /// At (x, y), turned by an angle in degrees. The text position is added, in the turned system.
     void ShowRotated(std::string_view text, double angle, double x, double y);
-    /// On a circle, centred on the angle in degrees, in font 0.
+    /// On a circle, centered on the angle in degrees, in font 0.
     void DrawRotatedText(std::string_view text, double centerX, double centerY, double radius, double angle,
                          std::int64_t size);
     void DrawRotatedTextFont(std::string_view text, double centerX, double centerY, double radius, double angle,
                              std::int64_t size, std::int64_t font);
     void DrawCircle(double x, double y, double r);
     void FillCircle(double x, double y, double r);
-    /// A filled rectangle, turned about its centre by an angle in degrees.
+    /// A filled rectangle, turned about its center by an angle in degrees.
     void FillRectRotated(std::int64_t x1, std::int64_t y1, std::int64_t x2, std::int64_t y2, double angle);
     /// Opens a text object if none is open, and sets the font.
     void HandleInTextMode();

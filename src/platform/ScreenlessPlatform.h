@@ -29,9 +29,9 @@ public:
 
     // Answers.
     bool shiftKey = false;
-    FolderItem saveAnswer;             ///< empty: every save dialog is cancelled
-    FolderItem openAnswer;             ///< empty: every open dialog is cancelled
-    std::optional<Color> colorAnswer;  ///< empty: the color picker is cancelled
+    FolderItem saveAnswer;             ///< empty: every save dialog is canceled
+    FolderItem openAnswer;             ///< empty: every open dialog is canceled
+    std::optional<Color> colorAnswer;  ///< empty: the color picker is canceled
     FolderItem preferencesFolder;      ///< empty: nothing is remembered between runs
     std::optional<LocalTime> clock;    ///< empty: the real clock
     FolderItem temporaryFolder;        ///< empty: there is none

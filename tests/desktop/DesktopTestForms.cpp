@@ -292,7 +292,7 @@ TEST_F(DesktopForm, LengthsTakeUnitsAndNumbersStep)
     Child<QAbstractButton>(window, "ToolUndo").click();
     EXPECT_EQ(Shown(window, {"EditVertSpacing", "EditHorzSpacing"}), "0.1968504 0.25");
     Child<QAbstractButton>(window, "ToolUndo").click();
-    EXPECT_EQ(Shown(window, "EditVertSpacing"), "0.25");
+    EXPECT_EQ(Shown(window, {"EditVertSpacing", "StatusLine"}), "0.25 Undid: Vertical Spacing 0.25 → 0.1968504");
 
     Click(field);
     field.selectAll();

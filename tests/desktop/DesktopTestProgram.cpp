@@ -421,7 +421,7 @@ TEST_F(LongPage, CanBeCancelled)
 
     Enter(*window, {"EditVertSpacing=1", "EditHorzSpacing=1"});
     Click(Child(*window, "PushButtonGenerate"));
-    EXPECT_NE(ReadFile(page), old) << "the next page is not cancelled";
+    EXPECT_NE(ReadFile(page), old) << "the next page is not canceled";
     EXPECT_EQ(viewer.shown, Names({page}));
 }
 

@@ -338,14 +338,14 @@ TEST_F(DesktopLivePage, IsMeasuredAndTold)
     }
     page.ZoomTo(150.0);
 
-    // A mark of the ruler stands where the page has its centimetre.
+    // A mark of the ruler stands where the page has its centimeter.
     auto& ruler = Child(window, "RulerAcross");
     const QImage shown = ruler.grab().toImage();
     const int edge = shown.height() - 1;
-    const double centimetre = 72.0 / 2.54 * page.PixelsPerPoint();
+    const double centimeter = 72.0 / 2.54 * page.PixelsPerPoint();
     int found = 0;
     for (int i = 0; i <= 21; ++i) {
-        const auto x = static_cast<int>(std::floor(page.Origin().x() + i * centimetre));
+        const auto x = static_cast<int>(std::floor(page.Origin().x() + i * centimeter));
         if (x >= 1 && x < shown.width() - 1) {
             ++found;
             const auto dark = [&](int at) { return qGray(shown.pixel(at, edge - 9)) < 128; };
@@ -359,8 +359,8 @@ TEST_F(DesktopLivePage, IsMeasuredAndTold)
             EXPECT_GE(steps.mark * scale, 4.0) << scale;
             EXPECT_GE(steps.mark * steps.marksPerNumber * scale, 38.0) << scale;
             const std::set<double> inches = {0.25, 0.5, 1.0, 2.0, 5.0, 10.0, 20.0};
-            const std::set<double> centimetres = {0.5, 1.0, 2.0, 5.0, 10.0, 20.0, 50.0, 100.0};
-            EXPECT_TRUE((inInches ? inches : centimetres).contains(steps.number)) << steps.number;
+            const std::set<double> centimeters = {0.5, 1.0, 2.0, 5.0, 10.0, 20.0, 50.0, 100.0};
+            EXPECT_TRUE((inInches ? inches : centimeters).contains(steps.number)) << steps.number;
         }
     }
     EXPECT_EQ(desktop::StepsOf({0.0, 595.0, 4.0 / 4.5, true}).mark, 4.5) << "sixteenths, four pixels apart";

@@ -92,7 +92,7 @@ TEST_F(SingleInstanceTest, WaitsForAProgramThatDoesNotAnswer)
     QLocalServer silent;
     ASSERT_TRUE(silent.listen(path + QStringLiteral("/linealis")));
     SingleInstance second(path, name);
-    EXPECT_EQ(second.HandOver({QStringLiteral("/a.setx")}, [&] { second.Cancel(); }), Start::Cancelled);
+    EXPECT_EQ(second.HandOver({QStringLiteral("/a.setx")}, [&] { second.Cancel(); }), Start::Canceled);
     EXPECT_EQ(second.HandOver({QStringLiteral("/a.setx")}, [&] { running.unlock(); }), Start::First)
         << "it has ended";
 }
@@ -131,7 +131,7 @@ TEST_F(SingleInstanceTest, TakesNothingButAMessage)
     ASSERT_TRUE(odd.waitForBytesWritten());
     odd.abort();  // before the program has looked
     QTest::qWait(50);
-    EXPECT_EQ(received.size(), 0) << "it has been cancelled";
+    EXPECT_EQ(received.size(), 0) << "it has been canceled";
     send(QByteArray("/a\0/b\0\0/c\0\0", 12), true);
     ASSERT_EQ(received.size(), 1);
     EXPECT_EQ(received[0].at(0).toStringList(), QStringList({QStringLiteral("/a"), QStringLiteral("/b")}));

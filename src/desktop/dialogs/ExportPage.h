@@ -11,7 +11,7 @@ namespace linealis::desktop {
 
 /// What an export is to be.
 struct ExportChoice {
-    QString path;                        ///< empty: the user has cancelled
+    QString path;                        ///< empty: the user has canceled
     const PageFormat* format = nullptr;  ///< whose ending the path has
     WriteOptions options;
 };

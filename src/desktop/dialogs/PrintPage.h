@@ -34,7 +34,7 @@ using ModalRunner = std::function<int(QDialog& dialog)>;
 /// Lets the user choose the printer in the print dialog (paper and orientation are the page's all the same), tells
 /// the warnings, if there are any, in one message with Print and Cancel, and prints with the chosen printer's
 /// factors of the file. An empty file means factors of 1. Returns what to say in a status line; empty if the user
-/// cancelled. What `turns` throws passes through.
+/// canceled. What `turns` throws passes through.
 QString PrintWithDialog(QPrinter& printer, const DrawnPage& page, Turns& turns, const FolderItem& factorsFile,
                         QWidget* parent, const ModalRunner& runModal);
 

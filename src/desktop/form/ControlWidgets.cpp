@@ -62,7 +62,8 @@ struct WidgetMaker {
 ControlWidget WidgetMaker::operator()(TextField& field) const
 {
     auto* const edit = new FieldEdit(field, form);
-    QObject::connect(edit, &FieldEdit::Committed, edit, events.onCommitted);
+    QObject::connect(edit, &FieldEdit::Committed, edit,
+                     [&field, committed = events.onCommitted] { committed(field); });
     return {edit, [edit] { edit->Refresh(); }};
 }
 
@@ -76,7 +77,7 @@ ControlWidget WidgetMaker::operator()(Popup& popup) const
                      [&popup, committed = events.onCommitted](int index) {
                          if (index != popup.ListIndex()) {
                              popup.SetListIndex(index);
-                             committed();
+                             committed(popup);
                          }
                      });
     box->setAccessibleDescription(ToQt(WholeName(form, popup)));  // on Unix its name is the item that it shows
@@ -99,7 +100,7 @@ ControlWidget WidgetMaker::operator()(RadioGroup& group) const
                      [&group, committed = events.onCommitted](int index, bool on) {
                          if (on && index != group.ListIndex()) {
                              group.SetListIndex(index);
-                             committed();
+                             committed(group);
                          }
                      });
     return {row, [buttons, &group] { buttons->button(group.ListIndex())->setChecked(true); }};
@@ -111,7 +112,7 @@ ControlWidget WidgetMaker::operator()(CheckBox& box) const
     QObject::connect(check, &QCheckBox::toggled, check, [&box, committed = events.onCommitted](bool on) {
         if (on != box.Value()) {
             box.Click(on);
-            committed();
+            committed(box);
         }
     });
     return {check, [check, &box] { check->setChecked(box.Value()); }};
@@ -122,7 +123,7 @@ ControlWidget WidgetMaker::operator()(Swatch& swatch) const
     auto* const canvas = new ColorSwatch;
     QObject::connect(canvas, &ColorSwatch::clicked, canvas, [&swatch, events = events] {
         events.onSwatch(swatch);
-        events.onCommitted();
+        events.onCommitted(swatch);
     });
     return {canvas, [canvas, &swatch] {
                 canvas->SetColor(swatch.Shown());

@@ -18,7 +18,8 @@ struct ControlWidget {
 /// What widgets tell of.
 struct ControlEvents {
     std::function<void(Swatch& swatch)> onSwatch;  ///< a color swatch is clicked
-    std::function<void()> onCommitted;             ///< a change has ended, and the control has it
+    /// The user has ended a change of the control, which has the new value.
+    std::function<void(const Control& control)> onCommitted;
 };
 
 /// Makes the widget of a control. The control follows whatever the widget shows, be it by a key, a click or another

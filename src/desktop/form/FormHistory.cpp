@@ -1,6 +1,12 @@
 #include "desktop/form/FormHistory.h"
 
+#include "desktop/system/Text.h"
+#include "pipeline/form/FieldWords.h"
+#include "pipeline/form/SetControl.h"
+#include "text/ShortText.h"
+
 #include <QUndoCommand>
+#include <algorithm>
 #include <utility>
 
 namespace linealis::desktop {
@@ -55,6 +61,17 @@ bool FormHistory::Commit(const QString& name)
         }
     }
     return false;
+}
+
+void FormHistory::CommitChangeOf(const Control& control)
+{
+    const std::vector<Control*>& controls = window.form.Controls();
+    const auto place = std::find(controls.begin(), controls.end(), &control) - controls.begin();
+    const std::string before = ValueIn(control, last.form.at(static_cast<std::size_t>(place)));
+    const std::string now = ValueOf(control);
+    const auto words = [](const std::string& value) { return value.empty() ? "nothing" : Shortened(value); };
+    Commit(before == now ? QStringLiteral("Change")
+                         : ToQt(WholeName(window.form, control) + " " + words(before) + " → " + words(now)));
 }
 
 QString FormHistory::Undo()

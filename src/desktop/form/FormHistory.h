@@ -17,6 +17,10 @@ public:
     /// Makes one step, of that name, of what has changed since the last. Returns false if nothing has.
     bool Commit(const QString& name);
 
+    /// Makes one step of what has changed since the last, named after a change of that control: "Top margin 0.5 →
+    /// 1".
+    void CommitChangeOf(const Control& control);
+
     /// Takes the last step back, or does it again. Returns its name; empty if there is none.
     QString Undo();
     QString Redo();

@@ -103,7 +103,8 @@ int CaptionWidth(const QGridLayout& grid)
 
 FormView::FormView(Form& theForm, GroupBoxes groupBoxes, std::function<void(Swatch& swatch)> onSwatch,
                    QWidget* parent)
-    : QWidget(parent), form(theForm), events{std::move(onSwatch), [this] { emit Committed(); }},
+    : QWidget(parent),
+      form(theForm), events{std::move(onSwatch), [this](const Control& control) { emit Committed(control); }},
       column(new QVBoxLayout(this))
 {
     column->setSpacing(12);

@@ -46,7 +46,7 @@ signals:
     /// Something of the form has changed, by whomever it was done.
     void Changed();
     /// The user has ended a change: left a text field or pressed Return in it, chosen an item, clicked a box.
-    void Committed();
+    void Committed(const linealis::Control& control);
     /// The control that has the focus now, or null.
     void FocusMoved(const linealis::Control* control);
 

@@ -15,7 +15,7 @@ namespace {
 constexpr double closestMarks = 4.0;     // pixels
 constexpr double closestNumbers = 38.0;  // pixels
 
-/// In inches or centimetres.
+/// In inches or centimeters.
 struct Division {
     double mark;
     int marksPerNumber;

@@ -10,7 +10,7 @@ struct RulerView {
     double origin = 0.0;          ///< where the page begins, in pixels
     double length = 0.0;          ///< of the page, in points
     double pixelsPerPoint = 1.0;  ///< above 0
-    bool inInches = false;        ///< otherwise in centimetres
+    bool inInches = false;        ///< otherwise in centimeters
 
     bool operator==(const RulerView&) const = default;
 };
@@ -19,7 +19,7 @@ struct RulerView {
 struct RulerSteps {
     double mark = 0.0;  ///< from one mark to the next
     int marksPerNumber = 1;
-    double number = 0.0;  ///< what is counted on from one number to the next, in inches or centimetres
+    double number = 0.0;  ///< what is counted on from one number to the next, in inches or centimeters
 };
 
 RulerSteps StepsOf(const RulerView& view);

@@ -21,7 +21,7 @@ public:
     bool notify(QObject* receiver, QEvent* event) override;
 };
 
-/// How far two opaque colours stand apart, from 1 for the same to 21 for black and white: the contrast ratio of the
+/// How far two opaque colors stand apart, from 1 for the same to 21 for black and white: the contrast ratio of the
 /// Web Content Accessibility Guidelines 2.1.
 double Contrast(const QColor& one, const QColor& other);
 

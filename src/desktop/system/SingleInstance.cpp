@@ -76,7 +76,7 @@ SingleInstance::Start SingleInstance::HandOver(const QStringList& files, const s
 
 void SingleInstance::Cancel()
 {
-    EndWith(Start::Cancelled);
+    EndWith(Start::Canceled);
 }
 
 /// The running program may have ended, or not be listening yet.
@@ -140,7 +140,7 @@ void SingleInstance::Accept()
                 asking->abort();
             } else if (reader.IsWhole() && !wasWhole) {
                 asking->write(QByteArray(1, acknowledgement));
-                if (asking->flush()) {  // otherwise the other program has been cancelled
+                if (asking->flush()) {  // otherwise the other program has been canceled
                     emit Received(FilesOf(reader));
                 }
             }

@@ -21,7 +21,7 @@ public:
     enum class Start {
         First,       ///< no other runs: this is the running program now
         HandedOver,  ///< the running program has taken the files
-        Cancelled    ///< it has not, and Cancel() was called
+        Canceled     ///< it has not, and Cancel() was called
     };
 
     /// `folder` is one that nobody but this user can look into; `name` tells the programs of one kind and display
@@ -59,7 +59,7 @@ private:
     std::string message;
     std::unique_ptr<QLocalSocket> socket;  ///< to the running program; none if it has not been reached
     QEventLoop waiting;
-    Start outcome = Start::Cancelled;
+    Start outcome = Start::Canceled;
 };
 
 }  // namespace linealis::desktop

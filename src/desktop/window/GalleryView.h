@@ -20,7 +20,7 @@ public:
     /// The preferences folder is where presets and the files used last are found.
     GalleryView(GalleryWindow& theGallery, const FolderItem& preferencesFolder);
 
-    /// Centres the window on the first screen, once it has its menus.
+    /// Centers the window on the first screen, once it has its menus.
     void Place();
 
 signals:

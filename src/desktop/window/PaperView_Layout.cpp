@@ -81,7 +81,7 @@ void PaperView::Connect()
     connect(bottomBar->cancel, &QPushButton::clicked, this, &PaperView::Cancel);
     connect(bottomBar->changeFile, &QPushButton::clicked, this, &PaperView::ChangeFile);
     connect(bottomBar->generate, &QPushButton::clicked, this, &PaperView::Generate);
-    connect(form, &FormView::Committed, &history, [this] { history.Commit(tr("Change")); });
+    connect(form, &FormView::Committed, &history, &FormHistory::CommitChangeOf);
     connect(bottomBar->print, &QPushButton::clicked, this, &PaperView::Print);
     connect(form, &FormView::FocusMoved, this, [this](const Control* control) {
         focused = control;

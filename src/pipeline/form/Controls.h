@@ -30,8 +30,8 @@ inline constexpr std::array allGroups = {Group::Page, Group::Spacing, Group::Axe
 /// What a change of units does to a text field.
 enum class UnitRule {
     Keep,          ///< nothing
-    Length,        ///< a length: times 2.54 on the way to centimetres
-    CountPerUnit,  ///< a count per inch or centimetre: divided by 2.54 on the way to centimetres
+    Length,        ///< a length: times 2.54 on the way to centimeters
+    CountPerUnit,  ///< a count per inch or centimeter: divided by 2.54 on the way to centimeters
 };
 
 /// The direction of the page in which a length extends.

@@ -32,8 +32,8 @@ bool IsAmbiguous(const Form& form, const Control& control)
            });
 }
 
-/// Millimetres that a field stands for; nothing if that is no length.
-std::optional<double> Millimetres(const TextField& field, LengthUnit formUnit)
+/// Millimeters that a field stands for; nothing if that is no length.
+std::optional<double> Millimeters(const TextField& field, LengthUnit formUnit)
 {
     constexpr double mmPerCm = 10.0;
     if (formUnit == LengthUnit::None) {
@@ -103,7 +103,7 @@ std::string Readout(std::span<Control* const> fields, LengthUnit unit)
     std::string readout;
     for (const Control* const control : fields) {
         const bool counts = control->Kind() == ControlKind::Text && control->IsEnabled();
-        const auto length = counts ? Millimetres(static_cast<const TextField&>(*control), unit) : std::nullopt;
+        const auto length = counts ? Millimeters(static_cast<const TextField&>(*control), unit) : std::nullopt;
         if (length && std::isfinite(*length)) {
             readout += (readout.empty() ? "= " : ", ") + Rounded(*length);
         }
@@ -120,7 +120,7 @@ std::string_view UnitWord(const Form& form, const TextField& field)
     switch (facts.quantity) {
     case Quantity::Length:
         return form.UnitOfLengths() == LengthUnit::Inches        ? "in"
-               : form.UnitOfLengths() == LengthUnit::Centimetres ? "cm"
+               : form.UnitOfLengths() == LengthUnit::Centimeters ? "cm"
                                                                  : "";
     case Quantity::Inches:
         return "in";

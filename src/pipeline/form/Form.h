@@ -11,7 +11,7 @@
 namespace linealis {
 
 /// What a length on a form is in.
-enum class LengthUnit { None, Inches, Centimetres };
+enum class LengthUnit { None, Inches, Centimeters };
 
 /// The controls of one window or dialog, which are members of a class derived from this, and the way to each by its
 /// name, for those who do not know the form: windows, the command line, tests.

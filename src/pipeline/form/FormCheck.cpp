@@ -14,7 +14,7 @@ namespace linealis {
 namespace {
 
 constexpr double leastMargin = 18.0;      // points, 6.35 mm: what many printers cannot reach
-constexpr double marginTolerance = 0.01;  // points; a margin in centimetres is off by less
+constexpr double marginTolerance = 0.01;  // points; a margin in centimeters is off by less
 constexpr double thinnest = 0.1;          // points; a thinner line may not print
 
 class FormChecker {

@@ -113,7 +113,7 @@ double InchesIn(Quantity quantity, LengthUnit formUnit)
     switch (quantity) {
     case Quantity::Length:
     case Quantity::CountPerUnit:
-        return formUnit == LengthUnit::Inches ? 1.0 : formUnit == LengthUnit::Centimetres ? inchesPerCm : 0.0;
+        return formUnit == LengthUnit::Inches ? 1.0 : formUnit == LengthUnit::Centimeters ? inchesPerCm : 0.0;
     case Quantity::Inches:
         return 1.0;
     case Quantity::Centimeters:
@@ -141,7 +141,7 @@ LengthUnit UnitOf(const Form& form, const TextField& field)
     case Quantity::Inches:
         return LengthUnit::Inches;
     case Quantity::Centimeters:
-        return LengthUnit::Centimetres;
+        return LengthUnit::Centimeters;
     default:
         return LengthUnit::None;
     }

@@ -13,12 +13,12 @@ enum class Meaning {
     Number,           ///< any number
     Prose,            ///< text that is printed
     Length,           ///< in the current unit
-    TitlePlace,       ///< a length; empty centres the title
+    TitlePlace,       ///< a length; empty centers the title
     Spacing,          ///< a length; 0 makes no cells
     CellSize,         ///< a length; 0 or less draws no pattern
     MarkSize,         ///< a length; the side of a mark, which 0 does not draw
     CustomInches,     ///< a side of the paper in inches; less than 10 points counts as 10
-    CustomCm,         ///< the same in centimetres
+    CustomCm,         ///< the same in centimeters
     Weight,           ///< of a line, in points in both units
     FontSize,         ///< in points in both units
     Scale,            ///< per cent of the true size

@@ -50,7 +50,7 @@ public:
     virtual std::string WhyIdle(const Control& control) const;
 
     bool InInches() const { return PopupUnits.ListIndex() == 0; }
-    LengthUnit UnitOfLengths() const override { return InInches() ? LengthUnit::Inches : LengthUnit::Centimetres; }
+    LengthUnit UnitOfLengths() const override { return InInches() ? LengthUnit::Inches : LengthUnit::Centimeters; }
 
     /// The paper in points, upright, from the popup or the custom size fields.
     PaperSize GetPaperSize() const;

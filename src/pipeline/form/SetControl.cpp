@@ -121,14 +121,6 @@ std::string HexColor(Color color)
     return text.data();
 }
 
-struct ValueReader {
-    std::string operator()(const TextField& field) const { return field.Text(); }
-    std::string operator()(const Choice& choice) const { return std::string(choice.Selected()); }
-    std::string operator()(const CheckBox& box) const { return box.Value() ? "on" : "off"; }
-    std::string operator()(const Swatch& swatch) const { return HexColor(swatch.Shown()); }
-    std::string operator()(const Label& label) const { return label.Caption(); }
-};
-
 /// What the field holds once a user who has typed the text has left it.
 std::string TextFor(const Form& form, const TextField& field, std::string_view typed)
 {
@@ -160,9 +152,26 @@ void SetControl(std::string_view owner, const Form& form, const Setting& setting
     Visit(FindControl(owner, form, setting.control, CanBeSet), Setter{form, setting.value});
 }
 
-std::string ValueOf(Control& control)
+std::string ValueIn(const Control& control, const ControlState& state)
 {
-    return Visit(control, ValueReader{});
+    if (const auto* const text = std::get_if<std::string>(&state.content)) {
+        return *text;
+    }
+    if (const auto* const index = std::get_if<int>(&state.content)) {
+        return std::string(static_cast<const Choice&>(control).Items().at(static_cast<std::size_t>(*index)));
+    }
+    if (const auto* const on = std::get_if<bool>(&state.content)) {
+        return *on ? "on" : "off";
+    }
+    if (const auto* const color = std::get_if<Color>(&state.content)) {
+        return HexColor(*color);
+    }
+    return state.caption;
+}
+
+std::string ValueOf(const Control& control)
+{
+    return ValueIn(control, control.State());
 }
 
 void TypeIntoControl(std::string_view owner, const Form& form, const Setting& setting)

@@ -28,7 +28,10 @@ struct Setting {
 void SetControl(std::string_view owner, const Form& form, const Setting& setting);
 
 /// What the control holds, as SetControl takes it. Of a label: its text.
-std::string ValueOf(Control& control);
+std::string ValueOf(const Control& control);
+
+/// What the control held in an earlier state of it, as SetControl takes it.
+std::string ValueIn(const Control& control, const ControlState& state);
 
 /// Types the value into a text field, as the user would. Throws UnknownInput if there is no such field.
 void TypeIntoControl(std::string_view owner, const Form& form, const Setting& setting);

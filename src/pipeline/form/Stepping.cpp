@@ -26,7 +26,7 @@ double BaseStep(Step step, int decimals, LengthUnit unit)
     constexpr double inchStep = 0.05, cmStep = 0.1, tenth = 0.1;
     switch (step) {
     case Step::Length:
-        return unit == LengthUnit::Centimetres ? cmStep : inchStep;
+        return unit == LengthUnit::Centimeters ? cmStep : inchStep;
     case Step::Tenth:
         return tenth;
     case Step::LastPlace:

@@ -13,8 +13,8 @@ inline std::int64_t WholeCells(double usable, double spacing)
     return spacing == 0.0 ? -1 : truncated(usable / spacing);
 }
 
-/// How far a pattern of whole cells moves in from the margin to stand centred in `usable`. A mark as wide as
-/// `mark`, centred on the first and the last line, stays inside.
+/// How far a pattern of whole cells moves in from the margin to stand centered in `usable`. A mark as wide as
+/// `mark`, centered on the first and the last line, stays inside.
 inline double CentringShift(double usable, std::int64_t cells, double spacing, double mark = 0.0)
 {
     return (usable - static_cast<double>(cells) * spacing + mark) / 2.0;
