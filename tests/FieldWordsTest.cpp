@@ -1,6 +1,7 @@
 #include "pipeline/form/FieldWords.h"
 
 #include "PageSupport.h"
+#include "pdf/PageHit.h"
 #include "pipeline/form/LengthText.h"
 #include "pipeline/form/Stepping.h"
 #include "text/Numbers.h"
@@ -90,6 +91,53 @@ TEST(FieldWords, SayLengthsInMillimeters)
     EXPECT_EQ(readout({"EditXScale", "EditLineThicknessHorz"}), "");
 }
 
+/// Looks for each role of a page where it is drawn.
+struct HitTest : PageSink {
+    const DrawnPage& page;
+    Turns turns{[] {}};
+    Role role;
+    double xScale = 1.0, yScale = 1.0;
+    std::set<Role> drawn, found;
+
+    explicit HitTest(const DrawnPage& thePage) : page(thePage) {}
+    bool Scale(double sx, double sy) override
+    {
+        xScale = sx;
+        yScale = sy;
+        return true;
+    }
+    bool Stroke(PagePath path, const PagePen&) override
+    {
+        constexpr double t = 0.617, s = 1.0 - t;  // a part at which no other line crosses
+        for (std::size_t i = 1; i < path.size(); ++i) {
+            const Point &from = path[i - 1].to, &to = path[i].to, &first = path[i].control1,
+                        &second = path[i].control2;
+            const bool isCurve = path[i].operation == PageOperator::Curve;
+            const double straight[] = {s, 0, 0, t}, curved[] = {s * s * s, 3 * s * s * t, 3 * s * t * t, t * t * t};
+            const double* const part = isCurve ? curved : straight;
+            Look(part[0] * from.x + part[1] * first.x + part[2] * second.x + part[3] * to.x,
+                 part[0] * from.y + part[1] * first.y + part[2] * second.y + part[3] * to.y);
+        }
+        return path.size() > 1 || Look(path[0].to.x, path[0].to.y);
+    }
+    bool Fill(PagePath, const PageColor&) override { return true; }
+    bool FillAndStroke(PagePath path, const PageColor&, const PagePen& pen) override { return Stroke(path, pen); }
+    bool Text(const PageText& text) override { return Look(text.matrix[4] + 0.1, text.matrix[5] + 0.1); }
+    void BeginRole(Role next) override { role = next; }
+
+    bool Look(double x, double y)
+    {
+        drawn.insert(role);
+        if (!found.contains(role)) {
+            const Role there = RoleAt(page.content, page.roles, {x * xScale, y * yScale}, 0.5, turns);
+            if (there == role) {
+                found.insert(role);
+            }
+        }
+        return true;
+    }
+};
+
 class FieldsOfEveryKind : public testing::TestWithParam<std::string> {};
 
 TEST_P(FieldsOfEveryKind, HaveNamesOfTheirOwn)
@@ -102,6 +150,22 @@ TEST_P(FieldsOfEveryKind, HaveNamesOfTheirOwn)
             EXPECT_GT(name.size(), 3U) << control->Name();
             EXPECT_TRUE(names.insert(name).second) << name;
         }
+    }
+}
+
+TEST_P(FieldsOfEveryKind, GovernWhatIsDrawn)
+{
+    Paper paper(GetParam());
+    paper.Set({"EditXScale=90"});
+    if (GetParam() == "polar") {
+        paper.Set({"EditNumMinorSpokes=13"});  // which do not cover the others
+    }
+    const DrawnPage page = paper.window->DrawPage();
+    HitTest test(page);
+    ReadPage(page.content, page.roles, test);
+    EXPECT_EQ(test.found, test.drawn);
+    for (const Role role : test.drawn) {
+        EXPECT_NE(GovernorOf(paper.window->form, role), nullptr) << role;
     }
 }
 

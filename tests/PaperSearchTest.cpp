@@ -29,10 +29,12 @@ TEST_F(PaperSearchTest, FindsAllWordsInKindsPresetsOwnOnesAndFiles)
     EXPECT_FALSE(OwnPresets(preferences).Save("My cornell", *FindPaperKind("cornell"), *paper.window));
     EXPECT_FALSE(paper.window->SaveSettings(file));
     const Names suggested = Found(" ");
-    ASSERT_GT(suggested.size(), 3U) << "presets, as long as no file was used";
+    ASSERT_GT(suggested.size(), 3U) << "presets";
     EXPECT_EQ(suggested[0], "P Squares 5 mm");
     EXPECT_FALSE(RecentFiles(preferences).Add(file));
-    EXPECT_EQ(Found(""), Names{"R Lecture Zoo Ärger Þ.setc"});
+    const Names after = Found("");
+    EXPECT_EQ(after[0], "R Lecture Zoo Ärger Þ.setc");
+    EXPECT_EQ(Names(after.begin() + 1, after.end()), suggested);
     EXPECT_EQ(Found("CORNELL"),
               (Names{"K Note Paper", "P Cornell Notes A4, 8 mm lines", "P Cornell Notes A4, left-handed",
                      "P Cornell Notes Letter, 8 mm lines", "O My cornell"}));

@@ -57,7 +57,7 @@ TEST_F(GallerySearchTest, PresetsAreLaidOverTheirWindowAsOneStep)
     EXPECT_EQ(Window("grid").windowTitle(), QStringLiteral("Grid Graph Paper")) << "it is no document";
     EXPECT_FALSE(OwnPresets::Delete(presets.List(*FindPaperKind("grid"))[0]));
     Press(Window("gallery"), Qt::Key_Return);
-    EXPECT_EQ(Results(), Names{}) << "it is gone since";
+    EXPECT_EQ(Results(), Names{"Nothing found"}) << "it is gone since";
     Press(Window("gallery"), Qt::Key_Escape);
     EXPECT_EQ(Results().at(0), "Squares 5 mm - Grid");
 }
@@ -102,7 +102,7 @@ TEST_F(GallerySearchTest, DroppedFilesOpenAndAreOfferedAgain)
     QApplication::sendEvent(&gallery, &drop);
     EXPECT_EQ(Shown(Window("polar"), "EditXScale") + Shown(Window("grid"), "EditXScale"), "5566");
     const Names lines = Results();
-    ASSERT_EQ(lines.size(), 2U);
+    ASSERT_GT(lines.size(), 2U) << "and presets below";
     EXPECT_EQ(lines[0].substr(0, 10), "g & h.setx");
     Enter(Window("polar"), {"EditXScale=1"});
     EXPECT_TRUE(CanChoose(Window("grid"), "FileOpen"));  // the menu is filled when it is seen

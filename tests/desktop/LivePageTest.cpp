@@ -386,6 +386,24 @@ TEST_F(DesktopLivePage, WhatToCheckStaysUntilTheFormChanges)
     LivePage& page = Show(window);
     Picture(page);
     EXPECT_EQ(shown(), "2 things to check");
+    button.menu()->actions().at(0)->trigger();
+    EXPECT_EQ(window.focusWidget()->objectName(), QStringLiteral("EditXScale")) << "a warning leads to its field";
+}
+
+TEST_F(DesktopLivePage, AClickLeadsToTheField)
+{
+    QWidget& window = OpenPaper("graph");
+    LivePage& page = Show(window);
+    const auto clicked = [&](double x, double y) {
+        const QPointF place = page.Origin() + QPointF(x, y) * page.PixelsPerPoint();
+        QTest::mouseClick(page.viewport(), Qt::LeftButton, {}, place.toPoint());
+        return window.focusWidget()->objectName().toStdString();
+    };
+    EXPECT_EQ(clicked(290.0, 66.0), "EditTitle");
+    EXPECT_EQ(clicked(306.0, 20.0), "LivePage") << "where nothing is";
+    EXPECT_EQ(clicked(306.0, 300.0), "EditXAxisWeight") << "the upright axis, which hides a grid line";
+    Enter(window, {"CheckBoxShowAxes=off"});
+    EXPECT_EQ(clicked(306.0 + 36.0, 303.0), "EditXMajor") << "a major line, between minor ones";
 }
 
 TEST_F(DesktopLivePage, WindowGrowsAndShrinksByIt)

@@ -99,9 +99,9 @@ TEST_F(SingleInstanceTest, WaitsForAProgramThatDoesNotAnswer)
 
 TEST_F(SingleInstanceTest, WaitsForNobodyWhoCannotBeReached)
 {
-    for (const auto& [place, as] : {std::pair(path + QStringLiteral("/missing"), name),
+    for (const auto& [where, as] : {std::pair(path + QStringLiteral("/missing"), name),
                                     std::pair(path, QString(150, QLatin1Char('x')))}) {  // no socket has that name
-        SingleInstance first(place, as), second(place, as);
+        SingleInstance first(where, as), second(where, as);
         EXPECT_EQ(HandOver(first, {}), Start::First);
         EXPECT_EQ(HandOver(second, {}), Start::First);
     }

@@ -4,6 +4,8 @@
 
 #include <QAccessible>
 #include <QAction>
+#include <QApplication>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
@@ -233,9 +235,24 @@ void LivePage::wheelEvent(QWheelEvent* event)
     }
 }
 
+/// A place of the viewport in points from the lower left corner of the page.
+QPointF LivePage::OnPage(QPointF place) const
+{
+    const QPointF fromTop = (place - Origin()) / PixelsPerPoint();
+    return {fromTop.x(), static_cast<double>(frame.paperHeight) - fromTop.y()};
+}
+
 void LivePage::mousePressEvent(QMouseEvent* event)
 {
-    dragged = event->position().toPoint();
+    dragged = pressed = event->position().toPoint();
+}
+
+void LivePage::mouseReleaseEvent(QMouseEvent* event)
+{
+    const QPoint moved = event->position().toPoint() - pressed;
+    if (event->button() == Qt::LeftButton && moved.manhattanLength() < QApplication::startDragDistance()) {
+        emit Clicked(OnPage(event->position()));
+    }
 }
 
 void LivePage::mouseMoveEvent(QMouseEvent* event)
@@ -254,6 +271,11 @@ bool LivePage::viewportEvent(QEvent* event)
 {
     if (event->type() == QEvent::Leave) {
         emit PointerLeft();
+    }
+    if (event->type() == QEvent::ToolTip) {
+        const auto& help = static_cast<const QHelpEvent&>(*event);
+        emit Rested(OnPage(help.pos()), help.globalPos());
+        return true;
     }
     return QAbstractScrollArea::viewportEvent(event);
 }

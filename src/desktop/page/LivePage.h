@@ -43,6 +43,10 @@ signals:
     void ViewChanged();
     void PointerMoved(QPointF place);
     void PointerLeft();
+    /// The page was clicked at a place, in points from its lower left corner.
+    void Clicked(QPointF place);
+    /// The pointer rests on such a place.
+    void Rested(QPointF place, const QPoint& onScreen);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -50,6 +54,7 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
 
@@ -64,6 +69,7 @@ private:
     void Zoom(std::optional<double> newZoom, QPointF fixed);
     void ZoomBy(double factor, QPointF fixed);
     void LayOut();
+    QPointF OnPage(QPointF place) const;
     void AskForPicture();
     /// What is wrong with the page, in as many lines as it takes.
     void PaintProblem(QPainter& painter) const;
@@ -75,6 +81,7 @@ private:
     std::optional<double> zoom;  ///< pixels for a point; nothing: the page fits
     bool showsMargins = false;
     QPoint dragged;
+    QPoint pressed;
     QList<QAction*> viewActions;
 };
 

@@ -153,6 +153,9 @@ void GallerySearch::Refresh()
         auto* const item = new QListWidgetItem(noPicture, LineOf(hit), list);
         item->setToolTip(hit.file.IsEmpty() ? item->text() : ToQt(hit.file.Path().string()));
     }
+    if (hits.empty()) {
+        (new QListWidgetItem(noPicture, tr("Nothing found"), list))->setFlags(Qt::NoItemFlags);
+    }
     const QList<QListWidgetItem*> same = list->findItems(line, Qt::MatchExactly);
     const int first = field->text().isEmpty() ? -1 : 0;  // what nobody has looked for is not opened by Return
     list->setCurrentRow(same.isEmpty() ? first : list->row(same.first()));
@@ -162,7 +165,7 @@ void GallerySearch::Refresh()
 
 void GallerySearch::MakeNextPicture()
 {
-    if (nextPicture < list->count()) {
+    if (static_cast<std::size_t>(nextPicture) < hits.size()) {
         const double ratio = devicePixelRatioF();
         const PaperHit& hit = hits[static_cast<std::size_t>(nextPicture)];
         list->item(nextPicture)->setIcon(IconOf(PictureOf(hit, ratio), ratio));

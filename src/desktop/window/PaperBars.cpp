@@ -114,16 +114,22 @@ CheckButton::CheckButton()
     hide();
 }
 
-void CheckButton::Show(const QStringList& warnings)
+void CheckButton::Show(const PageWarnings& warnings)
 {
     menu()->clear();
-    for (const QString& warning : warnings) {
-        menu()->addAction(MenuText(warning));
+    QStringList texts;
+    for (const PageWarning& warning : warnings) {
+        texts << ToQt(warning.text);
+        QAction* const action = menu()->addAction(MenuText(texts.back()));
+        if (!warning.control.empty()) {
+            connect(action, &QAction::triggered, this,
+                    [this, control = ToQt(warning.control)] { emit Chosen(control); });
+        }
     }
-    setText(warnings.size() == 1 ? tr("1 thing to check") : tr("%1 things to check").arg(warnings.size()));
-    setToolTip(warnings.join(QLatin1Char('\n')));
+    setText(texts.size() == 1 ? tr("1 thing to check") : tr("%1 things to check").arg(texts.size()));
+    setToolTip(texts.join(QLatin1Char('\n')));
     setAccessibleDescription(toolTip());
-    setVisible(!warnings.isEmpty());
+    setVisible(!texts.isEmpty());
 }
 
 StatusLine::StatusLine()

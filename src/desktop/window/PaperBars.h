@@ -1,5 +1,7 @@
 #pragma once
 
+#include "pipeline/page/PageWarning.h"
+
 #include <QLabel>
 #include <QScrollArea>
 #include <QToolButton>
@@ -64,7 +66,11 @@ class CheckButton final : public QToolButton {
 public:
     CheckButton();
 
-    void Show(const QStringList& warnings);
+    void Show(const PageWarnings& warnings);
+
+signals:
+    /// A warning was chosen that comes from a control.
+    void Chosen(const QString& control);
 };
 
 /// The line that tells what has just happened. A link in it is `linkActivated` of QLabel.

@@ -67,9 +67,7 @@ public:
     std::vector<PaperHit> Suggest()
     {
         AddRecentFiles();
-        if (hits.empty()) {
-            AddAPresetPerKind();
-        }
+        AddAPresetPerKind();
         return std::move(hits);
     }
 
@@ -128,7 +126,7 @@ private:
     {
         std::set<std::string_view> suggested;
         for (const Preset* const preset : PresetsFor(isMetric)) {
-            if (hits.size() < mostSuggestions && suggested.insert(preset->kind).second) {
+            if (suggested.size() < mostSuggestions && suggested.insert(preset->kind).second) {
                 hits.push_back({PaperHit::Sort::Preset, &KindOf(*preset), std::string(preset->title), preset, {}});
             }
         }

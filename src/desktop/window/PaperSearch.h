@@ -23,7 +23,7 @@ struct PaperHit {
 
 /// The kinds, then the presets (those of the user's units first), then the user's own, then the files used last, in
 /// which every word occurs. Case does not count, in Western European letters. Without a word, what is likely to be
-/// wanted: the files used last, or where there are none, a preset of each of a few kinds.
+/// wanted: the files used last, and a preset of each of a few kinds.
 std::vector<PaperHit> FindPapers(std::string_view words, const FolderItem& preferencesFolder, bool isMetric);
 
 }  // namespace linealis

@@ -9,6 +9,8 @@
 #include "desktop/system/Text.h"
 #include "desktop/window/PaperBars.h"
 #include "kinds/PageSummary.h"
+#include "pdf/PageHit.h"
+#include "pipeline/form/FieldWords.h"
 #include "pipeline/page/PageJob.h"
 #include "text/Numbers.h"
 
@@ -63,6 +65,25 @@ void PaperView::LightUp()
     livePage->LightUp(focused == nullptr ? RoleSet{} : focused->Declared().governs);
 }
 
+const Control* PaperView::ControlAt(const QPointF& place) const
+{
+    constexpr double reachInPixels = 4.0;
+    constexpr std::int64_t mostContent = 4'000'000;  // bytes, which take less than a tenth of a second
+    Turns turns([] {});
+    const DrawnPage page = DrawBeginning(window.ReadPage(), turns, mostContent);
+    const Role role =
+        RoleAt(page.content, page.roles, {place.x(), place.y()}, reachInPixels / livePage->PixelsPerPoint(), turns);
+    return role.empty() ? nullptr : GovernorOf(window.form, role);
+}
+
+void PaperView::FocusOn(const QString& control)
+{
+    if (auto* const widget = form->findChild<QWidget*>(control)) {
+        activateWindow();
+        widget->setFocus(Qt::TabFocusReason);  // which selects a text
+    }
+}
+
 void PaperView::ShowWarningsOfPage(PageWarnings warnings)
 {
     pageWarnings = std::move(warnings);
@@ -71,13 +92,9 @@ void PaperView::ShowWarningsOfPage(PageWarnings warnings)
 
 void PaperView::ShowWarnings()
 {
-    QStringList texts;
-    for (const PageWarnings* const warnings : {&formWarnings, &pageWarnings}) {
-        for (const PageWarning& warning : *warnings) {
-            texts << ToQt(warning.text);
-        }
-    }
-    checks->Show(texts);
+    PageWarnings all = formWarnings;
+    all.insert(all.end(), pageWarnings.begin(), pageWarnings.end());
+    checks->Show(all);
 }
 
 void PaperView::FormChanged()

@@ -136,6 +136,9 @@ private:
     void ShowWarningsOfPage(PageWarnings warnings);
     /// Lights up what the field with the focus governs.
     void LightUp();
+    /// The control that governs what the page shows there, in points from its lower left corner; or null.
+    const Control* ControlAt(const QPointF& place) const;
+    void FocusOn(const QString& control);
     /// The page's title on the form; empty if the kind has none.
     QString Title() const;
     /// What the page is called: its file, or what would be proposed as that.

@@ -8,6 +8,7 @@
 #include "desktop/window/PaperBars.h"
 #include "desktop/window/PresetMenu.h"
 #include "desktop/window/RecentMenu.h"
+#include "pipeline/form/FieldWords.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -17,6 +18,7 @@
 #include <QSplitter>
 #include <QStatusBar>
 #include <QToolButton>
+#include <QToolTip>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -86,6 +88,17 @@ void PaperView::Connect()
     connect(form, &FormView::FocusMoved, this, [this](const Control* control) {
         focused = control;
         LightUp();
+    });
+    connect(checks, &CheckButton::Chosen, this, &PaperView::FocusOn);
+    connect(livePage, &LivePage::Clicked, this, [this](QPointF place) {
+        if (const Control* const control = ControlAt(place)) {
+            FocusOn(ToQt(control->Name()));
+        }
+    });
+    connect(livePage, &LivePage::Rested, this, [this](QPointF place, const QPoint& onScreen) {
+        const Control* const control = ControlAt(place);
+        QToolTip::showText(onScreen, control == nullptr ? QString() : ToQt(WholeName(window.form, *control)),
+                           livePage);
     });
     connect(livePageAction, &QAction::triggered, this, &PaperView::ShowLivePage);
     connect(livePage, &LivePage::Painted, this, [this] { ShowWarningsOfPage(livePage->Picture().warnings); });

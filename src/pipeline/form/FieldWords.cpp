@@ -87,6 +87,22 @@ std::string WholeName(const Form& form, const Control& control)
     return isNamedByRow && &first != &control ? WholeName(form, first) + ", " + caption : caption;
 }
 
+const Control* GovernorOf(const Form& form, Role role)
+{
+    const Control* governor = nullptr;
+    std::pair<std::size_t, bool> best;  // the length of the role that governs, and whether the control is a text field
+    for (const Control* const control : form.Controls()) {
+        for (const Role governed : control->Declared().governs) {
+            const std::pair rank(governed.size(), control->Kind() == ControlKind::Text);
+            if (Includes({governed}, role) && rank > best) {
+                best = rank;
+                governor = control;
+            }
+        }
+    }
+    return governor;
+}
+
 Control* FindByNameOrAlias(const Form& form, std::string_view nameOrAlias)
 {
     if (Control* const control = form.Find(nameOrAlias); control && control->Kind() != ControlKind::Label) {

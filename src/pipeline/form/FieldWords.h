@@ -17,6 +17,10 @@ std::string WholeName(const Form& form, const Control& control);
 /// The control that the row of this one begins with on the form; the control itself if it does.
 const Control& FirstInRow(const Form& form, const Control& control);
 
+/// The control that governs what has the role, the most particular first and text fields before others; null if none
+/// does.
+const Control* GovernorOf(const Form& form, Role role);
+
 /// The control of that name or alias that is no label, or null.
 Control* FindByNameOrAlias(const Form& form, std::string_view nameOrAlias);
 
