@@ -169,7 +169,7 @@ bool MyPDFGenerator::CloseFile(Platform& platform)
     if (const std::error_code error = b.Close()) {
         platform.ShowFileError(theFile,
                                "Unable to write the file " + theFile.Name() + ": " + error.message() +
-                                   ". What was there before is unchanged.",
+                                   ". The existing file, if any, is unchanged.",
                                error.message());
         return false;
     }

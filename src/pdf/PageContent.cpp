@@ -120,7 +120,7 @@ bool PageReader::ReadLine()
         }
         SkipBlanks();
     }
-    return Fail("an operator is missing");
+    return Fail("the operator is missing");
 }
 
 bool PageReader::ReadOperand()
@@ -144,7 +144,7 @@ bool PageReader::ReadNumber()
     double value = 0.0;
     next = ReadDigits(digits, end, value);
     if (next == digits) {
-        return Fail("a number cannot be read");
+        return Fail("the number is malformed");
     }
     if (count == mostOperands) {
         return Fail("too many operands");
@@ -157,7 +157,7 @@ bool PageReader::ReadFontName()
 {
     constexpr double highestFont = 14;
     if (hasFontName || count != 0 || end - next < 3 || next[1] != 'F' || !IsDigit(next[2])) {
-        return Fail("a font name cannot be read");
+        return Fail("the font name is malformed");
     }
     next += 2;
     hasFontName = true;
@@ -165,13 +165,13 @@ bool PageReader::ReadFontName()
         return false;
     }
     const bool exists = operands[0] <= highestFont && std::trunc(operands[0]) == operands[0];
-    return exists || Fail("there is no such font");
+    return exists || Fail("the font does not exist");
 }
 
 bool PageReader::ReadDash()
 {
     if (hasDash || count != 0) {
-        return Fail("a dash cannot be read");
+        return Fail("the dash pattern is malformed");
     }
     ++next;
     hasDash = true;
@@ -181,7 +181,7 @@ bool PageReader::ReadDash()
         }
     }
     if (AtLineEnd() || (count != 0 && count != 2)) {
-        return Fail("a dash cannot be read");
+        return Fail("the dash pattern is malformed");
     }
     ++next;
     if (count == 0) {
@@ -194,7 +194,7 @@ bool PageReader::ReadDash()
 bool PageReader::ReadText()
 {
     if (hasText || count != 0) {
-        return Fail("a text cannot be read");
+        return Fail("the text is malformed");
     }
     const char* const start = ++next;
     for (int depth = 1; next != end; ++next) {
@@ -210,7 +210,7 @@ bool PageReader::ReadText()
         }
         linesInText += *next == '\r' ? 1 : 0;
     }
-    return Fail("a text is not closed");
+    return Fail("the text is not closed");
 }
 
 /// Behind a text that is closed too early: what remains of it is no operator, and takes the text away.
@@ -234,7 +234,7 @@ bool PageReader::ReadOperator()
     const std::string_view word(start, next);
     SkipBlanks();
     if (!AtLineEnd()) {
-        return Fail("something stands behind the operator");
+        return Fail("unexpected text after the operator");
     }
     for (const OperatorForm& form : operatorForms) {
         if (form.word == word) {
@@ -242,10 +242,10 @@ bool PageReader::ReadOperator()
             const bool fits = form.operands == count && hasText == (form.takes == Takes::Text) &&
                               hasFontName == (form.takes == Takes::FontName) &&
                               hasDash == (form.takes == Takes::Dash);
-            return fits || Fail("the operator takes other operands");
+            return fits || Fail("the operator has the wrong operands");
         }
     }
-    return Fail("the operator is not known");
+    return Fail("the operator is unknown");
 }
 
 std::string PageString(std::string_view text)

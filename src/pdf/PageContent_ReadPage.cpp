@@ -14,7 +14,7 @@ class Interpreter {
 public:
     explicit Interpreter(PageSink& theSink) : sink(theSink) {}
 
-    /// Returns whether to go on. No value: the operator cannot stand here.
+    /// Returns whether to go on. No value: the operator is not allowed here.
     std::optional<bool> Do(const PageReader& reader);
 
 private:
@@ -179,7 +179,7 @@ PageDamage ReadPage(std::string_view content, std::span<const RoleRange> roles, 
         }
         const std::optional<bool> goOn = interpreter.Do(reader);
         if (!goOn) {
-            return {reader.Line(), "the operator cannot stand here"};
+            return {reader.Line(), "the operator is not allowed here"};
         }
         if (!*goOn) {
             return {};

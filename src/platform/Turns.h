@@ -40,7 +40,7 @@ public:
     void RuntimeBackgroundTask(int linesWorth = 1)
     {
         if (++rounds > limit) {
-            throw PageGivenUp{"the page would take too many rounds of drawing, so it was given up"};
+            throw PageGivenUp{"the page would take too many drawing steps, so it was abandoned"};
         }
         linesBeforeYield -= linesWorth;
         if (linesBeforeYield <= 0) {

@@ -123,14 +123,14 @@ LoadResult LoadSettings(const SettingsTable& table, FolderItem& outputFile, Bina
 std::string LoadResult::Problem() const
 {
     if (impossible > 0) {
-        return "has a length in field " + std::to_string(impossible) + " of " + std::to_string(fields) +
-               " that no field can have; what follows cannot be told";
+        return "has an invalid length in field " + std::to_string(impossible) + " of " + std::to_string(fields) +
+               "; the fields after it are unreliable";
     }
     if (fieldsRead < fields) {
-        return "ended at field " + std::to_string(fieldsRead + 1) + " of " + std::to_string(fields) +
-               "; the rest is empty";
+        return "ends at field " + std::to_string(fieldsRead + 1) + " of " + std::to_string(fields) +
+               "; the remaining fields are empty";
     }
-    return goesOn ? "goes on behind the last of its " + std::to_string(fields) + " fields" : "";
+    return goesOn ? "has extra data after the last of its " + std::to_string(fields) + " fields" : "";
 }
 
 namespace settings {
@@ -157,7 +157,7 @@ SettingsField text(TextField& field)
 SettingsField textUnlessEmpty(TextField& field)
 {
     SettingsField unlessEmpty = text(field);
-    unlessEmpty.encoding = "text; empty leaves the field as it is";
+    unlessEmpty.encoding = "text; empty leaves the field unchanged";
     unlessEmpty.read = [&field](File& file) {
         if (std::string read = file.stream.ReadPString(); !read.empty()) {
             field.SetText(std::move(read));
@@ -201,7 +201,7 @@ SettingsField color(Swatch& swatch)
 
 SettingsField inverseColor(Swatch& swatch)
 {
-    return {swatch.Name(), "three texts: 255 less red, green, blue",
+    return {swatch.Name(), "three texts: 255 minus red, green, blue",
             [&swatch](File& file) { WriteColor(file.stream, swatch.Shown(), true); },
             [&swatch](File& file) { swatch.SetColor(ReadColor(file.stream, true)); }};
 }
