@@ -81,9 +81,9 @@ public:
     /// Opens a web page in the user's browser.
     virtual void ShowURL(const std::string& url) = 0;
 
-    /// Requests a page from a web server without blocking. Calls `onReply` with the page on the thread of the
-    /// caller if the server answers with status 200 within replySeconds, the page has at most longestReply bytes,
-    /// and the header and page together have at most longestAnswer bytes. Any failure is silent. `url` must use
+    /// Requests a page from a web server without blocking. If the server answers with status 200 within
+    /// replySeconds, calls `onReply` on the thread of the caller with the page, cut to its first longestReply
+    /// bytes. Reads at most longestAnswer bytes, header and page together. Any failure is silent. `url` must use
     /// http.
     virtual void FetchInBackground(const std::string& url,
                                    std::function<void(const std::string& page)> onReply) = 0;
