@@ -17,7 +17,7 @@ struct OperatorForm {
     Takes takes = Takes::Numbers;
 };
 
-/// The frequent ones first.
+/// The most frequent operators come first.
 constexpr std::array<OperatorForm, 18> operatorForms = {{
     {"m", PageOperator::Move, 2},
     {"l", PageOperator::Line, 2},
@@ -44,8 +44,8 @@ bool IsOctal(char c)
     return c >= '0' && c <= '7';
 }
 
-/// Reads digits with at most one point at `from` and returns where they end: `from` if there is no digit. `value`
-/// is the double nearest to them.
+/// Reads digits with at most one decimal point at `from` and sets `value` to the nearest double. Returns the end of
+/// the digits, or `from` if there is no digit or a double cannot hold the number.
 const char* ReadDigits(const char* from, const char* end, double& value)
 {
     std::uint64_t digits = 0;
@@ -63,7 +63,7 @@ const char* ReadDigits(const char* from, const char* end, double& value)
         return from;
     }
     if (length < static_cast<std::ptrdiff_t>(powersOfTen.size())) {
-        // Both are exact, so that the one division rounds correctly.
+        // Both operands are exact, so the single division rounds correctly.
         const std::ptrdiff_t decimals = point == nullptr ? 0 : at - point - 1;
         value = static_cast<double>(digits) / powersOfTen[static_cast<std::size_t>(decimals)];
         return at;
@@ -213,7 +213,8 @@ bool PageReader::ReadText()
     return Fail("the text is not closed");
 }
 
-/// Behind a text that is closed too early: what remains of it is no operator, and takes the text away.
+/// Handles the rest of a line after a text that is closed too early: the rest is not an operator, so readers show
+/// nothing of the text.
 void PageReader::SkipShownNothing()
 {
     constexpr std::string_view shows = " Tj";
