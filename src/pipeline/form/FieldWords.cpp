@@ -11,7 +11,7 @@ namespace linealis {
 
 namespace {
 
-/// The caption on one line and without its colon.
+/// Returns the caption on one line and without its colon.
 std::string PlainCaption(const Control& control)
 {
     std::string caption = control.Caption();
@@ -43,7 +43,8 @@ bool IsAmbiguous(const Form& form, const Control& control)
            });
 }
 
-/// Millimetres that a field stands for; nothing if that is no length.
+/// Returns the length of a field in millimeters, or nothing if it is not a length. A count per unit becomes the
+/// distance.
 std::optional<double> Millimetres(const TextField& field, LengthUnit formUnit)
 {
     constexpr double mmPerCm = 10.0;
@@ -61,7 +62,7 @@ std::optional<double> Millimetres(const TextField& field, LengthUnit formUnit)
     }
 }
 
-/// With one or two decimals.
+/// Formats a number with one or two decimals.
 std::string Rounded(double value)
 {
     std::string text = Str(std::round(value * 100.0) / 100.0);

@@ -13,8 +13,8 @@ namespace linealis {
 
 namespace {
 
-constexpr double leastMargin = 18.0;      // points, 6.35 mm: what many printers cannot reach
-constexpr double marginTolerance = 0.01;  // points; a margin in centimetres is off by less
+constexpr double leastMargin = 18.0;      // points, 6.35 mm: many printers cannot print closer to the edge
+constexpr double marginTolerance = 0.01;  // points; margins in centimeters have a smaller rounding error
 constexpr double thinnest = 0.1;          // points; a thinner line may not print
 
 class FormChecker {
@@ -126,7 +126,7 @@ private:
 
     void CheckScale(const TextField& field)
     {
-        if (field.Used() != 100.0 && field.Used() != 0.0) {  // of 0 the field speaks
+        if (field.Used() != 100.0 && field.Used() != 0.0) {  // 0 has its own remark
             Warn("scale", field,
                  WholeName(form, field) + " is " + Str(field.Used()) +
                      "%: lengths on the page are not true to size");
@@ -151,7 +151,7 @@ private:
     PageWarnings warnings;
 };
 
-/// Whether all that places the text is as the form opened.
+/// Whether all controls in the row of the text, which place it, have their opening values.
 bool StandsAsOpened(const PaperForm& form, const TextField& text)
 {
     return std::all_of(form.Controls().begin(), form.Controls().end(), [&](const Control* control) {
@@ -160,7 +160,7 @@ bool StandsAsOpened(const PaperForm& form, const TextField& text)
     });
 }
 
-/// With three significant digits.
+/// Formats a length in points with three significant digits.
 std::string Rough(double points)
 {
     const double grain = std::pow(10.0, 2.0 - std::floor(std::log10(points)));

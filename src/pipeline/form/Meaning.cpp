@@ -33,7 +33,7 @@ bool HasPairedParentheses(std::string_view text)
     return open == 0;
 }
 
-/// Parentheses and backslashes go to the page unescaped, so the page must be able to live with them.
+/// Parentheses and backslashes go to the page unescaped, so they must be valid in a PDF string.
 std::string RemarkOnProse(std::string_view text)
 {
     for (const std::string_view character : Characters(text)) {
@@ -137,7 +137,7 @@ constexpr std::string_view numberSpacingHint = "Number of grid lines from one nu
 constexpr std::string_view axisValueHint = "Value on the axis";
 constexpr std::string_view axisStepHint = "Distance from one grid line to the next, in axis values";
 
-// In the order of Meaning.
+// In the order of Meaning, which FactsOf relies on.
 constexpr auto facts = std::to_array<MeaningFacts>({
     {.meaning = Meaning::Number, .hint = "Number", .step = Step::LastPlace, .canBeNegative = true},
     {.meaning = Meaning::Prose, .hint = "Text to print"},
@@ -248,7 +248,7 @@ constexpr bool IsInOrder()
     }
     return true;
 }
-static_assert(IsInOrder(), "a row is not in the place of its meaning");
+static_assert(IsInOrder(), "a row is not at the index of its meaning");
 static_assert(facts.back().meaning == Meaning::HydraulicNumber, "a meaning has no row");
 
 std::string EffectOf(Meaning meaning, double value)
