@@ -101,7 +101,7 @@ void PaperWindow::DoPage()
     lastPage = MakePage(page, pdf, turns, Dialogs(), platform);
 }
 
-/// Each in its place, in the middle of the page.
+/// Shows each dialog while the page is being drawn.
 PageQuestions PaperWindow::Dialogs() const
 {
     return {.say = [this](const std::string& message) { platform.MsgBox(message); },
