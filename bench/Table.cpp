@@ -25,7 +25,7 @@ std::string Fixed(double value, int decimals)
     return text.data();
 }
 
-/// Three digits, as far as there are any behind the point.
+/// Formats a number with three significant digits, but at most three decimals.
 std::string Digits(double value)
 {
     return Fixed(value, value >= 100.0 ? 0 : value >= 10.0 ? 1 : value >= 1.0 ? 2 : 3);
@@ -40,7 +40,7 @@ std::string Row(const std::vector<std::string>& cells)
     return row + "\n";
 }
 
-/// The first column holds names, all others numbers.
+/// Returns a table header. The first column holds names, all others numbers.
 std::string Head(const std::vector<std::string>& titles)
 {
     std::vector<std::string> lines(titles.size(), "---:");
@@ -70,7 +70,7 @@ struct PageFigures {
     double untunedSize;
     double tunedSize;
     double memory;
-    std::string search;  ///< empty: level 9 as it is
+    std::string search;  ///< empty: untuned
 };
 
 std::optional<PageFigures> FiguresOf(const Page& page, const Results& results)
@@ -120,9 +120,9 @@ std::string TimesTable(const std::vector<PageFigures>& pages)
 {
     std::string text =
         "## Pages: processor time\n\n"
-        "Milliseconds. *Whole page*: what a press of Generate does, in process. *zlib* over the same content "
+        "Milliseconds. *Whole page*: the work of the Generate button, in process. *zlib* over the same content "
         "stream:\n"
-        "level 9 as it is, and tuned as the program tunes it. *Process*: linealis-cli from start to end.\n\n" +
+        "level 9 untuned, and tuned as in the program. *Process*: linealis-cli from start to end.\n\n" +
         Head({"page", "strokes", "whole page", "drawing alone", "zlib untuned", "zlib tuned", "tuned / untuned",
               "whole / tuned", "million strokes / s", "process", "process / untuned"});
     for (const PageFigures& page : pages) {
@@ -158,8 +158,8 @@ std::string NameOf(const Writer& writer, const Page& page)
     return std::string(writer.name) + "/" + page.name;
 }
 
-/// How many times as long as linealis-cli the fastest other writer takes, on the page of the kind where it does
-/// best.
+/// Returns how many times as long as linealis-cli the fastest other writer takes, on the page of the kind where it
+/// does best.
 std::optional<double> FastestOther(const std::string& kind, const Results& results)
 {
     std::optional<double> fastest;
@@ -242,7 +242,8 @@ std::string GrowthTable(const Results& results)
     return text + "\n";
 }
 
-/// The yield's share of the page's time: without a screen on the first heavy page, with one as measured there.
+/// Returns the share of the yield in the time of a page: the larger of the share without a screen on the first
+/// heavy page and the share measured with one.
 std::optional<double> YieldShare(const Results& results)
 {
     std::optional<double> share;
@@ -309,7 +310,7 @@ std::string SmallThingsTable(const Results& results)
     return text.empty() ? "" : "## Small things\n\n" + Head({"what", "figure"}) + text + "\n";
 }
 
-/// The targets, a row each.
+/// The table of targets, one row per target.
 class Targets {
 public:
     void AtMost(const std::string& target, double limit, std::optional<double> measured, int decimals = 3)
@@ -336,7 +337,8 @@ private:
     std::string rows;
 };
 
-/// The largest figure of the pages of which `among` holds; nothing if there are none.
+/// Returns the largest value of `figure` over the pages for which `among` returns true, or nothing if there are
+/// none.
 template <typename Figure, typename Among>
 std::optional<double> Largest(const std::vector<PageFigures>& pages, Figure figure, Among among)
 {
