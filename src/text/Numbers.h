@@ -51,7 +51,7 @@ std::int64_t truncated(double value);
 inline constexpr std::size_t longestPlainNumber = 320;
 
 /// Writes the text of Str at `out`, which must have room for longestPlainNumber bytes. Returns the end of the text.
-/// Writes no terminating zero. May scribble over the room behind the returned end.
+/// Writes no terminating zero. May write arbitrary bytes beyond the returned end, within that room.
 char* WritePlainNumber(char* out, double value);
 
 }  // namespace linealis
