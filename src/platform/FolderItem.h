@@ -36,7 +36,7 @@ public:
     FolderItem WithoutLinks() const;
 
     /// Returns a reference to the same file whose creation waits for a reader if the name belongs to a pipe.
-    /// Without this, creation fails in that case.
+    /// Without this, creation fails if the pipe has no reader.
     FolderItem WaitingForReader() const;
 
     /// Creates a folder inside this one that only this user can access. Its name is the prefix and six random

@@ -80,7 +80,8 @@ public:
     /// Loads the file and makes it the document of the window. This and the actions below report problems through
     /// Platform::Note. Each returns whether a file was opened or saved.
     bool OpenDocument(const FolderItem& file);
-    /// Whether the form differs from the settings file that was last opened or saved. False if there is none.
+    /// Whether the form, or the output file that it names, differs from the settings file that was last opened or
+    /// saved. False if there is none.
     bool IsModified() const { return !ourFolderItem.IsEmpty() && stored != form.State(); }
     bool FileOpen_Action();
     bool FileSave_Action();
