@@ -23,8 +23,9 @@ struct Setting {
 
 /// Sets a control as the user would. The value of a text field may be a length with a unit (TypedNumber). A popup
 /// or radio group takes the text of an item or #INDEX. A check box takes on, true, yes, or 1, and off, false, no,
-/// or 0. A color is #RRGGBB, #RGB, or a name (ColorNamed). Case does not matter. `owner` names the owner of the
-/// form in errors. Throws UnknownInput if the control does not exist or does not accept the value.
+/// or 0. A color is #RRGGBB, #RGB, or a name (ColorNamed). Items, on and off, and colors match in any case. `owner`
+/// names the owner of the form in errors. Throws UnknownInput if the control does not exist or does not accept the
+/// value.
 void SetControl(std::string_view owner, const Form& form, const Setting& setting);
 
 /// Returns the value of the control in a form that SetControl accepts. For a label, returns its text.
