@@ -1,4 +1,5 @@
-// What a page costs, as ratios within one run: machines are noisy, ratios are not.
+// Measures the cost of a page as ratios within one run: absolute times depend on the load of the machine, ratios
+// hardly do.
 //
 //   linealis_bench [--table=FILE] [options of Google Benchmark]
 
@@ -19,7 +20,8 @@ int main(int argc, char** argv)
 
     constexpr std::string_view tableOption = "--table=";
     std::string tableFile;
-    // Repetitions of all measures in a random order, so that a slow minute of the machine hits them all alike.
+    // Interleave the repetitions of all measurements at random, so that a slow phase of the machine affects all of
+    // them alike.
     std::string interleaving = "--benchmark_enable_random_interleaving=true";
     std::vector<char*> arguments = {argv[0], interleaving.data()};
     for (int i = 1; i < argc; ++i) {
@@ -34,7 +36,7 @@ int main(int argc, char** argv)
     if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) {
         return 2;
     }
-    // The windows need no screen, and keep what they write to themselves.
+    // The windows need no screen and must not touch the files of the user.
     ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
     ::setenv("QT_LOGGING_RULES", "*=false", 1);
     for (const char* const folder : {"XDG_CONFIG_HOME", "XDG_RUNTIME_DIR", "TMPDIR"}) {
@@ -42,7 +44,7 @@ int main(int argc, char** argv)
     }
 
     Results results;
-    MeasureMemory(results);  // before this process grows
+    MeasureMemory(results);  // while this process is still small
     RegisterMeasures();
     benchmark::RunSpecifiedBenchmarks(&results);
     const std::string table = MakeTable(results);

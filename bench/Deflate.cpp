@@ -31,7 +31,7 @@ std::size_t Deflate(std::string_view stream, const std::optional<Tuning>& tuning
     constexpr std::size_t outputSize = 20000;
     z_stream zlib{};
     if (deflateInit(&zlib, level) != Z_OK) {
-        std::fputs("zlib has no memory\n", stderr);
+        std::fputs("zlib is out of memory\n", stderr);
         std::exit(1);
     }
     if (tuning) {
@@ -59,8 +59,7 @@ std::size_t Deflate(std::string_view stream, const std::optional<Tuning>& tuning
 
 }  // namespace linealis::bench
 
-// The linker leads every call of deflateTune to the second of these (see CMakeLists.txt).
-// NOLINTBEGIN(bugprone-reserved-identifier): the linker's names
+// The linker redirects every call of deflateTune to __wrap_deflateTune (see CMakeLists.txt).
 extern "C" int __real_deflateTune(z_streamp stream, int goodLength, int maxLazy, int niceLength, int maxChain);
 
 extern "C" int __wrap_deflateTune(z_streamp stream, int goodLength, int maxLazy, int niceLength, int maxChain)

@@ -6,7 +6,7 @@
 
 namespace linealis::bench {
 
-/// What zlib's deflateTune takes.
+/// The parameters of zlib's deflateTune.
 struct Tuning {
     int goodLength;
     int maxLazy;
@@ -14,12 +14,13 @@ struct Tuning {
     int maxChain;
 };
 
-/// The tuning that the program chose for the last page that it compressed; nothing if it left level 9 as it is.
-/// Seen in its own call of zlib, so that the benchmark has no second copy of its choice.
+/// Returns the tuning that the program used for the page it compressed last, or nothing if it left level 9 untuned.
+/// Observed in the program's own call of zlib, so that the benchmark does not duplicate the choice.
 std::optional<Tuning> LastTuning();
 void ForgetLastTuning();
 
-/// Compresses at level 9, in the pieces in which the program feeds zlib. Returns the size of the zlib stream.
+/// Compresses at level 9, feeding zlib in pieces of the same size as the program does. Returns the size of the zlib
+/// stream.
 std::size_t Deflate(std::string_view stream, const std::optional<Tuning>& tuning);
 
 }  // namespace linealis::bench

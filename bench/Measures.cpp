@@ -19,9 +19,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr double shortestMeasure = 0.05;  // seconds, of the measures that are too short to be taken one by one
+constexpr double shortestMeasure = 0.05;  // seconds, for measurements too short to be taken one at a time
 
-/// Times work on a page that has just been opened.
+/// Times work on a freshly opened page.
 void OnOpenPage(benchmark::State& state, const Page& page, void (OpenPage::*work)())
 {
     std::optional<OpenPage> open;
@@ -56,7 +56,7 @@ void Zlib(benchmark::State& state, const Page& page, bool tuned)
     }
 }
 
-/// The best of several runs of a program, by processor time.
+/// Reports the run with the least processor time of several runs of a program.
 void ProcessTime(benchmark::State& state, const std::vector<std::string>& words, const fs::path& output, int runs)
 {
     for ([[maybe_unused]] auto _ : state) {
@@ -91,7 +91,7 @@ void OtherWriter(benchmark::State& state, const Page& page, const std::string& p
     ProcessTime(state, {Program(program).string(), strokes.string(), output.string()}, output, 1);
 }
 
-/// The coordinates of all pages, at most so many of each.
+/// Returns coordinates of all pages, at most mostOfAPage per page.
 std::vector<double> Coordinates()
 {
     constexpr std::size_t mostOfAPage = 20'000;
@@ -126,7 +126,7 @@ void WriteNumbers(benchmark::State& state, Write write)
     state.counters["numbers"] = static_cast<double>(numbers.size());
 }
 
-/// What a drawing loop's call costs that lets the interface have its turn.
+/// Measures the call in a drawing loop that gives the user interface a turn.
 void OneRound(benchmark::State& state)
 {
     constexpr int rounds = 1'000'000;
@@ -141,7 +141,7 @@ void OneRound(benchmark::State& state)
     state.counters["rounds"] = rounds;
 }
 
-/// A program that writes its own figures, each behind its name.
+/// Runs a program that writes its own measurements to a file, one name and value per line.
 void FiguresOf(benchmark::State& state, const char* program)
 {
     const fs::path file = ScratchFolder() / program;
@@ -163,9 +163,9 @@ double Median(std::vector<double> values)
     return *middle;
 }
 
-/// Two programs in turns, each from its start to its first window painted: the gallery and an empty one. On an X
-/// server: what Qt draws into memory alone, without one, says little about what a person waits for. Both processes
-/// and the server share the machine, so the middle of many runs is taken, not the best.
+/// Runs two programs alternately, each from its start until its first window is painted: the gallery and an empty
+/// window. Uses an X server, because drawing into memory without one says little about what a user waits for. The
+/// processes and the server share the machine, so the result is the median of many runs, not the best one.
 void DesktopStart(benchmark::State& state)
 {
     constexpr const char* screen = "QT_QPA_PLATFORM";
@@ -248,8 +248,8 @@ void RegisterOthers()
 
 void RegisterGrowth()
 {
-    // As many dots in a sample of small pages as in one of a large page: a short sample finds a quiet moment of the
-    // machine more easily than a long one.
+    // Each sample draws the same number of dots, on many small pages or on one large page: a short sample is more
+    // likely to hit a quiet phase of the machine than a long one.
     constexpr int dotsOfASample = 1'000'000;
     for (const int dots : growingDots) {
         const Page page = PageOfDots(dots);

@@ -12,7 +12,8 @@
 
 namespace linealis::bench {
 
-// What is measured, by name. Each name is a Google benchmark; names that end in a page have one for every page.
+// The names of the measurements. Each name is a Google benchmark; a name that ends in a slash is followed by the
+// name of a page.
 
 inline constexpr const char* wholePage = "whole/";
 inline constexpr const char* drawing = "drawing/";
@@ -28,7 +29,7 @@ inline constexpr const char* desktopStart = "desktop/start";
 inline constexpr const char* pageTurns = "desktop/turns";
 inline constexpr const char* keyLatency = "desktop/latency";
 
-/// The other writers of PDF files: name, program.
+/// Other PDF writers: name and program.
 struct Writer {
     const char* name;
     const char* program;
@@ -36,14 +37,14 @@ struct Writer {
 inline constexpr std::array<Writer, 3> otherWriters = {
     {{"QPdfWriter", "qt_page"}, {"libharu", "haru_page"}, {"cairo", "cairo_page"}}};
 
-/// The dots and grid pages among the heavy ones, which the other writers make too.
+/// Returns the heavy dots and grid pages, which the other writers make too.
 std::vector<Page> ComparedPages();
 
-/// The numbers of dots whose pages show how time grows.
+/// Numbers of dots on the pages that show how the time grows.
 inline constexpr std::array<int, 4> growingDots = {10'000, 100'000, 1'000'000, 10'000'000};
 
-/// The best of all repetitions of every benchmark, in seconds of processor time, and its counters, the least of
-/// each.
+/// Collects the least processor time in seconds, and the least value of each counter, over all repetitions of every
+/// benchmark.
 class Results : public benchmark::BenchmarkReporter {
 public:
     bool ReportContext(const Context& context) override;
@@ -60,7 +61,7 @@ private:
     std::map<std::string, std::map<std::string, double>> counters;
 };
 
-/// Measures the peak memory of every page. Only right as long as this process is small.
+/// Measures the peak memory for every page. Call it while this process is still small (see Run).
 void MeasureMemory(Results& results);
 
 void RegisterMeasures();

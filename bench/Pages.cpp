@@ -58,9 +58,9 @@ std::vector<Page> HeavyPages()
 Page PageOfDots(int dots)
 {
     constexpr int dotsOfARow = 1000;
-    constexpr double spacing = 0.0512345;  // inches; not round, so that coordinates have all their digits
+    constexpr double spacing = 0.0512345;  // inches; not a round number, so that coordinates have all digits
     constexpr double bothMargins = 1.0;
-    // Half a spacing to spare, so that rounding takes no dot away.
+    // Leave half a spacing to spare, so that rounding removes no dot.
     const auto size = [](int count) { return Str((count - 0.5) * spacing + bothMargins); };
     return {std::to_string(dots) + " dots",
             "dots",

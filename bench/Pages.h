@@ -13,33 +13,36 @@
 
 namespace linealis::bench {
 
+/// The name of a control and its value.
 struct Setting {
     std::string control;
     std::string value;
 };
 
-/// A page to measure: a kind of paper and what is set on its form.
+/// A page to measure: a kind of paper and the settings of its form.
 struct Page {
     std::string name;
     std::string kind;
     std::vector<Setting> settings;
 };
 
-/// Each kind as its form opens.
+/// Returns one page for each kind, as its form opens.
 std::vector<Page> DefaultPages();
 
-/// The pages that take long.
+/// Returns pages that take long to make.
 std::vector<Page> HeavyPages();
 
-/// A sheet with so many dots: all have the same pattern, a thousand dots in a row, and only the sheet grows.
+/// Returns a page with the given number of dots, a thousand per row. The pattern is always the same; only the sheet
+/// grows.
 Page PageOfDots(int dots);
 
+/// Applies the settings to a form.
 void Apply(const std::vector<Setting>& settings, const Form& form);
 
-/// A folder for what the benchmark writes, removed when the program ends.
+/// Returns a folder for the files of the benchmark, which is removed when the program ends.
 const std::filesystem::path& ScratchFolder();
 
-/// A page's form, twice: by itself, and in a window. And the steps of making the page.
+/// Holds the form of a page twice, alone and in a window, and runs the steps of making the page.
 class OpenPage {
 public:
     explicit OpenPage(const Page& page);
@@ -47,19 +50,19 @@ public:
     OpenPage(const OpenPage&) = delete;
     OpenPage& operator=(const OpenPage&) = delete;
 
-    /// All that a press of Generate does, into a new file.
+    /// Does everything that the Generate button does, into a new file.
     void Generate();
 
-    /// Reads the form and draws; neither compresses nor writes.
+    /// Reads the form and draws the page without compressing or writing it.
     void Draw();
 
-    /// What the drawing loops call for every stroke.
+    /// Makes the call that drawing loops make for every stroke.
     void Round() { turns.RuntimeBackgroundTask(); }
 
-    /// The content of the page that was drawn last.
+    /// Returns the content of the page drawn last.
     std::string_view Stream() const { return drawn->Stream(); }
-    double Width() const;  ///< points, like the height
-    double Height() const;
+    double Width() const;   ///< in points
+    double Height() const;  ///< in points
 
     ScreenlessPlatform platform;
 
@@ -72,7 +75,7 @@ private:
     const MyPDFGenerator* drawn = &pdf;
 };
 
-/// The strokes of a content stream.
+/// Returns the number of strokes in a content stream.
 std::size_t CountStrokes(std::string_view stream);
 
 }  // namespace linealis::bench

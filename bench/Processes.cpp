@@ -28,7 +28,7 @@ double Seconds(const timeval& time)
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * microsecond;
 }
 
-/// The numbers at the start of a line of the content stream, and the operator behind them.
+/// A line of the content stream: numbers followed by an operator.
 struct Line {
     std::vector<double> numbers;
     std::string_view word;

@@ -25,7 +25,7 @@ std::string Fixed(double value, int decimals)
     return text.data();
 }
 
-/// Three digits, as far as there are any behind the point.
+/// Formats a number with three significant digits, but at most three decimals.
 std::string Digits(double value)
 {
     return Fixed(value, value >= 100.0 ? 0 : value >= 10.0 ? 1 : value >= 1.0 ? 2 : 3);
@@ -40,7 +40,7 @@ std::string Row(const std::vector<std::string>& cells)
     return row + "\n";
 }
 
-/// The first column holds names, all others numbers.
+/// Returns a table header. The first column holds names, all others numbers.
 std::string Head(const std::vector<std::string>& titles)
 {
     std::vector<std::string> lines(titles.size(), "---:");
@@ -70,7 +70,7 @@ struct PageFigures {
     double untunedSize;
     double tunedSize;
     double memory;
-    std::string search;  ///< empty: level 9 as it is
+    std::string search;  ///< empty: untuned
 };
 
 std::optional<PageFigures> FiguresOf(const Page& page, const Results& results)
@@ -120,9 +120,9 @@ std::string TimesTable(const std::vector<PageFigures>& pages)
 {
     std::string text =
         "## Pages: processor time\n\n"
-        "Milliseconds. *Whole page*: what a press of Generate does, in process. *zlib* over the same content "
+        "Milliseconds. *Whole page*: the work of the Generate button, in process. *zlib* over the same content "
         "stream:\n"
-        "level 9 as it is, and tuned as the program tunes it. *Process*: linealis-cli from start to end.\n\n" +
+        "level 9 untuned, and tuned as in the program. *Process*: linealis-cli from start to end.\n\n" +
         Head({"page", "strokes", "whole page", "drawing alone", "zlib untuned", "zlib tuned", "tuned / untuned",
               "whole / tuned", "million strokes / s", "process", "process / untuned"});
     for (const PageFigures& page : pages) {
@@ -137,12 +137,11 @@ std::string TimesTable(const std::vector<PageFigures>& pages)
 
 std::string SizesTable(const std::vector<PageFigures>& pages)
 {
-    std::string text =
-        "## Pages: sizes\n\n"
-        "*Search*: what zlib is tuned to (good, lazy, nice, chain). *Peak memory* is that of the "
-        "linealis-cli process;\nit may have 1.25 times the content stream and 12 MiB.\n\n" +
-        Head({"page", "content stream, KiB", "zlib untuned, KiB", "zlib tuned, KiB", "tuned / untuned", "search",
-              "peak memory, MiB", "memory / stream", "memory / what it may have"});
+    std::string text = "## Pages: sizes\n\n"
+                       "*Search*: the zlib tuning (good, lazy, nice, chain). *Peak memory* is that of the "
+                       "linealis-cli process;\nits limit is 1.25 times the content stream plus 12 MiB.\n\n" +
+                       Head({"page", "content stream, KiB", "zlib untuned, KiB", "zlib tuned, KiB",
+                             "tuned / untuned", "search", "peak memory, MiB", "memory / stream", "memory / limit"});
     for (const PageFigures& page : pages) {
         text += Row({page.page.name, Fixed(page.stream / kibibyte, 1), Fixed(page.untunedSize / kibibyte, 1),
                      Fixed(page.tunedSize / kibibyte, 1), Fixed(page.tunedSize / page.untunedSize, 4),
@@ -158,8 +157,8 @@ std::string NameOf(const Writer& writer, const Page& page)
     return std::string(writer.name) + "/" + page.name;
 }
 
-/// How many times as long as linealis-cli the fastest other writer takes, on the page of the kind where it does
-/// best.
+/// Returns how many times as long as linealis-cli the fastest other writer takes, on the page of the kind where it
+/// does best.
 std::optional<double> FastestOther(const std::string& kind, const Results& results)
 {
     std::optional<double> fastest;
@@ -177,8 +176,7 @@ std::optional<double> FastestOther(const std::string& kind, const Results& resul
 
 std::string OthersTable(const Results& results)
 {
-    std::string text =
-        Head({"page", "writer", "process, ms", "times linealis-cli", "file, KiB", "times linealis-cli's"});
+    std::string text = Head({"page", "writer", "process, ms", "ratio to linealis-cli", "file, KiB", "file ratio"});
     bool any = false;
     for (const Page& page : ComparedPages()) {
         const std::string own = process + page.name;
@@ -232,8 +230,8 @@ std::string GrowthTable(const Results& results)
     if (all.empty()) {
         return "";
     }
-    std::string text = "## Growth: one pattern of dots on larger and larger sheets, whole page in process\n\n" +
-                       Head({"dots", "time, ms", "microseconds a dot", "times the decade before"});
+    std::string text = "## Growth: one pattern of dots on sheets of increasing size, whole page in process\n\n" +
+                       Head({"dots", "time, ms", "microseconds per dot", "ratio to previous decade"});
     for (std::size_t i = 0; i < all.size(); ++i) {
         text += Row({Fixed(all[i].strokes, 0), Digits(all[i].strokes * all[i].perStroke / milli),
                      Fixed(all[i].perStroke / micro, 4),
@@ -242,7 +240,8 @@ std::string GrowthTable(const Results& results)
     return text + "\n";
 }
 
-/// The yield's share of the page's time: without a screen on the first heavy page, with one as measured there.
+/// Returns the share of the yield in the time of a page: the larger of the share without a screen on the first
+/// heavy page and the share measured with one.
 std::optional<double> YieldShare(const Results& results)
 {
     std::optional<double> share;
@@ -271,45 +270,46 @@ std::string SmallThingsTable(const Results& results)
             "ns");
     }
     if (results.Has(toChars)) {
-        add("std::to_chars of it (general, 7 digits)",
+        add("std::to_chars for a coordinate (general, 7 digits)",
             results.Seconds(toChars) / results.Counter(toChars, "numbers") / nano, "ns");
     }
     if (results.Has(oneRound)) {
-        add("yield of a stroke, without a screen",
+        add("yield per stroke, without a screen",
             results.Seconds(oneRound) / results.Counter(oneRound, "rounds") / nano, "ns");
     }
     if (results.Has(trueProcess)) {
         add("/bin/true, process", results.Seconds(trueProcess) / milli, "ms");
     }
     if (results.Has(desktopStart)) {
-        for (const auto& [program, name] : {std::pair("gallery_start", "start to gallery painted"),
-                                            std::pair("empty_window", "start to empty Qt window painted")}) {
+        for (const auto& [program, name] :
+             {std::pair("gallery_start", "start until the gallery is painted"),
+              std::pair("empty_window", "start until an empty Qt window is painted")}) {
             const std::string counter = program;
-            add(name + std::string(", by the clock"), results.Counter(desktopStart, counter) / milli, "ms");
+            add(name + std::string(", wall clock"), results.Counter(desktopStart, counter) / milli, "ms");
             add(name + std::string(", processor time"),
                 results.Counter(desktopStart, counter + "_processor") / milli, "ms");
         }
     }
     if (results.Has(keyLatency)) {
-        add("from a key to the live page, slowest kind's median", results.Counter(keyLatency, "median") / milli,
+        add("key press to live page, median of the slowest kind", results.Counter(keyLatency, "median") / milli,
             "ms");
-        add("from a key to the live page, worst of all", results.Counter(keyLatency, "worst") / milli, "ms");
-        add("longest wait of a key beside a page of a million dots", results.Counter(keyLatency, "wait") / milli,
-            "ms");
+        add("key press to live page, worst case", results.Counter(keyLatency, "worst") / milli, "ms");
+        add("longest wait of a key press during a page of a million dots",
+            results.Counter(keyLatency, "wait") / milli, "ms");
     }
     if (results.Has(pageTurns)) {
         for (const std::string file : {"new", "replaced"}) {
             const std::string gap = "longest gap between turns, a million dots, " + file + " file";
-            add(gap + ", by the clock", results.Counter(pageTurns, file + "_gap") / milli, "ms");
+            add(gap + ", wall clock", results.Counter(pageTurns, file + "_gap") / milli, "ms");
             add(gap + ", processor time", results.Counter(pageTurns, file + "_gap_processor") / milli, "ms");
-            add("turns of the event loop during it", results.Counter(pageTurns, file + "_turns"), "");
+            add("turns of the event loop during that page", results.Counter(pageTurns, file + "_turns"), "");
         }
-        add("yield's share of that page", 100.0 * results.Counter(pageTurns, "new_yield_share"), "%");
+        add("share of the yield in that page", 100.0 * results.Counter(pageTurns, "new_yield_share"), "%");
     }
-    return text.empty() ? "" : "## Small things\n\n" + Head({"what", "figure"}) + text + "\n";
+    return text.empty() ? "" : "## Other measurements\n\n" + Head({"measurement", "value"}) + text + "\n";
 }
 
-/// The targets, a row each.
+/// The table of targets, one row per target.
 class Targets {
 public:
     void AtMost(const std::string& target, double limit, std::optional<double> measured, int decimals = 3)
@@ -336,7 +336,8 @@ private:
     std::string rows;
 };
 
-/// The largest figure of the pages of which `among` holds; nothing if there are none.
+/// Returns the largest value of `figure` over the pages for which `among` returns true, or nothing if there are
+/// none.
 template <typename Figure, typename Among>
 std::optional<double> Largest(const std::vector<PageFigures>& pages, Figure figure, Among among)
 {
@@ -416,9 +417,9 @@ std::string TargetsTable(const Results& results)
     };
 
     Targets targets;
-    targets.AtMost("from a key to the live page, median: at most 33 ms", 33.0, latency("median"));
-    targets.AtMost("from a key to the live page, worst: at most 100 ms", 100.0, latency("worst"));
-    targets.AtMost("a key beside a page of a million dots waits at most 30 ms", 30.0, latency("wait"));
+    targets.AtMost("key press to live page, median: at most 33 ms", 33.0, latency("median"));
+    targets.AtMost("key press to live page, worst case: at most 100 ms", 100.0, latency("worst"));
+    targets.AtMost("wait of a key press during a page of a million dots: at most 30 ms", 30.0, latency("wait"));
     targets.AtMost("stream on every page: at most 1 of untuned", 1.0, Largest(all, size, every), 4);
     targets.AtMost("streams of the heavy pages together: at most 0.9 of untuned", 0.9, HeavySizeRatio(heavy));
     targets.AtMost("tuned zlib on the heavy dots pages: at most 0.1 of untuned", 0.1, Largest(heavy, time, dots));
@@ -436,11 +437,12 @@ std::string TargetsTable(const Results& results)
                    Ratio(results, plainNumbers, toChars));
     targets.AtMost("peak memory on every page: at most 1 of (1.25 content stream + 12 MiB)", 1.0,
                    Largest(all, memory, every), 2);
-    targets.AtMost("time a stroke from decade to decade: changes at most 0.05", 0.05, LargestDecade(results));
+    targets.AtMost("time per stroke, change from decade to decade: at most 0.05", 0.05, LargestDecade(results));
     targets.AtMost("linealis-cli on every default page: at most 3 of /bin/true", 3.0, slowestStart, 2);
-    targets.AtMost("start to gallery painted, by the clock: at most 1.3 of an empty Qt window", 1.3, start, 2);
+    targets.AtMost("start until the gallery is painted, wall clock: at most 1.3 of an empty Qt window", 1.3, start,
+                   2);
     targets.AtMost("longest gap between turns of the event loop: at most 30 ms", 30.0, gap, 1);
-    targets.AtMost("yield: at most 0.01 of the page's time", 0.01, YieldShare(results), 4);
+    targets.AtMost("yield: at most 0.01 of the time of a page", 0.01, YieldShare(results), 4);
     return targets.Table();
 }
 
@@ -451,8 +453,8 @@ std::string MakeTable(const Results& results)
     const auto pages = FiguresOf(AllPages(), results);
     std::string text = "# Linealis bench\n\n"
                        "Built with " LINEALIS_COMPILER
-                       ". Each figure is the best of several repetitions within one run. Times belong to\n"
-                       "this machine and this hour; only the ratios carry over.\n\n";
+                       ". Each value is the best of several repetitions within one run. Times apply only\n"
+                       "to this machine and this run; only the ratios carry over.\n\n";
     if (!pages.empty()) {
         text += TimesTable(pages) + SizesTable(pages);
     }

@@ -6,8 +6,8 @@
 
 namespace linealis::bench {
 
-/// All figures in Markdown, and at the end the targets and whether this run meets them. What was filtered out of
-/// the run or could not be built is left out.
+/// Returns all measurements in Markdown, followed by the targets and whether this run meets them. Leaves out what
+/// was filtered out of the run or could not be built.
 std::string MakeTable(const Results& results);
 
 }  // namespace linealis::bench

@@ -12,7 +12,7 @@
 
 namespace linealis::fuzz {
 
-/// What must hold, whatever was given. A fuzzer stops at the input that breaks it.
+/// Aborts unless the condition holds. The fuzzer reports the input that caused it.
 inline void Require(bool holds)
 {
     if (!holds) {
@@ -20,8 +20,8 @@ inline void Require(bool holds)
     }
 }
 
-/// What a fuzzer makes up, taken piece by piece from its beginning. Once all is taken, every number is 0 and every
-/// text empty.
+/// Reads the input of a fuzzer piece by piece. Once the input is used up, every number is 0 and every text is
+/// empty.
 class Input {
 public:
     Input(const std::uint8_t* data, std::size_t size) : rest(reinterpret_cast<const char*>(data), size) {}
@@ -38,7 +38,7 @@ public:
         return byte;
     }
 
-    /// Up to the next line end.
+    /// Returns the text up to the next line end and skips that.
     std::string_view Line()
     {
         const std::string_view line = rest.substr(0, rest.find('\n'));
@@ -46,8 +46,10 @@ public:
         return line;
     }
 
+    /// Returns the unread input without consuming it.
     std::string_view All() const { return rest; }
 
+    /// Selects a kind of paper by the next byte.
     const PaperKind& Kind() { return PaperKinds()[Byte() % PaperKinds().size()]; }
 
 private:

@@ -1,4 +1,5 @@
-// A command line that writes nothing: it does what it says or ends with a message, and so does its completion.
+// Fuzzes command lines that write no files. A command line either succeeds or ends with a message; so does its
+// completion.
 
 #include "Fuzz.h"
 #include "cli/CommandLine.h"
@@ -12,7 +13,7 @@ using namespace linealis::fuzz;
 
 namespace {
 
-/// Without the words that write, start a program or wait for standard input.
+/// Whether the word neither makes a command write a file nor start a program nor wait for standard input.
 bool IsHarmless(std::string_view word)
 {
     for (const std::string_view harmful :
@@ -24,7 +25,8 @@ bool IsHarmless(std::string_view word)
     return word != "-" && word.find('/') == std::string_view::npos && word.find('\0') == std::string_view::npos;
 }
 
-/// Whether a number is longer than two digits or has an exponent: it may ask for a page that takes a minute here.
+/// Whether the word contains a number with more than two digits or an exponent, which can request a page that takes
+/// a minute.
 bool IsHeavy(std::string_view word)
 {
     const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
@@ -42,7 +44,7 @@ bool IsHeavy(std::string_view word)
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    std::cout.setstate(std::ios::badbit);  // it says much
+    std::cout.setstate(std::ios::badbit);  // the output is long
     std::cerr.setstate(std::ios::badbit);
     Input input(data, size);
     std::vector<std::string> words = {"linealis-cli"};
@@ -62,7 +64,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         arguments.push_back(word.data());
     }
     arguments.push_back(nullptr);
-    if (words.size() % 2 == 0) {  // either takes a millisecond
+    if (words.size() % 2 == 0) {  // do only one of the two: each takes a millisecond
         cli::CommandLine().Complete({words.begin() + 1, words.end()});
         return 0;
     }

@@ -1,5 +1,5 @@
-// The content of a page, whatever it holds: it is read to its end or to its damage, and what is made of it can be
-// read.
+// Fuzzes page content. Any content is read to its end or to its damage, and the pictures made from it can be read
+// back.
 
 #include "Fuzz.h"
 #include "exchange/CarriedText.h"

@@ -1,5 +1,5 @@
-// Files that are read: markers, preferences, lists of files and printers, and the test whether a PDF is one of the
-// program's own.
+// Fuzzes files that the program reads: marker files, preferences, lists of recent files and printers, and the check
+// whether a PDF was made by this program.
 
 #include "Fuzz.h"
 #include "app/Preferences.h"

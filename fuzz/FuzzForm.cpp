@@ -1,5 +1,5 @@
-// A form as JSON: it is laid over its kind or refused with a message, and what is printed then gives the same
-// values.
+// Fuzzes forms in JSON. A form is either applied or rejected with a message. Writing the resulting form and
+// applying it again gives the same values.
 
 #include "Fuzz.h"
 #include "exchange/FormJson.h"

@@ -1,5 +1,5 @@
-// What another program sends to the running one: the pieces in which it comes make no difference, and what was read
-// can be sent again.
+// Fuzzes the message from a second instance of the program to the running one. How the message is split into pieces
+// makes no difference, and the received message can be sent again.
 
 #include "Fuzz.h"
 #include "desktop/system/HandOverMessage.h"

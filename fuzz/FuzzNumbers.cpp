@@ -1,4 +1,5 @@
-// Numbers read from texts and written as texts: always finite, and short ones come back.
+// Fuzzes reading and writing of numbers. Numbers read from text are always finite, and written numbers read back
+// within their precision.
 
 #include "Fuzz.h"
 #include "pipeline/form/LengthText.h"

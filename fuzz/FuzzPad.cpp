@@ -1,5 +1,5 @@
-// What pads are made of: a settings file and kinds of paper, in any number, with or without backs. A pad is a file
-// that can be read, or is refused with a message.
+// Fuzzes pads made from a settings file and any number of paper kinds, with or without backs. The result is a
+// readable file or an error message.
 
 #include "Fuzz.h"
 #include "cli/Errors.h"
@@ -15,7 +15,7 @@ using namespace linealis::fuzz;
 
 namespace {
 
-/// Whether the page of the settings takes no more than a moment.
+/// Whether the page of the settings is quick to draw.
 bool IsLight(const PaperKind& kind, std::string_view settings)
 {
     constexpr std::int64_t mostRounds = 1000;

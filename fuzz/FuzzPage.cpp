@@ -1,4 +1,5 @@
-// A whole form: whatever is entered, in whatever order, the page ends, and its content can be read to the end.
+// Fuzzes a whole form. Whatever is entered, in whatever order, drawing ends, and the content can be read to its
+// end.
 
 #include "Fuzz.h"
 #include "exchange/SvgPage.h"
@@ -13,7 +14,7 @@ using namespace linealis::fuzz;
 
 namespace {
 
-/// Sets a control to what a line says.
+/// Sets a control to a value from the input.
 void Enter(const Form& form, Input& input)
 {
     Control& control = *form.Controls()[input.Byte() % form.Controls().size()];
@@ -40,7 +41,7 @@ void Enter(const Form& form, Input& input)
     }
 }
 
-/// Whether a text of the page can break it, as texts with parentheses and backslashes may.
+/// Whether a text of the form may damage the page, as texts with parentheses and backslashes can.
 bool CanBreak(const Form& form)
 {
     for (const Control* const control : form.Controls()) {
@@ -57,7 +58,7 @@ bool CanBreak(const Form& form)
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     constexpr int mostEntered = 64;
-    constexpr std::int64_t mostRounds = 1000;  // heavier pages are given up, which takes a millisecond
+    constexpr std::int64_t mostRounds = 1000;  // pages that need more are abandoned after about a millisecond
     Input input(data, size);
     const PaperKind& kind = input.Kind();
     ScreenlessPlatform platform;

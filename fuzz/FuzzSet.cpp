@@ -1,4 +1,4 @@
-// Controls that are set and typed into by name: what is taken is what the control holds, and to set that again
+// Fuzzes setting controls and typing into them by name. The value that a control returns can be set again and
 // changes nothing.
 
 #include "Fuzz.h"
@@ -10,7 +10,7 @@ using namespace linealis::fuzz;
 
 namespace {
 
-/// A line is a control, "=" or, to type it, ":", and the value.
+/// Executes a line: a control, "=" to set it or ":" to type into it, and the value.
 void Do(std::string_view line, const Form& form)
 {
     const std::size_t end = std::min(line.find_first_of("=:"), line.size());

@@ -1,4 +1,5 @@
-// A settings file of any kind: it loads, and what is saved after that loads and saves to the same bytes.
+// Fuzzes settings files of every kind. A file loads, and the file saved after that loads and saves to the same
+// bytes.
 
 #include "Fuzz.h"
 

@@ -1,5 +1,5 @@
-// A table of pages: its rows are read, twice the same, or it is refused with a message; and a row that is written
-// with quotation marks is read as it was.
+// Fuzzes tables of pages. A table either gives the same rows when read twice or is rejected with a message. A row
+// written with quotation marks reads back unchanged.
 
 #include "Fuzz.h"
 #include "cli/Errors.h"

@@ -1,4 +1,5 @@
-// Texts in other encodings, and pictures that may carry a text: the pieces of a text are the whole.
+// Fuzzes texts in other encodings, and pictures that may carry a text. The characters of a text add up to the whole
+// text.
 
 #include "Fuzz.h"
 #include "exchange/CarriedText.h"

@@ -1,5 +1,5 @@
-// The answer of the web server: the pieces in which it comes make no difference, and whatever it says, the user is
-// asked once at most, and about a word of it.
+// Fuzzes the answer of the web server to the version check. How the answer is split into pieces makes no
+// difference. Whatever it contains, the user is asked at most once, in a message of limited length.
 
 #include "Fuzz.h"
 #include "desktop/system/HttpAnswer.h"

@@ -81,7 +81,7 @@ std::string SettingsAfter(std::size_t changes, PaperWindow& window, Dice& dice)
         const Control& control = *dice.OneOf(window.form.Controls());
         try {
             SetControl("form", window.form, {control.Name(), SomeValue(control, dice)});
-        } catch (const UnknownInput&) {  // then it stays as it is
+        } catch (const UnknownInput&) {  // the control keeps its value
         }
     }
     return window.SettingsBytes();

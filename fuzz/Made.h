@@ -9,17 +9,18 @@
 
 namespace linealis::fuzz {
 
-/// Chance, the same for the same seed.
+/// A random number generator that gives the same sequence for the same seed.
 class Dice {
 public:
     explicit Dice(unsigned seed) : engine(seed) {}
 
-    /// From 0 to below `count`; 0 if that is 0.
+    /// Returns a number from 0 to `count` - 1, or 0 if `count` is 0.
     std::size_t Below(std::size_t count) { return count == 0 ? 0 : engine() % count; }
 
+    /// Returns true once in `count` calls on average.
     bool OneIn(std::size_t count) { return Below(count) == 0; }
 
-    /// One of a list, which is not empty.
+    /// Returns a random element of a list, which must not be empty.
     template <typename List>
     const auto& OneOf(const List& list)
     {
@@ -30,25 +31,25 @@ private:
     std::minstd_rand engine;
 };
 
-/// A number as people and files write it, or what looks like one.
+/// Returns a number as users and files write it, or a text that resembles one.
 std::string SomeNumber(Dice& dice);
 
-/// What a field may be given: mostly a number.
+/// Returns a text for a field, most often a number.
 std::string SomeText(Dice& dice);
 
-/// A value that the control takes, or now and then one that it does not take.
+/// Returns a value that the control accepts or, occasionally, one that it does not.
 std::string SomeValue(const Control& control, Dice& dice);
 
-/// The name or the alias of a control, or now and then a wrong one.
+/// Returns the name or alias of a control or, occasionally, a wrong one.
 std::string NameOf(const Control& control, Dice& dice);
 
-/// The settings file of a window, after so many changes of its form.
+/// Returns the settings file of a window after `changes` random changes of its form.
 std::string SettingsAfter(std::size_t changes, PaperWindow& window, Dice& dice);
 
-/// The text with a few of its bytes changed at random, by the fuzzer's own means.
+/// Returns the text with a few bytes changed at random by the fuzzer.
 std::string Scrambled(std::string text);
 
-/// Another input made of one, by the target that knows its form.
+/// Returns a mutation of the input. Defined by each target that knows the format of its input.
 std::string Mutate(std::string_view input, Dice& dice);
 
 }  // namespace linealis::fuzz

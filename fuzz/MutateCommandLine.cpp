@@ -1,4 +1,4 @@
-// Command lines of words that the program itself proposes where they stand.
+// Mutates command lines by adding words that the completion of the program suggests at that place.
 
 #include "Fuzz.h"
 #include "Made.h"

@@ -1,4 +1,4 @@
-// The operators of a page, a line each.
+// Mutates page content, one operator per line.
 
 #include "Made.h"
 
@@ -9,7 +9,7 @@ namespace linealis::fuzz {
 
 namespace {
 
-/// A # stands for a number, $ for a text.
+/// # stands for a number and $ for a text.
 constexpr std::array lines = {"# # m",
                               "# # l",
                               "# # # # # # c",

@@ -1,4 +1,4 @@
-// Forms as JSON, whole or in part, alone or carried by a picture.
+// Makes forms in JSON, complete or partial, plain or carried by a picture.
 
 #include "Fuzz.h"
 #include "Made.h"
@@ -34,7 +34,7 @@ Json SomeJson(const std::string& value, Dice& dice)
     }
 }
 
-/// Some controls of a form of the kind, or all that there is of it.
+/// Returns some controls of a form of the kind, or the whole form.
 Json SomeForm(const PaperKind& kind, Dice& dice)
 {
     ScreenlessPlatform platform;

@@ -1,5 +1,5 @@
-// A pad's settings file behind what is asked for: the kind of the file, then pages, pages on a side, back and
-// sources.
+// Makes inputs for pads: the kind of the settings file, the number of pages, pages per side, back, and sources,
+// followed by the settings file.
 
 #include "Fuzz.h"
 #include "Made.h"

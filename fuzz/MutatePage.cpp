@@ -1,4 +1,4 @@
-// What is entered into a form: the kind, then again and again a control, a choice, and the line or the bytes of a
+// Mutates entries into a form: the kind, then repeatedly a control, a choice, and a line of text or the bytes of a
 // color.
 
 #include "Fuzz.h"

@@ -1,4 +1,4 @@
-// Lines of controls and values, of a kind that the first byte tells.
+// Mutates lines of controls and values. The first byte selects the kind.
 
 #include "Fuzz.h"
 #include "Made.h"

@@ -1,4 +1,4 @@
-// Settings files: whole ones of a form that somebody has filled in, and such with a field that is changed.
+// Mutates settings files: complete files of a filled-in form, and files with one changed field.
 
 #include "Fuzz.h"
 #include "Made.h"
@@ -15,7 +15,7 @@ std::string LengthPrefixed(const std::string& text)
     return static_cast<char>(std::min<std::size_t>(text.size(), 255)) + text.substr(0, 255);
 }
 
-/// A reference to a file, whose length is told by 32 bits.
+/// Returns a reference to a file with a 32-bit length, sometimes a wrong one.
 std::string SomeReference(Dice& dice)
 {
     constexpr std::array paths = {"", "/tmp/page.pdf", "/dev/null", "page.pdf", "/", "\xFF"};
@@ -25,7 +25,7 @@ std::string SomeReference(Dice& dice)
             static_cast<char>(told) + path};
 }
 
-/// The file, read as texts behind length bytes, with one of them changed.
+/// Returns the file with one field changed, treating it as texts with length bytes.
 std::string WithAnotherField(std::string_view input, Dice& dice)
 {
     std::vector<std::string> fields;

@@ -1,4 +1,4 @@
-// Tables of a kind that the first byte tells: a head of its controls, and values below it.
+// Makes tables: a header of controls and rows of values. The first byte selects the kind.
 
 #include "Fuzz.h"
 #include "Made.h"

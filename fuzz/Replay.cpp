@@ -1,4 +1,4 @@
-// Gives a fuzz target the inputs that stand in files, where there is no fuzzer.
+// Runs a fuzz target on inputs from files, without a fuzzer.
 //
 //   fuzz_NAME FILE-OR-FOLDER...
 
@@ -18,7 +18,8 @@ bool Replay(const fs::path& path)
 {
     std::ifstream file(path, std::ios::binary);
     const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-    std::cout << path.filename().string() << std::endl;  // the last one is the one that failed
+    std::cout << path.filename().string()
+              << std::endl;  // if the target aborts, the last name is the input that failed
     return file.is_open() &&
            LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()) == 0;
 }

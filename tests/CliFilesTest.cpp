@@ -239,11 +239,11 @@ TEST_F(CliFiles, SettingsOfAnotherKindOrDamagedAreSaid)
                   .errors,
               "");
     const std::map<std::string, std::string> problems = {
-        {"short.setx", "ended at field 23 of 23; the rest is empty"},
-        {"five.setx", "ended at field 1 of 23; the rest is empty"},
-        {"grid.setl", "has a length in field 21 of 23 that no field can have; what follows cannot be told"},
-        {"long.setx", "continues after the last of its 23 fields"},
-        {"length.setx", "has a length in field 17 of 23 that no field can have; what follows cannot be told"}};
+        {"short.setx", "ends at field 23 of 23; the remaining fields are empty"},
+        {"five.setx", "ends at field 1 of 23; the remaining fields are empty"},
+        {"grid.setl", "has an invalid length in field 21 of 23; the fields after it are unreliable"},
+        {"long.setx", "has extra data after the last of its 23 fields"},
+        {"length.setx", "has an invalid length in field 17 of 23; the fields after it are unreliable"}};
     for (const auto& [file, problem] : problems) {
         for (const std::string command : {"generate -o p.pdf", "generate -o p.svg", "generate --check", "show",
                                           "form", "save -o p", "pad -o q.pdf"}) {

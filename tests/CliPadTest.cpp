@@ -57,8 +57,8 @@ TEST_F(CliPad, PagesAreThoseOfGenerateInTurns)
     EXPECT_EQ(Shell("$cli form lined --set paper-size=A6 | $cli pad --form - --pages 2 -o pad.pdf").errors, "");
     EXPECT_EQ(Info("pad.pdf"), "pages 2\nsize 297 421\n");
     EXPECT_EQ(Shell("$cli pad grid dots --set x-scale=50 -o pad.pdf").errors,
-              "linealis-cli: warning: grid: X Scale is 50 %: lengths on the page are not true\n"
-              "linealis-cli: warning: dots: X Scale is 50 %: lengths on the page are not true\n");
+              "linealis-cli: warning: grid: X Scale is 50%: lengths on the page are not true to size\n"
+              "linealis-cli: warning: dots: X Scale is 50%: lengths on the page are not true to size\n");
     // The content of a page is in the file once.
     EXPECT_EQ(Shell("$cli pad dots --pages 500 -o many.pdf; $cli pad dots --pages 501 -o more.pdf").status, 0);
     EXPECT_LT(fs::file_size(folder / "more.pdf") - fs::file_size(folder / "many.pdf"), 250U);

@@ -228,7 +228,7 @@ TEST_F(CliShell, ShowsAndComparesSettingsFiles)
     Fails(2, "$cli diff a.setx none.setx", "none.setx: No such file or directory");
     const Finished ended = RunInShell(folder, "head -c 40 a.setx > short.setx; $cli show short.setx");
     EXPECT_EQ(ended.status, 0);
-    EXPECT_NE(ended.errors.find("short.setx ended at field "), std::string::npos) << ended.errors;
+    EXPECT_NE(ended.errors.find("short.setx ends at field "), std::string::npos) << ended.errors;
 }
 
 TEST_F(CliShell, TellsShellsWhatCanFollow)

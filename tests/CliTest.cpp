@@ -190,7 +190,8 @@ TEST_F(Cli, GeneratesFromSettingsFiles)
     EXPECT_EQ(Form({"--load", In("old.setx")})["controls"]["StaticFileName"]["value"], "old.pdf");
     const std::string old = ReadFile(folder / "old.pdf");
     const Finished ended = Call({"generate", In("old.setx"), "--set", "EditXScale=25", "-o", In("new.pdf")});
-    EXPECT_EQ(WithoutWarnings(ended.errors), "linealis-cli: old.setx ended at field 18 of 23; the rest is empty\n");
+    EXPECT_EQ(WithoutWarnings(ended.errors),
+              "linealis-cli: old.setx ends at field 18 of 23; the remaining fields are empty\n");
     EXPECT_EQ(PageOf(folder / "new.pdf").at(0), "0.25000 0 0 0.00000  0 0 cm");
     EXPECT_EQ(ReadFile(folder / "old.pdf"), old) << "-o forgets the file that the settings brought back";
 

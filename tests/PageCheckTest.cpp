@@ -161,7 +161,7 @@ TEST(PageCheck, CommandLineWritesNothing)
     const TemporaryFolder folder;
     const Finished text = Execute({LINEALIS_CLI_PATH, "generate", "grid", "--check", "--set", "EditXScale=50"});
     EXPECT_EQ(text.status, 0);
-    EXPECT_EQ(text.output, "grid: X Scale is 50 %: lengths on the page are not true\n");
+    EXPECT_EQ(text.output, "grid: X Scale is 50%: lengths on the page are not true to size\n");
     const Finished json =
         Execute({LINEALIS_CLI_PATH, "generate", "grid", "--check", "--json", "--set", "EditXScale=50"});
     EXPECT_NE(json.output.find("\"control\": \"EditXScale\""), std::string::npos) << json.output;
@@ -174,7 +174,8 @@ TEST(PageCheck, CommandLineWritesNothing)
     const Finished made =
         Execute({LINEALIS_CLI_PATH, "generate", "grid", "--set", "EditXScale=50", "-o", folder / "p.pdf"});
     EXPECT_EQ(made.status, 0);
-    EXPECT_EQ(made.errors, "linealis-cli: warning: grid: X Scale is 50 %: lengths on the page are not true\n");
+    EXPECT_EQ(made.errors,
+              "linealis-cli: warning: grid: X Scale is 50%: lengths on the page are not true to size\n");
 }
 
 /// What the command line says of the arguments, without its own name.
@@ -208,7 +209,7 @@ TEST(PageCheck, CommandLineSaysWhatHasNoEffect)
         {"--json has no effect without --check\n", {"generate", "grid", "--json", "-o", "DIR/p.pdf"}},
         {"--dpi has no effect on a page that is not a PNG file\n",
          {"generate", "grid", "--dpi", "300", "-o", "DIR/p.svg"}},
-        {"graph: the wizard's Min X: \u201Cabc\u201D is not a number, counts as 0\n",
+        {"graph: the wizard's Min X: \u201Cabc\u201D is not a number and counts as 0\n",
          {"form", "graph", "--wizard", "EditMinX=abc"}},
         {"", {"generate", "grid", "--dpi", "30", "--transparent", "-o", "DIR/p.png"}},
         {"", {"generate", "grid", "--set", "custom-width=5", "--set", "paper-size=Custom", "--check"}},

@@ -84,7 +84,7 @@ TEST(PageContent, TextsAreReadAsPdfReadsThem)
     EXPECT_EQ(Shown("one\r\ntwo\\\rthree"), "one\ntwothree");
     EXPECT_EQ(Shown("\\60\\60"), "00") << "a code may be short, also at the end";
     EXPECT_EQ(Shown("a)b"), "") << "what is closed too early shows nothing, and the page goes on";
-    EXPECT_EQ(Read("0 w\rBT\r(a(b) Tj\rET\r1 1 m\rS\r"), "3: a text is not closed");
+    EXPECT_EQ(Read("0 w\rBT\r(a(b) Tj\rET\r1 1 m\rS\r"), "3: the text is not closed");
 }
 
 TEST(PageContent, NumbersAreTheNearestDoubles)
@@ -104,18 +104,18 @@ TEST(PageContent, DamageEndsItWithTheLine)
     const std::vector<std::pair<const char*, const char*>> cases = {
         {"1 2 m\r1 x l\r", "2: unexpected text after the operator"},
         {"1 2 l\r", "1: the operator is not allowed here"},
-        {"1 w\r\r1 2 3 m\r", "3: the operator takes other operands"},
+        {"1 w\r\r1 2 3 m\r", "3: the operator has the wrong operands"},
         {"S\r", "1: the operator is not allowed here"},
-        {"/F15 1 Tf\r", "1: there is no such font"},
-        {"[1 2 3] 0 d\r", "1: a dash cannot be read"},
+        {"/F15 1 Tf\r", "1: the font does not exist"},
+        {"[1 2 3] 0 d\r", "1: the dash pattern is malformed"},
         {"1 2 3 4 5 6 7 c\r", "1: too many operands"},
-        {"1 2\r", "1: an operator is missing"},
-        {"--1 w\r", "1: a number cannot be read"},
+        {"1 2\r", "1: the operator is missing"},
+        {"--1 w\r", "1: the number is malformed"},
         {"1e5 w\r", "1: unexpected text after the operator"},
         {"BT\rBT\r", "2: the operator is not allowed here"},
         {"1 0 1 1 0 0 cm\r", "1: the operator is not allowed here"},
-        {"Do\r", "1: the operator is not known"},
-        {"(a) w\r", "1: the operator takes other operands"}};
+        {"Do\r", "1: the operator is unknown"},
+        {"(a) w\r", "1: the operator has the wrong operands"}};
     for (const auto& [content, damage] : cases) {
         EXPECT_EQ(Read(content), damage);
     }

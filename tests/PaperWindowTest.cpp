@@ -188,7 +188,7 @@ TEST_F(Window, APageOfNoEndIsGivenUpAndTheNextCountsAnew)
     pdf.theFile = page;
     EXPECT_EQ(MakePage(endless, pdf, turns, {}, platform), PageEnd::Failed);
     ASSERT_TRUE(platform.fileErrors.size() == 1 && !page.Exists());
-    EXPECT_NE(platform.fileErrors[0].reason.find("rounds"), std::string::npos);
+    EXPECT_NE(platform.fileErrors[0].reason.find("drawing steps"), std::string::npos);
     ends = true;
     for (int i = 0; i < 2000; ++i) {
         MakePage(endless, pdf, turns, {}, platform);

@@ -34,12 +34,12 @@ void Expect(const std::vector<Case>& cases)
 TEST(Remarks, OnTextsThatAreNoNumber)
 {
     Expect({
-        {"grid", "EditTopMargin", "abc", "“abc” is not a number, counts as 0"},
+        {"grid", "EditTopMargin", "abc", "“abc” is not a number and counts as 0"},
         {"grid", "EditTopMargin", "1.5 cm", "counts as 1.5"},
         {"grid", "EditTopMargin", "1.2.3", "counts as 1.2"},
         {"grid", "EditTopMargin", "1/2", "counts as 1"},
-        {"grid", "EditTopMargin", "", "empty counts as 0"},
-        {"grid", "EditTopMargin", "  ", "empty counts as 0"},
+        {"grid", "EditTopMargin", "", "an empty field counts as 0"},
+        {"grid", "EditTopMargin", "  ", "an empty field counts as 0"},
     });
     for (const char* const number : {"0", ".5", "1,5", "-2", "+3", " 12 ", "1e1"}) {
         EXPECT_EQ(Remark("grid", "EditTopMargin", number), "") << number;
@@ -78,7 +78,7 @@ TEST(Remarks, OnValuesThatThePageCorrects)
 
 TEST(Remarks, OnNumberSpacingsTellWhichOnesWriteNothing)
 {
-    EXPECT_EQ(Remark("graph", "EditXAxisSpacing", "-0.001"), "below 0, no numbers are printed");
+    EXPECT_EQ(Remark("graph", "EditXAxisSpacing", "-0.001"), "a negative value prints no numbers");
     EXPECT_EQ(Remark("graph", "EditXAxisSpacing", "0"), "counts as 1");
     EXPECT_EQ(Remark("graph", "EditXAxisSpacing", "0.001"), "counts as 1");
 }
@@ -133,7 +133,7 @@ TEST(Remarks, OnValuesThatDrawNothing)
         {"polar", "EditLineThickness", "0", ""},
         {"polar", "EditNumSpokes", "-12", "0"},
         {"ternary", "EditMinorDivisions", "-5", "counts as 1"},
-        {"ternary", "EditMajorDivisions", "0", "no line divides a side"},
+        {"ternary", "EditMajorDivisions", "0", "the sides are not divided"},
         {"graph", "EditXAxisSpacing", "-1", "no numbers"},
     });
 }

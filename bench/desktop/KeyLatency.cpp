@@ -1,5 +1,5 @@
-// How soon the live page follows a key, for every kind's default page, and how long a key waits while a page of a
-// million strokes is drawn beside it: key_latency RESULTS
+// Measures how soon the live page follows a key press on the default page of every kind, and how long a key press
+// waits while a page of a million strokes is drawn next to it: key_latency RESULTS
 
 #include "Pages.h"
 #include "desktop/page/LivePage.h"
@@ -38,7 +38,7 @@ void Pause(int milliseconds)
     loop.exec();
 }
 
-/// Waits until the page is painted on the screen.
+/// Waits until the page is painted on the screen, at most 2 seconds.
 void WaitForPage(desktop::LivePage& page)
 {
     QEventLoop loop;
@@ -49,7 +49,7 @@ void WaitForPage(desktop::LivePage& page)
     page.viewport()->repaint();
 }
 
-/// A window of the kind as it opens, with its page beside the form.
+/// A window of the kind, freshly opened, with its live page next to the form.
 struct Shown {
     explicit Shown(const PaperKind& kind, const std::vector<bench::Setting>& settings = {})
         : window(MakeWindow(kind, platform))
@@ -70,14 +70,14 @@ struct Shown {
     QLineEdit* field;
 };
 
-/// Seconds from each of many keys to the page that it makes.
+/// Returns the seconds from each of many key presses to the resulting page, in ascending order.
 std::vector<double> Latencies(const PaperKind& kind)
 {
     Shown shown(kind);
     WaitForPage(*shown.page);
     std::vector<double> latencies;
     for (int i = 0; i < keys; ++i) {
-        Pause(30);  // until all is quiet again
+        Pause(30);  // until the program is idle again
         QElapsedTimer timer;
         timer.start();
         if (i % 2 == 0) {
@@ -93,8 +93,8 @@ std::vector<double> Latencies(const PaperKind& kind)
     return latencies;
 }
 
-/// The longest time, in seconds, for which a key and the turn of the event loop behind it kept the next one waiting
-/// while a heavy page was drawn.
+/// Returns the longest time in seconds that a key press and the following turn of the event loop delayed the next
+/// key press while a heavy page was drawn.
 double LongestWait()
 {
     constexpr int strokes = 1'000'000;
@@ -110,7 +110,7 @@ double LongestWait()
                  i % 2 == 0 ? QStringLiteral("1") : QString());
         QCoreApplication::processEvents();
         longest = std::max(longest, static_cast<double>(timer.nsecsElapsed()) * nanosecond);
-        Pause(50);  // until the next key of a quick typist
+        Pause(50);  // time between two keys of a fast typist
     }
     return longest;
 }

@@ -1,4 +1,5 @@
-// How the desktop program's event loop fares while a page of a million strokes is made: page_turns RESULTS
+// Measures how responsive the event loop of the desktop program is while it makes a page of a million strokes:
+// page_turns RESULTS
 
 #include "Pages.h"
 #include "desktop/system/DesktopPlatform.h"
@@ -30,7 +31,7 @@ double ProcessorTime()
     return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * nanosecond;
 }
 
-/// Notes every turn of the event loop and what passed since the one before.
+/// Counts the turns of the event loop and records the longest time between two of them.
 class TurnWatch {
 public:
     TurnWatch()
@@ -75,7 +76,7 @@ private:
     double processorTime = 0.0;
 };
 
-/// A file of the program's own, and settings that name it: with these the window asks for no file.
+/// Makes a PDF file and settings that name it, so that the window does not ask for a file.
 FolderItem SettingsWithOutput(const bench::Page& page)
 {
     ScreenlessPlatform platform;
@@ -89,7 +90,7 @@ FolderItem SettingsWithOutput(const bench::Page& page)
     return settings;
 }
 
-/// Seconds that one yield takes when no turn of the event loop is due.
+/// Returns the seconds that one yield takes when the event loop has no turn due.
 double CostOfYield(desktop::DesktopPlatform& platform)
 {
     constexpr int yields = 4'000'000;
@@ -106,7 +107,7 @@ double CostOfYield(desktop::DesktopPlatform& platform)
     return cost;
 }
 
-/// Seconds that a turn of the event loop takes when no event waits.
+/// Returns the seconds that a turn of the event loop takes without a waiting event.
 double CostOfTurn()
 {
     constexpr int turns = 2000;
@@ -132,14 +133,14 @@ int main(int argc, char** argv)
     desktop::DesktopPlatform platform;
     const std::unique_ptr<PaperWindow> window = MakeWindow(*FindPaperKind(page.kind), platform);
     window->LoadSettings(settings);
-    bench::Apply(page.settings, window->form);  // settings do not hold the size of a custom page
+    bench::Apply(page.settings, window->form);  // settings do not store a custom paper size
     window->OutputFile().Delete();
     desktop::PaperView view(platform, *FindPaperKind(page.kind), *window);
     view.show();
     QCoreApplication::processEvents();
 
     TurnWatch turns;
-    // The first press makes a new file; the second replaces it, which waits until the disk has it.
+    // The first run creates a file; the second replaces it, which waits until the disk has it.
     for (const char* const file : {"new", "replaced"}) {
         turns.Start();
         const double start = ProcessorTime();

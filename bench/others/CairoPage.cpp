@@ -1,4 +1,4 @@
-// A page of strokes through cairo: cairo_page STROKES PDF
+// Draws a page of strokes with cairo: cairo_page STROKES PDF
 
 #include "Strokes.h"
 

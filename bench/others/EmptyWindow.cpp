@@ -1,4 +1,4 @@
-// What every Qt program takes to show a window.
+// The baseline: a Qt program that shows an empty window.
 
 #include <QApplication>
 #include <QMainWindow>

@@ -1,5 +1,5 @@
-// Linked into a Qt program, ends it when its first window has been painted, on the spot: tidying up is no part of a
-// start.
+// Linked into a Qt program, ends it as soon as its first window is painted, without cleanup, which is not part of
+// the start.
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -15,7 +15,7 @@ protected:
     {
         if (event->type() == QEvent::Paint && watched->isWidgetType() && !painting) {
             painting = true;
-            QTimer::singleShot(0, this, [] { std::_Exit(0); });  // when all of the window is painted
+            QTimer::singleShot(0, this, [] { std::_Exit(0); });  // after the whole window is painted
         }
         return false;
     }

@@ -1,4 +1,4 @@
-// A page of strokes through libharu: haru_page STROKES PDF
+// Draws a page of strokes with libharu: haru_page STROKES PDF
 
 #include "Strokes.h"
 

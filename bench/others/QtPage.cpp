@@ -1,4 +1,4 @@
-// A page of strokes through QPdfWriter: qt_page STROKES PDF
+// Draws a page of strokes with QPdfWriter: qt_page STROKES PDF
 
 #include "Strokes.h"
 
@@ -12,7 +12,7 @@ int main(int argc, char** argv)
     if (argc != 3) {
         return 2;
     }
-    // No application object: drawing lines needs none, and making one takes time.
+    // No application object: drawing lines does not need one, and creating it takes time.
     const others::StrokesFile page(argv[1]);
     constexpr int pointsPerInch = 72;
     QPdfWriter writer(QString::fromLocal8Bit(argv[2]));
@@ -34,7 +34,7 @@ int main(int argc, char** argv)
         const QPointF from(stroke.x1, page.Head().height - stroke.y1);
         const QPointF to(stroke.x2, page.Head().height - stroke.y2);
         if (from == to) {
-            painter.drawPoint(from);  // a path leaves out a line to where it stands
+            painter.drawPoint(from);  // a path omits a line of length 0
         } else {
             painter.drawLine(from, to);
         }

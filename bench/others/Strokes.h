@@ -12,10 +12,10 @@
 
 namespace others {
 
-/// A writer that takes longer than this for a page is stopped.
+/// The processor time limit of a writer for one page, in seconds.
 inline constexpr int secondsAllowed = 30;
 
-/// A straight line by itself. Points, the origin at the lower left corner of the page.
+/// A single straight line. Points, with the origin at the lower left corner of the page.
 struct Stroke {
     double width;
     double x1;
@@ -24,17 +24,17 @@ struct Stroke {
     double y2;
 };
 
-/// The strokes of a page, as the benchmark hands them to another writer: a file of these, one behind the other.
+/// The header of the file that passes the strokes of a page to another writer. An array of Stroke follows it.
 struct PageHead {
     double width;
     double height;
     double roundCaps;  ///< 1 or 0
 };
 
-/// The page in its file, mapped into memory, so that reading it costs the other writer next to nothing.
+/// Maps the file of a page into memory, so that reading it costs the other writer next to nothing.
 class StrokesFile {
 public:
-    /// Limits the program's processor time, too.
+    /// Maps the file, and limits the processor time of the program. Exits the program on failure.
     explicit StrokesFile(const char* path)
     {
         const rlimit limit{secondsAllowed, secondsAllowed + 1};

@@ -20,7 +20,7 @@ void CapacityString::Resize(std::int64_t capacity)
     if (block == nullptr) {
         throw std::bad_alloc();
     }
-    static_cast<void>(mData.release());  // realloc has taken it over
+    static_cast<void>(mData.release());  // realloc freed or reused the old block
     mData.reset(block);
     mCapacity = capacity;
 }

@@ -8,37 +8,38 @@
 
 namespace linealis {
 
-/// A byte buffer that grows by a tenth of its length at a time, so that a page of many megabytes neither is
-/// copied often nor takes much more memory than it needs.
+/// A byte buffer that grows by a tenth of its length at a time, so that a page of many megabytes is neither copied
+/// often nor takes much more memory than it needs.
 ///
-/// Throws std::bad_alloc when memory runs out, and stays as it was.
+/// Throws std::bad_alloc when memory runs out, and then keeps its content.
 class CapacityString {
 public:
     CapacityString() : CapacityString(0, 0) {}
-    /// `capacity` bytes are allocated at once. The growth rule does not read `increment`.
+    /// Allocates `capacity` bytes at once. `increment` is only stored; growth does not use it.
     CapacityString(std::int64_t capacity, std::int64_t increment);
 
-    /// Replaces the content. An empty text empties the buffer and keeps its block.
+    /// Replaces the content. An empty text empties the buffer but keeps its memory.
     void SetString(std::string_view text);
 
+    /// Appends the text.
     void AppendString(std::string_view text);
 
-    /// A place behind the content for `extra` bytes at most, to write them where they are to stand. They become
-    /// content with TakeIn; any other change in between drops them.
+    /// Returns a pointer to room for at most `extra` bytes after the content, so that a caller can write them in
+    /// place. TakeIn makes them content; any other change before that discards them.
     char* Room(std::int64_t extra);
-    /// Appends what has been written into the room, up to `end`.
+    /// Appends the bytes that the caller wrote to Room(), up to `end`.
     void TakeIn(const char* end) { mLength = end - mData.get(); }
 
-    /// For whoever writes a page out of order; the generator does not. Inserts before the byte at `position`, which
-    /// counts from 1; Length() + 1 appends. Positions outside are moved to the nearest end.
+    /// Inserts the text before the byte at `position`, which counts from 1; Length() + 1 appends. Clamps a position
+    /// outside that range. For code that writes a page out of order; the generator does not use it.
     void InsertString(std::int64_t position, std::string_view text);
 
-    /// A copy of the content.
+    /// Returns a copy of the content.
     std::string Operator_Convert() const { return std::string(View()); }
 
-    /// The content where it stands, until the next change.
+    /// Returns a view of the content, valid until the next change.
     std::string_view View() const { return {mData.get(), static_cast<std::size_t>(mLength)}; }
-    operator std::string_view() const { return View(); }  // NOLINT(google-explicit-constructor): it is a text
+    operator std::string_view() const { return View(); }  // NOLINT(google-explicit-constructor): usable as a text
 
     std::int64_t Length() const { return mLength; }
     std::int64_t Capacity() const { return mCapacity; }

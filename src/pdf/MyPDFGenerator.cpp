@@ -21,10 +21,11 @@ constexpr std::size_t compressorPieceSize = 50000;
 constexpr int compressionLevel = 9;
 constexpr std::size_t writtenPieceSize = std::size_t{1} << 20U;
 
-/// What a piece takes, to compress or to write, in lines drawn, so that the interface gets its turn after each.
+/// The work of compressing or writing one piece, counted in drawn lines, so that the user interface gets a turn
+/// after each piece.
 constexpr int linesWorthOfAPiece = Turns::linesPerYield;
 
-/// The font /F1 is object 7, and what follows in StandardFonts() are the objects 10 to 22.
+/// The font /F1 is object 7; the remaining entries of StandardFonts() are objects 10 to 22.
 constexpr int firstFontObject = 7;
 constexpr int firstFurtherFontObject = 10;
 
@@ -33,7 +34,8 @@ std::span<const StandardFont, 13> FurtherFonts()
     return StandardFonts().last<13>();
 }
 
-/// How hard deflate looks for repetitions (zlib's deflateTune), from a size of input on.
+/// How hard deflate searches for repetitions (the parameters of zlib's deflateTune), for inputs from a given size
+/// up.
 struct Search {
     std::size_t smallestInput;
     int goodLength;
@@ -42,9 +44,10 @@ struct Search {
     int maxChain;
 };
 
-/// Level 9 looks through chains of thousands of places, which is lost on line art: its repetitions are short and
-/// near. Found by measuring the pages of the benchmark: no stream comes out larger than untuned, the heavy pages'
-/// together a tenth smaller, in a fifteenth of the time. The searches of large streams would let small ones grow.
+/// Level 9 searches chains of thousands of positions, which gains nothing on line art: its repetitions are short
+/// and close together. The values come from measuring the benchmark pages: no stream is larger than untuned, and
+/// the streams of the heavy pages together are a tenth smaller, in a fifteenth of the time. The parameters for
+/// large streams would make small ones grow.
 constexpr std::size_t kibibyte = 1024;
 constexpr std::array<Search, 4> searches = {{
     {0, 8, 258, 258, 512},
@@ -53,7 +56,7 @@ constexpr std::array<Search, 4> searches = {{
     {1024 * kibibyte, 5, 10, 32, 16},
 }};
 
-/// zlib's deflate, fed piece by piece, collecting its output.
+/// Runs zlib's deflate on one piece after another and collects the output.
 class Compressor {
 public:
     explicit Compressor(std::size_t inputSize)
@@ -81,7 +84,7 @@ private:
     void Run(std::string_view input, int flush)
     {
         if (!ready) {
-            throw std::bad_alloc();  // deflateInit fails for want of memory alone
+            throw std::bad_alloc();  // deflateInit fails only if memory runs out
         }
         stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(input.data()));
         stream.avail_in = static_cast<uInt>(input.size());
@@ -169,7 +172,7 @@ bool MyPDFGenerator::CloseFile(Platform& platform)
     if (const std::error_code error = b.Close()) {
         platform.ShowFileError(theFile,
                                "Unable to write the file " + theFile.Name() + ": " + error.message() +
-                                   ". What was there before is unchanged.",
+                                   ". The existing file, if any, is unchanged.",
                                error.message());
         return false;
     }
@@ -200,7 +203,7 @@ void MyPDFGenerator::WriteDocument(std::string_view streamData, const LocalTime&
 CapacityString MyPDFGenerator::CompressedStream(std::string_view text)
 {
     Compressor compressor(text.size());
-    uLong checksum = 0;  // not 1, zlib's start: it stands behind the zlib stream, where no reader looks
+    uLong checksum = 0;  // not 1, as in zlib: it follows the zlib stream, where no reader looks
     for (std::size_t start = 0; start < text.size(); start += compressorPieceSize) {
         const std::string_view piece = text.substr(start, compressorPieceSize);
         checksum = adler32(checksum, reinterpret_cast<const Bytef*>(piece.data()), static_cast<uInt>(piece.size()));
@@ -290,7 +293,7 @@ void MyPDFGenerator::WriteResourceObject()
 {
     NewObject();
     WriteStringLineToFile("/ProcSet 1 0 R");
-    // F0 and F1 are the same font: number 0 is what FindFont gives, number 1 the first of a font popup.
+    // F0 and F1 are the same font: FindFont returns number 0, and the first item of a font popup is number 1.
     const std::string first = std::to_string(firstFontObject) + " 0 R";
     WriteStringLineToFile("/Font<</F0 " + first);
     WriteStringLineToFile("/F1 " + first);
@@ -321,7 +324,7 @@ void MyPDFGenerator::WriteObjects(std::string_view streamData, const LocalTime& 
     EndObject();
 
     WriteContentObject(streamData);
-    WriteBareObject(5, mystring(static_cast<std::int64_t>(streamData.size()) - 1));  // without the closing CR
+    WriteBareObject(5, mystring(static_cast<std::int64_t>(streamData.size()) - 1));  // without the final CR
     WriteInfoObject(now);
     WriteFontObject(StandardFontOf(1).name);
     WriteResourceObject();

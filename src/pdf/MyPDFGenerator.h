@@ -16,18 +16,18 @@
 
 namespace linealis {
 
-/// Writes the one kind of file the program makes: a PDF 1.4 file of one page, with one compressed content stream
-/// and the standard Type 1 fonts.
+/// Writes the only kind of file that the program makes: a PDF 1.4 file with one page, one compressed content
+/// stream, and the standard Type 1 fonts.
 ///
-/// The calling order for a page is CreateNew, SetParameter, SetInfo, BeginPage, InitGraphics, any drawing
-/// operators, EndPage, CloseFile, Delete. Drawing only appends text to a buffer in memory; CloseFile writes the
-/// file, in one go. A generator is used again for every page of its window.
+/// Call order for a page: CreateNew, SetParameter, SetInfo, BeginPage, InitGraphics, any drawing operators,
+/// EndPage, CloseFile, Delete. Drawing only appends text to a buffer in memory; CloseFile writes the whole file at
+/// once. The same generator is used for every page of a window.
 ///
-/// No kind of paper calls OpenFilename, SetDash, DrawRotatedText, FillCircle, HandleInTextMode and
-/// HandleOutTextMode: they are there for kinds to come, and tested.
+/// OpenFilename, SetDash, DrawRotatedText, FillCircle, HandleInTextMode, and HandleOutTextMode are tested, but no
+/// current kind of paper calls them.
 ///
-/// Coordinates are PDF points, the origin at the lower left corner of the page, y upwards. A line of the content
-/// stream and of the file ends in one CR byte.
+/// Coordinates are PDF points with the origin at the lower left corner of the page and y pointing up. Each line of
+/// the content stream and of the file ends in one CR byte.
 class MyPDFGenerator {
 public:
     // Paper sizes in points.
@@ -42,87 +42,103 @@ public:
     static constexpr std::int64_t A5Width = 421, A5Height = 595;
     static constexpr std::int64_t A6Width = 297, A6Height = 421;
     static constexpr std::int64_t B5Width = 501, B5Height = 709;
-    static constexpr std::int64_t p11x17width = 1224, p11x17height = 792;  // wider than high, as ledger is
+    static constexpr std::int64_t p11x17width = 1224, p11x17height = 792;  // landscape, like ledger
 
-    /// A page with more drawing than this is given up: 1 GiB.
+    /// The largest content stream of a page: 1 GiB. A page with more is abandoned.
     static constexpr std::int64_t largestStream = std::int64_t{1} << 30U;
 
-    FolderItem theFile;  ///< the file that CloseFile writes; must be set by then
+    FolderItem theFile;  ///< the file that CloseFile writes; set it before that call
 
-    /// `theTurns` are those of its long loops. A page with more bytes of drawing than `theLargestStream` is given
-    /// up.
+    /// `theTurns` is called by the long loops. Drawing operators throw PageTooLarge when the content stream exceeds
+    /// `theLargestStream` bytes.
     explicit MyPDFGenerator(Turns& theTurns, std::int64_t theLargestStream = largestStream);
 
     // The document, in calling order (MyPDFGenerator.cpp).
 
-    /// Starts a new document. Returns 0; a negative result would mean that none can be started.
+    /// Starts a new document. Always returns 0; a negative result is reserved for failure.
     int CreateNew();
 
-    /// Has no effect: what the file says about itself is fixed.
+    /// Has no effect: the metadata of the file is fixed.
     void SetParameter(std::string_view key, std::string_view value);
     /// Has no effect, like SetParameter.
     void SetInfo(std::string_view key, std::string_view value);
 
+    /// Sets theFile. Always returns 0.
     int OpenFilename(const FolderItem& file);
+    /// Sets the page size in points.
     void BeginPage(std::int64_t width, std::int64_t height);
     void InitGraphics() {}
     void EndPage() {}
 
-    /// Compresses the page and writes the whole file, dated by the platform's clock. If it cannot be opened or
-    /// written, says so through the platform and leaves an existing file as it was. Returns whether it was written.
+    /// Compresses the page and writes the whole file, dated by the clock of the platform. If the file cannot be
+    /// opened or written, reports that through the platform and leaves an existing file unchanged. Returns whether
+    /// the file was written.
     bool CloseFile(Platform& platform);
 
-    /// Writes what CloseFile would write of a content that was drawn before, to an open stream.
+    /// Writes to an open stream what CloseFile would write for a page with this content. Set the size with
+    /// BeginPage first.
     void WriteFile(std::string_view content, const LocalTime& now, BinaryStream& stream);
 
     void Delete() {}
 
-    /// Gives up the page, the memory that its drawing took and a file that is half written.
+    /// Discards the page, the memory of its drawing, and a partly written file.
     void Discard();
 
-    // Path operators (MyPDFGenerator_Path.cpp). They check nothing and leave out nothing.
+    // Path operators (MyPDFGenerator_Path.cpp). Each appends its operator to the content stream, without checking
+    // its arguments and without omitting redundant operators.
 
-    /// Channels from 0 to 1. Sets the colors of strokes and fills together.
+    /// Sets the color of strokes and fills. Channels range from 0 to 1.
     void SetRGBColor(double red, double green, double blue);
-    /// The channels' bytes, each divided by 255.
+    /// Sets the color of strokes and fills. Each channel byte is divided by 255.
     void SetRGBColor(Color color);
+    /// Sets the line width in points; 0 is the thinnest line of the device.
     void SetLineWidth(double width);
+    /// Sets the line cap: 0 butt, 1 round, 2 square.
     void SetLineCap(double cap);
     void MoveTo(double x, double y);
     void LineTo(double x, double y);
     void Stroke();
+    /// Multiplies all following coordinates, widths, and sizes; 1 is the true size.
     void Scale(double sx, double sy);
-    /// `on` and `off` both 0 give a solid line, whatever `phase` says.
+    /// Sets the dash pattern in points. A solid line if `on` and `off` are both 0, whatever `phase` is.
     void SetDash(std::int64_t on, std::int64_t off, std::int64_t phase);
+    /// Fills the rectangle with the corners (x1, y1) and (x2, y2).
     void FillRect(std::int64_t x1, std::int64_t y1, std::int64_t x2, std::int64_t y2);
-    /// Fills the page with a color, which then stays set. Does nothing if all channels are exactly 1.
+    /// Fills the page with a color, which stays the current color. Does nothing if all channels are exactly 1.
     void SetBackgroundColor(double red, double green, double blue);
     void SetBackgroundColor(Color color);
-    /// A line as a path of its own.
+    /// Strokes a line as a separate path.
     void StrokeLine(double x1, double y1, double x2, double y2);
 
-    // Text, circles and rotated shapes (MyPDFGenerator_Text.cpp). Text is UTF-8 and is converted to the fonts'
-    // encoding at the last moment. Nothing is escaped: a parenthesis or a backslash goes to the page as it is.
+    // Text, circles, and rotated shapes (MyPDFGenerator_Text.cpp). Text is UTF-8 and is converted to the encoding
+    // of the fonts when it is written. Nothing is escaped: parentheses and backslashes go to the page unchanged.
 
-    /// Returns 0 whatever it is asked for: a font asked for by name is font number 0.
+    /// Always returns 0: a font requested by name is font number 0.
     std::int64_t FindFont(std::string_view name, std::string_view encoding, std::int64_t embed);
-    /// The size is truncated to a whole number.
+    /// Sets the font, by the number in its name on the page, and the size in points. Truncates the size to a whole
+    /// number.
     void SetFont(std::int64_t number, double size);
-    /// Points. Every character of every font counts as 600/1000 of the size.
+    /// Returns the width of a text in points. Every character of every font counts as 600/1000 of the size.
     static double StringWidth(std::string_view text, std::int64_t font, std::int64_t size);
+    /// Sets the position of the next text, in points.
     void SetTextPos(double x, double y);
+    /// Shows the text at the text position in the current font.
     void Show(std::string_view text);
     void ShowFont(std::string_view text, std::int64_t font);
-    /// At (x, y), turned by an angle in degrees. The text position is added, in the turned system.
+    /// Shows the text at (x, y), rotated by an angle in degrees. The text position is added in the rotated
+    /// coordinate system.
     void ShowRotated(std::string_view text, double angle, double x, double y);
-    /// On a circle, centered on the angle in degrees, in font 0.
+    /// Draws the text along a circle, centered on the angle in degrees, in font 0.
     void DrawRotatedText(std::string_view text, double centerX, double centerY, double radius, double angle,
                          std::int64_t size);
+    /// Like DrawRotatedText, in the given font.
     void DrawRotatedTextFont(std::string_view text, double centerX, double centerY, double radius, double angle,
                              std::int64_t size, std::int64_t font);
+    /// Strokes a circle. Center and radius in points.
     void DrawCircle(double x, double y, double r);
+    /// Fills and strokes a circle.
     void FillCircle(double x, double y, double r);
-    /// A filled rectangle, turned about its center by an angle in degrees.
+    /// Fills a rectangle, rotated about its center by an angle in degrees.
     void FillRectRotated(std::int64_t x1, std::int64_t y1, std::int64_t x2, std::int64_t y2, double angle);
     /// Opens a text object if none is open, and sets the font.
     void HandleInTextMode();
@@ -131,34 +147,35 @@ public:
 
     // Clipped lines (MyPDFGenerator_Clip.cpp).
 
-    /// Where a point lies by the rectangle of the latest ClipLine: the sum of 1 above, 2 below, 4 right, 8 left.
-    /// A point on an edge counts as inside.
+    /// Returns the region of a point relative to the rectangle of the latest ClipLine, as a sum of 1 above, 2
+    /// below, 4 right, and 8 left. A point on an edge counts as inside.
     int FindRegion(double x, double y) const;
-    /// Strokes what the rectangle leaves of the line, as a path of its own; nothing if it leaves nothing. An
-    /// end on which rounding cannot decide at a corner is put into the corner.
+    /// Strokes the part of the line inside the rectangle as a separate path, if any part is inside. An end that
+    /// rounding would move back and forth at a corner is placed in the corner.
     void ClipLine(double x1, double y1, double x2, double y2, double left, double bottom, double width,
                   double height);
 
-    // What the file is made of, for CloseFile and whoever checks it.
+    // Building blocks of the file, for CloseFile and for the tests.
 
-    /// The date and time in PDF form, with its parentheses. The time zone is in whole hours.
+    /// Returns the date and time in PDF syntax, including the parentheses. The time zone is rounded to whole hours.
     static std::string ReturnCurrentDate(const LocalTime& now);
-    /// Four bytes, the lowest first.
+    /// Returns the low four bytes of the value in little-endian order.
     std::string AddFourBytes(std::uint64_t value);
-    /// Appends to the content stream what the operators have made elsewhere.
+    /// Appends text that was formatted elsewhere to the content stream. Throws PageTooLarge beyond the limit.
     void AddToStream(std::string_view text);
-    /// What is drawn from here on has the role.
+    /// Gives everything drawn from now on the role.
     void SetRole(Role role);
-    /// Those of the content stream as drawn so far.
+    /// Returns the roles of the content stream drawn so far.
     const PageRoles& Roles() const { return roles; }
-    /// The content stream as drawn so far.
+    /// Returns the content stream drawn so far.
     std::string_view Stream() const { return streamC.View(); }
-    /// The same, given away: a new document begins with none.
+    /// Moves the content stream out; the generator starts over with an empty one.
     CapacityString TakeStream();
 
 private:
-    /// A line of the content stream: numbers, each with a blank behind it, and the operator that takes them.
+    /// Appends a line to the content stream: the operands, each followed by a blank, and the operator.
     void AddLine(std::initializer_list<double> operands, std::string_view operation);
+    /// Throws PageTooLarge if the content stream exceeds the limit.
     void LimitStream() const;
     void AddFontLine(std::int64_t font);
     void AddTextPositionLine();
@@ -168,10 +185,12 @@ private:
     void AddCirclePath(double x, double y, double r);
 
     using Line = std::array<Point, 2>;
-    /// The point of the line on one edge of the clip rectangle that the region lies outside of.
+    /// Returns the intersection of the line with one edge of the clip rectangle, an edge that `region` lies outside
+    /// of.
     Point CutLine(const Line& line, int region) const;
-    /// Moves one end of the line, which lies in `region`, into the clip rectangle. False if there is nothing of the
-    /// line in it: an end and the other one, which lies in `otherRegion`, are outside on the same side.
+    /// Moves one end of the line, which lies in `region`, into the clip rectangle. Returns false if no part of the
+    /// line is inside because this end and the other one, which lies in `otherRegion`, are outside on the same
+    /// side.
     bool BringInside(Line& line, std::size_t end, int region, int otherRegion) const;
 
     CapacityString CompressedStream(std::string_view text);
@@ -196,7 +215,7 @@ private:
     BinaryStream b;
     std::int64_t numObjectInfo = 0;
     std::int64_t numObjectCatalog = 0;
-    std::array<std::int64_t, 201> objectOffsets{};  ///< by object number; 0 holds nothing
+    std::array<std::int64_t, 201> objectOffsets{};  ///< by object number; entry 0 is unused
     std::int64_t currentFileLength = 0;
     std::int64_t startxref = 0;
     CapacityString streamC;

@@ -9,7 +9,7 @@ namespace {
 
 enum Region : int { inside = 0, above = 1, below = 2, right = 4, left = 8 };
 
-/// More cuts than any end needs. Two bring it onto an edge, and rounding may ask for a few more at a corner.
+/// More cuts than any end needs. Two cuts bring an end onto an edge; rounding may need a few more at a corner.
 constexpr int mostCuts = 32;
 
 bool IsFinite(const Point& point)
@@ -35,7 +35,7 @@ int MyPDFGenerator::FindRegion(double x, double y) const
     return region;
 }
 
-// Multiplication comes before division, and always from the first end: pages depend on the last bit.
+// Multiply before dividing, and always start from the first end: existing pages depend on the last bit.
 Point MyPDFGenerator::CutLine(const Line& line, int region) const
 {
     const auto [x1, y1] = line[0];
@@ -59,8 +59,8 @@ bool MyPDFGenerator::BringInside(Line& line, std::size_t end, int region, int ot
             return false;
         }
         if (cuts == mostCuts) {
-            // At a corner rounding throws the end from the outside of one edge to that of the other, for ever. The
-            // line may well cross the whole rectangle, so it is not given up: it ends in the corner.
+            // At a corner, rounding can move the end back and forth between the outsides of two edges forever. The
+            // line may still cross the whole rectangle, so it is not dropped: it ends in the corner.
             line[end] = {std::min(std::max(line[end].x, clipMinX), clipMaxX),
                          std::min(std::max(line[end].y, clipMinY), clipMaxY)};
             return IsFinite(line[end]);
@@ -71,7 +71,7 @@ bool MyPDFGenerator::BringInside(Line& line, std::size_t end, int region, int ot
     return true;
 }
 
-// The line clipping of Cohen and Sutherland.
+// Cohen-Sutherland line clipping.
 void MyPDFGenerator::ClipLine(double x1, double y1, double x2, double y2, double left, double bottom, double width,
                               double height)
 {
@@ -81,7 +81,7 @@ void MyPDFGenerator::ClipLine(double x1, double y1, double x2, double y2, double
     clipMaxY = bottom + height;
     const int region1 = FindRegion(x1, y1);
     const int region2 = FindRegion(x2, y2);
-    if ((region1 | region2) == inside) {  // as most are
+    if ((region1 | region2) == inside) {  // the most common case
         StrokeLine(x1, y1, x2, y2);
         return;
     }

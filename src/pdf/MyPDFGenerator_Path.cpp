@@ -22,7 +22,7 @@ void MyPDFGenerator::AddToStream(std::string_view text)
 
 void MyPDFGenerator::AddLine(std::initializer_list<double> operands, std::string_view operation)
 {
-    // Written where it stays: a page of many strokes is hardly anything else than this.
+    // Write in place: pages with many strokes spend nearly all their time here.
     constexpr std::size_t longestOperand = longestPlainNumber + 1;
     char* end = streamC.Room(static_cast<std::int64_t>(operands.size() * longestOperand + operation.size() + 1));
     for (const double operand : operands) {
@@ -38,7 +38,7 @@ void MyPDFGenerator::AddLine(std::initializer_list<double> operands, std::string
 void MyPDFGenerator::LimitStream() const
 {
     if (streamC.Length() > mostStream) {
-        throw PageTooLarge{{"the page would hold more than 1 GiB of drawing, so it was given up"}};
+        throw PageTooLarge{{"the page would need more than 1 GiB of drawing data, so it was abandoned"}};
     }
 }
 
@@ -82,7 +82,7 @@ void MyPDFGenerator::Stroke()
 
 void MyPDFGenerator::Scale(double sx, double sy)
 {
-    // Two blanks before the last two zeros: existing pages have them.
+    // Two blanks before the last two zeros, as in existing pages.
     AddToStream(myformatstring(sx, scaleForm) + " 0 0 " + myformatstring(sy, scaleForm) + " " + " 0 0 cm\r");
 }
 

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::string_view matrixForm = "-00000.00000000";
 constexpr double degreesOfHalfTurn = 180.0;
-constexpr double fullTurn = 6.2831854;  // radians: twice the stored pi
+constexpr double fullTurn = 6.2831854;  // radians: twice the rounded pi of Geometry.h
 
 }  // namespace
 
@@ -113,7 +113,8 @@ void MyPDFGenerator::DrawCircularText(std::string_view text, double centerX, dou
 
 void MyPDFGenerator::AddCirclePath(double x, double y, double r)
 {
-    // A quadrant as a Bézier curve: control points this share of the radius from its ends, along the tangents.
+    // Each quadrant is a Bézier curve. Its control points lie on the tangents, at 4/3 (sqrt(2) - 1) times the
+    // radius from the ends.
     const double k = 0.5522847498 * r;
     const auto pointAt = [&](double t) { return Point{std::sin(t) * r + x, std::cos(t) * r + y}; };
     const auto quadrant = [&](double t0, double t1, Point offset0, Point offset1) {

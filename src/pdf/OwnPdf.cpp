@@ -19,7 +19,7 @@ bool IsOwnPdf(const FolderItem& file)
     if (stream.Read(header.size()) != header) {
         return false;
     }
-    // The information dictionary stands behind the page, in the last few thousand bytes.
+    // The information dictionary follows the page content, within the last few thousand bytes.
     constexpr std::size_t tailSize = 8192;
     return stream.ReadLast(tailSize).find("\r/Producer (Linealis)\r") != std::string::npos;
 }

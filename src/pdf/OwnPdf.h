@@ -4,10 +4,11 @@
 
 namespace linealis {
 
-/// Whether the file exists and is a PDF. Anything else, a device or a folder too, is not.
+/// Whether the file exists and is a PDF. Returns false for anything else, such as a device or a folder.
 bool IsPdf(const FolderItem& file);
 
-/// Whether it is one that this program made, and nobody has changed since.
+/// Whether the file is a PDF made by this program and not modified since. Looks at its beginning and at its last 8
+/// KiB.
 bool IsOwnPdf(const FolderItem& file);
 
 }  // namespace linealis

@@ -17,7 +17,7 @@ struct OperatorForm {
     Takes takes = Takes::Numbers;
 };
 
-/// The frequent ones first.
+/// The most frequent operators come first.
 constexpr std::array<OperatorForm, 18> operatorForms = {{
     {"m", PageOperator::Move, 2},
     {"l", PageOperator::Line, 2},
@@ -44,8 +44,8 @@ bool IsOctal(char c)
     return c >= '0' && c <= '7';
 }
 
-/// Reads digits with at most one point at `from` and returns where they end: `from` if there is no digit. `value`
-/// is the double nearest to them.
+/// Reads digits with at most one decimal point at `from` and sets `value` to the nearest double. Returns the end of
+/// the digits, or `from` if there is no digit or a double cannot hold the number.
 const char* ReadDigits(const char* from, const char* end, double& value)
 {
     std::uint64_t digits = 0;
@@ -63,7 +63,7 @@ const char* ReadDigits(const char* from, const char* end, double& value)
         return from;
     }
     if (length < static_cast<std::ptrdiff_t>(powersOfTen.size())) {
-        // Both are exact, so that the one division rounds correctly.
+        // Both operands are exact, so the single division rounds correctly.
         const std::ptrdiff_t decimals = point == nullptr ? 0 : at - point - 1;
         value = static_cast<double>(digits) / powersOfTen[static_cast<std::size_t>(decimals)];
         return at;
@@ -120,7 +120,7 @@ bool PageReader::ReadLine()
         }
         SkipBlanks();
     }
-    return Fail("an operator is missing");
+    return Fail("the operator is missing");
 }
 
 bool PageReader::ReadOperand()
@@ -144,7 +144,7 @@ bool PageReader::ReadNumber()
     double value = 0.0;
     next = ReadDigits(digits, end, value);
     if (next == digits) {
-        return Fail("a number cannot be read");
+        return Fail("the number is malformed");
     }
     if (count == mostOperands) {
         return Fail("too many operands");
@@ -157,7 +157,7 @@ bool PageReader::ReadFontName()
 {
     constexpr double highestFont = 14;
     if (hasFontName || count != 0 || end - next < 3 || next[1] != 'F' || !IsDigit(next[2])) {
-        return Fail("a font name cannot be read");
+        return Fail("the font name is malformed");
     }
     next += 2;
     hasFontName = true;
@@ -165,13 +165,13 @@ bool PageReader::ReadFontName()
         return false;
     }
     const bool exists = operands[0] <= highestFont && std::trunc(operands[0]) == operands[0];
-    return exists || Fail("there is no such font");
+    return exists || Fail("the font does not exist");
 }
 
 bool PageReader::ReadDash()
 {
     if (hasDash || count != 0) {
-        return Fail("a dash cannot be read");
+        return Fail("the dash pattern is malformed");
     }
     ++next;
     hasDash = true;
@@ -181,7 +181,7 @@ bool PageReader::ReadDash()
         }
     }
     if (AtLineEnd() || (count != 0 && count != 2)) {
-        return Fail("a dash cannot be read");
+        return Fail("the dash pattern is malformed");
     }
     ++next;
     if (count == 0) {
@@ -194,7 +194,7 @@ bool PageReader::ReadDash()
 bool PageReader::ReadText()
 {
     if (hasText || count != 0) {
-        return Fail("a text cannot be read");
+        return Fail("the text is malformed");
     }
     const char* const start = ++next;
     for (int depth = 1; next != end; ++next) {
@@ -210,10 +210,11 @@ bool PageReader::ReadText()
         }
         linesInText += *next == '\r' ? 1 : 0;
     }
-    return Fail("a text is not closed");
+    return Fail("the text is not closed");
 }
 
-/// Behind a text that is closed too early: what remains of it is no operator, and takes the text away.
+/// Handles the rest of a line after a text that is closed too early: the rest is not an operator, so readers show
+/// nothing of the text.
 void PageReader::SkipShownNothing()
 {
     constexpr std::string_view shows = " Tj";
@@ -242,10 +243,10 @@ bool PageReader::ReadOperator()
             const bool fits = form.operands == count && hasText == (form.takes == Takes::Text) &&
                               hasFontName == (form.takes == Takes::FontName) &&
                               hasDash == (form.takes == Takes::Dash);
-            return fits || Fail("the operator takes other operands");
+            return fits || Fail("the operator has the wrong operands");
         }
     }
-    return Fail("the operator is not known");
+    return Fail("the operator is unknown");
 }
 
 std::string PageString(std::string_view text)

@@ -13,15 +13,15 @@
 
 namespace linealis {
 
-// A page's content, read as MyPDFGenerator writes it. Whoever shows, prints, exports or judges a page reads it
-// here: PageReader hands on operator by operator, ReadPage whole strokes, fills and texts with what they are made
-// with.
+// Reads the content of a page as MyPDFGenerator writes it. All code that shows, prints, exports, or checks a page
+// uses it: PageReader delivers one operator at a time, ReadPage whole strokes, fills, and texts with their graphics
+// state.
 //
-// A text may hold parentheses and backslashes as they came from the form. They are read as PDF reads them: a
-// parenthesis opened in the text is closed in it, a backslash takes the next character or an octal code of three
-// digits at most, a line end is one line feed. With a closing parenthesis too many, readers show nothing of the
-// text; with an opening one too many, the text swallows what follows, and the page is damaged where the text
-// begins.
+// A text may contain unescaped parentheses and backslashes from the form. They are read as PDF defines them: a
+// parenthesis opened in the text is closed in it, a backslash escapes the next character or an octal code of up to
+// three digits, and a line end is one line feed. If the text has a closing parenthesis too many, readers show none
+// of it. If it has an opening one too many, it swallows what follows, and the page is damaged from the start of the
+// text on.
 
 enum class PageOperator : std::uint8_t {
     StrokeColor,    ///< RG
@@ -44,33 +44,33 @@ enum class PageOperator : std::uint8_t {
     ShowText,       ///< Tj
 };
 
-/// Where and why a page cannot be read further. Lines count from 1.
+/// Where and why a page cannot be read any further. Lines count from 1.
 struct PageDamage {
     std::int64_t line = 0;
-    std::string message;  ///< empty: no damage
+    std::string message;  ///< empty: the page is not damaged
 };
 
-/// Goes through a content from operator to operator. The content must outlive it.
-/// Allocates nothing but for a number of more than 15 digits.
+/// Iterates over the operators of a content stream, which must outlive the reader. Allocates memory only for a
+/// number with more than 15 digits.
 class PageReader {
 public:
     explicit PageReader(std::string_view content)
         : next(content.data()), end(next + content.size()), lineStart(next)
     {}
 
-    /// Moves to the next operator. False at the end of the content and where it is damaged.
+    /// Advances to the next operator. Returns false at the end of the content and at damage.
     bool Next();
 
     PageOperator Operator() const { return operation; }
-    /// As many as the operator takes, and all finite.
+    /// The operands, exactly as many as the operator takes, all finite.
     std::span<const double> Operands() const { return {operands.data(), count}; }
-    /// What ShowText shows, without its parentheses and not yet unescaped (PageString does that).
+    /// The text of ShowText, without its parentheses and still escaped; PageString resolves the escapes.
     std::string_view Text() const { return text; }
-    /// The operator with its operands as they stand in the content, without the line end.
+    /// The source of the operator with its operands, without the line end.
     std::string_view Source() const { return {lineStart, lineEnd}; }
-    /// The line in which the operator begins, from 1.
+    /// The line that the operator starts on, from 1.
     std::int64_t Line() const { return line; }
-    /// Empty unless Next ended at damage.
+    /// The kind of damage that ended Next; empty if there is none.
     const char* Problem() const { return problem; }
     bool IsDamaged() const { return *problem != '\0'; }
 
@@ -105,10 +105,10 @@ private:
     const char* problem = "";
 };
 
-/// The bytes that a text between its parentheses stands for, in the fonts' encoding.
+/// Resolves the escapes of a text between its parentheses. Returns bytes in the encoding of the fonts.
 std::string PageString(std::string_view text);
 
-/// Channels from 0 to 1.
+/// A color with channels from 0 to 1.
 struct PageColor {
     double red = 0.0;
     double green = 0.0;
@@ -117,11 +117,12 @@ struct PageColor {
     bool operator==(const PageColor&) const = default;
 };
 
+/// The graphics state of a stroke.
 struct PagePen {
     double width = 1.0;  ///< points; 0 is the thinnest line of the device
     PageColor color;
     int cap = 0;          ///< 0 butt, 1 round, 2 square
-    double dashOn = 0.0;  ///< points; solid if this and dashOff are 0
+    double dashOn = 0.0;  ///< points; solid if dashOn and dashOff are both 0
     double dashOff = 0.0;
     double dashPhase = 0.0;
 
@@ -135,39 +136,39 @@ struct PathSegment {
     Point control2{};
 };
 
-/// Begins with a Move. Stands until the call that hands it on returns.
+/// A path, which begins with a Move. Valid until the call that receives it returns.
 using PagePath = std::span<const PathSegment>;
 
 struct PageText {
     std::string_view bytes;        ///< MacRomanEncoding, or the font's own encoding
-    std::string_view utf8;         ///< the same text; what the encoding does not have is U+FFFD
-    int font = 0;                  ///< 0 to 14, the number in the font's name
+    std::string_view utf8;         ///< the same text; undefined codes are U+FFFD
+    int font = 0;                  ///< 0 to 14, the number in the name of the font
     double size = 0.0;             ///< points
-    std::array<double, 6> matrix;  ///< (x, y) of the text is at (a x + c y + e, b x + d y + f) of the page
+    std::array<double, 6> matrix;  ///< maps (x, y) of the text to (a x + c y + e, b x + d y + f) on the page
     PageColor color;
 };
 
-/// Takes what a page shows, in the page's order. Each call returns whether to go on.
+/// Receives what a page shows, in page order. Each call returns whether to go on.
 class PageSink {
 public:
     virtual ~PageSink() = default;
 
-    /// From here on, each coordinate, width and size is to be multiplied by these. Replaces an earlier scale.
+    /// Multiplies every following coordinate, width, and size by these factors. Replaces an earlier scale.
     virtual bool Scale(double sx, double sy) = 0;
     virtual bool Stroke(PagePath path, const PagePen& pen) = 0;
     virtual bool Fill(PagePath path, const PageColor& color) = 0;
     virtual bool FillAndStroke(PagePath path, const PageColor& color, const PagePen& pen) = 0;
     virtual bool Text(const PageText& text) = 0;
-    /// What follows has the role.
+    /// Everything that follows has the role.
     virtual void BeginRole(Role /*role*/) {}
 };
 
-/// Reads the content to its end, to damage or until the sink wants no more. What stood before the damage has been
-/// handed on. The message is empty unless the page is damaged. Each operator is a round of `turns`, if there are
-/// any; what they throw passes through.
+/// Reads the content to its end, to damage, or until the sink returns false. Passes everything before the damage to
+/// the sink. The message of the result is empty unless the page is damaged. Counts each operator as a round of
+/// `turns`, if given; exceptions from `turns` pass through.
 PageDamage ReadPage(std::string_view content, PageSink& sink, Turns* turns = nullptr);
 
-/// The same, with the roles of the content.
+/// Like the function above, and also passes the roles of the content to the sink.
 PageDamage ReadPage(std::string_view content, std::span<const RoleRange> roles, PageSink& sink,
                     Turns* turns = nullptr);
 

@@ -9,12 +9,12 @@ namespace linealis {
 
 namespace {
 
-/// The graphic state of a page, and what is being made with it.
+/// Tracks the graphics state of a page and passes finished strokes, fills, and texts to a sink.
 class Interpreter {
 public:
     explicit Interpreter(PageSink& theSink) : sink(theSink) {}
 
-    /// Returns whether to go on. No value: the operator is not allowed here.
+    /// Applies an operator. Returns whether to go on, or nothing if the operator is not allowed here.
     std::optional<bool> Do(const PageReader& reader);
 
 private:

@@ -8,24 +8,25 @@
 
 namespace linealis {
 
-/// What a part of a page is there for: words between dots, from the general to the particular, such as
-/// "grid.x.major". A literal. Roles stand beside the content of a page and never in its file: the lights of a
-/// window, the classes of an SVG file and whoever else asks what a line is take them from there.
+/// The purpose of a part of a page, as words separated by dots from the general to the specific, such as
+/// "grid.x.major". Must refer to a string literal. Roles accompany the content of a page but never go into its
+/// file. The highlights of a window and the classes of an SVG file come from them.
 using Role = std::string_view;
 
-/// From this byte of a content on, up to the next range, all that is drawn has the role.
+/// Everything drawn from byte `begin` of the content up to the next range has the role.
 struct RoleRange {
     std::size_t begin;
     Role role;
 };
 
-/// The roles of a whole content, in its order. What stands before the first range has none.
+/// The roles of a page in the order of its content. Content before the first range has no role.
 using PageRoles = std::vector<RoleRange>;
 
-/// Some roles, each with all that are more particular: "grid.x" is "grid.x.major" too. Empty places mean nothing.
+/// A set of roles. Each entry includes the roles below it: "grid.x" includes "grid.x.major". Empty entries match
+/// nothing.
 using RoleSet = std::array<Role, 5>;
 
-/// Whether a role is one of the set.
+/// Whether the set includes the role.
 constexpr bool Includes(const RoleSet& set, Role role)
 {
     return std::any_of(set.begin(), set.end(), [role](Role general) {

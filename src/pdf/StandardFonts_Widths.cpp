@@ -2,7 +2,8 @@
 
 namespace linealis {
 
-// From the blank, 0x20, on; 0 where readers have no width for a character of the encoding.
+// Widths from the blank (0x20) on, in thousandths of the font size; 0 where readers have no width for a character
+// of the encoding.
 
 const FontWidths helveticaWidths = {
     278, 278,  355, 556, 556, 889, 667,  191,  333, 333,  389, 584,  278,  333, 278, 278, 556,  556, 556, 556, 556,

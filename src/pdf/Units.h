@@ -4,20 +4,22 @@
 
 namespace linealis {
 
-// The units of page arithmetic, each in the digits that existing pages depend on.
+// The units of page arithmetic. Existing pages depend on exactly these digits.
 
 inline constexpr double pointsPerInch = 72.0;
 
-/// Points of a centimeter on a form; 72 / 2.54 rounded to 8 digits.
+/// Points per centimeter of a length on a form: 72 / 2.54 rounded to 8 significant digits.
 inline constexpr double pointsPerCm = 28.346457;
 
-/// Points of a centimeter of a custom paper size, which has a digit more.
+/// Points per centimeter of a custom paper size, which has one more digit.
 inline constexpr double pointsPerCmOfCustomSize = 28.3464567;
 
-/// What a length on a form is multiplied by, and a count per length divided by, on the way to centimeters.
+/// Conversion of form fields from inches to centimeters: lengths are multiplied by it, counts per length are
+/// divided by it.
 inline constexpr double cmPerInch = 2.54;
 
-/// The sine and cosine of 30 degrees. The cosine is a root: any other way to it differs in the last bit.
+/// The sine and cosine of 30 degrees. The cosine must be computed as a square root; any other way differs in the
+/// last bit.
 inline constexpr double sine30 = 0.5;
 inline const double cosine30 = std::sqrt(0.75);
 

@@ -11,7 +11,7 @@ namespace linealis {
 
 namespace {
 
-/// The length of the longest prefix of at most `limit` bytes that does not end inside a UTF-8 character.
+/// Returns the length of the longest prefix of at most `limit` bytes that does not split a UTF-8 character.
 std::size_t CutLength(std::string_view text, std::size_t limit)
 {
     if (text.size() <= limit) {
@@ -26,7 +26,7 @@ std::size_t CutLength(std::string_view text, std::size_t limit)
             return length;
         }
     }
-    return limit;  // not UTF-8: there is no boundary to respect
+    return limit;  // not UTF-8, so there is no character boundary
 }
 
 posix::OutputFile::Target TargetOf(Links links)
@@ -149,7 +149,7 @@ std::string BinaryStream::Read(std::size_t count)
     }
     if (count > longestField) {
         const auto distance = static_cast<long>(std::min<std::size_t>(count, std::numeric_limits<long>::max()));
-        if (std::fseek(input.get(), distance, SEEK_CUR) != 0) {  // further than any file can reach
+        if (std::fseek(input.get(), distance, SEEK_CUR) != 0) {  // beyond the range of any file
             std::fseek(input.get(), 0, SEEK_END);
         }
         return {};

@@ -4,7 +4,7 @@
 
 namespace linealis {
 
-/// A 24-bit RGB color, one byte a channel.
+/// A 24-bit RGB color with one byte per channel.
 struct Color {
     std::uint8_t red = 0;
     std::uint8_t green = 0;

@@ -4,7 +4,7 @@
 
 namespace linealis {
 
-/// Why a file is refused that the system itself would open.
+/// Reasons to refuse a file that the operating system itself would open. Convert to std::error_code.
 enum class FileFault { NotRegular = 1, IsALink };
 
 std::error_code make_error_code(FileFault fault);

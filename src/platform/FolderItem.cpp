@@ -9,7 +9,7 @@ FolderItem::FolderItem(const std::filesystem::path& anyPath)
     if (!anyPath.empty()) {
         std::error_code error;
         path = std::filesystem::absolute(anyPath, error);
-        if (error) {  // the working directory is gone
+        if (error) {  // the working directory no longer exists
             path = anyPath;
         }
     }
@@ -41,7 +41,8 @@ std::string FolderItem::Name() const
     return standardOutput ? "standard output" : path.filename().string();
 }
 
-/// The system takes a path to end at a zero byte, and would see another file.
+/// Whether the path can name a file. System calls take a zero byte as the end of a path and would access a
+/// different file.
 bool FolderItem::IsPossible() const
 {
     return !path.empty() && path.native().find('\0') == std::string::npos;

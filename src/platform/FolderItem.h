@@ -8,7 +8,8 @@ namespace linealis {
 
 class BinaryStream;
 
-/// What a file dialog is limited to: the name of a file type and its extension, without a dot.
+/// The file type that a file dialog is restricted to: a display name, and an extension without a dot. An empty
+/// extension accepts every file.
 struct FileType {
     std::string_view name;
     std::string_view extension;
@@ -18,55 +19,58 @@ struct FileType {
 
 inline constexpr FileType pdfFileType{"Pdf", "pdf"};
 
-/// A reference to a file, which may or may not exist. A default one refers to nothing.
+/// Refers to a file that may or may not exist. A default-constructed reference refers to nothing.
 class FolderItem {
 public:
     FolderItem() = default;
 
-    /// The path is made absolute at once, so that a later change of the working directory does not move it. A path
-    /// that no file can have, such as one too long, refers to a file that does not exist and cannot be created.
+    /// Makes the path absolute at once, so that a later change of the working directory does not affect it. A path
+    /// that no file can have, for example one that is too long, refers to a file that does not exist and cannot be
+    /// created.
     explicit FolderItem(const std::filesystem::path& anyPath);
 
-    /// The process's standard output: can be created (written) once, never read, and has no path.
+    /// The standard output of the process. It can be created (written) once, cannot be read, and has no path.
     static FolderItem StandardOutput();
 
-    /// The same file, which is created only if no link, pipe or device has its name.
+    /// Returns a reference to the same file whose creation fails if the name belongs to a link, pipe, or device.
     FolderItem WithoutLinks() const;
 
-    /// The same file, whose creation waits for a reader where a pipe has its name. Elsewhere it fails.
+    /// Returns a reference to the same file whose creation waits for a reader if the name belongs to a pipe.
+    /// Without this, creation fails if the pipe has no reader.
     FolderItem WaitingForReader() const;
 
-    /// Makes a folder in this one that only this user may look into. Its name begins with the prefix. Nothing if
-    /// that fails.
+    /// Creates a folder inside this one that only this user can access. Its name is the prefix and six random
+    /// characters. Returns an empty reference on failure.
     FolderItem MakePrivateFolder(const std::string& prefix) const;
 
     bool IsEmpty() const { return path.empty() && !standardOutput; }
 
-    /// Absolute; empty for an empty reference and for standard output.
+    /// The absolute path. Empty for an empty reference and for standard output.
     const std::filesystem::path& Path() const { return path; }
 
-    /// The last component of the path in UTF-8.
+    /// Returns the last component of the path in UTF-8, or "standard output".
     std::string Name() const;
 
     bool Exists() const;
 
-    /// Whether it is a regular file of this user, and no link to one.
+    /// Whether this is a regular file, not a link to one, that belongs to this user.
     bool IsOwnRegularFile() const;
 
-    /// Failure is silent: Exists() tells.
+    /// Deletes the file. Reports no failure; call Exists() to find out.
     void Delete() const;
 
-    /// The file of that name in this folder; nothing if this is nothing.
+    /// Returns the file of that name in this folder, or an empty reference if this one is empty.
     FolderItem Child(const std::string& name) const;
 
-    /// Opens for writing a file that replaces this one when the stream is closed (see BinaryStream).
-    /// On failure the stream is not open and its Error() tells why.
+    /// Opens a file for writing that replaces this one when the stream is closed (see BinaryStream). On failure the
+    /// stream is not open, and its Error() says why.
     BinaryStream CreateBinaryFile() const;
 
-    /// Opens for writing a file that must not exist (see BinaryStream). Failure as above.
+    /// Opens a file for writing that must not exist yet (see BinaryStream). On failure the stream is not open, and
+    /// its Error() says why.
     BinaryStream CreateNewBinaryFile() const;
 
-    /// Opens a regular file for reading. On failure the stream is not open and its Error() tells why.
+    /// Opens a regular file for reading. On failure the stream is not open, and its Error() says why.
     BinaryStream OpenAsBinaryFile() const;
 
     friend bool operator==(const FolderItem&, const FolderItem&) = default;

@@ -11,7 +11,7 @@
 
 namespace linealis {
 
-/// A moment by the clock on the wall.
+/// A date and time of day in local time.
 struct LocalTime {
     int year = 0;
     int month = 0;  ///< 1 to 12
@@ -22,7 +22,7 @@ struct LocalTime {
     int secondsEastOfGmt = 0;
 };
 
-/// A message with up to three buttons. A button without a caption is not shown.
+/// A message with up to three buttons. A button with an empty caption is not shown.
 struct MessageDialog {
     enum class Button { Action, Cancel, Alternate };
 
@@ -32,8 +32,8 @@ struct MessageDialog {
     std::string alternateActionButton;
 };
 
-/// What the program asks of the machine it runs on, but for files, which are the same everywhere. One
-/// implementation has a screen, the other (ScreenlessPlatform) has its answers given by the caller.
+/// Abstracts the services of the machine that the program uses, except for files, which are the same everywhere.
+/// One implementation drives a screen; in the other (ScreenlessPlatform), the caller supplies the answers.
 class Platform {
 public:
     Platform() = default;
@@ -41,48 +41,50 @@ public:
     Platform(const Platform&) = delete;
     Platform& operator=(const Platform&) = delete;
 
-    /// Shows a message and waits until the user has read it.
+    /// Shows a message and waits until the user dismisses it.
     virtual void MsgBox(const std::string& text) = 0;
 
-    /// The same for a message that a user may choose to see no more. `explanation` stands below it, `name` tells it
-    /// from other messages of this sort.
+    /// Like MsgBox, for a message that the user may choose to hide from then on. `explanation` is shown below the
+    /// message; `name` identifies the message among others of this kind.
     virtual void MsgBoxUnlessHidden(const std::string& text, const std::string& /*explanation*/,
                                     std::string_view /*name*/)
     {
         MsgBox(text);
     }
 
-    /// Shows a message with its buttons and waits for the user. Closing it in another way is Cancel.
+    /// Shows a message with buttons and waits for the user. Closing it in any other way counts as Cancel.
     virtual MessageDialog::Button ShowModal(const MessageDialog& dialog) = 0;
 
-    /// Tells that no file was written: `text` as a message box has it, `reason` as the system or the page
-    /// itself gives it.
+    /// Reports that a file was not written. `text` is the complete message for a message box; `reason` is the cause
+    /// alone, from the system or from the page.
     virtual void ShowFileError(const FolderItem& file, const std::string& text, const std::string& reason) = 0;
 
-    /// Says something that needs no answer, where no message box has its place: in passing, or not at all.
+    /// Reports something that needs no answer and does not justify a message box. The default does nothing.
     virtual void Note(const std::string& /*text*/) {}
 
-    /// Asks where to save; nothing if the user cancels.
+    /// Asks where to save a file. Returns an empty reference if the user cancels.
     virtual FolderItem GetSaveFolderItem(const FileType& type, const std::string& suggestedName) = 0;
 
-    /// Asks for a file to open; nothing if the user cancels.
+    /// Asks for a file to open. Returns an empty reference if the user cancels.
     virtual FolderItem GetOpenFolderItem(const FileType& type) = 0;
 
-    /// Whether the shift key is held down.
+    /// Whether the Shift key is held down.
     virtual bool ShiftKey() const = 0;
 
-    /// Lets the user choose a color, starting from `color`. Returns whether one was chosen.
+    /// Lets the user choose a color, starting from `color`. Returns whether the user chose one; `color` is
+    /// unchanged otherwise.
     virtual bool SelectColor(Color& color, const std::string& title) = 0;
 
-    /// Opens a file in the user's viewer for it. Returns whether that could be started.
+    /// Opens a file in the user's default viewer. Returns whether the viewer could be started.
     virtual bool Launch(const FolderItem& file) = 0;
 
     /// Opens a web page in the user's browser.
     virtual void ShowURL(const std::string& url) = 0;
 
-    /// Asks a web server for a page, beside everything else. `onReply` gets the page on the caller's thread, at
-    /// most longestReply bytes of it, if the server answers with status 200 within replySeconds and longestAnswer,
-    /// the bytes of head and page; any failure is silent. `url` is one of http.
+    /// Requests a page from a web server without blocking. If the server answers with status 200 within
+    /// replySeconds, calls `onReply` on the thread of the caller with the page, cut to its first longestReply
+    /// bytes. Reads at most longestAnswer bytes, header and page together. Any failure is silent. `url` must use
+    /// http.
     virtual void FetchInBackground(const std::string& url,
                                    std::function<void(const std::string& page)> onReply) = 0;
 
@@ -90,24 +92,27 @@ public:
     static constexpr std::size_t longestAnswer = 65536;
     static constexpr int replySeconds = 10;
 
-    /// The version of macOS as its Gestalt selector "sysv" has it, hexadecimal digits for decimal ones: 0x1068 is
-    /// 10.6.8. Nothing on another system.
+    /// Returns the macOS version as the Gestalt selector "sysv" encodes it, with hexadecimal digits for decimal
+    /// ones: 0x1068 is 10.6.8. Returns nothing on other systems.
     virtual std::optional<std::int64_t> SystemVersion() const = 0;
 
-    /// Where the program keeps what it remembers between runs; nothing if it shall remember nothing.
+    /// Returns the folder for data that the program keeps between runs, or an empty reference if it must not keep
+    /// any.
     virtual FolderItem PreferencesFolder() const = 0;
 
+    /// Returns the folder for temporary files, or an empty reference if there is none.
     virtual FolderItem TemporaryFolder() const = 0;
 
-    /// The time by the clock, or the one that SOURCE_DATE_EPOCH tells, in UTC, for files that are the same each
-    /// time.
+    /// Returns the current local time. If the environment variable SOURCE_DATE_EPOCH is set, returns that time in
+    /// UTC instead, so that files are reproducible.
     virtual LocalTime Now() const;
 
-    /// Today's date as a short text: the system's own form where there is a screen, otherwise YYYY-MM-DD.
+    /// Returns today's date as a short text: in the system's own format if there is a screen, otherwise as
+    /// YYYY-MM-DD.
     virtual std::string ShortDate() const;
 
-    /// Lets pending events run, and throws PageStopped if one of them was the user's wish to stop what is under
-    /// way.
+    /// Processes pending events. Throws PageStopped if one of them is a request by the user to stop the current
+    /// page.
     virtual void Yield() = 0;
 };
 

@@ -8,12 +8,13 @@
 
 namespace linealis {
 
-/// For a program without windows: a signal that ends it first removes what a file being written has left on the
-/// disk, and a write beyond the limit of file sizes is a failed write, not the end of the program.
+/// Sets up signal handling for a program without windows. A signal that ends the program first removes the
+/// temporary files of unfinished writes. A write beyond the file size limit fails as a write instead of ending the
+/// program.
 void EndCleanlyOnSignals();
 
-/// As long as it lives, the signals above end nothing in this thread and those that it starts meanwhile. One that
-/// has arrived does its work when this ends.
+/// Blocks the signals above for the current thread, and for the threads that it starts meanwhile, as long as the
+/// object exists. A signal that arrives in that time takes effect when the object is destroyed.
 class EndingSignalsHeld {
 public:
     EndingSignalsHeld();
@@ -21,6 +22,7 @@ public:
     EndingSignalsHeld(const EndingSignalsHeld&) = delete;
     EndingSignalsHeld& operator=(const EndingSignalsHeld&) = delete;
 
+    /// Whether a blocked signal is pending.
     bool OneHasArrived() const;
 
 private:
@@ -28,17 +30,19 @@ private:
     std::unique_ptr<Mask> before;
 };
 
-/// Whether a person sees what is written to the stream.
+/// Whether the stream is a terminal.
 bool IsTerminal(std::FILE* stream);
 
-/// The file of this program, which was called as `calledAs`.
+/// Returns the path of the executable of this program. `calledAs` is argv[0], used if the system does not provide
+/// the path.
 std::filesystem::path OwnProgram(const char* calledAs);
 
-/// Goes on as another program, which gets the arguments, the first of which is its name. Returns, and why, only if
-/// that cannot be.
+/// Replaces the process with another program, as execv does. `arguments` includes the program name and ends with a
+/// null pointer. Returns only on failure, with the reason.
 std::error_code BecomeProgram(const std::filesystem::path& program, char** arguments);
 
-/// Starts a program, searched for as the shell does, with one argument. Does not wait for it.
+/// Starts a program, found through PATH, with one argument. Does not wait for it to end. Returns why it could not
+/// be started.
 std::error_code StartProgram(std::string program, std::string argument);
 
 }  // namespace linealis

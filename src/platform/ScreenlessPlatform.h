@@ -9,8 +9,8 @@
 
 namespace linealis {
 
-/// The platform without a screen, for the command line and the tests: the caller sets the answers beforehand
-/// and reads afterwards what was shown, asked and launched.
+/// The platform without a screen, for the command line and the tests. The caller sets the answers beforehand and
+/// afterwards reads what was shown, asked, and launched.
 class ScreenlessPlatform : public Platform {
 public:
     struct FileError {
@@ -27,12 +27,12 @@ public:
         std::string suggestedName;
     };
 
-    // Answers.
+    // Answers, set by the caller.
     bool shiftKey = false;
     FolderItem saveAnswer;             ///< empty: every save dialog is canceled
     FolderItem openAnswer;             ///< empty: every open dialog is canceled
     std::optional<Color> colorAnswer;  ///< empty: the color picker is canceled
-    FolderItem preferencesFolder;      ///< empty: nothing is remembered between runs
+    FolderItem preferencesFolder;      ///< empty: nothing is kept between runs
     std::optional<LocalTime> clock;    ///< empty: the real clock
     FolderItem temporaryFolder;        ///< empty: there is none
     MessageDialog::Button buttonAnswer = MessageDialog::Button::Cancel;
@@ -40,7 +40,7 @@ public:
     bool launchSucceeds = true;
     std::function<void()> onYield;  ///< may throw PageStopped
 
-    // What happened, in order.
+    // Records of what happened, in order.
     std::vector<std::string> messages;
     std::vector<FileError> fileErrors;
     std::vector<std::string> notes;
@@ -48,7 +48,7 @@ public:
     std::vector<FolderItem> launched;
     std::vector<MessageDialog> dialogs;
     std::vector<std::string> shownUrls;
-    std::vector<Fetch> fetches;  ///< the caller answers, or does not
+    std::vector<Fetch> fetches;  ///< the caller calls onReply, or not
 
     void MsgBox(const std::string& text) override { messages.push_back(text); }
     void Note(const std::string& text) override { notes.push_back(text); }

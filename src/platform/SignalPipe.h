@@ -2,9 +2,9 @@
 
 namespace linealis {
 
-/// Turns the signals that ask a program to end, SIGTERM, SIGINT and SIGHUP, into something to read, so that they
-/// are obeyed between two events and not in the middle of one. A signal that whoever started the program has told
-/// it to ignore stays ignored. Returns the descriptor that becomes readable, or -1. There is one a process.
+/// Turns the signals that ask a program to end (SIGTERM, SIGINT, and SIGHUP) into bytes on a pipe, so that an event
+/// loop handles them between two events. A signal that the parent process set to be ignored stays ignored. Returns
+/// the descriptor that becomes readable, or -1 on failure. Call it once per process.
 int PipeOfEndingSignals();
 
 }  // namespace linealis

@@ -6,41 +6,42 @@
 
 namespace linealis {
 
-/// Thrown by a turn when the user has stopped the page that is being made. Passes through everything that draws and
-/// ends in MakePage.
+/// Thrown from a yield when the user has stopped the page that is being made. Passes through all drawing code;
+/// MakePage catches it.
 struct PageStopped {};
 
-/// Thrown when a page is given up. Ends where PageStopped does.
+/// Thrown when a page is abandoned. Caught in the same places as PageStopped.
 struct PageGivenUp {
-    const char* reason;  ///< as a message has it: "the page would ..., so it was given up"
+    const char* reason;  ///< for a message: "the page would ..., so it was abandoned"
 };
 
-/// The same, of a page with more drawing than there is place for.
+/// Thrown when a page needs more drawing data than the generator allows.
 struct PageTooLarge : PageGivenUp {};
 
-/// The yield of every long loop: its turns for whatever else waits, and the limit of its rounds.
+/// Called by every long loop once per round: lets pending events run from time to time, and limits the number of
+/// rounds of a page.
 class Turns {
 public:
     static constexpr int linesPerYield = 100;
 
-    /// Even a page of the largest size, all of the shortest strokes, takes fewer rounds than this.
+    /// More rounds than any page needs, even one of the largest size filled with the shortest strokes.
     static constexpr std::int64_t mostRounds = std::int64_t{1} << 28U;
 
-    /// `theYield` lets pending events run. It may throw PageStopped.
+    /// `theYield` processes pending events. It may throw PageStopped.
     explicit Turns(std::function<void()> theYield, std::int64_t theLimit = mostRounds)
         : yield(std::move(theYield)), limit(theLimit)
     {}
 
-    /// A new page begins.
+    /// Resets the round count for a new page.
     void Restart() { rounds = 0; }
 
-    /// Ends a round. Costs next to nothing when called for every line: only each hundredth line's worth of work
-    /// reaches the yield. Work between two calls that takes longer than drawing a line says so. Throws PageGivenUp
-    /// after more rounds than the limit.
+    /// Counts one round. Cheap enough to call for every line: it calls the yield only once per linesPerYield lines
+    /// of work. A caller whose round takes longer than drawing a line passes the equivalent number of lines. Throws
+    /// PageGivenUp when the rounds exceed the limit.
     void RuntimeBackgroundTask(int linesWorth = 1)
     {
         if (++rounds > limit) {
-            throw PageGivenUp{"the page would take too many rounds of drawing, so it was given up"};
+            throw PageGivenUp{"the page would take too many drawing steps, so it was abandoned"};
         }
         linesBeforeYield -= linesWorth;
         if (linesBeforeYield <= 0) {

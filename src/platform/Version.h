@@ -2,27 +2,27 @@
 
 namespace linealis {
 
-/// The program's own version number.
+/// The version number of the program.
 struct ProgramVersion {
     int major = 0;
     int minor = 0;
     int third = 0;
 };
 
-// What the build says of the program. Only Version.cpp is compiled with it.
+// Values from the build. Only Version.cpp is compiled with them, so that a new version recompiles one file.
 
 extern const ProgramVersion programVersion;
 
-/// The same as text, such as "1.2.3".
+/// The version as text, for example "1.2.3".
 extern const char* const versionText;
 
-/// The day of the release, such as "2026-01-31".
+/// The release date, for example "2026-01-31".
 extern const char* const releaseDate;
 
-/// What the desktop knows the program by, in reverse-DNS style.
+/// The application ID for the desktop, in reverse-DNS notation.
 extern const char* const applicationId;
 
-/// Address of the maker's web server, without a path.
+/// The address of the vendor's web server, without a path.
 extern const char* const makersServer;
 
 }  // namespace linealis

@@ -10,8 +10,8 @@ namespace linealis {
 
 namespace {
 
-/// The characters of the codes 128 to 255. 0 where the encoding has none: MacRomanEncoding leaves out the
-/// mathematical signs of the Mac OS character set, and its code 219 is the currency sign, not the euro.
+/// Maps the codes 128 to 255 to Unicode; 0 marks a code that the encoding does not define. MacRomanEncoding omits
+/// the mathematical symbols of the Mac OS character set, and its code 219 is the currency sign, not the euro sign.
 constexpr std::array<std::uint16_t, 128> upperHalf = {
     0x00C4, 0x00C5, 0x00C7, 0x00C9, 0x00D1, 0x00D6, 0x00DC, 0x00E1, 0x00E0, 0x00E2, 0x00E4, 0x00E3, 0x00E5,
     0x00E7, 0x00E9, 0x00E8, 0x00EA, 0x00EB, 0x00ED, 0x00EC, 0x00EE, 0x00EF, 0x00F1, 0x00F3, 0x00F2, 0x00F4,
@@ -27,7 +27,7 @@ constexpr std::array<std::uint16_t, 128> upperHalf = {
 
 constexpr std::size_t firstUpperCode = 128;
 
-/// The character's code, or -1 if the encoding lacks it.
+/// Returns the code of the character, or -1 if the encoding lacks it.
 int CodeOf(std::uint32_t character)
 {
     if (character < firstUpperCode) {

@@ -16,12 +16,12 @@ namespace {
 constexpr int maximumDecimals = 12;
 static_assert(maximumDecimals < powersOfTen.size());
 
-/// Below this, every whole double converts to an integer and back without loss.
+/// Every whole double below this limit converts to an integer and back without loss.
 constexpr double largestExactWhole = 1e15;
 
 constexpr std::string_view blanks = " \t";
 
-/// How many decimals leave 7 significant digits of a positive number that is not whole.
+/// Returns the number of decimals that gives 7 significant digits. `magnitude` is positive and not whole.
 int DecimalsForSevenDigits(double magnitude)
 {
     int decimals = 6;
@@ -44,11 +44,11 @@ int DecimalsForSevenDigits(double magnitude)
 constexpr int digitsOfAWord = 8;
 constexpr std::uint64_t endOfAWord = 100'000'000;
 
-/// The eight digits of a number below 10^8, one a byte, the first in the lowest byte.
+/// Returns the eight decimal digits of a number below 10^8, one per byte, with the first digit in the lowest byte.
 std::uint64_t EightDigits(std::uint64_t number)
 {
-    // Halves, then both of them, then all four quarters at once. Within these ranges the multiplications divide by
-    // 100 and 10 exactly.
+    // Split the number into halves, then both halves, then all four quarters, several at a time in one word. Within
+    // these ranges, the multiplications and shifts divide by 100 and 10 exactly.
     const std::uint64_t halves = (number / 10000) | ((number % 10000) << 32U);
     const std::uint64_t hundreds = ((halves * 5243) >> 19U) & 0x0000007F0000007FU;
     const std::uint64_t quarters = hundreds | ((halves - hundreds * 100) << 16U);
@@ -56,7 +56,8 @@ std::uint64_t EightDigits(std::uint64_t number)
     return tens | ((quarters - tens * 10) << 8U);
 }
 
-/// WriteScaled for little-endian machines, numbers below 10^8 and fewer than 8 decimals: nearly every coordinate.
+/// WriteScaled for little-endian machines, numbers below 10^8, and fewer than 8 decimals. Nearly every coordinate
+/// takes this path.
 char* WriteScaledWord(char* out, std::uint64_t scaled, int decimals)
 {
     constexpr int bitsOfADigit = 8;
@@ -65,7 +66,7 @@ char* WriteScaledWord(char* out, std::uint64_t scaled, int decimals)
     const std::uint64_t text = digits | zeros;
     const auto write = [&](int from, int to) {
         const std::uint64_t part = text >> static_cast<unsigned>(from * bitsOfADigit);
-        std::memcpy(out, &part, sizeof part);  // eight bytes at once; what is too much is written over
+        std::memcpy(out, &part, sizeof part);  // writes all eight bytes; later text overwrites the excess
         out += to - from;
     };
     const int point = digitsOfAWord - decimals;
@@ -79,7 +80,7 @@ char* WriteScaledWord(char* out, std::uint64_t scaled, int decimals)
     return out;
 }
 
-/// Writes the number `scaled` / 10^decimals without trailing zeros.
+/// Writes `scaled` / 10^decimals without trailing zeros. Returns the end of the text.
 char* WriteScaled(char* out, std::uint64_t scaled, int decimals)
 {
     if (std::endian::native == std::endian::little && scaled < endOfAWord && decimals < digitsOfAWord) {
@@ -102,7 +103,8 @@ char* WriteScaled(char* out, std::uint64_t scaled, int decimals)
     return std::copy(first, end, out);
 }
 
-/// Writes a positive number rounded exactly to the decimals, without trailing zeros.
+/// Writes a positive number rounded exactly to the given number of decimals, without trailing zeros. Returns the
+/// end of the text.
 char* WriteRoundedExactly(char* out, double magnitude, int decimals)
 {
     char* end = std::to_chars(out, out + longestPlainNumber, magnitude, std::chars_format::fixed, decimals).ptr;
@@ -126,8 +128,8 @@ char* WriteFraction(char* out, double magnitude)
     }
     const auto whole = static_cast<std::int64_t>(product);
     const double rest = product - static_cast<double>(whole);
-    // The product is off by less than a billionth. Only where that could tip the rounding is the slow, exact
-    // conversion needed.
+    // The error of the product is less than a billionth. The slow exact conversion is needed only where that error
+    // could change the rounding.
     constexpr double nearTie = 1e-6;
     if (std::fabs(rest - 0.5) < nearTie) {
         return WriteRoundedExactly(out, magnitude, decimals);
@@ -136,7 +138,7 @@ char* WriteFraction(char* out, double magnitude)
 }
 
 struct Pattern {
-    std::size_t integerDigits;  ///< at least so many digits before the point
+    std::size_t integerDigits;  ///< minimum number of digits before the point
     int decimals;
 };
 
@@ -148,7 +150,8 @@ Pattern ReadPattern(std::string_view pattern)
     return {static_cast<std::size_t>(std::max<std::ptrdiff_t>(zeros, 1)), static_cast<int>(decimals)};
 }
 
-/// The decimal exponent of the text behind its "e", limited far outside what a double can hold.
+/// Reads the digits after the "e" of a number as an exponent. Limits it to a value far outside the range of a
+/// double, so that it cannot overflow.
 std::int64_t ReadExponent(std::string_view text)
 {
     constexpr std::int64_t limit = 1'000'000'000'000;
@@ -161,9 +164,9 @@ std::int64_t ReadExponent(std::string_view text)
     return text.starts_with('-') ? -exponent : exponent;
 }
 
-/// What the digits mean times a power of ten, correctly rounded; nothing if a double cannot hold it.
-/// std::from_chars would do, but not every standard library has it for doubles. In a text without a decimal mark
-/// std::strtod has no use for the machine's locale.
+/// Returns the digits times a power of ten, correctly rounded, or nothing if a double cannot hold the result.
+/// std::from_chars would do, but not every standard library provides it for doubles. std::strtod depends on the
+/// locale only through the decimal mark, and this text has none.
 std::optional<double> FromDecimal(const std::string& digits, std::int64_t exponent)
 {
     const double value = std::strtod((digits + 'e' + std::to_string(exponent)).c_str(), nullptr);
@@ -171,7 +174,7 @@ std::optional<double> FromDecimal(const std::string& digits, std::int64_t expone
     return std::isfinite(value) && (value != 0.0 || isZero) ? std::optional(value) : std::nullopt;
 }
 
-/// What Val reads: where the number ends, and what it is. No end if there is no number.
+/// The number that Val reads and where it ends. `end` is 0 if there is no number.
 struct ReadNumber {
     std::size_t end = 0;
     double value = 0.0;
@@ -248,7 +251,7 @@ char* WritePlainNumber(char* out, double value)
     } else {
         end = WriteFraction(out, magnitude);
     }
-    if (end == out + 1 && *out == '0') {  // no sign on what has been rounded to zero
+    if (end == out + 1 && *out == '0') {  // no sign on a number that rounds to zero
         *start = '0';
         end = start + 1;
     }

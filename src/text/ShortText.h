@@ -5,7 +5,8 @@
 
 namespace linealis {
 
-/// A text that comes from a file, as a message has room for it: whole, or its first 60 characters and "...".
+/// Shortens a text that comes from a file or from the user, so that it fits into a message. Returns the whole text,
+/// or its first 60 characters followed by "...".
 std::string Shortened(std::string_view text);
 
 }  // namespace linealis

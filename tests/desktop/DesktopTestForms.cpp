@@ -135,23 +135,23 @@ TEST_F(DesktopForm, RemarksComeAndGoWhileTyping)
     QWidget& polar = OpenPaper("polar");
     EXPECT_EQ(Remarks(polar), Names());
     Enter(polar, {"EditXScale=9x", "EditNumCircles=0.4", "EditNumSpokes=7.5"});
-    EXPECT_EQ(Remarks(polar),
-              Names({"X Scale: “9x” is not a number, counts as 9", "Circles: counts as 1; Spokes: counts as 7"}));
+    EXPECT_EQ(Remarks(polar), Names({"X Scale: “9x” is not a number and counts as 9",
+                                     "Circles: counts as 1; Spokes: counts as 7"}));
     Click(Child(polar, "EditXScale"));
     Press(polar, Qt::Key_End);
     Press(polar, Qt::Key_Backspace);
     EXPECT_EQ(Remarks(polar), Names({"Circles: counts as 1; Spokes: counts as 7"}));
     Enter(polar, {"EditNumCircles=4", "EditNumSpokes=7", "EditTitle=a (b"});
-    EXPECT_EQ(Remarks(polar), Names({"Title: parentheses must come in pairs, or the page is damaged"}));
+    EXPECT_EQ(Remarks(polar), Names({"Title: parentheses must be balanced, or the page is damaged"}));
     Write(polar, ")");
     EXPECT_EQ(Remarks(polar), Names());
     Write(polar, "\\");
-    EXPECT_EQ(Remarks(polar), Names({"Title: a backslash changes what is printed after it"}));
+    EXPECT_EQ(Remarks(polar), Names({"Title: a backslash changes how the text after it prints"}));
 
     QGuiApplication::clipboard()->setText(QStringLiteral("10 \u00E9 \u65E5"));
     Enter(polar, {"EditTitle="});
     Press(polar, Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(Remarks(polar), Names({"Title: “日” cannot be printed and becomes “?”"}));
+    EXPECT_EQ(Remarks(polar), Names({"Title: “日” cannot be printed and is replaced by “?”"}));
     Press(polar, Qt::Key_Backspace);
     EXPECT_EQ(Remarks(polar), Names());
 

@@ -495,7 +495,7 @@ TEST_F(DesktopLivePage, FormIsUndoneAsAWhole)
     EXPECT_TRUE(QTest::qWaitFor([&] { return window.isWindowModified(); }));
     person.NamesFile(file, "setx", "");
     ChooseItem(window, "FileOpen");
-    EXPECT_NE(Shown(window, "StatusLine").find("notes.setx ended at field "), std::string::npos);
+    EXPECT_NE(Shown(window, "StatusLine").find("notes.setx ends at field "), std::string::npos);
     EXPECT_EQ(Shown(window, "EditVertSpacing"), "");
     emit Child<QLabel>(window, "StatusLine").linkActivated(QStringLiteral("undo"));
     EXPECT_EQ(Shown(window, {"EditVertSpacing", "EditXScale"}), "1.27 70");

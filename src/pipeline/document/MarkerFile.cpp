@@ -24,7 +24,7 @@ bool HasLongLine(std::string_view text)
     return false;
 }
 
-/// Why it cannot be a text of markers; empty if it can.
+/// Returns why the text cannot be a marker file, or an empty text if it can.
 std::string FaultOf(std::string_view text)
 {
     if (text.size() > longestText) {

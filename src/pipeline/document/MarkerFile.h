@@ -7,18 +7,20 @@
 
 namespace linealis {
 
-/// A plain text file, read line by line. Lines end in LF, CR LF or CR. A file that cannot be opened, is not text,
-/// is larger than 64 MiB or has a line longer than 64 KiB has no lines, and Error() tells why.
+/// Reads a plain text file line by line. Lines end in LF, CR LF, or CR; a leading byte order mark is skipped. A
+/// file has no lines, and Error() says why, if it cannot be opened, is not text, is larger than 64 MiB, or has a
+/// line longer than 64 KiB.
 class MarkerFile {
 public:
+    /// Reads the whole file at once. An empty reference gives no lines and no error.
     explicit MarkerFile(const FolderItem& item);
     MarkerFile(const MarkerFile&) = delete;
     MarkerFile& operator=(const MarkerFile&) = delete;
 
-    /// Reads the next line, without its end. Returns whether there was one.
+    /// Reads the next line without its line end. Returns whether there was one.
     bool NextLine(std::string& line);
 
-    /// "FILE: why it has no lines"; empty if all is well, or if no file was given.
+    /// "FILE: reason" if the file could not be used. Empty if it could, or if no file was given.
     const std::string& Error() const { return whyNot; }
 
 private:

@@ -10,7 +10,7 @@
 
 namespace linealis {
 
-/// A dialog that fills a form from what its user says of the data. Keeps what it last held.
+/// A dialog that fills in a form from a description of the data. Keeps its values from one use to the next.
 class Wizard {
 public:
     Wizard() = default;
@@ -18,23 +18,24 @@ public:
     Wizard& operator=(const Wizard&) = delete;
     virtual ~Wizard() = default;
 
+    /// Returns the controls of the dialog.
     virtual Form& Fields() = 0;
-    /// OK: fills the form.
+    /// OK: fills in the form.
     virtual void PushButton1_Action() = 0;
     /// Cancel: changes nothing.
     virtual void PushButton2_Action() {}
 };
 
-/// A paper kind at work: its form, and what the program does with that.
+/// An instance of a paper kind: its form and the operations on it.
 struct Paper {
     std::unique_ptr<PaperForm> form;
     SettingsTable settings;
-    std::function<PaperPage()> readPage;  ///< the only look at the form
-    std::unique_ptr<Wizard> wizard;       ///< null: the kind has none
+    std::function<PaperPage()> readPage;  ///< the only access of a page to the form
+    std::unique_ptr<Wizard> wizard;       ///< null if the kind has none
 };
 
-/// The paper of a kind: of its form, and of the functions Settings, Read and, if it has them, Warn and MakeWizard
-/// for it.
+/// Creates the paper of a kind from its form type. Calls the overloads of Settings and Read for that type and, if
+/// they exist, Warn and MakeWizard.
 template <typename KindForm>
 Paper MakePaper(const Platform& platform)
 {

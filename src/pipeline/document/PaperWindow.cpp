@@ -50,7 +50,7 @@ void PaperWindow::PushButtonGenerate_Action()
     DoFilename();
     const bool toBeShown = !pdf.theFile.IsEmpty() && lastPage != PageEnd::Stopped;
     if (form.CheckBoxViewGraph.Value() && toBeShown && !platform.Launch(pdf.theFile)) {
-        platform.Note("No viewer could be started for " + pdf.theFile.Name());
+        platform.Note("Could not start a viewer for " + pdf.theFile.Name());
     }
 }
 
@@ -75,7 +75,7 @@ bool PaperWindow::MayReplaceOutputFile()
     }
     MessageDialog dialog;
     dialog.message =
-        outputFile.Path().string() + " was not made by Linealis, or has been changed since. Replace it?";
+        outputFile.Path().string() + " was not made by Linealis or has been modified since. Replace it?";
     dialog.actionButton = "Replace";
     dialog.cancelButton = "Cancel";
     return platform.ShowModal(dialog) == MessageDialog::Button::Action;
@@ -101,7 +101,7 @@ void PaperWindow::DoPage()
     lastPage = MakePage(page, pdf, turns, Dialogs(), platform);
 }
 
-/// Each in its place, in the middle of the page.
+/// Shows each dialog while the page is being drawn.
 PageQuestions PaperWindow::Dialogs() const
 {
     return {.say = [this](const std::string& message) { platform.MsgBox(message); },
@@ -213,7 +213,7 @@ bool PaperWindow::Store(const FolderItem& file)
     if (!error) {
         stored = form.State();
         if (const std::string lost = LostBySaving(); !file.IsEmpty() && !lost.empty()) {
-            platform.Note(file.Name() + " does not keep " + lost);
+            platform.Note(file.Name() + " does not store " + lost);
         }
     }
     return !error;

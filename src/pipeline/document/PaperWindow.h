@@ -13,7 +13,7 @@
 
 namespace linealis {
 
-/// What a paper window holds at a moment.
+/// The complete state of a paper window.
 struct WindowState {
     std::vector<ControlState> form;
     FolderItem outputFile;
@@ -22,85 +22,90 @@ struct WindowState {
     bool operator==(const WindowState&) const = default;
 };
 
-/// A paper window without its screen: a form, the road from Generate to the file, and the settings file. It is the
-/// same for every kind of paper.
+/// A paper window without its screen: a form, the steps from Generate to the file, and the settings file. The same
+/// for every kind of paper.
 class PaperWindow {
 public:
-    /// The window of a paper, whose settings files are of that type.
+    /// Creates the window of a paper. `typeOfSettings` is the type of its settings files. `thePlatform` must
+    /// outlive the window.
     PaperWindow(Paper thePaper, const FileType& typeOfSettings, Platform& thePlatform);
     PaperWindow(const PaperWindow&) = delete;
     PaperWindow& operator=(const PaperWindow&) = delete;
 
     PaperForm& form;
 
-    /// The wizard of this window, or null.
+    /// Returns the wizard of this window, or null.
     Wizard* GetWizard() const { return paper.wizard.get(); }
 
     WindowState State() const { return {form.State(), outputFile, ourFolderItem}; }
-    /// Puts a state of this window back. No handler runs.
+    /// Restores an earlier state of this window. Runs no handler.
     void Restore(const WindowState& earlier);
 
     // Page.
 
-    /// The page as the form stands now, drawn as Generate draws it, with its dialogs and turns. What these throw
-    /// passes through (DrawContent).
+    /// Draws the page from the current form as Generate does, with its dialogs and yields. Exceptions pass through
+    /// (see DrawContent).
     DrawnPage DrawPage() { return DrawPage(ReadPage()); }
-    /// The same of a page that was read from the form.
+    /// Draws a page that was read from the form before.
     DrawnPage DrawPage(PaperPage read);
-    /// The same, not drawn.
+    /// Reads the page from the current form without drawing it.
     PaperPage ReadPage() const { return paper.readPage(); }
 
-    /// Turns the form's text into the page's numbers, in points.
+    /// Reads the form into the values of the page, in points.
     void ReadGUIValues();
-    /// Settles the output file, asking for one if there is none, and makes the page.
+    /// Determines the output file, asking for one if there is none, and makes the page.
     void DoFilename();
+    /// Writes corrected values to the form, then draws the page and writes the file.
     void DoPage();
+    /// Handles the Generate button. With Shift held down, asks for a new file. Opens the page in a viewer if the
+    /// form says so.
     void PushButtonGenerate_Action();
-    /// Asks for another file for the page. Keeps the one there is if the user cancels.
+    /// Asks for another output file. Keeps the current one if the user cancels.
     void ChooseOutputFile();
-    /// A click on a color swatch.
+    /// Handles a click on a color swatch.
     void ColorCanvas_MouseDown(Swatch& canvas);
 
-    // Settings. A failure leaves form and file as they were and is returned, for who wants to tell of it; nothing
-    // is shown. A file that is damaged or of another kind is noted (Platform::Note).
+    // Settings. A failure leaves the form and the file as they were and is returned to the caller; nothing is
+    // shown. A damaged file, or one of another kind, is reported through Platform::Note.
 
     std::error_code SaveSettings(const FolderItem& file) const;
     std::error_code LoadSettings(const FolderItem& file);
-    /// What a settings file would not bring back, by names, such as "Draw Frame, Custom width"; empty if it keeps
-    /// all.
+    /// Returns the names of the controls that a settings file would not restore, such as "Draw Frame, Custom
+    /// width". Empty if it stores everything.
     std::string LostBySaving() const;
-    /// What SaveSettings writes.
+    /// Returns the bytes that SaveSettings writes.
     std::string SettingsBytes() const;
-    /// Loads settings, but for the output file, which stays.
+    /// Loads settings into the form. The output file stays the same.
     std::error_code LayOver(BinaryStream settings);
-    /// Loads the file and takes it for the window's document. What goes wrong is noted (Platform::Note), as in the
-    /// actions below; each returns whether it has opened or saved a file.
+    /// Loads the file and makes it the document of the window. This and the actions below report problems through
+    /// Platform::Note. Each returns whether a file was opened or saved.
     bool OpenDocument(const FolderItem& file);
-    /// Whether the form, or the file that its page goes to, is no longer what the settings file holds that was
-    /// last opened or saved. False as long as there is none.
+    /// Whether the form, or the output file that it names, differs from the settings file that was last opened or
+    /// saved. False if there is none.
     bool IsModified() const { return !ourFolderItem.IsEmpty() && stored != form.State(); }
     bool FileOpen_Action();
     bool FileSave_Action();
     bool FileSaveAs_Action();
 
     const FolderItem& OutputFile() const { return outputFile; }
-    /// The settings file last opened or saved; empty until then.
+    /// The settings file that was last opened or saved; empty if there is none.
     const FolderItem& OurFolderItem() const { return ourFolderItem; }
-    /// How the last Generate ended; nothing if it made no page, for want of a file.
+    /// The outcome of the last Generate; nothing if it made no page because no file was chosen.
     std::optional<PageEnd> LastPage() const { return lastPage; }
-    /// The page that the last Generate read, and what it has drawn of it.
+    /// The page that the last Generate read.
     const PaperPage& Page() const { return page; }
+    /// The generator with the drawing of the last Generate.
     const MyPDFGenerator& Pdf() const { return pdf; }
 
 private:
     LoadResult Load(const FolderItem& file);
-    /// A failure leaves form and file of the page as they were.
+    /// A failure leaves the form and `fileOfPage` as they were.
     LoadResult Load(BinaryStream settings, FolderItem& fileOfPage);
     bool Store(const FolderItem& file);
     void NoteFailure(const FolderItem& file, const char* what, std::error_code error) const;
     void SetOutputFile(const FolderItem& file);
-    /// Whether the page may take the place of the output file. A settings file may have named any PDF, so one that
-    /// this program did not make is asked about, once.
+    /// Whether the page may replace the output file. A settings file can name any PDF, so the user is asked once
+    /// about a PDF that this program did not make.
     bool MayReplaceOutputFile();
     PageQuestions Dialogs() const;
 
@@ -111,9 +116,9 @@ private:
     MyPDFGenerator pdf;
     PaperPage page;
     FolderItem outputFile;
-    FolderItem settledFile;  ///< the last output file that the user has chosen, or agreed to, or that was written
+    FolderItem settledFile;  ///< the last output file that the user chose or confirmed, or that was written
     FolderItem ourFolderItem;
-    std::vector<ControlState> stored;  ///< the form when it was last saved or opened
+    std::vector<ControlState> stored;  ///< the form as last saved or opened
     std::optional<PageEnd> lastPage;
 };
 

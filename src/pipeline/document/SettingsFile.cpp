@@ -39,7 +39,7 @@ Color ReadColor(BinaryStream& stream, bool inverse)
     return {channels[0], channels[1], channels[2]};
 }
 
-/// The cell size that the marker of an old file stands for; empty if it stands for none.
+/// Returns the cell size that the marker of an old file stands for, or an empty text if it stands for none.
 std::string_view SizeOfMarker(double marker, bool inInches)
 {
     if (marker == 0.0) {
@@ -61,15 +61,16 @@ void WriteAlias(const FolderItem& file, BinaryStream& stream)
     stream.Write(reference);
 }
 
-/// The PDF that the reference leads to. It may be another program's (PaperWindow::MayReplaceOutputFile); anything
-/// else can only be a file that a foreign settings file wants Generate to overwrite.
+/// Reads the reference to the output file. Accepts only an existing PDF, possibly one of another program (see
+/// PaperWindow::MayReplaceOutputFile). With any other path, a settings file from somebody else could make Generate
+/// overwrite an arbitrary file.
 FolderItem ReadAlias(SettingsStream& settings)
 {
     BinaryStream& stream = settings.stream;
     const std::int32_t length = stream.ReadInt32();
     const auto size = static_cast<std::size_t>(std::max(length, 0));
     settings.isImpossible = length < 0 || size > BinaryStream::longestField;
-    const std::string reference = stream.Read(size);  // nothing if it is longer than any path
+    const std::string reference = stream.Read(size);  // empty if it is longer than any path
     const std::filesystem::path path = reference;
     const bool whole = reference.size() == size;
     if (!whole || reference.find('\0') != std::string::npos || !path.is_absolute()) {
@@ -123,14 +124,14 @@ LoadResult LoadSettings(const SettingsTable& table, FolderItem& outputFile, Bina
 std::string LoadResult::Problem() const
 {
     if (impossible > 0) {
-        return "has a length in field " + std::to_string(impossible) + " of " + std::to_string(fields) +
-               " that no field can have; what follows cannot be told";
+        return "has an invalid length in field " + std::to_string(impossible) + " of " + std::to_string(fields) +
+               "; the fields after it are unreliable";
     }
     if (fieldsRead < fields) {
-        return "ended at field " + std::to_string(fieldsRead + 1) + " of " + std::to_string(fields) +
-               "; the rest is empty";
+        return "ends at field " + std::to_string(fieldsRead + 1) + " of " + std::to_string(fields) +
+               "; the remaining fields are empty";
     }
-    return goesOn ? "continues after the last of its " + std::to_string(fields) + " fields" : "";
+    return goesOn ? "has extra data after the last of its " + std::to_string(fields) + " fields" : "";
 }
 
 namespace settings {
@@ -157,7 +158,7 @@ SettingsField text(TextField& field)
 SettingsField textUnlessEmpty(TextField& field)
 {
     SettingsField unlessEmpty = text(field);
-    unlessEmpty.encoding = "text; empty leaves the field as it is";
+    unlessEmpty.encoding = "text; empty leaves the field unchanged";
     unlessEmpty.read = [&field](File& file) {
         if (std::string read = file.stream.ReadPString(); !read.empty()) {
             field.SetText(std::move(read));
@@ -201,7 +202,7 @@ SettingsField color(Swatch& swatch)
 
 SettingsField inverseColor(Swatch& swatch)
 {
-    return {swatch.Name(), "three texts: 255 less red, green, blue",
+    return {swatch.Name(), "three texts: 255 minus red, green, blue",
             [&swatch](File& file) { WriteColor(file.stream, swatch.Shown(), true); },
             [&swatch](File& file) { swatch.SetColor(ReadColor(file.stream, true)); }};
 }

@@ -14,82 +14,84 @@
 
 namespace linealis {
 
-/// A settings file on its way to or from the disk, with what is no control's.
+/// A settings file being read or written, with the values that do not belong to a control.
 struct SettingsStream {
     BinaryStream stream;
     FolderItem outputFile;
-    double sizeMarker = 0.0;    ///< what the head of the file says of the cell size
-    bool isImpossible = false;  ///< a field has had a length that no field can have
+    double sizeMarker = 0.0;    ///< the cell size marker in the head of the file
+    bool isImpossible = false;  ///< a field had an invalid length
 };
 
-/// One field of a settings file: how it is written and read, and, for the description of the format, what it is.
+/// One field of a settings file: how to write and read it, and its description for the format documentation.
 struct SettingsField {
-    std::string_view control;  ///< the name of the control that it holds, or what else it is
+    std::string_view control;  ///< the name of its control, or a description if it has none
     std::string_view encoding;
     std::function<void(SettingsStream& file)> write;
     std::function<void(SettingsStream& file)> read;
 };
 
-/// The fields of a kind's settings file in file order. Saving and loading walk the same table.
+/// The fields of the settings file of a kind, in file order. Saving and loading use the same table.
 using SettingsTable = std::vector<SettingsField>;
 
-/// Writes the form that the table belongs to, and the reference to its output file. A failure leaves the file as it
-/// was and is returned. Nothing happens without a file.
+/// Writes the form that the table refers to and the reference to its output file. A failure leaves an existing file
+/// as it was and is returned. Does nothing if `file` is empty.
 std::error_code SaveSettings(const SettingsTable& table, const FolderItem& outputFile, const FolderItem& file);
 
-/// The same into a stream. Returns its failure.
+/// Writes the settings to a stream and closes it. Returns any failure.
 std::error_code SaveSettings(const SettingsTable& table, const FolderItem& outputFile, BinaryStream stream);
 
-/// How a load went.
+/// The outcome of a load.
 struct LoadResult {
     std::error_code error = {};  ///< why the file could not be opened or read
-    std::size_t fieldsRead = 0;  ///< whole, before the file's end
-    std::size_t fields = 0;      ///< of a whole file
-    std::size_t impossible = 0;  ///< the first field whose length no field can have, from 1; 0: there is none
-    bool goesOn = false;         ///< the file has more than its fields
+    std::size_t fieldsRead = 0;  ///< complete fields before the end of the file
+    std::size_t fields = 0;      ///< the number of fields in a complete file
+    std::size_t impossible = 0;  ///< the first field with an invalid length, from 1; 0: none
+    bool goesOn = false;         ///< the file has data after its last field
 
-    /// What is wrong with the contents, to be put behind the file's name; empty if nothing is.
+    /// Describes what is wrong with the content, to be appended to the file name. Empty if nothing is.
     std::string Problem() const;
 };
 
-/// Reads a stream into the form that the table belongs to, and the output file that it refers to. One that is not
-/// open leaves both as they were, and one that fails on the way the output file. A shorter file reads as empty at
-/// its end.
+/// Reads a stream into the form that the table refers to, and the output file that it names. If the stream is not
+/// open, both stay as they were; if reading fails, the output file does. The missing fields of a short file read as
+/// empty.
 LoadResult LoadSettings(const SettingsTable& table, FolderItem& outputFile, BinaryStream stream);
 
 namespace settings {
 
-/// The version of the format, which all files begin with. Not the program's.
+/// The version of the file format, which every file starts with. It is not the version of the program.
 SettingsField version();
-/// A text that is always the same. A load drops it.
+/// A constant text. A load ignores it.
 SettingsField fixed(std::string_view text);
+/// The text of a field.
 SettingsField text(TextField& field);
-/// The same, but a load of an empty text leaves the field as it is.
+/// The text of a field. Loading an empty text leaves the field unchanged.
 SettingsField textUnlessEmpty(TextField& field);
-/// The list index, as decimal text.
+/// The list index as decimal text.
 SettingsField index(Choice& choice);
-/// The list index plus an offset, as a 32-bit integer.
+/// The list index plus an offset as a 32-bit integer.
 SettingsField integer(Choice& choice, std::int32_t offset);
-/// "1" or "0".
+/// The value of a check box as the text "1" or "0".
 SettingsField box(CheckBox& box);
-/// One byte.
+/// The value of a check box as one byte, 1 or 0.
 SettingsField boolean(CheckBox& box);
-/// Three texts: the channels.
+/// A color as three texts, one per channel.
 SettingsField color(Swatch& swatch);
-/// Three texts: 255 less the channels.
+/// A color as three texts, each 255 minus a channel.
 SettingsField inverseColor(Swatch& swatch);
+/// The path of the output file, with a 32-bit length.
 SettingsField fileReference();
-/// A cell size, which the size marker of an old file replaces.
+/// A cell size. The size marker of an old file replaces it.
 SettingsField cellSize(const PaperForm& form, TextField& field);
 
-/// What every file but the graph paper's begins with: version, page and scales. Its seventh field is the size
-/// marker, which means something to the kinds that have a cell size.
+/// The head of every file except that of graph paper: version, page, and scales. Its seventh field is the size
+/// marker, which matters only to kinds with a cell size.
 SettingsTable Head(PaperForm& form);
 
-/// The four margins, in the order in which every file has them.
+/// The four margins in file order: top, bottom, left, right.
 SettingsTable Margins(PaperForm& form);
 
-/// The parts one behind the other.
+/// Joins the parts in the given order.
 SettingsTable Concatenate(std::initializer_list<SettingsTable> parts);
 
 }  // namespace settings

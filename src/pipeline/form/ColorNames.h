@@ -10,12 +10,13 @@
 
 namespace linealis {
 
-/// The color whose channels are the bytes of the number, red the highest: 0xRRGGBB.
+/// Returns the color 0xRRGGBB.
 Color ColorOf(std::uint32_t number);
 
-/// The color that has the name in CSS (Color Module Level 4), in any case; nothing if none has.
+/// Returns the color with that name in CSS (Color Module Level 4), ignoring case, or nothing if there is none.
 std::optional<Color> ColorNamed(std::string_view name);
 
+/// Returns all names that ColorNamed knows, in lowercase and in alphabetical order.
 std::vector<std::string> ColorNames();
 
 }  // namespace linealis

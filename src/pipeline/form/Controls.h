@@ -22,40 +22,40 @@ class TextField;
 
 enum class ControlKind { Text, Popup, Check, Radio, Color, Label };
 
-/// Where a control stands on the form, from top to bottom.
+/// The section of the form that a control belongs to, from top to bottom.
 enum class Group { Page, Spacing, Axes, Lines, Text, Margins, File };
 inline constexpr std::array allGroups = {Group::Page, Group::Spacing, Group::Axes, Group::Lines,
                                          Group::Text, Group::Margins, Group::File};
 
-/// What a change of units does to a text field.
+/// How a change of units affects a text field.
 enum class UnitRule {
-    Keep,          ///< nothing
-    Length,        ///< a length: times 2.54 on the way to centimeters
+    Keep,          ///< unchanged
+    Length,        ///< a length: multiplied by 2.54 on the way to centimeters
     CountPerUnit,  ///< a count per inch or centimeter: divided by 2.54 on the way to centimeters
 };
 
 /// The direction of the page in which a length extends.
 enum class Direction { Any, Vertical, Horizontal };
 
-/// What a declaration says of a control besides its name, caption and content.
+/// Properties of a control beyond its name, caption, and content.
 struct Traits {
-    std::string_view label = {};           ///< the label that shows the caption, where that is a control of its own
+    std::string_view label = {};           ///< the label that shows the caption, if it is a separate control
     bool beside = false;                   ///< on the same row as the control before it
-    bool captionAbove = false;             ///< the caption heads a column instead of standing before the field
-    bool enabled = true;                   ///< when the form opens
-    const CheckBox* enabledBy = nullptr;   ///< enabled, with its label, exactly while this box is on
+    bool captionAbove = false;             ///< the caption is above a column instead of before the field
+    bool enabled = true;                   ///< enabled when the form opens
+    const CheckBox* enabledBy = nullptr;   ///< this box enables and disables the control and its label
     Meaning meaning = Meaning::Number;     ///< of a text field
     UnitRule unitRule = UnitRule::Keep;    ///< of a text field
     Direction direction = Direction::Any;  ///< of a spacing or cell size
-    std::string_view fullName = {};        ///< for who does not see the form, where caption and row do not tell
-    std::string_view sets = {};            ///< of a weight: which lines of the page are as wide
-    RoleSet governs = {};                  ///< the roles of what the control sets on the page
-    const CheckBox* drawnBy = nullptr;  ///< without which what the field governs is not drawn; null: it always is
-    const TextField* apart = nullptr;   ///< of a weight: how far its lines are from each other, or how many fit
-    bool coversLines = false;           ///< of a text: stands over grid lines where the form opens
+    std::string_view fullName = {};        ///< for users who cannot see the form, if caption and row are not enough
+    std::string_view sets = {};            ///< of a weight: the lines of the page that it applies to
+    RoleSet governs = {};                  ///< the roles of the parts of the page that the control affects
+    const CheckBox* drawnBy = nullptr;     ///< this box must be on for these parts to be drawn; null: always drawn
+    const TextField* apart = nullptr;      ///< of a weight: the distance between its lines, or their density
+    bool coversLines = false;              ///< of a text: overlaps grid lines when the form opens
 };
 
-/// What a control holds at a moment: all that can change of it.
+/// The complete variable state of a control.
 struct ControlState {
     std::string caption;
     bool enabled = true;
@@ -65,15 +65,15 @@ struct ControlState {
     bool operator==(const ControlState&) const = default;
 };
 
-/// One control of a form, declared once, as a member of it: what it is, and what it holds now. Windows are built
-/// from it, the command line lists and sets by it, settings files and pages are read from it.
+/// One control of a form, declared once as a member of the form: its properties and its current state. Windows are
+/// built from it, the command line lists and sets it, and settings files and pages are read from it.
 class Control {
 public:
-    Control(const Control&) = delete;  // forms and windows refer to it
+    Control(const Control&) = delete;  // forms and windows hold pointers to it
     Control& operator=(const Control&) = delete;
 
     std::string_view Name() const { return name; }
-    /// The name as one word for whoever types it: "top-margin". Stays whatever the caption says. Empty for a label.
+    /// The name to type on a command line, such as "top-margin". Does not follow the caption. Empty for a label.
     std::string_view Alias() const { return alias; }
     ControlKind Kind() const { return kind; }
     Group InGroup() const { return group; }
@@ -87,7 +87,7 @@ public:
     void SetEnabled(bool isEnabled);
 
     const ControlState& State() const { return state; }
-    /// Puts a state of this control back. No handler runs.
+    /// Restores an earlier state of this control. Runs no handler.
     void Restore(const ControlState& earlier);
 
 protected:
@@ -105,7 +105,7 @@ protected:
     void SetContent(Content content);
     void SetMeaningOfState(Meaning newMeaning) { state.meaning = newMeaning; }
 
-    /// Tells the form that something of this control has changed.
+    /// Notifies the observer of the form.
     void Changed() const;
 
     Form& form;
@@ -121,12 +121,12 @@ private:
     Label* captionLabel = nullptr;
 };
 
-/// A text that stands on the form, the caption of a field or one by itself.
+/// A text on the form: the caption of a field, or a separate text.
 class Label final : public Control {
 public:
     static constexpr ControlKind kindOf = ControlKind::Label;
 
-    /// What a label says in either unit, once the units have been chosen.
+    /// The captions for each unit, used once the units have been chosen.
     struct UnitCaptions {
         std::string_view inInches;
         std::string_view inCm;
@@ -135,13 +135,14 @@ public:
     Label(Form& theForm, Group theGroup, std::string_view theName, std::string_view theCaption,
           const Traits& theTraits = {}, const UnitCaptions& theUnitCaptions = {});
 
-    /// Shows the caption of the unit, if this label has one.
+    /// Shows the caption for the unit, if this label has unit captions.
     void ShowUnit(bool inches);
 
 private:
     UnitCaptions unitCaptions;
 };
 
+/// A field for a number or a text.
 class TextField final : public Control {
 public:
     static constexpr ControlKind kindOf = ControlKind::Text;
@@ -150,38 +151,38 @@ public:
               std::string_view theCaption, std::string_view openingText, const Traits& theTraits = {});
 
     const std::string& Text() const { return Holds<std::string>(); }
-    /// The leading number of the text.
+    /// The number at the start of the text; 0 if there is none (see Val).
     double Number() const;
-    /// The number as the page uses it.
+    /// The number that the page uses (see UsedValue).
     double Used() const;
-    /// The number, truncated.
+    /// The number, truncated toward zero.
     std::int64_t Whole() const;
     Meaning MeansNow() const { return State().meaning; }
-    /// Whether it is empty and that means something.
+    /// Whether the field is empty and that has a meaning of its own.
     bool IsLeftOpen() const { return MeansNow() == Meaning::TitlePlace && Text().empty(); }
-    /// What a person must know of the text; empty if all is well, or if the field is disabled.
+    /// A remark for the user on the text (see RemarkOn). Empty if there is none or if the field is disabled.
     std::string Remark() const;
 
     void SetText(std::string newText);
-    /// The user types a text into the field, which has the focus meanwhile.
+    /// Sets the text as if the user typed it. The field has the focus while handlers run.
     void Type(std::string newText);
-    /// For a field whose meaning follows another control.
+    /// Changes the meaning, for a field whose meaning depends on another control.
     void SetMeaning(Meaning newMeaning);
 
-    std::function<void()> onChange;  ///< runs at every change of the text, by whomever it is made
+    std::function<void()> onChange;  ///< runs at every change of the text, by the user or by code
 };
 
-/// One of several items: a popup or a group of radio buttons.
+/// A choice of one item: a popup or a group of radio buttons.
 class Choice : public Control {
 public:
     const std::vector<std::string_view>& Items() const { return items; }
     int ListIndex() const { return Holds<int>(); }
     /// The text of the selected item.
     std::string_view Selected() const { return items[static_cast<std::size_t>(ListIndex())]; }
-    /// Limited to the items that there are.
+    /// Selects an item. Clamps the index to the existing items.
     void SetListIndex(std::int64_t index);
 
-    std::function<void()> onChange;  ///< runs at every choice, also of the item that it already shows
+    std::function<void()> onChange;  ///< runs at every selection, even of the current item
 
 protected:
     Choice(Form& theForm, ControlKind theKind, Group theGroup, std::string_view theName, std::string_view theAlias,
@@ -192,6 +193,7 @@ private:
     std::vector<std::string_view> items;
 };
 
+/// A choice shown as a popup menu.
 class Popup final : public Choice {
 public:
     static constexpr ControlKind kindOf = ControlKind::Popup;
@@ -201,6 +203,7 @@ public:
           const Traits& theTraits = {});
 };
 
+/// A choice shown as a group of radio buttons.
 class RadioGroup final : public Choice {
 public:
     static constexpr ControlKind kindOf = ControlKind::Radio;
@@ -209,6 +212,7 @@ public:
                std::string_view theCaption, std::vector<std::string_view> theItems, int openingIndex);
 };
 
+/// A check box.
 class CheckBox final : public Control {
 public:
     static constexpr ControlKind kindOf = ControlKind::Check;
@@ -217,11 +221,12 @@ public:
              std::string_view theCaption, bool openingValue, const Traits& theTraits = {});
 
     bool Value() const { return Holds<bool>(); }
+    /// Sets the value and enables or disables the controls that depend on it. Does not run onClick.
     void SetValue(bool newValue);
-    /// The user clicks the box.
+    /// Sets the value as if the user clicked the box.
     void Click(bool newValue);
 
-    std::function<void()> onClick;  ///< runs only when the user clicks
+    std::function<void()> onClick;  ///< runs only at Click()
 };
 
 /// A color swatch.
@@ -236,7 +241,7 @@ public:
     void SetColor(Color newColor);
 };
 
-/// Calls `visitor` with the control as what it is.
+/// Calls `visitor` with the control as its concrete type.
 template <typename Visitor>
 decltype(auto) Visit(Control& control, Visitor&& visitor)
 {

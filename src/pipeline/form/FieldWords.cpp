@@ -11,7 +11,7 @@ namespace linealis {
 
 namespace {
 
-/// The caption on one line and without its colon.
+/// Returns the caption on one line and without its colon.
 std::string PlainCaption(const Control& control)
 {
     std::string caption = control.Caption();
@@ -32,7 +32,8 @@ bool IsAmbiguous(const Form& form, const Control& control)
            });
 }
 
-/// Millimeters that a field stands for; nothing if that is no length.
+/// Returns the length of a field in millimeters, or nothing if it is not a length. A count per unit becomes the
+/// distance.
 std::optional<double> Millimeters(const TextField& field, LengthUnit formUnit)
 {
     constexpr double mmPerCm = 10.0;
@@ -50,7 +51,7 @@ std::optional<double> Millimeters(const TextField& field, LengthUnit formUnit)
     }
 }
 
-/// With one or two decimals.
+/// Formats a number with one or two decimals.
 std::string Rounded(double value)
 {
     std::string text = Str(std::round(value * 100.0) / 100.0);

@@ -10,38 +10,38 @@
 
 namespace linealis {
 
-/// What a length on a form is in.
+/// The unit of the lengths on a form.
 enum class LengthUnit { None, Inches, Centimeters };
 
-/// The controls of one window or dialog, which are members of a class derived from this, and the way to each by its
-/// name, for those who do not know the form: windows, the command line, tests.
+/// The controls of one window or dialog, which are members of a derived class. Gives access to each control by name
+/// for code that does not know the form: windows, the command line, and tests.
 class Form {
 public:
     Form() = default;
-    Form(const Form&) = delete;  // controls and windows refer to it
+    Form(const Form&) = delete;  // controls and windows hold references to it
     Form& operator=(const Form&) = delete;
 
-    /// All controls in the order of the form: group by group, within a group as declared. A caption that is a
-    /// control of its own stands before its field.
+    /// All controls in form order: group by group, and within a group as declared. A caption that is a separate
+    /// control comes before its field.
     const std::vector<Control*>& Controls() const { return controls; }
 
     /// Controls that stand beside each other.
     using Row = std::vector<Control*>;
 
-    /// The rows of a group from top to bottom. A caption that is a control of its own belongs to its field and
-    /// stands in no row.
+    /// Returns the rows of a group from top to bottom. A caption that is a control of its own belongs to its field
+    /// and is in no row.
     std::vector<Row> Rows(Group group) const;
 
-    /// The control of that name, or null.
+    /// Returns the control with that name, or null.
     Control* Find(std::string_view name) const;
-    /// The same, if it is of that type.
+    /// Returns the control with that name if it has that type, otherwise null.
     template <typename Type>
     Type* Find(std::string_view name) const
     {
         Control* const control = Find(name);
         return control != nullptr && control->Kind() == Type::kindOf ? static_cast<Type*>(control) : nullptr;
     }
-    /// The same; throws std::out_of_range if there is none.
+    /// Returns the control with that name. Throws std::out_of_range if there is none of that type.
     template <typename Type>
     Type& Get(std::string_view name) const
     {
@@ -51,27 +51,27 @@ public:
         throw std::out_of_range("no such control: " + std::string(name));
     }
 
-    /// The unit of the form's lengths as it is now; none by default.
+    /// Returns the current unit of the lengths on the form; none by default.
     virtual LengthUnit UnitOfLengths() const { return LengthUnit::None; }
 
-    /// What all controls hold, in their order.
+    /// Returns the state of all controls, in form order.
     std::vector<ControlState> State() const;
-    /// Takes the state as it is now for the one in which the form opens.
+    /// Stores the current state as the opening state.
     void RememberOpening() { opening = State(); }
-    /// Whether a control of this form holds what it held when the form opened.
+    /// Whether the content of a control equals its content in the opening state. Call RememberOpening first.
     bool IsAsOpened(const Control& control) const;
-    /// Puts a state of this form back. No handler runs.
+    /// Restores an earlier state of this form. Runs no handler.
     void Restore(const std::vector<ControlState>& earlier);
 
-    const Control* focusedControl = nullptr;               ///< the one that the user types into, or null
-    std::function<void(const Control& control)> observer;  ///< told of every change, by whomever it is made
+    const Control* focusedControl = nullptr;               ///< the control that the user is typing into, or null
+    std::function<void(const Control& control)> observer;  ///< called at every change, by the user or by code
 
 protected:
     ~Form() = default;
 
 private:
-    friend class Control;   // adds itself
-    friend class CheckBox;  // tells of its state
+    friend class Control;   // calls Add
+    friend class CheckBox;  // calls EnableFollowersOf
 
     void Add(Control& control);
     void EnableFollowersOf(const CheckBox& box) const;

@@ -13,8 +13,8 @@ namespace linealis {
 
 namespace {
 
-constexpr double leastMargin = 18.0;      // points, 6.35 mm: what many printers cannot reach
-constexpr double marginTolerance = 0.01;  // points; a margin in centimeters is off by less
+constexpr double leastMargin = 18.0;      // points, 6.35 mm: many printers cannot print closer to the edge
+constexpr double marginTolerance = 0.01;  // points; margins in centimeters have a smaller rounding error
 constexpr double thinnest = 0.1;          // points; a thinner line may not print
 
 class FormChecker {
@@ -54,7 +54,7 @@ private:
         const double width = field.Used() * std::min(std::abs(frame.xScale), std::abs(frame.yScale));
         if (width == 0.0) {
             Warn("thin", field,
-                 WholeName(form, field) + ": lines of 0 points print as thin as possible, or not at all");
+                 WholeName(form, field) + ": lines of 0 pt print as thin as the printer allows, or not at all");
         } else if (width > 0.0 && width < thinnest - 1e-9 && !form.IsAsOpened(field)) {
             Warn("thin", field,
                  WholeName(form, field) + ": lines of " + Str(width) + " pt may not print; use at least " +
@@ -85,7 +85,7 @@ private:
             }
         }
         if (first != nullptr) {
-            Warn("margin", *first, names + " under 6.35 mm: many printers cannot print so close to the edge");
+            Warn("margin", *first, names + " under 6.35 mm: many printers cannot print that close to the edge");
         }
     }
 
@@ -129,16 +129,17 @@ private:
         const double cell = field.Used() * frame.unitPixels;
         if (cell > room) {
             Warn("cell", field,
-                 WholeName(form, field) + " of " + LengthWords(cell, frame) + " is larger than the space of " +
+                 WholeName(form, field) + " of " + LengthWords(cell, frame) + " is larger than the " +
                      LengthWords(room, frame) + " between the margins");
         }
     }
 
     void CheckScale(const TextField& field)
     {
-        if (field.Used() != 100.0 && field.Used() != 0.0) {  // of 0 the field speaks
+        if (field.Used() != 100.0 && field.Used() != 0.0) {  // 0 has its own remark
             Warn("scale", field,
-                 WholeName(form, field) + " is " + Str(field.Used()) + " %: lengths on the page are not true");
+                 WholeName(form, field) + " is " + Str(field.Used()) +
+                     "%: lengths on the page are not true to size");
         }
     }
 
@@ -146,12 +147,12 @@ private:
     {
         if (form.EditCustomWidth.IsEnabled()) {
             Warn("custom-size", form.EditCustomWidth,
-                 "A settings file does not keep a custom paper size, " + PaperWords(frame));
+                 "A settings file does not store the custom paper size, " + PaperWords(frame));
         }
         constexpr std::int64_t largestPaper = 14400;  // points: ISO 32000-1, annex C
         if (std::max(frame.paperWidth, frame.paperHeight) > largestPaper) {
             Warn("paper-size", form.EditCustomWidth,
-                 "The paper of " + PaperWords(frame) + " is larger than 200 by 200 in, which many readers refuse");
+                 "The paper size, " + PaperWords(frame) + ", exceeds 200 by 200 in; many PDF readers reject it");
         }
     }
 
@@ -160,7 +161,7 @@ private:
     PageWarnings warnings;
 };
 
-/// Whether all that places the text is as the form opened.
+/// Whether all controls in the row of the text, which place it, have their opening values.
 bool StandsAsOpened(const PaperForm& form, const TextField& text)
 {
     return std::all_of(form.Controls().begin(), form.Controls().end(), [&](const Control* control) {
@@ -169,7 +170,7 @@ bool StandsAsOpened(const PaperForm& form, const TextField& text)
     });
 }
 
-/// With three significant digits.
+/// Formats a length in points with three significant digits.
 std::string Rough(double points)
 {
     const double grain = std::pow(10.0, 2.0 - std::floor(std::log10(points)));
@@ -219,8 +220,8 @@ void WarnOfInk(const Form& form, const TextField& weight, double distance, PageW
     const double width = weight.Used();
     if (distance > 0.0 && width >= distance) {
         warnings.push_back({"ink", std::string(weight.Name()),
-                            WholeName(form, weight) + ": " + Rough(width) + " wide but only " + Rough(distance) +
-                                " apart, so no white is left between them"});
+                            WholeName(form, weight) + ": lines " + Rough(width) + " wide and " + Rough(distance) +
+                                " apart leave no white space between them"});
     }
 }
 

@@ -7,18 +7,18 @@
 
 namespace linealis {
 
-/// The remarks on the fields of a form.
+/// Returns the remarks on the fields of a form.
 PageWarnings FieldWarnings(const Form& form);
 
-/// What of the form will disappoint on its page: every remark on a field, margins that a printer does not reach, no
-/// room, scales, sizes that no settings file keeps, weights that do not print or leave no white, and what the kind
-/// warns of. Quick.
+/// Returns everything on the form that will cause problems on paper: remarks on fields, margins that printers
+/// cannot reach, lack of room, scales, sizes that a settings file does not store, line weights that do not print or
+/// leave no white space, and the warnings of the kind itself. Fast: draws nothing.
 PageWarnings FormWarnings(const PaperForm& form, const PageFrame& frame, PageWarnings ofKind);
 
-/// The form's texts that stand on its page.
+/// Returns the texts of the form that are printed on the page.
 std::vector<PrintedField> PrintedFields(const PaperForm& form);
 
-/// Warns if lines are at least as wide as the distance between them, in points.
+/// Adds a warning if the lines are at least as wide as the distance between them, in points.
 void WarnOfInk(const Form& form, const TextField& weight, double distance, PageWarnings& warnings);
 
 }  // namespace linealis

@@ -15,7 +15,7 @@ namespace linealis {
 namespace {
 
 struct NamedUnit {
-    std::string_view name;  ///< in lower case
+    std::string_view name;  ///< in lowercase
     double inches;
 };
 
@@ -28,14 +28,14 @@ constexpr std::array lengthUnits = {NamedUnit{"mm", 0.1 / cmPerInch},
                                     NamedUnit{"\u2033", 1.0},
                                     NamedUnit{"pt", 1.0 / pointsPerInch}};
 
-/// Reads a text from its beginning, piece by piece.
+/// Reads a text piece by piece from its start.
 class LengthScanner {
 public:
     explicit LengthScanner(std::string_view theText) : text(theText) { SkipBlanks(); }
 
     bool AtEnd() const { return text.empty(); }
 
-    /// The piece if it comes next.
+    /// Consumes the character and following blanks if it comes next. Returns whether it did.
     bool Take(char piece)
     {
         const bool isNext = !text.empty() && text.front() == piece;
@@ -46,7 +46,7 @@ public:
         return isNext;
     }
 
-    /// Digits with at most one decimal mark, and what follows them before the next blank is not theirs.
+    /// Consumes digits with at most one decimal mark, and following blanks. Returns nothing if there is no digit.
     std::optional<double> TakeNumber()
     {
         std::size_t length = 0;
@@ -63,6 +63,7 @@ public:
         return Val(number);
     }
 
+    /// Returns the unread text without trailing blanks.
     std::string_view Rest()
     {
         while (!text.empty() && text.back() == ' ') {
@@ -86,7 +87,7 @@ const NamedUnit* FindUnit(std::string_view name)
     return found == units.end() ? nullptr : &*found;
 }
 
-/// "1/4", "1 1/2" or "5". Nothing if it is none of them.
+/// Reads "1/4", "1 1/2", or "5". Returns nothing for anything else or if the denominator is 0.
 std::optional<double> TakeAmount(LengthScanner& scanner, bool& isFraction)
 {
     const std::optional<double> first = scanner.TakeNumber();
@@ -106,7 +107,8 @@ std::optional<double> TakeAmount(LengthScanner& scanner, bool& isFraction)
     return first;
 }
 
-/// Inches in the unit of the quantity; 0 if it has none. A count per unit is of lengths in the form's unit.
+/// Returns the inches in one unit of the quantity, or 0 if it has none. A count per unit refers to the unit of the
+/// form.
 double InchesIn(Quantity quantity, LengthUnit formUnit)
 {
     constexpr double inchesPerCm = 1.0 / cmPerInch;
@@ -164,7 +166,7 @@ std::optional<double> TypedNumber(std::string_view text, Quantity quantity, Leng
     if (unit == nullptr || inches == 0.0) {
         return std::nullopt;
     }
-    // By way of a factor of the field's own unit, which leaves a length in that unit as it was typed.
+    // Multiply by a factor between the units, so that a length in the unit of the field stays exactly as typed.
     const double length = sign * *amount * (unit->inches / inches);
     return IfFinite(quantity == Quantity::CountPerUnit ? 1.0 / length : length);
 }

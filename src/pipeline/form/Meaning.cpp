@@ -33,24 +33,24 @@ bool HasPairedParentheses(std::string_view text)
     return open == 0;
 }
 
-/// Parentheses and backslashes go to the page unescaped, so the page must be able to live with them.
+/// Parentheses and backslashes go to the page unescaped, so they must be valid in a PDF string.
 std::string RemarkOnProse(std::string_view text)
 {
     for (const std::string_view character : Characters(text)) {
         if (!IsInMacRoman(character)) {
-            return "\u201C" + std::string(character) + "\u201D cannot be printed and becomes \u201C?\u201D";
+            return "\u201C" + std::string(character) + "\u201D cannot be printed and is replaced by \u201C?\u201D";
         }
     }
     if (text.find('\\') != std::string_view::npos) {
-        return "a backslash changes what is printed after it";
+        return "a backslash changes how the text after it prints";
     }
-    return HasPairedParentheses(text) ? "" : "parentheses must come in pairs, or the page is damaged";
+    return HasPairedParentheses(text) ? "" : "parentheses must be balanced, or the page is damaged";
 }
 
 template <Meaning meaning>
 std::string EffectOfCustomSide(double side)
 {
-    return PointsOfCustomSide(meaning, side) < smallestPage ? "a page has at least 10 points" : "";
+    return PointsOfCustomSide(meaning, side) < smallestPage ? "a page side is at least 10 points" : "";
 }
 
 double Whole(double value)
@@ -85,7 +85,7 @@ std::string EffectOfWeight(double value)
 
 std::string EffectOfDensity(double value)
 {
-    return value < 0.0 ? "must be above 0, or no grid line is drawn" : "";
+    return value < 0.0 ? "must be above 0, or no grid lines are drawn" : "";
 }
 
 std::string EffectOfFontSize(double value)
@@ -97,22 +97,22 @@ std::string EffectOfFontSize(double value)
     if (printed == 0.0) {
         return "must be at least 1, or nothing is printed";
     }
-    return printed != value ? "is printed at " + Str(printed) + " points" : "";
+    return printed != value ? "prints at " + Str(printed) + " points" : "";
 }
 
 std::string EffectOfScale(double value)
 {
-    return value == 0.0 ? "0 leaves an empty page" : "";
+    return value == 0.0 ? "0 produces an empty page" : "";
 }
 
 std::string EffectOfDivisions(double value)
 {
-    return value < 1.0 ? "must be at least 1, or no line divides a side" : "";
+    return value < 1.0 ? "must be at least 1, or the sides are not divided" : "";
 }
 
 std::string EffectOfNumberSpacing(double value)
 {
-    return value < 0.0 ? "below 0, no numbers are printed" : "";
+    return value < 0.0 ? "a negative value prints no numbers" : "";
 }
 
 std::string EffectOfExponent(double value)
@@ -127,20 +127,20 @@ std::string EffectOfHydraulicStart(double value)
 
 std::string EffectOfHydraulicStep(double value)
 {
-    return value > 0.0 ? "" : "must be above 0, or no grid line is drawn";
+    return value > 0.0 ? "" : "must be above 0, or no grid lines are drawn";
 }
 
 constexpr std::string_view lengthHint = "Length in the current unit, inches or centimeters";
-constexpr std::string_view wholeHint = "A whole number";
+constexpr std::string_view wholeHint = "Whole number";
 constexpr std::string_view densityHint = "Lines per inch or centimeter";
 constexpr std::string_view numberSpacingHint = "Number of grid lines from one number to the next";
-constexpr std::string_view axisValueHint = "In the axis's own values";
-constexpr std::string_view axisStepHint = "From one grid line to the next, in the axis's own values";
+constexpr std::string_view axisValueHint = "Value on the axis";
+constexpr std::string_view axisStepHint = "Distance from one grid line to the next, in axis values";
 
-// In the order of Meaning.
+// In the order of Meaning, which FactsOf relies on.
 constexpr auto facts = std::to_array<MeaningFacts>({
-    {.meaning = Meaning::Number, .hint = "A number", .step = Step::LastPlace, .canBeNegative = true},
-    {.meaning = Meaning::Prose, .hint = "Text that is printed"},
+    {.meaning = Meaning::Number, .hint = "Number", .step = Step::LastPlace, .canBeNegative = true},
+    {.meaning = Meaning::Prose, .hint = "Text to print"},
     {.meaning = Meaning::Length,
      .hint = lengthHint,
      .quantity = Quantity::Length,
@@ -208,7 +208,7 @@ constexpr auto facts = std::to_array<MeaningFacts>({
      .used = [](double value) { return std::max(Whole(value), 1.0); }},
     {.meaning = Meaning::Divisions, .hint = wholeHint, .used = Whole, .effect = EffectOfDivisions},
     {.meaning = Meaning::WholeUnits,
-     .hint = "A whole number of inches or centimeters",
+     .hint = "Whole number of inches or centimeters",
      .quantity = Quantity::Length,
      .used = WholeFromZero},
     {.meaning = Meaning::GridLines, .hint = "Number of grid lines from one major line to the next; 0 for none"},
@@ -224,7 +224,7 @@ constexpr auto facts = std::to_array<MeaningFacts>({
      .canBeNegative = true,
      .used = OneInsteadOfZero},
     {.meaning = Meaning::Exponent,
-     .hint = "Power of the value on a hydraulic axis, above 1",
+     .hint = "Exponent of a hydraulic axis, larger than 1",
      .step = Step::LastPlace,
      .effect = EffectOfExponent},
     {.meaning = Meaning::HydraulicStart,
@@ -249,7 +249,7 @@ constexpr bool IsInOrder()
     }
     return true;
 }
-static_assert(IsInOrder(), "a row is not in the place of its meaning");
+static_assert(IsInOrder(), "a row is not at the index of its meaning");
 static_assert(facts.back().meaning == Meaning::HydraulicNumber, "a meaning has no row");
 
 std::string EffectOf(Meaning meaning, double value)
@@ -263,8 +263,8 @@ std::string RemarkOnMissingNumber(Meaning meaning, const std::string& text)
     const double used = UsedValue(meaning, Val(text));
     const std::string counts = "counts as " + Str(used);
     const std::string effect = EffectOf(meaning, used);
-    return (IsBlank(text) ? "empty " : "\u201C" + Shortened(text) + "\u201D is not a number, ") + counts +
-           (effect.empty() ? "" : ": " + effect);
+    return (IsBlank(text) ? "an empty field " : "\u201C" + Shortened(text) + "\u201D is not a number and ") +
+           counts + (effect.empty() ? "" : ": " + effect);
 }
 
 }  // namespace
@@ -300,7 +300,7 @@ std::string RemarkOn(Meaning meaning, const std::string& text)
     const double used = UsedValue(meaning, value);
     if (used != value) {
         const std::string effect = EffectOf(meaning, used);
-        return (meaning == Meaning::LinesPerUnit ? "must be above 0, or becomes " : "counts as ") + Str(used) +
+        return (meaning == Meaning::LinesPerUnit ? "must be above 0, or it becomes " : "counts as ") + Str(used) +
                (effect.empty() ? "" : ": " + effect);
     }
     return EffectOf(meaning, value);

@@ -13,7 +13,7 @@ namespace linealis {
 
 namespace {
 
-/// The names of the papers, and Custom behind them.
+/// Returns the paper names, followed by Custom.
 std::vector<std::string_view> PaperNames()
 {
     std::vector<std::string_view> names;
@@ -66,7 +66,7 @@ PaperForm::PaperForm(const MarginTexts& margins)
 void PaperForm::Event_Open(const Platform& /*platform*/)
 {
     OpenPaperSize();
-    // There and back, so that the handler runs and every field shows what it writes.
+    // Switch to centimeters and back, so that the handler runs and updates every field.
     PopupUnits.SetListIndex(1);
     PopupUnits.SetListIndex(0);
 }
@@ -121,7 +121,7 @@ void PaperForm::PopupPaperSize_Change()
 void PaperForm::PopupUnits_Change()
 {
     ConvertUnits(*this, InInches());
-    // A custom size is read under the new unit, so its numbers stay and mean something else.
+    // A custom size is read in the new unit: its numbers stay, and their meaning changes.
     for (TextField* const side : {&EditCustomWidth, &EditCustomHeight}) {
         side->SetMeaning(InInches() ? Meaning::CustomInches : Meaning::CustomCm);
     }

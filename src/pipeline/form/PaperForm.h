@@ -9,7 +9,7 @@
 
 namespace linealis {
 
-/// What the margin fields hold when a form opens, in the current units.
+/// The opening texts of the margin fields, in the current units.
 struct MarginTexts {
     std::string_view top = "0.5";
     std::string_view bottom = "0.5";
@@ -17,8 +17,8 @@ struct MarginTexts {
     std::string_view right = "0.5";
 };
 
-/// The state of one paper window's controls: those that every form has, and the kind's own, which are members of a
-/// class derived from this. All logic reads and writes it; a window only shows it.
+/// The controls of one paper window: those that every form has, and those of the kind, which are members of a
+/// derived class. All logic reads and writes the form; a window only displays it.
 class PaperForm : public Form {
 public:
     explicit PaperForm(const MarginTexts& margins = {});
@@ -40,33 +40,38 @@ public:
     CheckBox CheckBoxViewGraph;
     Label StaticFileName;
 
-    /// Brings the form into its opening state. Runs once, when the whole form stands. `platform` tells the date.
+    /// Puts the form into its opening state. Call once, after all members are constructed. `platform` provides the
+    /// date.
     virtual void Event_Open(const Platform& platform);
-    /// Runs before a settings file is opened for a load, also of one that cannot be opened.
+    /// Called before a settings file is loaded, even if it turns out that it cannot be opened.
     virtual void BeforeLoad() {}
 
-    /// Why the page is the same whatever the control holds, in a few words: "Paper Size is not Custom"; empty if it
-    /// is not the same. A disabled field can still count, and an enabled one can count for nothing.
+    /// Returns why the control currently has no effect on the page, in a few words ("Paper Size is not Custom"), or
+    /// an empty text if it has an effect. A disabled field can still have an effect, and an enabled one can have
+    /// none.
     virtual std::string WhyIdle(const Control& control) const;
 
     bool InInches() const { return PopupUnits.ListIndex() == 0; }
     LengthUnit UnitOfLengths() const override { return InInches() ? LengthUnit::Inches : LengthUnit::Centimeters; }
 
-    /// The paper in points, upright, from the popup or the custom size fields.
+    /// Returns the paper size in points before rotation, from the popup or the custom size fields. A custom size
+    /// may be smaller than smallestPage.
     PaperSize GetPaperSize() const;
-    /// Shows a size in points in the custom size fields.
+    /// Shows a size, given in points, in the custom size fields.
     void SetPaperSize(const PaperSize& size);
 
-    /// Paper, unit and margins as they stand in the form.
+    /// Returns the paper, unit, and margins as entered. Lengths are in points.
     PageSetup ReadSetup() const;
-    /// The same for a page, with its scale and colors. A kind without a line color of the whole page gives none.
+    /// Returns the frame of the page, including scales and colors, with each side at least smallestPage.
+    /// `lineColor` is null for a kind without one line color for the whole page.
     PageFrame ReadFrame(const Swatch& background, const Swatch* lineColor) const;
 
-    /// Writes into the form what a page uses instead of what a person has entered, where a kind says so.
+    /// Replaces entered values with the values that the page uses, for the meanings that ask for it
+    /// (MeaningFacts::isCorrectedInForm).
     void WriteCorrections();
 
 protected:
-    /// Chooses another paper and back, so that the handler runs and the custom size shows what it writes.
+    /// Selects another paper and back again, so that the handler runs and updates the custom size.
     void OpenPaperSize();
 
 private:
@@ -74,7 +79,7 @@ private:
     void PopupUnits_Change();
 };
 
-/// The note under the file name. Its name differs from window to window.
+/// The note under the file name. Its control name differs from window to window.
 class ShiftClickNote {
 public:
     ShiftClickNote(PaperForm& form, std::string_view name);
@@ -83,7 +88,7 @@ private:
     Label label;
 };
 
-/// The fonts of a font popup. An item's index plus 1 is the number of its font on the page.
+/// Returns the items of a font popup. The index of an item plus 1 is the number of its font on the page.
 const std::vector<std::string_view>& FontNames();
 
 }  // namespace linealis

@@ -28,7 +28,7 @@ bool CanBeTypedInto(const Control& control)
     return control.Kind() == ControlKind::Text;
 }
 
-/// A wrong name is answered with names, a wrong alias with aliases.
+/// An unknown name is answered with a list of names, an unknown alias with a list of aliases.
 Control& FindControl(std::string_view owner, const Form& form, std::string_view given,
                      bool (*isWanted)(const Control& control))
 {
@@ -45,7 +45,7 @@ Control& FindControl(std::string_view owner, const Form& form, std::string_view 
     throw UnknownInput{"control of " + std::string(owner), Shortened(given), possible};
 }
 
-/// The whole text as a number in the base, or nothing.
+/// Parses the whole text as a number in the given base. Returns nothing if that fails.
 std::optional<unsigned> WholeNumber(std::string_view digits, int base)
 {
     unsigned number = 0;
@@ -57,7 +57,7 @@ std::optional<unsigned> WholeNumber(std::string_view digits, int base)
     return number;
 }
 
-/// The index of an item that is given by its text or as #INDEX.
+/// Returns the index of an item given by its text or as #INDEX.
 std::int64_t ItemIndex(const Choice& choice, std::string_view given)
 {
     const std::vector<std::string_view>& items = choice.Items();
@@ -88,7 +88,7 @@ bool OnOrOff(const Control& control, std::string_view given)
     return isOn;
 }
 
-/// #RRGGBB, or #RGB, where each digit stands for two.
+/// Parses #RRGGBB, or #RGB, where each digit is doubled.
 std::optional<Color> ColorOfDigits(std::string_view given)
 {
     constexpr std::size_t shortLength = 4, length = 7;
@@ -121,14 +121,14 @@ std::string HexColor(Color color)
     return text.data();
 }
 
-/// What the field holds once a user who has typed the text has left it.
+/// Returns the text that the field holds after a user has typed `typed` and left the field.
 std::string TextFor(const Form& form, const TextField& field, std::string_view typed)
 {
     const auto number = TypedNumber(typed, form, field);
     return number ? Str(*number) : std::string(typed);
 }
 
-/// Sets a control to what is given, as the user would.
+/// Sets a control to the given value, as the user would.
 struct Setter {
     const Form& form;
     std::string_view given;
@@ -137,7 +137,7 @@ struct Setter {
     void operator()(Choice& choice) const
     {
         if (const std::int64_t index = ItemIndex(choice, given); index != choice.ListIndex()) {
-            choice.SetListIndex(index);  // choosing the same item again is no change
+            choice.SetListIndex(index);  // selecting the same item again is not a change
         }
     }
     void operator()(CheckBox& box) const { box.Click(OnOrOff(box, given)); }

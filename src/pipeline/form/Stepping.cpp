@@ -9,7 +9,7 @@ namespace linealis {
 
 namespace {
 
-/// Digits behind the decimal mark of the number that a text begins with, at most 6.
+/// Returns the number of digits after the decimal mark of the number that a text begins with, at most 6.
 int DecimalsOf(std::string_view text)
 {
     const std::size_t mark = text.find_first_of(".,");
@@ -51,7 +51,7 @@ std::string Stepped(Meaning meaning, const std::string& text, double steps, Leng
     if (!facts.canBeNegative && value >= 0.0) {
         stepped = std::max(stepped, 0.0);
     }
-    // The sum may be off in its last bits.
+    // Round away the error in the last bits of the sum.
     const double grain = std::pow(10.0, std::max(decimals, 2));
     const double rounded = std::round(stepped * grain) / grain;
     return std::isfinite(rounded) ? Str(rounded) : text;

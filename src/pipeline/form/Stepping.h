@@ -6,10 +6,9 @@
 
 namespace linealis {
 
-/// The text of a number field `steps` steps on, or back if negative. A step fits what the field means: a whole, a
-/// tenth of a point, a twentieth of an inch, a millimeter; it is finer where the text has more decimals. What has
-/// no sense below 0 ends there. Prose stays as it is, and
-/// so does a number that is too large to step.
+/// Returns the text of a number field after `steps` steps, backward if negative. The size of a step depends on the
+/// meaning: 1, 0.1 point, 0.05 inch, or 0.1 centimeter; it is finer if the text has more decimals. Stops at 0 if
+/// negative values make no sense. Returns a text field, or a number too large to step, unchanged.
 std::string Stepped(Meaning meaning, const std::string& text, double steps, LengthUnit unit);
 
 }  // namespace linealis

@@ -8,13 +8,13 @@
 
 namespace linealis {
 
-/// Points.
+/// A paper size in points.
 struct PaperSize {
     std::int64_t width;
     std::int64_t height;
 };
 
-/// The paper of a page and the room on it, in points.
+/// The paper of a page and its margins, in points.
 struct PageSetup {
     std::int64_t paperWidth = 0;
     std::int64_t paperHeight = 0;
@@ -26,17 +26,17 @@ struct PageSetup {
 
     bool IsInInches() const { return unitPixels == pointsPerInch; }
 
-    /// The room between the margins.
+    /// The room between the margins, in points. Not positive if the margins leave no room.
     double UsableWidth() const { return static_cast<double>(paperWidth) - leftMargin - rightMargin; }
     double UsableHeight() const { return static_cast<double>(paperHeight) - topMargin - bottomMargin; }
 };
 
-/// What every page begins with. No side of its paper is below smallestPage.
+/// The properties that every page starts with. No side of the paper is below smallestPage.
 struct PageFrame : PageSetup {
     double xScale = 1.0;
     double yScale = 1.0;
     Color background = white;
-    std::optional<Color> lineColor = {};  ///< nothing: the kind sets its colors itself
+    std::optional<Color> lineColor = {};  ///< none: the kind sets its own colors
 };
 
 }  // namespace linealis

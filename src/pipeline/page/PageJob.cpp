@@ -15,7 +15,7 @@ void GiveUp(MyPDFGenerator& pdf, const std::string& reason, Platform& platform)
     pdf.Discard();
     platform.ShowFileError(pdf.theFile,
                            "Unable to make the file " + pdf.theFile.Name() + ": " + reason +
-                               ". Nothing was written. Larger spacings or a smaller paper make a smaller page.",
+                               ". Nothing was written. Use larger spacing or smaller paper.",
                            reason);
 }
 
@@ -92,7 +92,7 @@ PageEnd MakePage(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const
     } catch (const PageGivenUp& givenUp) {
         GiveUp(pdf, givenUp.reason, platform);
     } catch (const std::bad_alloc&) {
-        GiveUp(pdf, "there is not enough memory for the page, so it was given up", platform);
+        GiveUp(pdf, "there is not enough memory for the page, so it was abandoned", platform);
     }
     return PageEnd::Failed;
 }

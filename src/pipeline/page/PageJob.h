@@ -7,38 +7,38 @@
 
 namespace linealis {
 
-/// Starts a document and draws the page's content into it: the page scale, the background, and what the kind draws.
-/// What `turns` throws passes through, and so does PageGivenUp of a page that is too large.
+/// Starts a document and draws the content of the page: scale, background, and the drawing of the kind. Exceptions
+/// of `turns` pass through, and so does PageGivenUp if the page is too large.
 void DrawContent(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask);
 
-/// A page that is drawn, for whoever shows, prints, writes or judges it.
+/// A drawn page, for code that shows, prints, writes, or checks it.
 struct DrawnPage : PaperPage {
-    CapacityString content;  ///< as Generate would compress it into the file
+    CapacityString content;  ///< uncompressed, as Generate would write it
     PageRoles roles;         ///< of the content
 };
 
-/// Draws a page that was read. What `turns` throws passes through, and so does PageGivenUp.
+/// Draws a page. Exceptions of `turns` pass through, and so does PageGivenUp.
 DrawnPage DrawPage(PaperPage page, Turns& turns, const PageQuestions& ask = {});
 
-/// Draws as much of a page as there is place for, in bytes of its content, until `turns` throw PageStopped. Asks
-/// nothing.
+/// Draws a page until it has `mostContent` bytes of content or `turns` throws; then returns what has been drawn.
+/// Asks no questions.
 DrawnPage DrawBeginning(PaperPage page, Turns& turns, std::int64_t mostContent);
 
-/// Writes the page's file to an open stream. What `turns` throws passes through.
+/// Writes the PDF file of the page, dated `now`, to an open stream. Exceptions of `turns` pass through.
 void WritePdf(const DrawnPage& page, const LocalTime& now, BinaryStream& stream, Turns& turns);
 
-/// The same as bytes.
+/// Returns the PDF file of the page as bytes.
 std::string FileBytesOf(const DrawnPage& page, const LocalTime& now, Turns& turns);
 
-/// How the making of a page ended.
+/// The outcome of MakePage.
 enum class PageEnd {
     Written,
-    Failed,   ///< given up, or not to be written: the platform has told why
+    Failed,   ///< abandoned or not writable; the platform has reported why
     Stopped,  ///< by the user
 };
 
-/// Draws the page and writes its file, `theFile` of the generator. Unless it is written, the old file stays as it
-/// was; `platform` tells why a page was given up or could not be written.
+/// Draws the page and writes it to `theFile` of the generator. If that fails or is stopped, an existing file stays
+/// as it was. Reports through `platform` why a page was abandoned or could not be written.
 PageEnd MakePage(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask,
                  Platform& platform);
 

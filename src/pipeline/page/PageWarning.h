@@ -6,11 +6,11 @@
 
 namespace linealis {
 
-/// Something on a page that will disappoint on paper, or that the page does not do although the form says it.
+/// A warning: something that will cause a problem on paper, or a setting that has no effect on the page.
 struct PageWarning {
-    std::string_view id;  ///< for programs: the same for the same sort of warning
-    std::string control;  ///< the name of the control that it comes from; empty if it is none
-    std::string text;     ///< for people
+    std::string_view id;  ///< for programs: identifies the type of warning
+    std::string control;  ///< the name of the control that causes it; empty if none does
+    std::string text;     ///< for users
 };
 
 using PageWarnings = std::vector<PageWarning>;

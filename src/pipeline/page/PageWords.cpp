@@ -12,7 +12,7 @@ namespace {
 
 constexpr double mmPerCm = 10.0;
 
-/// The number of a length without its unit.
+/// Returns the number of a length without its unit.
 std::string LengthNumber(double points, const PageSetup& page)
 {
     const bool inInches = page.IsInInches();

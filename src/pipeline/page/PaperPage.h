@@ -13,39 +13,39 @@
 
 namespace linealis {
 
-/// What a drawing must say or ask on its way. Generate shows a dialog in the middle of the page, another caller
-/// collects. By default nothing is heard, and there are no markers.
+/// Messages and questions of a drawing. Generate shows a dialog in the middle of the page; other callers collect
+/// the messages. By default messages are dropped and there are no markers.
 struct PageQuestions {
-    /// Tells the user something that keeps a part of the page from being drawn.
+    /// Tells the user about a problem that keeps a part of the page from being drawn.
     std::function<void(const std::string& message)> say = [](const std::string& /*message*/) {};
 
-    /// Asks for the marker file. Returns the way to its lines: each call puts the next one, without its end, into
-    /// `line`, and returns whether there was one. Without a file there is none.
+    /// Asks for the marker file. Returns a function that reads it: each call stores the next line, without its line
+    /// end, in `line` and returns whether there was one. Without a file, there are no lines.
     std::function<std::function<bool(std::string& line)>()> askForMarkers = [] {
         return [](std::string& /*line*/) { return false; };
     };
 };
 
-/// A text of a form that stands on its page.
+/// A text of the form that is printed on the page.
 struct PrintedField {
     Role role;
-    std::string control;         ///< the name of its field
-    bool coversLines = false;    ///< where the form opens, it stands over grid lines (Traits)
-    bool standsAsOpened = true;  ///< whether all that places it is as the form opened
+    std::string control;         ///< the name of the field
+    bool coversLines = false;    ///< overlaps grid lines when the form opens (Traits)
+    bool standsAsOpened = true;  ///< whether everything that places it has its opening value
 };
 
-/// A page as it was read from a form: plain values, and the drawing that goes with them. It knows no form, window,
-/// file or screen, so that it can be drawn anywhere, on any thread.
+/// A page as read from a form: plain values and the function that draws them. It refers to no form, window, file,
+/// or screen, so it can be drawn anywhere, on any thread.
 struct PaperPage {
     PageFrame frame;
     std::function<void(MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask)> doGraph;
-    /// What the page holds, in a few words: "37 by 53 cells of 5 mm".
+    /// Describes the page in a few words: "37 by 53 cells of 5 mm".
     std::function<std::string()> describe = [] { return std::string(); };
-    PageWarnings warnings = {};              ///< what of the form will disappoint
-    std::vector<PrintedField> printed = {};  ///< the form's texts
+    PageWarnings warnings = {};              ///< the problems of the form on paper
+    std::vector<PrintedField> printed = {};  ///< the printed texts of the form
 };
 
-/// The page of a kind, whose drawing is the function Draw for it, and Describe its words.
+/// Wraps the page of a kind. Calls the overloads of Draw and Describe for its type.
 template <typename KindPage>
 PaperPage PageOf(KindPage page)
 {

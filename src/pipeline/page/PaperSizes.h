@@ -8,17 +8,17 @@
 
 namespace linealis {
 
-/// A paper that is sold under a name.
+/// A standard paper size.
 struct NamedPaper {
     std::string_view name;
     PaperSize size;
 };
 
-/// In the order of PopupPaperSize, whose last item, Custom, is none of them.
+/// The standard papers in the order of PopupPaperSize. Its last item, Custom, is not included.
 std::span<const NamedPaper> NamedPapers();
 
-/// The name of the paper, whichever way it lies, such as "A4"; empty if it has none. An exact size
-/// goes before one that is turned. Ledger and B (USA) are of one size, which is said to be Ledger.
+/// Returns the name of the paper in either orientation, such as "A4", or an empty text if it has none. An exact
+/// match takes precedence over a rotated one. Ledger and B (USA) have the same size; the result is Ledger.
 std::string_view NameOfPaper(const PaperSize& size);
 
 }  // namespace linealis

@@ -17,7 +17,7 @@ namespace {
 
 constexpr const char* const accessList = "system.posix_acl_access";
 
-/// Rights and signatures that belong to the old file's bytes.
+/// Privileges and signatures that apply only to the content of the old file.
 constexpr std::array<std::string_view, 3> ofOldBytes = {"security.capability", "security.ima", "security.evm"};
 
 std::vector<std::string> AttributeNames(int file)
@@ -41,11 +41,12 @@ bool CopyAttribute(int oldFile, int newFile, const char* name)
     return got >= 0 && ::fsetxattr(newFile, name, value.data(), static_cast<std::size_t>(got), 0) == 0;
 }
 
-/// Returns whether the new file has the old one's list of who has access, if it had one.
+/// Copies the extended attributes. Returns false if the old file has an access control list that could not be
+/// copied.
 bool CopyAttributes(int oldFile, int newFile)
 {
     bool sameAccess = true;
-    ::fremovexattr(newFile, accessList);  // the folder may have given it one
+    ::fremovexattr(newFile, accessList);  // inherited from the folder
     for (const std::string& name : AttributeNames(oldFile)) {
         const bool wanted = std::find(ofOldBytes.begin(), ofOldBytes.end(), name) == ofOldBytes.end();
         if (wanted && !CopyAttribute(oldFile, newFile, name.c_str()) && name == accessList) {
@@ -72,7 +73,7 @@ std::error_code TakeOverAttributes(int oldFile, int newFile)
     const bool sameGroup = CopyOwner(old, newFile);
     const bool sameAccess = CopyAttributes(oldFile, newFile);
     mode_t permissions = old.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO);
-    if (!sameGroup || !sameAccess) {  // then these are other people, who had the rights of all others at most
+    if (!sameGroup || !sameAccess) {  // the group may be different people, so it gets at most the rights of others
         const mode_t others = permissions & S_IRWXO;
         permissions &= static_cast<mode_t>(~S_IRWXG) | others << 3U;
     }

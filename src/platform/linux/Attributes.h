@@ -4,9 +4,9 @@
 
 namespace linealis::posix {
 
-/// Gives a new file, which nobody but its owner may open yet, the owner, the group, the permissions and the
-/// extended attributes of the old one, as far as the system allows it. Never gives anybody more rights than the old
-/// file did; set-user-ID and set-group-ID, and what vouches for the old bytes, do not go over.
+/// Copies the owner, group, permissions, and extended attributes of the old file to the new one, as far as the
+/// system allows. Until then, only the owner may open the new file. Never grants more rights than the old file had:
+/// the set-user-ID and set-group-ID bits, and attributes that vouch for the old content, are not copied.
 std::error_code TakeOverAttributes(int oldFile, int newFile);
 
 }  // namespace linealis::posix

@@ -10,8 +10,8 @@ namespace linealis {
 
 namespace {
 
-/// The moment that SOURCE_DATE_EPOCH tells, in seconds since 1970: whoever sets it wants the same file each time.
-/// What is no moment up to the year 9999 is not looked at.
+/// Returns the time in SOURCE_DATE_EPOCH, in seconds since 1970, which makes files reproducible. Ignores a value
+/// that is not a time from 1970 to the year 9999.
 std::optional<std::time_t> ToldMoment()
 {
     constexpr std::time_t endOf9999 = 253402300799;

@@ -8,17 +8,19 @@
 
 namespace linealis::posix {
 
+/// Returns errno as an error code.
 inline std::error_code LastError()
 {
     return {errno, std::generic_category()};
 }
 
-/// Owns a file descriptor, or none. Closing it leaves errno as it was.
+/// Owns a file descriptor or nothing. Closing it preserves errno.
 class Descriptor {
 public:
     Descriptor() = default;
 
-    /// A negative number is none.
+    /// Takes ownership of a descriptor. A negative number means none, so the result of ::open can be passed
+    /// directly.
     explicit Descriptor(int theNumber) : number(theNumber) {}
     Descriptor(Descriptor&& other) noexcept : number(std::exchange(other.number, -1)) {}
     Descriptor& operator=(Descriptor&& other) noexcept
@@ -39,6 +41,7 @@ public:
 
     bool IsOpen() const { return number >= 0; }
     int Number() const { return number; }
+    /// Gives up ownership and returns the descriptor.
     int Release() { return std::exchange(number, -1); }
 
 private:

@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::string_view prefix = ".linealis-";
 
-/// All names that stand, for the signal handler. A name that finds no room here is cleared by a later process.
+/// All names in use, for the signal handler. A name that finds no free slot here is removed by a later process.
 constexpr std::size_t mostAtATime = 64;
 std::array<std::atomic<const HiddenName*>, mostAtATime> standing{};
 
@@ -29,7 +29,7 @@ std::string NextName()
     return std::string(prefix) + std::to_string(::getpid()) + "-" + std::to_string(count++);
 }
 
-/// The process that has made the name; 0 if it is no hidden name.
+/// Returns the ID of the process that created the name, or 0 if it is not a hidden name.
 pid_t MakerOf(std::string_view name)
 {
     if (!name.starts_with(prefix)) {
@@ -47,8 +47,8 @@ bool IsGone(pid_t process)
     return ::kill(process, 0) != 0 && errno == ESRCH;
 }
 
-/// Whether it is a regular file of this user that nobody is writing. A process in another container may do so,
-/// whose number means nothing here: its lock tells.
+/// Whether this is a regular file of this user that nobody is writing. The writer may be a process in another
+/// container, whose ID means nothing here, so the lock decides.
 bool IsAbandoned(int folder, const char* name)
 {
     const Descriptor file(::openat(folder, name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
@@ -57,7 +57,7 @@ bool IsAbandoned(int folder, const char* name)
            status.st_uid == ::geteuid() && ::flock(file.Number(), LOCK_EX | LOCK_NB) == 0;
 }
 
-/// Whether the folder is not the one of the last call.
+/// Whether the folder differs from the folder of the last call.
 bool IsAnother(int folder)
 {
     static std::atomic<ino_t> last = 0;
@@ -127,7 +127,7 @@ void HiddenName::ClearLeftovers(int folder)
     if (!entries) {
         return;
     }
-    listed.Release();  // closed with the entries
+    listed.Release();  // closedir closes it
     while (const dirent* const entry = ::readdir(entries.get())) {
         const pid_t maker = MakerOf(entry->d_name);
         if (maker > 0 && IsGone(maker) && IsAbandoned(folder, entry->d_name)) {

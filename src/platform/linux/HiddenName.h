@@ -6,12 +6,12 @@
 
 namespace linealis::posix {
 
-/// A name in a folder, ".linealis-PID-N", of a file that is not in its place yet. Whatever still has the name at
-/// the end is removed, by the destructor or by RemoveAll.
+/// Owns the name ".linealis-PID-N" of a file that is not in its final place yet. The destructor, or RemoveAll,
+/// removes the file that still has the name.
 class HiddenName {
 public:
-    /// `make` gives a file the name that it is handed, or returns false with errno set. Nothing if it cannot, errno
-    /// then tells why. The folder's descriptor must outlive the name.
+    /// Finds a free name and calls `make` with it. `make` gives the name to a file, or returns false with errno
+    /// set. Returns null on failure, with errno set. The descriptor of the folder must outlive the object.
     static std::unique_ptr<HiddenName> Take(int folder, const std::function<bool(const char*)>& make);
 
     HiddenName(const HiddenName&) = delete;
@@ -20,12 +20,11 @@ public:
 
     const char* Text() const { return text.c_str(); }
 
-    /// Of all threads. May be called in a signal handler.
+    /// Removes the hidden files of all threads. Safe to call in a signal handler.
     static void RemoveAll();
 
-    /// Removes the names that processes have left in the folder which were killed: regular files of this user,
-    /// whose process is gone and which nobody holds locked. Looks once at a folder that is asked for again and
-    /// again.
+    /// Removes the hidden files that killed processes left in the folder: regular files of this user whose process
+    /// no longer exists and that nobody holds locked. Skips a folder that was also the folder of the last call.
     static void ClearLeftovers(int folder);
 
 private:

@@ -63,7 +63,7 @@ std::error_code ErrorOfReading(std::FILE* file)
 
 std::FILE* OpenMemory(std::string_view bytes, std::error_code& error)
 {
-    // What is opened for reading is not written to.
+    // The mode "r" guarantees that nothing is written, so the const_cast is safe.
     std::FILE* const handle = ::fmemopen(const_cast<char*>(bytes.data()), bytes.size(), "r");
     if (handle == nullptr) {
         error = LastError();

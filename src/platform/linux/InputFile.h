@@ -7,17 +7,18 @@
 
 namespace linealis::posix {
 
-/// Opens a regular file. Anything else that could be read, a device or a pipe, is refused before it is. Nothing on
-/// failure, and `error` tells why.
+/// Opens a regular file. Refuses anything else, such as a device or a pipe, before reading from it. Returns null on
+/// failure and sets `error`.
 std::FILE* OpenForReading(const std::filesystem::path& path, std::error_code& error);
 
-/// Opens the standard input, which may be anything. Nothing on failure, as above.
+/// Opens the standard input, which need not be a regular file. Returns null on failure and sets `error`.
 std::FILE* OpenStandardInput(std::error_code& error);
 
-/// Why the last read of the file failed; nothing if it did not. To be asked before anything else can fail.
+/// Returns why the last read of the file failed, or no error. Call it right after the read, before anything else
+/// can change errno.
 std::error_code ErrorOfReading(std::FILE* file);
 
-/// Opens bytes as if they were a file's. They must outlive it. Nothing on failure, as above.
+/// Opens bytes as if they were a file. `bytes` must outlive the handle. Returns null on failure and sets `error`.
 std::FILE* OpenMemory(std::string_view bytes, std::error_code& error);
 
 }  // namespace linealis::posix

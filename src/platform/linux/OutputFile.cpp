@@ -20,9 +20,9 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr mode_t ownerOnly = 0600;
-constexpr mode_t newFile = 0666;  // less the umask
+constexpr mode_t newFile = 0666;  // minus the umask
 
-/// No signal ends the process while one of these lives.
+/// Blocks all signals of this thread as long as the object exists.
 class SignalsHeld {
 public:
     SignalsHeld()
@@ -52,7 +52,8 @@ std::string DescriptorPath(const Descriptor& file)
     return "/proc/self/fd/" + std::to_string(file.Number());
 }
 
-/// The descriptor of this process that a chain of links, such as /dev/stdout, ends at.
+/// Follows a chain of links, such as /dev/stdout, and returns the descriptor of this process that it ends at, if
+/// any.
 std::optional<int> DescriptorAtEndOf(fs::path path)
 {
     const fs::path own = "/proc/" + std::to_string(::getpid()) + "/fd";
@@ -80,8 +81,8 @@ bool AreSameFile(const struct stat& one, const struct stat& other)
     return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
 
-/// The descriptor that the path, such as /dev/stdout, names as one that this process has open. The system must
-/// follow the path there too: in a shared folder it follows no link that another user has made.
+/// Returns the descriptor of this process that the path, such as /dev/stdout, refers to. The system must be able to
+/// follow the path too: in a shared folder, it does not follow links that another user created.
 std::optional<int> OwnDescriptor(const fs::path& path)
 {
     const std::optional<int> number = DescriptorAtEndOf(path);
@@ -96,12 +97,12 @@ std::optional<int> OwnDescriptor(const fs::path& path)
     return isOwn ? number : std::nullopt;
 }
 
-/// Opens without waiting. Not open if that fails, errno then tells why.
+/// Opens a file without blocking. Not open on failure, with errno set.
 Descriptor OpenAtOnce(const fs::path& path, int flags)
 {
     Descriptor file(::open(path.c_str(), flags | O_NONBLOCK));
     if (file.IsOpen()) {
-        ::fcntl(file.Number(), F_SETFL, 0);  // only opening shall not wait
+        ::fcntl(file.Number(), F_SETFL, 0);  // writes may block
     }
     return file;
 }
@@ -117,7 +118,8 @@ bool FollowsLinks(OutputFile::Target target)
     return target == OutputFile::Target::Any || target == OutputFile::Target::AnyAwaited;
 }
 
-/// A file in the folder that has no name. Not open where there is no such thing.
+/// Creates a file without a name in the folder. Not open if the file system does not support that, or if the file
+/// could not be given a name later through /proc.
 Descriptor OpenUnnamed(const Descriptor& folder, mode_t permissions)
 {
     Descriptor file(::openat(folder.Number(), ".", O_TMPFILE | O_RDWR | O_CLOEXEC, permissions));
@@ -125,7 +127,7 @@ Descriptor OpenUnnamed(const Descriptor& folder, mode_t permissions)
     return canGetAName ? std::move(file) : Descriptor();
 }
 
-/// Whether it is the folder that refuses, not the file in it. The file may be a mount of its own.
+/// Whether the folder, not the file in it, caused the error. Includes the case where the file is a mount point.
 bool IsRefusalOfFolder(const std::error_code& error)
 {
     return error == std::errc::permission_denied || error == std::errc::operation_not_permitted ||
@@ -177,13 +179,13 @@ std::error_code OutputFile::ExpectNothing(const fs::path& path)
     return errno == ENOENT ? std::error_code() : LastError();
 }
 
-/// No failure if there is nothing.
+/// Opens the existing file in `old`. A missing file is not an error.
 std::error_code OutputFile::OpenOld(const fs::path& path, Target target)
 {
     constexpr int flags = O_WRONLY | O_NOCTTY | O_CLOEXEC;
     if (target == Target::Regular) {
         old = OpenAtOnce(path, flags | O_NOFOLLOW);
-        if (old.IsOpen() ? !IsRegular(old) : errno == ENXIO) {  // a pipe that nobody reads, or a socket
+        if (old.IsOpen() ? !IsRegular(old) : errno == ENXIO) {  // a pipe without a reader, or a socket
             return FileFault::NotRegular;
         }
         if (!old.IsOpen() && errno == ELOOP) {
@@ -191,7 +193,7 @@ std::error_code OutputFile::OpenOld(const fs::path& path, Target target)
         }
     } else {
         old = OpenAtOnce(path, flags);
-        if (!old.IsOpen() && errno == ENXIO && target == Target::AnyAwaited) {  // a pipe that nobody reads yet
+        if (!old.IsOpen() && errno == ENXIO && target == Target::AnyAwaited) {  // a pipe without a reader yet
             old = Descriptor(::open(path.c_str(), flags));
         }
     }
@@ -210,7 +212,7 @@ std::unique_ptr<OutputFile> OutputFile::Direct(Descriptor descriptor, std::error
     return error ? nullptr : std::move(file);
 }
 
-/// Hands the descriptor to the buffer. An invalid one stands for the failure that errno tells.
+/// Hands the descriptor to the buffer. A descriptor that is not open stands for the failure in errno.
 std::error_code OutputFile::Buffer(Descriptor file)
 {
     if (file.IsOpen()) {
@@ -223,8 +225,8 @@ std::error_code OutputFile::Buffer(Descriptor file)
     return {};
 }
 
-/// The path itself, or for a link that leads to no file the path of what it leads to. Whether a file may come there
-/// is the system's decision: one is made and removed.
+/// Returns the path itself or, for a dangling link, the path that the link leads to. To let the system decide
+/// whether a file may be created there, creates one and removes it.
 fs::path OutputFile::PlaceOfNew(const fs::path& path, std::error_code& error)
 {
     std::error_code ignored;
@@ -245,7 +247,7 @@ fs::path OutputFile::PlaceOfNew(const fs::path& path, std::error_code& error)
     return end;
 }
 
-/// Opens what the bytes are written to until they are whole.
+/// Opens the file that receives the bytes until they are complete.
 std::error_code OutputFile::Prepare(const fs::path& path, Target target)
 {
     std::error_code error;
@@ -257,7 +259,7 @@ std::error_code OutputFile::Prepare(const fs::path& path, Target target)
     }
     place = std::make_unique<Place>(real);
     if (old.IsOpen() && !place->Has(old)) {
-        place.reset();  // what is open has no path
+        place.reset();  // the open file has no path
     } else if (!place->folder.IsOpen()) {
         return LastError();
     }
@@ -311,7 +313,7 @@ std::error_code OutputFile::Commit()
         if (const std::error_code error = TakeOverAttributes(old.Number(), content.Number())) {
             return error;
         }
-        // Only a file that replaces an older one has something to lose when the machine itself goes down.
+        // Only a replaced file is at risk if the machine crashes, so a new file is not synced.
         if (::fsync(content.Number()) != 0) {
             return LastError();
         }
@@ -320,7 +322,8 @@ std::error_code OutputFile::Commit()
     return old.IsOpen() && IsRefusalOfFolder(error) ? Overwrite() : error;
 }
 
-/// In a folder that only its files' owners may change, or where the old file is a mount, this is refused.
+/// Moves the content to its final name. Fails in a folder where only the owner of a file may rename it (the sticky
+/// bit), and where the old file is a mount point.
 std::error_code OutputFile::TakePlace()
 {
     const int folder = place->folder.Number();
@@ -340,8 +343,8 @@ std::error_code OutputFile::TakePlace()
     return result == 0 ? std::error_code() : LastError();
 }
 
-/// Copies the content over the old file. Takes the room that it needs first, so that a full disk costs no byte of
-/// the old file.
+/// Copies the content over the old file. Allocates the space first, so that a full disk does not damage the old
+/// file.
 std::error_code OutputFile::Overwrite()
 {
     struct stat before {

@@ -12,24 +12,24 @@
 
 namespace linealis::posix {
 
-/// A file open for writing. One that takes a place among files is seen there only when Commit() has put it there.
+/// A file open for writing. A file that replaces another, or is new, appears under its name only after Commit().
 class OutputFile {
 public:
     enum class Target {
-        Any,         ///< what is there is replaced; a link is followed, what is no regular file is written directly
-        AnyAwaited,  ///< the same, but for a pipe, whose reader is waited for
-        Regular,     ///< a regular file is replaced; a link, pipe or device that is there is refused
-        New          ///< nothing may be there; only this user may open what comes there
+        Any,  ///< replaces an existing file; follows links; writes directly to anything that is not a regular file
+        AnyAwaited,  ///< like Any, but waits for the reader of a pipe
+        Regular,     ///< replaces a regular file; refuses an existing link, pipe, or device
+        New          ///< the name must be free; only this user may open the new file
     };
 
-    /// Nothing on failure, and `error` tells why.
+    /// Returns null on failure and sets `error`.
     static std::unique_ptr<OutputFile> Open(const std::filesystem::path& path, Target target,
                                             std::error_code& error);
     static std::unique_ptr<OutputFile> OnStandardOutput(std::error_code& error);
 
     std::error_code Write(std::string_view bytes);
 
-    /// The last call, after which nothing is written.
+    /// Finishes the file: flushes the buffer and moves the content into place. No write may follow.
     std::error_code Commit();
 
 private:
@@ -37,7 +37,7 @@ private:
         void operator()(std::FILE* handle) const { std::fclose(handle); }
     };
 
-    /// A folder, held open against its being moved, and a name in it.
+    /// A folder and a name in it. The open descriptor keeps working if the folder is moved.
     struct Place {
         explicit Place(const std::filesystem::path& path);
         bool Has(const Descriptor& file) const;
@@ -56,10 +56,10 @@ private:
     std::error_code TakePlace();
     std::error_code Overwrite();
 
-    std::unique_ptr<Place> place;        ///< where the content goes; nothing if it overwrites the old file
-    Descriptor old;                      ///< what is to be replaced; not open if nothing is
-    Descriptor content;                  ///< what is to be put in its place; not open if written directly
-    std::unique_ptr<HiddenName> hidden;  ///< the content's name; none as long as it has no name
+    std::unique_ptr<Place> place;        ///< where the content goes; null: it overwrites the old file
+    Descriptor old;                      ///< the file to replace; not open: there is none
+    Descriptor content;                  ///< the new file; not open: written directly
+    std::unique_ptr<HiddenName> hidden;  ///< the name of the content; null as long as it has none
     std::unique_ptr<std::FILE, CloseBuffer> buffer;
     bool mustBeNew = false;
 };

@@ -11,7 +11,7 @@ namespace linealis {
 
 namespace {
 
-/// A link is no folder, wherever it leads.
+/// Whether this is a folder that only this user can access. A link does not count, wherever it leads.
 bool IsPrivateFolder(const std::filesystem::path& path)
 {
     constexpr mode_t others = 077;

@@ -18,14 +18,15 @@ namespace {
 
 constexpr std::array endingSignals = {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGPIPE, SIGXCPU};
 
-/// Runs with the signal's own handling already back in force, which the raised signal gets when this returns.
+/// Removes unfinished files, then raises the signal again. SA_RESETHAND has already restored the default action,
+/// which takes effect when this handler returns.
 extern "C" void RemoveNamesAndEnd(int signal)
 {
     posix::HiddenName::RemoveAll();
     ::raise(signal);
 }
 
-/// A signal that whoever started the program has told it to ignore stays ignored.
+/// Installs the handler for a signal, unless the parent process set the signal to be ignored.
 void EndCleanlyOn(int signal)
 {
     struct sigaction before {};
@@ -87,7 +88,7 @@ std::filesystem::path OwnProgram(const char* calledAs)
     if (fs::path own = fs::read_symlink("/proc/self/exe", error); !error) {
         return own;
     }
-    // The system does not tell: the shell has found it by a path, or in a folder of PATH.
+    // Without /proc, search as the shell does: by the path in argv[0], or in the folders of PATH.
     const char* const path = std::getenv("PATH");
     std::istringstream folders(path == nullptr || fs::path(calledAs).has_parent_path() ? "" : path);
     for (std::string folder; std::getline(folders, folder, ':');) {
@@ -109,7 +110,7 @@ std::error_code StartProgram(std::string program, std::string argument)
     std::array<char*, 3> arguments = {program.data(), argument.data(), nullptr};
     posix_spawnattr_t attributes;
     ::posix_spawnattr_init(&attributes);
-    sigset_t asEver;  // the other program shall not inherit what this one ignores
+    sigset_t asEver;  // the other program must not inherit the ignored signal
     ::sigemptyset(&asEver);
     ::sigaddset(&asEver, SIGXFSZ);
     ::posix_spawnattr_setsigdefault(&attributes, &asEver);

@@ -17,7 +17,8 @@ extern "C" void WriteToPipe(int /*signal*/)
 {
     const int error = errno;
     const char byte = 1;
-    [[maybe_unused]] const ssize_t written = ::write(ends[1], &byte, 1);  // a full pipe says it all
+    [[maybe_unused]] const ssize_t written =
+        ::write(ends[1], &byte, 1);  // if the pipe is full, the reader wakes up anyway
     errno = error;
 }
 
