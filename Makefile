@@ -1,4 +1,4 @@
-# Shortcuts. What they do is in scripts/, CMakePresets.json and CMakeLists.txt.
+# Shortcuts for the scripts in scripts/, CMakePresets.json and CMakeLists.txt.
 
 JOBS := $(shell nproc)
 NINJA_FLAGS ?=
@@ -6,7 +6,7 @@ BENCH_FLAGS ?=
 
 .PHONY: run test check-all bench fuzz faults load coverage mutants package dist pictures format clean setup programs release
 
-# Opens the program; without a screen, writes a sample page of every paper kind instead.
+# Opens the program. Without a display, writes a sample page of every paper kind instead.
 run: programs
 	@scripts/run build/release/bin
 
@@ -25,7 +25,7 @@ release: setup
 	@cmake --preset release > /dev/null
 	@cmake --build --preset release -- $(NINJA_FLAGS)
 
-# Prints the table of figures, and writes it to build/bench.md.
+# Runs the benchmarks, prints the table of results and writes it to build/bench.md.
 bench:
 	@scripts/setup
 	@scripts/setup bench
@@ -33,42 +33,42 @@ bench:
 	@cmake --build --preset bench -- $(NINJA_FLAGS)
 	@xvfb-run -a build/bench/bin/linealis_bench --table=build/bench.md $(BENCH_FLAGS)
 
-# Looks for input that breaks something, MINUTES for each part of the program that reads any.
+# Runs each fuzzer for MINUTES minutes.
 MINUTES ?= 1
 fuzz:
 	@scripts/setup
 	@scripts/setup fuzz
 	@scripts/fuzz $(MINUTES)
 
-# Kills the programs, takes their disk and memory away, and looks at what they leave behind.
+# Injects signals, disk failures and memory failures into the programs, and checks the files that they leave behind.
 faults: release
 	@scripts/setup faults
 	@cmake --build --preset release --target linealis_faults -- --quiet
 
-# Ten thousand pages in one process and in one window, a hundred files handed over while a page is made.
+# Makes ten thousand pages in one process and in one window, and hands over a hundred files while a page is being made.
 load: release
 	@LINEALIS_LOAD_PAGES=10000 LINEALIS_LOAD_HAND_OVERS=100 ctest --preset release -R 'ManyPages|hand_overs_while' --timeout 3600
 
-# How much of the program the tests run.
+# Measures how much of the program the tests cover.
 coverage:
 	@scripts/setup
 	@scripts/setup coverage
 	@scripts/coverage
 
-# Plants faults in the program, one at a time, and tells which the tests do not catch. Takes an hour.
+# Injects faults into the program, one at a time, and reports which ones the tests do not catch. Takes an hour.
 mutants: setup
 	@scripts/mutants
 
-# Makes the Debian packages, in build/packages.
+# Makes the Debian packages in build/packages.
 package: release
 	@scripts/setup packages
 	@scripts/package build/release build/packages
 
-# Writes the source archive, build/linealis-VERSION.tar.gz, from the last commit.
+# Writes the source archive of the last commit, build/linealis-VERSION.tar.gz.
 dist:
 	@scripts/dist build
 
-# The pictures of README, manual and gallery, from the program's own pages, and of its windows.
+# Makes the pictures of README, manual and gallery, the icons, and screenshots of all windows.
 pictures: release
 	@scripts/setup pictures
 	@scripts/readme-pictures build/release/bin/linealis-cli docs/images

@@ -1,4 +1,4 @@
-# The package Linealis, with the target Linealis::linealis.
+# CMake package Linealis. Defines the target Linealis::linealis.
 
 include(CMakeFindDependencyMacro)
 find_dependency(ZLIB)

@@ -1,5 +1,5 @@
-# Before a package is made of them, manual pages and histories are compressed, and all files get the time of the release,
-# so that two builds make the same package.
+# CPack runs this script on the staged files of each package. It compresses manual pages and changelogs, and sets the time of
+# all files to SOURCE_DATE_EPOCH, so that two builds make the same package.
 
 set(root "${CPACK_TEMPORARY_INSTALL_DIRECTORY}")
 file(GLOB_RECURSE texts "${root}/*")
