@@ -3,6 +3,7 @@
 #include "cli/CalibrationCommand.h"
 #include "cli/Commands.h"
 #include "cli/Errors.h"
+#include "exchange/PageFormats.h"
 #include "platform/Version.h"
 
 #include <algorithm>
@@ -182,12 +183,12 @@ bool CommandLine::IsWanted(std::string_view names) const
 
 template <typename Value>
 CLI::Option* CommandLine::AddOption(CLI::App& command, const char* names, const char* argument, Value& value,
-                                    const char* help)
+                                    const std::string& help)
 {
     return IsWanted(names) ? command.add_option(names, value, help)->type_name(argument) : nullptr;
 }
 
-void CommandLine::AddFlag(CLI::App& command, const char* name, bool& value, const char* help)
+void CommandLine::AddFlag(CLI::App& command, const char* name, bool& value, const std::string& help)
 {
     if (IsWanted(name)) {
         command.add_flag(name, value, help);
@@ -289,17 +290,19 @@ int CommandLine::RunDiff()
 
 void CommandLine::AddGenerateOptions(CLI::App& command)
 {
+    const std::string pixels = FormatTitles(&PageFormat::hasPixels);
     AddBeginningOptions(command);
     AddSources(command, anyNumber);
     AddOption(command, "-o,--output", "FILE", request.output,
-              "The file: .pdf, .svg or .png; without an ending a PDF file; - is standard output");
+              "The file: " + FormatNames(".") + "; without an ending a PDF file; - is standard output");
     AddOption(command, "--output-dir", "DIR", request.outputDirectory, "Folder for a file named after each source");
-    AddOption(command, "--format", "FORMAT", request.format, "pdf, svg or png, whatever the file's ending");
-    if (CLI::Option* const dpi =
-            AddOption(command, "--dpi", "NUMBER", request.how.dotsPerInch, "Pixels per inch of a PNG file [300]")) {
+    AddOption(command, "--format", "FORMAT", request.format, FormatNames() + ", whatever the file's ending");
+    if (CLI::Option* const dpi = AddOption(command, "--dpi", "NUMBER", request.how.dotsPerInch,
+                                           "Pixels per inch of a " + pixels + " file [300]")) {
         dpi->check(CLI::Range(1.0, mostDotsPerInch).description(""))->check(IsNumber());
     }
-    AddFlag(command, "--transparent", request.how.isTransparent, "Make the background of a PNG file transparent");
+    AddFlag(command, "--transparent", request.how.isTransparent,
+            "Make the background of a " + pixels + " file transparent");
     AddOption(command, "--table", "FILE", request.table,
               "Make one page per row of a CSV file whose header names the controls; the column 'file' names the "
               "pages");
@@ -397,10 +400,9 @@ int CommandLine::RunHelp()
 void CommandLine::AddBeginningOptions(CLI::App& command)
 {
     AddOption(command, "--preset", "PRESET", begin.preset, "Start from a preset, which sets the kind of paper");
-    AddOption(
-        command, "--form", "FILE", begin.form,
-        "Apply a form on top: JSON as printed by form, all or part of it, or an SVG or PNG page; - is standard "
-        "input");
+    AddOption(command, "--form", "FILE", begin.form,
+              "Apply a form on top: JSON as printed by form, all or part of it, or a page as " +
+                  FormatTitles(&PageFormat::carriesForm) + "; - is standard input");
 }
 
 void CommandLine::AddActions(CLI::App& command)
@@ -411,7 +413,7 @@ void CommandLine::AddActions(CLI::App& command)
 /// Of a command that takes so many sources at the most, or of one that takes any number.
 CLI::Option* CommandLine::AddSources(CLI::App& command, int count)
 {
-    const std::string help = (count == 1 ? "Source: " : "Sources, each ") + std::string(sourceHelp);
+    const std::string help = (count == 1 ? "Source: " : "Sources, each ") + SourceWords();
     CLI::Option* const option =
         command.add_option(count == 1 ? "source" : "sources", begin.names, help)->type_name("SOURCE");
     return count == anyNumber ? option : option->expected(count)->allow_extra_args(false);

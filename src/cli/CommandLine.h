@@ -49,10 +49,10 @@ private:
     /// Null if the option is not wanted.
     template <typename Value>
     CLI::Option* AddOption(CLI::App& command, const char* names, const char* argument, Value& value,
-                           const char* help);
+                           const std::string& help);
     template <typename Number>
     void AddNumber(CLI::App& command, const char* names, Number& value, Number most, const char* help);
-    void AddFlag(CLI::App& command, const char* name, bool& value, const char* help);
+    void AddFlag(CLI::App& command, const char* name, bool& value, const std::string& help);
 
     void AddKindsOptions(CLI::App& command);
     void AddPresetsOptions(CLI::App& command);

@@ -5,6 +5,7 @@
 #include "cli/FileNames.h"
 #include "cli/PageJobs.h"
 #include "cli/PageList.h"
+#include "exchange/PageFormats.h"
 #include "text/LetterCase.h"
 
 #include <algorithm>
@@ -79,16 +80,17 @@ void CheckSources(const GenerateRequest& request)
 /// What is given and does nothing.
 void WarnOfIdleOptions(const GenerateRequest& request)
 {
-    const auto warnIf = [](bool isIdle, const char* option, const char* where) {
+    const auto warnIf = [](bool isIdle, const char* option, const std::string& where) {
         if (isIdle) {
             Complain(std::string("warning: ") + option + " has no effect " + where);
         }
     };
+    const std::string noPicture = "on a page that is not a " + FormatTitles(&PageFormat::hasPixels) + " file";
     const bool isPicture = !request.check && FormatOf(request).hasPixels;
     warnIf(request.asJson && !request.check, "--json", "without --check");
     warnIf(request.isStrict && !request.check, "--strict", "without --check");
-    warnIf(request.how.dotsPerInch && !isPicture, "--dpi", "on a page that is not a PNG file");
-    warnIf(request.how.isTransparent && !isPicture, "--transparent", "on a page that is not a PNG file");
+    warnIf(request.how.dotsPerInch && !isPicture, "--dpi", noPicture);
+    warnIf(request.how.isTransparent && !isPicture, "--transparent", noPicture);
 }
 
 bool CheckPages(const GenerateRequest& request)

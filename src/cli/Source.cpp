@@ -141,7 +141,7 @@ std::vector<Source> SourcesOf(const SourceOptions& options)
         const PaperKind& kind = KindOf(*form);
         sources.push_back({std::string(kind.name), Source::Sort::Kind, &kind});
     } else if (options.names.empty()) {
-        throw UsageError{"source is required: " + std::string(sourceHelp) + ", --preset NAME or --form FILE"};
+        throw UsageError{"source is required: " + SourceWords() + ", --preset NAME or --form FILE"};
     }
     if (!options.preset) {
         std::transform(options.names.begin(), options.names.end(), std::back_inserter(sources), SourceNamed);
@@ -150,6 +150,12 @@ std::vector<Source> SourcesOf(const SourceOptions& options)
         source.form = form;
     }
     return sources;
+}
+
+std::string SourceWords()
+{
+    return "a kind of paper, a preset, a settings file, or an " + FormatTitles(&PageFormat::carriesForm, "JSON") +
+           " file that carries a form";
 }
 
 Source SourceNamed(const std::string& name)

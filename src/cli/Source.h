@@ -30,8 +30,7 @@ struct Source {
 };
 
 /// Describes what SourceNamed takes.
-inline constexpr const char* sourceHelp =
-    "a kind of paper, a preset, a settings file, or an SVG, PNG or JSON file that carries a form";
+std::string SourceWords();
 
 /// What a command was given to begin with.
 struct SourceOptions {

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 namespace linealis {
 
@@ -53,6 +54,16 @@ constexpr auto formats = std::to_array<PageFormat>({
      .write = WriteAsPng},
 });
 
+/// "a", "a or b", "a, b or c".
+std::string InASentence(const std::vector<std::string>& words)
+{
+    std::string sentence;
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        sentence += (i == 0 ? "" : i + 1 < words.size() ? ", " : " or ") + words[i];
+    }
+    return sentence;
+}
+
 }  // namespace
 
 std::span<const PageFormat> PageFormats()
@@ -65,6 +76,29 @@ const PageFormat* FindPageFormat(std::string_view name)
     const auto* const found = std::find_if(formats.begin(), formats.end(),
                                            [&](const PageFormat& format) { return IsSameText(format.name, name); });
     return found == formats.end() ? nullptr : found;
+}
+
+std::string FormatNames(std::string_view prefix)
+{
+    std::vector<std::string> names;
+    for (const PageFormat& format : formats) {
+        names.push_back(std::string(prefix) + std::string(format.name));
+    }
+    return InASentence(names);
+}
+
+std::string FormatTitles(bool PageFormat::*property, std::string_view another)
+{
+    std::vector<std::string> titles;
+    for (const PageFormat& format : formats) {
+        if (format.*property) {
+            titles.emplace_back(format.title);
+        }
+    }
+    if (!another.empty()) {
+        titles.emplace_back(another);
+    }
+    return InASentence(titles);
 }
 
 bool IsNameOfCarrier(std::string_view fileName)

@@ -35,6 +35,13 @@ std::span<const PageFormat> PageFormats();
 /// The format of that name, in any case; null if there is none.
 const PageFormat* FindPageFormat(std::string_view name);
 
+/// Returns the names of all formats for a sentence, each after `prefix`: ".pdf, .svg or .png".
+std::string FormatNames(std::string_view prefix = "");
+
+/// Returns the titles of the formats that have the property, for a sentence, and `another` behind them if it is not
+/// empty: "SVG, PNG or JSON".
+std::string FormatTitles(bool PageFormat::*property, std::string_view another = "");
+
 /// Whether the name of a file ends as those of a format do that carries its form.
 bool IsNameOfCarrier(std::string_view fileName);
 
