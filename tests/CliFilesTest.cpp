@@ -216,16 +216,16 @@ TEST_F(CliFiles, NothingIsReplacedThatWasNotNamed)
               isPipe ? "out/a.pdf: Is not a regular file" : "out/a.pdf: Is a link");
         EXPECT_EQ(ReadFile(folder / "log"), "") << planted;
     }
-    Fails(2, "$cli generate a.setx -o ./a.setx", "the page would replace a.setx, one of its inputs");
+    Fails(2, "$cli generate a.setx -o ./a.setx", "refusing to overwrite the input a.setx");
     Fails(2, "ln a.setx b.setx; $cli generate grid --load a.setx -o b.setx",
-          "the page would replace a.setx, one of its inputs");
+          "refusing to overwrite the input a.setx");
     Fails(2, "$cli save grid -o ''", "-o takes a file name, not an empty text");
     Fails(1, "$cli form pipe.setx", "pipe.setx: Is not a regular file");
     Fails(1, "$cli form $'\\e[2J\\n\\xC2\\x9B\\xFFé~.setx'",
           "\\x1B[2J\\x0A\\xC2\\x9B\\xFFé~.setx: No such file or directory");
     ASSERT_EQ(Shell("$cli form grid > f.setx").errors, "");
-    Fails(2, "$cli save --form f.setx -o f.setx", "the settings file would replace f.setx, one of its inputs");
-    Fails(2, "$cli thumbnail a.setx a.setx", "the picture would replace a.setx, one of its inputs");
+    Fails(2, "$cli save --form f.setx -o f.setx", "refusing to overwrite the input f.setx");
+    Fails(2, "$cli thumbnail a.setx a.setx", "refusing to overwrite the input a.setx");
     EXPECT_EQ(Shell("$cli save a.setx -o a.setx").errors, "");
     EXPECT_EQ(ReadFile(folder / "victim.pdf") + ReadFile(folder / "a.setx"), "precious" + settings);
 }

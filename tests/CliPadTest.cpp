@@ -119,8 +119,8 @@ TEST_F(CliPad, BadInputLeavesTheOldFile)
     fails(
         2, "$cli pad grid --back a4.setl -o pad.pdf",
         "the pages of a sheet must be of one size, but grid has 612 by 792 points and a4.setl 595 by 842 points\n");
-    fails(2, "$cli pad a4.setl -o a4.setl", "the page would replace a4.setl, one of its inputs\n");
-    fails(2, "$cli pad grid --back a4.setl -o a4.setl", "the page would replace a4.setl, one of its inputs\n");
+    fails(2, "$cli pad a4.setl -o a4.setl", "refusing to overwrite the input a4.setl\n");
+    fails(2, "$cli pad grid --back a4.setl -o a4.setl", "refusing to overwrite the input a4.setl\n");
     fails(1, "$cli pad grid -o /dev/full", "/dev/full: No space left on device\n");
     fails(1, "ulimit -f 1; trap '' XFSZ; $cli pad grid lined graph -o pad.pdf", "pad.pdf: File too large\n");
     fails(1, "alone/linealis-cli pad grid -o pad.pdf", "cannot run the program that makes pads, ");

@@ -144,7 +144,7 @@ TEST_F(CliShell, ATableMakesAPageForEachRow)
     Fails(1, "printf 'units\\ncm\\n\"cm\\n' > t.csv; " + generate,
           "t.csv, line 3: the quotation mark is not closed");
     Fails(2, "printf 'file\\nt.pdf\\n' > out/t.pdf; $cli generate grid --table out/t.pdf --output-dir out",
-          "the page would replace out/t.pdf, one of its inputs");
+          "refusing to overwrite the input out/t.pdf");
     Fails(2, "printf 'units\\nkm\\n' > t.csv; " + generate,
           "t.csv, row 1: unknown item of PopupUnits 'km'; possible: cm, inches, #0 to #1");
     Fails(2, "printf 'units\\ncm\\nkm\\n' > t.csv; " + generate,

@@ -546,7 +546,7 @@ TEST_F(Exchange, PicturesGiveTheirFormBack)
     }
     Run("$cli generate --form page.svg --output-dir . --format svg --set page-title=x && cp graph.svg page.svg; "
         "$cli generate --form graph.svg --output-dir . --format svg",
-        "the page would replace graph.svg, one of its inputs");
+        "refusing to overwrite the input graph.svg");
     for (const char* const text : {"<svg></svg>", "", "{", "<svg><form>{}</form></svg>",
                                    "<f:form xmlns:f=\"https://linealis.invalid/form\">{</f:form>"}) {
         WriteFile(folder / "x.svg", text);

@@ -169,7 +169,7 @@ void Save(const Source& source, const std::vector<Action>& actions, const std::s
     const OpenWindow open = Open(source, actions, platform);
     Say(platform);
     CheckIsSettings("-o", output, *open.kind);
-    CheckIsNoInput("the settings file", output, InputsOf({source}, actions, false));
+    CheckIsNoInput(output, InputsOf({source}, actions, false));
     if (const std::error_code error = open.window->SaveSettings(OutputFile(output))) {
         throw WorkError{output + ": " + error.message()};
     }

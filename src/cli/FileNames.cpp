@@ -37,12 +37,12 @@ void CheckIsSettings(std::string_view what, const std::string& fileName, const P
     }
 }
 
-void CheckIsNoInput(std::string_view what, const std::string& output, const std::vector<std::string>& inputs)
+void CheckIsNoInput(const std::string& output, const std::vector<std::string>& inputs)
 {
     for (const std::string& input : inputs) {
         std::error_code oneIsMissing;
         if (fs::equivalent(input, output, oneIsMissing)) {
-            throw UsageError{std::string(what) + " would replace " + input + ", one of its inputs"};
+            throw UsageError{"refusing to overwrite the input " + input};
         }
     }
 }

@@ -22,9 +22,8 @@ void CheckIsPdf(const std::string& output);
 /// the file was given as.
 void CheckIsSettings(std::string_view what, const std::string& fileName, const PaperKind& kind);
 
-/// Throws UsageError if the output would take the place of one of the files that it is made from. `what` is what
-/// the output is.
-void CheckIsNoInput(std::string_view what, const std::string& output, const std::vector<std::string>& inputs);
+/// Throws UsageError if the output would overwrite one of the inputs, also by another path.
+void CheckIsNoInput(const std::string& output, const std::vector<std::string>& inputs);
 
 /// The file that an option names; "-" is standard output. The reader of a pipe is waited for.
 FolderItem OutputFile(const std::string& name);

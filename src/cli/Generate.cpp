@@ -64,7 +64,7 @@ void CheckRequest(const GenerateRequest& request)
         throw UsageError{"-o " + request.output + " takes one page, but " + std::to_string(request.sources.size()) +
                          " are asked for; --output-dir DIR takes any number"};
     }
-    CheckIsNoInput("the page", request.output, InputsOf(request));  // before its ending is looked at
+    CheckIsNoInput(request.output, InputsOf(request));  // before its ending is looked at
     if (request.how.view && request.output == "-") {
         throw UsageError{"--view needs a file, not standard output"};
     }

@@ -156,8 +156,8 @@ std::string Join(const PadRequest& request)
     if (request.back) {
         backSources.push_back(SourceNamed(*request.back));
     }
-    CheckIsNoInput("the page", request.output, InputsOf(sources, request.actions));
-    CheckIsNoInput("the page", request.output, InputsOf(backSources, {}));
+    CheckIsNoInput(request.output, InputsOf(sources, request.actions));
+    CheckIsNoInput(request.output, InputsOf(backSources, {}));
     CheckIsPdf(request.output);
     for (const Source& source : sources) {
         fronts.push_back(TakePage(source, request.actions, nullptr, pad));

@@ -89,7 +89,7 @@ void PageList::CheckAllDiffer()
     const bool areNumbered = table && !table->NamesPages();
     std::set<std::string> taken;
     while (const std::optional<PageJob> job = Next()) {
-        CheckIsNoInput("the page", job->output, inputs);
+        CheckIsNoInput(job->output, inputs);
         if (!areNumbered && !taken.insert(job->output).second) {
             throw UsageError{"two pages would be written to " + job->output};
         }

@@ -184,7 +184,7 @@ bool CheckPage(const PageJob& job, bool asJson, Json& found)
 
 void MakeThumbnail(const Source& source, const std::string& output, int size)
 {
-    CheckIsNoInput("the picture", output, InputsOf({source}, {}));
+    CheckIsNoInput(output, InputsOf({source}, {}));
     ScreenlessPlatform platform;
     const OpenWindow open = Open(source, {}, platform);
     PaperPage read = open.window->ReadPage();

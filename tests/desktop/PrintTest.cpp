@@ -224,7 +224,7 @@ TEST_F(Print, TheDialogsLeadToTheSheetOrToNothing)
     prints = true;
     EXPECT_NE(print(), "");
     EXPECT_EQ(folder.Names(), Names{"printed.pdf"});
-    EXPECT_EQ(shown, Names(2, "Lines that reach out of what the printer can print: 1, by up to 12.7 mm."));
+    EXPECT_EQ(shown, Names(2, "1 line extends beyond the printable area, by up to 12.7 mm."));
     Turns stopped([] { throw PageStopped{}; });
     EXPECT_THROW(desktop::PrintWithDialog(printer, page, stopped, {}, nullptr, run), PageStopped);
     EXPECT_EQ(folder.Names(), Names());

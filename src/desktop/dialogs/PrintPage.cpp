@@ -200,9 +200,10 @@ std::vector<QString> PrintWarnings(const QPrinter& printer, const DrawnPage& pag
     Overreach reach(RoomOf(layout), paper.height(), Turned(factors, layout.orientation()));
     ReadPage(page.content, reach);
     if (reach.lines > 0) {
-        warnings.push_back(QStringLiteral("Lines that reach out of what the printer can print: %1, by up to %2 mm.")
-                               .arg(reach.lines)
-                               .arg(InMm(reach.furthest)));
+        const QString lines = reach.lines == 1 ? QStringLiteral("1 line extends")
+                                               : QStringLiteral("%1 lines extend").arg(reach.lines);
+        warnings.push_back(lines +
+                           QStringLiteral(" beyond the printable area, by up to %1 mm.").arg(InMm(reach.furthest)));
     }
     return warnings;
 }
