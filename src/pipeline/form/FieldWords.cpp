@@ -91,7 +91,8 @@ std::string WholeName(const Form& form, const Control& control)
 const Control* GovernorOf(const Form& form, Role role)
 {
     const Control* governor = nullptr;
-    std::pair<std::size_t, bool> best;  // the length of the role that governs, and whether the control is a text field
+    std::pair<std::size_t, bool>
+        best;  // the length of the role that governs, and whether the control is a text field
     for (const Control* const control : form.Controls()) {
         for (const Role governed : control->Declared().governs) {
             const std::pair rank(governed.size(), control->Kind() == ControlKind::Text);
