@@ -213,10 +213,14 @@ void FormView::AddRow(FormRows& rows, const Form::Row& row)
         Control* const control = row[i];
         RowItem item{control, MakeWidget(*control), MakeCaption(*control)};
         if (control->Kind() == ControlKind::Text && !IsTextOfPage(control)) {
-            const bool isBeforeUnit = i + 1 < row.size() && row[i + 1]->Kind() == ControlKind::Label;
-            const bool hasUnit = !isBeforeUnit && !(HasTables(form) && control->InGroup() == Group::Text);
+            const auto& field = static_cast<const TextField&>(*control);
             const Group group = control->InGroup();
-            item.readout = MakeReadout({control}, hasUnit, group == Group::Spacing || group == Group::Lines);
+            const bool isBeforeUnit = i + 1 < row.size() && row[i + 1]->Kind() == ControlKind::Label;
+            const bool hasUnit = !isBeforeUnit && !(HasTables(form) && group == Group::Text);
+            const bool hasLength = (group == Group::Spacing || group == Group::Lines) && HoldsLength(field);
+            if (hasLength || (hasUnit && !UnitWord(form, field).empty())) {
+                item.readout = MakeReadout({control}, hasUnit, hasLength);
+            }
         }
         if (sharesLine && IsTextOfPage(control)) {
             static_cast<FieldEdit*>(item.widget)->ShowCharacters(fewCharacters);
@@ -228,7 +232,7 @@ void FormView::AddRow(FormRows& rows, const Form::Row& row)
 
 QLabel* FormView::MakeReadout(const Form::Row& fields, bool hasUnit, bool hasLength)
 {
-    auto* const label = new ElidedLabel(Qt::ElideRight);
+    QLabel* const label = hasLength ? new ElidedLabel(Qt::ElideRight) : new QLabel;
     label->setTextFormat(Qt::PlainText);
     label->setObjectName(QStringLiteral("Readout") + ToQt(fields.front()->Name()));
     readouts.push_back({fields, label, hasUnit, hasLength});
@@ -245,9 +249,7 @@ void FormView::Align()
         box->Fields().setColumnMinimumWidth(0, group == Group::File ? 0 : width);
     }
     for (const ShownReadout& readout : readouts) {
-        const Control& field = *readout.fields.front();
-        if (readout.hasLength && field.Kind() == ControlKind::Text &&
-            HoldsLength(static_cast<const TextField&>(field))) {
+        if (readout.hasLength && readout.fields.size() == 1) {
             const QString widest = QStringLiteral("= 188.88 mm");
             readout.label->setFixedWidth(
                 fontMetrics().horizontalAdvance(readout.hasUnit ? QStringLiteral("in ") + widest : widest));
