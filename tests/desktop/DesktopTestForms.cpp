@@ -297,6 +297,7 @@ TEST_F(DesktopForm, LengthsTakeUnitsAndNumbersStep)
     Click(field);
     field.selectAll();
     Write(window, "1/2");
+    EXPECT_EQ(Shown(window, "StatusLine"), "") << "what it said is past";
     GenerateAs(window, folder / "page.pdf");  // without leaving the field
     EXPECT_EQ(Shown(window, "EditVertSpacing"), "0.5");
     EXPECT_EQ(Child(window, "LinesColorCanvas").accessibleDescription(), QStringLiteral("#000000 (black)"));

@@ -107,6 +107,9 @@ void PaperView::Connect()
     changeDelay.setSingleShot(true);  // what changes at once is one change
     connect(form, &FormView::Changed, &changeDelay, qOverload<>(&QTimer::start));
     connect(form, &FormView::Changed, this, [this] {
+        if (!status->text().isEmpty()) {
+            Say({});  // what it says is no longer the latest
+        }
         if (!livePage->isVisible()) {  // which will tell of the new page
             pageWarnings.clear();
         }
