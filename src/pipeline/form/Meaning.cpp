@@ -138,7 +138,7 @@ constexpr std::string_view axisValueHint = "Value on the axis";
 constexpr std::string_view axisStepHint = "Distance from one grid line to the next, in axis values";
 
 // In the order of Meaning, which FactsOf relies on.
-constexpr auto facts = std::to_array<MeaningFacts>({
+constexpr auto allFacts = std::to_array<MeaningFacts>({
     {.meaning = Meaning::Number, .hint = "Number", .step = Step::LastPlace, .canBeNegative = true},
     {.meaning = Meaning::Prose, .hint = "Text to print"},
     {.meaning = Meaning::Length,
@@ -242,15 +242,15 @@ constexpr auto facts = std::to_array<MeaningFacts>({
 
 constexpr bool IsInOrder()
 {
-    for (std::size_t i = 0; i < facts.size(); ++i) {
-        if (static_cast<std::size_t>(facts[i].meaning) != i) {
+    for (std::size_t i = 0; i < allFacts.size(); ++i) {
+        if (static_cast<std::size_t>(allFacts[i].meaning) != i) {
             return false;
         }
     }
     return true;
 }
 static_assert(IsInOrder(), "a row is not at the index of its meaning");
-static_assert(facts.back().meaning == Meaning::HydraulicNumber, "a meaning has no row");
+static_assert(allFacts.back().meaning == Meaning::HydraulicNumber, "a meaning has no row");
 
 std::string EffectOf(Meaning meaning, double value)
 {
@@ -271,7 +271,7 @@ std::string RemarkOnMissingNumber(Meaning meaning, const std::string& text)
 
 const MeaningFacts& FactsOf(Meaning meaning)
 {
-    return facts[static_cast<std::size_t>(meaning)];
+    return allFacts[static_cast<std::size_t>(meaning)];
 }
 
 double UsedValue(Meaning meaning, double value)
