@@ -1,6 +1,7 @@
 #include "pipeline/form/Form.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace linealis {
 
@@ -35,7 +36,11 @@ std::vector<ControlState> Form::State() const
 {
     std::vector<ControlState> state;
     for (const Control* const control : controls) {
-        state.push_back(control->State());
+        // Assigned, not constructed as a copy: in libstdc++ 12, a copy of a variant that runs out of memory
+        // destroys what it has not made.
+        ControlState copy;
+        copy = control->State();
+        state.push_back(std::move(copy));
     }
     return state;
 }
