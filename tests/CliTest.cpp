@@ -310,10 +310,12 @@ TEST_F(Cli, BadInputEndsInOrder)
             WriteFile(folder / "page.pdf", "old");
             Names call = {"generate", "grid",         "--set",  "PopupPaperSize=Custom",
                           "-o",       In("page.pdf"), "--type", field + "=" + text};
-            if (field.starts_with("EditCustom")) {  // with spacings that make a page of few lines
+            const bool isGivenUp = field == "EditCustomWidth" && text == "1e308";  // one, since it takes seconds
+            if (field.starts_with("EditCustom") && !isGivenUp) {  // with spacings that make a page of few lines
                 call.insert(call.end(), {"--set", "EditVertSpacing=1e30", "--set", "EditHorzSpacing=1e30"});
             }
             const Finished done = Call(call);
+            EXPECT_EQ(done.status, isGivenUp ? 1 : 0);
             if (done.status == 0) {
                 EXPECT_EQ(done.output + WithoutWarnings(done.errors), "");
                 // No digit of a huge number is lost on the page, and qpdf reads integers of 64 bits only.
@@ -324,7 +326,6 @@ TEST_F(Cli, BadInputEndsInOrder)
                     EXPECT_TRUE(line.find("nan") == std::string::npos && line.find("inf") == std::string::npos);
                 }
             } else {
-                EXPECT_EQ(done.status, 1);
                 EXPECT_EQ(Lines(WithoutWarnings(done.errors), '\n').size(), 1U) << done.errors;
                 EXPECT_NE(done.errors.find("page.pdf: "), std::string::npos) << done.errors;
                 EXPECT_EQ(ReadFile(folder / "page.pdf"), "old");

@@ -158,23 +158,15 @@ std::string CommandsInRoff()
     return text;
 }
 
-/// A cell of a manual page's table. A long one gets several lines where the page is as narrow as a terminal.
-std::string Wrapped(const std::string& cell)
-{
-    constexpr std::size_t longest = 35;
-    return cell.size() <= longest ? cell : "T{\n" + cell + "\nT}";
-}
-
 std::string SettingsTables()
 {
     const ScreenlessPlatform platform;
     return WithoutLastLineEnd(ForEachKind([&](const PaperKind& kind) {
         std::string text = ".SH " + PaperName(kind) + ", ." + std::string(kind.settingsType.extension) +
-                           "\n.TS\nr l lx.\nNo.\tWhat it holds\tHow it is stored\n_\n";
+                           "\n.TS\nr l l.\nNo.\tWhat it holds\tHow it is stored\n_\n";
         const SettingsTable table = kind.makePaper(platform).settings;
         for (std::size_t i = 0; i < table.size(); ++i) {
-            text += std::to_string(i + 1) + "\t" + Roff(table[i].control) + "\t" +
-                    Wrapped(Roff(table[i].encoding)) + "\n";
+            text += std::to_string(i + 1) + "\t" + Roff(table[i].control) + "\t" + Roff(table[i].encoding) + "\n";
         }
         return text + ".TE\n";
     }));

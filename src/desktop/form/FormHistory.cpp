@@ -6,7 +6,6 @@
 #include "text/ShortText.h"
 
 #include <QUndoCommand>
-#include <algorithm>
 #include <utility>
 
 namespace linealis::desktop {
@@ -65,9 +64,7 @@ bool FormHistory::Commit(const QString& name)
 
 void FormHistory::CommitChangeOf(const Control& control)
 {
-    const std::vector<Control*>& controls = window.form.Controls();
-    const auto place = std::find(controls.begin(), controls.end(), &control) - controls.begin();
-    const std::string before = ValueIn(control, last.form.at(static_cast<std::size_t>(place)));
+    const std::string before = ValueIn(control, last.form.at(window.form.PlaceOf(control)));
     const std::string now = ValueOf(control);
     const auto words = [](const std::string& value) { return value.empty() ? "nothing" : Shortened(value); };
     Commit(before == now ? QStringLiteral("Change")

@@ -11,11 +11,6 @@ namespace {
 
 constexpr Qt::Alignment captionAlignment = Qt::AlignRight | Qt::AlignVCenter;
 
-bool IsProse(const RowItem& item)
-{
-    return item.control->Kind() == ControlKind::Text && item.control->Declared().meaning == Meaning::Prose;
-}
-
 /// Whether the control stands in the cell of the one before it.
 bool ContinuesCell(const Control& control)
 {
@@ -58,8 +53,9 @@ bool FormRows::TakesALine(const Cell& cell, const std::vector<Cell>& row)
     const RowItem& first = cell.front();
     const bool hasReadout = FactsOf(first.control->Declared().meaning).quantity != Quantity::None;
     const bool isWide = cell.size() > 2 || (cell.size() == 2 && hasReadout);
-    const bool isTitle = IsProse(first) && std::any_of(row.begin(), row.end(),
-                                                       [](const Cell& other) { return !IsProse(other.front()); });
+    const bool isTitle = IsProse(*first.control) && std::any_of(row.begin(), row.end(), [](const Cell& other) {
+                             return !IsProse(*other.front().control);
+                         });
     return isWide || (row.size() > 2 && (isTitle || first.control->Kind() == ControlKind::Popup));
 }
 

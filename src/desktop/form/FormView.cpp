@@ -77,11 +77,6 @@ std::size_t CellsPerLine(const Form& form, Group group)
     return HasTables(form) && group != Group::Page && group != Group::Margins ? many : few;
 }
 
-bool IsTextOfPage(const Control* control)
-{
-    return control->Kind() == ControlKind::Text && control->Declared().meaning == Meaning::Prose;
-}
-
 bool HoldsLength(const TextField& field)
 {
     const Quantity quantity = FactsOf(field.Declared().meaning).quantity;
@@ -207,12 +202,14 @@ void FormView::AddTableRow(FormRows& rows, const Form::Row& row)
 void FormView::AddRow(FormRows& rows, const Form::Row& row)
 {
     constexpr int fewCharacters = 18;
-    const bool sharesLine = !HasTables(form) && std::count_if(row.begin(), row.end(), IsTextOfPage) > 1;
+    const bool sharesLine = !HasTables(form) && std::count_if(row.begin(), row.end(), [](const Control* control) {
+                                                    return IsProse(*control);
+                                                }) > 1;
     std::vector<RowItem> items;
     for (std::size_t i = 0; i < row.size(); ++i) {
         Control* const control = row[i];
         RowItem item{control, MakeWidget(*control), MakeCaption(*control)};
-        if (control->Kind() == ControlKind::Text && !IsTextOfPage(control)) {
+        if (control->Kind() == ControlKind::Text && !IsProse(*control)) {
             const auto& field = static_cast<const TextField&>(*control);
             const Group group = control->InGroup();
             const bool isBeforeUnit = i + 1 < row.size() && row[i + 1]->Kind() == ControlKind::Label;
@@ -222,7 +219,7 @@ void FormView::AddRow(FormRows& rows, const Form::Row& row)
                 item.readout = MakeReadout({control}, hasUnit, hasLength);
             }
         }
-        if (sharesLine && IsTextOfPage(control)) {
+        if (sharesLine && IsProse(*control)) {
             static_cast<FieldEdit*>(item.widget)->ShowCharacters(fewCharacters);
         }
         items.push_back(item);
@@ -325,6 +322,7 @@ void FormView::ShowReadouts()
         }
         if (readout.label->text() != ToQt(text)) {
             readout.label->setText(ToQt(text));
+            readout.label->setToolTip(ToQt(text));  // an elided one shows less
         }
     }
 }

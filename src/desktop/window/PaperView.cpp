@@ -68,8 +68,11 @@ void PaperView::LightUp()
 const Control* PaperView::ControlAt(const QPointF& place) const
 {
     constexpr double reachInPixels = 4.0;
-    constexpr std::int64_t mostContent = 4'000'000;  // bytes, which take less than a tenth of a second
-    Turns turns([] {});
+    // What can be drawn and searched in about a tenth of a second: this runs between two events. It draws the page
+    // again, since the content that is shown belongs to the thread of its renderer.
+    constexpr std::int64_t mostContent = 4'000'000;  // bytes
+    constexpr std::int64_t mostSteps = 2'500'000;    // more than there are operators in so many bytes
+    Turns turns([] {}, mostSteps);
     const DrawnPage page = DrawBeginning(window.ReadPage(), turns, mostContent);
     const Role role =
         RoleAt(page.content, page.roles, {place.x(), place.y()}, reachInPixels / livePage->PixelsPerPoint(), turns);

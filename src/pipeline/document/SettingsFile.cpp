@@ -158,7 +158,7 @@ SettingsField text(TextField& field)
 SettingsField textUnlessEmpty(TextField& field)
 {
     SettingsField unlessEmpty = text(field);
-    unlessEmpty.encoding = "text; empty leaves the field unchanged";
+    unlessEmpty.encoding = "text; empty changes nothing";
     unlessEmpty.read = [&field](File& file) {
         if (std::string read = file.stream.ReadPString(); !read.empty()) {
             field.SetText(std::move(read));
@@ -202,7 +202,7 @@ SettingsField color(Swatch& swatch)
 
 SettingsField inverseColor(Swatch& swatch)
 {
-    return {swatch.Name(), "three texts: 255 minus red, green, blue",
+    return {swatch.Name(), "three texts: 255 minus each channel",
             [&swatch](File& file) { WriteColor(file.stream, swatch.Shown(), true); },
             [&swatch](File& file) { swatch.SetColor(ReadColor(file.stream, true)); }};
 }
@@ -217,7 +217,7 @@ SettingsField fileReference()
 SettingsField cellSize(const PaperForm& form, TextField& field)
 {
     SettingsField size = text(field);
-    size.encoding = "text; a size marker of 0, 1 or 2 replaces it";
+    size.encoding = "text, unless a size marker replaces it";
     size.read = [&form, &field](File& file) {
         std::string read = file.stream.ReadPString();
         const std::string_view fixedSize = SizeOfMarker(file.sizeMarker, form.InInches());

@@ -262,4 +262,10 @@ decltype(auto) Visit(Control& control, Visitor&& visitor)
     return visitor(static_cast<Label&>(control));
 }
 
+/// Whether the control is a text field whose text is printed, not a number.
+inline bool IsProse(const Control& control)
+{
+    return control.Kind() == ControlKind::Text && control.Declared().meaning == Meaning::Prose;
+}
+
 }  // namespace linealis

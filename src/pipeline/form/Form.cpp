@@ -47,8 +47,12 @@ std::vector<ControlState> Form::State() const
 
 bool Form::IsAsOpened(const Control& control) const
 {
-    const auto place = std::find(controls.begin(), controls.end(), &control) - controls.begin();
-    return opening.at(static_cast<std::size_t>(place)).content == control.State().content;
+    return opening.at(PlaceOf(control)).content == control.State().content;
+}
+
+std::size_t Form::PlaceOf(const Control& control) const
+{
+    return static_cast<std::size_t>(std::find(controls.begin(), controls.end(), &control) - controls.begin());
 }
 
 void Form::Restore(const std::vector<ControlState>& earlier)

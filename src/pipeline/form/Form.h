@@ -54,6 +54,9 @@ public:
     /// Returns the current unit of the lengths on the form; none by default.
     virtual LengthUnit UnitOfLengths() const { return LengthUnit::None; }
 
+    /// Returns the place of a control of this form in Controls() and in a state of the form.
+    std::size_t PlaceOf(const Control& control) const;
+
     /// Returns the state of all controls, in form order.
     std::vector<ControlState> State() const;
     /// Stores the current state as the opening state.

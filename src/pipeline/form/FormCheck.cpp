@@ -207,7 +207,7 @@ std::vector<PrintedField> PrintedFields(const PaperForm& form)
     std::vector<PrintedField> printed;
     for (const Control* const control : form.Controls()) {
         const Traits& traits = control->Declared();
-        if (control->Kind() == ControlKind::Text && traits.meaning == Meaning::Prose) {
+        if (IsProse(*control)) {
             printed.push_back({traits.governs.front(), std::string(control->Name()), traits.coversLines,
                                StandsAsOpened(form, static_cast<const TextField&>(*control))});
         }
