@@ -310,25 +310,18 @@ TEST_F(Cli, BadInputEndsInOrder)
             WriteFile(folder / "page.pdf", "old");
             Names call = {"generate", "grid",         "--set",  "PopupPaperSize=Custom",
                           "-o",       In("page.pdf"), "--type", field + "=" + text};
-            const bool isGivenUp = field == "EditCustomWidth" && text == "1e308";  // one, since it takes seconds
-            if (field.starts_with("EditCustom") && !isGivenUp) {  // with spacings that make a page of few lines
+            if (field.starts_with("EditCustom")) {  // with spacings that make a page of few lines
                 call.insert(call.end(), {"--set", "EditVertSpacing=1e30", "--set", "EditHorzSpacing=1e30"});
             }
             const Finished done = Call(call);
-            EXPECT_EQ(done.status, isGivenUp ? 1 : 0);
-            if (done.status == 0) {
-                EXPECT_EQ(done.output + WithoutWarnings(done.errors), "");
-                // No digit of a huge number is lost on the page, and qpdf reads integers of 64 bits only.
-                const std::string complaints = Complaints(folder / "page.pdf");
-                EXPECT_TRUE(complaints.empty() || complaints.starts_with("ERROR: overflow/underflow converting 1"))
-                    << complaints;
-                for (const std::string& line : PageOf(folder / "page.pdf")) {
-                    EXPECT_TRUE(line.find("nan") == std::string::npos && line.find("inf") == std::string::npos);
-                }
-            } else {
-                EXPECT_EQ(Lines(WithoutWarnings(done.errors), '\n').size(), 1U) << done.errors;
-                EXPECT_NE(done.errors.find("page.pdf: "), std::string::npos) << done.errors;
-                EXPECT_EQ(ReadFile(folder / "page.pdf"), "old");
+            ASSERT_EQ(done.status, 0) << done.errors;
+            EXPECT_EQ(done.output + WithoutWarnings(done.errors), "");
+            // No digit of a huge number is lost on the page, and qpdf reads integers of 64 bits only.
+            const std::string complaints = Complaints(folder / "page.pdf");
+            EXPECT_TRUE(complaints.empty() || complaints.starts_with("ERROR: overflow/underflow converting 1"))
+                << complaints;
+            for (const std::string& line : PageOf(folder / "page.pdf")) {
+                EXPECT_TRUE(line.find("nan") == std::string::npos && line.find("inf") == std::string::npos);
             }
             EXPECT_EQ(folder.Names(), Names{"page.pdf"});
         }

@@ -183,14 +183,14 @@ TEST_F(Window, APageOfNoEndIsGivenUpAndTheNextCountsAnew)
                                     turns.RuntimeBackgroundTask();
                                 } while (!ends);
                             }};
-    Turns turns([] {}, 1000);
+    Turns turns([] {}, 100);
     MyPDFGenerator pdf(turns);
     pdf.theFile = page;
     EXPECT_EQ(MakePage(endless, pdf, turns, {}, platform), PageEnd::Failed);
     ASSERT_TRUE(platform.fileErrors.size() == 1 && !page.Exists());
     EXPECT_NE(platform.fileErrors[0].reason.find("drawing steps"), std::string::npos);
     ends = true;
-    for (int i = 0; i < 2000; ++i) {
+    for (int i = 0; i < 200; ++i) {
         MakePage(endless, pdf, turns, {}, platform);
     }
     EXPECT_TRUE(platform.fileErrors.size() == 1 && page.Exists());

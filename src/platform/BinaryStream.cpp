@@ -1,11 +1,11 @@
 #include "platform/BinaryStream.h"
 
-#include "platform/linux/InputFile.h"
-#include "platform/linux/OutputFile.h"
+#include "platform/ByteSource.h"
+#include "platform/InputFile.h"
+#include "platform/OutputFile.h"
 
 #include <algorithm>
 #include <array>
-#include <limits>
 
 namespace linealis {
 
@@ -29,9 +29,9 @@ std::size_t CutLength(std::string_view text, std::size_t limit)
     return limit;  // not UTF-8, so there is no character boundary
 }
 
-posix::OutputFile::Target TargetOf(Links links)
+OutputFile::Target TargetOf(Links links)
 {
-    using Target = posix::OutputFile::Target;
+    using Target = OutputFile::Target;
     switch (links) {
     case Links::Follow:
         return Target::Any;
@@ -41,6 +41,11 @@ posix::OutputFile::Target TargetOf(Links links)
         break;
     }
     return Target::Regular;
+}
+
+std::unique_ptr<ByteSource> SourceIn(std::FILE* file)
+{
+    return file == nullptr ? nullptr : std::make_unique<FileSource>(file);
 }
 
 }  // namespace
@@ -53,42 +58,42 @@ BinaryStream::~BinaryStream() = default;
 BinaryStream BinaryStream::Reading(const std::filesystem::path& path)
 {
     BinaryStream stream;
-    stream.input.reset(posix::OpenForReading(path, stream.error));
+    stream.input = SourceIn(OpenForReading(path, stream.error));
     return stream;
 }
 
 BinaryStream BinaryStream::Replacing(const std::filesystem::path& path, Links links)
 {
     BinaryStream stream;
-    stream.output = posix::OutputFile::Open(path, TargetOf(links), stream.error);
+    stream.output = OutputFile::Open(path, TargetOf(links), stream.error);
     return stream;
 }
 
 BinaryStream BinaryStream::New(const std::filesystem::path& path)
 {
     BinaryStream stream;
-    stream.output = posix::OutputFile::Open(path, posix::OutputFile::Target::New, stream.error);
+    stream.output = OutputFile::Open(path, OutputFile::Target::New, stream.error);
     return stream;
 }
 
 BinaryStream BinaryStream::OnStandardOutput()
 {
     BinaryStream stream;
-    stream.output = posix::OutputFile::OnStandardOutput(stream.error);
+    stream.output = OutputFile::OnStandardOutput(stream.error);
     return stream;
 }
 
 BinaryStream BinaryStream::OnStandardInput()
 {
     BinaryStream stream;
-    stream.input.reset(posix::OpenStandardInput(stream.error));
+    stream.input = SourceIn(OpenStandardInput(stream.error));
     return stream;
 }
 
 BinaryStream BinaryStream::FromMemory(std::string_view bytes)
 {
     BinaryStream stream;
-    stream.input.reset(posix::OpenMemory(bytes, stream.error));
+    stream.input = std::make_unique<MemorySource>(bytes);
     return stream;
 }
 
@@ -148,14 +153,11 @@ std::string BinaryStream::Read(std::size_t count)
         return {};
     }
     if (count > longestField) {
-        const auto distance = static_cast<long>(std::min<std::size_t>(count, std::numeric_limits<long>::max()));
-        if (std::fseek(input.get(), distance, SEEK_CUR) != 0) {  // beyond the range of any file
-            std::fseek(input.get(), 0, SEEK_END);
-        }
+        input->Skip(count);
         return {};
     }
     std::string bytes(count, '\0');
-    bytes.resize(std::fread(bytes.data(), 1, count, input.get()));
+    bytes.resize(input->Read(bytes.data(), count));
     runShort = runShort || bytes.size() < count;
     NoteReadError();
     return bytes;
@@ -164,15 +166,15 @@ std::string BinaryStream::Read(std::size_t count)
 void BinaryStream::NoteReadError()
 {
     if (!error) {
-        error = posix::ErrorOfReading(input.get());
+        error = input->Error();
     }
 }
 
 std::string BinaryStream::ReadLast(std::size_t count)
 {
     const std::size_t wanted = std::min(count, longestField);
-    if (input && std::fseek(input.get(), -static_cast<long>(wanted), SEEK_END) != 0) {
-        std::rewind(input.get());
+    if (input) {
+        input->GoBackFromEnd(wanted);
     }
     return Read(wanted);
 }
@@ -192,9 +194,9 @@ bool BinaryStream::AtEnd()
     if (!input) {
         return true;
     }
-    const int next = std::getc(input.get());
+    const bool isAtEnd = input->AtEnd();
     NoteReadError();
-    return next == EOF || std::ungetc(next, input.get()) == EOF;
+    return isAtEnd;
 }
 
 std::string BinaryStream::ReadPString()

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -10,9 +9,8 @@
 
 namespace linealis {
 
-namespace posix {
+class ByteSource;
 class OutputFile;
-}
 
 /// How a write treats an existing link, pipe, or device. Follow fails on a pipe without a reader; FollowAndWait
 /// waits for the reader; Refuse accepts only a regular file.
@@ -113,15 +111,11 @@ public:
     std::error_code Close();
 
 private:
-    struct CloseFile {
-        void operator()(std::FILE* handle) const { std::fclose(handle); }
-    };
-
     /// Stores the error of the last read, if it failed and no earlier error is stored.
     void NoteReadError();
 
-    std::unique_ptr<std::FILE, CloseFile> input;
-    std::unique_ptr<posix::OutputFile> output;
+    std::unique_ptr<ByteSource> input;
+    std::unique_ptr<OutputFile> output;
     bool runShort = false;
     std::string* memory = nullptr;  ///< receives the written bytes instead of a file
     std::error_code error;

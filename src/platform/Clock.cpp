@@ -1,6 +1,8 @@
 #include "platform/Platform.h"
+#include "platform/TimeZone.h"
 
 #include <charconv>
+#include <chrono>
 #include <cstdlib>
 #include <ctime>
 #include <optional>
@@ -30,21 +32,20 @@ std::optional<std::time_t> ToldMoment()
 
 LocalTime Platform::Now() const
 {
-    std::tm local{};
-    if (const auto told = ToldMoment()) {
-        ::gmtime_r(&*told, &local);
-    } else {
-        const std::time_t seconds = std::time(nullptr);
-        ::localtime_r(&seconds, &local);
-    }
-    constexpr int firstYear = 1900;
-    return {local.tm_year + firstYear,
-            local.tm_mon + 1,
-            local.tm_mday,
-            local.tm_hour,
-            local.tm_min,
-            local.tm_sec,
-            static_cast<int>(local.tm_gmtoff)};
+    const std::optional<std::time_t> told = ToldMoment();
+    const std::time_t moment = told ? *told : std::time(nullptr);
+    const int secondsEast = told ? 0 : SecondsEastOfUtc(moment);
+    const std::chrono::sys_seconds shown{std::chrono::seconds(moment + secondsEast)};
+    const auto midnight = std::chrono::floor<std::chrono::days>(shown);
+    const std::chrono::year_month_day date(midnight);
+    const std::chrono::hh_mm_ss time(shown - midnight);
+    return {static_cast<int>(date.year()),
+            static_cast<int>(static_cast<unsigned>(date.month())),
+            static_cast<int>(static_cast<unsigned>(date.day())),
+            static_cast<int>(time.hours().count()),
+            static_cast<int>(time.minutes().count()),
+            static_cast<int>(time.seconds().count()),
+            secondsEast};
 }
 
 }  // namespace linealis

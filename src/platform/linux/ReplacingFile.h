@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/OutputFile.h"
 #include "platform/linux/Descriptor.h"
 #include "platform/linux/HiddenName.h"
 
@@ -12,25 +13,18 @@
 
 namespace linealis::posix {
 
-/// A file open for writing. A file that replaces another, or is new, appears under its name only after Commit().
-class OutputFile {
+/// Writes into a nameless or hidden file that takes the place of the old one, or directly where there is nothing to
+/// replace.
+class ReplacingFile final : public OutputFile {
 public:
-    enum class Target {
-        Any,  ///< replaces an existing file; follows links; writes directly to anything that is not a regular file
-        AnyAwaited,  ///< like Any, but waits for the reader of a pipe
-        Regular,     ///< replaces a regular file; refuses an existing link, pipe, or device
-        New          ///< the name must be free; only this user may open the new file
-    };
+    /// Takes ownership of the open descriptor. Returns null on failure and sets `error`.
+    static std::unique_ptr<OutputFile> Direct(Descriptor descriptor, std::error_code& error);
 
-    /// Returns null on failure and sets `error`.
-    static std::unique_ptr<OutputFile> Open(const std::filesystem::path& path, Target target,
-                                            std::error_code& error);
-    static std::unique_ptr<OutputFile> OnStandardOutput(std::error_code& error);
+    /// Opens the file or creates it. Returns null on failure and sets `error`.
+    static std::unique_ptr<OutputFile> At(const std::filesystem::path& path, Target target, std::error_code& error);
 
-    std::error_code Write(std::string_view bytes);
-
-    /// Finishes the file: flushes the buffer and moves the content into place. No write may follow.
-    std::error_code Commit();
+    std::error_code Write(std::string_view bytes) override;
+    std::error_code Commit() override;
 
 private:
     struct CloseBuffer {
@@ -46,7 +40,6 @@ private:
         std::string name;
     };
 
-    static std::unique_ptr<OutputFile> Direct(Descriptor descriptor, std::error_code& error);
     static std::filesystem::path PlaceOfNew(const std::filesystem::path& path, std::error_code& error);
     std::error_code ExpectNothing(const std::filesystem::path& path);
     std::error_code OpenOld(const std::filesystem::path& path, Target target);

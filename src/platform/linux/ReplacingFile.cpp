@@ -1,4 +1,4 @@
-#include "platform/linux/OutputFile.h"
+#include "platform/linux/ReplacingFile.h"
 
 #include "platform/FileFault.h"
 #include "platform/linux/Attributes.h"
@@ -136,12 +136,12 @@ bool IsRefusalOfFolder(const std::error_code& error)
 
 }  // namespace
 
-OutputFile::Place::Place(const fs::path& path)
+ReplacingFile::Place::Place(const fs::path& path)
     : folder(::open(path.has_parent_path() ? path.parent_path().c_str() : ".", O_PATH | O_DIRECTORY | O_CLOEXEC)),
       name(path.filename().string())
 {}
 
-bool OutputFile::Place::Has(const Descriptor& file) const
+bool ReplacingFile::Place::Has(const Descriptor& file) const
 {
     struct stat here {
     }, there{};
@@ -149,16 +149,9 @@ bool OutputFile::Place::Has(const Descriptor& file) const
            ::fstat(file.Number(), &there) == 0 && AreSameFile(here, there);
 }
 
-std::unique_ptr<OutputFile> OutputFile::Open(const fs::path& path, Target target, std::error_code& error)
+std::unique_ptr<OutputFile> ReplacingFile::At(const fs::path& path, Target target, std::error_code& error)
 {
-    error = WhyNoPath(path);
-    if (error) {
-        return nullptr;
-    }
-    if (const std::optional<int> own = FollowsLinks(target) ? OwnDescriptor(path) : std::nullopt) {
-        return Direct(Descriptor(::fcntl(*own, F_DUPFD_CLOEXEC, 0)), error);
-    }
-    std::unique_ptr<OutputFile> file(new OutputFile);
+    std::unique_ptr<ReplacingFile> file(new ReplacingFile);
     error = target == Target::New ? file->ExpectNothing(path) : file->OpenOld(path, target);
     if (!error && file->old.IsOpen() && !IsRegular(file->old)) {
         return Direct(std::move(file->old), error);
@@ -169,7 +162,7 @@ std::unique_ptr<OutputFile> OutputFile::Open(const fs::path& path, Target target
     return error ? nullptr : std::move(file);
 }
 
-std::error_code OutputFile::ExpectNothing(const fs::path& path)
+std::error_code ReplacingFile::ExpectNothing(const fs::path& path)
 {
     mustBeNew = true;
     struct stat status {};
@@ -180,7 +173,7 @@ std::error_code OutputFile::ExpectNothing(const fs::path& path)
 }
 
 /// Opens the existing file in `old`. A missing file is not an error.
-std::error_code OutputFile::OpenOld(const fs::path& path, Target target)
+std::error_code ReplacingFile::OpenOld(const fs::path& path, Target target)
 {
     constexpr int flags = O_WRONLY | O_NOCTTY | O_CLOEXEC;
     if (target == Target::Regular) {
@@ -200,20 +193,15 @@ std::error_code OutputFile::OpenOld(const fs::path& path, Target target)
     return old.IsOpen() || errno == ENOENT ? std::error_code() : LastError();
 }
 
-std::unique_ptr<OutputFile> OutputFile::OnStandardOutput(std::error_code& error)
+std::unique_ptr<OutputFile> ReplacingFile::Direct(Descriptor descriptor, std::error_code& error)
 {
-    return Direct(Descriptor(::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0)), error);
-}
-
-std::unique_ptr<OutputFile> OutputFile::Direct(Descriptor descriptor, std::error_code& error)
-{
-    std::unique_ptr<OutputFile> file(new OutputFile);
+    std::unique_ptr<ReplacingFile> file(new ReplacingFile);
     error = file->Buffer(std::move(descriptor));
     return error ? nullptr : std::move(file);
 }
 
 /// Hands the descriptor to the buffer. A descriptor that is not open stands for the failure in errno.
-std::error_code OutputFile::Buffer(Descriptor file)
+std::error_code ReplacingFile::Buffer(Descriptor file)
 {
     if (file.IsOpen()) {
         buffer.reset(::fdopen(file.Number(), "wb"));
@@ -227,7 +215,7 @@ std::error_code OutputFile::Buffer(Descriptor file)
 
 /// Returns the path itself or, for a dangling link, the path that the link leads to. To let the system decide
 /// whether a file may be created there, creates one and removes it.
-fs::path OutputFile::PlaceOfNew(const fs::path& path, std::error_code& error)
+fs::path ReplacingFile::PlaceOfNew(const fs::path& path, std::error_code& error)
 {
     std::error_code ignored;
     if (!fs::is_symlink(path, ignored)) {
@@ -248,7 +236,7 @@ fs::path OutputFile::PlaceOfNew(const fs::path& path, std::error_code& error)
 }
 
 /// Opens the file that receives the bytes until they are complete.
-std::error_code OutputFile::Prepare(const fs::path& path, Target target)
+std::error_code ReplacingFile::Prepare(const fs::path& path, Target target)
 {
     std::error_code error;
     const fs::path real = old.IsOpen()           ? fs::canonical(path, error)
@@ -270,7 +258,7 @@ std::error_code OutputFile::Prepare(const fs::path& path, Target target)
     return Buffer(Descriptor(::fcntl(content.Number(), F_DUPFD_CLOEXEC, 0)));
 }
 
-bool OutputFile::MakeContent(mode_t permissions)
+bool ReplacingFile::MakeContent(mode_t permissions)
 {
     if (place) {
         const int folder = place->folder.Number();
@@ -292,13 +280,13 @@ bool OutputFile::MakeContent(mode_t permissions)
     return content.IsOpen();
 }
 
-std::error_code OutputFile::Write(std::string_view bytes)
+std::error_code ReplacingFile::Write(std::string_view bytes)
 {
     const bool whole = std::fwrite(bytes.data(), 1, bytes.size(), buffer.get()) == bytes.size();
     return whole ? std::error_code() : LastError();
 }
 
-std::error_code OutputFile::Commit()
+std::error_code ReplacingFile::Commit()
 {
     if (std::fclose(buffer.release()) != 0) {
         return LastError();
@@ -324,7 +312,7 @@ std::error_code OutputFile::Commit()
 
 /// Moves the content to its final name. Fails in a folder where only the owner of a file may rename it (the sticky
 /// bit), and where the old file is a mount point.
-std::error_code OutputFile::TakePlace()
+std::error_code ReplacingFile::TakePlace()
 {
     const int folder = place->folder.Number();
     const SignalsHeld held;
@@ -345,7 +333,7 @@ std::error_code OutputFile::TakePlace()
 
 /// Copies the content over the old file. Allocates the space first, so that a full disk does not damage the old
 /// file.
-std::error_code OutputFile::Overwrite()
+std::error_code ReplacingFile::Overwrite()
 {
     struct stat before {
     }, after{};
@@ -369,3 +357,25 @@ std::error_code OutputFile::Overwrite()
 }
 
 }  // namespace linealis::posix
+
+namespace linealis {
+
+std::unique_ptr<OutputFile> OutputFile::Open(const std::filesystem::path& path, Target target,
+                                             std::error_code& error)
+{
+    error = posix::WhyNoPath(path);
+    if (error) {
+        return nullptr;
+    }
+    if (const std::optional<int> own = posix::FollowsLinks(target) ? posix::OwnDescriptor(path) : std::nullopt) {
+        return posix::ReplacingFile::Direct(posix::Descriptor(::fcntl(*own, F_DUPFD_CLOEXEC, 0)), error);
+    }
+    return posix::ReplacingFile::At(path, target, error);
+}
+
+std::unique_ptr<OutputFile> OutputFile::OnStandardOutput(std::error_code& error)
+{
+    return posix::ReplacingFile::Direct(posix::Descriptor(::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0)), error);
+}
+
+}  // namespace linealis

@@ -1,4 +1,4 @@
-#include "platform/linux/InputFile.h"
+#include "platform/InputFile.h"
 
 #include "platform/FileFault.h"
 #include "platform/linux/Descriptor.h"
@@ -8,9 +8,12 @@
 
 #include <utility>
 
-namespace linealis::posix {
+namespace linealis {
 
 namespace {
+
+using posix::Descriptor;
+using posix::LastError;
 
 std::error_code WhyNotRead(const Descriptor& file)
 {
@@ -56,19 +59,4 @@ std::FILE* OpenStandardInput(std::error_code& error)
     return Opened(Descriptor(::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0)), error);
 }
 
-std::error_code ErrorOfReading(std::FILE* file)
-{
-    return std::ferror(file) != 0 ? LastError() : std::error_code();
-}
-
-std::FILE* OpenMemory(std::string_view bytes, std::error_code& error)
-{
-    // The mode "r" guarantees that nothing is written, so the const_cast is safe.
-    std::FILE* const handle = ::fmemopen(const_cast<char*>(bytes.data()), bytes.size(), "r");
-    if (handle == nullptr) {
-        error = LastError();
-    }
-    return handle;
-}
-
-}  // namespace linealis::posix
+}  // namespace linealis
