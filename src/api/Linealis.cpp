@@ -9,6 +9,7 @@
 
 namespace linealis {
 
+/// The window refers to the platform, so it is declared last and destroyed first.
 struct Sheet::Parts {
     ScreenlessPlatform platform;
     std::unique_ptr<PaperWindow> window;
@@ -16,6 +17,7 @@ struct Sheet::Parts {
 
 namespace {
 
+/// Converts an input error to the exception of the public interface. Its message lists the possible inputs.
 std::invalid_argument Unknown(const UnknownInput& input)
 {
     std::string message = "unknown " + input.what + " '" + input.given + "'; possible: ";

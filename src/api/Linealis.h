@@ -7,47 +7,65 @@
 
 namespace linealis {
 
-/// A sheet of printable paper: a form, filled in by the names of its controls, and the page that comes of it. This
-/// is all that an installation offers to other programs, and it stays as it is within a major version.
+/// A sheet of printable paper: a form whose controls are set by name, and the page that the form describes. This
+/// class is the whole interface that an installation offers to other programs. It stays compatible within a major
+/// version.
 ///
-/// A control has a name, such as EditTopMargin, and an alias, such as top-margin; either will do. Lengths are in
-/// the unit that the control PopupUnits shows. Sheets share nothing: each may be used on a thread of its own.
+/// Every control has a name, such as EditTopMargin, and an alias, such as top-margin; all functions accept both.
+/// Lengths are in the unit that the control PopupUnits shows; line weights and text sizes are always in points
+/// (1/72 inch).
+///
+/// Sheets share no state, so different threads can use different sheets at the same time. A sheet that was moved
+/// from can only be destroyed or assigned to.
 class Sheet {
 public:
-    /// The kinds of paper, such as "grid".
+    /// Returns the names of the kinds of paper, such as "grid".
     static std::vector<std::string> Kinds();
-    /// The presets, such as "squares-5mm".
+    /// Returns the names of the presets, such as "squares-5mm".
     static std::vector<std::string> Presets();
 
-    /// The form of a kind as it opens, or a preset. Throws std::invalid_argument if there is none of that name.
+    /// Creates a sheet with the opening values of a kind, or with the values of a preset. Throws
+    /// std::invalid_argument if neither has that name; the message lists the kinds.
     explicit Sheet(std::string_view kindOrPreset);
     Sheet(Sheet&& other) noexcept;
     Sheet& operator=(Sheet&& other) noexcept;
     ~Sheet();
 
-    /// The names of its controls, in the order of the form.
+    /// Returns the names of the controls, in the order of the form. Labels are not included.
     std::vector<std::string> Controls() const;
 
-    /// What a control holds, as Set takes it. Throws std::invalid_argument if there is no such control.
+    /// Returns the value of a control in a form that Set accepts. Throws std::invalid_argument if there is no such
+    /// control.
     std::string Get(std::string_view control) const;
 
-    /// Sets a control as a person would: a text; the item of a list, in any case, or its #INDEX from 0; "on" or
-    /// "off"; a color as #RRGGBB. What follows from it, such as lengths in a new unit, follows. Throws
-    /// std::invalid_argument, with what is possible, if there is no such control or it has no such value.
+    /// Sets a control as a user would. Accepted values are:
+    /// - for a text field, any text; a length may have a unit, such as "5mm",
+    /// - for a list, the text of an item, in any case, or #INDEX, counted from 0,
+    /// - for a check box, "on" or "off",
+    /// - for a color, #RRGGBB, #RGB, or a name, such as "gray".
+    ///
+    /// Controls that depend on this one are updated: for example, a change of units converts the lengths. Throws
+    /// std::invalid_argument if there is no such control or if it does not accept the value; the message lists what
+    /// is possible. A text field accepts any text: Warnings() reports what the page cannot use.
     void Set(std::string_view control, std::string_view value);
 
-    /// What will disappoint on the page: a field whose text it cannot use, lines too thin to print, and more, a
-    /// line each that names the field. Looks at the page if it holds at most 8 MiB of drawing.
+    /// Returns the likely problems of the page, one line of text each: a field whose text the page cannot use,
+    /// lines that are too thin to print, numbers that overlap, and more. A page with more than 8 MiB of drawing is
+    /// not examined itself; only its form is. If the page cannot be made at all (see Page), one of the warnings
+    /// says why.
     std::vector<std::string> Warnings() const;
 
-    /// The form as the bytes of a settings file.
+    /// Returns the form as the content of a settings file.
     std::string Settings() const;
 
-    /// Fills in the form from the bytes of a settings file of its kind. What they lack reads as empty.
+    /// Fills in the form from the content of a settings file of the same kind. The missing fields of a short file
+    /// read as empty. Damaged content, or that of another kind, is not detected. The PDF file that the settings
+    /// name is ignored.
     void Load(std::string_view settings);
 
-    /// The page as the bytes of a PDF 1.4 file. Throws std::runtime_error if it would hold more than 1 GiB of
-    /// drawing.
+    /// Returns the page as the content of a PDF 1.4 file, dated with the current time, or with SOURCE_DATE_EPOCH if
+    /// that environment variable is set. Throws std::runtime_error if the page would have more than 1 GiB of
+    /// drawing or take too many drawing steps.
     std::string Page() const;
 
 private:

@@ -15,23 +15,26 @@ constexpr double pointsPerMm = pointsPerInch / 25.4;
 constexpr int sixteenths = 16;
 constexpr double pointsPerSixteenth = pointsPerInch / sixteenths;
 
+// The fonts, by the number in their name on the page.
 constexpr std::int64_t helvetica = 5;
 constexpr std::int64_t helveticaBold = 6;
 constexpr std::int64_t labelSize = 8;
 
-constexpr double scaleWidth = 0.5;  // of lines, in points
+constexpr double scaleWidth = 0.5;  // the line widths of the scales, in points
 constexpr double tickWidth = 0.25;
 
-// Points from the paper's left and upper edges to where the lines of the scales cross.
+// The place where the lines of the scales cross, in points from the left and upper edges of the paper.
 constexpr std::int64_t crossFromLeft = 140;
 constexpr std::int64_t crossFromTop = 280;
-/// The scales begin so far behind the crossing that neither's ticks are in the other's way.
+/// The distance from the crossing to both zeros, in points. It keeps the ticks of each scale clear of the other
+/// scale.
 constexpr std::int64_t crossToZero = 30;
 constexpr std::int64_t textFromTop = 90;
 constexpr std::int64_t lineOfText = 20;
 
-/// One of the two scales: where a length along it, and a distance beside it, lie on the page. The millimeters are
-/// on the side of positive distances: above the scale across, left of the scale down.
+/// One of the two scales. Maps a length along the scale and a distance beside it, both in points, to a point of the
+/// page. Positive distances are on the side of the millimeters: above the horizontal scale, to the left of the
+/// vertical one.
 struct Scale {
     Point zero;
     bool isDown;
@@ -47,10 +50,10 @@ void StrokeLine(MyPDFGenerator& pdf, Point from, Point to)
     pdf.StrokeLine(from.x, from.y, to.x, to.y);
 }
 
-/// A label whose middle is at that place of the scale.
+/// Draws a label that is centered on a place of the scale.
 void DrawLabel(MyPDFGenerator& pdf, const Scale& scale, double along, double beside, const std::string& text)
 {
-    constexpr double digitWidth = 0.556 * labelSize;  // of Helvetica
+    constexpr double digitWidth = 0.556 * labelSize;  // in Helvetica
     constexpr double digitHeight = 0.72 * labelSize;
     const Point middle = scale.At(along, beside);
     pdf.SetFont(helvetica, labelSize);
@@ -58,6 +61,7 @@ void DrawLabel(MyPDFGenerator& pdf, const Scale& scale, double along, double bes
     pdf.Show(text);
 }
 
+/// Draws a tick per millimeter, longer at 5 and 10 mm, and labels the centimeters.
 void DrawMillimeters(MyPDFGenerator& pdf, Turns& turns, const Scale& scale)
 {
     for (int k = 0; k <= calibrationMillimeters; ++k) {
@@ -71,6 +75,7 @@ void DrawMillimeters(MyPDFGenerator& pdf, Turns& turns, const Scale& scale)
     }
 }
 
+/// Draws a tick per sixteenth of an inch, longer at the larger fractions, and labels the inches.
 void DrawInches(MyPDFGenerator& pdf, Turns& turns, const Scale& scale)
 {
     for (int k = 0; k <= calibrationInches * sixteenths; ++k) {
@@ -87,6 +92,7 @@ void DrawInches(MyPDFGenerator& pdf, Turns& turns, const Scale& scale)
 void DrawScale(MyPDFGenerator& pdf, Turns& turns, const Scale& scale)
 {
     pdf.SetLineWidth(scaleWidth);
+    // The line starts before the zero, so that the two scales cross.
     StrokeLine(pdf, scale.At(-2.0 * crossToZero, 0.0), scale.At(calibrationInches * pointsPerInch, 0.0));
     pdf.SetLineWidth(tickWidth);
     DrawMillimeters(pdf, turns, scale);

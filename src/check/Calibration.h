@@ -9,33 +9,34 @@
 
 namespace linealis {
 
-/// The lengths that the sheet's scales have, from zero to their end.
+/// The lengths of the scales on the calibration sheet, from zero to the last tick.
 inline constexpr int calibrationMillimeters = 100;
 inline constexpr int calibrationInches = 4;
 
-/// A paper that there is a calibration sheet for.
+/// A paper size that has a calibration sheet.
 struct CalibrationPaper {
-    std::string_view name;   ///< on the command line
-    std::string_view title;  ///< on a screen
+    std::string_view name;   ///< for the command line
+    std::string_view title;  ///< for users
     std::int64_t width;      ///< points
     std::int64_t height;
 };
 
+/// Returns the paper sizes in the order in which lists show them.
 const std::vector<CalibrationPaper>& CalibrationPapers();
 
-/// The paper of that name; null if there is none.
+/// Returns the paper with that name, or null.
 const CalibrationPaper* FindCalibrationPaper(std::string_view name);
 
-/// The zeros of the sheet's two scales, in points of the page. From them a tick of k mm is k * 72 / 25.4 points
-/// away, one of k sixteenths of an inch k * 4.5 points.
+/// The zero points of both scales, in points of the page. The tick at k mm is k * 72 / 25.4 points from the zero,
+/// the tick at k sixteenths of an inch k * 4.5 points.
 struct CalibrationZeros {
-    Point across;  ///< that scale runs to the right
-    Point down;    ///< that scale runs downwards
+    Point across;  ///< of the horizontal scale, which runs to the right
+    Point down;    ///< of the vertical scale, which runs downward
 };
 CalibrationZeros ZerosOf(const CalibrationPaper& paper);
 
-/// The sheet that shows how true a printer's lengths are: two crossed scales, across and down, each in mm on one
-/// side and in sixteenths of an inch on the other, and what to do with them.
+/// Returns the sheet that measures how accurately a printer reproduces lengths: two crossed scales, across and
+/// down, each with millimeters on one side and sixteenths of an inch on the other, and instructions.
 PaperPage CalibrationPage(const CalibrationPaper& paper);
 
 }  // namespace linealis

@@ -25,6 +25,7 @@ PageWarnings MarkerWarnings(const PaperForm& form, const FolderItem& file)
     warnIf(has('\t'), "The marker file contains tabs; separate its fields with single spaces");
     warnIf(has(','),
            "The marker file contains commas, which count as decimal marks; separate its fields with single spaces");
+    // A NUL byte or a byte order mark indicates UTF-16.
     warnIf(has('\0') || text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF"),
            "The marker file is not UTF-8");
     return warnings;

@@ -11,18 +11,22 @@
 
 namespace linealis {
 
-/// A front end that checks in passing looks at this much content at most. Bytes.
+/// The size of the content, in bytes, up to which front ends check a page without being asked. A larger page would
+/// take noticeable time.
 inline constexpr std::size_t longestContentChecked = std::size_t{8} << 20U;
 
-/// What the page itself shows: nothing at all, lines off the paper, texts that overlap each other, the lines or the
-/// edge of the paper, numbers that repeat. Names the fields of texts; a title that stands where the form has put it
-/// is none to warn of. `content` is as Generate compresses it.
+/// Returns the problems that the content of a page shows: nothing visible, lines beyond the edge of the paper,
+/// texts that overlap each other, grid lines, or the edge, repeated numbers, numbers too large for many readers,
+/// and damage. A warning about a text names its field, if it comes from one. A title may cover grid lines if it
+/// does so when the form opens and has not been moved. `content` is uncompressed; `roles` are the roles of its
+/// parts.
 PageWarnings ContentWarnings(const PaperPage& page, std::string_view content, std::span<const RoleRange> roles);
 
-/// All that will disappoint on a page: what its form says and what it shows.
+/// Returns all problems of a page: those of its form and those of its content.
 PageWarnings WarningsOf(const DrawnPage& page);
 
-/// What is wrong with the lines of a marker file, or why it has no effect. Looks at its beginning.
+/// Returns what is wrong with the lines of a marker file, or why the file has no effect. Checks only the first
+/// BinaryStream::longestField bytes. Returns nothing if the form has no markers or `file` is empty.
 PageWarnings MarkerWarnings(const PaperForm& form, const FolderItem& file);
 
 }  // namespace linealis

@@ -12,11 +12,11 @@ namespace linealis {
 
 namespace {
 
-constexpr double tolerance = 0.5;                         // points that a line or text may reach over an edge
-constexpr std::size_t mostTexts = 2000;                   // that are looked at
-constexpr std::size_t mostLines = std::size_t{1} << 20U;  // that are looked for under titles
+constexpr double tolerance = 0.5;                         // points that a line or text may extend beyond an edge
+constexpr std::size_t mostTexts = 2000;                   // of a page, to limit the time; the rest is ignored
+constexpr std::size_t mostLines = std::size_t{1} << 20U;  // of a page that are compared with titles
 
-/// Points of the page.
+/// A rectangle on the page, in points.
 struct Box {
     double left, bottom, right, top;
 
@@ -31,6 +31,7 @@ struct Box {
     Box Grown(double by) const { return {left - by, bottom - by, right + by, top + by}; }
 };
 
+/// A text of the page and the area that it covers.
 struct PlacedText {
     std::string text;
     Role role;
@@ -44,14 +45,16 @@ struct StraightLine {
     Point to;
 };
 
-/// The mean width of a character as a share of the text size: exact for Courier, that of digits for the others.
+/// Returns the mean width of a character as a fraction of the text size: exact for Courier (fonts 0 to 4), the
+/// width of a digit for Helvetica (5 to 8) and the other fonts.
 double CharacterWidth(int font)
 {
     constexpr double ofCourier = 0.6, ofHelvetica = 0.556, ofTimes = 0.5;
     return font <= 4 ? ofCourier : font <= 8 ? ofHelvetica : ofTimes;
 }
 
-/// Whether a straight line runs through the box.
+/// Whether the line passes through the box. Clips the line to one pair of edges at a time, with positions on the
+/// line from 0 to 1 (Liang-Barsky).
 bool Crosses(const StraightLine& line, const Box& box)
 {
     double from = 0.0, to = 1.0;
@@ -68,7 +71,8 @@ bool Crosses(const StraightLine& line, const Box& box)
            clip(line.from.y, line.to.y - line.from.y, box.bottom, box.top);
 }
 
-/// Single characters are parts of a text on a circle. Numbers may be multiples of pi: "-3PI/2".
+/// Whether a text is a title and not a number. A number can be a multiple of pi, such as "-3PI/2". A single
+/// character counts as no title, because text along a circle is drawn character by character.
 bool IsTitle(std::string_view text)
 {
     const bool isMultipleOfPi = text.find("PI") != std::string_view::npos &&
@@ -76,7 +80,7 @@ bool IsTitle(std::string_view text)
     return text.size() > 1 && !isMultipleOfPi && !IsNumber(text);
 }
 
-/// Collects the texts and the straight lines, and looks at each line by itself.
+/// Collects the texts and the straight lines of a page, and checks the lines one by one.
 class TextAndLineReader final : public PageSink {
 public:
     explicit TextAndLineReader(const PageFrame& frame)
@@ -85,9 +89,10 @@ public:
 
     Box paper;
     std::vector<PlacedText> texts;
-    std::vector<StraightLine> lines;  ///< the first of them
-    bool isEmpty = true;              ///< whether nothing at all is to be seen
-    double largestNumber = 0.0;       ///< of a line, whatever its sign
+    std::vector<StraightLine> lines;  ///< at most mostLines
+    bool isEmpty = true;              ///< whether nothing is visible
+    double largestNumber = 0.0;       ///< the largest absolute value of a coordinate or width of a line
+    /// The strokes that extend beyond the edge of the paper.
     std::size_t linesOff = 0;
 
     void BeginRole(Role newRole) override { role = newRole; }
@@ -116,7 +121,7 @@ public:
         isEmpty = isEmpty && pen.cap == 0 && !HasLength(path);
         return true;
     }
-    /// The background is the one fill before anything is drawn, and no page is only filled.
+    /// Ignores fills: they are the background or the box behind a number, never the whole content of a page.
     bool Fill(PagePath /*path*/, const PageColor& /*color*/) override { return true; }
     bool FillAndStroke(PagePath /*path*/, const PageColor& /*color*/, const PagePen& /*pen*/) override
     {
@@ -133,7 +138,7 @@ public:
     }
 
 private:
-    /// A stroke without one is not painted, unless its ends are round or square.
+    /// Whether the path has a length. A stroke without one is painted only if its caps are round or square.
     static bool HasLength(PagePath path)
     {
         return std::any_of(path.begin(), path.end(), [&](const PathSegment& segment) {
@@ -142,11 +147,13 @@ private:
         });
     }
 
+    /// Applies the scale of the page.
     Point OnPaper(const Point& point) const { return {point.x * scaleX, point.y * scaleY}; }
 
+    /// Computes the area of a text from its size and its text matrix, as the bounding box of four corners.
     PlacedText Place(const PageText& text) const
     {
-        constexpr double ascent = 0.7, descent = 0.05;  // of digits and capitals, as a share of the size
+        constexpr double ascent = 0.7, descent = 0.05;  // of digits and capitals, as a fraction of the size
         const double width = static_cast<double>(text.bytes.size()) * CharacterWidth(text.font) * text.size;
         Box box{1e9, 1e9, -1e9, -1e9};
         for (const double x : {0.0, width}) {
@@ -169,7 +176,7 @@ std::string Quoted(const std::string& text)
     return "\u201C" + Shortened(text) + "\u201D";
 }
 
-/// The field that holds the text; null if none does.
+/// Returns the field of the form that the text comes from, or null.
 const PrintedField* FieldOf(const PlacedText& text, const PaperPage& page)
 {
     const auto found = std::find_if(page.printed.begin(), page.printed.end(),
@@ -177,12 +184,14 @@ const PrintedField* FieldOf(const PlacedText& text, const PaperPage& page)
     return found == page.printed.end() ? nullptr : &*found;
 }
 
+/// Returns the name of the field that the text comes from, or an empty name.
 std::string ControlOf(const PlacedText& text, const PaperPage& page)
 {
     const PrintedField* const field = FieldOf(text, page);
     return field == nullptr ? "" : field->control;
 }
 
+/// Checks that texts are on the paper. Adds at most one warning for titles and one for numbers.
 void CheckPlaces(const TextAndLineReader& page, const PaperPage& read, PageWarnings& warnings)
 {
     for (const bool wantsTitle : {true, false}) {
@@ -199,7 +208,7 @@ void CheckPlaces(const TextAndLineReader& page, const PaperPage& read, PageWarni
     }
 }
 
-/// Numbers that were written one after the other in a row or a column.
+/// Checks consecutive numbers in a row or column. Adds at most one warning for overlaps and one for repetitions.
 void CheckNumbers(const std::vector<PlacedText>& texts, PageWarnings& warnings)
 {
     const PlacedText* overlapping = nullptr;
@@ -207,6 +216,7 @@ void CheckNumbers(const std::vector<PlacedText>& texts, PageWarnings& warnings)
     for (std::size_t i = 1; i < texts.size(); ++i) {
         const PlacedText& before = texts[i - 1];
         const PlacedText& text = texts[i];
+        // Single characters are skipped: they can belong to a text along a circle.
         const bool areParts = before.text.size() == 1 && text.text.size() == 1;
         if (before.isTitle || text.isTitle || areParts || before.isUpright != text.isUpright) {
             continue;
@@ -246,13 +256,14 @@ void CheckLines(const TextAndLineReader& page, PageWarnings& warnings)
 
 void CheckSizeOfNumbers(const TextAndLineReader& page, PageWarnings& warnings)
 {
-    constexpr double mostOfReaders = 9.2e18;  // what 64 bits hold
+    constexpr double mostOfReaders = 9.2e18;  // about 2^63: many readers store numbers as 64-bit integers
     if (page.largestNumber >= mostOfReaders) {
         warnings.push_back(
             {"huge-number", "", "The page contains numbers of 9.2e18 and more, which many readers cannot read"});
     }
 }
 
+/// Checks that titles do not cover lines, except where the form places them when it opens.
 void CheckTitles(const TextAndLineReader& page, const PaperPage& read, PageWarnings& warnings)
 {
     for (const PlacedText& text : page.texts) {

@@ -7,10 +7,11 @@
 
 namespace linealis {
 
-/// The page in words, for who cannot see it: "Grid, A4 portrait, 37 by 53 cells of 5 mm".
+/// Describes the page in words, for users who cannot see it: "Grid, A4 portrait, 37 by 53 cells of 5 mm".
 std::string PageSummary(const PaperKind& kind, const PaperPage& page);
 
-/// The same without the kind, for what stands behind a name: "A4, 37 by 53 cells of 5 mm".
+/// Like PageSummary, without the kind and the orientation, for a text that follows a name: "A4, 37 by 53 cells of 5
+/// mm".
 std::string ShortPageSummary(const PaperPage& page);
 
 }  // namespace linealis

@@ -23,7 +23,7 @@ namespace linealis {
 
 namespace {
 
-// The lower case of two pictures' names is wanted: installed programs look for these files.
+// Two of the picture names are in lowercase because installed programs look for exactly these files.
 // clang-format off
 constexpr auto kinds = std::to_array<PaperKind>({
     {.name = "graph", .title = "Linealis", .galleryTitle = "Graph Paper", .picture = "Graph.png",
@@ -76,7 +76,7 @@ constexpr auto kinds = std::to_array<PaperKind>({
 });
 // clang-format on
 
-/// Whether no two kinds have the same value of a field.
+/// Whether a field has a different value in every kind.
 template <typename Field>
 constexpr bool AllDiffer(Field field)
 {
@@ -97,6 +97,7 @@ static_assert(AllDiffer([](const PaperKind& kind) { return kind.settingsType.ext
 static_assert(AllDiffer([](const PaperKind& kind) { return kind.menuPosition; }),
               "two kinds in one place of the Graph menu");
 
+/// Returns the first kind that matches, or null.
 template <typename Predicate>
 const PaperKind* FindKind(Predicate matches)
 {

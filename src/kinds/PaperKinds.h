@@ -10,37 +10,39 @@
 
 namespace linealis {
 
-/// A paper kind: one row of the one table of them. Every list of kinds is made of it.
+/// One row of the table of paper kinds. All lists of kinds, such as the gallery, the Graph menu, and the command
+/// line, come from this table.
 struct PaperKind {
-    std::string_view name;   ///< on the command line
-    std::string_view title;  ///< of its window
+    std::string_view name;   ///< its unique name, for the command line
+    std::string_view title;  ///< the title of its window
     std::string_view galleryTitle;
-    std::string_view picture;   ///< file name of its picture in the gallery
-    std::string_view window;    ///< name of its window, for its stored size, for accessibility and automation
-    std::string_view menuItem;  ///< name of its entry in the Graph menu
+    std::string_view picture;   ///< the file name of its picture in the gallery
+    std::string_view window;    ///< the name of its window: keys the stored size; for accessibility and automation
+    std::string_view menuItem;  ///< the name of its entry in the Graph menu
     std::string_view menuText;
-    int menuPosition;  ///< in the Graph menu, from 1
+    int menuPosition;  ///< the place in the Graph menu, from 1
     FileType settingsType;
-    Paper (*makePaper)(const Platform& platform);  ///< a paper in its opening state
-    bool hasMarkers = false;                       ///< can write the lines of a marker file on its page
-    bool keepsLastSettings = false;  ///< its form is saved when its window ends, and comes back from the gallery
-    bool hasFixedSize = false;       ///< its window cannot be resized
-    bool isCommon = false;           ///< stands in the menu of the program's icon
+    Paper (*makePaper)(const Platform& platform);  ///< creates a paper in its opening state
+    bool hasMarkers = false;                       ///< can print the lines of a marker file on its page
+    bool keepsLastSettings = false;  ///< its form is saved when the window closes, and restored by the gallery
+    bool hasFixedSize = false;       ///< the window cannot be resized
+    bool isCommon = false;           ///< appears in the menu of the program's icon
 };
 
-/// A window of the kind, in its opening state.
+/// Creates a window of the kind in its opening state. `platform` must outlive the window.
 std::unique_ptr<PaperWindow> MakeWindow(const PaperKind& kind, Platform& platform);
 
-/// All kinds, in the order of the gallery.
+/// Returns all kinds in the order of the gallery.
 std::span<const PaperKind> PaperKinds();
 
-/// The kind of that name, or none.
+/// Returns the kind with that name, or null.
 const PaperKind* FindPaperKind(std::string_view name);
 
-/// The kind whose settings files have the extension, in any case and without a dot, or none.
+/// Returns the kind whose settings files have the extension, given in any case and without a dot, or null.
 const PaperKind* FindPaperKindByExtension(std::string_view extension);
 
-/// The kind whose settings files end as this file's name does, in any case, or none.
+/// Returns the kind whose settings files have the extension of this file, in any case, or null. Does not open the
+/// file.
 const PaperKind* FindPaperKindOf(const std::filesystem::path& file);
 
 }  // namespace linealis

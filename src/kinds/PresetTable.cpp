@@ -7,10 +7,12 @@ namespace linealis {
 
 namespace {
 
+// The functions below return settings that several presets share. Lengths are texts, as a user would type them, in
+// the unit that OnA4 or OnLetter sets.
 using Settings = std::vector<Setting>;
 using Text = std::string_view;
 
-/// The parts one behind the other.
+/// Returns the settings of all parts, in order.
 Settings Join(std::initializer_list<Settings> parts)
 {
     Settings whole;
@@ -20,7 +22,7 @@ Settings Join(std::initializer_list<Settings> parts)
     return whole;
 }
 
-/// What is set first: the paper and the unit. The numbers behind it are in that unit.
+/// Sets the paper and the unit before the rest, whose numbers are in that unit.
 Settings OnA4(const Settings& rest)
 {
     return Join({{{"PopupPaperSize", "A4"}, {"PopupUnits", "cm"}}, rest});
@@ -36,9 +38,9 @@ Settings OnLetter(const Settings& rest)
     return Join({{{"PopupPaperSize", "Letter"}, {"PopupUnits", "inches"}}, rest});
 }
 
-constexpr Text softBlue = "#6F8FAF";   // lines to write and draw between
-constexpr Text softGreen = "#5F9F7F";  // of engineering pads
-constexpr Text darkBlue = "#4F6F8F";   // lines to read values at
+constexpr Text softBlue = "#6F8FAF";   // for lines to write and draw between
+constexpr Text softGreen = "#5F9F7F";  // for engineering pads
+constexpr Text darkBlue = "#4F6F8F";   // for lines to read values from
 
 Settings Margins(Text top, Text bottom, Text left, Text right)
 {
@@ -46,7 +48,7 @@ Settings Margins(Text top, Text bottom, Text left, Text right)
         {"EditTopMargin", top}, {"EditBottomMargin", bottom}, {"EditLeftMargin", left}, {"EditRightMargin", right}};
 }
 
-/// As little margin as most printers can do with.
+/// Returns four equal margins. The presets use the narrowest ones that most printers can print.
 Settings NarrowMargins(Text all)
 {
     return Margins(all, all, all, all);
@@ -69,7 +71,7 @@ Settings Squares(Text size, Text weight)
     return Join({Cells(size), GridLines(weight)});
 }
 
-/// A stitch is wider than it is high.
+/// Knitting stitches, which are wider than high.
 Settings Stitches(Text height, Text width)
 {
     return Join({{{"EditVertSpacing", height}, {"EditHorzSpacing", width}}, GridLines(".3")});
@@ -82,7 +84,7 @@ Settings Dots()
 
 // Lined and note paper.
 
-/// The blank lines make the head of the page.
+/// Ruled paper. `blankLines` lines are left out to form the head of the page.
 Settings Ruled(Text linesPerUnit, Text blankLines)
 {
     return {{"EditHorzSpacing", linesPerUnit},
@@ -92,7 +94,7 @@ Settings Ruled(Text linesPerUnit, Text blankLines)
             {"LineColorCanvas", softBlue}};
 }
 
-/// For people with low vision: few heavy black lines.
+/// Ruled paper for people with low vision: few, heavy black lines.
 Settings BoldRuled(Text linesPerUnit)
 {
     return {{"EditHorzSpacing", linesPerUnit},
@@ -101,7 +103,7 @@ Settings BoldRuled(Text linesPerUnit)
             {"CheckBoxDrawVertical", "off"}};
 }
 
-/// Note paper whose boxes are left for the hand that writes.
+/// Note paper whose header boxes are empty, to be filled in by hand.
 Settings Notes(Text linesPerUnit)
 {
     return {{"EditHorzSpacing", linesPerUnit},
@@ -136,7 +138,7 @@ Settings Triangle(Text divisions, Text minorDivisions)
             {"LineColorCanvas", darkBlue}};
 }
 
-// Graph paper. None of it has titles.
+// Graph paper, always without titles.
 
 const Settings& Untitled()
 {
@@ -144,7 +146,7 @@ const Settings& Untitled()
     return untitled;
 }
 
-/// Squares whose lines are heavier every `major` lines, counted from the lower left corner.
+/// Squares with a heavier line every `major` lines, counted from the lower left corner.
 Settings HeavySquares(Text linesPerUnit, Text major)
 {
     return Join({{{"EditXLineSpacing", linesPerUnit},
@@ -163,7 +165,7 @@ Settings HeavySquares(Text linesPerUnit, Text major)
                  Untitled()});
 }
 
-/// What all papers to plot on share: thin blue lines, small numbers.
+/// The settings that all plotting papers share: thin blue lines and small numbers.
 Settings Plot(const Settings& x, const Settings& y, Text numberSize = "7")
 {
     return Join({{{"EditXLineThickness", ".15"},
@@ -181,7 +183,7 @@ Settings Plot(const Settings& x, const Settings& y, Text numberSize = "7")
                  Untitled()});
 }
 
-/// Every centimeter is 1, numbered from 0.
+/// A linear axis with 1 per centimeter, numbered from 0.
 Settings LinearX()
 {
     return {{"EditXLineSpacing", "5"},  {"EditXMajor", "5"},     {"EditXAxisMinimum", "0"},
@@ -194,7 +196,8 @@ Settings LinearY(Text maximum)
             {"EditYAxisMaximum", maximum}, {"EditYAxisStep", ".2"}, {"EditYAxisSpacing", "5"}};
 }
 
-/// The spacing cuts the grid to whole lines also where none of them is drawn, so it is fine.
+/// An axis of another type. The grid is cut to a whole number of line spacings even though no line is drawn at
+/// them, so a fine spacing of 1 mm wastes little room.
 Settings TypeX(Text type)
 {
     return {{"EditXLineSpacing", "10"}, {"PopupXAxis", type}};
@@ -216,7 +219,7 @@ Settings HydraulicX()
                   {"EditXAxisSpacing", "2"}}});
 }
 
-/// Below 20 the lines would run into each other.
+/// Starts at 20, because the lines below would run into each other.
 Settings HydraulicY()
 {
     return Join({TypeY("Hydraulic"),
@@ -239,7 +242,7 @@ Settings SemiLog(Text decades)
     return OnA4(Join({PlotMargins(), Plot(LinearX(), TypeY(decades))}));
 }
 
-/// With the logarithmic axis across.
+/// Like SemiLog, but the X axis is logarithmic.
 Settings SemiLogX(Text decades, Text numberSize = "7")
 {
     return OnA4(Join({PlotMargins(), Plot(TypeX(decades), LinearY("27"), numberSize)}));
@@ -324,7 +327,7 @@ std::vector<Preset> MakePresets()
         {"cornell-left-handed", "Cornell Notes A4, left-handed", "cornell", metric, "note lecture cue summary",
          OnA4(Join({Notes("1.25"), {{"CheckCueLeft", "off"}}}))},
 
-        // A hexagon is 1.7321 sides high from flat to flat.
+        // The cell size is the side of a hexagon. The height from flat to flat is sqrt(3) = 1.7321 sides.
         {"hexagons-1inch-side", "Hexagons 1 inch by side", "hexagon", us, "hex game map", OnLetter(CellSize("1"))},
         {"hexagons-1inch-flats", "Hexagons 1 inch across flats", "hexagon", us, "hex game map miniatures",
          OnLetter(CellSize("0.57735"))},
@@ -376,7 +379,8 @@ std::vector<Preset> MakePresets()
          LyingA4(Join({PlotMargins(), Plot(HydraulicX(), LinearY("17"))}))},
         {"hydraulic-2.63", "Hydraulic 1.85 against 2.63", "graph", metric, "flow diameter pipe",
          LyingA4(Join({PlotMargins(), Plot(HydraulicX(), HydraulicY())}))},
-        // 1 up is as long as 1 across, where pi is 16 lines.
+        // Both axes have the same scale: 1 is 2.122 cm long. On the X axis, 16 lines are pi; on the Y axis, 10
+        // lines are 1.
         {"trigonometric", "Trigonometric, -2 pi to 2 pi", "graph", metric, "sine cosine pi waves",
          LyingA4(Join({Margins("2", "2", "1.5", "1.5"),
                Plot({{"EditXLineSpacing", "2.4"}, {"EditXMajor", "8"}, {"EditXAxisMinimum", "-2"},

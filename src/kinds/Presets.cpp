@@ -53,6 +53,7 @@ void LayOver(const Preset& preset, PaperWindow& window, Platform& platform)
     const std::string settings = fresh->SettingsBytes();
     window.LayOver(BinaryStream::FromMemory(settings));
     for (const Setting& setting : preset.settings) {
+        // What still differs now is not stored in a settings file.
         const Control* const wanted = fresh->form.Find(setting.control);
         if (window.form.Find(setting.control)->State().content != wanted->State().content) {
             Set(setting, preset, window);

@@ -9,35 +9,36 @@
 
 namespace linealis {
 
-/// A paper ready to be used: a kind, and what is set on a fresh form of it. Every list of presets is made of the
-/// one table of them.
+/// A paper that is ready to use: a kind, and the settings to apply to a new form of it. All lists of presets come
+/// from the same table.
 struct Preset {
-    std::string_view id;     ///< on the command line
-    std::string_view title;  ///< for people
-    std::string_view kind;   ///< name of its PaperKind
-    bool isMetric = true;    ///< A4 and centimeters; otherwise Letter, and lengths are in inches where it has any
-    std::string_view keywords;      ///< what else it may be looked for by; words parted by blanks
-    std::vector<Setting> settings;  ///< in the order in which a person would set them: the units first
+    std::string_view id;            ///< its unique name, for the command line
+    std::string_view title;         ///< for users
+    std::string_view kind;          ///< the name of its PaperKind
+    bool isMetric = true;           ///< A4 and centimeters; if false, Letter and inches
+    std::string_view keywords;      ///< further words to find it by, separated by blanks
+    std::vector<Setting> settings;  ///< applied in this order; units come before lengths
 };
 
-/// All presets, those of a kind together, in the order in which lists show them.
+/// Returns all presets in the order in which lists show them. The presets of a kind are together.
 std::span<const Preset> Presets();
 
-/// The presets of A4 first where the lengths are metric, otherwise those of Letter. Within each the order is that
-/// of the table.
+/// Returns all presets, those for the preferred paper first: A4 if `metric`, otherwise Letter. Both groups keep the
+/// order of the table.
 std::vector<const Preset*> PresetsFor(bool metric);
 
-/// The preset of that id, or none.
+/// Returns the preset with that id, or null.
 const Preset* FindPreset(std::string_view id);
 
+/// Returns the kind of a preset. The preset must come from the table, whose kinds all exist.
 const PaperKind& KindOf(const Preset& preset);
 
-/// A window of the preset's kind that shows it.
+/// Creates a window of the kind of the preset and applies the preset. `platform` must outlive the window.
 std::unique_ptr<PaperWindow> MakeWindow(const Preset& preset, Platform& platform);
 
-/// Loads the preset into a window of its kind, as a settings file of it would be loaded. The file that the window's
-/// page goes to stays. What the preset sets and no settings file holds, such as the title of a polar paper, is set
-/// too; anything else that a settings file does not hold stays.
+/// Loads the preset into a window of its kind, as if it were a settings file. The output file of the window stays
+/// the same. Values that the preset sets but no settings file stores, such as the title of polar paper, are set
+/// too; all other values that a settings file does not store stay the same.
 void LayOver(const Preset& preset, PaperWindow& window, Platform& platform);
 
 }  // namespace linealis
