@@ -34,7 +34,7 @@ public:
     /// Returns the names of the controls, in the order of the form. Labels are not included.
     std::vector<std::string> Controls() const;
 
-    /// Returns the value of a control in a form that Set accepts. Throws std::invalid_argument if there is no such
+    /// Returns the value of a control, written as Set accepts it. Throws std::invalid_argument if there is no such
     /// control.
     std::string Get(std::string_view control) const;
 

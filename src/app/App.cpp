@@ -26,7 +26,7 @@ std::string ExtensionOf(const FolderItem& file)
     return extension.empty() ? "" : extension.substr(1);
 }
 
-/// A sentence on what becomes of a document.
+/// Returns a sentence that says what will happen to a document.
 std::string WhatOpens(const FolderItem& document)
 {
     const PaperKind* const kind = FindPaperKindOf(document.Path());
@@ -34,6 +34,7 @@ std::string WhatOpens(const FolderItem& document)
                            : document.Name() + " opens in the window of " + std::string(kind->galleryTitle) + ".";
 }
 
+/// Writes a file that must not exist yet, so that it cannot follow a link which somebody else has planted.
 std::error_code WriteNew(const FolderItem& file, std::string_view bytes)
 {
     BinaryStream stream = file.CreateNewBinaryFile();
@@ -110,7 +111,7 @@ void App::Event_OpenDocument(const FolderItem& file)
     const std::string extension = ExtensionOf(file);
     platform.MsgBoxUnlessHidden(extension, WhatOpens(file), "openedDocument");
     if (windows.IsEnding()) {
-        return;  // the user has ended the program instead of reading the box
+        return;  // the user has quit the program instead of closing the message
     }
     OpenSettings(file);
 }
@@ -164,7 +165,7 @@ void App::OpenFromGallery(std::size_t entry)
     const PaperKind& kind = PaperKinds()[entry];
     PaperWindow& window = ShowPaper(kind);
     if (DefaultFile(kind).Exists()) {
-        return;  // the user has chosen what to begin with
+        return;  // the default that the user has saved takes precedence over the last settings
     }
     if (const FolderItem file = LastSettingsFile(); kind.keepsLastSettings && file.Exists()) {
         window.LoadSettings(file);
@@ -236,7 +237,8 @@ void App::DoHelp()
     }
 }
 
-/// The manual as a file of its own, written anew if that can be; nothing if there is none.
+/// Writes the manual to the temporary folder and returns the file. Replaces the copy of an earlier run; if that
+/// cannot be deleted, returns it as it is. Returns an empty reference on failure.
 FolderItem App::HelpFile() const
 {
     const std::string name = "docsLNS.pdf";
@@ -249,7 +251,7 @@ FolderItem App::HelpFile() const
         }
     }
     std::error_code error = WriteNew(file, manual);
-    if (error == std::errc::file_exists) {  // the folder is everybody's, and somebody else has the name
+    if (error == std::errc::file_exists) {  // another user of the shared folder has a file of that name
         file = folder.MakePrivateFolder("linealis-").Child(name);
         error = WriteNew(file, manual);
     }

@@ -18,7 +18,7 @@
 
 namespace linealis {
 
-/// What the application asks of its front end: windows on a screen.
+/// The windows on a screen. The front end implements this interface for the application.
 class AppWindows {
 public:
     AppWindows() = default;
@@ -26,52 +26,63 @@ public:
     AppWindows(const AppWindows&) = delete;
     AppWindows& operator=(const AppWindows&) = delete;
 
-    /// Shows the window of the kind, made if it was not there, and brings it to the front.
+    /// Shows the window of the kind, creating it if necessary, and brings it to the front.
     virtual void Show(const PaperKind& kind, PaperWindow& window) = 0;
+    /// Shows the preferences dialog and returns when it has been closed.
     virtual void ShowPreferences(PrefsWindow& window) = 0;
+    /// Whether any window is open, of whatever type.
     virtual bool AnyWindowOpen() const = 0;
     virtual void CloseFrontWindow() = 0;
-    /// The user has opened or saved a settings file. Presets and last settings do not count.
+    /// Called after the user has opened or saved a settings file. Not called for presets and last settings.
     virtual void Used(const FolderItem& settingsFile) = 0;
-    /// Whether the program is about to end.
+    /// Whether the user has quit the program, which is about to end.
     virtual bool IsEnding() const = 0;
 };
 
-/// The application: starts and ends the program, opens the paper windows, and hands a settings file that the system
-/// passes in to the right one.
+/// The application: starts and ends the program, opens the paper windows, and opens the settings files that the
+/// system passes in, each in the window of its kind.
 class App {
 public:
-    /// `theManual` is the PDF document behind Help.
+    /// `theManual` is the PDF document that Help opens. All arguments must outlive the application.
     App(Platform& thePlatform, AppWindows& theWindows, std::string_view theManual);
 
+    /// Reads the preferences and, unless they forbid it, checks for a newer version. Call once, at the start.
     void Event_Open();
+    /// Writes the preferences. Call at the end of the program.
     void Event_Close();
 
-    /// Stores what the end of every window and of the program would, while they go on.
+    /// Stores what closing all windows and ending the program would store, but closes nothing. Called before the
+    /// desktop session ends, when the program may be ended without further notice.
     void Store();
+    /// Opens a file that the system passes in. First tells the user what will happen to it.
     void Event_OpenDocument(const FolderItem& file);
 
-    /// Opens a settings file of any kind in its window, without a message. Null if its extension is none of them.
+    /// Opens a settings file of any kind in its window, without a message. Returns the window, or null if no kind
+    /// has the extension of the file. A file that cannot be read is reported through Platform::Note.
     PaperWindow* OpenSettings(const FolderItem& file);
 
-    /// Shows the window of a kind, each at most once. It begins with the user's default, if there is one, and keeps
-    /// its values until it is closed.
+    /// Shows the window of a kind, of which there is at most one. A new window starts with the default that the
+    /// user has saved, if any, and keeps its values until it is closed.
     PaperWindow& ShowPaper(const PaperKind& kind);
 
-    /// The front end tells that the window of the kind has been closed. What is to be kept of its form is stored,
-    /// and the front end gets the paper window, to keep it as long as anything still shows it.
+    /// Called by the front end when the window of the kind has been closed. Stores what is kept of its form.
+    /// Returns the paper window, which the front end must keep as long as anything still shows it; null if there is
+    /// none.
     std::unique_ptr<PaperWindow> PaperClosed(const PaperKind& kind);
 
-    /// A menu item that is not standard text editing. `front` is the paper window in front, or none.
+    /// Performs a menu item, except those for text editing and Quit, which the front end handles. `front` is the
+    /// paper window in front; it may be null only if IsEnabled accepts the item without one.
     void Perform(const MenuItem& item, PaperWindow* front);
 
+    /// Opens the manual in the default viewer. Shows a message if that fails.
     void DoHelp();
+    /// Asks the web server in the background whether there is a newer version.
     void CheckForTheLatestVersion();
 
     GalleryWindow& Gallery() { return gallery; }
     static ProgramVersion Version();
 
-    // Small operations that live where they are used.
+    // Small functions, implemented in the modules that use them.
     static std::string mystring(double value) { return linealis::mystring(value); }
     static std::string myformatstring(double value, std::string_view pattern)
     {
@@ -89,7 +100,7 @@ public:
 private:
     void OpenFromGallery(std::size_t entry);
     void ShowAbout();
-    /// Has the window open or save its settings file, and tells which one if that went well.
+    /// Lets the window open or save its settings file, and reports the file to the front end on success.
     void Remember(PaperWindow& window, bool (PaperWindow::*action)());
     FolderItem HelpFile() const;
     FolderItem PrefsFile() const;
@@ -103,7 +114,8 @@ private:
     Preferences preferences;
     GalleryWindow gallery;
     std::map<const PaperKind*, std::unique_ptr<PaperWindow>> papers;
-    /// What the wizard of each kind last held. The wizard is one for the whole run, whatever becomes of its window.
+    /// The last state of the wizard of each kind. A wizard keeps its values until the program ends, even when its
+    /// window is closed.
     std::map<const PaperKind*, std::vector<ControlState>> wizards;
     std::unique_ptr<VersionCheckThread> versionCheck;
 };

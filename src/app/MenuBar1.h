@@ -7,7 +7,7 @@
 
 namespace linealis {
 
-/// What a menu item does.
+/// The action of a menu item.
 enum class Command {
     Separator,
     Open,
@@ -30,10 +30,10 @@ enum class Command {
 
 struct MenuItem {
     std::string_view name;
-    std::string_view text;      ///< "&" stands before the letter of its mnemonic
+    std::string_view text;      ///< with "&" before the mnemonic letter
     std::string_view shortcut;  ///< "Cmd+O", or empty
     Command command;
-    const PaperKind* kind = nullptr;  ///< of ShowPaper
+    const PaperKind* kind = nullptr;  ///< of ShowPaper; otherwise null
 };
 
 struct Menu {
@@ -42,10 +42,11 @@ struct Menu {
     std::vector<MenuItem> items;
 };
 
-/// The one menu bar of the program. An empty menu without a text stands first.
+/// Returns the only menu bar of the program. Its first menu is empty and has no text.
 const std::vector<Menu>& MenuBar1();
 
-/// Whether an item can be chosen: `front` is the paper window in front, or none; `anyWindow` whether any is open.
+/// Whether the item can be chosen now. `front` is the paper window in front, or null; `anyWindow` is whether any
+/// window is open.
 bool IsEnabled(const MenuItem& item, const PaperWindow* front, bool anyWindow);
 
 }  // namespace linealis

@@ -10,7 +10,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* const presetFolder = "presets";
-constexpr std::size_t longestName = 200;  // bytes; with an extension a file name of any system
+constexpr std::size_t longestName = 200;  // bytes; with its extension still a valid file name on every system
 
 std::string FileName(std::string_view name, const PaperKind& kind)
 {
@@ -23,7 +23,7 @@ bool IsControlCharacter(unsigned char c)
     return c < ' ' || c == deleteCharacter;
 }
 
-/// Makes the folder of the file first, where that is needed.
+/// Creates the folder of the file if necessary, then saves the window. Does nothing if `file` is empty.
 std::error_code SaveInFolder(const FolderItem& file, const PaperWindow& window)
 {
     std::error_code error;

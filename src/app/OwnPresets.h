@@ -10,43 +10,50 @@
 
 namespace linealis {
 
-/// A preset that the user has saved: a settings file in the folder of them.
+/// A preset that the user has saved: a settings file in the preset folder.
 struct OwnPreset {
-    std::string name;  ///< of the file, without its extension
+    std::string name;  ///< the file name without its extension
     FolderItem file;
 };
 
-/// What the user keeps of papers besides documents: presets, a default for each kind, and how a window of each kind
-/// was left. All of it are ordinary settings files in the preferences folder. Without that folder nothing is kept,
-/// and nothing fails.
+/// The papers that the user keeps besides documents: presets, a default for each kind, and the last state of the
+/// window of each kind. All are ordinary settings files in the preferences folder. Without that folder, nothing is
+/// kept, nothing is found, and no operation fails.
 class OwnPresets {
 public:
     explicit OwnPresets(FolderItem preferencesFolder) : folder(std::move(preferencesFolder)) {}
 
-    /// The presets of a kind, sorted by name.
+    /// Returns the presets of a kind, sorted by name. Skips everything that is not a regular file with a valid
+    /// name. Returns nothing if the folder cannot be read.
     std::vector<OwnPreset> List(const PaperKind& kind) const;
 
-    /// Why nothing can be saved under the name, as a sentence; empty if all is well. A name is a file name without
-    /// its extension: it is not empty, has no slash and no control character, does not begin with a dot, and is at
-    /// most 200 bytes long.
+    /// Returns why no preset can have this name, as a sentence for the user, or an empty text if it is valid. A
+    /// name is a file name without its extension: it has a character other than a blank, no slash, and no control
+    /// character, does not begin with a dot, and is at most 200 bytes long.
     static std::string NameProblem(std::string_view name);
 
-    /// The file of the preset of that name, which need not exist. Nothing if the name has a problem.
+    /// Returns the file of the preset with that name, which need not exist; an empty reference if the name is not
+    /// valid.
     FolderItem File(std::string_view name, const PaperKind& kind) const;
 
-    /// Saves the window, which is of the kind, under the name. An older preset of that name is replaced. Returns
-    /// invalid_argument if the name has a problem.
+    /// Saves the window, which must be of the kind, under the name. Replaces an existing preset of that name.
+    /// Returns invalid_argument if the name is not valid.
     std::error_code Save(std::string_view name, const PaperKind& kind, const PaperWindow& window) const;
 
+    /// Deletes the file of a preset. A missing file is not an error.
     static std::error_code Delete(const OwnPreset& preset);
 
-    /// What a new window of the kind begins with, if the file exists.
+    /// Returns the file with the default of the kind, which need not exist. A new window of the kind starts with
+    /// it.
     FolderItem DefaultFile(const PaperKind& kind) const { return FileOf("defaults", kind); }
+    /// Saves the window, which must be of the kind, as the default of the kind.
     std::error_code SaveDefault(const PaperKind& kind, const PaperWindow& window) const;
+    /// Deletes the default, if there is one.
     std::error_code ForgetDefault(const PaperKind& kind) const;
 
-    /// How the last window of the kind was when it closed.
+    /// Returns the file with the state in which the window of the kind was last closed. It need not exist.
     FolderItem LeftFile(const PaperKind& kind) const { return FileOf("left", kind); }
+    /// Saves the window, which must be of the kind, as last closed.
     std::error_code SaveLeft(const PaperKind& kind, const PaperWindow& window) const;
 
 private:
@@ -55,8 +62,8 @@ private:
     FolderItem folder;
 };
 
-/// Loads the preset into a window of its kind; the file that the window's page goes to stays. A preset that cannot
-/// be opened changes nothing, and is noted.
+/// Loads the preset into a window of its kind. The output file of the window stays the same. A preset that cannot
+/// be opened changes nothing and is reported through Platform::Note.
 void LayOver(const OwnPreset& preset, PaperWindow& window, Platform& platform);
 
 }  // namespace linealis

@@ -7,6 +7,7 @@ namespace linealis {
 
 namespace {
 
+// The file format reserves zeros before and after the values, and marks a disabled check with a number of its own.
 constexpr int reservedBefore = 100;    // integers
 constexpr int reservedBehind = 10000;  // integers
 constexpr std::int32_t noUpdateCheckMark = 4592;

@@ -7,16 +7,19 @@
 
 namespace linealis {
 
-/// What the program keeps between runs, but for the last settings of the graph paper.
+/// The preferences that the program keeps between runs.
 struct Preferences {
     bool noUpdateCheck = false;
-    std::int64_t lastUpdateCheckVersion = 0;  ///< the version that the user has skipped; 32 bits of it are kept
+    std::int64_t lastUpdateCheckVersion =
+        0;  ///< the version that the user has skipped, 0 if none; the file stores its low 32 bits
 };
 
-/// The initial values if there is no file. A shorter file reads as zeros at its end.
+/// Reads the preferences. Returns the initial values if the file does not exist or cannot be read. The missing
+/// values of a short file read as 0.
 Preferences ReadPrefs(const FolderItem& file);
 
-/// Writes the file anew. Nothing happens if that cannot be done.
+/// Replaces the file. Yields to `platform` from time to time. Does nothing if `file` is empty, and ignores a
+/// failure.
 void WritePrefs(const Preferences& preferences, const FolderItem& file, Platform& platform);
 
 }  // namespace linealis

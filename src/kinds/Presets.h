@@ -20,7 +20,7 @@ struct Preset {
     std::vector<Setting> settings;  ///< applied in this order; units come before lengths
 };
 
-/// Returns all presets in the order in which lists show them. The presets of a kind are together.
+/// Returns all presets in the order in which lists show them. Similar presets are together.
 std::span<const Preset> Presets();
 
 /// Returns all presets, those for the preferred paper first: A4 if `metric`, otherwise Letter. Both groups keep the

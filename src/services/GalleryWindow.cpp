@@ -33,10 +33,12 @@ GalleryWindow::GalleryWindow(std::vector<Entry> theEntries, std::function<void(s
 std::size_t GalleryWindow::Neighbor(std::size_t entry, Direction direction) const
 {
     if (direction == Direction::Left || direction == Direction::Right) {
+        // Left of entry 0 wraps around to the largest index, which is out of range.
         const std::size_t next = direction == Direction::Left ? entry - 1 : entry + 1;
         return next < entries.size() ? next : entry;
     }
     const Place from = entries[entry].canvasPlace;
+    // The vertical distance comes first, so the result is in the adjacent row.
     const auto isCloser = [&](const Place& a, const Place& b) {
         const auto distance = [&](const Place& place) {
             return std::pair(std::abs(place.top - from.top), std::abs(place.left - from.left));

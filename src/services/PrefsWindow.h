@@ -4,7 +4,7 @@
 
 namespace linealis {
 
-/// The preferences dialog: whether the program looks for a newer version when it starts.
+/// The preferences dialog: sets whether the program checks for a newer version when it starts.
 class PrefsWindow {
 public:
     struct PrefsForm final : Form {
@@ -18,10 +18,10 @@ public:
 
     PrefsForm form;
 
-    /// Shows and, on OK, changes `theNoUpdateCheck`.
+    /// Shows the value of `theNoUpdateCheck`, which must outlive the dialog, and changes it on OK.
     explicit PrefsWindow(bool& theNoUpdateCheck) : form(!theNoUpdateCheck), noUpdateCheck(theNoUpdateCheck) {}
 
-    /// OK.
+    /// OK: stores the setting.
     void PushButton1_Action() { noUpdateCheck = !form.CheckBoxUpdateCheck.Value(); }
     /// Cancel: changes nothing.
     void PushButton2_Action() {}

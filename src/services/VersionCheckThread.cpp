@@ -11,12 +11,13 @@ namespace {
 
 constexpr int linealisProgramNumber = 1230;
 
+/// Returns the first `width` bytes of a text, or all of it if it is shorter.
 std::string Left(const std::string& text, std::size_t width)
 {
     return text.substr(0, width);
 }
 
-/// The first word of a reply, whatever line ends and blanks stand about it.
+/// Returns the first word of a reply, ignoring blanks and line ends around it.
 std::string FirstWord(const std::string& response)
 {
     constexpr const char* const blanks = " \t\r\n";
@@ -40,6 +41,8 @@ void VersionCheckThread::Event_Run()
     platform.FetchInBackground(request, [this](const std::string& page) { ParseResults(page); });
 }
 
+/// Returns the macOS version as four digits: two of the major version and one each of the two others. "0000" on
+/// other systems.
 std::string VersionCheckThread::SystemVersionDigits() const
 {
     const auto gestalt = platform.SystemVersion();
@@ -52,7 +55,7 @@ std::string VersionCheckThread::SystemVersionDigits() const
     const std::int64_t minor = truncated(static_cast<double>(rest) / 16.0);
     const std::int64_t third = rest - minor * 16;
     if (major >= 16) {
-        major -= 6;  // 0x10 reads as 10
+        major -= 6;  // the hexadecimal digits stand for decimal ones: 0x10 means 10
     }
     return myformatstring(static_cast<double>(major), "00") + myformatstring(static_cast<double>(minor), "0") +
            myformatstring(static_cast<double>(third), "0");
@@ -64,6 +67,7 @@ std::string VersionCheckThread::connection(int theProgramNumber, const std::stri
     osVersion = SystemVersionDigits();
     downloadUrl = url;
     version = Str(runningVersion.major) + Str(runningVersion.minor) + Str(runningVersion.third);
+    // A skipped version is sent as the running one, so that the server does not offer it again.
     if (static_cast<double>(skippedVersion) > Val(version)) {
         version = mystring(skippedVersion);
     }
