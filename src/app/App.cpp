@@ -34,7 +34,7 @@ std::string WhatOpens(const FolderItem& document)
                            : document.Name() + " opens in the window of " + std::string(kind->galleryTitle) + ".";
 }
 
-/// Writes a file that must not exist yet, so that it cannot follow a link which somebody else has planted.
+/// Writes a file that must not exist yet, so that it cannot follow a link that somebody else has planted.
 std::error_code WriteNew(const FolderItem& file, std::string_view bytes)
 {
     BinaryStream stream = file.CreateNewBinaryFile();

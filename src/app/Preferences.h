@@ -10,8 +10,7 @@ namespace linealis {
 /// The preferences that the program keeps between runs.
 struct Preferences {
     bool noUpdateCheck = false;
-    std::int64_t lastUpdateCheckVersion =
-        0;  ///< the version that the user has skipped, 0 if none; the file stores its low 32 bits
+    std::int64_t lastUpdateCheckVersion = 0;  ///< the skipped version, 0 if none; the file stores 32 bits of it
 };
 
 /// Reads the preferences. Returns the initial values if the file does not exist or cannot be read. The missing

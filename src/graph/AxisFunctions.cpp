@@ -9,7 +9,8 @@ namespace linealis {
 
 namespace {
 
-// Acklam's coefficients.
+// The coefficients of the numerators (a, c) and denominators (b, d) of Acklam: a and b for the middle, c and d for
+// the tails.
 constexpr std::array<double, 6> a = {-39.69683028665376, 220.9460984245205,  -275.9285104469687,
                                      138.3577518672690,  -30.66479806614716, 2.506628277459239};
 constexpr std::array<double, 5> b = {-54.47609879822406, 161.5858368580409, -155.6989798598866, 66.80131188771972,
@@ -23,7 +24,7 @@ constexpr double lowerBreakpoint = 0.02425;
 constexpr double upperBreakpoint = 0.97575;
 constexpr double outsideDistribution = -999.0;
 
-/// Below the lower breakpoint; by symmetry, negated, above the upper one.
+/// The approximation below the lower breakpoint. By symmetry, its negative is the one above the upper breakpoint.
 double Tail(double p)
 {
     const double q = std::sqrt(-2.0 * std::log(p));
@@ -31,6 +32,7 @@ double Tail(double p)
            ((((d[0] * q + d[1]) * q + d[2]) * q + d[3]) * q + 1.0);
 }
 
+/// The approximation between the breakpoints.
 double Middle(double p)
 {
     const double q = p - 0.5;

@@ -17,7 +17,7 @@ void EasyGraphWizard::CalcValues()
          setup.UsableWidth());
     Fill({form.EditMinY, form.EditMaxY, form.EditMinorYSpacing, form.EditMajorYSpacing}, graph.Y(),
          setup.UsableHeight());
-    // Replaces the two "Lines/in" texts by whole numbers of lines.
+    // Replaces both line densities, so that each axis holds a whole number of steps.
     graph.RecalcLinesPerInch();
 }
 

@@ -4,8 +4,8 @@
 
 namespace linealis {
 
-/// A small dialog that fills the graph form from the range of the data and the spacing of the lines, all in the
-/// axes' own values.
+/// The wizard of graph paper: fills in the form from the range of the data and the spacing of the lines, both in
+/// values of the axes.
 class EasyGraphWizard final : public Wizard {
 public:
     explicit EasyGraphWizard(GraphForm& theGraph) : graph(theGraph) {}
@@ -14,7 +14,7 @@ public:
     void PushButton1_Action() override { CalcValues(); }
 
 private:
-    /// What the wizard asks of one axis.
+    /// The fields of the wizard for one axis.
     struct Range {
         TextField& minimum;
         TextField& maximum;
@@ -47,9 +47,9 @@ private:
     };
 
     void CalcValues();
-    /// Fills the fields of an axis that has so many points of room.
+    /// Fills in the form fields of an axis that is `room` points long.
     void Fill(const Range& range, const AxisFields& fields, double room);
-    /// Lines per point into lines per unit of the graph form.
+    /// Converts lines per point to lines per unit of the graph form.
     double ConvertToUnits(double linesPerPoint) const;
 
     GraphForm& graph;

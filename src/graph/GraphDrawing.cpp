@@ -7,12 +7,13 @@ namespace linealis {
 
 namespace {
 
-/// The lines of the axis that fit into the room, whole.
+/// Returns the number of lines of the axis that fit into the room, including the first one. A whole number.
 double LinesInRoom(const GraphAxis& axis, double usable)
 {
     return static_cast<double>(truncated(usable / axis.lineSpacing)) + 1.0;
 }
 
+/// Describes the type of an axis in a few words.
 std::string AxisWords(const GraphAxis& axis)
 {
     switch (axis.type) {
@@ -40,7 +41,8 @@ void GraphDrawing::DoGraph()
     MeasureGrid(x);
     MeasureGrid(y);
     PlotAxesThatFillTheRoom();
-    // From here on the usable area is the grid, which stands at the lower left of the room.
+    // From here on, the usable area is the grid, which is at the lower left of the room. The order matters: the
+    // axes above fill the whole room.
     x.usable = x.graphSize;
     y.usable = y.graphSize;
     PlotAxesThatFillTheGrid();
@@ -90,6 +92,7 @@ void GraphDrawing::PlotAxesThatFillTheGrid()
 void GraphDrawing::FindZero(Axis& axis) const
 {
     axis.zero = (-axis.form.minimum) * axis.form.lineSpacing / axis.form.step;
+    // The value 0 is before the grid: its line goes to the edge.
     if (axis.zero < 0.0) {
         axis.zero = 0.0;
     }
@@ -134,7 +137,7 @@ void GraphDrawing::ShowBlack(const std::string& text, double atX, double atY)
 
 void GraphDrawing::DrawAxes()
 {
-    // An axis that is not linear has no zero to stand at: its line stands at the edge of the graph.
+    // Only a linear axis has a zero. The line of any other axis is at the edge of the graph.
     if (x.Type() > linear) {
         x.zero = 0.0;
     }
@@ -153,7 +156,7 @@ void GraphDrawing::DrawAxes()
 
 void GraphDrawing::DrawAxisLines()
 {
-    // The weight of the horizontal line is that of the Y row, and the other way round: existing forms have it so.
+    // The weight of the horizontal line comes from the Y row and vice versa: existing forms depend on it.
     pdf.SetRole("axis.x");
     pdf.SetLineWidth(page.y.weight);
     const double height = y.zero + bottomMargin;
@@ -199,7 +202,7 @@ void GraphDrawing::DrawTitle()
     pdf.SetRole("title.page");
     pdf.SetFont(page.font, page.titleSize);
     const double w = WidthOf(page.title, page.titleSize);
-    // Unlike those of the axis titles, a given X counts from the edge of the page.
+    // Unlike in the axis titles, a given X is measured from the edge of the page.
     const double atX = page.titleIsCentred ? x.usable / 2.0 + leftMargin - w / 2.0 : page.titleX;
     pdf.SetTextPos(atX, page.frame.topMargin + bottomMargin + y.usable - page.titleY);
     pdf.Show(page.title);

@@ -17,7 +17,8 @@ double HydraulicScale::PositionOf(double value) const
     return (std::pow(value, exponent) - offset) * scaling;
 }
 
-/// Says why an axis cannot be drawn, where there are words for that.
+/// Whether the axis can be drawn. Tells the user why not if the exponent or the minimum is wrong; other problems
+/// have no message.
 bool GraphDrawing::HydraulicAxisIsValid(const Axis& axis) const
 {
     const std::string name = axis.IsX() ? "X" : "Y";
@@ -40,9 +41,10 @@ void GraphDrawing::PlotHydraulicAxis(const Axis& axis)
     const GraphAxis& form = axis.form;
     const HydraulicScale scale(form, axis.usable);
     const Axis& across = Across(axis);
+    // The lines end with the grid of a linear axis across; otherwise they fill the room.
     const double end = across.Type() > linear ? across.origin + across.usable : GridEnd(axis);
     pdf.SetFont(page.font, form.textSize);
-    auto labelCount = static_cast<double>(truncated(form.numberSpacing));  // the first line gets a number
+    auto labelCount = static_cast<double>(truncated(form.numberSpacing));  // so that the first line gets a number
     MajorRhythm rhythm(form);
     for (double v = form.minimum; v <= form.maximum; v = v + form.step) {
         const double position = axis.origin + scale.PositionOf(v);

@@ -10,22 +10,25 @@ namespace linealis {
 
 namespace {
 
-/// What is left of a count of lines when whole major steps are taken off until it is not above 0, each time
-/// truncated.
+/// Subtracts whole major steps from a number of lines until it is not above 0, truncating each time. Returns the
+/// result.
 std::int64_t LinesPastMajor(std::int64_t lines, double majorStep)
 {
-    // A step takes off as many lines as it has, rounded up, until it reaches 0: most rounds can be left out.
+    // Until it reaches 0, each step subtracts its number of lines, rounded up. Most rounds can therefore be
+    // skipped.
     const std::int64_t linesPerStep = std::max<std::int64_t>(truncated(std::ceil(majorStep)), 1);
     if (lines / 2 > linesPerStep) {
         lines = linesPerStep + lines % linesPerStep;
     }
     while (lines > 0) {
         const std::int64_t next = truncated(static_cast<double>(lines) - majorStep);
-        lines = next < lines ? next : 0;  // a step too small to count
+        lines = next < lines ? next : 0;  // if the step is too small to change the count
     }
     return lines;
 }
 
+/// Returns the count of MajorRhythm before the first line, chosen so that the value 0 is on a major line. Without a
+/// major step, the count is so low that about the first million lines are minor.
 double StartOfMajorCount(const GraphAxis& axis)
 {
     constexpr double never = -999999.0;
@@ -37,7 +40,7 @@ double StartOfMajorCount(const GraphAxis& axis)
     return past == 0 ? static_cast<double>(truncated(axis.majorStep)) : -static_cast<double>(past);
 }
 
-/// Whether the loop over the numbers has come to its end, which lies the other way if they go backwards.
+/// Whether the loop over the numbers has passed its end. With a negative spacing, the loop goes backward.
 bool IsPast(std::int64_t line, double numLines, double numberSpacing)
 {
     const auto number = static_cast<double>(line);
@@ -94,7 +97,7 @@ void GraphDrawing::DrawLinearNumbers(const Axis& axis)
         turns.RuntimeBackgroundTask();
         const std::int64_t next = truncated(static_cast<double>(i) + form.numberSpacing);
         if (next == i) {
-            break;  // a spacing too small to reach the next line
+            break;  // the spacing is too small to reach the next line
         }
         i = next;
     }

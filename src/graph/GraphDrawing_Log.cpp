@@ -5,6 +5,7 @@
 
 namespace linealis {
 
+/// Draws major lines at 1 to 10 of each decade and four minor lines in each gap between them.
 void GraphDrawing::PlotLogAxis(const Axis& axis)
 {
     constexpr int lastMajor = 10;
@@ -19,7 +20,7 @@ void GraphDrawing::PlotLogAxis(const Axis& axis)
             SetMajorStyle(axis);
             DrawGridLine(axis, positionOf(j), GridEnd(axis));
             pdf.SetRGBColor(page.lineColor);
-            // The 10 of a decade stands where the 1 of the next would.
+            // The 10 of a decade takes the place of the 1 of the next one.
             if ((decade == 1 || j > 1) && page.showsAxes) {
                 DrawLogNumber(axis, j, positionOf(j));
             }

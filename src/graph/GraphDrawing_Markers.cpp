@@ -9,10 +9,11 @@ namespace linealis {
 
 namespace {
 
-constexpr std::int64_t markerFont = 0;   // for its width only
-constexpr std::int64_t markerSize = 10;  // likewise; the text takes the font in force
+constexpr std::int64_t markerFont = 0;   // used only to compute the width
+constexpr std::int64_t markerSize = 10;  // likewise; the text itself is in the current font
 
-/// The field of that number, from 0, of a line whose fields are separated by single blanks. Empty if it is missing.
+/// Returns a field of a line by its number, from 0. Fields are separated by single blanks; a missing field is
+/// empty.
 std::string_view FieldOf(std::string_view line, int number)
 {
     for (; number > 0; --number) {
@@ -27,6 +28,7 @@ std::string_view FieldOf(std::string_view line, int number)
 
 }  // namespace
 
+/// Draws the lines of the marker file, in the font and the color that are current.
 void GraphDrawing::PlotMarkers()
 {
     const auto nextLine = ask.askForMarkers();
@@ -38,6 +40,8 @@ void GraphDrawing::PlotMarkers()
     }
 }
 
+/// Draws one marker. A line has three fields: the X value, the Y value, and a text, which is centered on the point.
+/// Skips a marker that an axis has no place for.
 void GraphDrawing::PlotMarker(std::string_view line)
 {
     const double px = MarkerPosition(x, Val(FieldOf(line, 0)));
@@ -51,7 +55,8 @@ void GraphDrawing::PlotMarker(std::string_view line)
     pdf.Show(text);
 }
 
-/// Points from the graph's edge. Not finite where the axis has no place for the value.
+/// Returns the distance of a value from the edge of the graph in points. Not finite if the axis has no place for
+/// the value.
 double GraphDrawing::MarkerPosition(const Axis& axis, double value)
 {
     if (IsLog(axis.Type())) {

@@ -9,12 +9,13 @@ namespace linealis {
 
 namespace {
 
+// The percentages that have a line and a number.
 constexpr std::array<double, 19> percentages = {0.1,  0.2,  0.5,  1.0,  2.0,  3.0,  5.0,  10.0, 20.0, 30.0,
                                                 40.0, 50.0, 60.0, 70.0, 80.0, 90.0, 95.0, 99.0, 99.9};
 
 }  // namespace
 
-// Sets neither line width nor color: lines and numbers take what is in force.
+// Draws the lines and numbers of the Y axis. Sets neither the line width nor the color: both use the current ones.
 void GraphDrawing::PlotProbabilityYAxis()
 {
     pdf.SetFont(page.font, page.y.textSize);

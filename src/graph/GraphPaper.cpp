@@ -13,7 +13,7 @@ namespace {
 
 using Name = std::string_view;
 
-/// The name of a control in the row of an axis.
+/// Returns the one of two names that belongs to the axis.
 Name Of(AxisName axis, Name x, Name y)
 {
     return axis == AxisName::x ? x : y;
@@ -34,12 +34,13 @@ const AxisRoles& RolesOf(AxisName axis)
     return axis == AxisName::x ? rolesOfX : rolesOfY;
 }
 
-/// A field of a table. Only the X row has labels of its own.
+/// Returns the traits of a field in a table. Only the X row has separate labels.
 Traits Column(AxisName axis, Meaning meaning, const RoleSet& roles, Name label = {})
 {
     return {.label = Of(axis, label, {}), .captionAbove = true, .meaning = meaning, .governs = roles};
 }
 
+/// Returns the traits of a line weight in a table.
 Traits WeightColumn(AxisName axis, Role role, Name linesOfX, Name linesOfY)
 {
     Traits traits = Column(axis, Meaning::Weight, {role});
@@ -47,6 +48,7 @@ Traits WeightColumn(AxisName axis, Role role, Name linesOfX, Name linesOfY)
     return traits;
 }
 
+/// Returns the traits of a line density ("Lines/in").
 Traits Density(AxisName axis)
 {
     Traits traits = Column(axis, Meaning::GridDensity, {RolesOf(axis).grid}, "StaticTextLinesPerUnit");
@@ -252,7 +254,7 @@ void GraphForm::EnableAxisFields()
 
 void GraphForm::CheckBoxShowAxes_Action()
 {
-    // Whatever the axis types say: the next change of one puts it right again.
+    // Ignores the types of the axes. The next change of a type corrects the fields.
     const bool shown = CheckBoxShowAxes.Value();
     for (const AxisFields& fields : {X(), Y()}) {
         fields.axis.caption.SetEnabled(shown);
@@ -271,7 +273,7 @@ void GraphForm::RecalcLinesPerInch()
     const auto recalc = [&](const AxisFields& fields, double room) {
         const double step = UsedValue(Meaning::AxisStep, fields.axis.step.Number());
         const double steps = std::ceil((fields.axis.maximum.Number() - fields.axis.minimum.Number()) / step);
-        // The little more than a whole number keeps the last line from being lost to rounding.
+        // The extra 0.00001 keeps the last line from being lost to rounding.
         fields.grid.lineSpacing.SetText(Str(steps / (room / setup.unitPixels) * 1.00001));
     };
     recalc(X(), setup.UsableWidth());
@@ -280,7 +282,8 @@ void GraphForm::RecalcLinesPerInch()
 
 namespace {
 
-/// Why nothing of an axis depends on a field of its rows; empty if something does. `name` is that of the axis.
+/// Returns why a field in the rows of an axis has no effect on the page; empty if it has one, or if it belongs to
+/// other rows. `name` is the name of the axis in the text; `shown` is whether the axes are shown.
 std::string WhyIdleOnAxis(const ConstAxisFields& fields, const Control& control, const std::string& name,
                           bool shown)
 {
@@ -317,7 +320,8 @@ std::string WhyIdleOnAxis(const ConstAxisFields& fields, const Control& control,
     return "";
 }
 
-/// Majors stand on multiples of their step from the value 0, numbers on multiples of theirs from the minimum.
+/// Warns if no line is at the value 0, or if numbers and major lines do not coincide. Major lines are at multiples
+/// of their step from the value 0, numbers at multiples of their spacing from the minimum.
 void WarnOfPhase(const GraphForm& form, const ConstAxisFields& fields, PageWarnings& warnings)
 {
     const auto warn = [&](const Control& control, const std::string& text) {
@@ -327,7 +331,7 @@ void WarnOfPhase(const GraphForm& form, const ConstAxisFields& fields, PageWarni
     if (TypeOf(fields.grid.type) != linear || step == 0.0) {
         return;
     }
-    const double lines = fields.axis.minimum.Used() / step;  // from 0 to the first line
+    const double lines = fields.axis.minimum.Used() / step;  // from the value 0 to the first line
     const double major = fields.grid.major.Used();
     const double numbers = fields.axis.spacing.Used();
     const bool hasBoth = form.CheckBoxShowAxes.Value() && major >= 1.0 && numbers >= 1.0;
@@ -409,7 +413,7 @@ GraphAxis ReadAxis(const ConstAxisFields& fields, AxisName name, double unitPixe
     axis.numberSpacing = fields.axis.spacing.Used();
     axis.weight = fields.axis.weight.Used();
     axis.textSize = fields.axis.textSize.Used();
-    // The numbers of a Y axis are plain, whatever its popup says.
+    // The numbers of a Y axis are never trigonometric, whatever its popup shows.
     axis.isTrigonometric = name == AxisName::x && fields.axis.numberType.ListIndex() == 1;
     axis.title = fields.title.title.Text();
     axis.titleTextSize = fields.title.textSize.Used();

@@ -8,7 +8,8 @@
 
 namespace linealis {
 
-/// The list indices of PopupXAxis and PopupYAxis. Of the logarithmic types the value is the number of decades.
+/// The type of an axis, by the list index of PopupXAxis and PopupYAxis. For a logarithmic type, the value is the
+/// number of decades.
 enum AxisType : int { linear = 0, logOneDecade = 1, logFiveDecades = 5, hydraulic = 6, probability = 7 };
 
 inline bool IsLog(AxisType type)
@@ -18,19 +19,19 @@ inline bool IsLog(AxisType type)
 
 enum class AxisName { x, y };
 
-/// The roles that the controls of an axis govern.
+/// The roles of the parts of the page that the controls of an axis affect.
 struct AxisRoles {
     Role grid;
     Role minor;
     Role major;
-    Role line;  ///< the axis line across: each row's weight is that of the other one's line
+    Role line;  ///< the line of the other axis, whose weight is in this row
     Role numbers;
     Role title;
 };
 inline constexpr AxisRoles rolesOfX = {"grid.x", "grid.x.minor", "grid.x.major", "axis.y", "number.x", "title.x"};
 inline constexpr AxisRoles rolesOfY = {"grid.y", "grid.y.minor", "grid.y.major", "axis.x", "number.y", "title.y"};
 
-/// The grid of one axis: a row of a table whose columns the X row names.
+/// The grid of one axis: a row of the first table. The captions of the X row name the columns.
 struct GridRow {
     Label caption;
     Popup type;
@@ -43,7 +44,7 @@ struct GridRow {
     GridRow(PaperForm& form, AxisName axis);
 };
 
-/// The range and the numbers of one axis, a row of the second table.
+/// The range and the numbers of one axis: a row of the second table.
 struct AxisRow {
     Label caption;
     TextField minimum;
@@ -78,7 +79,8 @@ struct AxisFieldsOf {
 using AxisFields = AxisFieldsOf<GridRow, AxisRow, AxisTitleRow>;
 using ConstAxisFields = AxisFieldsOf<const GridRow, const AxisRow, const AxisTitleRow>;
 
-/// The general graph paper: two axes, each linear, logarithmic or hydraulic, the Y axis also probability.
+/// The form of graph paper: two axes, each linear, logarithmic, or hydraulic. The Y axis can also be a probability
+/// axis.
 struct GraphForm final : PaperForm {
     Label StaticTextLinesPerUnit{*this, Group::Spacing,          "StaticTextLinesPerUnit", "Lines/in",
                                  {},    {"Lines/in", "Lines/cm"}};
@@ -164,19 +166,21 @@ struct GraphForm final : PaperForm {
 
     GraphForm();
 
+    // The fields of each axis, for code that treats both alike.
     AxisFields X() { return {xGrid, xAxis, xTitle}; }
     AxisFields Y() { return {yGrid, yAxis, yTitle}; }
     ConstAxisFields X() const { return {xGrid, xAxis, xTitle}; }
     ConstAxisFields Y() const { return {yGrid, yAxis, yTitle}; }
 
-    /// Unlike in the other windows the units stay as they are, so that short texts such as ".1" stay too.
+    /// Unlike the other forms, leaves the units alone, so that short opening texts such as ".1" stay as they are.
     void Event_Open(const Platform& platform) override;
-    /// Makes the background white before anything else, so that a file without one gives a white page.
+    /// Makes the background white first, so that a file without a background color results in a white page.
     void BeforeLoad() override;
 
     std::string WhyIdle(const Control& control) const override;
 
-    /// Rewrites the two "Lines/in" fields so that the grid holds the whole range of each axis in whole steps.
+    /// Rewrites both line densities ("Lines/in") so that the grid holds the whole range of each axis in whole
+    /// steps.
     void RecalcLinesPerInch();
 
 private:
@@ -184,31 +188,31 @@ private:
     void CheckBoxShowAxes_Action();
 };
 
-/// One axis of a graph. Lengths in points; values are the axis's own.
+/// The values of one axis of a page. Lengths are in points; axis values are in the units of the axis.
 struct GraphAxis {
     AxisName name = AxisName::x;
     AxisType type = linear;
-    double lineSpacing = 0.0;  ///< between two neighboring grid lines
+    double lineSpacing = 0.0;  ///< between neighboring grid lines
     double lineThickness = 0.0;
-    double majorStep = 0.0;  ///< every how many grid lines a major line falls
+    double majorStep = 0.0;  ///< the number of grid lines from one major line to the next
     double majorWeight = 0.0;
     double hydraulicExponent = 0.0;
     double minimum = 0.0;
     double maximum = 0.0;
-    double step = 0.0;          ///< axis value from one grid line to the next
-    bool stepsForward = false;  ///< whether the form's step is above 0, without which a hydraulic axis has no lines
-    double numberSpacing = 0.0;  ///< every how many grid lines a number stands
-    double weight = 0.0;         ///< of the axis line across: each row's weight is that of the other one's line
+    double step = 0.0;           ///< the axis value from one grid line to the next
+    bool stepsForward = false;   ///< whether the step is above 0; otherwise, a hydraulic axis has no lines
+    double numberSpacing = 0.0;  ///< the number of grid lines from one number to the next
+    double weight = 0.0;         ///< of the line of the other axis (AxisRoles::line)
     double textSize = 0.0;
-    bool isTrigonometric = false;  ///< its numbers are multiples of pi
+    bool isTrigonometric = false;  ///< whether its numbers are multiples of pi
     std::string title;
     double titleTextSize = 0.0;
     bool titlePlacesItself = false;
     double titleX = 0.0;  ///< from the left margin
-    double titleY = 0.0;  ///< downwards
+    double titleY = 0.0;  ///< downward
 };
 
-/// Lengths in points.
+/// The values of a page of graph paper. Lengths are in points.
 struct GraphPage {
     PageFrame frame;
     GraphAxis x;
@@ -222,9 +226,10 @@ struct GraphPage {
     double titleSize = 0.0;
     bool titleIsCentred = false;
     double titleX = 0.0;  ///< from the left edge of the page
-    double titleY = 0.0;  ///< downwards
+    double titleY = 0.0;  ///< downward
 };
 
+// The functions of the kind that MakePaper and PageOf call.
 SettingsTable Settings(GraphForm& form);
 GraphPage Read(const GraphForm& form);
 void Draw(const GraphPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask);
