@@ -10,7 +10,7 @@ namespace {
 
 double HeightWhereFallingLineEnters(const DiagonalPattern& pattern, double past)
 {
-    // The same as `past` in a longer way, which differs from it in the last bits.
+    // Equals `past` except for the last bits, which existing pages depend on.
     return -(2.0 * pattern.xStep - past) + 2.0 * pattern.xStep;
 }
 
@@ -23,6 +23,7 @@ AxonometricPage Read(const AxonometricForm& form)
 
 void Draw(const AxonometricPage& page, MyPDFGenerator& pdf, Turns& turns)
 {
+    // Half a diagonal of a diamond.
     const double step = page.size * (1.0 / std::sqrt(2.0));
     DrawDiagonal(page, {step, 2.0 * step, step, 2.0 * step, 1.0}, HeightWhereFallingLineEnters, pdf, turns);
 }

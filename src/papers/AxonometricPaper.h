@@ -6,11 +6,12 @@
 
 namespace linealis {
 
-/// Lines at 45 degrees. The cell size is the side of a diamond.
+/// The form of axonometric paper: lines at 45 degrees. The cell size is the side of a diamond.
 struct AxonometricForm final : DiagonalForm {};
 
 struct AxonometricPage : DiagonalPage {};
 
+// The functions of the kind that MakePaper and PageOf call. Settings takes the DiagonalForm.
 AxonometricPage Read(const AxonometricForm& form);
 void Draw(const AxonometricPage& page, MyPDFGenerator& pdf, Turns& turns);
 std::string Describe(const AxonometricPage& page);

@@ -7,6 +7,8 @@ namespace linealis {
 
 namespace {
 
+/// Draws the joint at a column of a row, from 0. In odd rows, joints are at both ends too. In even rows, they are
+/// half a brick further to the right, and there is one fewer.
 void DrawJoint(const CellGrid& grid, double row, double column, MyPDFGenerator& pdf)
 {
     const bool oddCourse = truncated(row) % 2 != 0;
@@ -22,7 +24,7 @@ void DrawJoint(const CellGrid& grid, double row, double column, MyPDFGenerator& 
 SettingsTable Settings(BrickForm& form)
 {
     using namespace settings;
-    // The grid's fields; the two check boxes that this kind does not have are always on.
+    // The same fields as grid paper. The two check boxes that this kind lacks are stored as on.
     return Concatenate({
         Head(form),
         {text(form.EditHorzSpacing), text(form.EditVertSpacing)},
@@ -50,7 +52,7 @@ void Draw(const BrickPage& page, MyPDFGenerator& pdf, Turns& turns)
     DrawHorizontalLines(grid, pdf, turns);
     pdf.SetRole("joint");
     pdf.SetLineWidth(grid.vertLineWeight);
-    for (double row = 0.0; row < grid.rows && grid.columns >= 0.0; row += 1.0) {  // none stands on the top line
+    for (double row = 0.0; row < grid.rows && grid.columns >= 0.0; row += 1.0) {  // no joint is above the top line
         for (double column = 0.0; column <= grid.columns; column += 1.0) {
             DrawJoint(grid, row, column, pdf);
             turns.RuntimeBackgroundTask();

@@ -7,7 +7,8 @@
 
 namespace linealis {
 
-/// Bricks in running bond: courses whose joints stand half a brick beside those of the next.
+/// The form of brick paper: rows of bricks in running bond, so that the joints of each row are half a brick beside
+/// those of the next.
 struct BrickForm final : PaperForm {
     TextField EditVertSpacing{
         *this, Group::Spacing,         "EditVertSpacing", "vertical-spacing", "Vertical Spacing:",
@@ -56,12 +57,14 @@ struct BrickForm final : PaperForm {
     ShiftClickNote note{*this, "StaticText27"};
 };
 
+/// The values of a page of brick paper.
 struct BrickPage {
     PageFrame frame;
-    CellGrid grid;  ///< a cell is a brick
+    CellGrid grid;  ///< each cell is a brick
     Color linesColor;
 };
 
+// The functions of the kind that MakePaper and PageOf call.
 SettingsTable Settings(BrickForm& form);
 BrickPage Read(const BrickForm& form);
 void Draw(const BrickPage& page, MyPDFGenerator& pdf, Turns& turns);

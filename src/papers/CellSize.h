@@ -6,26 +6,28 @@
 
 namespace linealis {
 
-// What the papers with one cell size share: isometric, axonometric, trapezoid and hexagon.
+// The common parts of the papers with one cell size: isometric, axonometric, trapezoid, and hexagon.
 
-/// The first fields of such a form.
+/// The first fields of the form.
 struct CellSizeFields {
     TextField EditSize;
     TextField EditLineThickness;
 
-    /// `alias` is that of the weight, `lines` are what it sets, `roles` are theirs.
+    /// `alias` is the alias of the weight and `lineWeight` its opening text. `lines` names the lines that the
+    /// weight applies to, for the user; `roles` are their roles.
     CellSizeFields(PaperForm& form, std::string_view alias, std::string_view lineWeight, std::string_view lines,
                    const RoleSet& roles);
 };
 
+/// The second weight of forms that have one.
 struct MinorWeightField {
     TextField EditMinorLineThickness;
 
-    /// `lines` are what it sets, `roles` are theirs.
+    /// `lines` names the lines that the weight applies to, for the user; `roles` are their roles.
     MinorWeightField(PaperForm& form, std::string_view alias, std::string_view lines, const RoleSet& roles);
 };
 
-/// The last fields of such a form.
+/// The last fields of the form.
 struct CellFrameFields {
     CheckBox CheckBoxFrame;
     Swatch LineColorCanvas;
@@ -35,8 +37,8 @@ struct CellFrameFields {
     explicit CellFrameFields(PaperForm& form);
 };
 
-/// The settings file of such a kind; the boxes stand behind CheckBoxViewGraph. The minor weight and the frame are
-/// not in the file.
+/// Returns the fields of the settings file. `boxes` come after CheckBoxViewGraph. The minor weight and the frame
+/// are not stored.
 SettingsTable CellSizeSettings(PaperForm& form, CellSizeFields& fields, CellFrameFields& frame,
                                const SettingsTable& boxes = {});
 
@@ -51,13 +53,13 @@ struct Area {
     double Top() const { return bottom + height; }
 };
 
-/// The room between the margins.
+/// Returns the area between the margins.
 Area UsableArea(const PageFrame& frame);
 
-/// Four lines about the area.
+/// Draws the outline of the area as four lines.
 void DrawFrame(const Area& area, MyPDFGenerator& pdf);
 
-/// A line, cut at the edges of the area.
+/// Draws the part of the line that is inside the area.
 void Clip(const Area& area, double x1, double y1, double x2, double y2, MyPDFGenerator& pdf);
 
 }  // namespace linealis

@@ -13,13 +13,14 @@ constexpr double headerRowPitch = 25.0;
 constexpr std::int64_t headerFont = 1;  // Courier
 constexpr double captionSize = 8.0;
 
+/// A range of positions in one direction, in points.
 struct Span {
     double from;
     double to;
 };
 
-/// How far up the boxes of cues and notes reach, from the bottom margin. `usableHeight` is the room below the
-/// header.
+/// Returns the vertical range of the cue and note boxes, from the bottom margin. `usableHeight` is the height below
+/// the header.
 Span NotesUp(const CornellPage& page, double usableHeight)
 {
     const double summaryHeight = (1.0 - page.noteHeightFraction) * usableHeight;
@@ -36,13 +37,16 @@ public:
     void DoGraph();
 
 private:
+    /// Draws the four boxes of the header.
     void DrawHeader();
-    /// A box `drop` points below the header's top, with its caption and the value of its field.
+    /// Draws a box `drop` points below the top of the header, with its caption and the value of its field. The
+    /// value is `valueOffset` points from the left edge of the box.
     void DrawHeaderBox(Span across, double drop, std::string_view caption, Role role, const std::string& value,
                        double valueOffset);
     void DrawBox(double left, double bottom, double right, double top);
-    /// A box that counts from the left and the bottom margin.
+    /// Draws a box whose position is given from the left and the bottom margin.
     void DrawArea(Role role, Span across, Span up);
+    /// Draw the horizontal lines of the note column, and vertical lines at the same distance.
     void DrawRuling(Span across, Span up);
     void DrawColumns(Span across, Span up);
 
@@ -52,7 +56,7 @@ private:
     const double left = page.frame.leftMargin;
     const double bottom = page.frame.bottomMargin;
     double usableWidth;
-    double usableHeight;  ///< less the header, once that is drawn
+    double usableHeight;  ///< without the header, once it has been drawn
 };
 
 void CornellDrawing::DoGraph()
@@ -113,7 +117,7 @@ void CornellDrawing::DrawBox(double boxLeft, double boxBottom, double boxRight, 
     pdf.LineTo(boxRight, boxTop);
     pdf.LineTo(boxRight, boxBottom);
     pdf.LineTo(boxLeft, boxBottom);
-    // Half a line further, so that the corner closes square.
+    // Half a line width further, so that the corner is square.
     pdf.LineTo(boxLeft, boxTop + page.LineThicknessCue / 2.0);
     pdf.Stroke();
 }
@@ -166,7 +170,7 @@ SettingsTable Settings(CornellForm& form)
         Margins(form),
         {boolean(form.CheckBoxViewGraph), boolean(form.CheckBoxTopicArea), text(form.EditName), text(form.EditDate),
          text(form.EditTopic), text(form.EditSubject), text(form.EditTextSize), text(form.EditHorzSpacing),
-         text(form.EditLineThicknessHorz),  // for the second time
+         text(form.EditLineThicknessHorz),  // stored a second time
          boolean(form.CheckGrid), text(form.EditNoteWidth), text(form.EditNoteHeight), boolean(form.CheckCueLeft),
          text(form.EditCueWeight), boolean(form.CheckSummaryBottom), color(form.LineColorCanvas), fileReference(),
          inverseColor(form.BackgroundColorCanvas)},

@@ -6,7 +6,8 @@
 
 namespace linealis {
 
-/// Cornell note paper: a cue column, a ruled note column and a summary box, under a header of four labelled boxes.
+/// The form of Cornell note paper: a cue column, a ruled note column, and a summary box, below a header of four
+/// labeled boxes.
 struct CornellForm final : PaperForm {
     Label StaticText29{*this, Group::Spacing, "StaticText29", "Note Taking Area"};
     TextField EditHorzSpacing{*this,
@@ -148,18 +149,19 @@ struct CornellForm final : PaperForm {
                             .governs = {"text"}}};
     ShiftClickNote note{*this, "StaticText26"};
 
+    /// Also fills in the date of today.
     void Event_Open(const Platform& platform) override;
 };
 
-/// Lengths in points.
+/// The values of a page of note paper. Lengths are in points.
 struct CornellPage {
     PageFrame frame;
-    double LineThicknessHorz = 0.0;  ///< of the ruling
+    double LineThicknessHorz = 0.0;  ///< of the ruled lines
     double LineThicknessCue = 0.0;   ///< of the boxes
     double lineSpace = 0.0;
     double noteWidthFraction = 0.0;   ///< of the usable width, 0 to 1
     double noteHeightFraction = 0.0;  ///< of the usable height, 0 to 1
-    bool drawsGrid = false;           ///< vertical lines in the ruling too
+    bool drawsGrid = false;           ///< whether the note column has vertical lines too
     bool cueIsLeft = true;
     bool summaryIsBottom = true;
     bool hasHeader = true;
@@ -170,6 +172,7 @@ struct CornellPage {
     std::string subject;
 };
 
+// The functions of the kind that MakePaper and PageOf call.
 SettingsTable Settings(CornellForm& form);
 CornellPage Read(const CornellForm& form);
 void Draw(const CornellPage& page, MyPDFGenerator& pdf, Turns& turns);

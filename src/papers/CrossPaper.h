@@ -7,10 +7,10 @@
 
 namespace linealis {
 
-/// A small cross at every crossing of a grid, whose lines are optional.
+/// The form of cross paper: a small cross at every crossing of a grid whose lines are optional.
 struct CrossForm final : PaperForm {
     SpacingFields spacing{*this, ".5", ".5"};
-    // Lengths too, but a change of units leaves their numbers alone.
+    // These are lengths too, but a change of units leaves their numbers unchanged.
     TextField EditCrossHeight{*this,
                               Group::Spacing,
                               "EditCrossHeight",
@@ -63,15 +63,17 @@ struct CrossForm final : PaperForm {
     std::string WhyIdle(const Control& control) const override;
 };
 
+/// The values of a page of cross paper.
 struct CrossPage {
     PageFrame frame;
-    Mark cross;  ///< the whole length of its two bars
+    Mark cross;  ///< the full lengths of its two bars
     CellGrid grid;
     double crossWeight = 0.0;  ///< points
     Color crossColor;
     Color linesColor;
 };
 
+// The functions of the kind that MakePaper and PageOf call.
 SettingsTable Settings(CrossForm& form);
 CrossPage Read(const CrossForm& form);
 void Draw(const CrossPage& page, MyPDFGenerator& pdf, Turns& turns);

@@ -6,6 +6,7 @@ namespace linealis {
 
 namespace {
 
+/// Draws the line families of a pattern in the area between the margins.
 class DiagonalDrawing {
 public:
     DiagonalDrawing(const DiagonalPage& page, const DiagonalPattern& thePattern, MyPDFGenerator& thePdf,
@@ -18,8 +19,8 @@ public:
     void DrawHorizontals();
 
 private:
-    /// Draws at every position from `start` to `limit`, both included. Returns the first position past it. A step
-    /// of 0 or less draws nothing, one too small to move the position ends the family.
+    /// Calls drawAt at every position from `start` to `limit`, both included, and returns the first position
+    /// beyond. Draws nothing if the step is 0 or less, and stops early if it is too small to change the position.
     template <typename DrawAt>
     double Repeat(double start, double limit, double step, DrawAt drawAt);
 
@@ -57,6 +58,7 @@ void DiagonalDrawing::DrawDiagonals(HeightOnRightEdge heightOnRightEdge)
     Repeat(pattern.yStep, area.height, pattern.yAdvance,
            [&](double y) { Clip(area, left, bottom + y, right, (bottom + y) + rise, pdf); });
     pdf.SetRole("grid.falling");
+    // The first falling line that misses the bottom edge meets the right edge; the family continues from there.
     const double x = Repeat(pattern.xStep, area.width, pattern.xAdvance, [&](double position) {
         Clip(area, left + position, bottom, left, bottom + slope * position, pdf);
     });

@@ -6,9 +6,10 @@
 
 namespace linealis {
 
-// What the axonometric and the trapezoid paper share: two families of slanted lines, rising and falling, with
-// verticals and horizontals through their crossings. They differ only in the measures of the pattern.
+// The common parts of axonometric and trapezoid paper: two families of slanted lines, rising and falling, with
+// vertical and horizontal lines through their crossings. The two kinds differ only in the measures of the pattern.
 
+/// The form of both kinds.
 struct DiagonalForm : PaperForm {
     CellSizeFields cell;
     MinorWeightField minor;
@@ -21,7 +22,8 @@ struct DiagonalForm : PaperForm {
     std::string WhyIdle(const Control& control) const override;
 };
 
-/// The pattern's measures, in points; the first line of each family stands at its step.
+/// The measures of the pattern, in points. The first line of each family is one step from the corner of the area,
+/// and the others follow at the distance of the advance.
 struct DiagonalPattern {
     double xStep = 0.0;
     double xAdvance = 0.0;
@@ -30,12 +32,12 @@ struct DiagonalPattern {
     double slope = 0.0;
 };
 
-/// Lengths in points.
+/// The values of a page of either kind. Lengths are in points.
 struct DiagonalPage {
     PageFrame frame;
     double size = 0.0;
     double LineThickness = 0.0;
-    double minorLineThickness = 0.0;  ///< of the frame, the verticals and the horizontals
+    double minorLineThickness = 0.0;  ///< of the frame and the vertical and horizontal lines
     bool drawsFrame = true;
     bool drawsVerticals = true;
     bool drawsHorizontals = true;
@@ -44,10 +46,12 @@ struct DiagonalPage {
 SettingsTable Settings(DiagonalForm& form);
 DiagonalPage ReadDiagonal(const DiagonalForm& form);
 
-/// The height at which a falling line that left the bottom edge `past` points behind the right edge, meets that
-/// edge.
+/// Returns the height, from the bottom of the area, at which a falling line meets the right edge. The line would
+/// cross the bottom edge `past` points beyond the right edge. Each kind has its own formula because existing pages
+/// depend on the last bits.
 using HeightOnRightEdge = double (*)(const DiagonalPattern& pattern, double past);
 
+/// Draws the frame, the slanted lines, and the vertical and horizontal lines, in this order.
 void DrawDiagonal(const DiagonalPage& page, const DiagonalPattern& pattern, HeightOnRightEdge heightOnRightEdge,
                   MyPDFGenerator& pdf, Turns& turns);
 

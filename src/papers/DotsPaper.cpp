@@ -44,7 +44,7 @@ void Draw(const DotsPage& page, MyPDFGenerator& pdf, Turns& turns)
     pdf.SetRGBColor(page.linesColor);
     DrawChosenLines(page.grid, pdf, turns);
     pdf.SetRole("dot");
-    // A line of no length with a round cap prints as a disc as wide as the line.
+    // A line of length 0 with round caps is painted as a disc with the line width as its diameter.
     pdf.SetLineWidth(page.dotWeight);
     pdf.SetLineCap(roundCap);
     pdf.SetRGBColor(page.dotColor);

@@ -7,7 +7,7 @@
 
 namespace linealis {
 
-/// A round dot at every crossing of a grid, whose lines are optional.
+/// The form of dots paper: a round dot at every crossing of a grid whose lines are optional.
 struct DotsForm final : PaperForm {
     SpacingFields spacing{*this, ".5", ".5"};
     TextField EditDotWeight{*this,
@@ -48,14 +48,16 @@ struct DotsForm final : PaperForm {
     std::string WhyIdle(const Control& control) const override;
 };
 
+/// The values of a page of dots paper.
 struct DotsPage {
     PageFrame frame;
     CellGrid grid;
-    double dotWeight = 0.0;  ///< points; the diameter of a dot
+    double dotWeight = 0.0;  ///< the diameter of a dot in points
     Color dotColor;
     Color linesColor;
 };
 
+// The functions of the kind that MakePaper and PageOf call.
 SettingsTable Settings(DotsForm& form);
 DotsPage Read(const DotsForm& form);
 void Draw(const DotsPage& page, MyPDFGenerator& pdf, Turns& turns);

@@ -7,7 +7,7 @@ namespace linealis {
 
 namespace {
 
-// The lines that fit, whole, with those that are left out.
+// The number of lines that fit, a whole number, including those that are left out.
 double LinesAcross(const EngineeringPage& page)
 {
     return static_cast<double>(LinesThatFit(page.frame.UsableWidth(), page.columnSpace));

@@ -6,8 +6,8 @@
 
 namespace linealis {
 
-/// Engineering pad paper: a grid given in lines per unit, laid from the left and bottom margins, with a band free
-/// of horizontal lines at the top and one free of vertical lines at the left.
+/// The form of engineering pad paper: a grid, given in lines per unit and starting at the left and bottom margins.
+/// A band at the top has no horizontal lines, and a band at the left has no vertical lines.
 struct EngineeringForm final : PaperForm {
     TextField EditHorzSpacing{
         *this,
@@ -84,17 +84,18 @@ struct EngineeringForm final : PaperForm {
     ShiftClickNote note{*this, "StaticText29"};
 };
 
-/// Lengths in points.
+/// The values of a page of engineering paper. Lengths are in points.
 struct EngineeringPage {
     PageFrame frame;
     double LineThicknessHorz = 0.0;  ///< of the horizontal lines
     double LineThicknessVert = 0.0;  ///< of the vertical lines
     double columnSpace = 0.0;
     double rowSpace = 0.0;
-    double blankTop = 0.0;   ///< lines left out, whole; negative: lines added
+    double blankTop = 0.0;   ///< the lines left out, whole; negative: the lines added
     double blankLeft = 0.0;  ///< likewise
 };
 
+// The functions of the kind that MakePaper and PageOf call.
 SettingsTable Settings(EngineeringForm& form);
 EngineeringPage Read(const EngineeringForm& form);
 void Draw(const EngineeringPage& page, MyPDFGenerator& pdf, Turns& turns);

@@ -7,7 +7,7 @@
 
 namespace linealis {
 
-/// A grid of horizontal and vertical lines.
+/// The form of grid paper: horizontal and vertical lines.
 struct GridForm final : PaperForm {
     SpacingFields spacing{*this, ".25", ".25"};
     LineFields lines{*this, spacing, true};
@@ -30,12 +30,14 @@ struct GridForm final : PaperForm {
     std::string WhyIdle(const Control& control) const override;
 };
 
+/// The values of a page of grid paper.
 struct GridPage {
     PageFrame frame;
     CellGrid grid;
     Color linesColor;
 };
 
+// The functions of the kind that MakePaper and PageOf call.
 SettingsTable Settings(GridForm& form);
 GridPage Read(const GridForm& form);
 void Draw(const GridPage& page, MyPDFGenerator& pdf, Turns& turns);

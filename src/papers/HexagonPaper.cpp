@@ -9,6 +9,8 @@ namespace linealis {
 
 namespace {
 
+/// Draws a page of hexagon paper. Fits the whole columns and rows first, and then draws every other column of
+/// hexagons. The columns between them result from the joining lines.
 class HexagonDrawing {
 public:
     HexagonDrawing(const HexagonPage& thePage, MyPDFGenerator& thePdf, Turns& theTurns)
@@ -18,20 +20,25 @@ public:
     void DoGraph();
 
 private:
+    /// Both shrink the area to whole columns or rows and center it. A column is 1.5 sides wide, after a first one
+    /// of 2 sides.
     void FitAcross();
     void FitUp();
     void DrawHexagons();
+    /// Draws one hexagon; (x, y) is the left end of its bottom side.
     void DrawHexagon(double x, double y);
+    /// Draws the horizontal lines that connect the hexagons of a row.
     void DrawJoiningLines();
     void ClipToGrid(double x1, double y1, double x2, double y2);
-    /// Calls draw(column, height of the row above the grid's bottom) for every cell, row by row from the bottom.
+    /// Calls drawCell(column, yOff) for every cell, row by row from the bottom. yOff is the height of the row above
+    /// the bottom of the grid.
     template <typename DrawCell>
     void ForEachCell(DrawCell drawCell);
 
     const HexagonPage& page;
     MyPDFGenerator& pdf;
     Turns& turns;
-    Area area;  ///< the room between the margins, and once it is fitted, the grid
+    Area area;  ///< the area between the margins; after fitting, the grid
     const double side = page.side;
     const double cellHeight = page.cellHeight;
     double numAcross = 0.0;       ///< whole
@@ -40,7 +47,7 @@ private:
 
 void HexagonDrawing::DoGraph()
 {
-    const bool canFit = side > 0.0;  // a size of 0 or less has nothing to fit
+    const bool canFit = side > 0.0;  // a size of 0 or less draws no pattern
     if (canFit) {
         FitAcross();
         FitUp();
@@ -103,7 +110,7 @@ void HexagonDrawing::ForEachCell(DrawCell drawCell)
 void HexagonDrawing::DrawHexagons()
 {
     ForEachCell([this](double column, double yOff) {
-        // A column here is two of the fitting, so the later ones lie outside and draw nothing.
+        // A column here is two columns of FitAcross, so the last ones are outside the grid and draw nothing.
         const double x = (side / 2.0 + column * page.doubleSide) + side * column;
         if (area.width >= x) {
             DrawHexagon(area.left + x, area.bottom + yOff);

@@ -6,8 +6,8 @@
 
 namespace linealis {
 
-/// A honeycomb with flat sides at the top and bottom of its cells, of whole rows and columns, centered on the page.
-/// The cell size is the side of a hexagon.
+/// The form of hexagon paper: hexagons with flat sides at the top and the bottom, in whole rows and columns that
+/// are centered between the margins. The cell size is the side of a hexagon.
 struct HexagonForm final : PaperForm {
     CellSizeFields cell{*this, "line-weight-of-the-hexagons", ".3", "hexagons", {"cell"}};
     MinorWeightField minor{*this, "minor-line-weight-of-the-frame", "frame", {"frame"}};
@@ -16,7 +16,7 @@ struct HexagonForm final : PaperForm {
     std::string WhyIdle(const Control& control) const override;
 };
 
-/// Lengths in points.
+/// The values of a page of hexagon paper. Lengths are in points.
 struct HexagonPage {
     PageFrame frame;
     double side = 0.0;
@@ -27,6 +27,7 @@ struct HexagonPage {
     bool drawsFrame = true;
 };
 
+// The functions of the kind that MakePaper and PageOf call.
 SettingsTable Settings(HexagonForm& form);
 HexagonPage Read(const HexagonForm& form);
 void Draw(const HexagonPage& page, MyPDFGenerator& pdf, Turns& turns);

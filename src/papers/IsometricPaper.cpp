@@ -10,7 +10,8 @@ namespace {
 
 constexpr Role verticalRole = "grid.vertical", risingRole = "grid.rising", fallingRole = "grid.falling";
 
-// The slope of 30 degrees stands as cosine and sine, never as a tangent, which would differ in the last bit.
+// Draws a page of isometric paper. The slope of 30 degrees is computed from cosine and sine, never from a tangent,
+// which would differ in the last bit. Every loop ends if the size is too small to move the position.
 class IsometricDrawing {
 public:
     IsometricDrawing(const IsometricPage& page, MyPDFGenerator& thePdf, Turns& theTurns)
@@ -22,10 +23,12 @@ public:
     void DrawFallingFromLeftAndTopEdge();
 
 private:
-    /// A line of the pattern, in points from the lower left corner of the usable area.
+    /// Draws a line of the pattern. Coordinates are in points from the lower left corner of the usable area.
     void DrawLine(Role role, double x1, double y1, double x2, double y2);
-    /// Both return the height at which the last line, if there was one, has reached the right edge.
+    /// Draws the falling lines that start at the left edge. Returns the height at which the last one ends at the
+    /// right edge; 0 if it ends at the bottom edge or there is none.
     double DrawFallingFromLeftEdge();
+    /// Draws the falling lines from the top edge to the right edge, which they meet at the height `y` and above.
     void DrawFallingFromTopEdge(double y);
 
     double size;
@@ -48,7 +51,7 @@ void IsometricDrawing::DrawFromBottomEdge()
     const double step = cosine30 * size;
     double x = 0.0;
     while (usableWidth > x) {
-        // Not limited at the top: on a paper much wider than high it ends above the usable area.
+        // Not limited at the top: on a page that is much wider than high, the line ends above the usable area.
         DrawLine(risingRole, x, 0.0, usableWidth, ((usableWidth - x) * sine30) / cosine30);
         DrawLine(verticalRole, x, 0.0, x, usableHeight);
         if (!Advances(x, step)) {
@@ -82,7 +85,7 @@ void IsometricDrawing::DrawRisingFromLeftEdge()
 
 void IsometricDrawing::DrawFallingFromLeftAndTopEdge()
 {
-    // The same family goes on from the top edge, at the same spacing along the right edge.
+    // The family continues from the top edge with the same spacing along the right edge.
     DrawFallingFromTopEdge(DrawFallingFromLeftEdge() + size);
 }
 

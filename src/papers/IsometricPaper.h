@@ -6,21 +6,22 @@
 
 namespace linealis {
 
-/// Verticals and two families of lines that rise and fall at 30 degrees: a triangular grid for isometric views.
+/// The form of isometric paper: a triangular grid of vertical lines and of lines that rise and fall at 30 degrees.
 struct IsometricForm final : PaperForm {
     CellSizeFields cell{
         *this, "line-weight-of-the-pattern-and-its-frame", ".15", "pattern and its frame", {"frame", "grid"}};
     CellFrameFields outline{*this};
 };
 
-/// Lengths in points.
+/// The values of a page of isometric paper. Lengths are in points.
 struct IsometricPage {
     PageFrame frame;
-    double size = 0.0;  ///< along a vertical, between two lines of a slanted family
+    double size = 0.0;  ///< the distance of two parallel slanted lines, measured along a vertical line
     double LineThickness = 0.0;
     bool drawsFrame = true;
 };
 
+// The functions of the kind that MakePaper and PageOf call.
 SettingsTable Settings(IsometricForm& form);
 IsometricPage Read(const IsometricForm& form);
 void Draw(const IsometricPage& page, MyPDFGenerator& pdf, Turns& turns);

@@ -7,7 +7,7 @@ namespace linealis {
 
 namespace {
 
-/// The lines that fit, whole, with those that are left out at the top.
+/// Returns the number of lines that fit, a whole number, including those that are left out at the top.
 double LinesUp(const LinedPage& page)
 {
     return static_cast<double>(LinesThatFit(page.frame.UsableHeight(), page.lineSpace));
@@ -36,7 +36,7 @@ LinedPage Read(const LinedForm& form)
     page.LineThicknessVert = form.EditLineThicknessVert.Used();
     page.lineSpace = page.frame.unitPixels / form.EditHorzSpacing.Used();
     page.blankTop = form.EditBlankTop.Used();
-    // A whole number of units, and of points as well.
+    // The field is a whole number of units, and the result is truncated to whole points as well.
     page.offset = static_cast<double>(truncated(form.EditBlankLeft.Used() * page.frame.unitPixels));
     page.drawsVertical = form.CheckBoxDrawVertical.Value();
     return page;

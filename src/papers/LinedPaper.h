@@ -6,7 +6,7 @@
 
 namespace linealis {
 
-/// Ruled writing paper: horizontal lines from the bottom margin upwards, and a vertical rule.
+/// The form of lined paper: horizontal lines from the bottom margin upward, and a vertical rule.
 struct LinedForm final : PaperForm {
     TextField EditHorzSpacing{
         *this,
@@ -83,18 +83,19 @@ struct LinedForm final : PaperForm {
     ShiftClickNote note{*this, "StaticText26"};
 };
 
-/// Lengths in points. Each weight belongs to the other row of the form: existing forms and settings files have it
-/// so.
+/// The values of a page of lined paper. Lengths are in points. Each weight is in the row of the other lines on the
+/// form: existing forms and settings files depend on it.
 struct LinedPage {
     PageFrame frame;
     double LineThicknessHorz = 0.0;  ///< of the vertical rule
     double LineThicknessVert = 0.0;  ///< of the ruled lines
     double lineSpace = 0.0;
-    double blankTop = 0.0;       ///< lines left out at the top, whole; negative: lines added
-    double offset = 0.0;         ///< of the vertical rule from the left margin, whole
+    double blankTop = 0.0;       ///< the lines left out at the top, whole; negative: the lines added
+    double offset = 0.0;         ///< from the left margin to the vertical rule, whole
     bool drawsVertical = false;  ///< whether there is a vertical rule
 };
 
+// The functions of the kind that MakePaper and PageOf call.
 SettingsTable Settings(LinedForm& form);
 LinedPage Read(const LinedForm& form);
 void Draw(const LinedPage& page, MyPDFGenerator& pdf, Turns& turns);

@@ -10,8 +10,8 @@ namespace linealis {
 
 namespace {
 
-constexpr double roomForLabels = 36.0;  // points, taken off at the right and at the top
-constexpr double labelGap = 3.0;        // points between the outer circle and its labels
+constexpr double roomForLabels = 36.0;  // points; reserved at the right and at the top
+constexpr double labelGap = 3.0;        // points; between the outer circle and the labels
 
 double UsableWidth(const PolarPage& page)
 {
@@ -30,6 +30,7 @@ double OuterRadius(const PolarPage& page)
     return (usableWidth > usableHeight ? usableHeight : usableWidth) / 2.0;
 }
 
+/// Draws a page of polar paper. Angles are in radians, counterclockwise from the direction to the right.
 class PolarDrawing {
 public:
     PolarDrawing(const PolarPage& thePage, MyPDFGenerator& thePdf, Turns& theTurns)
@@ -42,8 +43,10 @@ public:
     void DrawTitle();
 
 private:
+    /// Draws a spoke from a distance to the center to the outer circle.
     void DrawSpoke(double angle, double fromRadius);
     void DrawLabel(const std::string& text, double angle);
+    /// Returns the label of a spoke, which is counted from 0.
     std::string LabelOf(double spoke, double angle) const;
     std::string RadiansOf(double spoke) const;
 
@@ -109,7 +112,7 @@ std::string PolarDrawing::LabelOf(double spoke, double angle) const
     }
 }
 
-/// As a fraction of pi that is not reduced.
+/// Returns the angle of a spoke as a fraction of pi that is not reduced.
 std::string PolarDrawing::RadiansOf(double spoke) const
 {
     if (spoke == 0.0) {

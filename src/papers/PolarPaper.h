@@ -7,7 +7,8 @@
 
 namespace linealis {
 
-/// Circles about a center, crossed by major spokes with labels at their ends and by minor spokes, with a title.
+/// The form of polar paper: circles around a center, crossed by major spokes with labels at their ends and by minor
+/// spokes, and a title.
 struct PolarForm final : PaperForm {
     TextField EditNumCircles{*this,
                              Group::Spacing,
@@ -123,31 +124,32 @@ struct PolarForm final : PaperForm {
     std::string WhyIdle(const Control& control) const override;
 };
 
-/// What stands at the end of a spoke, by the list index of RadioButton1.
+/// The label at the end of a spoke, by the list index of RadioButton1.
 enum class SpokeLabels { none, degrees, radians, startAt0, startAt1 };
 
-/// Lengths in points.
+/// The values of a page of polar paper. Lengths are in points.
 struct PolarPage {
     PageFrame frame;
     std::int64_t numCircles = 1;
     std::int64_t numSpokes = 0;
     std::int64_t numMinor = 0;
-    std::int64_t minorStart = 0;  ///< the circle at which the minor spokes start
+    std::int64_t minorStart = 0;  ///< the circle where the minor spokes start; 0 is the center
     double LineThickness = 0.0;
     double minorLineThickness = 0.0;  ///< of the minor spokes
     Color lineColor;
     Color textColor;
     SpokeLabels labels = SpokeLabels::none;
-    std::int64_t labelEvery = 1;  ///< every how many spokes a label stands
+    std::int64_t labelEvery = 1;  ///< the number of spokes from one label to the next
     std::int64_t font = 0;
     std::int64_t labelSize = 0;
     std::string title;
     double titleSize = 0.0;
     bool titleIsCentred = false;
     double titleX = 0.0;  ///< from the left edge of the page
-    double titleY = 0.0;  ///< downwards
+    double titleY = 0.0;  ///< downward
 };
 
+// The functions of the kind that MakePaper and PageOf call.
 SettingsTable Settings(PolarForm& form);
 PolarPage Read(const PolarForm& form);
 void Draw(const PolarPage& page, MyPDFGenerator& pdf, Turns& turns);

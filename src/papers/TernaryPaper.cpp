@@ -12,9 +12,9 @@ namespace linealis {
 namespace {
 
 constexpr std::int64_t numberSize = 10;  // points
-constexpr double fullChannel = 255.0;    // for white, although a channel goes to 1: existing pages have it so
+constexpr double fullChannel = 255.0;    // white, although channels end at 1: existing pages depend on it
 
-/// As long as the room allows.
+/// Returns the longest side of a triangle that fits between the margins.
 double Side(const PageFrame& frame)
 {
     const double usableWidth = frame.UsableWidth();
@@ -22,6 +22,7 @@ double Side(const PageFrame& frame)
     return usableHeight / cosine30 > usableWidth ? usableWidth : usableHeight / cosine30;
 }
 
+/// Draws a page of ternary paper. Divisions count from the left end of the bottom side, or from the bottom upward.
 class TernaryDrawing {
 public:
     TernaryDrawing(const TernaryPage& thePage, MyPDFGenerator& thePdf, Turns& theTurns)
@@ -37,14 +38,17 @@ public:
 private:
     void DrawMinorLinesOf(double i);
     void DrawNumberOnHorizontal(double i);
+    /// Draws a number near `place`, on a white box that hides the line below it. Angles are in degrees; `offset`
+    /// moves the text from `place`.
     void DrawNumberOnSlant(Point place, const std::string& text, double boxAngle, double textAngle, Point offset);
+    /// Shows a text at (x, y), rotated by an angle in degrees.
     void ShowTurned(const std::string& text, double angle, double x, double y);
 
-    /// How far along a side, in points, the division `i` stands.
+    /// Returns the distance of division `i` from the start of a side, in points.
     double Along(double i) const { return (i * side) / divisions; }
-    /// How high above the bottom side the division `i` stands.
+    /// Returns the height of division `i` above the bottom side, in points.
     double Up(double i) const { return ((i * cosine30) * side) / divisions; }
-    /// The number at the division `k` of an axis.
+    /// Returns the number at division `k` of an axis.
     std::string NumberAt(double k) const { return Str((k / divisions) * page.axisMaximum); }
     double WidthOf(const std::string& text) const { return MyPDFGenerator::StringWidth(text, font, numberSize); }
 
@@ -73,7 +77,7 @@ void TernaryDrawing::DrawTriangle()
     pdf.LineTo(centerX, topY);
     pdf.LineTo(rightX, bottomY);
     pdf.LineTo(leftX, bottomY);
-    pdf.LineTo(centerX, topY);  // once more over the first side, so that the corner closes
+    pdf.LineTo(centerX, topY);  // repeats the first side, so that the corner is joined
     pdf.Stroke();
 }
 
@@ -163,7 +167,7 @@ void TernaryDrawing::ShowTurned(const std::string& text, double angle, double x,
 void TernaryDrawing::DrawNumbersOnSides()
 {
     if (divisions == 0.0) {
-        return;  // neither the numbers nor their places are any
+        return;  // neither the numbers nor their positions are defined
     }
     pdf.SetRole("number");
     for (double i = 0.0; i <= divisions; i += 1.0) {

@@ -7,7 +7,8 @@
 
 namespace linealis {
 
-/// An equilateral triangle, divided by lines parallel to its sides, with numbers along the sides or inside.
+/// The form of ternary paper: an equilateral triangle, divided by lines parallel to its sides, with numbers along
+/// the sides or inside.
 struct TernaryForm final : PaperForm {
     TextField EditMajorDivisions{*this,
                                  Group::Spacing,
@@ -57,7 +58,7 @@ struct TernaryForm final : PaperForm {
         "Minor Line Weight:",
         ".05",
         {.beside = true, .meaning = Meaning::Weight, .sets = "minor divisions", .governs = {"grid.minor"}}};
-    /// Nothing reads it: the triangle is always drawn.
+    /// Has no effect: the triangle is always drawn.
     CheckBox CheckBoxFrame{*this, Group::Lines, "CheckBoxFrame", "draw-frame", "Draw Frame", true};
     Swatch LineColorCanvas{*this,
                            Group::Lines,
@@ -83,10 +84,10 @@ private:
     void PopupScaling_Change();
 };
 
-/// Where the numbers stand, by the list index of PopupScaling.
+/// The place of the numbers, by the list index of PopupScaling.
 enum class TernaryNumbers { none, onSides, inside };
 
-/// Lengths in points.
+/// The values of a page of ternary paper. Lengths are in points.
 struct TernaryPage {
     PageFrame frame;
     double LineThickness = 0.0;
@@ -99,6 +100,7 @@ struct TernaryPage {
     bool flip = false;
 };
 
+// The functions of the kind that MakePaper and PageOf call.
 SettingsTable Settings(TernaryForm& form);
 TernaryPage Read(const TernaryForm& form);
 void Draw(const TernaryPage& page, MyPDFGenerator& pdf, Turns& turns);

@@ -9,6 +9,7 @@ namespace {
 
 double HeightWhereFallingLineEnters(const DiagonalPattern& /*pattern*/, double past)
 {
+    // The height is the tangent of 60 degrees times the distance.
     return (past / sine30) * cosine30;
 }
 

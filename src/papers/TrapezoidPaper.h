@@ -6,11 +6,13 @@
 
 namespace linealis {
 
-/// Lines at 60 degrees. The cell size stands between two lines of a family on the bottom edge.
+/// The form of trapezoid paper: lines at 60 degrees. The cell size is the distance of two parallel lines along the
+/// bottom edge.
 struct TrapezoidForm final : DiagonalForm {};
 
 struct TrapezoidPage : DiagonalPage {};
 
+// The functions of the kind that MakePaper and PageOf call. Settings takes the DiagonalForm.
 TrapezoidPage Read(const TrapezoidForm& form);
 void Draw(const TrapezoidPage& page, MyPDFGenerator& pdf, Turns& turns);
 std::string Describe(const TrapezoidPage& page);
