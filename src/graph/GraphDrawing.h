@@ -103,8 +103,8 @@ private:
     double majorCount;
 };
 
-/// Maps the values of a hydraulic axis to their distance from its beginning: a value raised to the exponent of the
-/// axis is proportional to its position.
+/// Maps the values of a hydraulic axis to their distance from its beginning. The distance is linear in the value
+/// raised to the exponent of the axis.
 class HydraulicScale {
 public:
     /// The axis is `usable` points long from its minimum to its maximum.

@@ -56,7 +56,7 @@ struct Area {
 /// Returns the area between the margins.
 Area UsableArea(const PageFrame& frame);
 
-/// Draws the outline of the area as four lines.
+/// Draws the outline of the area as four lines, with the current width and color.
 void DrawFrame(const Area& area, MyPDFGenerator& pdf);
 
 /// Draws the part of the line that is inside the area.

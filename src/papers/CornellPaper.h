@@ -149,7 +149,7 @@ struct CornellForm final : PaperForm {
                             .governs = {"text"}}};
     ShiftClickNote note{*this, "StaticText26"};
 
-    /// Also fills in the date of today.
+    /// Also fills in the date, in the format of the platform.
     void Event_Open(const Platform& platform) override;
 };
 

@@ -29,6 +29,7 @@ struct DiagonalPattern {
     double xAdvance = 0.0;
     double yStep = 0.0;
     double yAdvance = 0.0;
+    /// The rise of the lines per point across.
     double slope = 0.0;
 };
 
@@ -47,8 +48,8 @@ SettingsTable Settings(DiagonalForm& form);
 DiagonalPage ReadDiagonal(const DiagonalForm& form);
 
 /// Returns the height, from the bottom of the area, at which a falling line meets the right edge. The line would
-/// cross the bottom edge `past` points beyond the right edge. Each kind has its own formula because existing pages
-/// depend on the last bits.
+/// cross the bottom edge `past` points beyond the right edge. Each kind computes it in its own way, which decides
+/// the last bits.
 using HeightOnRightEdge = double (*)(const DiagonalPattern& pattern, double past);
 
 /// Draws the frame, the slanted lines, and the vertical and horizontal lines, in this order.

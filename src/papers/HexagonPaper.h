@@ -21,6 +21,7 @@ struct HexagonPage {
     PageFrame frame;
     double side = 0.0;
     double doubleSide = 0.0;
+    /// The height of a hexagon from flat to flat: sqrt(3) sides.
     double cellHeight = 0.0;
     double LineThickness = 0.0;
     double minorLineThickness = 0.0;  ///< of the frame

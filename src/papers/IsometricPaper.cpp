@@ -18,6 +18,8 @@ public:
         : size(page.size), area(UsableArea(page.frame)), pdf(thePdf), turns(theTurns)
     {}
 
+    /// Draws the vertical lines, and the rising lines that start at the bottom edge, one at every other vertical
+    /// line.
     void DrawFromBottomEdge();
     void DrawRisingFromLeftEdge();
     void DrawFallingFromLeftAndTopEdge();

@@ -16,7 +16,7 @@ struct IsometricForm final : PaperForm {
 /// The values of a page of isometric paper. Lengths are in points.
 struct IsometricPage {
     PageFrame frame;
-    double size = 0.0;  ///< the distance of two parallel slanted lines, measured along a vertical line
+    double size = 0.0;  ///< the distance between parallel slanted lines, along a vertical line
     double LineThickness = 0.0;
     bool drawsFrame = true;
 };

@@ -23,6 +23,7 @@ double UsableHeight(const PolarPage& page)
     return page.frame.UsableHeight() - roomForLabels;
 }
 
+/// Returns the radius of the largest circle that leaves room for the labels.
 double OuterRadius(const PolarPage& page)
 {
     const double usableWidth = UsableWidth(page);
@@ -43,7 +44,7 @@ public:
     void DrawTitle();
 
 private:
-    /// Draws a spoke from a distance to the center to the outer circle.
+    /// Draws a spoke from `fromRadius` points outside the center to the outer circle.
     void DrawSpoke(double angle, double fromRadius);
     void DrawLabel(const std::string& text, double angle);
     /// Returns the label of a spoke, which is counted from 0.
@@ -81,6 +82,7 @@ void PolarDrawing::DrawSpoke(double angle, double fromRadius)
 void PolarDrawing::DrawSpokes()
 {
     const double step = (2.0 * pi) / static_cast<double>(page.numSpokes);
+    // The first spoke gets a label.
     std::int64_t labelCount = page.labelEvery;
     double a = 0.0;
     for (std::int64_t i = 0; i < page.numSpokes; ++i) {

@@ -81,6 +81,7 @@ void TernaryDrawing::DrawTriangle()
     pdf.Stroke();
 }
 
+/// Draws one line of each direction per division.
 void TernaryDrawing::DrawMajorLines()
 {
     pdf.SetRole("grid.major");
@@ -103,6 +104,7 @@ void TernaryDrawing::DrawMinorLines()
     }
 }
 
+/// Draws the lines of all three directions between division `i` and the next one.
 void TernaryDrawing::DrawMinorLinesOf(double i)
 {
     const double minorSide = (side / divisions) / page.minorDivisions;

@@ -81,6 +81,7 @@ struct TernaryForm final : PaperForm {
     std::string WhyIdle(const Control& control) const override;
 
 private:
+    /// Enables the controls that apply to the selected scaling.
     void PopupScaling_Change();
 };
 

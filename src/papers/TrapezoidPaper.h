@@ -6,7 +6,7 @@
 
 namespace linealis {
 
-/// The form of trapezoid paper: lines at 60 degrees. The cell size is the distance of two parallel lines along the
+/// The form of trapezoid paper: lines at 60 degrees. The cell size is the distance between parallel lines along the
 /// bottom edge.
 struct TrapezoidForm final : DiagonalForm {};
 
