@@ -47,6 +47,8 @@ void ActionOptions::AddTo(CLI::App& theCommand, const std::function<bool(std::st
 std::vector<Action> ActionOptions::InOrder() const
 {
     std::vector<Action> actions;
+    // An option that is given several times appears as often in the parse order, and its values are in that order
+    // too.
     std::map<const CLI::Option*, std::size_t> taken;
     for (const CLI::Option* const option : command->parse_order()) {
         if (const auto kind = kinds.find(option); kind != kinds.end()) {

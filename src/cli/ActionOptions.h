@@ -11,11 +11,13 @@
 
 namespace linealis::cli {
 
-/// The options that are actions, and what they were given, in the order of the command line.
+/// Adds the options that are actions to a command and collects what the user gave for them. The parser groups
+/// values by option; this class restores the order of the command line, which matters for actions.
 class ActionOptions {
 public:
-    /// Only those of which `isWanted` is true.
+    /// Adds the action options whose name `isWanted` accepts. Call once, before parsing.
     void AddTo(CLI::App& theCommand, const std::function<bool(std::string_view names)>& isWanted);
+    /// Returns the given actions in the order of the command line. Call after parsing.
     std::vector<Action> InOrder() const;
 
 private:

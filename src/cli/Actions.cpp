@@ -11,7 +11,7 @@ namespace linealis::cli {
 
 namespace {
 
-/// The argument must outlive what is returned.
+/// Splits CONTROL=VALUE at the first "=". The result points into `argument`. Throws UsageError if there is no "=".
 Setting Split(std::string_view option, std::string_view argument)
 {
     const std::size_t equals = argument.find('=');
@@ -21,7 +21,7 @@ Setting Split(std::string_view option, std::string_view argument)
     return {argument.substr(0, equals), argument.substr(equals + 1)};
 }
 
-/// Only kinds that can do what the option asks for go with it.
+/// Throws UsageError unless the kind supports the option.
 void CheckAbility(std::string_view option, const PaperKind& kind, bool able)
 {
     if (!able) {
@@ -29,6 +29,7 @@ void CheckAbility(std::string_view option, const PaperKind& kind, bool able)
     }
 }
 
+/// Adds a warning for each text field of the wizard that has a remark, such as a text that is not a number.
 void WarnOfWizard(const Form& wizard, PageWarnings& warnings)
 {
     for (const Control* const control : wizard.Controls()) {
@@ -41,6 +42,7 @@ void WarnOfWizard(const Form& wizard, PageWarnings& warnings)
     }
 }
 
+/// Adds a warning for each named control that has no effect on the page. All names must exist.
 void WarnOfIdle(const PaperForm& form, const std::vector<std::string_view>& given, PageWarnings& warnings)
 {
     for (const std::string_view name : given) {
@@ -72,7 +74,7 @@ PageWarnings DoInOrder(const std::vector<Action>& actions, const PaperKind& kind
         case Action::Kind::Markers:
             CheckAbility("--markers", kind, kind.hasMarkers);
             platform.openAnswer = FolderItem(action.argument);
-            if (!platform.openAnswer.Exists()) {  // the page is made all the same, without markers
+            if (!platform.openAnswer.Exists()) {  // not an error: the page is made without markers
                 Complain(action.argument + ": no such file, so no markers are drawn");
             }
             break;
@@ -88,6 +90,7 @@ PageWarnings DoInOrder(const std::vector<Action>& actions, const PaperKind& kind
         WarnOfWizard(window.GetWizard()->Fields(), warnings);
         window.GetWizard()->PushButton1_Action();
     }
+    // Only now: a later action can give an effect to a control that had none when it was set.
     WarnOfIdle(window.form, given, warnings);
     return warnings;
 }

@@ -8,24 +8,25 @@
 
 namespace linealis::cli {
 
-/// One thing that the user does to a form before it is shown, saved or made into a page.
+/// One thing that the user does to a form before it is shown, saved, or made into a page.
 struct Action {
     enum class Kind { Set, Type, Load, Markers, Wizard };
 
     Kind kind;
-    std::string argument;  ///< CONTROL=VALUE, CONTROL=TEXT or a file name
+    std::string argument;  ///< CONTROL=VALUE for Set, CONTROL=TEXT for Type and Wizard, otherwise a file name
 };
 
-/// Does them in order; then presses OK in the wizard if one of them was for it. Throws UsageError or WorkError at
-/// the first that cannot be done. Returns what the page will not show: a control that has no effect on it, a text
-/// of the wizard that is no number.
+/// Performs the actions in order. If any of them fills in the wizard, then presses its OK after all other actions.
+/// Throws UsageError or WorkError at the first action that fails; earlier actions stay in effect. Returns warnings
+/// about what the page will not show: controls that have no effect on it, and texts of the wizard that are not
+/// numbers.
 PageWarnings Apply(const std::vector<Action>& actions, const PaperKind& kind, PaperWindow& window,
                    ScreenlessPlatform& platform);
 
-/// Adds that the control has no effect on the page, and why, if it has none.
+/// Adds a warning with the reason if the control has no effect on the page.
 void WarnIfIdle(const PaperForm& form, const Control& control, PageWarnings& warnings);
 
-/// Loads a settings file into the form. Throws WorkError.
+/// Loads a settings file into the form. Throws WorkError if the file cannot be read.
 void Load(const std::string& fileName, PaperWindow& window);
 
 }  // namespace linealis::cli

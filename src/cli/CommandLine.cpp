@@ -14,6 +14,7 @@ namespace linealis::cli {
 
 namespace {
 
+// Exit statuses of commands that did their work. Main.cpp has those of failures.
 constexpr int done = 0;
 constexpr int different = 1;
 constexpr int found = 1;
@@ -23,6 +24,7 @@ constexpr std::size_t mostPages = 10000;
 constexpr std::size_t mostPagesUp = 4;
 constexpr double mostDotsPerInch = 9600.0;
 
+// The source count of a command that takes any number of sources.
 constexpr int anyNumber = -1;
 
 const char* const exitsOfAll =
@@ -30,7 +32,7 @@ const char* const exitsOfAll =
     "trouble.\n"
     "'linealis-cli help COMMAND' shows the options of a command.\n";
 
-/// CLI11's range takes "nan" for a number in it.
+/// Rejects "nan", which CLI11's range check accepts because it compares false with both bounds.
 CLI::Validator IsNumber()
 {
     return {[](const std::string& text) {
@@ -41,7 +43,8 @@ CLI::Validator IsNumber()
             ""};
 }
 
-/// What CLI11 says of a wrong command line, or what is possible where it only says what is wrong.
+/// Returns the error for a command line that CLI11 rejected. For an unknown option, CLI11 only reports the word;
+/// this adds the options that the command has, nearest first.
 UsageError Explain(const CLI::App& app, const CLI::ParseError& error)
 {
     const std::vector<CLI::App*> chosen = app.get_subcommands();
@@ -98,7 +101,7 @@ const std::vector<CommandLine::Command>& CommandLine::Commands()
     return commands;
 }
 
-/// Throws UsageError if there is none.
+/// Throws UsageError if there is no such command.
 const CommandLine::Command& CommandLine::CommandNamed(const std::string& name)
 {
     std::vector<std::string> possible;
@@ -111,7 +114,8 @@ const CommandLine::Command& CommandLine::CommandNamed(const std::string& name)
     throw Unknown("command", name, possible);
 }
 
-/// Of the first word that is no option; null if there is none. Throws UsageError if it is no command.
+/// Returns the command that the first word without a leading dash names, or null if all words are options. Throws
+/// UsageError if that word names no command.
 const CommandLine::Command* CommandLine::FindCommand(const std::vector<std::string>& words)
 {
     const auto word =
@@ -136,12 +140,13 @@ int CommandLine::Run(int argc, char** argv)
     }
     try {
         return ParseAndRun(called, argc, argv);
-    } catch (const CLI::ParseError&) {  // is explained with all options
+    } catch (const CLI::ParseError&) {  // parse again with all options, for a complete help or message
         return CommandLine(padWork).ParseAndRun(called, argc, argv);
     }
 }
 
-/// Throws CLI::ParseError instead of explaining it if only the options that were given are there.
+/// If only the given options were added, throws CLI::ParseError, so that the caller can repeat the parse with all
+/// options. Otherwise reports the error as UsageError, or prints the help or version asked for.
 int CommandLine::ParseAndRun(const Command* called, int argc, char** argv)
 {
     if (called != nullptr) {
@@ -158,13 +163,14 @@ int CommandLine::ParseAndRun(const Command* called, int argc, char** argv)
         if (error.get_exit_code() != done) {
             throw Explain(app, error);
         }
-        app.exit(error);  // prints the help or the version that was asked for
+        app.exit(error);  // prints the help or the version
         return done;
     }
     return (this->*called->run)();
 }
 
-/// Whether one of the names, such as "-o,--output", stands among the words that were given.
+/// Whether one of the names, such as "-o,--output", begins a word of the command line: "-oFILE" and "--output=FILE"
+/// count too. A false hit only adds an option that is not used.
 bool CommandLine::IsWanted(std::string_view names) const
 {
     if (!given) {
@@ -220,7 +226,7 @@ CLI::App& CommandLine::Described()
     return app;
 }
 
-/// A number from 1 on.
+/// Adds an option that takes a number from 1 to `most`.
 template <typename Number>
 void CommandLine::AddNumber(CLI::App& command, const char* names, Number& value, Number most, const char* help)
 {
@@ -234,7 +240,7 @@ void CommandLine::AddKindsOptions(CLI::App& command)
     AddJsonFlag(command);
 }
 
-int CommandLine::RunKinds()  // NOLINT(readability-make-member-function-const): stands in the table with the others
+int CommandLine::RunKinds()  // NOLINT(readability-make-member-function-const): the command table needs this type
 {
     ListKinds(asJson);
     return done;
@@ -410,7 +416,7 @@ void CommandLine::AddActions(CLI::App& command)
     actions.AddTo(command, [this](std::string_view names) { return IsWanted(names); });
 }
 
-/// Of a command that takes so many sources at the most, or of one that takes any number.
+/// Adds the sources of a command as positional arguments: `count` of them, or any number if it is anyNumber.
 CLI::Option* CommandLine::AddSources(CLI::App& command, int count)
 {
     const std::string help = (count == 1 ? "Source: " : "Sources, each ") + SourceWords();

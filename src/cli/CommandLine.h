@@ -14,20 +14,22 @@
 
 namespace linealis::cli {
 
-/// The commands of linealis-cli and what they were given.
+/// Defines the commands of linealis-cli with their options, parses a command line, and runs the command.
 class CommandLine {
 public:
-    /// `thePadWork` makes pads; without it there are none.
+    /// `thePadWork` makes pads. Without it, the pad command throws WorkError.
     explicit CommandLine(PadWork thePadWork = {});
 
-    /// Parses the command line and does what it says. Returns the status to end with; throws UsageError or
-    /// WorkError.
+    /// Parses the command line and runs the command. Returns the exit status of the program. Throws UsageError if
+    /// the command line is wrong, WorkError or FailureSaid if the command fails.
     int Run(int argc, char** argv);
 
-    /// What can stand in the place of the last of the words behind the program's name.
+    /// Returns the possible completions of the last of the words, which are all words after the program name. Call
+    /// on a fresh object.
     Completions Complete(const std::vector<std::string>& words);
 
-    /// All commands with all their options, for who describes them.
+    /// Returns the parser with all commands and all their options, for help, completion, and manual pages. Call
+    /// once, on a fresh object: each call adds the commands.
     CLI::App& Described();
 
 private:
@@ -36,7 +38,7 @@ private:
         const char* help;
         void (CommandLine::*addOptions)(CLI::App& command);
         int (CommandLine::*run)();
-        const char* exits = usualExits;  ///< what the help says of the exit status
+        const char* exits = usualExits;  ///< how the help describes the exit status
     };
     static const char* const usualExits;
     static const std::vector<Command>& Commands();
@@ -46,7 +48,7 @@ private:
     void Add(const Command& command);
     int ParseAndRun(const Command* called, int argc, char** argv);
     bool IsWanted(std::string_view names) const;
-    /// Null if the option is not wanted.
+    /// Adds an option that takes an argument. Returns null, and adds nothing, if the option is not wanted.
     template <typename Value>
     CLI::Option* AddOption(CLI::App& command, const char* names, const char* argument, Value& value,
                            const std::string& help);
@@ -84,7 +86,8 @@ private:
     int RunThumbnail();
     int RunHelp();
 
-    /// What was given, of which only the options are added: all of them take as long as a small page. Nothing: all.
+    /// The words of the command line. Only options that occur among them are added, because adding all of them
+    /// takes as long as making a small page. Without a value, all options are added.
     std::optional<std::vector<std::string>> given;
     CLI::App app{"Makes printable paper as PDF files.", "linealis-cli"};
     ActionOptions actions;
@@ -93,8 +96,8 @@ private:
     SourceOptions begin;
     std::string output;
     std::string paper = "a4";
-    std::optional<std::string> described;
-    int size = 256;
+    std::optional<std::string> described;  ///< the command whose help is wanted
+    int size = 256;                        ///< of a thumbnail: its longer side, in pixels
     GenerateRequest request;
     PadRequest pad;
     PadWork padWork;

@@ -24,12 +24,15 @@ bool IsLabel(const Control* control)
     return control->Kind() == ControlKind::Label;
 }
 
-/// DEL, and U+0080 to U+009F, which JSON would leave as they are.
+/// Whether a terminal obeys the character, although JSON does not escape it: DEL, and the C1 controls U+0080 to
+/// U+009F.
 bool CommandsTerminal(std::string_view character)
 {
     return character == "\x7F" || (character >= "\xC2\x80" && character <= "\xC2\x9F");
 }
 
+/// Returns the JSON escape of a character below U+0100. Its last UTF-8 byte is enough: the controls of
+/// CommandsTerminal are one byte, or 0xC2 and a byte equal to their code.
 std::string JsonEscape(std::string_view character)
 {
     std::array<char, 8> text{};
@@ -50,7 +53,7 @@ void Warn(const Source& source, const PageWarnings& warnings)
 void Print(const Json& json)
 {
     constexpr int indent = 2;
-    // Texts of a damaged settings file need not be UTF-8.
+    // The texts of a damaged settings file may be invalid UTF-8.
     const std::string text = json.dump(indent, ' ', false, Json::error_handler_t::replace);
     for (const std::string_view character : Characters(text)) {
         std::cout << (CommandsTerminal(character) ? JsonEscape(character) : std::string(character));
@@ -169,6 +172,7 @@ void Save(const Source& source, const std::vector<Action>& actions, const std::s
     const OpenWindow open = Open(source, actions, platform);
     Say(platform);
     CheckIsSettings("-o", output, *open.kind);
+    // A settings file may be saved over itself, but not over a file with a form or with markers.
     CheckIsNoInput(output, InputsOf({source}, actions, false));
     if (const std::error_code error = open.window->SaveSettings(OutputFile(output))) {
         throw WorkError{output + ": " + error.message()};

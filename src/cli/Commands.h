@@ -8,27 +8,31 @@
 
 namespace linealis::cli {
 
-/// Prints it on standard output.
+/// Prints the JSON on standard output, indented. Escapes control characters that a terminal would obey, and
+/// replaces bytes that are not UTF-8.
 void Print(const Json& json);
 
-/// Prints the kinds, a line each, or as JSON.
+/// Prints the kinds of paper, one per line, or as JSON.
 void ListKinds(bool asJson);
 
-/// Prints the presets, of all kinds or of the one named, a line each, or as JSON. Throws UsageError if there is no
-/// such kind.
+/// Prints the presets of all kinds, or of one, one per line, or as JSON. Throws UsageError if there is no such
+/// kind.
 void ListPresets(bool asJson, const std::optional<std::string>& kind);
 
-/// Prints the form as JSON after the actions.
+/// Prints as JSON the form that the actions leave. Throws UsageError or WorkError if the source or an action fails.
 void ShowForm(const Source& source, const std::vector<Action>& actions);
 
-/// Prints what the form holds: its kind, the page that a settings file refers to, and a line a control.
+/// Prints what a form holds: its kind, a summary of its page, the page file that a settings file refers to, and one
+/// line per control. Throws UsageError or WorkError if the source cannot be opened.
 void Show(const Source& source, bool asJson);
 
-/// Prints what differs between two forms of one kind, a line a control. Returns whether anything does. Throws
-/// UsageError if they are of two kinds.
+/// Prints the differences between two forms of one kind, one line per control. Returns whether there are any.
+/// Throws UsageError if the forms are of different kinds; UsageError or WorkError if a source cannot be opened.
 bool Differ(const Source& one, const Source& other, bool asJson);
 
-/// Writes the settings file of the form after the actions. "-" is standard output.
+/// Writes the form that the actions leave to a settings file. "-" is standard output. Warns about fields with
+/// unusable texts and about everything that a settings file does not keep. Throws UsageError if the file name is
+/// unsuitable or belongs to an input, WorkError if the file cannot be written.
 void Save(const Source& source, const std::vector<Action>& actions, const std::string& output);
 
 }  // namespace linealis::cli

@@ -16,6 +16,7 @@ namespace {
 
 using Words = std::vector<std::string>;
 
+/// Adds the word if it begins with what was typed.
 void Offer(Completions& completions, std::string_view typed, std::string word, std::string_view help)
 {
     if (word.starts_with(typed)) {
@@ -37,7 +38,8 @@ void OfferPresets(Completions& completions, std::string_view typed)
     }
 }
 
-/// The values that a control can take, if they can be told.
+/// Returns all values of a check box, popup, or radio group. Empty for other controls, which accept too many to
+/// list.
 std::vector<std::string> ValuesOf(Control& control)
 {
     if (control.Kind() == ControlKind::Check) {
@@ -50,8 +52,8 @@ std::vector<std::string> ValuesOf(Control& control)
     return {};
 }
 
-/// CONTROL=VALUE: the controls by their aliases and, once a capital letter has been typed, by their names; behind
-/// the "=" what they can hold.
+/// Offers completions of CONTROL=VALUE: before the "=" controls by alias, or by name once a capital letter is
+/// typed; after it the values of the control. Skips controls that `isWanted` rejects.
 void OfferSettings(Completions& completions, const Form& form, std::string_view typed,
                    bool (*isWanted)(const Control& control))
 {
@@ -94,7 +96,8 @@ const CLI::Option* OptionOf(const CLI::App& command, const std::string& word)
     return word.starts_with('-') ? command.get_option_no_throw(word) : nullptr;
 }
 
-/// The kind that the words behind the command tell; none if they tell none yet.
+/// Returns the kind of the first word that is a source, or null if there is none. Skips the values of options other
+/// than --preset and --form.
 const PaperKind* KindAmong(const CLI::App& command, const Words& words)
 {
     for (std::size_t i = 0; i < words.size(); ++i) {
@@ -112,7 +115,7 @@ const PaperKind* KindAmong(const CLI::App& command, const Words& words)
     return nullptr;
 }
 
-/// What stands for an argument of the command, by the name that the help has for it.
+/// Returns the completions of an argument, identified by its placeholder in the help, such as "KIND".
 Completions CompleteValue(const CLI::App& command, const std::string& argument, const std::string& typed,
                           const Words& words)
 {

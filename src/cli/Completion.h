@@ -7,28 +7,30 @@
 
 namespace linealis::cli {
 
-/// A word that can stand on the command line.
+/// A word that can complete the command line.
 struct Completion {
     std::string word;  ///< ends in "=" if a value follows
     std::string help;  ///< may be empty
 };
 
-/// What can stand in the place of a word.
+/// All completions of one word.
 struct Completions {
     std::vector<Completion> words;
-    bool files = false;    ///< also any file
-    bool folders = false;  ///< also any folder
+    bool files = false;    ///< any file is possible too
+    bool folders = false;  ///< any folder is possible too
 };
 
-/// The commands, and the options before them, that begin with the word.
+/// Returns the commands that begin with the word or, if it begins with a dash, the options that stand before a
+/// command.
 Completions CompleteCommand(const CLI::App& app, const std::string& word);
 
-/// What can stand in the place of the last of the words behind a command: its options, and what these and the
-/// command itself take. Controls and their values are those of the source among the words.
+/// Returns the completions of the last of the words after a command, of which there must be at least one: options
+/// of the command, values of an option, or positional arguments. Offers the controls of the source among the words,
+/// and their values. Opens that source if it is a file with a form; ignores it if it cannot be read.
 Completions CompleteArgument(const CLI::App& command, const std::vector<std::string>& words);
 
-/// Prints them, for the completion functions of shells: a word, a tab and its help in each line; then ":files" or
-/// ":folders" if these can stand there too.
+/// Prints the completions for the completion functions of shells: one line per word, with a tab and its help, then
+/// ":files" or ":folders" if these are possible too.
 void Print(const Completions& completions);
 
 }  // namespace linealis::cli

@@ -6,7 +6,8 @@ namespace linealis::cli {
 
 namespace {
 
-/// The one of the head; a comma in a head of one column.
+/// Returns the separator in the first line that is not empty: a comma, or else a semicolon, or else a tab. A table
+/// with one column has none; a comma does no harm there.
 char SeparatorOf(std::string_view text)
 {
     text.remove_prefix(std::min(text.find_first_not_of("\r\n"), text.size()));
@@ -19,7 +20,7 @@ char SeparatorOf(std::string_view text)
     return ',';
 }
 
-/// By its mark, or by its ASCII characters, each of which has a byte of 0.
+/// Recognizes UTF-16 by its byte order mark or, without one, by the zero byte that each ASCII character contains.
 bool IsUtf16(std::string_view text)
 {
     return text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF") ||
@@ -67,6 +68,7 @@ void CsvReader::Fill()
     }
 }
 
+/// Refills the buffer when it is used up, so that piece[place] is valid whenever this returns false.
 bool CsvReader::AtEnd()
 {
     if (place == piece.size() && !piece.empty()) {
@@ -80,7 +82,7 @@ bool CsvReader::AtLineEnd()
     return !AtEnd() && (piece[place] == '\n' || piece[place] == '\r');
 }
 
-/// Not at the end.
+/// Returns the next byte. Must not be called at the end of the file.
 char CsvReader::Take()
 {
     constexpr std::size_t longestRow = std::size_t{1} << 20U;
@@ -91,7 +93,7 @@ char CsvReader::Take()
     return piece[place++];
 }
 
-/// One of CR, LF, or both.
+/// Consumes one line end: CR, LF, or CR LF.
 void CsvReader::TakeLineEnd()
 {
     const bool mayBeTwo = Take() == '\r';
@@ -110,7 +112,8 @@ std::string CsvReader::Plain()
     return cell;
 }
 
-/// Two quotation marks in a row stand for one. What follows the closing one belongs to the cell too.
+/// Reads a cell in quotation marks. A doubled quotation mark inside stands for one. Text between the closing mark
+/// and the separator belongs to the cell too.
 std::string CsvReader::Quoted()
 {
     const std::size_t begin = line;

@@ -8,16 +8,17 @@
 
 namespace linealis::cli {
 
-/// Reads comma-separated values (RFC 4180), or values that semicolons or tabs separate, as spreadsheets write them
-/// where the comma is the decimal mark. It holds no more than a row at a time.
+/// Reads a table of comma-separated values (RFC 4180), or of values separated by semicolons or tabs, which
+/// spreadsheets write where the comma is the decimal mark. Keeps only one row and one buffer of the file in memory.
 class CsvReader {
 public:
-    /// `theName` is the file's, for messages. Throws WorkError if the file cannot be read, or is UTF-16.
+    /// `theName` is the name of the file in messages. Reads the beginning of the file to detect the separator.
+    /// Throws WorkError if the file cannot be read or is UTF-16.
     CsvReader(std::string theName, BinaryStream theFile);
 
-    /// The cells of the next row, which has at least one; no cells: there is no more. Lines with nothing in them
-    /// are passed over, a line end within a cell becomes a blank. Throws WorkError where the file cannot be read, a
-    /// quotation mark is not closed or a row is too long.
+    /// Returns the cells of the next row, at least one, or no cells at the end of the table. Skips empty lines. A
+    /// line end inside a quoted cell becomes a space. Throws WorkError if the file cannot be read, a quotation mark
+    /// is not closed, or a row is longer than 1 MiB.
     std::vector<std::string> Next();
 
 private:
@@ -31,9 +32,9 @@ private:
 
     std::string name;
     BinaryStream file;
-    std::string piece;      ///< of the file
-    std::size_t place = 0;  ///< in the piece
-    std::size_t line = 1;   ///< of the file, where the reader stands
+    std::string piece;      ///< the buffered part of the file; empty at the end of the file
+    std::size_t place = 0;  ///< of the next byte in the piece
+    std::size_t line = 1;   ///< the current line of the file, from 1
     std::size_t bytesOfRow = 0;
     char separator = ',';
 };

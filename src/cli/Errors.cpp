@@ -17,15 +17,17 @@ namespace linealis::cli {
 
 namespace {
 
-/// How far a text is from another, without regard to case.
+/// How far one text is from another, ignoring case. Compared by toBeginning first, so that a few letters suffice to
+/// find a long name.
 struct Distance {
-    std::size_t toBeginning = 0;  ///< the least of what the other begins with, or a word in it
+    std::size_t toBeginning = 0;  ///< the distance to the nearest beginning of the other text, or of a word in it
     std::size_t toWhole = 0;
 
     friend auto operator<=>(const Distance&, const Distance&) = default;
 };
 
-/// How many letters must be changed, added or taken away to make one text of the other (Levenshtein).
+/// Returns the number of letters to change, add, or remove to turn one text into the other (Levenshtein). The last
+/// row of the matrix holds the distances to every beginning of `other`.
 Distance PlainDistance(std::string_view given, std::string_view other)
 {
     std::vector<std::size_t> row(other.size() + 1);
@@ -47,7 +49,8 @@ bool IsLetter(char c)
     return std::isalpha(static_cast<unsigned char>(c)) != 0;
 }
 
-/// Whether a word of a name or an alias begins there: EditTopMargin, top-margin.
+/// Whether a word of a name or alias begins at `place`, which must be above 0: "Top" in EditTopMargin, "margin" in
+/// top-margin.
 bool BeginsWord(std::string_view text, std::size_t place)
 {
     const bool isCapital = text[place] != SmallLetter(text[place]);
@@ -55,7 +58,8 @@ bool BeginsWord(std::string_view text, std::size_t place)
            (!IsLetter(text[place - 1]) || (isCapital && text[place - 1] == SmallLetter(text[place - 1])));
 }
 
-/// What begins with the given text keeps its order.
+/// Returns the distance from `given` to a candidate. It is zero for every candidate that begins with `given`, so
+/// that these keep their order.
 Distance DistanceTo(std::string_view given, std::string_view other)
 {
     Distance distance = PlainDistance(given, other);
@@ -71,7 +75,8 @@ Distance DistanceTo(std::string_view given, std::string_view other)
     return distance;
 }
 
-/// Of a piece as Characters() gives it: a byte alone is ASCII or no UTF-8, and C2 80 to C2 9F are controls too.
+/// Whether the character is safe to print. Takes an element of Characters(): a single byte is ASCII or invalid, and
+/// 0xC2 0x80 to 0xC2 0x9F are the C1 controls.
 bool IsShownAsItIs(std::string_view character)
 {
     if (character.size() == 1) {
@@ -91,9 +96,10 @@ std::string Escaped(std::string_view bytes)
     return escaped;
 }
 
-/// Messages, and on a terminal a line below them that the next message or status takes the place of.
+/// Writes messages to standard error and keeps a status line below them if it is a terminal. Thread-safe.
 class StandardError {
 public:
+    /// Prints the text in place of the status line, and the status line again below it.
     void Print(const std::string& text)
     {
         const std::lock_guard lock(mutex);
@@ -112,6 +118,7 @@ public:
 private:
     static void Write(const std::string& text) { std::fwrite(text.data(), 1, text.size(), stderr); }
 
+    // Moves the cursor to the start of the line and erases it (ECMA-48, EL).
     const std::string clearLine = "\r\x1B[K";
     std::mutex mutex;
     std::string status;
@@ -119,6 +126,7 @@ private:
 
 StandardError standardError;
 
+/// Where Complain collects the output of this thread; null if it prints.
 thread_local std::string* keptHere = nullptr;
 
 }  // namespace
@@ -166,6 +174,7 @@ void ShowStatus(const std::string& text)
 
 UsageError Unknown(std::string_view what, std::string_view given, std::vector<std::string> possible)
 {
+    // The distance takes time proportional to the product of both lengths, so a long text is cut.
     constexpr std::size_t longestCompared = 100, longestList = 17, nearest = 5;
     std::multimap<Distance, std::string> byDistance;
     for (std::string& each : possible) {

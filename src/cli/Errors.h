@@ -9,23 +9,23 @@
 
 namespace linealis::cli {
 
-/// What the user asked for makes no sense. Ends the program with status 2.
+/// Thrown if the request of the user makes no sense. Ends the program with status 2.
 struct UsageError {
     std::string message;
 };
 
-/// What the user asked for could not be done. Ends the program with status 1.
+/// Thrown if the request of the user could not be fulfilled. Ends the program with status 1, or 2 for diff.
 struct WorkError {
     std::string message;
 };
 
-/// The work failed, and all that there is to say of it has been said. Ends the program as WorkError does.
+/// Thrown if the work failed and every failure has already been reported. Ends the program as WorkError does.
 struct FailureSaid {};
 
-/// Said where std::bad_alloc ends the work.
+/// The message for std::bad_alloc.
 inline constexpr const char* notEnoughMemory = "there is not enough memory";
 
-/// Does the work on a file. Where memory runs out, the WorkError that it ends with names the file.
+/// Runs `work`, which writes or reads the file. Turns std::bad_alloc into a WorkError that names the file.
 template <typename Work>
 void WorkOn(const std::string& file, Work work)
 {
@@ -36,15 +36,15 @@ void WorkOn(const std::string& file, Work work)
     }
 }
 
-/// The text for a terminal: what would command it instead of being read is shown as Complain shows it.
+/// Returns the text in a form that is safe to print on a terminal: control characters, bytes that are not UTF-8,
+/// and the C1 controls U+0080 to U+009F become \xNN.
 std::string Readable(std::string_view text);
 
-/// Prints "linealis-cli: MESSAGE" and a line end on standard error. What would command the terminal instead of
-/// being read, control characters and bytes that are no UTF-8, is shown as \xNN. May be
-/// called on any thread.
+/// Prints "linealis-cli: MESSAGE" and a line end on standard error, in the form that Readable gives. Thread-safe.
 void Complain(std::string_view message);
 
-/// As long as it lives, Complain on this thread prints nothing.
+/// Collects what Complain would print on this thread, instead of printing it, as long as the object exists. Objects
+/// on one thread must not overlap.
 class ComplaintsKept {
 public:
     ComplaintsKept();
@@ -52,20 +52,22 @@ public:
     ComplaintsKept(const ComplaintsKept&) = delete;
     ComplaintsKept& operator=(const ComplaintsKept&) = delete;
 
-    /// What would have been printed.
+    /// The collected output.
     const std::string& Text() const { return text; }
 
 private:
     std::string text;
 };
 
-/// Prints what was kept.
+/// Prints output that ComplaintsKept has collected. Thread-safe.
 void PrintComplaints(const std::string& text);
 
-/// Shows on a terminal, below all messages, what is going on; the next text replaces it, an empty one removes it.
+/// Shows a status line below all messages if standard error is a terminal. Replaces the previous one; an empty text
+/// removes it. Thread-safe.
 void ShowStatus(const std::string& text);
 
-/// "unknown WHAT 'GIVEN'; possible: ...", the nearest match first. Of a long list only the nearest five.
+/// Returns the error "unknown WHAT 'GIVEN'; possible: ...", with the nearest match first. Lists only the nearest
+/// five of more than 17.
 UsageError Unknown(std::string_view what, std::string_view given, std::vector<std::string> possible);
 UsageError Unknown(const UnknownInput& input);
 

@@ -9,23 +9,25 @@
 
 namespace linealis::cli {
 
-/// What the file's name ends in, with its dot, such as ".svg"; empty if it has no ending.
+/// Returns the extension of a file name with its dot, such as ".svg". Empty if it has none.
 std::string EndingOf(const std::string& fileName);
 
-/// Throws UsageError if an output file has no name.
+/// Throws UsageError if the name of an output file is empty.
 void CheckIsNamed(const std::string& output);
 
-/// Throws UsageError unless the file ends as a file of pages does, or has no ending.
+/// Throws UsageError unless the file name ends in ".pdf", in any case, or has no extension.
 void CheckIsPdf(const std::string& output);
 
-/// Throws UsageError unless the file ends as the settings files of the kind do, or has no ending. `what` is what
-/// the file was given as.
+/// Throws UsageError unless the file name has the settings extension of the kind, in any case, or no extension.
+/// `what` is the option that named the file, for the message.
 void CheckIsSettings(std::string_view what, const std::string& fileName, const PaperKind& kind);
 
-/// Throws UsageError if the output would overwrite one of the inputs, also by another path.
+/// Throws UsageError if the output is the same file as one of the inputs, even by another path or through a link.
+/// Files that do not exist cannot be the same.
 void CheckIsNoInput(const std::string& output, const std::vector<std::string>& inputs);
 
-/// The file that an option names; "-" is standard output. The reader of a pipe is waited for.
+/// Returns the output file that an option names; "-" is standard output. Creating a file on a pipe waits for a
+/// reader.
 FolderItem OutputFile(const std::string& name);
 
 }  // namespace linealis::cli

@@ -20,7 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The names of all formats, each behind a text.
+/// Returns the names of all formats, each after `before`.
 std::vector<std::string> FormatNames(const char* before)
 {
     std::vector<std::string> names;
@@ -30,7 +30,9 @@ std::vector<std::string> FormatNames(const char* before)
     return names;
 }
 
-/// What --format says, or else the ending of the output file. One without an ending is a PDF file.
+/// Returns the format that --format names or, without it, the extension of the output file. PDF if it has no
+/// extension, and for files below /dev and /proc, whose names say nothing about the format. Throws UsageError if
+/// the format is unknown.
 const PageFormat& FormatOf(const GenerateRequest& request)
 {
     if (request.format) {
@@ -51,6 +53,7 @@ const PageFormat& FormatOf(const GenerateRequest& request)
     throw Unknown("ending of -o", ending, possible);
 }
 
+/// Throws UsageError if the outputs do not fit the request, or if an output is an input.
 void CheckRequest(const GenerateRequest& request)
 {
     const bool toFile = !request.output.empty();
@@ -64,7 +67,8 @@ void CheckRequest(const GenerateRequest& request)
         throw UsageError{"-o " + request.output + " takes one page, but " + std::to_string(request.sources.size()) +
                          " are asked for; --output-dir DIR takes any number"};
     }
-    CheckIsNoInput(request.output, InputsOf(request));  // before its ending is looked at
+    // Before FormatOf, whose message about the extension of an input would miss the point.
+    CheckIsNoInput(request.output, InputsOf(request));
     if (request.how.view && request.output == "-") {
         throw UsageError{"--view needs a file, not standard output"};
     }
@@ -77,7 +81,7 @@ void CheckSources(const GenerateRequest& request)
     }
 }
 
-/// What is given and does nothing.
+/// Warns about options that have no effect on this request.
 void WarnOfIdleOptions(const GenerateRequest& request)
 {
     const auto warnIf = [](bool isIdle, const char* option, const std::string& where) {
@@ -93,6 +97,7 @@ void WarnOfIdleOptions(const GenerateRequest& request)
     warnIf(request.how.isTransparent && !isPicture, "--transparent", noPicture);
 }
 
+/// Reports the printing problems of all pages. Returns whether a strict check has found any.
 bool CheckPages(const GenerateRequest& request)
 {
     if (!request.output.empty() || !request.outputDirectory.empty() || request.how.view) {
@@ -110,7 +115,7 @@ bool CheckPages(const GenerateRequest& request)
     return hasFound && request.isStrict;
 }
 
-/// Names the row that a wrong command line comes from, if it comes from one.
+/// Makes one page. If it belongs to a row of a table, a UsageError names the row.
 void GenerateRow(const PageJob& job, const GenerateRequest& request, const OutputOptions& how,
                  const std::atomic<bool>& stop)
 {
@@ -121,7 +126,7 @@ void GenerateRow(const PageJob& job, const GenerateRequest& request, const Outpu
     }
 }
 
-/// Each page is tried after another has failed in its work; a command line that makes no sense ends all.
+/// Makes all pages. A WorkError is reported, and the other pages are still made; a UsageError ends everything.
 void GeneratePages(PageList& pages, const GenerateRequest& request, const OutputOptions& how)
 {
     std::atomic<bool> hasFailed = false;
@@ -138,7 +143,7 @@ void GeneratePages(PageList& pages, const GenerateRequest& request, const Output
     }
 }
 
-/// Makes the folder of the pages, where it is missing.
+/// Creates the folder for the pages, and its parents, if they are missing.
 void MakeFolder(const std::string& folder)
 {
     std::error_code error;

@@ -8,25 +8,27 @@
 
 namespace linealis::cli {
 
+/// The arguments of the generate command.
 struct GenerateRequest {
     OutputOptions how;
     std::vector<Source> sources;
     std::vector<Action> actions;
     std::string output;                 ///< a file name, or "-" for standard output; empty with outputDirectory
-    std::string outputDirectory;        ///< where each source's page goes, named after it
-    std::optional<std::string> table;   ///< of one source: a page for each of its rows
-    std::optional<std::string> format;  ///< "pdf", "svg" or "png"; otherwise the ending of the output file tells it
-    std::size_t jobs = 1;               ///< pages that are made at a time
-    bool check = false;                 ///< make no page, and say what will disappoint on it
-    bool isStrict = false;              ///< of check: what it finds is a failure
-    bool asJson = false;                ///< of check
+    std::string outputDirectory;        ///< the folder for pages that are named after their sources or rows
+    std::optional<std::string> table;   ///< a CSV file; the single source makes one page per row of it
+    std::optional<std::string> format;  ///< "pdf", "svg", or "png"; by default, the extension of `output` decides
+    std::size_t jobs = 1;               ///< the number of pages to make at the same time
+    bool check = false;                 ///< report printing problems instead of making pages
+    bool isStrict = false;              ///< with `check`: a problem counts as a failure
+    bool asJson = false;                ///< with `check`: report as JSON
 };
 
-/// The files that the pages are made from.
+/// Returns the files that the pages are made from.
 std::vector<std::string> InputsOf(const GenerateRequest& request);
 
-/// Makes the pages, or checks them. Of several pages each is tried; throws at the end if one failed. Returns
-/// whether a strict check has found anything.
+/// Makes the pages, or checks them. Returns whether a strict check has found anything. Throws UsageError, at once,
+/// if the request makes no sense. If a single page fails, throws WorkError. Of several pages, a failed one does not
+/// keep the others from being made: reports each failure, and throws FailureSaid at the end.
 bool Generate(const GenerateRequest& request);
 
 }  // namespace linealis::cli

@@ -4,8 +4,8 @@
 
 namespace linealis::cli {
 
-/// The text of a regular file, or of standard input for "-", which may be anything. Throws WorkError if it cannot
-/// be read or has more bytes than `longest`.
+/// Returns the whole text of a regular file, or of standard input for "-", which may also be a pipe or a terminal.
+/// Throws WorkError if it cannot be read or is longer than `longest` bytes.
 std::string ReadInput(const std::string& fileName, std::size_t longest);
 
 }  // namespace linealis::cli

@@ -16,7 +16,8 @@ namespace {
 constexpr int workFailed = 1;
 constexpr int usageWrong = 2;
 
-/// What shells call to complete a command line: `linealis-cli complete WORD...`, the last word as far as typed.
+/// The hidden command with which shells complete a command line: `linealis-cli complete WORD...`. The last word is
+/// the one being typed.
 constexpr std::string_view completeCommand = "complete";
 
 int Run(int argc, char** argv, const PadWork& padWork)
@@ -33,7 +34,8 @@ int Run(int argc, char** argv, const PadWork& padWork)
     return status;
 }
 
-/// A program that compares ends with 1 when it has found a difference, and so with 2 at a failure.
+/// Whether the command compares. Its status 1 means "different", as is usual for comparisons, so a failure must
+/// have status 2.
 bool IsComparison(int argc, char** argv)
 {
     return argc > 1 && argv[1] == std::string_view("diff");
@@ -56,6 +58,7 @@ int Main(int argc, char** argv, const PadWork& padWork)
     } catch (const FailureSaid&) {
         return failed;
     } catch (const std::bad_alloc&) {
+        // Not Complain, which allocates memory.
         std::fprintf(stderr, "linealis-cli: %s\n", notEnoughMemory);
         return failed;
     } catch (const std::exception& error) {

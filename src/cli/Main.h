@@ -4,8 +4,8 @@
 
 namespace linealis::cli {
 
-/// All of linealis-cli: does what the command line says, with a message on standard error where it cannot. Returns
-/// the status to end with.
+/// Runs linealis-cli: executes the command line, and prints a message on standard error if that fails. Returns the
+/// exit status of the program.
 int Main(int argc, char** argv, const PadWork& padWork);
 
 }  // namespace linealis::cli

@@ -15,20 +15,21 @@ namespace linealis::cli {
 
 namespace {
 
-/// The controls of every kind that say what paper it is on, in the order in which they are set.
+/// The controls that determine the paper, which every kind has, in the order to set them: the unit before the
+/// lengths that depend on it, the paper size before the custom lengths.
 constexpr std::array paperControls = {"PopupUnits", "PopupPaperSize", "EditCustomWidth", "EditCustomHeight",
                                       "PopupOrientation"};
 
-/// The page of a source.
+/// The page of one source.
 struct OnePage {
     std::string name;
     PaperSize paper{};
-    std::array<std::string, paperControls.size()> paperValues;
-    std::size_t number = 0;  ///< in the pad
+    std::array<std::string, paperControls.size()> paperValues;  ///< of paperControls, as SetControl takes them
+    std::size_t number = 0;                                     ///< assigned by PadFile::Take
 };
 using Pages = std::vector<OnePage>;
 
-/// Makes the page of a source, on the paper of `sheet` if there is one.
+/// Makes the page of a source and adds it to the pad file. If `sheet` is not null, uses its paper.
 OnePage TakePage(const Source& source, const std::vector<Action>& actions, const OnePage* sheet, PadFile& pad)
 {
     ScreenlessPlatform platform;
@@ -55,7 +56,7 @@ OnePage TakePage(const Source& source, const std::vector<Action>& actions, const
     return page;
 }
 
-/// How the pages of a side lie, and how large it is.
+/// The layout of the pages on a side, and the size of the side in points.
 struct Cells {
     std::int64_t columns;
     std::int64_t rows;
@@ -64,7 +65,7 @@ struct Cells {
     PaperSize Side() const { return {columns * page.width, rows * page.height}; }
 };
 
-/// Two pages lie side by side along their longer edges.
+/// Returns the layout for 1, 2, or 4 pages on a side. Two pages share their longer edge.
 Cells CellsOf(std::size_t up, const PaperSize& page)
 {
     const bool isUpright = page.width <= page.height;
@@ -78,7 +79,8 @@ Cells CellsOf(std::size_t up, const PaperSize& page)
     }
 }
 
-/// Grey ticks at the edges where a cut begins and ends, and a cross where two cuts meet.
+/// Returns PDF operators that draw the cut marks: gray ticks at both ends of each cut, and a cross where two cuts
+/// meet.
 std::string CutMarks(const Cells& cells)
 {
     constexpr std::int64_t length = 14;  // points, about 5 mm
@@ -105,7 +107,8 @@ std::string CutMarks(const Cells& cells)
     return marks.str();
 }
 
-/// A side of several pages: those of the list in turns, `first` and the next ones, row by row from the top.
+/// Adds a side with `count` pages, row by row from the top. Takes them from the list in turn, beginning with number
+/// `first`.
 void AddSide(const Cells& cells, const Pages& pages, std::size_t first, std::size_t count, PadFile& pad)
 {
     std::vector<PadFile::Placed> placed;
@@ -130,7 +133,8 @@ std::string Text(const PaperSize& paper)
     return std::to_string(paper.width) + " by " + std::to_string(paper.height) + " points";
 }
 
-/// A side that is cut, and one that is printed on both sides, has pages of one size.
+/// Throws UsageError unless all pages have the same size. Sides that are cut, or printed on both sides, need that;
+/// a pad of single pages does not.
 void CheckSizes(const Pages& fronts, const Pages& backs, std::size_t up)
 {
     const OnePage& first = fronts.front();
@@ -147,6 +151,7 @@ void CheckSizes(const Pages& fronts, const Pages& backs, std::size_t up)
     }
 }
 
+/// Returns the bytes of the pad file.
 std::string Join(const PadRequest& request)
 {
     PadFile pad;
@@ -175,7 +180,7 @@ std::string Join(const PadRequest& request)
             }
             if (request.up == 1) {
                 pad.AddPage((*pages)[first % pages->size()].number);
-            } else {  // the back of a sheet that is not full is: the printer turns its pages to the other side
+            } else {  // a partly filled front has a full back: its pages are mirrored when the sheet turns
                 AddSide(cells, *pages, first, pages == &backs ? request.up : count, pad);
             }
         }

@@ -10,25 +10,27 @@
 
 namespace linealis::cli {
 
+/// The arguments of the pad command.
 struct PadRequest {
-    /// Their pages take turns. Not read before MakePad: a form on standard input can be read once, by the program
-    /// that makes the pad.
+    /// The sources whose pages alternate. MakePad reads them, not the caller: a form on standard input can be read
+    /// only once, and the program that makes the pad is a different process.
     SourceOptions sources;
     std::vector<Action> actions;
-    /// What stands behind every page, as SourceNamed takes it. A file is on its own paper, all else on that of the
-    /// first page. Nothing: the sheets have one side.
+    /// The page on every back, as SourceNamed takes it. A file keeps its own paper; a kind or preset gets the paper
+    /// of the first page. Without a value, the sheets are printed on one side.
     std::optional<std::string> back;
-    std::size_t pages = 50;  ///< on the front sides
-    std::size_t up = 1;      ///< pages on a side: 1, 2 or 4
+    std::size_t pages = 50;  ///< the number of pages on the fronts, from 1
+    std::size_t up = 1;      ///< the number of pages on each side: 1, 2, or 4
     std::string output;      ///< a file name, or "-" for standard output
 };
 
-/// MakePad, or what calls the program that has it.
+/// Makes a pad: MakePad, or a function that calls the program that contains it.
 using PadWork = std::function<void(const PadRequest&)>;
 
-/// Joins one-page files, made as `generate` makes them, to a file of many pages at their true size. A side with two
-/// or four pages is as large as they are together, and has marks where it is to be cut. With a back, every other
-/// side is one, for a printer that turns the sheets. Throws UsageError or WorkError.
+/// Joins pages, each made as `generate` makes it, into one PDF file at their true size. A side with two or four
+/// pages is as large as they are together, and has cut marks. With a back, sides alternate between front and back,
+/// for a printer that prints on both sides. Throws UsageError if the request makes no sense or the pages do not fit
+/// together, WorkError if a page or the file cannot be made.
 void MakePad(const PadRequest& request);
 
 }  // namespace linealis::cli

@@ -10,7 +10,7 @@
 
 namespace linealis::cli {
 
-/// qpdf copies from the file when the pad is written.
+/// A file that was taken in. It must exist until the pad is written: qpdf copies its streams only then.
 struct PadFile::OnePage {
     OnePage(const std::string& name, std::string theBytes) : bytes(std::move(theBytes))
     {
@@ -22,8 +22,8 @@ struct PadFile::OnePage {
 
     std::string bytes;
     QPDF file;
-    std::optional<QPDFObjectHandle> copiedPage;  ///< in the pad, as a page of its own
-    std::optional<QPDFObjectHandle> copiedForm;  ///< in the pad, to be placed on a side
+    std::optional<QPDFObjectHandle> copiedPage;  ///< its copy in the pad as a page; empty until the first use
+    std::optional<QPDFObjectHandle> copiedForm;  ///< its copy in the pad as a form XObject, to be placed on sides
 };
 
 struct PadFile::Joined {
@@ -51,6 +51,7 @@ void PadFile::AddPage(std::size_t page)
         added.copiedPage = joined->file.copyForeignObject(added.Page().getObjectHandle());
         QPDFPageDocumentHelper(joined->file).addPage(*added.copiedPage, false);
     } else {
+        // The page tree may contain each page object only once, so a repeated page needs a copy of it.
         QPDFPageDocumentHelper(joined->file)
             .addPage(QPDFPageObjectHelper(*added.copiedPage).shallowCopyPage(), false);
     }
@@ -85,8 +86,10 @@ std::string PadFile::Bytes()
 {
     QPDFWriter writer(joined->file);
     writer.setOutputMemory();
+    // PDF 1.4, like the single pages, has no object streams.
     writer.setObjectStreamMode(qpdf_o_disable);
     writer.setMinimumPDFVersion("1.4");
+    // The default ID contains the time. This one depends only on the content.
     writer.setDeterministicID(true);
     writer.write();
     const auto buffer = writer.getBufferSharedPointer();

@@ -7,9 +7,9 @@
 
 namespace linealis::cli {
 
-/// A file of many pages, put together from files of one page; qpdf's library does it. What it finds wrong with
-/// these it throws as a std::runtime_error. The source of this class is compiled as C++17, for which that library's
-/// headers are made, and so this header has no more.
+/// Joins PDF files of one page into a file of many pages, using the library of qpdf. Throws std::runtime_error if
+/// that library rejects a file. PadFile.cpp is compiled as C++17, the version that the headers of the library are
+/// made for, so this header must be valid C++17 too.
 class PadFile {
 public:
     PadFile();
@@ -17,24 +17,26 @@ public:
     PadFile& operator=(const PadFile&) = delete;
     ~PadFile();
 
-    /// Takes in a file of one page. Returns the number by which it is called from then on. However often a page is
-    /// added, its content is in the pad once.
+    /// Takes in a file of one page; `name` is for messages. Returns the number that identifies the page in the
+    /// calls below. The content of a page is in the pad only once, no matter how often it is added.
     std::size_t Take(const std::string& name, std::string bytes);
 
-    /// Adds a page as it is.
+    /// Adds the page unchanged.
     void AddPage(std::size_t page);
 
-    /// A page on a side, its lower left corner in points.
+    /// A page on a side, with the position of its lower left corner in points.
     struct Placed {
         std::size_t page;
         std::int64_t x;
         std::int64_t y;
     };
 
-    /// Adds a side of so many points with pages on it, each at its true size, and over them what `content` draws.
+    /// Adds a side of the given size in points, with the pages on it at their true size. The PDF operators in
+    /// `content` are drawn on top of them.
     void AddSide(std::int64_t width, std::int64_t height, const std::vector<Placed>& pages,
                  const std::string& content);
 
+    /// Returns the bytes of the joined file.
     std::string Bytes();
 
 private:

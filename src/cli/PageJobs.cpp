@@ -20,7 +20,7 @@ namespace {
 
 using MakePage = std::function<void(const PageJob& job, const std::atomic<bool>& stop)>;
 
-/// Hands out the pages to its workers.
+/// Distributes the pages to worker threads and collects the results in order.
 class PageJobs {
 public:
     PageJobs(PageList& thePages, const MakePage& theMakePage) : pages(thePages), makePage(theMakePage) {}
@@ -28,7 +28,7 @@ public:
     void Run(std::size_t workers)
     {
         if (!RunOnThreads(std::clamp<std::size_t>(workers, 1, pages.Count()))) {
-            Work();  // here, where a signal ends the program as ever
+            Work();  // on this thread, where a signal ends the program at once
         }
         ShowStatus("");
         if (failure) {
@@ -37,23 +37,23 @@ public:
     }
 
 private:
-    /// How a page ended.
+    /// The outcome of a page.
     struct End {
         std::string complaints;
         std::exception_ptr failure;
     };
 
-    /// Returns false if the system has no thread to give.
+    /// Makes the pages on new threads. Returns false if the system provides no thread at all.
     bool RunOnThreads(std::size_t workers)
     {
-        const EndingSignalsHeld held;  // by the workers too, which are started within it
+        const EndingSignalsHeld held;  // also in the workers, which inherit the signal mask
         std::vector<std::thread> threads;
         threads.reserve(workers);
         try {
             while (threads.size() < workers) {
                 threads.emplace_back([this] { Work(); });
             }
-        } catch (const std::exception&) {  // those that there are will do
+        } catch (const std::exception&) {  // the threads that exist do the work
         }
         WatchOver(threads.size(), held);
         for (std::thread& thread : threads) {
@@ -71,7 +71,7 @@ private:
         oneEnded.notify_one();
     }
 
-    /// Returns whether there was one.
+    /// Makes the next page. Returns false if there is none or the work has been stopped.
     bool MakeNext()
     {
         std::size_t page = 0;
@@ -91,6 +91,7 @@ private:
         return true;
     }
 
+    /// Returns the next page to make and its number, from 0.
     std::optional<PageJob> Take(std::size_t& page)
     {
         const std::lock_guard lock(mutex);
@@ -98,7 +99,7 @@ private:
         return stop ? std::nullopt : pages.Next();
     }
 
-    /// Prints what the pages have complained of before which none is under way.
+    /// Stores the outcome of a page. Prints the complaints of all pages that have no unfinished page before them.
     void HandIn(std::size_t page, End end)
     {
         const std::lock_guard lock(mutex);
@@ -112,6 +113,7 @@ private:
         }
     }
 
+    /// Waits until all workers have ended. Meanwhile stops them if a signal arrives, and updates the progress.
     void WatchOver(std::size_t workers, const EndingSignalsHeld& held)
     {
         constexpr std::chrono::milliseconds look(50);
@@ -129,11 +131,11 @@ private:
     std::atomic<bool> stop = false;
     std::mutex mutex;
     std::condition_variable oneEnded;
-    std::map<std::size_t, End> ends;  ///< of the pages behind the first that is under way
-    std::exception_ptr failure;       ///< of the first page that has one
-    std::size_t taken = 0;
-    std::size_t made = 0;  ///< with all before
-    std::size_t ended = 0;
+    std::map<std::size_t, End> ends;  ///< of finished pages after the first unfinished one
+    std::exception_ptr failure;       ///< of the first page that failed, in page order
+    std::size_t taken = 0;            ///< the number of pages handed out
+    std::size_t made = 0;             ///< the number of finished pages with none unfinished before them
+    std::size_t ended = 0;            ///< the number of workers that have ended
 };
 
 }  // namespace

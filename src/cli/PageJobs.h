@@ -8,10 +8,12 @@
 
 namespace linealis::cli {
 
-/// Makes pages, `workers` at a time or as many as there are threads for, and shows on a terminal how many are made.
-/// What is complained of comes in the order of the pages. A page under way ends when `stop` has become true. A
-/// signal that ends the program stops them all first. The first page that throws ends all; what it throws is thrown
-/// on.
+/// Makes the pages with up to `workers` threads, fewer if the system does not provide them, and shows the progress
+/// on a terminal. Prints complaints in the order of the pages.
+///
+/// `makePage` is called on several threads at once and must end the page early when `stop` becomes true. That
+/// happens when a page throws, or when a signal to end the program arrives; the signal takes effect after all
+/// workers have stopped. Rethrows the exception of the first page, in their order, that has thrown one.
 void MakePages(PageList& pages, std::size_t workers,
                const std::function<void(const PageJob& job, const std::atomic<bool>& stop)>& makePage);
 

@@ -48,7 +48,8 @@ void PageList::Rewind()
     }
 }
 
-/// The page of a source alone, in the directory or, without one, in the output file.
+/// Returns the page of a source without a row. It goes to the output directory, named after the source, or to the
+/// output file.
 PageJob PageList::JobOf(const Source& source) const
 {
     if (request.outputDirectory.empty()) {
@@ -59,7 +60,8 @@ PageJob PageList::JobOf(const Source& source) const
     return {&source, source.name, request.actions, (fs::path(request.outputDirectory) / name).string(), &format};
 }
 
-/// Where the table gives no name, the page has that of the source and the row's number.
+/// Returns the page of the next row. Its file is named by the table or, if that gives no name, after the source
+/// with the number of the row, padded with zeros so that names sort in the order of the rows.
 std::optional<PageJob> PageList::NextOfTable()
 {
     const std::optional<TableRow> row = table->Next();
@@ -83,7 +85,8 @@ std::optional<PageJob> PageList::NextOfTable()
     return job;
 }
 
-/// Two pages with the same name would lose one of them. Pages that are numbered differ.
+/// Throws UsageError if two pages would have the same file, or one would overwrite an input. Pages numbered by row
+/// cannot collide, so their names are not stored: a table can be long.
 void PageList::CheckAllDiffer()
 {
     const bool areNumbered = table && !table->NamesPages();

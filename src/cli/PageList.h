@@ -11,20 +11,22 @@
 
 namespace linealis::cli {
 
-/// The pages that a request asks for, one after the other: of each source or, with a table, of each of its rows,
-/// which are read as their turn comes.
+/// Iterates over the pages of a request: one per source or, with a table, one per row. Reads the rows one at a
+/// time, so that a long table takes little memory.
 class PageList {
 public:
-    /// `theRequest` must outlive this. Throws UsageError or WorkError, also for what a later row would.
+    /// `theRequest` must outlive the object. Reads the whole table once to count and check its rows. Throws
+    /// UsageError or WorkError, even for a fault in a later row, so that no page is made in vain.
     PageList(const GenerateRequest& theRequest, const PageFormat& theFormat);
 
-    /// How many there are.
+    /// The number of pages.
     std::size_t Count() const { return count; }
 
-    /// The next page; nothing: there is no more.
+    /// Returns the next page, or nothing after the last one. May throw like the constructor if the table has
+    /// changed.
     std::optional<PageJob> Next();
 
-    /// Goes back to the first page.
+    /// Returns to the first page.
     void Rewind();
 
 private:
@@ -36,9 +38,9 @@ private:
     std::vector<std::string> inputs;
     const PageFormat& format;
     ScreenlessPlatform platform;
-    std::unique_ptr<PaperWindow> window;  ///< of the table's form
+    std::unique_ptr<PaperWindow> window;  ///< holds the form whose controls the table names
     std::optional<Table> table;
-    std::size_t next = 0;  ///< of the sources
+    std::size_t next = 0;  ///< index of the next source
     std::size_t count = 0;
 };
 

@@ -29,10 +29,11 @@ void LaunchViewer(const FolderItem& file)
     }
 }
 
-/// Of a page that is made, so much content is looked at for warnings: it takes no time. Bytes.
+/// Content up to this many bytes is checked for warnings while a page is made. Takes no noticeable time.
 constexpr std::size_t longestChecked = std::size_t{256} << 10U;
 
-/// Without a marker file the window asks for one, and the command line cannot.
+/// Returns the warnings about the marker file. If markers are on, a window asks for a missing file; the command
+/// line cannot ask and warns instead.
 PageWarnings WarningsOfMarkers(const PaperForm& form, const FolderItem& file)
 {
     const auto* const box = form.Find<CheckBox>("CheckBoxMarkers");
@@ -42,6 +43,7 @@ PageWarnings WarningsOfMarkers(const PaperForm& form, const FolderItem& file)
     return MarkerWarnings(form, file);
 }
 
+/// Returns the warnings of the page, of the actions, and about the marker file.
 PageWarnings AllWarnings(const OpenWindow& open, const PageWarnings& ofPage, const ScreenlessPlatform& platform)
 {
     PageWarnings all = ofPage;
@@ -51,7 +53,7 @@ PageWarnings AllWarnings(const OpenWindow& open, const PageWarnings& ofPage, con
     return all;
 }
 
-/// Says of each font only once what this machine shows instead of it, however many pages it paints.
+/// Warns about fonts that this machine replaces, each of them once per run, however many pages use it. Thread-safe.
 void WarnOfFonts(std::string_view content)
 {
     static std::mutex mutex;
@@ -64,7 +66,7 @@ void WarnOfFonts(std::string_view content)
     }
 }
 
-/// Throws WorkError of a page that is given up.
+/// Draws the page. Throws WorkError if it is abandoned.
 DrawnPage DrawPage(const std::string& name, PaperWindow& window, PaperPage page)
 {
     try {
@@ -74,13 +76,15 @@ DrawnPage DrawPage(const std::string& name, PaperWindow& window, PaperPage page)
     }
 }
 
-/// The file that a page goes to. Whoever may write to the folder shall not choose another for it.
+/// Returns the file of a page, which refuses links if the options say so.
 FolderItem FileOf(const PageJob& job, const OutputOptions& how)
 {
     const FolderItem file = OutputFile(job.output);
     return how.refusesLinks ? file.WithoutLinks() : file;
 }
 
+/// Throws UsageError if the picture would have more than mostPixels. Checks the sides first: their product could
+/// overflow.
 void CheckPixels(const PaperSize& paper, double dotsPerInch, const std::string& name)
 {
     const PixelSize size = PixelsOf(paper, dotsPerInch);
@@ -101,7 +105,9 @@ WriteOptions OptionsOf(const OutputOptions& how, const OpenWindow& open, const P
     return options;
 }
 
-/// Makes one page. The page and its file take turns, each of which ends where `stop` has become true.
+/// Makes one page. Drawing and writing call `stopIfAsked` from time to time, which throws PageStopped once `stop`
+/// is true. The picture size is checked before the page is drawn, and the file is created only after that, so a
+/// failure leaves an existing file alone.
 void Generate(const PageJob& job, const OutputOptions& how, const std::atomic<bool>& stop)
 {
     ScreenlessPlatform platform;
@@ -160,7 +166,7 @@ void GeneratePage(const PageJob& job, const OutputOptions& how, const std::atomi
 {
     try {
         WorkOn(job.output, [&] { Generate(job, how, stop); });
-    } catch (const PageStopped&) {  // the program ends
+    } catch (const PageStopped&) {  // the program is about to end
     }
 }
 
@@ -192,8 +198,8 @@ void MakeThumbnail(const Source& source, const std::string& output, int size)
     const auto longer = static_cast<double>(std::max(paper.width, paper.height));
     BinaryStream stream = OutputFile(output).CreateBinaryFile();
     if (stream.IsOpen()) {
-        constexpr double thinnest = 0.5;  // pixels: thinner lines would hardly be seen
-        // File managers make many at a time: of a heavy page a thumbnail shows what it gets to in time.
+        constexpr double thinnest = 0.5;  // pixels: thinner lines would hardly be visible
+        // File managers make many thumbnails at once. Of a heavy page, show what is painted within the limits.
         constexpr std::int64_t mostContent = std::int64_t{8} << 20U;
         constexpr std::clock_t longest = CLOCKS_PER_SEC * 3 / 4;
         const std::clock_t end = std::clock() + longest;

@@ -11,40 +11,42 @@
 
 namespace linealis::cli {
 
-/// One page to be made or checked.
+/// One page to make or check.
 struct PageJob {
-    const Source* source;
-    std::string name;  ///< for messages
+    const Source* source;  ///< must outlive the job
+    std::string name;      ///< for messages
     std::vector<Action> actions;
     std::string output;
     const PageFormat* format = &PageFormats().front();
 };
 
-/// How pages are made.
+/// How to write pages.
 struct OutputOptions {
-    std::optional<double> dotsPerInch;  ///< of a PNG file; that of WriteOptions if none is given
-    bool isTransparent = false;         ///< a PNG file has no paper
+    std::optional<double> dotsPerInch;  ///< of a PNG file; default: that of WriteOptions
+    bool isTransparent = false;         ///< a PNG file without the white of the paper
     bool view = false;                  ///< open each page in the viewer
-    bool refusesLinks = false;  ///< whoever may write to the folder shall not choose another file for a page
+    /// Do not write through links, so that others who may write to the folder cannot redirect a page.
+    bool refusesLinks = false;
 };
 
-/// Makes a page, and tells what will disappoint on it. Leaves nothing when `stop` has become true. Throws
+/// Makes a page and prints warnings about it. Returns early, and leaves no file, when `stop` becomes true. Throws
 /// UsageError or WorkError.
 void GeneratePage(const PageJob& job, const OutputOptions& how, const std::atomic<bool>& stop);
 
-/// Prints on standard error what a page had to say while it was made.
+/// Prints the messages and notes of the platform on standard error.
 void Say(const ScreenlessPlatform& platform);
 
-/// Tells on standard error what will disappoint on a page that was drawn; of a heavy one only what the form tells.
+/// Prints the warnings about a drawn page on standard error. Checks the content only of a light page, to save time;
+/// of a heavy one it prints only the warnings of the form.
 void Warn(const std::string& name, const OpenWindow& open, const DrawnPage& page,
           const ScreenlessPlatform& platform);
 
-/// Tells before the page is printed what will disappoint on it: on standard output, or as JSON at the end of
-/// `found`. Returns whether there is anything.
+/// Reports the printing problems of a page: prints them on standard output or, with `asJson`, appends them to
+/// `found`. Returns whether there are any. Throws UsageError or WorkError if the page cannot be drawn.
 bool CheckPage(const PageJob& job, bool asJson, Json& found);
 
-/// Writes a small picture of the page, for those who show files by pictures: a PNG file whose longer side has so
-/// many pixels.
+/// Writes a small picture of the page for file managers: a PNG file whose longer side has `size` pixels. Stops
+/// painting after 0.75 s of processor time and writes what it has. Throws UsageError or WorkError.
 void MakeThumbnail(const Source& source, const std::string& output, int size);
 
 }  // namespace linealis::cli

@@ -13,7 +13,7 @@ namespace linealis::cli {
 
 namespace {
 
-/// Whether a file of that ending, such as ".svg", may carry a form.
+/// Whether files with that extension, such as ".svg", may contain a form.
 bool MayCarryForm(std::string_view ending)
 {
     return IsSameText(ending, ".json") || IsNameOfCarrier(ending);
@@ -37,7 +37,7 @@ std::vector<std::string> PresetNames()
     return names;
 }
 
-/// What could stand for a source that there is not: other files for a file, other names for a name.
+/// Returns suggestions for a source that does not exist: files if it has an extension, otherwise names.
 std::vector<std::string> PossibleSources(const std::string& ending)
 {
     std::vector<std::string> possible;
@@ -76,7 +76,7 @@ FormFile ReadForm(const std::string& fileName)
     }
 }
 
-/// Of a form that stands alone.
+/// Returns the kind that the form names. Throws UsageError if it names none.
 const PaperKind& KindOf(const FormFile& form)
 {
     if (form.kind.empty()) {
@@ -85,7 +85,7 @@ const PaperKind& KindOf(const FormFile& form)
     return KindNamed(form.kind);
 }
 
-/// Whether the file has every control that can be set. Labels count for nothing.
+/// Whether the file gives a value for every control that can be set. Labels do not count.
 bool IsWhole(const FormFile& file, const Form& form)
 {
     const std::vector<Control*>& controls = form.Controls();
@@ -95,8 +95,9 @@ bool IsWhole(const FormFile& file, const Form& form)
     return file.controls.size() >= static_cast<std::size_t>(settable);
 }
 
-/// Whatever is wrong with the form is a wrong command line. There are warnings of the controls that somebody has
-/// set in vain; a whole form holds whatever the others say.
+/// Applies the form in the file. Throws UsageError if its kind or a value does not fit. Warns about controls that
+/// have no effect, but only if the form is partial: a whole form, as `linealis-cli form` prints it, always contains
+/// some.
 void LayFormOver(const FormFile& file, const PaperKind& kind, PaperForm& form, PageWarnings& warnings)
 {
     try {
@@ -116,7 +117,7 @@ void LayFormOver(const FormFile& file, const PaperKind& kind, PaperForm& form, P
     }
 }
 
-/// Beside a preset nothing but its own kind may stand.
+/// Throws UsageError if a source other than its own kind is given along with a preset.
 void CheckNames(const std::vector<std::string>& names, const std::string& option, std::string_view kind)
 {
     for (const std::string& name : names) {
@@ -211,6 +212,7 @@ std::vector<std::string> InputsOf(const std::vector<Source>& sources, const std:
 
 OpenWindow Open(const Source& source, const std::vector<Action>& actions, ScreenlessPlatform& platform)
 {
+    // Order matters: the source itself, the form that its file contains, the form of --form, then the actions.
     std::optional<FormFile> carried;
     if (source.sort == Source::Sort::Form) {
         carried = ReadForm(source.name);

@@ -22,7 +22,7 @@ std::string WithoutBlanksAround(std::string_view text)
     return std::string(text.substr(begin, text.find_last_not_of(blanks) + 1 - begin));
 }
 
-/// The columns that there can be, by what their heads are in small letters.
+/// Maps every possible header, in lowercase, to the control name, or to "file".
 std::map<std::string, std::string> ColumnsOf(const Form& form)
 {
     std::map<std::string, std::string> columns = {{std::string(nameColumn), std::string(nameColumn)}};
@@ -36,6 +36,7 @@ std::map<std::string, std::string> ColumnsOf(const Form& form)
     return columns;
 }
 
+/// Throws UsageError if the file name of the row would leave the output folder or is too long for a file name.
 void CheckName(const std::string& table, const TableRow& row)
 {
     constexpr std::size_t longest = 255;
@@ -67,7 +68,8 @@ void Table::Rewind()
     for (std::string& cell : head) {
         cell = WithoutBlanksAround(cell);
         const auto column = columns.find(InSmallLetters(cell));
-        cell = column == columns.end() ? Shortened(cell) : column->second;  // every row repeats it in its actions
+        // Shortens an unknown name, which every row copies into its actions. Apply rejects it later.
+        cell = column == columns.end() ? Shortened(cell) : column->second;
     }
 }
 

@@ -4,8 +4,9 @@
 
 namespace {
 
-/// Pads are joined by a program of their own, beside this one or where an installation has it: what it needs would
-/// make every start of this one slower.
+/// Replaces this process with the program that makes pads, which is in the same folder or, when installed, in
+/// libexec. It is a program of its own because loading the PDF library that it needs would slow down every start of
+/// this one. Returns only by throwing WorkError.
 void CallPadProgram(char** argv)
 {
     using linealis::cli::WorkError;
