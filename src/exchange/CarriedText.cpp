@@ -18,7 +18,8 @@ using Escape = std::pair<char, std::string_view>;
 constexpr std::array escapes = {Escape{'&', "&amp;"}, Escape{'<', "&lt;"}, Escape{'>', "&gt;"},
                                 Escape{'"', "&quot;"}};
 
-/// What the names of the form's namespace begin with where the node declares it, such as "linealis:" or nothing.
+/// Returns the prefix of the namespace of the form if the node declares it: "linealis:", or an empty text for the
+/// default namespace.
 std::optional<std::string> DeclaredPrefix(const pugi::xml_node& node)
 {
     constexpr std::string_view declaration = "xmlns";
@@ -32,7 +33,8 @@ std::optional<std::string> DeclaredPrefix(const pugi::xml_node& node)
     return std::nullopt;
 }
 
-/// What the first element of the form in an SVG file holds; empty if there is none.
+/// Returns the text in the first form element of an SVG file, or an empty text if there is none. Ignores errors of
+/// the parser, which keeps the nodes before an error: the file may be cut off.
 std::string TextInSvg(std::string_view svg)
 {
     pugi::xml_document document;
@@ -62,7 +64,7 @@ std::string XmlText(std::string_view text)
         for (const auto& [character, escape] : escapes) {
             shown = c == character ? escape : shown;
         }
-        // XML knows no other controls, not even escaped.
+        // XML 1.0 forbids all other control characters, even escaped.
         const bool isControl = static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\n' && c != '\r';
         escaped += isControl ? std::string_view("?") : shown;
     }

@@ -6,22 +6,23 @@
 
 namespace linealis {
 
-// The form that a picture of a page carries: in an SVG file as the element of that name, or of another prefix for
-// its namespace, in a PNG file as the text of that keyword.
+// A picture of a page carries the form that it was made from: an SVG file in the element of this name, which may
+// have another prefix for its namespace, a PNG file in the text chunk with this keyword.
 
 inline constexpr std::string_view carriedElement = "linealis:form";
 inline constexpr std::string_view carriedNamespace = "https://linealis.invalid/form";
 inline constexpr std::string_view carriedKeyword = "Linealis form";
 
-/// So much of a file is looked at for its form, bytes: all that there may be of JSON, and the beginning of a
-/// picture, where the form stands before strokes and pixels.
+/// The number of bytes at the beginning of a file to search for a form. Also the longest JSON text of a form. In a
+/// picture, the form precedes all strokes and pixels.
 inline constexpr std::size_t longestForm = std::size_t{1} << 20U;
 
-/// The text for an element of XML.
+/// Escapes a UTF-8 text for the content or an attribute of an XML element. Replaces control characters that XML
+/// forbids with "?".
 std::string XmlText(std::string_view text);
 
-/// The text that a picture of a page carries, empty if it carries none; nothing if the bytes are neither SVG nor
-/// PNG. Of a file that is cut, what is there counts.
+/// Returns the text that a picture of a page carries, empty if it carries none, or nothing if the bytes are neither
+/// SVG nor PNG. Accepts a file that is cut off after the text.
 std::optional<std::string> TextInPicture(std::string_view bytes);
 
 }  // namespace linealis

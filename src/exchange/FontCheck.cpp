@@ -13,6 +13,7 @@ namespace linealis {
 
 namespace {
 
+/// Collects the numbers of the fonts that show text.
 struct FontCollector final : PageSink {
     std::set<int> fonts;
 
@@ -32,7 +33,8 @@ struct FontCollector final : PageSink {
     }
 };
 
-/// Whether the face has the widths of the font, in printable ASCII. Faces made to match it have exactly those.
+/// Whether the printable ASCII characters of the face are as wide as those of the font, with a tolerance of 1/1000
+/// of the font size. Metrically compatible faces match exactly. True for a font without known widths.
 bool HasWidths(FT_Face face, const StandardFont& font)
 {
     constexpr double unitsPerSize = 1000.0, rounding = 1.0;

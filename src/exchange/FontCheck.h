@@ -6,8 +6,8 @@
 
 namespace linealis {
 
-/// Names each font of the content's texts that this machine cannot show in its own widths: another face stands in
-/// for it, or there is none. Concerns pictures, screens and printers; readers of PDF files bring these fonts along.
+/// Returns a warning for each font of the texts in the content that this machine has no metrically equal face for.
+/// Concerns pictures, the screen, and printing; PDF readers bring their own faces.
 PageWarnings FontWarnings(std::string_view content);
 
 }  // namespace linealis

@@ -13,12 +13,13 @@ namespace linealis {
 
 namespace {
 
-/// Frees what fontconfig has made.
+/// Frees a pattern of fontconfig.
 struct DestroyPattern {
     void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
 };
 using Pattern = std::unique_ptr<FcPattern, DestroyPattern>;
 
+/// Returns the pattern that asks fontconfig for the font or, in this order, its substitutes.
 Pattern PatternOf(const StandardFont& font)
 {
     Pattern pattern(FcPatternCreate());
@@ -52,7 +53,8 @@ bool Succeeded(FT_Error error)
 
 FontFaces::FontFaces()
 {
-    // Fails for want of memory alone, and leaves out a module where it runs out while that is added.
+    // FT_Init_FreeType fails only if memory runs out. It silently skips modules that it has no memory for, so check
+    // for those that are needed.
     const bool isMade = FT_Init_FreeType(&library) == FT_Err_Ok;
     constexpr std::array needed = {"smooth", "sfnt", "truetype", "cff"};
     if (!isMade || !std::all_of(needed.begin(), needed.end(),
@@ -64,7 +66,7 @@ FontFaces::FontFaces()
 
 FontFaces::~FontFaces()
 {
-    FT_Done_FreeType(library);  // and all faces
+    FT_Done_FreeType(library);  // closes the faces too
 }
 
 FT_Face FontFaces::FaceOf(int font)

@@ -8,13 +8,14 @@
 
 namespace linealis {
 
-/// Whether FreeType did what it was asked for. Throws std::bad_alloc if memory ran out: what is painted without
-/// regard to that would lack something.
+/// Whether a call of FreeType succeeded. Throws std::bad_alloc if memory ran out, since ignoring that would leave
+/// gaps in a picture.
 bool Succeeded(FT_Error error);
 
-/// The machine's fonts that stand for the 14 of a page. Each is looked for when it is first wanted.
+/// Finds the fonts of this machine that stand in for the standard fonts of a page. Opens each face on first use.
 class FontFaces {
 public:
+    /// Throws std::bad_alloc if FreeType cannot be initialized.
     FontFaces();
     ~FontFaces();
     FontFaces(const FontFaces&) = delete;
@@ -22,7 +23,8 @@ public:
 
     FT_Library Library() const { return library; }
 
-    /// The face for the number of a font on the page, 0 to 14. Null if the machine has no font at all.
+    /// Returns the face for a font by its number on the page; a number outside 0 to 14 gives the nearest font. Null
+    /// if the machine has no suitable font. The face belongs to this object.
     FT_Face FaceOf(int font);
 
 private:

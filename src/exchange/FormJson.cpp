@@ -31,7 +31,7 @@ const char* TypeName(ControlKind kind)
     return "";
 }
 
-/// What a control holds, and what else there is to know of it.
+/// Adds the value of a control and related properties to its JSON object.
 struct ControlDescriber {
     Json& json;
 
@@ -55,11 +55,13 @@ struct ControlDescriber {
 
 constexpr const char* const carriesNoForm = ": is a picture that carries no form";
 
-/// Objects and lists within each other that a form needs no more than.
+/// The deepest nesting of objects and lists that is accepted. A form needs less.
 constexpr int deepestForm = 8;
 
-/// Takes the form out of JSON as that is read, in time and memory that grow with the text alone. The names are
-/// those of the JSON library's interface. Throws FormError.
+/// Extracts a form from the events of the JSON parser, without building the document, so that time and memory are
+/// proportional to the text. The parser defines the names of the public functions. Throws FormError.
+///
+/// The depth is 1 in the outermost object, 2 in "controls", and 3 in the object of a control.
 class FormReader final : public nlohmann::json_sax<Json> {
 public:
     FormReader(FormFile& theFile, bool isOfPicture) : file(theFile), isPicture(isOfPicture) {}
@@ -69,7 +71,7 @@ public:
     bool null() override
     {
         if (IsControl()) {
-            file.controls.pop_back();  // as if it were not there
+            file.controls.pop_back();  // null counts as absent
         } else if (IsValue()) {
             NoteFault("null");
         }
@@ -131,9 +133,9 @@ public:
     }
 
 private:
-    /// Whether what begins now is what the last key of the controls has.
+    /// Whether the value that begins here belongs to a key of "controls".
     bool IsControl() const { return inControls && depth == 2; }
-    /// Whether it is the "value" of an object that a control has.
+    /// Whether the value that begins here is the "value" in the object of a control.
     bool IsValue() const { return inControls && depth == 3 && field == "value"; }
 
     bool Enter()
@@ -155,7 +157,7 @@ private:
         return true;
     }
 
-    /// The control, or another value for one that the file has had already.
+    /// Adds a control. Of a repeated name, the last one counts, as is usual in JSON.
     void AddControl(std::string name)
     {
         std::erase_if(file.controls, [&](const GivenControl& control) { return control.name == name; });
@@ -166,6 +168,7 @@ private:
         file.controls.push_back({std::move(name), {}, {}});
     }
 
+    /// Stores a value if it belongs to a control. Always returns true, to continue parsing.
     bool Take(std::string value)
     {
         if (IsControl() || IsValue()) {
@@ -175,6 +178,8 @@ private:
         return true;
     }
 
+    /// Stores that the last control has something else instead of a value. Reported only if the control is set,
+    /// since labels may have anything.
     void NoteFault(const char* instead)
     {
         file.controls.back().fault = std::string("is a text, a number, true or false, not ") + instead;
@@ -182,20 +187,21 @@ private:
 
     FormFile& file;
     bool isPicture;
-    int depth = 0;        ///< objects and lists that are open
-    std::string section;  ///< the last key of the outermost object
-    std::string field;    ///< the last key of the object that a control has
+    int depth = 0;        ///< the number of open objects and lists
+    std::string section;  ///< the last key in the outermost object
+    std::string field;    ///< the last key in the object of a control
     bool hasControls = false;
     bool inControls = false;
 };
 
-/// Whether the other controls' values do not depend on this one.
+/// Whether the control does not affect the values of other controls.
 bool IsPlainValue(const Control& control)
 {
     return control.Kind() == ControlKind::Text || control.Kind() == ControlKind::Color;
 }
 
-/// Sets either those controls whose values are plain, or the others.
+/// Sets the controls that are plain values, or the others. An unknown name is an error in either pass. Skips
+/// labels.
 void SetControls(const FormFile& file, const PaperKind& kind, const Form& form, bool plainValues)
 {
     for (const auto& [name, value, fault] : file.controls) {
@@ -206,7 +212,7 @@ void SetControls(const FormFile& file, const PaperKind& kind, const Form& form, 
         if (!fault.empty()) {
             throw FormError{file.name + ": " + Shortened(name) + " " + fault};
         }
-        if (control == nullptr || ValueOf(*control) != value) {  // setting the same again may do something
+        if (control == nullptr || ValueOf(*control) != value) {  // setting an equal value can have side effects
             SetControl(kind.name, form, {name, value});
         }
     }

@@ -12,55 +12,57 @@ namespace linealis {
 
 using Json = nlohmann::ordered_json;
 
-/// What there is to know of a kind.
+/// Returns the description of a kind: its name, title, and settings extension.
 Json KindJson(const PaperKind& kind);
 
-/// What a control is and holds, and what else it could hold.
+/// Returns the type, caption, and value of a control, the items that it offers, and whether it is enabled.
 Json ControlJson(Control& control);
 
-/// A whole form: its kind, all its controls by their names, and the aliases of these.
+/// Returns a whole form: its kind, all controls by name, and the control name for each alias.
 Json FormJson(const PaperKind& kind, const Form& form);
 
-/// What a file gives for a control.
+/// The value that a file gives for a control.
 struct GivenControl {
-    std::string name;   ///< or alias
+    std::string name;   ///< of the control, or its alias
     std::string value;  ///< as SetControl takes it
-    std::string fault;  ///< what is wrong with it, such as "has no "value""; empty: nothing
+    std::string fault;  ///< what is wrong with it: "has no "value""; empty if nothing is
 };
 
-/// A form that was read from JSON: what FormJson gives, or a part of it. Beside the objects of FormJson, whose
-/// "value" counts, a control may be its value alone: a text, a number, true or false.
+/// A form read from JSON: the output of FormJson or a part of it. In place of the object that FormJson writes for a
+/// control, of which only "value" counts, the value itself may stand: a text, a number, true, or false.
 struct FormFile {
     std::string name;                    ///< of the file, for messages
-    std::string kind;                    ///< empty: it tells none
-    std::vector<GivenControl> controls;  ///< in the file's order, each once
+    std::string kind;                    ///< empty if the file names none
+    std::vector<GivenControl> controls;  ///< in the order of the file, each name once
 };
 
-/// Why a file holds no form that can be used.
+/// Thrown if a file contains no usable form.
 struct FormError {
-    std::string message;  ///< begins with the name of the file
+    std::string message;  ///< starts with the name of the file, except for a form of the wrong kind
 };
 
-/// Reads a form from the text of a file: from JSON, or from a page as SVG or PNG, which carries its form. `name` is
-/// the file's, for messages. Throws FormError, also if it is longer than longestForm or has more than mostControls.
+/// Reads a form from the contents of a file: JSON, or a page as SVG or PNG that carries its form. `name` is the
+/// name of the file in messages. Does not check whether the kind and the controls exist; LayOver does. Throws
+/// FormError if there is no form, or if it exceeds longestForm or mostControls.
 FormFile ParseForm(std::string name, std::string_view text);
 
-/// The same of a file, of which no more is read than can be of the form. Throws FormError if it cannot be read too.
+/// Reads a form from a file. Reads only the part of the file that can contain the form. Throws FormError as
+/// ParseForm does, and if the file cannot be read.
 FormFile ReadFormFile(const FolderItem& file);
 
-/// The most bytes of a picture, for who reads it whole.
+/// The longest picture, in bytes, that callers accept when they read a whole file for ParseForm.
 inline constexpr std::size_t longestFormFile = std::size_t{64} << 20U;
 
-/// The most controls that a form tells of: more than any kind has names and aliases.
+/// The most controls in a form file: more than the names and aliases of any kind.
 inline constexpr std::size_t mostControls = 256;
 
-/// The form as a page carries it.
+/// Returns the JSON text that a page carries: the kind and the value of each control.
 std::string CarriedForm(const PaperKind& kind, const Form& form);
 
-/// Sets what the file has, whatever its order: first what decides of other controls, such as the unit, then the
-/// texts and colors. What `form` itself printed gives the same page. Throws UnknownInput at a control or value that
-/// there is not, or FormError if the file is of another kind or has no value for a control; the form is then as it
-/// was.
+/// Sets the controls that the file gives. The order in the file does not matter: controls that affect others, such
+/// as the unit, are set first, texts and colors last. A file made by FormJson from the same form leads to the same
+/// page. Throws UnknownInput if a control or value does not exist, FormError if the file is of another kind or
+/// lacks the value of a control; the form is then unchanged.
 void LayOver(const FormFile& file, const PaperKind& kind, Form& form);
 
 }  // namespace linealis

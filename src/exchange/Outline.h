@@ -12,33 +12,35 @@
 
 namespace linealis {
 
-/// FreeType's unit of length is this part of a pixel.
+/// FreeType counts in 1/64 of a pixel (26.6 fixed point).
 inline constexpr double partsOfPixel = 64.0;
 
-/// FreeType counts the points of an outline in 16 bits.
+/// The most points in an outline. FreeType counts them in signed 16-bit integers.
 inline constexpr std::size_t mostPoints = 32000;
 
-/// Where FreeType's rasterizer still counts right, far outside every picture, and where its stroker does. Pixels.
+/// The largest coordinates, in pixels, that the rasterizer and the stroker of FreeType handle without overflow.
+/// Both are far outside every picture.
 inline constexpr double farthestPainted = 1e5;
 inline constexpr double farthestStroked = 1e7;
 
-/// In FreeType's unit.
+/// Converts pixels to the unit of FreeType. Clamps to `farthest` pixels on both sides of zero.
 inline FT_Pos Position(double pixels, double farthest = farthestPainted)
 {
     return static_cast<FT_Pos>(std::lround(std::clamp(pixels, -farthest, farthest) * partsOfPixel));
 }
 
-/// A closed figure in FreeType's form.
+/// A closed shape in the representation of FreeType.
 struct Outline {
     std::vector<FT_Vector> points;
     std::vector<char> tags;
-    std::vector<short> contours;  ///< the last point of each
+    std::vector<short> contours;  ///< the index of the last point of each contour
 
     void Add(const FT_Vector& point, char tag)
     {
         points.push_back(point);
         tags.push_back(tag);
     }
+    /// Ends the current contour. Does nothing if it has no points.
     void EndContour()
     {
         if (!points.empty() && (contours.empty() || contours.back() + 1 < static_cast<int>(points.size()))) {
@@ -46,7 +48,7 @@ struct Outline {
         }
     }
 
-    /// `place` gives the vector for each point.
+    /// Appends a path as contours. `place` converts each point of the path to a vector.
     template <typename Place>
     void Add(PagePath path, Place place)
     {
@@ -62,7 +64,7 @@ struct Outline {
         EndContour();
     }
 
-    /// Points into this.
+    /// Returns a FreeType outline that points into this object, valid until the next change.
     FT_Outline InFreeType()
     {
         FT_Outline outline{};

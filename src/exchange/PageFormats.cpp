@@ -54,7 +54,7 @@ constexpr auto formats = std::to_array<PageFormat>({
      .write = WriteAsPng},
 });
 
-/// "a", "a or b", "a, b or c".
+/// Joins words for a sentence: "a", "a or b", "a, b or c".
 std::string InASentence(const std::vector<std::string>& words)
 {
     std::string sentence;

@@ -8,44 +8,45 @@
 
 namespace linealis {
 
-/// How a page is written; each format takes what it can use.
+/// How to write a page. Each format uses the options that apply to it.
 struct WriteOptions {
-    LocalTime now;               ///< dates a PDF file
-    std::string carried = {};    ///< the form that a file carries; empty: none
-    double dotsPerInch = 300.0;  ///< of pixels
-    bool isTransparent = false;  ///< pixels without the white of the paper
+    LocalTime now;               ///< the date in a PDF file
+    std::string carried = {};    ///< the form that the file carries; empty for none
+    double dotsPerInch = 300.0;  ///< for formats with pixels
+    bool isTransparent = false;  ///< for formats with pixels: without the white of the paper
 };
 
-/// A format of pages: one row of the one table of them. Options, endings, dialogs, clipboard, completion and
-/// messages are made of it.
+/// A file format for pages: a row of the only table of formats. All lists of formats are generated from it:
+/// options, extensions, dialogs, clipboard, completion, and messages.
 struct PageFormat {
-    std::string_view name;      ///< on the command line, and the ending of its files without a dot
-    std::string_view title;     ///< "SVG"
-    std::string_view words;     ///< what it is good for, in a dialog
-    std::string_view mimeType;  ///< on the clipboard
-    bool hasPixels = false;     ///< whether resolution and transparency count
-    bool carriesForm = false;   ///< whether its files give their form back
-    /// Writes the page to an open stream; closing it is up to the caller. What `turns` throws passes through.
+    std::string_view name;      ///< for the command line; also the extension of its files, without a dot
+    std::string_view title;     ///< for users: "SVG"
+    std::string_view words;     ///< its purpose, for dialogs
+    std::string_view mimeType;  ///< for the clipboard
+    bool hasPixels = false;     ///< whether resolution and transparency apply
+    bool carriesForm = false;   ///< whether the form can be read back from its files
+    /// Writes the page to an open stream, which the caller closes. Exceptions of `turns` pass through.
     void (*write)(const DrawnPage& page, const WriteOptions& options, BinaryStream& stream, Turns& turns);
 };
 
-/// All formats. The first is what a page is if nothing says otherwise.
+/// Returns all formats. The first one is the default.
 std::span<const PageFormat> PageFormats();
 
-/// The format of that name, in any case; null if there is none.
+/// Returns the format with that name, in any case, or null.
 const PageFormat* FindPageFormat(std::string_view name);
 
 /// Returns the names of all formats for a sentence, each after `prefix`: ".pdf, .svg or .png".
 std::string FormatNames(std::string_view prefix = "");
 
-/// Returns the titles of the formats that have the property, for a sentence, and `another` behind them if it is not
+/// Returns the titles of the formats that have the property, for a sentence, with `another` at the end unless it is
 /// empty: "SVG, PNG or JSON".
 std::string FormatTitles(bool PageFormat::*property, std::string_view another = "");
 
-/// Whether the name of a file ends as those of a format do that carries its form.
+/// Whether the file name has the extension of a format that carries the form. A bare extension such as ".svg"
+/// counts too.
 bool IsNameOfCarrier(std::string_view fileName);
 
-/// The page as bytes.
+/// Returns the page as the bytes of a file. Exceptions of `turns` pass through.
 std::string BytesOf(const PageFormat& format, const DrawnPage& page, const WriteOptions& options, Turns& turns);
 
 }  // namespace linealis

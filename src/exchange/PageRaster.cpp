@@ -20,7 +20,7 @@ std::array<std::uint8_t, 3> BytesOf(const PageColor& color)
     return {byte(color.red), byte(color.green), byte(color.blue)};
 }
 
-/// What FreeType's spans are taken for.
+/// The context of the span callbacks of FreeType.
 struct Brush {
     std::vector<std::uint8_t>& pixels;
     std::vector<std::uint8_t>& covered;
@@ -33,7 +33,7 @@ struct Brush {
 
 constexpr unsigned opaque = 255;
 
-/// One of the channels of a pixel, when something covers that much of it.
+/// Returns a channel of a pixel after painting over it with that coverage, from 0 to 255.
 std::uint8_t Mixed(unsigned under, unsigned over, unsigned coverage)
 {
     return static_cast<std::uint8_t>((over * coverage + under * (opaque - coverage) + opaque / 2) / opaque);
@@ -47,8 +47,8 @@ void PaintPixel(std::uint8_t* pixel, const std::array<std::uint8_t, 3>& color, u
     pixel[color.size()] = Mixed(pixel[color.size()], opaque, coverage);
 }
 
-/// Hands on what of the spans is in the picture: its first pixel, counted from the brush's first, how many, and how
-/// much of them is covered.
+/// Clips spans of row `y` to the brush. Calls `take` for each with the index of its first pixel, the number of its
+/// pixels, and the coverage.
 template <typename Take>
 void ForSpans(const Brush& brush, int y, std::span<const FT_Span> spans, Take take)
 {
@@ -66,6 +66,7 @@ void ForSpans(const Brush& brush, int y, std::span<const FT_Span> spans, Take ta
     }
 }
 
+/// Span callback of FreeType that paints at once.
 void PaintSpans(int y, int count, const FT_Span* spans, void* user)
 {
     const Brush& brush = *static_cast<const Brush*>(user);
@@ -77,7 +78,7 @@ void PaintSpans(int y, int count, const FT_Span* spans, void* user)
              });
 }
 
-/// Of shapes that overlap, the greatest coverage counts.
+/// Span callback of FreeType that only records the coverage. Where shapes overlap, the greatest coverage counts.
 void CoverSpans(int y, int count, const FT_Span* spans, void* user)
 {
     const Brush& brush = *static_cast<const Brush*>(user);
@@ -106,7 +107,7 @@ bool PageRaster::Scale(double sx, double sy)
     return true;
 }
 
-/// In the content's own unit.
+/// Returns the width of a line in units of the content. A pen of width 0 gives at least one pixel.
 double PageRaster::WidthOf(const PagePen& pen) const
 {
     const double pixelsPerUnit = scale.PixelsPerUnit();
@@ -116,6 +117,8 @@ double PageRaster::WidthOf(const PagePen& pen) const
 
 bool PageRaster::Stroke(PagePath path, const PagePen& pen)
 {
+    // The shapes of a stroke overlap. Painting them one by one would blend some pixels twice, so first collect the
+    // coverage of all, then paint each pixel once. A single shape is painted directly.
     std::vector<Outline> shapes = ShapesOfStroke(path, pen, WidthOf(pen), scale, faces.Library());
     if (shapes.size() == 1) {
         Render(shapes.front(), pen.color, PaintSpans);
@@ -127,6 +130,7 @@ bool PageRaster::Stroke(PagePath path, const PagePen& pen)
     const std::array<std::uint8_t, 3> color = BytesOf(pen.color);
     for (const std::span<std::uint8_t> span : coveredSpans) {
         auto* pixel = &pixels[static_cast<std::size_t>(span.data() - covered.data()) * bytesPerPixel];
+        // Resets the coverage, so that a pixel in several spans is painted only once.
         for (std::uint8_t& coverage : span) {
             PaintPixel(pixel, color, std::exchange(coverage, std::uint8_t{0}));
             pixel += bytesPerPixel;
@@ -136,6 +140,7 @@ bool PageRaster::Stroke(PagePath path, const PagePen& pen)
     return true;
 }
 
+/// Leaves out a path with more points than an outline can have. A segment has up to three.
 bool PageRaster::Fill(PagePath path, const PageColor& color)
 {
     if (path.size() * 3 <= mostPoints) {
@@ -191,7 +196,7 @@ void PageRaster::Render(Outline& outline, const PageColor& color, FT_SpanFunc ta
     params.gray_spans = takeSpans;
     params.user = &brush;
     params.clip_box = {0, place.firstRow, place.width, place.firstRow + place.rows};
-    Succeeded(FT_Outline_Render(faces.Library(), &figure, &params));  // one that FreeType cannot paint is left out
+    Succeeded(FT_Outline_Render(faces.Library(), &figure, &params));  // leaves out what FreeType rejects
 }
 
 std::span<const std::uint8_t> PageRaster::Row(int row) const

@@ -10,21 +10,21 @@
 
 namespace linealis {
 
-/// Some rows of a picture of a page, into which its content is painted with smooth edges. A dash pattern is painted
-/// as a solid line; no kind of paper has one.
+/// Paints some rows of a picture of a page, with antialiasing. Paints a dashed line as a solid one, since no kind
+/// of paper has dashes.
 class PageRaster final : public PageSink {
 public:
-    /// What is painted where.
+    /// The scale of the picture and the rows to paint.
     struct Place {
         double pageHeight;  ///< points
         double pixelsPerPoint;
-        int width;     ///< pixels of the picture
-        int firstRow;  ///< of the picture, from above
+        int width;     ///< of the picture, in pixels
+        int firstRow;  ///< in the picture, counted from the top
         int rows;
-        double thinnest = 0.0;  ///< pixels: a line thinner than this is painted that wide
+        double thinnest = 0.0;  ///< the least width of a line, in pixels
     };
 
-    /// `theFaces` must outlive this.
+    /// `theFaces` must outlive the object. The rows start out white, or transparent.
     PageRaster(FontFaces& theFaces, const Place& thePlace, bool isTransparent);
 
     bool Scale(double sx, double sy) override;
@@ -33,7 +33,8 @@ public:
     bool FillAndStroke(PagePath path, const PageColor& color, const PagePen& pen) override;
     bool Text(const PageText& text) override;
 
-    /// A row of those painted, red, green, blue and alpha a pixel, the colors multiplied by alpha.
+    /// Returns a painted row, counted from the first of them: red, green, blue, and alpha of each pixel, with the
+    /// colors multiplied by alpha.
     std::span<const std::uint8_t> Row(int row) const;
 
 private:
@@ -44,8 +45,8 @@ private:
     Place place;
     PixelScale scale;
     std::vector<std::uint8_t> pixels;
-    std::vector<std::uint8_t> covered;  ///< of each pixel, by the stroke that is being painted; 255 is all
-    std::vector<std::span<std::uint8_t>> coveredSpans;  ///< where it covers some of them
+    std::vector<std::uint8_t> covered;  ///< the coverage of each pixel by the current stroke; 255 is full
+    std::vector<std::span<std::uint8_t>> coveredSpans;  ///< the parts of `covered` that are not zero
 };
 
 }  // namespace linealis

@@ -11,6 +11,7 @@ namespace linealis {
 
 namespace {
 
+/// Returns the number in big-endian order, as PNG stores all numbers.
 std::string FourBytes(std::uint32_t value)
 {
     std::string bytes;
@@ -35,6 +36,7 @@ std::uint32_t Checksum(std::string_view bytes)
         crc32(0, reinterpret_cast<const Bytef*>(bytes.data()), static_cast<uInt>(bytes.size())));
 }
 
+// The parts of a chunk: length, type, data, checksum.
 constexpr std::size_t lengthSize = 4, typeSize = 4, checksumSize = 4;
 constexpr std::string_view textType = "iTXt";
 
@@ -61,12 +63,17 @@ PngFile::PngFile(BinaryStream& theStream, const PngHead& theHead)
     constexpr double inchesPerMetre = 1.0 / 0.0254;
     rowBefore.assign(theHead.width * bytesPerPixel, '\0');
     stream.Write(pngSignature);
+    // Color types of IHDR: 2 is RGB, 6 is RGB with alpha. The zeros after it select the only compression and filter
+    // method, and no interlacing.
     const char colorType = theHead.hasAlpha ? 6 : 2;
     WriteChunk("IHDR",
                FourBytes(theHead.width) + FourBytes(theHead.height) + '\x08' + colorType + std::string(3, '\0'));
     const auto dotsPerMetre = static_cast<std::uint32_t>(std::lround(theHead.dotsPerInch * inchesPerMetre));
+    // Resolution in both directions; unit 1 is the meter.
     WriteChunk("pHYs", FourBytes(dotsPerMetre) + FourBytes(dotsPerMetre) + '\x01');
-    if (!theHead.carried.empty()) {  // neither compressed nor in a language
+    if (!theHead.carried.empty()) {
+        // The five zero bytes end the keyword, say that the text is not compressed, and end an empty language and
+        // an empty translated keyword.
         WriteChunk(textType, std::string(carriedKeyword) + std::string(5, '\0') + theHead.carried);
     }
 }
@@ -75,7 +82,8 @@ PngFile::~PngFile() = default;
 
 void PngFile::WriteRow(std::span<const std::uint8_t> row)
 {
-    // Each byte less the one above it: papers repeat their rows.
+    // Filter type 2 (Up) stores each byte minus the one above it. Most rows of a paper repeat the row above, and so
+    // become zeros.
     std::string filtered(row.size() + 1, '\x02');
     for (std::size_t i = 0; i < row.size(); ++i) {
         filtered[i + 1] = static_cast<char>(row[i] - static_cast<std::uint8_t>(rowBefore[i]));

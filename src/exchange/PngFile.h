@@ -12,27 +12,29 @@ namespace linealis {
 
 inline constexpr std::string_view pngSignature = "\x89PNG\r\n\x1A\n";
 
-/// What a PNG file says besides its pixels.
+/// The properties of a PNG file other than its pixels.
 struct PngHead {
     std::uint32_t width = 0;  ///< pixels, from 1
     std::uint32_t height = 0;
-    bool hasAlpha = false;  ///< four bytes a pixel, otherwise three
+    bool hasAlpha = false;  ///< four bytes per pixel instead of three
     double dotsPerInch = 0.0;
-    std::string carried;  ///< a text to be carried; empty: none
+    std::string carried;  ///< UTF-8 text to embed; empty for none
 };
 
-/// Writes a PNG file (W3C Recommendation, second edition) row by row, from above.
+/// Writes a PNG file (W3C Recommendation, second edition) row by row from the top, with 8 bits per channel. Write
+/// errors are in the stream; check them after Finish.
 class PngFile {
 public:
-    /// `theStream` is open for writing, and must outlive this.
+    /// Writes everything before the pixels. `theStream` must be open for writing and outlive the object.
     PngFile(BinaryStream& theStream, const PngHead& theHead);
     ~PngFile();
     PngFile(const PngFile&) = delete;
     PngFile& operator=(const PngFile&) = delete;
 
-    /// As many bytes as the width has pixels, times three or four.
+    /// Writes the next row: red, green, blue and, if there is alpha, alpha of each pixel, with colors that are not
+    /// multiplied by alpha.
     void WriteRow(std::span<const std::uint8_t> row);
-    /// After the last row.
+    /// Ends the file. Call once, after the last row. Does not close the stream.
     void Finish();
 
 private:
@@ -47,7 +49,8 @@ private:
     std::size_t bytesPerPixel;
 };
 
-/// The text that a PNG file carries; empty if it carries none, or is damaged before it.
+/// Returns the text that a PNG file carries, or an empty text if it carries none or is damaged before it. Does not
+/// verify checksums.
 std::string TextInPng(std::string_view png);
 
 }  // namespace linealis

@@ -12,7 +12,7 @@ namespace linealis {
 
 namespace {
 
-/// A row as the file has it: without alpha, or with colors that are not multiplied by it.
+/// Converts a painted row to a row of the file: drops alpha or, if transparent, divides the colors by it.
 void Convert(std::span<const std::uint8_t> painted, bool isTransparent, std::vector<std::uint8_t>& row)
 {
     row.clear();
@@ -30,6 +30,7 @@ void Convert(std::span<const std::uint8_t> painted, bool isTransparent, std::vec
     }
 }
 
+/// Paints the content into one band. A time limit replaces `turns` during painting.
 void Paint(std::string_view content, PageRaster& raster, const PngOptions& options, Turns* turns)
 {
     if (!options.endOfPainting) {
@@ -52,7 +53,7 @@ void Paint(std::string_view content, PageRaster& raster, const PngOptions& optio
 PixelSize PixelsOf(const PaperSize& paper, double dotsPerInch)
 {
     const auto pixels = [&](std::int64_t points) {
-        constexpr double rounding = 0.001;  // of a pixel
+        constexpr double rounding = 0.001;  // pixels: a rounding error must not add a pixel
         return std::max<std::int64_t>(
             1, static_cast<std::int64_t>(
                    std::ceil(static_cast<double>(points) / pointsPerInch * dotsPerInch - rounding)));
@@ -69,6 +70,7 @@ int HighestDotsPerInch(const PaperSize& paper)
         const PixelSize size = PixelsOf(paper, dotsPerInch);
         return size.width * size.height <= mostPixels;
     };
+    // The estimate can be slightly too high, because PixelsOf rounds up.
     while (highest > 1 && !fits(highest)) {
         --highest;
     }
@@ -81,6 +83,7 @@ void WritePng(const PaperSize& paper, std::string_view content, const PngOptions
     constexpr std::int64_t pixelsAtATime = 4'000'000;
     const PixelSize size = PixelsOf(paper, options.dotsPerInch);
     const auto width = static_cast<int>(size.width), height = static_cast<int>(size.height);
+    // Each band reads the whole content again, so few large bands are faster. One takes about 20 MB.
     const int band = static_cast<int>(std::clamp<std::int64_t>(pixelsAtATime / size.width, 1, size.height));
     PngFile file(stream, {static_cast<std::uint32_t>(width), static_cast<std::uint32_t>(height),
                           options.isTransparent, options.dotsPerInch, options.carried});

@@ -12,13 +12,14 @@
 
 namespace linealis {
 
-/// How a picture of a page is made.
+/// How to make a picture of a page.
 struct PngOptions {
     double dotsPerInch = 300.0;
-    bool isTransparent = false;  ///< only what the page paints is there; otherwise the paper is white
-    double thinnest = 0.0;       ///< pixels: a line thinner than this is painted that wide
-    std::string carried = {};    ///< a text that it carries; empty: none
-    /// After so much processor time of the whole process the picture has what is painted by then.
+    bool isTransparent = false;  ///< without the white of the paper
+    double thinnest = 0.0;       ///< the least width of a line, in pixels
+    std::string carried = {};    ///< a text for the file to carry; empty for none
+    /// When std::clock, the processor time of the whole process, reaches this value, painting stops, and the
+    /// picture shows what has been painted so far.
     std::optional<std::clock_t> endOfPainting = {};
 };
 
@@ -27,18 +28,20 @@ struct PixelSize {
     std::int64_t height;
 };
 
-/// The pixels of a picture of the paper; at least one each way. One that the paper covers in part counts.
+/// Returns the size of a picture of the paper, at least one pixel each way. A pixel that the paper covers partly
+/// counts.
 PixelSize PixelsOf(const PaperSize& paper, double dotsPerInch);
 
-/// The most pixels that a picture may have.
+/// The most pixels in a picture.
 inline constexpr std::int64_t mostPixels = 500'000'000;
 
-/// The highest whole number of dots per inch, from 1, with which a picture of the paper has no more than
+/// Returns the highest whole number of dots per inch, at least 1, at which a picture of the paper has at most
 /// mostPixels.
 int HighestDotsPerInch(const PaperSize& paper);
 
-/// Paints the page and writes it to an open stream as a PNG file, which may not have more than mostPixels. Needs
-/// little memory whatever its size. Closing the stream is up to the caller. What `turns` throws passes through.
+/// Paints the page and writes it as a PNG file to an open stream, which the caller closes. The caller must make
+/// sure that the picture has at most mostPixels. Paints the picture in bands, so that memory stays small at any
+/// size. Exceptions of `turns` pass through.
 void WritePng(const PaperSize& paper, std::string_view content, const PngOptions& options, BinaryStream& stream,
               Turns* turns = nullptr);
 

@@ -13,10 +13,10 @@ namespace linealis {
 
 namespace {
 
-constexpr int butt = 0, round = 1, square = 2;  // ends of lines, as PDF counts them
+constexpr int butt = 0, round = 1, square = 2;  // line caps as in PDF
 
-/// The part of the line between two points that lies within so much of the origin, by Liang and Barsky; false if
-/// there is none.
+/// Clips a line, in place, to the square from -limit to limit in both directions (Liang and Barsky). Returns false
+/// if no part of it is inside.
 bool ClipLine(Point& from, Point& to, double limit)
 {
     const double dx = to.x - from.x, dy = to.y - from.y;
@@ -43,7 +43,8 @@ bool ClipLine(Point& from, Point& to, double limit)
     return true;
 }
 
-/// The direction to the first of the points that is another one, of length 1. Without one: of length 0.
+/// Returns the direction, of length 1, from a point to the first of `points` that differs from it. Length 0 if none
+/// does.
 Point Towards(const Point& from, std::initializer_list<Point> points)
 {
     for (const Point& point : points) {
@@ -55,6 +56,7 @@ Point Towards(const Point& from, std::initializer_list<Point> points)
     return {0.0, 0.0};
 }
 
+/// Returns the point moved by `length` in the direction.
 Point Moved(const Point& point, const Point& direction, double length)
 {
     return {point.x + direction.x * length, point.y + direction.y * length};
@@ -64,7 +66,7 @@ struct DestroyStroker {
     void operator()(FT_Stroker stroker) const { FT_Stroker_Done(stroker); }
 };
 
-/// Collects the shapes.
+/// Makes the shapes of a stroke, segment by segment.
 class ShapeMaker {
 public:
     ShapeMaker(double theWidth, int theCap, const PixelScale& theScale, FT_Library theLibrary)
@@ -85,16 +87,17 @@ private:
     int cap;
     const PixelScale& scale;
     FT_Library library;
-    Point lastEnd{};  ///< of the segment before
-    Point lastDirection{};
+    Point lastEnd{};        ///< of the previous segment
+    Point lastDirection{};  ///< at the end of the previous segment
 };
 
-/// A segment of a path, which may be the first or last of a piece. A piece that goes on where the one before has
-/// ended, in its direction, has no gap there.
+/// Adds a segment with the corner or end before it, and the end after it. `isFirst` and `isLast` refer to the
+/// subpath. If a subpath continues straight from the end of the previous one, a corner covers the seam.
 void ShapeMaker::AddSegment(const Point& from, const PathSegment& segment, bool isFirst, bool isLast)
 {
     const bool isLine = segment.operation == PageOperator::Line;
     const Point& to = segment.to;
+    // At each end, a curve has the direction of the nearest control point that does not coincide with that end.
     const Point start = isLine ? Towards(from, {to}) : Towards(from, {segment.control1, segment.control2, to});
     const Point end = isLine ? start : Towards(to, {segment.control2, segment.control1, from});
     const Point onwards = isLine ? end : Point{-end.x, -end.y};
@@ -109,6 +112,7 @@ void ShapeMaker::AddSegment(const Point& from, const PathSegment& segment, bool 
     if (!isFirst || goesOn) {
         AddCorner(lastDirection, from, start);
     }
+    // A single line already has its ends from AddLine.
     if (!isLine || !isFirst || !isLast) {
         if (isFirst) {
             AddEnd(from, {-start.x, -start.y});
@@ -121,21 +125,23 @@ void ShapeMaker::AddSegment(const Point& from, const PathSegment& segment, bool 
     lastDirection = onwards;
 }
 
-/// A line's rectangle, with its ends, worked out where its width is the same in all directions. One without length
-/// is a dot if its ends are round, a square if they are square.
+/// Adds the rectangle of a line with its ends. Computes it in units of the content, where the line is equally wide
+/// in all directions. A line without length gives a dot with round ends, a square with square ends, and nothing
+/// with butt ends.
 void ShapeMaker::AddLine(Point from, Point to, int ends)
 {
-    constexpr double farOut = 1e6;  // points
+    constexpr double farOut = 1e6;  // units of the content
     const double length = std::hypot(to.x - from.x, to.y - from.y);
     if ((length == 0.0 && ends == butt) || !ClipLine(from, to, farOut)) {
         return;
     }
-    // Half the width along the line, and across it to the left.
+    // Half of the width, along the line and across it to the left.
     const double half = width / 2.0;
     const Point along =
         length == 0.0 ? Point{half, 0.0} : Point{(to.x - from.x) / length * half, (to.y - from.y) / length * half};
     const Point across{-along.y, along.x};
-    // All is placed from the right edge, so that lines of one width have the same ink wherever they are rounded to.
+    // Rounds only the position of the right edge and adds the rounded offset from there. This way, lines of equal
+    // width have equally much ink wherever they are.
     const auto at = [&](const Point& end, double forward, double left) {
         const FT_Vector edge = scale.Place({end.x - across.x, end.y - across.y});
         const double dx = forward * along.x + (left + 1.0) * across.x;
@@ -144,9 +150,10 @@ void ShapeMaker::AddLine(Point from, Point to, int ends)
                          edge.y - Position(dy * scale.y * scale.pixelsPerPoint)};
     };
     Outline outline;
-    // Counterclockwise on the page: the other way FreeType rounds each pixel's coverage down by one more.
-    const auto addEnd = [&](const Point& end, double forward) {  // from the line's right to its left, or back
-        constexpr double circle = 0.5522847498;                  // makes a quarter of a circle of a Bezier curve
+    // Counterclockwise on the page. In the other direction, FreeType rounds the coverage of each pixel down by one
+    // more.
+    const auto addEnd = [&](const Point& end, double forward) {  // from the right of the line to its left, or back
+        constexpr double circle = 0.5522847498;  // 4/3 (sqrt(2) - 1): a quarter circle as a Bezier curve
         const double out = ends == square ? forward : 0.0;
         outline.Add(at(end, out, -forward), FT_CURVE_TAG_ON);
         if (ends == round) {
@@ -164,11 +171,15 @@ void ShapeMaker::AddLine(Point from, Point to, int ends)
     shapes.push_back(std::move(outline));
 }
 
-/// By FreeType's stroker, with ends as those of a butt line.
+/// Adds the shape of a path from the stroker of FreeType, with butt ends and mitered corners. Adds nothing if
+/// FreeType rejects it, or if it has too many points.
 void ShapeMaker::AddStroked(PagePath path)
 {
-    constexpr double fine = 16.0;  // times finer than a pixel's parts, in the content's own system
+    // The stroker works in units of the content, with this many steps per 1/64 pixel, so that its rounding is
+    // invisible.
+    constexpr double fine = 16.0;
     const double unit = scale.pixelsPerPoint * fine;
+    // The default miter limit of PDF, in 16.16 fixed point.
     constexpr FT_Fixed miterLimit = 10L << 16U;
     FT_Stroker raw = nullptr;
     if (!Succeeded(FT_Stroker_New(library, &raw))) {
@@ -191,19 +202,19 @@ void ShapeMaker::AddStroked(PagePath path)
     made.tags.resize(points);
     made.contours.resize(contours);
     FT_Outline stroked = made.InFreeType();
-    stroked.n_points = 0;  // which the stroker counts up
+    stroked.n_points = 0;  // the stroker appends
     stroked.n_contours = 0;
     FT_Stroker_Export(raw, &stroked);
     for (FT_Vector& point : made.points) {
         point = scale.Place({static_cast<double>(point.x) / partsOfPixel / unit,
                              static_cast<double>(point.y) / partsOfPixel / unit});
     }
-    FT_Outline_Reverse(&stroked);  // as AddLine has it
+    FT_Outline_Reverse(&stroked);  // counterclockwise, as in AddLine
     shapes.push_back(std::move(made));
 }
 
-/// The corner with so much of both lines that no pixel of their ends is left half covered. One that turns straight
-/// back has none.
+/// Adds the corner between two segments, including two pixels of each, so that no pixel at their ends stays partly
+/// covered. A line that turns straight back has no corner.
 void ShapeMaker::AddCorner(const Point& in, const Point& at, const Point& out)
 {
     constexpr double back = -0.9999;
@@ -217,6 +228,7 @@ void ShapeMaker::AddCorner(const Point& in, const Point& at, const Point& out)
     }
 }
 
+/// Adds a round or square end as a very short line with such ends.
 void ShapeMaker::AddEnd(const Point& at, const Point& outwards)
 {
     if (cap != butt) {

@@ -6,29 +6,31 @@
 
 namespace linealis {
 
-/// From the system of a content to the pixels of a picture, which count from its upper left corner downwards.
+/// Converts coordinates of a content to pixels of a picture, counted from its upper left corner downward.
 struct PixelScale {
     double pageHeight;  ///< points
     double pixelsPerPoint;
-    double x = 1.0;  ///< of the content
+    double x = 1.0;  ///< the scale of the content
     double y = 1.0;
 
+    /// Returns the position in pixels.
     Point At(const Point& point) const
     {
         return {point.x * x * pixelsPerPoint, (pageHeight - point.y * y) * pixelsPerPoint};
     }
-    /// The same in FreeType's unit.
+    /// Returns the position in the unit of FreeType.
     FT_Vector Place(const Point& point) const
     {
         const Point pixels = At(point);
         return {Position(pixels.x), Position(pixels.y)};
     }
-    /// The pixels of a unit, the mean of both directions.
+    /// Returns the number of pixels per unit of the content: the geometric mean of both directions.
     double PixelsPerUnit() const { return std::sqrt(std::abs(x * y)) * pixelsPerPoint; }
 };
 
-/// The shapes that cover a stroke together. They overlap: each line and curve is one, and so is each corner between
-/// two of them, and each end that is round or square. A line alone is one shape. `width` replaces that of the pen.
+/// Returns shapes that together cover a stroke: one for each line, curve, and corner, and one for each round or
+/// square end. They overlap. A single line is a single shape. `width` is in units of the content and replaces that
+/// of the pen. Ignores dashes.
 std::vector<Outline> ShapesOfStroke(PagePath path, const PagePen& pen, double width, const PixelScale& scale,
                                     FT_Library library);
 

@@ -16,7 +16,7 @@ namespace linealis {
 
 namespace {
 
-/// The shortest text that reads as the same number.
+/// Returns the shortest text that reads back as the same number.
 std::string Written(double number)
 {
     std::array<char, 32> text{};
@@ -66,6 +66,7 @@ std::string Attribute(std::string_view name, std::string_view value)
 std::string StrokeAttributes(const PagePen& pen)
 {
     constexpr std::array caps = {"butt", "round", "square"};
+    // Width 0 is the thinnest line in PDF, but none in SVG: use one pixel at any zoom.
     const bool isThinnest = pen.width <= 0.0;
     std::string text = Attribute("stroke", Written(pen.color)) +
                        Attribute("stroke-width", isThinnest ? "1" : Written(pen.width)) +
@@ -94,7 +95,8 @@ std::string FontAttributes(int number)
            (font.isSlanted ? Attribute("font-style", "italic") : "");
 }
 
-/// Keeps the width of a text where another font stands in for its own.
+/// Returns attributes that keep the width of the text when another font replaces its own. Empty if the width is
+/// unknown.
 std::string WidthAttributes(const PageText& text)
 {
     const double width = ShownWidth(StandardFontOf(text.font), text.bytes) * text.size;
@@ -102,7 +104,7 @@ std::string WidthAttributes(const PageText& text)
                        : "";
 }
 
-/// A class for the role and for each more general one.
+/// Returns one class for the role and one for each more general role.
 std::string ClassesOf(Role role)
 {
     std::string classes, name;
@@ -115,7 +117,8 @@ std::string ClassesOf(Role role)
     return classes + name;
 }
 
-/// Writes a content as elements. Strokes of one pen and role that follow each other become one path.
+/// Writes a content as SVG elements. Joins consecutive strokes with the same pen and role into one path, to keep
+/// the file small.
 class SvgSink final : public PageSink {
 public:
     SvgSink(double thePageHeight, BinaryStream& theStream) : pageHeight(thePageHeight), stream(theStream)
@@ -134,7 +137,7 @@ public:
 
     bool Stroke(PagePath path, const PagePen& pen) override
     {
-        constexpr std::size_t longestPath = 60000;
+        constexpr std::size_t longestPath = 60000;  // bytes: ends the path after this many
         if (strokes.empty() || pen != strokePen || strokes.size() > longestPath) {
             EndPath();
             strokePen = pen;
@@ -163,6 +166,7 @@ public:
     {
         EndPath();
         const auto& [a, b, c, d, e, f] = text.matrix;
+        // Flips y once more: the group has flipped it, and glyphs must be upright.
         std::string matrix = "matrix(";
         for (const double number : {a, b, -c, -d, e}) {
             matrix += Written(number) + " ";
@@ -188,7 +192,8 @@ public:
     }
 
 private:
-    /// The content counts upwards from the lower left corner.
+    /// Opens a group that converts coordinates of the content, which count upward from the lower left corner. The
+    /// miter limit is the default of PDF.
     void OpenGroup(double sx, double sy)
     {
         stream.Write("<g" +
@@ -205,7 +210,8 @@ private:
         }
     }
 
-    /// Writes an element into the group of its role. A group begins with its first element, so none is empty.
+    /// Writes an element into the group of its role. Opens a group only with its first element, so that no group is
+    /// empty.
     void Write(const std::string& element)
     {
         if (role != openRole) {
@@ -226,10 +232,10 @@ private:
 
     double pageHeight;
     BinaryStream& stream;
-    std::string strokes;  ///< not yet written
+    std::string strokes;  ///< path data not yet written
     PagePen strokePen;
     Role role;
-    Role openRole;  ///< of the group that is open; empty: none is
+    Role openRole;  ///< of the open group; empty if none is open
 };
 
 }  // namespace
