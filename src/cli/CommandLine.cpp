@@ -123,6 +123,7 @@ const CommandLine::Command* CommandLine::FindCommand(const std::vector<std::stri
     return word == words.end() ? nullptr : &CommandNamed(*word);
 }
 
+/// Adds a command with its options and its exit statuses in the help.
 void CommandLine::Add(const Command& command)
 {
     CLI::App& added = *app.add_subcommand(command.name, command.help);

@@ -86,11 +86,13 @@ bool IsText(const Control& control)
     return control.Kind() == ControlKind::Text;
 }
 
+/// Whether a value follows the option on the command line.
 bool TakesArgument(const CLI::Option& option)
 {
     return !option.get_positional() && option.get_expected_max() > 0;
 }
 
+/// Returns the option of the command that the word names, or null.
 const CLI::Option* OptionOf(const CLI::App& command, const std::string& word)
 {
     return word.starts_with('-') ? command.get_option_no_throw(word) : nullptr;

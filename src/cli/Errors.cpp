@@ -85,6 +85,7 @@ bool IsShownAsItIs(std::string_view character)
     return character < "\xC2\x80" || character > "\xC2\x9F";
 }
 
+/// Returns every byte as \xNN.
 std::string Escaped(std::string_view bytes)
 {
     std::string escaped;

@@ -28,6 +28,7 @@ int Run(int argc, char** argv, const PadWork& padWork)
         return 0;
     }
     const int status = line.Run(argc, argv);
+    // A full disk or a closed pipe may show only now.
     if (!std::cout.flush()) {
         throw WorkError{"standard output could not be written"};
     }

@@ -60,6 +60,7 @@ void PadFile::AddPage(std::size_t page)
 void PadFile::AddSide(std::int64_t width, std::int64_t height, const std::vector<Placed>& pages,
                       const std::string& content)
 {
+    // The side refers to its pages as form XObjects, so that a page on many sides is stored only once.
     QPDFObjectHandle forms = QPDFObjectHandle::newDictionary();
     std::string all;
     for (const Placed& placed : pages) {

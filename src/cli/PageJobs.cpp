@@ -62,6 +62,7 @@ private:
         return !threads.empty();
     }
 
+    /// Makes pages until none is left or the work has been stopped. Runs on each worker.
     void Work()
     {
         while (MakeNext()) {

@@ -20,6 +20,7 @@ namespace linealis::cli {
 
 namespace {
 
+/// Opens the page in the default viewer of the desktop. Throws WorkError if that cannot be started.
 void LaunchViewer(const FolderItem& file)
 {
     const std::string program = "xdg-open", path = file.Path().string();

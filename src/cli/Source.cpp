@@ -59,6 +59,7 @@ std::vector<std::string> PossibleSources(const std::string& ending)
     return possible;
 }
 
+/// Throws UsageError if there is no such preset.
 Source PresetNamed(const std::string& id)
 {
     if (const Preset* const preset = FindPreset(id)) {
@@ -67,6 +68,7 @@ Source PresetNamed(const std::string& id)
     throw Unknown("preset", id, PresetNames());
 }
 
+/// Reads a form from a file or, for "-", from standard input. Throws WorkError if that fails.
 FormFile ReadForm(const std::string& fileName)
 {
     try {

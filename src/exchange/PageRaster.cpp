@@ -39,6 +39,7 @@ std::uint8_t Mixed(unsigned under, unsigned over, unsigned coverage)
     return static_cast<std::uint8_t>((over * coverage + under * (opaque - coverage) + opaque / 2) / opaque);
 }
 
+/// Paints over a pixel. The result has colors multiplied by alpha if the pixel had.
 void PaintPixel(std::uint8_t* pixel, const std::array<std::uint8_t, 3>& color, unsigned coverage)
 {
     for (std::size_t channel = 0; channel < color.size(); ++channel) {
@@ -156,6 +157,8 @@ bool PageRaster::FillAndStroke(PagePath path, const PageColor& color, const Page
     return Fill(path, color) && Stroke(path, pen);
 }
 
+/// Paints the outlines of the glyphs without hinting, so that a text has the same proportions at every resolution.
+/// Paints nothing if there is no face for the font.
 bool PageRaster::Text(const PageText& text)
 {
     const FT_Face face = faces.FaceOf(text.font);
@@ -184,6 +187,7 @@ bool PageRaster::Text(const PageText& text)
     return true;
 }
 
+/// Rasterizes the outline in the rows of this object. `takeSpans` is PaintSpans or CoverSpans.
 void PageRaster::Render(Outline& outline, const PageColor& color, FT_SpanFunc takeSpans)
 {
     if (outline.contours.empty()) {

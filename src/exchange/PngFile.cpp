@@ -21,6 +21,7 @@ std::string FourBytes(std::uint32_t value)
     return bytes;
 }
 
+/// Returns the big-endian number in the first four bytes.
 std::uint32_t NumberIn(std::string_view bytes)
 {
     std::uint32_t number = 0;
@@ -30,6 +31,7 @@ std::uint32_t NumberIn(std::string_view bytes)
     return number;
 }
 
+/// Returns the CRC-32 of the bytes, which ends every chunk.
 std::uint32_t Checksum(std::string_view bytes)
 {
     return static_cast<std::uint32_t>(
@@ -42,6 +44,7 @@ constexpr std::string_view textType = "iTXt";
 
 }  // namespace
 
+/// The compressor of zlib with a buffer for its output. What one call puts into it becomes one IDAT chunk.
 struct PngFile::Compressor {
     Compressor()
     {
@@ -98,12 +101,15 @@ void PngFile::Finish()
     WriteChunk("IEND", {});
 }
 
+/// Writes a chunk. Its length counts only the data; its checksum covers type and data.
 void PngFile::WriteChunk(std::string_view type, std::string_view data)
 {
     const std::string body = std::string(type) + std::string(data);
     stream.Write(FourBytes(static_cast<std::uint32_t>(data.size())) + body + FourBytes(Checksum(body)));
 }
 
+/// Compresses bytes and writes the available output. Repeats while the buffer is full, because more output may be
+/// pending then.
 void PngFile::Feed(std::string_view bytes, bool isLast)
 {
     z_stream& deflater = compressor->stream;

@@ -24,6 +24,7 @@ std::string Written(double number)
     return {text.data(), result.ptr};
 }
 
+/// Returns the color as "#rrggbb".
 std::string Written(const PageColor& color)
 {
     const auto channel = [](double value) {
@@ -202,6 +203,7 @@ private:
                      Attribute("fill", "none") + Attribute("stroke-miterlimit", "10") + ">\n");
     }
 
+    /// Writes the collected strokes as one path.
     void EndPath()
     {
         if (!strokes.empty()) {
