@@ -28,7 +28,7 @@ void ColorSwatch::paintEvent(QPaintEvent* /*event*/)
     painter.fillRect(rect(), QColor(color.red, color.green, color.blue));
     painter.setPen(QPen(Qt::black, frame, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter.drawRect(rect().adjusted(frame / 2, frame / 2, -frame / 2, -frame / 2));
-    painter.setPen(palette().color(QPalette::WindowText));  // black does not stand out from a dark form
+    painter.setPen(palette().color(QPalette::WindowText));  // a black frame alone is invisible on a dark form
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
     if (hasFocus()) {
         painter.setPen(QPen(palette().highlight().color(), 1, Qt::DotLine));

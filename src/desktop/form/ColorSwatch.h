@@ -6,7 +6,7 @@
 
 namespace linealis::desktop {
 
-/// A patch of color in a black frame, which is clicked to choose another.
+/// Shows a color in a black frame. The user clicks it to choose another color.
 class ColorSwatch final : public QAbstractButton {
     Q_OBJECT
 

@@ -20,7 +20,7 @@ namespace linealis::desktop {
 
 namespace {
 
-/// "#0000FF (blue)", with the name of the nearest of a few colors.
+/// Returns the color in words: "#0000FF (blue)", with the nearest of a few named colors.
 QString ColorWords(const QColor& color)
 {
     static const std::array<const char*, 16> names = {"black", "white",  "gray", "silver", "red",    "maroon",
@@ -37,7 +37,8 @@ QString ColorWords(const QColor& color)
     return QStringLiteral("%1 (%2)").arg(color.name().toUpper(), QString::fromLatin1(nearest));
 }
 
-/// A popup that lets the wheel scroll the form, unless it has the focus: nobody changes it in passing.
+/// A popup that reacts to the wheel only while it has the focus. Otherwise the wheel scrolls the form, so that
+/// users do not change a popup by accident.
 class PopupBox final : public QComboBox {
 public:
     PopupBox() { setFocusPolicy(Qt::StrongFocus); }
@@ -46,7 +47,8 @@ protected:
     void wheelEvent(QWheelEvent* event) override { hasFocus() ? QComboBox::wheelEvent(event) : event->ignore(); }
 };
 
-/// One for each type of control.
+/// Makes the widget and its refresh function for each type of control. All lambdas hold references to the control,
+/// which outlives its widget.
 struct WidgetMaker {
     const Form& form;
     const ControlEvents& events;
@@ -80,7 +82,9 @@ ControlWidget WidgetMaker::operator()(Popup& popup) const
                              committed(popup);
                          }
                      });
-    box->setAccessibleDescription(ToQt(WholeName(form, popup)));  // on Unix its name is the item that it shows
+    // On Unix, the accessible name of a popup is the item that it shows, so the description gets the control's
+    // name.
+    box->setAccessibleDescription(ToQt(WholeName(form, popup)));
     return {box, [box, &popup] { box->setCurrentIndex(popup.ListIndex()); }};
 }
 

@@ -7,7 +7,7 @@ namespace linealis::desktop {
 
 namespace {
 
-constexpr int widest = 260;  // that it asks for, in pixels
+constexpr int widest = 260;  // limit of the size hint, in pixels
 
 }  // namespace
 

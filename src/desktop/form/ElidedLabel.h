@@ -4,7 +4,8 @@
 
 namespace linealis::desktop {
 
-/// A text that makes do with less room than it needs, cut where `mode` says.
+/// A label that can be narrower than its text. It then cuts the text at the place that `mode` says and shows an
+/// ellipsis there.
 class ElidedLabel final : public QLabel {
     Q_OBJECT
 

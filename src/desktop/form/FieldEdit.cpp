@@ -31,7 +31,7 @@ FieldEdit::FieldEdit(TextField& theField, const Form& theForm) : field(theField)
 
 void FieldEdit::ShowCharacters(int characters)
 {
-    constexpr int frame = 12;
+    constexpr int frame = 12;  // pixels, both sides together
     setFixedWidth(fontMetrics().averageCharWidth() * characters + frame);
 }
 
@@ -45,13 +45,13 @@ void FieldEdit::Refresh()
     }
 }
 
-/// A text may come from keys, from the clipboard, or from a screen reader, which needs no focus for that.
+/// The text may come from the keyboard, the clipboard, or a screen reader, which can set it without the focus.
 void FieldEdit::Take(const QString& entered)
 {
     isEntered = true;
     field.Type(entered.toStdString());
     if (!hasFocus()) {
-        Finish();  // nobody will leave the field
+        Finish();  // a field without the focus is never left, so editingFinished does not follow
     }
 }
 
@@ -89,7 +89,7 @@ void FieldEdit::Step(double steps)
     const std::string stepped = Stepped(field.MeansNow(), field.Text(), steps, UnitOf(form, field));
     if (stepped != field.Text()) {
         selectAll();
-        insert(ToQt(stepped));  // as if it were typed
+        insert(ToQt(stepped));  // like typing, so that the field can undo it
         selectAll();
     }
 }

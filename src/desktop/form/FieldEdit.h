@@ -6,28 +6,29 @@
 
 namespace linealis::desktop {
 
-/// The text of a field. Up and Down step a number, PageUp and PageDown ten times as far. A length that was typed
-/// with a unit or as a fraction becomes one of the form's unit when the field is left; until then the page takes
-/// the text as it stands.
+/// Edits a text field. Up and Down step a number; PageUp and PageDown step it ten times as far. A number typed as
+/// a fraction or with a unit is converted to the unit of the field when the user leaves it; until then, the page
+/// uses the text as typed.
 class FieldEdit final : public QLineEdit {
     Q_OBJECT
 
 public:
-    /// `theForm` tells the unit of lengths.
+    /// `theForm` determines the unit of lengths. Both must outlive the widget.
     FieldEdit(TextField& theField, const Form& theForm);
 
-    /// Makes the field as wide as so many characters of middle width.
+    /// Makes the field wide enough for that many characters of average width.
     void ShowCharacters(int characters);
-    /// Shows what the field holds.
+    /// Updates the text and the hint from the field.
     void Refresh();
-    /// Frames the field in the color of remarks, which changes none of its measures.
+    /// Adds or removes a frame in the color of remarks. The frame does not change the size of the field.
     void Mark(bool isRemarkedOn);
-    /// Ends the entry as leaving the field does.
+    /// Finishes the entry as if the user left the field: converts the text and emits Committed. Does nothing if
+    /// nothing was entered.
     void Finish();
 
 signals:
-    /// A text has been entered: by a user who has left the field or pressed Return in it, or at once without the
-    /// focus.
+    /// Emitted when an entry is finished: when the user leaves the field or presses Return in it, or immediately
+    /// if the field does not have the focus.
     void Committed();
 
 protected:
@@ -35,13 +36,15 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// Passes the text to the field of the form.
     void Take(const QString& entered);
+    /// Steps the number (see Stepped), backward if `steps` is negative.
     void Step(double steps);
 
     TextField& field;
     const Form& form;
     bool isMarked = false;
-    bool isEntered = false;  ///< something that is not finished
+    bool isEntered = false;  ///< whether the text has changed since the last Finish
 };
 
 }  // namespace linealis::desktop

@@ -76,7 +76,7 @@ void FormGroup::Say(const QString& remark, const QString& known)
     said->setAccessibleName(said->text());
 }
 
-/// The heading is a label, and there is no frame.
+/// Paints nothing: the heading is a label, and a group has no frame.
 void FormGroup::paintEvent(QPaintEvent* /*event*/) {}
 
 }  // namespace linealis::desktop

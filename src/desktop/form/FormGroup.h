@@ -7,18 +7,21 @@ class QLabel;
 
 namespace linealis::desktop {
 
-/// A group of a form: a heading in bold, with what there is to say of the fields beside it, and the fields below. A
-/// group without a heading says it below the fields. The room for it is always there, so that nothing moves.
+/// Shows a group of a form: a bold heading with the remarks next to it, and the fields below. A group without a
+/// heading shows the remarks below the fields. The space for remarks is always reserved, so that nothing moves
+/// when one appears.
 class FormGroup final : public QGroupBox {
     Q_OBJECT
 
 public:
-    /// `heading` may be empty. `name` is the object name of what is said; a group without one says nothing.
+    /// `heading` may be empty. `name` is the object name of the label for remarks. If both are empty, the group
+    /// shows no remarks.
     FormGroup(const QString& heading, const QString& name);
 
     QGridLayout& Fields() const { return *fields; }
 
-    /// Shows the remark in the color of remarks, or without one, what is known of the fields. Either may be empty.
+    /// Shows the remark in the color of remarks. If it is empty, shows `known`, a fact about the fields, in the
+    /// weak color. Both may be empty.
     void Say(const QString& remark, const QString& known);
 
 protected:
@@ -29,10 +32,11 @@ private:
     QGridLayout* fields;
 };
 
-/// The color of remarks: a red that stands out from the background of the palette, light or dark.
+/// Returns the color of remarks: a red that stands out from the palette's background, light or dark.
 QColor RemarkColor(const QPalette& palette);
 
-/// The color of units and readouts: weaker than text, with a contrast of at least 4.5 to the background.
+/// Returns the color of units and readouts: the text color mixed with the background. Black text on white, or the
+/// reverse, keeps a contrast of at least 4.5.
 QColor WeakColor(const QPalette& palette);
 
 }  // namespace linealis::desktop

@@ -16,6 +16,7 @@ constexpr int mostSteps = 500;
 
 }  // namespace
 
+/// One step between two states of the window.
 class FormHistory::Step final : public QUndoCommand {
 public:
     Step(FormHistory& theHistory, const QString& name, WindowState theBefore, WindowState theAfter)
@@ -25,7 +26,7 @@ public:
     void undo() override { history.Move(after, before); }
     void redo() override
     {
-        if (isDone) {  // the stack redoes a step when it gets it
+        if (isDone) {  // the first call comes from QUndoStack::push, when the window is already in this state
             history.Move(before, after);
         }
         isDone = true;
@@ -51,7 +52,8 @@ bool FormHistory::Commit(const QString& name)
     if (now == last) {
         return false;
     }
-    // The name of another output file alone is no step: the file stands, and so does its name.
+    // A new name of the output file alone is not a step: undo does not take back the file, so it must not take
+    // back the name.
     WindowState before = std::exchange(last, std::move(now));
     for (std::size_t i = 0; i < before.form.size(); ++i) {
         if (before.form[i] != last.form[i] && window.form.Controls()[i] != &window.form.StaticFileName) {
@@ -95,6 +97,7 @@ bool FormHistory::CanUndo() const
 void FormHistory::Move(const WindowState& from, const WindowState& to)
 {
     const WindowState now = window.State();
+    // The form contains the name of the output file, which must stay in step with the file itself.
     const std::string fileName = window.form.StaticFileName.Caption();
     WindowState target = to;
     if (from.ourFolderItem == to.ourFolderItem) {

@@ -6,42 +6,48 @@
 
 namespace linealis::desktop {
 
-/// Undo and redo over the whole of a paper window: one step for what has changed of its form since the last one.
-/// A step that brought another output or settings file, as a load does, takes that back too.
+/// Implements undo and redo for a paper window. A step contains all changes of the form since the previous step.
+/// If a step also changed the output or settings file, as loading settings does, undo restores that too.
 class FormHistory final : public QObject {
     Q_OBJECT
 
 public:
     explicit FormHistory(PaperWindow& theWindow, QObject* parent = nullptr);
 
-    /// Makes one step, of that name, of what has changed since the last. Returns false if nothing has.
+    /// Makes a step with that name from all changes since the last step. Returns false, and makes no step, if the
+    /// form has not changed apart from the name of the output file.
     bool Commit(const QString& name);
 
-    /// Makes one step of what has changed since the last, named after a change of that control: "Top margin 0.5 →
-    /// 1".
+    /// Like Commit, with a name that describes the change of the control: "Top margin 0.5 → 1".
     void CommitChangeOf(const Control& control);
 
-    /// Takes the last step back, or does it again. Returns its name; empty if there is none.
+    /// Reverts the last step. Changes that are not yet a step become one first. Returns the name of the step, or
+    /// an empty text if there is none.
     QString Undo();
+    /// Repeats the step that was reverted last. Changes that are not yet a step become one first, which discards
+    /// the steps to repeat. Returns the name of the step, or an empty text if there is none.
     QString Redo();
+    /// Whether there is a step to revert, or a change that is not yet a step.
     bool CanUndo() const;
     bool CanRedo() const { return stack.canRedo(); }
 
-    /// "Open notes.setx": what Undo would take back; empty if nothing.
+    /// Returns the name of the step that Undo would revert, such as "Open notes.setx", or an empty text.
     QString UndoName() const { return stack.undoText(); }
     QString RedoName() const { return stack.redoText(); }
 
 signals:
+    /// Emitted when the step to undo or redo has changed.
     void Changed();
 
 private:
     class Step;
 
-    /// Puts the window from one state into the other. What is the same in both stays as it is now.
+    /// Puts the window into the state `to`. The output file and the settings file keep their current values unless
+    /// they differ between `from` and `to`.
     void Move(const WindowState& from, const WindowState& to);
 
     PaperWindow& window;
-    WindowState last;
+    WindowState last;  ///< the state after the last step
     QUndoStack stack;
 };
 

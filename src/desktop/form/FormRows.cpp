@@ -11,7 +11,7 @@ namespace {
 
 constexpr Qt::Alignment captionAlignment = Qt::AlignRight | Qt::AlignVCenter;
 
-/// Whether the control stands in the cell of the one before it.
+/// Whether the control belongs in the same cell as the control before it.
 bool ContinuesCell(const Control& control)
 {
     return control.Declared().beside && (control.Kind() == ControlKind::Label || control.Caption().empty());
@@ -47,7 +47,8 @@ std::vector<FormRows::Cell> FormRows::CellsOf(const std::vector<RowItem>& items)
     return cells;
 }
 
-/// A cell that is wide, and one that the rest of a long row belongs to.
+/// Whether the cell needs a line of its own: because it is wide, or because it is the title or the popup of a row
+/// with more than two cells.
 bool FormRows::TakesALine(const Cell& cell, const std::vector<Cell>& row)
 {
     const RowItem& first = cell.front();
@@ -76,20 +77,21 @@ void FormRows::AddLine(std::span<const Cell> cells)
     int place = 0;
     for (const Cell& cell : cells) {
         const RowItem& first = cell.front();
-        // A check box holds its own caption. The first of a line is aligned with the fields above it.
+        // A check box contains its caption, so it uses the column of captions too. At the start of a line it does
+        // not, so that it lines up with the fields above.
         const bool fillsCaption = first.control->Kind() == ControlKind::Check && place > 0;
         if (first.caption != nullptr) {
             grid.addWidget(first.caption, line, place, captionAlignment);
         }
         place += fillsCaption ? 0 : 1;
         const int width = fillsCaption ? 2 : 1;
-        // The last of a line takes the room that it needs, so that it widens no column.
+        // The last cell spans all remaining columns, so that it does not widen its own.
         grid.addLayout(BoxOf(cell), line, place, 1, &cell == &cells.back() ? columns - place : width);
         place += width;
     }
 }
 
-/// In one box, so that it widens no column of the table.
+/// Puts all cells into one box, so that they do not widen the columns of the table.
 void FormRows::AddLineBelowTable(std::span<const Cell> cells)
 {
     auto* const box = new QHBoxLayout;

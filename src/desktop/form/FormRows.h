@@ -12,32 +12,33 @@ class QWidget;
 
 namespace linealis::desktop {
 
-/// A control of a row on the screen.
+/// A control of a row with its widgets.
 struct RowItem {
     const Control* control;
     QWidget* widget;
-    QLabel* caption = nullptr;  ///< before the widget; null if it has none
-    QLabel* readout = nullptr;  ///< behind the widget; null if it has none
+    QLabel* caption = nullptr;  ///< before the widget; may be null
+    QLabel* readout = nullptr;  ///< after the widget; may be null
 };
 
-/// Lays out the rows of a group in its grid, from the top. Captions stand in the even columns, aligned to the
-/// right, and their fields in the odd ones. A row of a table has one column for each field, under the heading of
-/// the column.
+/// Lays out the rows of a group in its grid, from top to bottom. Captions go into the even columns, aligned to the
+/// right, and their fields into the odd columns. A row of a table has one column for each field, below the heading
+/// of the column.
 class FormRows {
 public:
-    /// More columns than any row has.
+    /// The width of the grid: more columns than any row has.
     static constexpr int columns = 20;
 
-    /// A row with more than `theCellsPerLine` fields continues on the next line.
+    /// A row with more than `theCellsPerLine` cells continues on the next line.
     FormRows(QGridLayout& theGrid, std::size_t theCellsPerLine) : grid(theGrid), cellsPerLine(theCellsPerLine) {}
 
+    /// Adds a row that is not part of a table.
     void Add(const std::vector<RowItem>& items);
 
-    /// Adds a row of a table. `readout` stands at its end; null if there is none.
+    /// Adds a row of a table, with `readout` at its end, which may be null.
     void AddToTable(const std::vector<RowItem>& items, QLabel* readout);
 
 private:
-    /// A field with its caption, and what stands directly behind it: a unit, the height of a paper.
+    /// A field with its caption, and what follows it directly: its unit, or the height after the width of a paper.
     using Cell = std::vector<RowItem>;
 
     static std::vector<Cell> CellsOf(const std::vector<RowItem>& items);

@@ -43,7 +43,7 @@ QString TitleOf(Group group)
     return {};
 }
 
-/// The remark on a field, for a person: "Circles: counts as 1". Empty if there is none.
+/// Returns the remark on a field with its caption: "Circles: counts as 1". Empty if there is none.
 QString RemarkText(const Form& form, const TextField& field)
 {
     const auto typed = TypedNumber(field.Text(), form, field);
@@ -70,7 +70,8 @@ bool HasTables(const Form& form)
                        [](const Control* control) { return control->Declared().captionAbove; });
 }
 
-/// Simple forms are narrow. A form with tables is as wide as these, and its lines need not be short.
+/// Returns how many cells a line may have. Simple forms stay narrow. A form with tables is as wide as its tables,
+/// so its lines can be longer.
 std::size_t CellsPerLine(const Form& form, Group group)
 {
     constexpr std::size_t few = 2, many = FormRows::columns;
@@ -83,7 +84,7 @@ bool HoldsLength(const TextField& field)
     return quantity == Quantity::Length || quantity == Quantity::CountPerUnit;
 }
 
-/// The width of the widest caption that a row begins with, in pixels.
+/// Returns the width of the widest caption at the start of a row, in pixels.
 int CaptionWidth(const QGridLayout& grid)
 {
     int width = 0;
@@ -110,7 +111,8 @@ FormView::FormView(Form& theForm, GroupBoxes groupBoxes, std::function<void(Swat
     connect(qApp, &QApplication::focusChanged, this, [this](const QWidget* /*old*/, const QWidget* now) {
         const auto has = [now](const auto& entry) {
             const QWidget* const widget = entry.second.control.widget;
-            return now != nullptr && (widget == now || widget->isAncestorOf(now));  // a group of buttons
+            // A group of radio buttons is one widget with the buttons inside.
+            return now != nullptr && (widget == now || widget->isAncestorOf(now));
         };
         const auto found = std::find_if(controls.begin(), controls.end(), has);
         emit FocusMoved(found == controls.end() ? nullptr : found->first);
@@ -121,7 +123,7 @@ FormView::FormView(Form& theForm, GroupBoxes groupBoxes, std::function<void(Swat
         emit Changed();
     };
     RefreshAll();
-    Align();  // with what the captions say now
+    Align();  // after RefreshAll, which sets the texts of the captions
 }
 
 FormView::~FormView()
@@ -201,6 +203,7 @@ void FormView::AddTableRow(FormRows& rows, const Form::Row& row)
 
 void FormView::AddRow(FormRows& rows, const Form::Row& row)
 {
+    // Two prose fields in one row of a narrow form get less width, so that they fit side by side.
     constexpr int fewCharacters = 18;
     const bool sharesLine = !HasTables(form) && std::count_if(row.begin(), row.end(), [](const Control* control) {
                                                     return IsProse(*control);
@@ -212,6 +215,7 @@ void FormView::AddRow(FormRows& rows, const Form::Row& row)
         if (control->Kind() == ControlKind::Text && !IsProse(*control)) {
             const auto& field = static_cast<const TextField&>(*control);
             const Group group = control->InGroup();
+            // A label after the field shows its unit already.
             const bool isBeforeUnit = i + 1 < row.size() && row[i + 1]->Kind() == ControlKind::Label;
             const bool hasUnit = !isBeforeUnit && !(HasTables(form) && group == Group::Text);
             const bool hasLength = (group == Group::Spacing || group == Group::Lines) && HoldsLength(field);
@@ -247,7 +251,7 @@ void FormView::Align()
     }
     for (const ShownReadout& readout : readouts) {
         if (readout.hasLength && readout.fields.size() == 1) {
-            const QString widest = QStringLiteral("= 188.88 mm");
+            const QString widest = QStringLiteral("= 188.88 mm");  // a typical wide readout
             readout.label->setFixedWidth(
                 fontMetrics().horizontalAdvance(readout.hasUnit ? QStringLiteral("in ") + widest : widest));
         }
@@ -322,7 +326,7 @@ void FormView::ShowReadouts()
         }
         if (readout.label->text() != ToQt(text)) {
             readout.label->setText(ToQt(text));
-            readout.label->setToolTip(ToQt(text));  // an elided one shows less
+            readout.label->setToolTip(ToQt(text));  // the label may show only a part
         }
     }
 }
@@ -342,7 +346,6 @@ void FormView::FinishEdit()
     }
 }
 
-/// What there is to say of a group without a remark.
 QString FormView::Known(Group group) const
 {
     if (group == Group::Spacing) {
@@ -376,7 +379,8 @@ QString FormView::ShowRemark(const TextField& field)
     QString remark = RemarkText(form, field);
     edit.Mark(!remark.isEmpty());
     const QString hint = ToQt(HintOf(field));
-    edit.setToolTip(remark.isEmpty() ? hint : remark + QLatin1Char('\n') + hint);  // a heading may cut it
+    // The remark is repeated here because the group may show only a part of it.
+    edit.setToolTip(remark.isEmpty() ? hint : remark + QLatin1Char('\n') + hint);
     edit.setAccessibleDescription(remark.isEmpty() ? hint : remark + QStringLiteral(". ") + hint);
     return remark;
 }

@@ -18,49 +18,51 @@ namespace linealis::desktop {
 class FormGroup;
 class FormRows;
 
-/// Whether the groups of a form stand in boxes with a heading, as on a paper's window, or without, as in a dialog.
+/// Whether the groups of a form have headings, as in a paper window, or none, as in a dialog.
 enum class GroupBoxes { withHeading, none };
 
-/// A form on the screen: the widgets of its controls, in their groups, and the remarks on its fields. A widget's
-/// object name is its control's name.
+/// Shows a form: the widgets of its controls, arranged in groups, and the remarks on its fields. The object name
+/// of a widget is the name of its control. Is the observer of the form while it exists.
 class FormView final : public QWidget {
     Q_OBJECT
 
 public:
-    /// `onSwatch` is called when the user clicks a color swatch.
+    /// `onSwatch` is called when the user clicks a color swatch. The form must outlive the view.
     FormView(Form& theForm, GroupBoxes groupBoxes, std::function<void(Swatch& swatch)> onSwatch,
              QWidget* parent = nullptr);
     ~FormView() override;
     FormView(const FormView&) = delete;
     FormView& operator=(const FormView&) = delete;
 
-    /// Hands over the last group, to stand elsewhere in the window. It still shows its controls.
+    /// Removes the last group from the layout and returns it, without a parent, for another place in the window.
+    /// The view keeps its controls up to date.
     QWidget* TakeLastGroup();
 
-    /// Says what the page holds beside the heading of the spacings, where there is nothing to remark on.
+    /// Shows a summary of the page next to the heading of the spacings, unless there are remarks to show.
     void ShowSummary(const QString& words);
-    /// Ends what is being entered, as leaving the field does.
+    /// Finishes the entry in the text field that has the focus, as if the user left it.
     void FinishEdit();
 
 signals:
-    /// Something of the form has changed, by whomever it was done.
+    /// Emitted when a control has changed, by the user or by code.
     void Changed();
-    /// The user has ended a change: left a text field or pressed Return in it, chosen an item, clicked a box.
+    /// Emitted when the user has finished a change: left a text field or pressed Return in it, chosen an item, or
+    /// clicked a box.
     void Committed(const linealis::Control& control);
-    /// The control that has the focus now, or null.
+    /// Emitted with the control that now has the focus, or null.
     void FocusMoved(const linealis::Control* control);
 
 protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    /// A control on the screen, with its caption.
+    /// The widgets of a control.
     struct Shown {
         ControlWidget control;
-        QLabel* caption = nullptr;  ///< the caption before it that is no control itself, or null
+        QLabel* caption = nullptr;  ///< null if there is no caption, or if it is a Label with its own entry
     };
 
-    /// What stands behind fields: the unit of one, and the lengths in millimeters.
+    /// The label after one or more fields: the unit of a single field, and the lengths of all in millimeters.
     struct ShownReadout {
         Form::Row fields;
         QLabel* label;
@@ -69,30 +71,35 @@ private:
     };
 
     void AddGroup(Group group, GroupBoxes groupBoxes);
+    /// Adds the headings of a table, taken from the captions of its first row.
     void AddHeadings(QGridLayout& grid, const Form::Row& row);
     void AddRow(FormRows& rows, const Form::Row& row);
     void AddTableRow(FormRows& rows, const Form::Row& row);
     QLabel* MakeReadout(const Form::Row& fields, bool hasUnit, bool hasLength);
-    /// Gives the captions that rows begin with one width in all groups, and readouts a width that does not change
-    /// with their texts.
+    /// Gives the captions at the start of rows the same width in all groups, and the readouts of single fields a
+    /// width that does not depend on their texts.
     void Align();
     QWidget* MakeWidget(Control& control);
-    /// The label of a control's caption, its buddy; null if the control has no caption before it.
+    /// Makes the label before a control and sets the control as its buddy. Returns null if there is no caption
+    /// before the control.
     QLabel* MakeCaption(Control& control);
 
+    /// Updates the widgets of a control. Does nothing if the view does not show it.
     void Refresh(const Control& control);
+    /// Updates all widgets and the colors that are derived from the palette.
     void RefreshAll();
     void ShowReadouts();
+    /// Returns what a group shows if there are no remarks. May be empty.
     QString Known(Group group) const;
     /// Shows the remarks on the fields of a group.
     void ShowRemarks(Group group);
-    /// Marks the field of a remark, and says it to who cannot see that. Returns the remark.
+    /// Marks the field if there is a remark on it, and tells screen readers the remark. Returns the remark.
     QString ShowRemark(const TextField& field);
 
     Form& form;
     ControlEvents events;
     QVBoxLayout* column;
-    QHBoxLayout* lastRow = nullptr;
+    QHBoxLayout* lastRow = nullptr;  ///< contains the last group, for TakeLastGroup
     std::map<const Control*, Shown> controls;
     std::map<Group, FormGroup*> groups;
     std::vector<ShownReadout> readouts;

@@ -18,11 +18,11 @@ namespace linealis::desktop {
 
 namespace {
 
-constexpr double border = 12.0;     // pixels of desk about a page that fits
-constexpr double zoomStep = 1.25;   // of a key or a notch of the wheel
+constexpr double border = 12.0;     // pixels of background around the page
+constexpr double zoomStep = 1.25;   // factor per key press or notch of the wheel
 constexpr double largestZoom = 16;  // 1600 % of the actual size
 constexpr double smallestZoom = 0.05;
-constexpr double notch = 120.0;  // of a wheel, in eighths of a degree
+constexpr double notch = 120.0;  // of a mouse wheel, in eighths of a degree as Qt counts them
 
 }  // namespace
 
@@ -87,6 +87,7 @@ void LivePage::Show(const PaperPage& page, const QString& summary)
 
 double LivePage::ActualSize() const
 {
+    // Some screens report no physical size or a wrong one.
     const double physical = screen()->physicalDotsPerInch();
     const bool isPlausible = physical > 40.0 && physical < 800.0;
     return (isPlausible ? physical : screen()->logicalDotsPerInch()) / pointsPerInch;
@@ -98,6 +99,7 @@ double LivePage::Fit() const
     const double zoomToFit =
         std::min(room.width() / static_cast<double>(std::max<std::int64_t>(frame.paperWidth, 1)),
                  room.height() / static_cast<double>(std::max<std::int64_t>(frame.paperHeight, 1)));
+    // The result must be positive even if the window has no room left for the page.
     return std::clamp(zoomToFit, 0.001, largestZoom * ActualSize());
 }
 
@@ -126,7 +128,7 @@ void LivePage::Zoom(std::optional<double> newZoom, QPointF fixed)
         newZoom = std::clamp(*newZoom, smallestZoom * ActualSize(), largestZoom * ActualSize());
     }
     zoom = newZoom;
-    LayOut();
+    LayOut();  // first, so that the scroll bars have their new ranges
     const QPointF moved = onPage * PixelsPerPoint() + Origin() - fixed;
     horizontalScrollBar()->setValue(horizontalScrollBar()->value() + static_cast<int>(std::lround(moved.x())));
     verticalScrollBar()->setValue(verticalScrollBar()->value() + static_cast<int>(std::lround(moved.y())));
@@ -152,6 +154,7 @@ void LivePage::LayOut()
         bar.setPageStep(page);
         bar.setSingleStep(std::max(page / 20, 1));
     };
+    // A page that fits the window has nothing to scroll.
     set(*horizontalScrollBar(), zoom ? all.width() : 0, room.width());
     set(*verticalScrollBar(), zoom ? all.height() : 0, room.height());
 }
@@ -169,7 +172,8 @@ void LivePage::paintEvent(QPaintEvent* /*event*/)
     painter.fillRect(viewport()->rect(), palette().color(QPalette::Mid));
     const QRectF sheet(Origin(), PaperInPixels());
     painter.fillRect(sheet, Qt::white);
-    if (!picture.image.isNull()) {  // until a new picture is there, the last one in its new place
+    if (!picture.image.isNull()) {
+        // Until the renderer delivers the new picture, show the last one, moved and scaled to the new view.
         const double grown = PixelsPerPoint() / picture.excerpt.scale;
         const QPointF corner = Origin() - picture.excerpt.origin * grown;
         painter.save();
@@ -207,7 +211,8 @@ void LivePage::PaintMargins(QPainter& painter) const
                            .adjusted(frame.leftMargin * scale, frame.topMargin * scale, -frame.rightMargin * scale,
                                      -frame.bottomMargin * scale)
                            .toRect());
-    // Without a clip: Qt 6.4 passes over one that is set after setClipping(false).
+    // Fill the parts of the region one by one instead of clipping: Qt 6.4 ignores a clip that is set after
+    // setClipping(false).
     for (const QRect& part : margins) {
         painter.fillRect(part, QColor(0, 90, 200, 40));
     }
@@ -235,7 +240,6 @@ void LivePage::wheelEvent(QWheelEvent* event)
     }
 }
 
-/// A place of the viewport in points from the lower left corner of the page.
 QPointF LivePage::OnPage(QPointF place) const
 {
     const QPointF fromTop = (place - Origin()) / PixelsPerPoint();
@@ -250,6 +254,7 @@ void LivePage::mousePressEvent(QMouseEvent* event)
 void LivePage::mouseReleaseEvent(QMouseEvent* event)
 {
     const QPoint moved = event->position().toPoint() - pressed;
+    // A longer move is a drag, which has scrolled the page.
     if (event->button() == Qt::LeftButton && moved.manhattanLength() < QApplication::startDragDistance()) {
         emit Clicked(OnPage(event->position()));
     }

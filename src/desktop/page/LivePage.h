@@ -9,43 +9,46 @@ class QAction;
 
 namespace linealis::desktop {
 
-/// The page that the form makes now, read back from its content. It asks nothing, writes nothing and changes no
-/// field. Ctrl and the wheel zoom, dragging moves the page.
+/// Shows the page that the form currently makes, painted from its content. Never asks a question, writes a file,
+/// or changes a field. Ctrl with the wheel zooms; dragging scrolls the page.
 class LivePage final : public QAbstractScrollArea {
     Q_OBJECT
 
 public:
     explicit LivePage(QWidget* parent = nullptr);
 
-    /// Shows another page; what is still being drawn of the one before stops. `summary` tells it in words.
+    /// Shows another page and aborts the drawing of the previous one. `summary` describes the page in words; it
+    /// becomes the accessible name.
     void Show(const PaperPage& page, const QString& summary);
-    /// Lights up all that has one of the roles.
+    /// Highlights everything that has one of the roles.
     void LightUp(const RoleSet& roles) { renderer.LightUp(roles); }
 
-    /// Fit, actual size, zoom in, zoom out, margins, and what has been added: for a menu.
+    /// Returns the actions for a menu: fit, actual size, zoom in, zoom out, margins, then the added ones.
     QList<QAction*> ViewActions() const { return viewActions; }
     void AddViewAction(QAction* action) { viewActions << action; }
 
-    /// Pixels for a point of the page.
+    /// The current zoom, in pixels per point of the page. Always positive.
     double PixelsPerPoint() const;
     double ZoomPercent() const { return PixelsPerPoint() / ActualSize() * 100.0; }
-    /// Zooms to so many per cent of the actual size, within what is possible.
+    /// Zooms to a percentage of the actual size, clamped to 5 to 1600.
     void ZoomTo(double percent);
-    /// Where the page's upper left corner stands, in pixels.
+    /// The position of the page's upper left corner in the viewport, in pixels.
     QPointF Origin() const;
     QSizeF PaperInPixels() const;
     const PagePicture& Picture() const { return picture; }
 
 signals:
-    /// The picture shows what was asked for last, or as much of it as there is.
+    /// Emitted when a new picture has arrived. A new page gets two pictures; only the second has its warnings.
     void Painted();
-    /// The page lies elsewhere, or is larger or smaller.
+    /// Emitted when the page has moved in the viewport or has another scale.
     void ViewChanged();
+    /// Emitted with the position of the pointer in the viewport, in pixels.
     void PointerMoved(QPointF place);
     void PointerLeft();
-    /// The page was clicked at a place, in points from its lower left corner.
+    /// Emitted when the user has clicked on the page. `place` is in points from its lower left corner, and may lie
+    /// outside the paper.
     void Clicked(QPointF place);
-    /// The pointer rests on such a place.
+    /// Emitted when the pointer rests, which is the time for a tool tip. `place` is as in Clicked.
     void Rested(QPointF place, const QPoint& onScreen);
 
 protected:
@@ -59,29 +62,35 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
 
 private:
-    /// `shortText` stands on a button.
+    /// Adds an action to the view actions. `shortText` is for a button, `text` for a menu.
     QAction* AddAction(const char* name, const QString& text, const QString& shortText, const QKeySequence& key,
                        const std::function<void()>& act);
-    /// The zoom at which a point of the page is as large as on paper, by what the screen says of itself.
+    /// Returns the zoom, in pixels per point, that shows the page as large as on paper. Relies on the resolution
+    /// that the screen reports.
     double ActualSize() const;
+    /// Returns the zoom, in pixels per point, that fits the whole page into the window.
     double Fit() const;
-    /// Nothing fits the page into the window. `fixed` stays where it is, in pixels of the viewport.
+    /// Sets the zoom in pixels per point; no value fits the page into the window from now on. The point of the
+    /// page at `fixed`, in pixels of the viewport, stays in place as far as scrolling allows.
     void Zoom(std::optional<double> newZoom, QPointF fixed);
     void ZoomBy(double factor, QPointF fixed);
+    /// Sets the ranges of the scroll bars for the current zoom and window size.
     void LayOut();
+    /// Converts a position in the viewport to points from the lower left corner of the page.
     QPointF OnPage(QPointF place) const;
+    /// Requests a picture of the current view from the renderer, and repaints the last one until it arrives.
     void AskForPicture();
-    /// What is wrong with the page, in as many lines as it takes.
+    /// Paints what is wrong with the page across the top, on as many lines as needed.
     void PaintProblem(QPainter& painter) const;
     void PaintMargins(QPainter& painter) const;
 
     PageRenderer renderer;
     PagePicture picture;
     PageFrame frame;
-    std::optional<double> zoom;  ///< pixels for a point; nothing: the page fits
+    std::optional<double> zoom;  ///< pixels per point; no value: fit the page into the window
     bool showsMargins = false;
-    QPoint dragged;
-    QPoint pressed;
+    QPoint dragged;  ///< where the pointer was at the last event of the drag
+    QPoint pressed;  ///< where the button was pressed
     QList<QAction*> viewActions;
 };
 

@@ -21,7 +21,7 @@ namespace {
 
 const QString rulersKey = QStringLiteral("livePage/rulers");
 
-/// Keeps Return to itself, which would make the page otherwise.
+/// Accepts the Return key, which would otherwise reach the window and generate the page.
 class ZoomBox final : public QComboBox {
 protected:
     void keyPressEvent(QKeyEvent* event) override
@@ -134,7 +134,7 @@ void LivePane::ViewChanged()
     const QSizeF paper = page->PaperInPixels() / page->PixelsPerPoint();
     across->Show({origin.x(), paper.width(), page->PixelsPerPoint(), inInches});
     down->Show({origin.y(), paper.height(), page->PixelsPerPoint(), inInches});
-    if (!zoom->lineEdit()->hasFocus()) {
+    if (!zoom->lineEdit()->hasFocus()) {  // do not overwrite what the user is typing
         zoom->setEditText(tr("%1 %").arg(std::lround(page->ZoomPercent())));
     }
 }

@@ -14,7 +14,7 @@ namespace linealis::desktop {
 class LivePage;
 class PageRuler;
 
-/// The live page with what stands about it: a row of tools, rulers, and the page in words.
+/// Shows the live page together with its tool bar, its rulers, and a description of the page in words.
 class LivePane final : public QWidget {
     Q_OBJECT
 
@@ -22,7 +22,7 @@ public:
     LivePane();
 
     LivePage& Page() { return *page; }
-    /// Shows another page. `summary` tells it in words.
+    /// Shows another page. `summary` describes it in words.
     void Show(const PaperPage& shown, const QString& summary);
 
     QSize sizeHint() const override { return {420, 560}; }
@@ -30,8 +30,10 @@ public:
 private:
     QWidget* MakeTools();
     void ShowRulers(bool visible);
+    /// Updates the rulers and the zoom box to the view of the page.
     void ViewChanged();
-    /// What the user has typed or chosen as the zoom.
+    /// Applies the zoom that the user has typed or chosen, in percent. Ignores a text that is not a positive
+    /// number.
     void ZoomEntered(const QString& text);
 
     LivePage* page;

@@ -52,7 +52,8 @@ QFont::StyleHint HintOf(const FontFamily& family)
                                             : QFont::AnyStyle;
 }
 
-/// Outlines are taken at this size and scaled, so that no hinting for a screen moves them.
+/// The pixel size at which text outlines are made. They are scaled down afterward, so that no hinting for the
+/// screen distorts them.
 constexpr int outlineSize = 1000;
 
 QFont FontOf(int font)
@@ -87,7 +88,7 @@ bool PagePainter::Scale(double sx, double sy)
     painter.setTransform(QTransform::fromScale(sx, sy) * points);
     toPixels = painter.deviceTransform();
     fromPixels = toPixels.inverted();
-    pixels = std::sqrt(std::abs(toPixels.determinant()));
+    pixels = std::sqrt(std::abs(toPixels.determinant()));  // the geometric mean of both directions
     hasPen = false;
     return GoesOn();
 }
@@ -116,29 +117,32 @@ bool PagePainter::Text(const PageText& text)
     const auto& [a, b, c, d, e, f] = text.matrix;
     QPainterPath outline;
     outline.addText(0.0, 0.0, FontOf(text.font), ToQt(text.utf8));
+    // Outlines of Qt have y pointing down, the content has it pointing up: hence the negative factor.
     const double size = text.size / outlineSize;
     const QTransform place = QTransform::fromScale(size, -size) * QTransform(a, b, c, d, e, f);
     painter.fillPath(place.map(outline), ColorOf(text.color));
     return GoesOn();
 }
 
-/// A dot is a line without length, whose ink goes with the square of its width.
 void PagePainter::SetPen(const PagePen& pen, bool isDot)
 {
     if (hasPen && pen == lastPen && isDot == lastWasDot) {
         return;
     }
-    constexpr double faintest = 0.1, leastWidened = 2.0;
+    constexpr double faintest = 0.1, leastWidened = 2.0;  // an opacity, and pixels
     const double wanted = pen.width * pixels;
     const double least = thinLines == ThinLines::Faded ? 1.0 : thinLines == ThinLines::Widened ? leastWidened : 0.0;
     const double width = pixels > 0.0 ? std::max(wanted, least) / pixels : pen.width;
     snaps = thinLines == ThinLines::Faded && wanted < 1.0;
     QColor color = ColorOf(pen.color);
-    if (snaps && wanted > 0.0) {  // of 0 the device draws its thinnest line, which is a pixel
+    // A width of 0 means the thinnest line of the device, a full pixel, so it does not fade. The ink of a dot is
+    // proportional to the square of its width.
+    if (snaps && wanted > 0.0) {
         color.setAlphaF(static_cast<float>(std::max(isDot ? wanted * wanted : wanted, faintest)));
     }
     QPen made(color, width, Qt::SolidLine, CapOf(pen.cap), Qt::MiterJoin);
-    made.setMiterLimit(10.0);  // what a page begins with
+    made.setMiterLimit(10.0);  // the default of PDF, which the content never changes
+    // Qt counts dashes in multiples of the pen width.
     if (width <= 0.0) {
         made.setCosmetic(true);
     } else if (pen.dashOn > 0.0 || pen.dashOff > 0.0) {

@@ -8,19 +8,20 @@
 
 namespace linealis::desktop {
 
-/// Paints a page's content with QPainter: on a screen, into a picture, on a printer. What is painted is what the
-/// content says, operator by operator; nothing knows the kind of paper.
+/// Paints the content of a page with QPainter: on the screen, into a picture, or on a printer. Paints exactly what
+/// the content says, operator by operator, and does not depend on the kind of paper.
 class PagePainter : public PageSink {
 public:
-    /// What becomes of a line that is thinner than a pixel of the device.
+    /// How to paint a line that is thinner than a pixel of the device.
     enum class ThinLines {
-        AsTheyAre,  ///< for a printer, whose pixels are fine enough
-        Faded,    ///< one pixel wide, and as much lighter as it should be thinner, so that no line is lost and the
-                  ///< page is as dark as it prints; put on one row or column of pixels if it lies along them
-        Widened,  ///< two pixels wide: for lights
+        AsTheyAre,  ///< unchanged: for a printer, whose pixels are fine enough
+        Faded,    ///< one pixel wide and lighter in proportion, so that no line is lost and the page is as dark as
+                  ///< in print; a horizontal or vertical line is moved onto a single row or column of pixels
+        Widened,  ///< at least two pixels wide: for highlights
     };
 
-    /// `painter`'s system counts in points from the page's upper left corner downwards; `pageHeight` is in points.
+    /// The coordinates of `thePainter` must be points from the upper left corner of the page, with y pointing
+    /// down. `pageHeight` is in points.
     PagePainter(QPainter& thePainter, double pageHeight, ThinLines thinLines);
 
     bool Scale(double sx, double sy) override;
@@ -30,28 +31,30 @@ public:
     bool Text(const PageText& text) override;
 
 protected:
-    /// Asked before everything that is painted: whether to go on.
+    /// Whether to go on. Called after each scale, stroke, fill, and text.
     virtual bool GoesOn() { return true; }
 
 private:
+    /// Sets the pen of the painter, unless it is set already. `isDot` is for a line of length 0.
     void SetPen(const PagePen& pen, bool isDot);
     void StrokePath(PagePath path, const PagePen& pen);
     void StrokeLine(QPointF from, QPointF to);
 
     QPainter& painter;
-    QTransform points;  ///< the system that the content counts in, before its scale
+    QTransform points;  ///< maps unscaled coordinates of the content to the painter's original ones
     ThinLines thinLines;
-    QTransform toPixels;    ///< of the device, from the content's system
-    QTransform fromPixels;  ///< back
-    double pixels = 1.0;    ///< of a line one wide in the content's system
+    QTransform toPixels;    ///< maps the scaled coordinates of the content to pixels of the device
+    QTransform fromPixels;  ///< the inverse of toPixels
+    double pixels = 1.0;    ///< the width in pixels of a line of width 1 in the content
     PagePen lastPen;
     bool lastWasDot = false;
     bool hasPen = false;
-    bool snaps = false;  ///< whether the pen's lines are put on whole pixels
+    bool snaps = false;  ///< whether the lines of the pen are moved onto whole pixels
 };
 
-/// Paints a whole page: white paper of that size in points, and the content on it, cut at the paper's edges.
-/// `painter`'s system is that of PagePainter.
+/// Paints a whole page: white paper of the given size in points, and the content, clipped to the paper. The
+/// coordinates of `painter` must be those that PagePainter expects. Returns the damage, if any; what precedes it
+/// is painted.
 PageDamage PaintPage(QPainter& painter, const QSizeF& paper, std::string_view content,
                      PagePainter::ThinLines thinLines);
 

@@ -12,12 +12,14 @@ namespace linealis::desktop {
 
 namespace {
 
-/// Strokes are lit up on pages of this many bytes of content at most; on larger ones nobody can tell them apart.
+/// The largest content, in bytes, on which roles are highlighted. The strokes of a larger page are too dense to
+/// tell apart.
 constexpr std::size_t longestContentLitUp = std::size_t{8} << 20U;
 
 constexpr PageColor light{0.95, 0.35, 0.0};
 
-/// Of a larger page only the beginning is shown, so that it takes seconds and not minutes. Bytes.
+/// The most content that is drawn, in bytes. A larger page shows only its beginning, so that drawing takes seconds
+/// and not minutes.
 constexpr std::int64_t mostContentShown = std::int64_t{64} << 20U;
 
 void StopIf(const std::atomic<bool>& stops)
@@ -27,7 +29,7 @@ void StopIf(const std::atomic<bool>& stops)
     }
 }
 
-/// Paints until a newer wish has come.
+/// A PagePainter that stops painting once `stops` is true, that is, once a newer request has arrived.
 class StoppablePainter : public PagePainter {
 public:
     StoppablePainter(QPainter& thePainter, double pageHeight, ThinLines thinned, const std::atomic<bool>& stops)
@@ -41,7 +43,7 @@ private:
     const std::atomic<bool>& stop;
 };
 
-/// Paints only what has one of the roles, as a light on it.
+/// Repaints only the strokes and texts that have one of the roles, in the highlight color.
 class Highlighter final : public StoppablePainter {
 public:
     Highlighter(QPainter& thePainter, double pageHeight, const std::atomic<bool>& stops, const RoleSet& theRoles)
@@ -81,7 +83,7 @@ PageRenderer::~PageRenderer()
     {
         const std::lock_guard lock(mutex);
         ends = true;
-        isNew = true;
+        isNew = true;  // both flags, to abort drawing as well as painting
         pageIsNew = true;
     }
     changed.notify_one();
@@ -114,7 +116,7 @@ void PageRenderer::LightUp(const RoleSet& lit)
 
 void PageRenderer::SetExcerpt(const PageExcerpt& excerpt)
 {
-    Want([&](Wish& wish) { wish.excerpt = excerpt; });  // the page itself goes on being drawn
+    Want([&](Wish& wish) { wish.excerpt = excerpt; });  // aborts painting, but not the drawing of the page
 }
 
 void PageRenderer::Work()
@@ -135,7 +137,7 @@ void PageRenderer::Work()
             if (wish.page && !wish.excerpt.size.isEmpty()) {
                 Fulfil(wish);
             }
-        } catch (const PageStopped&) {  // a newer wish has come
+        } catch (const PageStopped&) {  // a newer request has arrived: handle it
         } catch (const std::bad_alloc&) {
             emit Rendered({{}, wish.excerpt, tr("There is not enough memory to show the page"), {}});
         }
@@ -161,7 +163,7 @@ void PageRenderer::Draw(const PaperPage& page)
 void PageRenderer::Fulfil(const Wish& wish)
 {
     if (drawnPage != wish.page) {
-        drawnPage = nullptr;
+        drawnPage = nullptr;  // if drawing is aborted, `content` belongs to no page
         Draw(*wish.page);
         drawnPage = wish.page;
         warningsAreMissing = true;
@@ -193,7 +195,7 @@ void PageRenderer::Fulfil(const Wish& wish)
                                 ? drawnProblem
                                 : tr("The page is damaged: %1").arg(QString::fromStdString(damage.message));
     emit Rendered({image, excerpt, problem, drawnWarnings});
-    if (warningsAreMissing) {  // the picture goes first
+    if (warningsAreMissing) {  // the checks take time, so the picture has been sent before
         StopIf(isNew);
         warningsAreMissing = false;
         drawnWarnings.clear();

@@ -15,12 +15,13 @@ namespace {
 constexpr double closestMarks = 4.0;     // pixels
 constexpr double closestNumbers = 38.0;  // pixels
 
-/// In inches or centimeters.
+/// One way to divide a ruler.
 struct Division {
-    double mark;
-    int marksPerNumber;
+    double mark;         ///< from one mark to the next, in inches or centimeters
+    int marksPerNumber;  ///< how many marks lead from one number to the next
 };
 
+// From fine to coarse.
 constexpr std::array inchDivisions = {Division{1.0 / 32, 8}, Division{1.0 / 16, 8}, Division{1.0 / 16, 16},
                                       Division{1.0 / 8, 8},  Division{1.0 / 2, 4},  Division{1.0, 5},
                                       Division{2.0, 5},      Division{5.0, 4}};
@@ -96,7 +97,7 @@ void PageRuler::PaintNumber(QPainter& painter, double place, double number) cons
     painter.save();
     if (IsAcross()) {
         painter.translate(place + 2.0, fontMetrics().ascent());
-    } else {  // upwards, so that it needs no more room than a line
+    } else {  // turned upward, so that the ruler need not be wider than the text is high
         painter.translate(fontMetrics().ascent(), place - 2.0);
         painter.rotate(-90.0);
     }
@@ -112,6 +113,8 @@ void PageRuler::paintEvent(QPaintEvent* /*event*/)
     const RulerSteps steps = StepsOf(view);
     const double shown = IsAcross() ? width() : height();
     const double pixels = steps.mark * view.pixelsPerPoint;
+    // Start one number before the visible part: its digits may reach into view. Marks exist only on the paper; the
+    // tolerance keeps the mark on its far edge despite rounding.
     const auto first =
         static_cast<std::int64_t>(std::max(std::floor(-view.origin / pixels) - steps.marksPerNumber, 0.0));
     const auto last = static_cast<std::int64_t>(
