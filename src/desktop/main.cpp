@@ -26,9 +26,9 @@ namespace {
 
 using namespace linealis;
 
-constexpr int usageWrong = 2;
+constexpr int usageWrong = 2;  // exit status
 
-/// Qt's own options and, where it has one, the word behind each, taken out of what main was given.
+/// Returns the arguments of main without Qt's own options that take a value, and without these values.
 QStringList WithoutQtOptions(int argc, char** argv)
 {
     const QStringList withWord = {QStringLiteral("platform"),        QStringLiteral("style"),
@@ -58,10 +58,10 @@ QStringList KindNames()
     return names;
 }
 
-/// What the command line asks for, told without a screen.
+/// Parses the command line. Prints help, version, and errors, so it works without a screen.
 struct CommandLine {
-    QStringList files;          ///< and kinds, as Desktop::OpenDocuments takes them
-    std::optional<int> status;  ///< with which the program ends at once
+    QStringList files;          ///< files and kinds, as Desktop::OpenDocuments expects them
+    std::optional<int> status;  ///< if set, the program must exit with this status
 
     CommandLine(int argc, char** argv);
 };
@@ -84,7 +84,7 @@ CommandLine::CommandLine(int argc, char** argv)
         status = usageWrong;
     } else if (parser.isSet(help)) {
         int none = 1;
-        const QCoreApplication application(none, argv);  // whose name the help has
+        const QCoreApplication application(none, argv);  // the help text contains its name
         std::fputs(parser.helpText().toUtf8().constData(), stdout);
         status = 0;
     } else if (parser.isSet(version)) {
@@ -99,7 +99,7 @@ CommandLine::CommandLine(int argc, char** argv)
         }
         files << desktop::kindRequest + kind;
     }
-    // As a program with another working directory finds them.
+    // Absolute paths, because the program that opens them may have another working directory.
     for (const QString& file : parser.positionalArguments()) {
         if (file.isEmpty()) {
             std::fputs("linealis: a file name is empty\n", stderr);
@@ -109,8 +109,8 @@ CommandLine::CommandLine(int argc, char** argv)
     }
 }
 
-/// Reads the system's list of fonts, which takes longer than all else before the first window is painted. Qt has it
-/// read when it first needs a font, and then finds it there.
+/// Reads the system's list of fonts, the slowest step before the first window is painted. Runs on another thread
+/// during startup; when Qt needs a font, the list is already loaded.
 void ReadFonts()
 {
 #ifdef LINEALIS_FONTCONFIG
@@ -118,7 +118,8 @@ void ReadFonts()
 #endif
 }
 
-/// A folder of this user's own. Qt is told of it too, which would otherwise complain that there is none.
+/// Returns a folder that only this user can access, or an empty text. Also sets the environment variable for Qt,
+/// which otherwise warns that it is missing.
 QString RuntimeFolder()
 {
     const auto folder = PrivateRuntimeFolder(QDir::tempPath().toStdString());
@@ -128,8 +129,8 @@ QString RuntimeFolder()
     return QString::fromStdString(folder.string());
 }
 
-/// What tells the running programs of one user apart: the display that they are on. All screens of one are the
-/// same.
+/// Returns a name for the running program that contains its display: each display of a user has its own program.
+/// The screen number of an X11 display, as in ":0.1", does not count.
 QString NameOfInstance()
 {
     const bool isX11 = QGuiApplication::platformName() == QLatin1String("xcb");
@@ -149,7 +150,7 @@ QIcon ProgramIcon()
     return icon;
 }
 
-/// Says that the running program is waited for, which holds the start up.
+/// Makes the message that this start is waiting for the running program.
 std::unique_ptr<QMessageBox> WaitingBox(bool forFiles)
 {
     auto box = std::make_unique<QMessageBox>();
@@ -161,7 +162,8 @@ std::unique_ptr<QMessageBox> WaitingBox(bool forFiles)
     return box;
 }
 
-/// Hands the files to the running program, or becomes it.
+/// Hands the files to the running program, or becomes the running program. Shows a message with a Cancel button
+/// while it has to wait.
 desktop::SingleInstance::Start HandOver(desktop::SingleInstance& instance, const QStringList& files)
 {
     std::unique_ptr<QMessageBox> box;
@@ -202,6 +204,7 @@ int main(int argc, char** argv)
         return *line.status;
     }
     const std::future<void> fonts = std::async(std::launch::async, ReadFonts);
+    // Before the application is created, because Qt reads the environment variable there.
     const QString runtimeFolder = RuntimeFolder();
     desktop::Application application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Linealis"));
@@ -211,7 +214,7 @@ int main(int argc, char** argv)
 
     desktop::SingleInstance instance(runtimeFolder, NameOfInstance());
     QApplication::setQuitOnLastWindowClosed(
-        false);  // the box that says that another program is waited for is no window
+        false);  // closing the message box about the running program must not end this one
     switch (HandOver(instance, line.files)) {
     case desktop::SingleInstance::Start::HandedOver:
         std::puts("Linealis is already running; its window comes to the front.");

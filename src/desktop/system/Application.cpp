@@ -10,9 +10,9 @@ namespace linealis::desktop {
 
 namespace {
 
-constexpr double readableContrast = 4.5;
+constexpr double readableContrast = 4.5;  // the minimum for normal text, level AA, in the guidelines of Contrast
 
-/// The relative luminance of sRGB, by the same guidelines as Contrast.
+/// Returns the relative luminance of an sRGB color, from 0 to 1, as the guidelines of Contrast define it.
 double Luminance(const QColor& color)
 {
     const auto linear = [](double part) {
@@ -21,11 +21,11 @@ double Luminance(const QColor& color)
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
-/// The ground, moved away from the text in small steps until the text can be read on it.
+/// Returns the background color, made darker or lighter in small steps until the text is readable on it.
 QColor ReadableGround(QColor ground, const QColor& text)
 {
     constexpr int steps = 100;
-    const bool darken = Luminance(text) > 0.18;  // as far from black as from white
+    const bool darken = Luminance(text) > 0.18;  // about equal contrast to black and to white
     for (int i = 0; i < steps && Contrast(ground, text) < readableContrast; ++i) {
         const int lightness = ground.lightness() + (darken ? -3 : 3);
         ground.setHsl(ground.hslHue(), ground.hslSaturation(), std::clamp(lightness, 0, 255));
@@ -44,7 +44,7 @@ double Contrast(const QColor& one, const QColor& other)
 Application::Application(int& theArgc, char** argv) : QApplication(theArgc, argv)
 {
     const QPalette theme = palette();
-    QPalette readable;
+    QPalette readable;  // sets only what it changes; the rest still follows the theme
     for (const auto group : {QPalette::Active, QPalette::Inactive}) {
         readable.setColor(
             group, QPalette::Highlight,

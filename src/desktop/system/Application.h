@@ -6,23 +6,24 @@
 
 namespace linealis::desktop {
 
-/// The Qt application. No exception leaves an event: it becomes a message, and all windows stay. What is selected
-/// can be read in every theme: its ground is darkened or lightened until its text has a contrast of 4.5.
+/// The Qt application. Turns an exception from an event handler into a message, so that all windows stay open.
+/// Makes selected text readable in every theme: darkens or lightens the selection color until the contrast is at
+/// least 4.5.
 class Application final : public QApplication {
     Q_OBJECT
 
 public:
-    /// `theArgc` and `argv` are those of main, and must outlive this.
+    /// `theArgc` and `argv` are the arguments of main. They must outlive the application.
     Application(int& theArgc, char** argv);
 
-    /// What shows the message.
+    /// Shows the message of an exception. If empty, exceptions are discarded.
     std::function<void(const std::string& message)> onError;
 
     bool notify(QObject* receiver, QEvent* event) override;
 };
 
-/// How far two opaque colors stand apart, from 1 for the same to 21 for black and white: the contrast ratio of the
-/// Web Content Accessibility Guidelines 2.1.
+/// Returns the contrast ratio of two opaque colors as the Web Content Accessibility Guidelines 2.1 define it: from
+/// 1 for equal colors to 21 for black and white.
 double Contrast(const QColor& one, const QColor& other);
 
 }  // namespace linealis::desktop

@@ -25,10 +25,11 @@ namespace linealis::desktop {
 
 namespace {
 
-/// The interface gets its turn this often during long work. A turn without events takes far less than this.
+/// How often long work processes events. Without pending events, that takes far less time than this.
 constexpr int millisecondsPerTurn = 10;
 
-/// A fetch lets the window that asked for it come up first: to start Qt's network takes as long as to paint one.
+/// The delay before a fetch. Initializing Qt's network code takes as long as painting a window, so the window
+/// comes first.
 constexpr int millisecondsToFetch = 250;
 
 FolderItem ToItem(const QString& path)
@@ -41,7 +42,7 @@ QString ToPath(const FolderItem& file)
     return ToQt(file.Path().string());
 }
 
-/// What a file dialog is called.
+/// Returns the title of a file dialog.
 QString TitleFor(const FileType& type, QFileDialog::AcceptMode mode)
 {
     if (type == pdfFileType) {
@@ -54,15 +55,15 @@ QString TitleFor(const FileType& type, QFileDialog::AcceptMode mode)
                                            : DesktopPlatform::tr("Open Settings");
 }
 
-constexpr const char* const settingsFolderKey = "folders/settings";  ///< of whatever kind
+constexpr const char* const settingsFolderKey = "folders/settings";  ///< for settings of any kind of paper
 
-/// The folder of each type of file that the user was in last.
+/// Returns the key of the folder that the user last chose for a type of file.
 QString FolderKey(const FileType& type)
 {
     return QStringLiteral("folders/") + ToQt(type.extension.empty() ? type.name : type.extension);
 }
 
-/// Of the files that carry a form, such as "*.svg".
+/// Returns the name patterns of the files that can carry a form, such as "*.svg".
 QStringList CarrierPatterns()
 {
     QStringList patterns;
@@ -74,7 +75,7 @@ QStringList CarrierPatterns()
     return patterns;
 }
 
-/// Limits a file dialog to the type. A type without an extension takes every file.
+/// Sets up a file dialog for the type. A type without an extension accepts every file.
 void Prepare(QFileDialog& dialog, const FileType& type, QFileDialog::AcceptMode mode, const QString& suggestedName)
 {
     dialog.setWindowTitle(TitleFor(type, mode));
@@ -150,7 +151,7 @@ FolderItem DesktopPlatform::AskForFile(const FileType& type, QFileDialog::Accept
             name = type == pdfFileType ? own + QStringLiteral(".pdf") : own;
         }
         if (const QString folder = asker->SettingsFolder(); type.extension.empty() && !folder.isEmpty()) {
-            dialog.setDirectory(folder);  // markers lie beside the form that they belong to
+            dialog.setDirectory(folder);  // marker files are usually next to the settings file
         }
     }
     Prepare(dialog, type, mode, name);
@@ -162,6 +163,7 @@ FolderItem DesktopPlatform::AskForFile(const FileType& type, QFileDialog::Accept
         KeepFolder(dialog, QString::fromLatin1(settingsFolderKey));
     }
     const QString path = dialog.selectedFiles().value(0);
+    // The caller can only load a settings file. A picture is opened by whoever handles the signal.
     if (mode == QFileDialog::AcceptOpen && !type.extension.empty() && IsPicture(path)) {
         emit PictureChosen(path);
         return {};
@@ -214,6 +216,7 @@ MessageDialog::Button DesktopPlatform::ShowModal(const MessageDialog& dialog)
 
 void DesktopPlatform::ShowFileError(const FolderItem& /*file*/, const std::string& text, const std::string& reason)
 {
+    // Some messages contain the reason already.
     const bool said = text.find(reason) != std::string::npos;
     ShowMessage(QMessageBox::Warning, text, said ? QString() : ToQt(reason));
 }
@@ -277,6 +280,7 @@ std::optional<std::int64_t> DesktopPlatform::SystemVersion() const
     if (system.type() != QOperatingSystemVersion::MacOS) {
         return std::nullopt;
     }
+    // Each decimal digit becomes a hexadecimal one: 10.6.8 is 0x1068.
     const int major = system.majorVersion();
     return (major / 10 * 16 + major % 10) * 256 + system.minorVersion() * 16 + system.microVersion();
 }
@@ -334,7 +338,7 @@ void DesktopPlatform::Yield()
         QCoreApplication::processEvents();
         sinceLastTurn.restart();
     }
-    if (*stops.back()) {  // by an event of this turn, or in a dialog of the page
+    if (*stops.back()) {  // set by one of these events, or while the page showed a dialog
         throw PageStopped();
     }
 }

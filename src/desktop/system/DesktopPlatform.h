@@ -15,10 +15,11 @@
 
 namespace linealis::desktop {
 
-/// Whether the name is that of a page as SVG or PNG, which carries its form.
+/// Whether the file name is that of an SVG or PNG picture of a page, which can carry its form.
 bool IsPicture(const QString& path);
 
-/// The platform with a screen, on Qt.
+/// Implements the platform on a screen with Qt. Also counts open dialogs and running work, so that the program
+/// knows when it can open documents or end.
 class DesktopPlatform final : public QObject, public Platform {
     Q_OBJECT
 
@@ -44,45 +45,51 @@ public:
     std::string ShortDate() const override;
     void Yield() override;
 
-    /// Tells the window whose user is asked for a file; null if that knows nothing of it.
+    /// Returns the window that a file dialog is shown for. The dialog takes its proposals from there. May be
+    /// empty, and may return null.
     std::function<const FileAsker*()> whoAsks;
 
-    /// What was noted since the last call, for the status line of whoever began it.
+    /// Returns the last text passed to Note since the previous call, for a status line. Empty if there is none.
     QString TakeNote() { return std::exchange(note, {}); }
 
-    /// Runs long work that gives the interface its turn while it lasts, and ends it when `stop` has become true.
+    /// Runs long work that calls Yield. While it runs, Yield processes events, and throws PageStopped once `stop`
+    /// is true. Calls can be nested; then only the innermost `stop` counts.
     void RunStoppable(const bool& stop, const std::function<void()>& work);
 
-    /// Asks for settings files of any kinds; none if the user cancels.
+    /// Asks for settings files of any kind of paper. Returns an empty list if the user cancels.
     QStringList AskForSettings();
 
-    /// Whether work of that sort is under way.
+    /// Whether RunStoppable is running.
     bool IsBusy() const { return !stops.empty(); }
 
-    /// Shows a dialog and waits for the user. Returns how it ended.
+    /// Shows a dialog and waits for the user. Returns its result code. All modal dialogs must go through this
+    /// function, so that HasDialog is right.
     int RunModal(QDialog& dialog);
 
-    /// Whether a dialog waits for the user.
+    /// Whether a dialog is waiting for the user.
     bool HasDialog() const { return dialogs > 0; }
 
 signals:
-    /// The last work, or the last dialog, has ended. Who began it has not: take it as the event to come after that.
+    /// Emitted when a dialog or stoppable work has ended and no dialog is open. The code that started it is still
+    /// running: receivers must queue their reaction.
     void Idle();
-    /// Where a settings file was asked for, the user has chosen a picture, which is opened in another way.
+    /// Emitted when the user was asked for a settings file and has chosen a picture, which must be opened in
+    /// another way. The request itself counts as canceled.
     void PictureChosen(const QString& path);
 
 private:
-    /// `choice` is what the user may tick below it; empty: nothing. Returns whether that was ticked.
+    /// Shows a message, with `more` as additional text. `choice` is the caption of a check box below it; an empty
+    /// one adds no check box. Returns whether the box was checked.
     bool ShowMessage(QMessageBox::Icon icon, const std::string& text, const QString& more,
                      const QString& choice = {});
-    /// A file dialog limited to the type.
+    /// Shows a file dialog for the type. Returns an empty reference if the user cancels.
     FolderItem AskForFile(const FileType& type, QFileDialog::AcceptMode mode, const QString& suggestedName);
     void EmitIfIdle();
 
     QString note;
     QElapsedTimer sinceLastTurn;
-    int dialogs = 0;                 ///< open ones, one in the other
-    std::vector<const bool*> stops;  ///< of the work under way, the innermost last
+    int dialogs = 0;                 ///< how many are open, nested in each other
+    std::vector<const bool*> stops;  ///< the stop flags of running work, the innermost last
 };
 
 }  // namespace linealis::desktop

@@ -26,7 +26,9 @@ void KeepFolder(const QFileDialog& dialog, const QString& key)
 
 QString AsFileName(QString text)
 {
-    constexpr int longest = 60;  // characters, of at most four bytes each; a name has room for 255 bytes
+    // Characters. At up to four bytes each, the name stays below the usual limit of 255 bytes, even with an
+    // extension.
+    constexpr int longest = 60;
     text = text.replace(QLatin1Char('/'), QLatin1Char('-')).simplified();
     for (QChar& character : text) {
         character = character.isPrint() ? character : QLatin1Char(' ');

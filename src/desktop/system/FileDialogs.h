@@ -5,29 +5,32 @@
 
 namespace linealis::desktop {
 
-// What all file dialogs have in common: where they begin, and which names they propose.
+// Helpers for all file dialogs: the folder in which they start, and the names that they propose.
 
-/// A window whose user is asked for files.
+/// A window that file dialogs are shown for.
 class FileAsker {
 public:
-    /// A name for what the window holds, without an ending; empty if it has none of its own.
+    /// Returns a file name for the page of the window, without an extension. Empty if there is nothing specific to
+    /// propose.
     virtual QString ProposedName() const = 0;
-    /// The folder of its settings file; empty if it has none.
+    /// Returns the folder of the window's settings file. Empty if it has none.
     virtual QString SettingsFolder() const = 0;
 
 protected:
     ~FileAsker() = default;
 };
 
-/// The user's documents, or where there is no such folder, the home folder.
+/// Returns the user's documents folder, or the home folder if there is none.
 QString DocumentsFolder();
 
-/// Begins in the folder that was kept last under the key, or in DocumentsFolder.
+/// Makes the dialog start in the folder that KeepFolder last stored under the key, or in DocumentsFolder if there
+/// is none or it no longer exists.
 void GoToFolder(QFileDialog& dialog, const QString& key);
-/// Keeps the folder that the dialog has ended in, for the next dialog and the next run.
+/// Stores the folder that the dialog shows under the key, for the next dialog and the next run.
 void KeepFolder(const QFileDialog& dialog, const QString& key);
 
-/// A text as the name of a file: on one line, without slashes, not hidden, and no longer than names may be.
+/// Turns a text into a file name: on one line, without slashes, not hidden, and at most 60 characters long. The
+/// result may be empty.
 QString AsFileName(QString text);
 
 }  // namespace linealis::desktop

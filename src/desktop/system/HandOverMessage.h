@@ -6,29 +6,31 @@
 
 namespace linealis::desktop {
 
-/// What a second start of the program sends to the first: each file with a zero byte behind it, which no name has,
-/// and one more at the end. An empty name cannot be sent.
+/// Returns the message that a second start of the program sends to the first: each file name followed by a zero
+/// byte, which no name contains, and another zero byte at the end. Leaves out empty names, because an empty name
+/// marks the end.
 std::string HandOverMessage(const std::vector<std::string>& files);
 
-/// Takes such a message as it comes, in pieces of any size.
+/// Reads such a message in pieces of any size.
 class HandOverReader {
 public:
-    /// What follows the end of the message is left out of account.
+    /// Adds the next piece. Ignores everything after the end of the message.
     void Add(std::string_view piece);
 
+    /// Whether the end of the message has been read.
     bool IsWhole() const { return isWhole; }
 
-    /// It has more than 8 MiB, which no command line has, and is not read any further.
+    /// Whether the message is longer than 8 MiB, more than any command line. The rest is not read.
     bool IsTooLong() const { return bytes > longest; }
 
-    /// The files that have come so far.
+    /// The file names read so far.
     const std::vector<std::string>& Files() const { return files; }
 
 private:
     static constexpr std::size_t longest = std::size_t{8} << 20U;
 
     std::vector<std::string> files;
-    std::string last;  ///< the file that is on its way
+    std::string last;  ///< the beginning of a name that is not complete yet
     std::size_t bytes = 0;
     bool isWhole = false;
 };

@@ -17,7 +17,7 @@ std::string_view WithoutBlanks(std::string_view text)
     return text.substr(0, text.find_last_not_of(blanks) + 1);
 }
 
-/// Whether the first line says that the page follows.
+/// Whether the status line is that of HTTP/1.x with status 200, so that the page follows.
 bool IsSuccess(std::string_view statusLine)
 {
     const std::size_t afterVersion = std::min(statusLine.find(' '), statusLine.size());
@@ -25,6 +25,7 @@ bool IsSuccess(std::string_view statusLine)
     return statusLine.starts_with("HTTP/1.") && rest.substr(0, rest.find(' ')) == "200";
 }
 
+/// Returns the number if the text consists of digits only and the number is not too large.
 std::optional<std::size_t> WholeNumber(std::string_view digits)
 {
     std::size_t number = 0;
@@ -37,6 +38,7 @@ std::optional<std::size_t> WholeNumber(std::string_view digits)
 
 void HttpAnswer::Add(std::string_view bytes)
 {
+    // The end of the head may be split between two pieces, so search the last bytes of the previous piece again.
     const std::size_t searched = answer.size() - std::min(answer.size(), endOfHead.size());
     answer += bytes;
     if (!bodyStart) {
@@ -58,7 +60,7 @@ void HttpAnswer::ReadHead(std::string_view head)
         if (IsSameText(name, "Content-Length")) {
             contentLength = WholeNumber(WithoutBlanks(value));
         } else if (IsSameText(name, "Transfer-Encoding")) {
-            isPage = false;  // an answer in chunks is none to HTTP/1.0
+            isPage = false;  // a chunked answer is not valid for an HTTP/1.0 request
         }
     }
 }

@@ -20,7 +20,7 @@ HttpFetch::HttpFetch(QUrl address, const FetchLimits& theLimits,
     socket.setReadBufferSize(static_cast<qint64>(limits.longestAnswer));
     connect(&socket, &QTcpSocket::connected, this, &HttpFetch::SendRequest);
     connect(&socket, &QTcpSocket::readyRead, this, &HttpFetch::Read);
-    // Queued, since a socket that is still telling of its failure connects to nothing.
+    // Queued, because a socket cannot start another connection while it is still emitting its error.
     connect(&socket, &QTcpSocket::errorOccurred, this, &HttpFetch::EndOfConnection, Qt::QueuedConnection);
     QTimer::singleShot(limits.milliseconds, this, &QObject::deleteLater);
     connect(new NameLookup(url.host(QUrl::FullyEncoded), this), &NameLookup::Found, this,
@@ -64,7 +64,8 @@ void HttpFetch::Read()
     }
 }
 
-/// The other side has closed it, or it never came about.
+/// Called when the server has closed the connection or could not be reached. Tries the next address if nothing was
+/// received.
 void HttpFetch::EndOfConnection(QAbstractSocket::SocketError why)
 {
     Take();
@@ -79,7 +80,7 @@ void HttpFetch::End(bool isClosed)
 {
     socket.abort();
     if (const auto body = answer.Body(limits.longestBody, isClosed); body && reply) {
-        // Not from here: the user may be asked meanwhile, and this goes.
+        // Not directly: the reply may show a dialog, and this object is deleted while the dialog is open.
         QMetaObject::invokeMethod(
             parent(), [reply = std::exchange(reply, nullptr), body = *body] { reply(body); }, Qt::QueuedConnection);
     }

@@ -21,7 +21,7 @@ QList<QHostAddress> AddressesOf(const addrinfo* found)
 
 }  // namespace
 
-/// What the resolver reads and writes until it is done.
+/// The memory that the resolver reads and writes until it is done.
 struct NameLookup::Request {
     explicit Request(const QString& theHost) : host(theHost.toStdString())
     {
@@ -56,7 +56,8 @@ NameLookup::~NameLookup()
 {
     const int result = ::gai_cancel(&request->block);
     if (result == EAI_NOTCANCELED) {
-        // The resolver is at it and may still write there, so this is left to it. One name is looked up in a run.
+        // The resolver is still working and may write to the request, so leak it. This happens at most once per
+        // run, because the program looks up only one name.
         [[maybe_unused]] const Request* const left = request.release();
     }
 }

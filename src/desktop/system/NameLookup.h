@@ -7,8 +7,9 @@
 
 namespace linealis::desktop {
 
-/// Finds the addresses of a host by the system's resolver, beside everything else. Unlike Qt's own lookup it can be
-/// given up at any moment: nothing waits for a name server that is silent, the end of the program neither.
+/// Looks up the addresses of a host with the system's resolver, without blocking. Unlike Qt's own lookup, it can
+/// be abandoned at any time by deleting it: not even the program's exit waits for a name server that does not
+/// answer.
 class NameLookup final : public QObject {
     Q_OBJECT
 
@@ -19,12 +20,13 @@ public:
     NameLookup& operator=(const NameLookup&) = delete;
 
 signals:
-    /// Once. None if the host is not known.
+    /// Emitted once, with an empty list if the host is unknown.
     void Found(const QList<QHostAddress>& addresses);
 
 private:
     struct Request;
 
+    /// Polls the resolver.
     void Look();
 
     std::unique_ptr<Request> request;

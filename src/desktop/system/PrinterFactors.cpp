@@ -25,7 +25,7 @@ bool IsPossible(double factor)
     return factor >= smallestFactor && factor <= largestFactor;
 }
 
-/// A name stands in one line of the file.
+/// Returns the name as stored in the file: line breaks become spaces, because each printer takes one line.
 std::string PrinterName(std::string_view printer)
 {
     std::string name(printer);
@@ -34,6 +34,8 @@ std::string PrinterName(std::string_view printer)
     return name;
 }
 
+/// Removes the text up to the separator, and the separator, from the front of `text`. Returns the removed text
+/// without the separator.
 std::string_view TakeUpTo(char end, std::string_view& text)
 {
     const std::string_view taken = text.substr(0, text.find(end));
@@ -41,6 +43,7 @@ std::string_view TakeUpTo(char end, std::string_view& text)
     return taken;
 }
 
+/// Reads "1.002 0.998 Name of the printer". Returns nothing for any other line, including the heading.
 std::optional<PrinterLine> ReadLine(std::string_view line)
 {
     const std::string_view x = TakeUpTo(' ', line);

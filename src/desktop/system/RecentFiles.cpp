@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::string_view recentHeading = "# Settings files used last";
 
-/// A path stands in one line of the file.
+/// Escapes line feeds and backslashes, so that a path takes one line of the file.
 std::string InOneLine(std::string_view path)
 {
     std::string line;
@@ -30,6 +30,7 @@ std::string InOneLine(std::string_view path)
     return line;
 }
 
+/// Reverses InOneLine.
 std::string PathOf(std::string_view line)
 {
     std::string path;

@@ -53,13 +53,13 @@ SingleInstance::Start SingleInstance::HandOver(const QStringList& files, const s
         return Start::First;
     }
     lock = std::make_unique<QLockFile>(path + QStringLiteral(".lock"));
-    lock->setStaleLockTime(0);  // as long as its process lives
+    lock->setStaleLockTime(0);  // a lock is valid as long as its process lives, however old it is
     if (lock->tryLock(0)) {
         Listen();
         return Start::First;
     }
     if (lock->error() != QLockFile::LockFailedError) {
-        return Start::First;  // there can be no lock here, so nobody holds it
+        return Start::First;  // no lock can be created in this folder, so no other program holds it
     }
     message = MessageOf(files);
     QTimer tries, word;
@@ -79,7 +79,8 @@ void SingleInstance::Cancel()
     EndWith(Start::Canceled);
 }
 
-/// The running program may have ended, or not be listening yet.
+/// The running program may have ended, so try to take its place; or it may not have been listening yet, so ask
+/// again.
 void SingleInstance::TryAgain()
 {
     if (lock->tryLock(0)) {
@@ -100,7 +101,7 @@ void SingleInstance::Ask()
             socket->abort();
         }
     });
-    // Only an answer shows that the other program is alive.
+    // A connection alone does not show that the other program responds; only its answer does.
     connect(socket.get(), &QLocalSocket::readyRead, this, [this] {
         if (socket->read(1) == QByteArray(1, acknowledgement)) {
             EndWith(Start::HandedOver);
@@ -117,9 +118,9 @@ void SingleInstance::EndWith(Start result)
 
 void SingleInstance::Listen()
 {
-    QLocalServer::removeServer(path);  // what a killed program left behind
+    QLocalServer::removeServer(path);  // a socket that a killed program left behind
     if (!server.listen(path)) {
-        lock->unlock();  // no start could reach this one, and none shall wait for it
+        lock->unlock();  // later starts cannot reach this program, so they must not wait for it
     }
 }
 
@@ -140,7 +141,7 @@ void SingleInstance::Accept()
                 asking->abort();
             } else if (reader.IsWhole() && !wasWhole) {
                 asking->write(QByteArray(1, acknowledgement));
-                if (asking->flush()) {  // otherwise the other program has been canceled
+                if (asking->flush()) {  // otherwise the other start has been canceled
                     emit Received(FilesOf(reader));
                 }
             }

@@ -12,52 +12,58 @@
 
 namespace linealis::desktop {
 
-/// One running program a user and display: a second start hands its files to the first and leaves. The running
-/// program is the one that holds a lock, so that two that start at once are not both the first.
+/// Ensures that only one program runs per user and display: a second start hands its files to the first and exits.
+/// A lock file determines the first, so that two simultaneous starts cannot both be it; a local socket transfers
+/// the files.
 class SingleInstance final : public QObject {
     Q_OBJECT
 
 public:
     enum class Start {
-        First,       ///< no other runs: this is the running program now
+        First,       ///< no other program runs; this is the running program now
         HandedOver,  ///< the running program has taken the files
-        Canceled     ///< it has not, and Cancel() was called
+        Canceled     ///< the running program has not answered, and Cancel() was called
     };
 
-    /// `folder` is one that nobody but this user can look into; `name` tells the programs of one kind and display
-    /// from others. Without a folder every start is the only one.
+    /// `folder` must be accessible to this user only. `name` is the file name of the socket; programs with
+    /// different names do not see each other. If `folder` is empty, every start is the first.
     SingleInstance(const QString& folder, const QString& name, QObject* parent = nullptr);
 
-    /// Hands the files to the running program, or becomes it if there is none. A program that runs and does not
-    /// answer is waited for, since it may have the same files open: `onWaiting` is called once if that takes more
-    /// than a second. Events are handled meanwhile.
+    /// Hands the files to the running program, or becomes the running program if there is none. Waits for a
+    /// running program that does not answer, because it may have the same files open; calls `onWaiting` once if
+    /// that takes more than a second. Processes events while it waits.
     Start HandOver(const QStringList& files, const std::function<void()>& onWaiting);
 
-    /// Ends HandOver.
+    /// Ends a running HandOver with Start::Canceled.
     void Cancel();
 
-    /// The program is about to end: the next start is a program of its own.
+    /// Stops listening, because the program is about to end. The lock is held until it has ended: a new start
+    /// waits for that and then becomes the running program.
     void Stop() { server.close(); }
 
 signals:
-    /// Another start has handed over its files, which may be none. Who takes them does it later: the other program
-    /// still waits to be told that they have come.
+    /// Emitted when another start has handed over its files, after the answer to it. The list may be empty.
+    /// Receivers must return soon and do long work later, because this is called from the socket's event.
     void Received(const QStringList& files);
 
 private:
     void TryAgain();
+    /// Connects to the running program and sends the message.
     void Ask();
+    /// Ends HandOver with the result.
     void EndWith(Start result);
+    /// Starts listening for later starts.
     void Listen();
+    /// Reads the messages of connected programs. Drops connections from other users.
     void Accept();
 
-    QString path;  ///< of the socket; empty if there is no place for it
+    QString path;  ///< of the socket; empty if there is no folder for it
     std::unique_ptr<QLockFile> lock;
     QLocalServer server;
 
-    // While the files are handed over.
+    // Used only during HandOver.
     std::string message;
-    std::unique_ptr<QLocalSocket> socket;  ///< to the running program; none if it has not been reached
+    std::unique_ptr<QLocalSocket> socket;  ///< to the running program
     QEventLoop waiting;
     Start outcome = Start::Canceled;
 };

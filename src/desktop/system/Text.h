@@ -5,13 +5,13 @@
 
 namespace linealis::desktop {
 
-/// The core's texts are UTF-8.
+/// Converts a text of the core, which is UTF-8.
 inline QString ToQt(std::string_view text)
 {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-/// A text as it stands in a menu, where an ampersand alone would name a key.
+/// Escapes the ampersands of a text for a menu, where a single one marks the access key.
 inline QString MenuText(QString text)
 {
     return text.replace(QLatin1Char('&'), QLatin1String("&&"));

@@ -4,8 +4,8 @@
 
 namespace linealis::desktop {
 
-/// What windows keep between runs: their places and sizes, what they show, the folders of their dialogs. Two
-/// running programs may use it at once.
+/// Stores what windows keep between runs: positions and sizes, what they show, and the folders of dialogs. Several
+/// running programs can use it at the same time.
 class WindowSettings final : public QSettings {
     Q_OBJECT
 
