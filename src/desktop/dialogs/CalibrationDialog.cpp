@@ -130,14 +130,14 @@ void CalibrationDialog::AddButtons(QVBoxLayout& layout, bool canTakeOver)
         }
     });
     layout.addWidget(buttons);
-    save->setDefault(true);  // only a button in a dialog can be that one's
+    save->setDefault(true);  // after addWidget: a button becomes the default only once it is in the dialog
 }
 
 void CalibrationDialog::ShowStoredFactors()
 {
     const PrinterFactors factors = ReadPrinterFactors(factorsFile, Printer());
     const auto measured = [](double factor) {
-        constexpr double places = 1000.0;  // no ruler reads more
+        constexpr double places = 1000.0;  // three decimals, finer than any ruler
         return ToQt(mystring(std::round(FactorOf(calibrationMillimeters, factor) * places) / places));
     };
     across->setText(measured(factors.x));
@@ -182,7 +182,7 @@ void CalibrationDialog::PrintSheet()
     QPrinter device(QPrinter::HighResolution);
     device.setPrinterName(printer->currentText());
     device.setDocName(QStringLiteral("Calibration Sheet"));
-    Turns turns([] {});  // it is soon done
+    Turns turns([] {});  // printing one sheet is fast, so it needs no Cancel
     said->setText(PrintWithDialog(device, SheetFor(*chosen), turns, {}, this, runModal));
 }
 

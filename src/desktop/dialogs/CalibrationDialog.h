@@ -17,8 +17,8 @@
 
 namespace linealis::desktop {
 
-/// The dialog in which the user measures a printer: prints the calibration sheet, takes the two lengths that are
-/// read off it, and keeps the factors that follow from them for that printer.
+/// Calibrates a printer: prints the calibration sheet, lets the user enter the two lengths measured on it, and
+/// stores the resulting factors for that printer.
 class CalibrationDialog final : public QDialog {
     Q_OBJECT
 
@@ -26,7 +26,8 @@ public:
     /// Puts the factors, in percent, into the fields X Scale and Y Scale of a form.
     using TakeOver = std::function<void(double xPercent, double yPercent)>;
 
-    /// `printers` may be empty, and so may `takeOver`: then there is no form to put the factors into.
+    /// `printers` may be empty; then nothing can be printed or stored. `theTakeOver` may be empty if there is no
+    /// form to put the factors into.
     CalibrationDialog(const QStringList& printers, FolderItem theFactorsFile, ModalRunner theRunModal,
                       TakeOver theTakeOver, QWidget* parent);
 
@@ -39,10 +40,13 @@ private:
     void Save();
     void Reset();
 
-    /// What follows from the two fields; nothing, and the reason shown, if one cannot be taken.
+    /// Returns the factors from the two fields. If a length is not acceptable, shows the reason and returns
+    /// nothing.
     std::optional<PrinterFactors> ReadFactors();
     std::string Printer() const { return printer->currentText().toStdString(); }
+    /// Stores the factors of the chosen printer and shows whether that worked. Factors of 1 are removed.
     void Store(const PrinterFactors& factors);
+    /// Shows the factors that follow from the two fields, or a dash for a length that is not acceptable.
     void ShowFactors();
 
     FolderItem factorsFile;

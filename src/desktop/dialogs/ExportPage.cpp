@@ -25,7 +25,7 @@ const QString formatKey = QStringLiteral("export/format");
 const QString resolutionKey = QStringLiteral("export/resolution");
 const QString transparentKey = QStringLiteral("export/transparent");
 
-/// Asks what the picture is to be like. What was chosen last is proposed.
+/// Asks for the format, resolution, and background of the picture. Proposes the previous choice.
 class ExportDialog final : public QDialog {
 public:
     ExportDialog(const PaperSize& thePaper, QWidget* parent) : QDialog(parent), paper(thePaper)
@@ -36,7 +36,7 @@ public:
         auto* const form = new QFormLayout(this);
         const QString last = settings.value(formatKey).toString();
         for (const PageFormat& format : PageFormats()) {
-            if (&format != &PageFormats().front()) {  // which Generate makes
+            if (&format != &PageFormats().front()) {  // the first format is PDF, which Generate writes
                 AddFormat(*form, format, last);
             }
         }
@@ -70,6 +70,7 @@ public:
         return options;
     }
 
+    /// Stores the choice for the next dialog.
     void Keep() const
     {
         WindowSettings settings;
@@ -94,10 +95,11 @@ private:
             button->setChecked(true);
         }
         choices.push_back({&format, button});
-        chosen = &choices.front();
+        chosen = &choices.front();  // push_back may have moved the choices; Follow finds the checked one
         QObject::connect(button, &QRadioButton::toggled, this, [this] { Follow(); });
     }
 
+    /// Updates the dialog after a change of the format or the resolution.
     void Follow()
     {
         for (const Choice& choice : choices) {
@@ -139,6 +141,7 @@ ExportChoice AskForExport(const PaperSize& paper, const QString& name, QWidget* 
     }
     KeepFolder(dialog, folderKey);
     QString path = dialog.selectedFiles().value(0);
+    // The default suffix is not added to a name that has another one.
     if (!path.endsWith(QLatin1Char('.') + ending, Qt::CaseInsensitive)) {
         path += QLatin1Char('.') + ending;
     }
@@ -161,7 +164,7 @@ QString ExportPage(const DrawnPage& page, const ExportChoice& choice, Turns& tur
 
 std::unique_ptr<QMimeData> PageForClipboard(const DrawnPage& page, const WriteOptions& options, Turns& turns)
 {
-    WriteOptions fitting = options;
+    WriteOptions fitting = options;  // with a resolution that is not too high for the paper
     fitting.dotsPerInch =
         std::min<double>(options.dotsPerInch, HighestDotsPerInch({page.frame.paperWidth, page.frame.paperHeight}));
     auto data = std::make_unique<QMimeData>();

@@ -9,22 +9,24 @@
 
 namespace linealis::desktop {
 
-/// What an export is to be.
+/// The user's choices for an export.
 struct ExportChoice {
     QString path;                        ///< empty: the user has canceled
-    const PageFormat* format = nullptr;  ///< whose ending the path has
+    const PageFormat* format = nullptr;  ///< null if the user has canceled
     WriteOptions options;
 };
 
-/// Asks for the format, the resolution and the file. `name` is proposed, without an ending.
+/// Asks for the format, the resolution, and the file. `name` is the proposed file name without an extension. The
+/// resulting path has the extension of the format.
 ExportChoice AskForExport(const PaperSize& paper, const QString& name, QWidget* parent,
                           const ModalRunner& runModal);
 
-/// Writes the page as the choice says. Returns what to say in a status line. What `turns` throws passes through,
-/// and the file is as it was.
+/// Writes the page as chosen. Returns a message for the status line that tells whether it worked. Exceptions of
+/// `turns` pass through; an existing file then stays unchanged.
 QString ExportPage(const DrawnPage& page, const ExportChoice& choice, Turns& turns);
 
-/// The page in all formats, for other programs, which take what they know best. What `turns` throws passes through.
+/// Returns the page in all formats, so that other programs can choose the one they handle best. Reduces the
+/// resolution to what the paper size allows. Exceptions of `turns` pass through.
 std::unique_ptr<QMimeData> PageForClipboard(const DrawnPage& page, const WriteOptions& options, Turns& turns);
 
 }  // namespace linealis::desktop

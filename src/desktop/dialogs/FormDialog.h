@@ -6,7 +6,8 @@
 
 namespace linealis::desktop {
 
-/// A dialog of a form with OK and Cancel.
+/// Shows a form in a dialog with OK and Cancel. The form changes immediately, so the caller must restore it after
+/// Cancel.
 class FormDialog final : public QDialog {
     Q_OBJECT
 

@@ -24,11 +24,11 @@ namespace {
 
 constexpr double mmPerPoint = 25.4 / pointsPerInch;
 
-/// Papers are the same if no side differs by more: 1 mm, and what QPageSize::FuzzyMatch allows. Standard papers in
-/// whole points are off by so much.
+/// Two paper sizes count as the same if no side differs by more than this, about 1 mm. QPageSize::FuzzyMatch
+/// allows the same. Sizes in whole points differ this much from the standard sizes.
 constexpr double sameSidePoints = 3.0;
 
-/// Lines that reach no further out than this are not worth a word.
+/// Lines that extend beyond the printable area by less than this, 0.01 mm, cause no warning.
 constexpr double unseenPoints = 0.01 / mmPerPoint;
 
 QSizeF PaperOf(const PageFrame& frame)
@@ -36,7 +36,8 @@ QSizeF PaperOf(const PageFrame& frame)
     return {static_cast<double>(frame.paperWidth), static_cast<double>(frame.paperHeight)};
 }
 
-/// The factors of a printer on paper that lies so.
+/// Returns the factors for paper in that orientation. Landscape paper runs through the printer turned, so its
+/// factors are swapped.
 PrinterFactors Turned(const PrinterFactors& factors, QPageLayout::Orientation orientation)
 {
     return orientation == QPageLayout::Landscape ? PrinterFactors{factors.y, factors.x} : factors;
@@ -52,10 +53,11 @@ QString SizeText(const QSizeF& points)
     return QStringLiteral("%1 × %2 mm").arg(InMm(points.width()), InMm(points.height()));
 }
 
-/// Measures how far the lines of a page reach beyond the room that a printer can print on.
+/// Counts the lines of a page that extend beyond the printable area, and measures how far.
 class Overreach final : public PageSink {
 public:
-    /// `theRoom` is in points from the sheet's upper left corner downwards.
+    /// `theRoom` is the printable area, in points from the upper left corner of the sheet, with y pointing down.
+    /// `pageHeight` is in points.
     Overreach(const QRectF& theRoom, double pageHeight, const PrinterFactors& theFactors)
         : room(theRoom), height(pageHeight), factors(theFactors)
     {}
@@ -87,6 +89,7 @@ public:
     double furthest = 0.0;  ///< points
 
 private:
+    /// Returns how far the point is outside the printable area, in points; 0 if it is inside.
     double Beyond(const Point& point) const
     {
         const double x = point.x * scaleX * factors.x;
@@ -106,8 +109,8 @@ bool IsSame(const QSizeF& a, const QSizeF& b)
     return std::abs(a.width() - b.width()) <= sameSidePoints && std::abs(a.height() - b.height()) <= sameSidePoints;
 }
 
-/// What a printer has of an upright paper: in a file the size to the point, on a device a paper that it knows by
-/// name, or one cut to size. A device without either keeps its usual paper.
+/// Returns the printer's paper for an upright size in points. A file gets the exact size. A device gets a paper of
+/// that size that it knows, else a custom size if it supports that, else its default paper.
 QPageSize PaperFor(const QPrinter& printer, const QSizeF& upright)
 {
     const QPageSize exact(upright, QPageSize::Point, {}, QPageSize::ExactMatch);
@@ -123,8 +126,9 @@ QPageSize PaperFor(const QPrinter& printer, const QSizeF& upright)
     return device.supportsCustomPageSizes() || device.isNull() ? exact : device.defaultPageSize();
 }
 
-/// The room that the printer can print on, in points from the sheet's upper left corner. Qt tells the margins of
-/// upright paper, whichever way it lies, and a driver may turn it to either side.
+/// Returns the printable area, in points from the upper left corner of the sheet. For landscape paper, Qt still
+/// reports the margins of upright paper, and the driver may turn the page either way, so the larger margin is used
+/// on both opposite sides.
 QRectF RoomOf(QPageLayout layout)
 {
     layout.setUnits(QPageLayout::Point);
@@ -138,8 +142,8 @@ QRectF RoomOf(QPageLayout layout)
     return QRectF(QPointF(), layout.fullRect().size()).marginsRemoved(margins);
 }
 
-/// Has CUPS print without fitting, whatever the queue's own setting is. Qt hands such options on under a key that
-/// its public headers do not name; a print engine without CUPS passes over it.
+/// Makes CUPS print without scaling the page to fit, whatever the default of the queue is. Qt passes such options
+/// on under a property key that its public headers do not name. A print engine without CUPS ignores it.
 void ForbidFitting(const QPrinter& printer)
 {
     constexpr auto cupsOptions = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xfe00);
@@ -149,7 +153,7 @@ void ForbidFitting(const QPrinter& printer)
                         options + QStringList{QStringLiteral("print-scaling"), QStringLiteral("none")});
 }
 
-/// Whether the user prints nevertheless.
+/// Shows the warnings. Returns whether the user wants to print anyway.
 bool IsWanted(const std::vector<QString>& warnings, QWidget* parent, const ModalRunner& runModal)
 {
     QStringList texts;
@@ -163,7 +167,7 @@ bool IsWanted(const std::vector<QString>& warnings, QWidget* parent, const Modal
     return box.clickedButton() == print;
 }
 
-/// The printer, or the file that is printed into.
+/// Returns the name of the printer, or of the output file if there is one.
 QString NameOf(const QPrinter& printer)
 {
     return printer.outputFileName().isEmpty() ? printer.printerName() : printer.outputFileName();
@@ -223,6 +227,7 @@ bool PaintOnPrinter(QPrinter& printer, const DrawnPage& page, Turns& turns, cons
     try {
         ReadPage(page.content, sink, &turns);
     } catch (const PageStopped&) {
+        // Remove what was printed into a file so far, but never a pipe or a device.
         printer.abort();
         painter.end();
         if (QFileInfo(printer.outputFileName()).isFile()) {
@@ -237,7 +242,7 @@ QString PrintedText(const QPrinter& printer, const PrinterFactors& factors)
 {
     QString text =
         QStringLiteral("Printed on %1, %2").arg(NameOf(printer), PaperName(printer.pageLayout().pageSize()));
-    if (printer.copyCount() > 1 && printer.outputFileName().isEmpty()) {  // a file has the page once
+    if (printer.copyCount() > 1 && printer.outputFileName().isEmpty()) {  // a file contains the page only once
         text += QStringLiteral(", %1 copies").arg(printer.copyCount());
     }
     text += QStringLiteral(", 100 %");
@@ -256,7 +261,7 @@ QString PrintWithDialog(QPrinter& printer, const DrawnPage& page, Turns& turns, 
     if (runModal(dialog) != QDialog::Accepted) {
         return {};
     }
-    SetPaper(printer, page.frame);  // of the chosen printer; the dialog goes back to that one's usual paper
+    SetPaper(printer, page.frame);  // again, because the dialog has reset the paper to the chosen printer's default
     const PrinterFactors factors = ReadPrinterFactors(factorsFile, printer.printerName().toStdString());
     const std::vector<QString> warnings = PrintWarnings(printer, page, factors);
     if (!warnings.empty() && !IsWanted(warnings, parent, runModal)) {

@@ -13,37 +13,39 @@
 
 namespace linealis::desktop {
 
-/// Asks of the printer the page's paper and orientation, and the whole of the sheet from its corner. A printer that
-/// does not have the paper is left with its usual one.
+/// Sets the printer to the paper and orientation of the page, with coordinates that start at the corner of the
+/// sheet and not of the printable area. A printer that does not support the paper gets its default paper.
 void SetPaper(QPrinter& printer, const PageFrame& frame);
 
-/// What is to be said before the page is printed, a sentence each: that the printer's paper is another one than the
-/// page's, and that lines of the page lie where the printer cannot print. A line counts by its middle.
+/// Returns the warnings to show before printing: that the paper of the printer differs from that of the page, and
+/// that lines extend beyond the printable area. The width of lines does not count, only their center.
 std::vector<QString> PrintWarnings(const QPrinter& printer, const DrawnPage& page,
                                    const PrinterFactors& factors = {});
 
-/// Paints the page on the printer's whole sheet from its upper left corner, as lines, not as a picture. A point of
-/// the page is 1/72 inch of paper, times the factors; nothing is fitted. `factors` are those of portrait paper, so
-/// on landscape paper, which runs through the printer turned, x and y change places. Returns whether the printer
-/// took it. What `turns` throws passes through, and nothing is printed, nor is there a file of what was.
+/// Prints the page from the upper left corner of the sheet, as vector graphics. A point of the page is 1/72 inch
+/// on paper, times the factors; the page is not scaled to fit. `factors` apply to portrait paper; on landscape
+/// paper, which runs through the printer turned, x and y are swapped. Returns whether the printer accepted the
+/// job. Exceptions of `turns` pass through. If one is PageStopped, the job is aborted, and an output file is
+/// removed.
 bool PaintOnPrinter(QPrinter& printer, const DrawnPage& page, Turns& turns, const PrinterFactors& factors = {});
 
 /// Shows a dialog and waits for the user. Returns how it ended.
 using ModalRunner = std::function<int(QDialog& dialog)>;
 
-/// Lets the user choose the printer in the print dialog (paper and orientation are the page's all the same), tells
-/// the warnings, if there are any, in one message with Print and Cancel, and prints with the chosen printer's
-/// factors of the file. An empty file means factors of 1. Returns what to say in a status line; empty if the user
-/// canceled. What `turns` throws passes through.
+/// Prints the page. Lets the user choose the printer in the system's dialog; paper and orientation always come
+/// from the page. If there are warnings, shows them in one message with Print and Cancel. Uses the factors that
+/// `factorsFile` contains for the chosen printer; an empty reference means factors of 1. Returns a message for the
+/// status line, or an empty text if the user canceled. Exceptions of `turns` pass through.
 QString PrintWithDialog(QPrinter& printer, const DrawnPage& page, Turns& turns, const FolderItem& factorsFile,
                         QWidget* parent, const ModalRunner& runModal);
 
-/// The same on the system's standard printer, or without any printer into a PDF file. `name` is the page's, for the
-/// job and the file.
+/// Like the function above, and proposes the default printer, or a PDF file in the documents folder if there is no
+/// printer. `name` is used for the print job and the file.
 QString PrintWithDialog(const DrawnPage& page, Turns& turns, const QString& name, const FolderItem& factorsFile,
                         QWidget* parent, const ModalRunner& runModal);
 
-/// What to say in a status line of a page that is printed: where, on what, how often and how large.
+/// Returns the message for the status line after printing: the printer, the paper, the number of copies, and the
+/// scale.
 QString PrintedText(const QPrinter& printer, const PrinterFactors& factors);
 
 }  // namespace linealis::desktop

@@ -25,7 +25,7 @@ void BringToFront(QWidget& window)
     window.activateWindow();
 }
 
-/// Whether it is something that a person does.
+/// Whether the event is input from the user.
 bool IsInput(const QEvent& event)
 {
     switch (event.type()) {
@@ -44,7 +44,7 @@ bool IsInput(const QEvent& event)
     }
 }
 
-/// Ends whatever waits for the user.
+/// Closes all dialogs and popups that wait for the user.
 void RejectDialogs()
 {
     for (QWidget* const widget : QApplication::topLevelWidgets()) {
@@ -63,7 +63,7 @@ Desktop::Desktop()
     : manual(QResource(QStringLiteral(":/manual.pdf")).uncompressedData()),
       app(platform, *this, {manual.constData(), static_cast<std::size_t>(manual.size())})
 {
-    QApplication::setQuitOnLastWindowClosed(false);  // a page may still be under way: Quit sees to it
+    QApplication::setQuitOnLastWindowClosed(false);  // a page may still be in progress; Quit waits for it
     qApp->installEventFilter(this);
     platform.whoAsks = [this] { return dynamic_cast<const FileAsker*>(inFront.data()); };
     connect(&platform, &DesktopPlatform::Idle, this, &Desktop::ProceedSoon);
@@ -71,14 +71,15 @@ Desktop::Desktop()
         &platform, &DesktopPlatform::PictureChosen, this, [this](const QString& path) { OpenSettings({path}); },
         Qt::QueuedConnection);
     connect(qApp, &QCoreApplication::aboutToQuit, this, &Desktop::End);
-    // The session may end after this, or go on.
+    // The session may end after this request, or continue.
     connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { app.Store(); });
 }
 
 Desktop::~Desktop()
 {
     End();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // no loop does that any more
+    // The event loop has ended, so run pending deleteLater calls here.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void Desktop::Open()
@@ -137,13 +138,13 @@ void Desktop::ShowManual(const PaperKind* kind)
 bool Desktop::eventFilter(QObject* watched, QEvent* event)
 {
     if (quitting && IsInput(*event)) {
-        return true;  // a page that began now would not be stopped
+        return true;  // nothing would stop a page that is started now
     }
     switch (event->type()) {
-    case QEvent::FileOpen:  // how macOS hands in a document
+    case QEvent::FileOpen:  // macOS passes documents this way
         OpenDocuments({static_cast<QFileOpenEvent*>(event)->file()});
         return true;
-    case QEvent::Quit:  // how the system asks the program to end
+    case QEvent::Quit:  // the system asks the program to end
         Quit();
         return true;
     case QEvent::ShortcutOverride:
@@ -182,7 +183,7 @@ void Desktop::ProceedSoon()
 void Desktop::Proceed()
 {
     if (platform.HasDialog()) {
-        return;  // comes again when that has ended
+        return;  // called again when the dialog has ended
     }
     if (quitting) {
         if (!platform.IsBusy()) {
@@ -232,7 +233,7 @@ void Desktop::PaperClosed(const PaperKind& kind)
 {
     PaperView* const view = views[&kind];
     views.erase(&kind);
-    // The view still stands in its own event, and what it shows must outlive it.
+    // The view is still handling an event, so it is deleted later, and until then it needs its paper window.
     view->Keep(app.PaperClosed(kind));
     view->deleteLater();
     EndIfLastWindow();
@@ -270,7 +271,7 @@ void Desktop::End()
     }
     ended = true;
     quitting = true;
-    while (!views.empty()) {
+    while (!views.empty()) {  // End leads to PaperClosed, which removes the view
         views.begin()->second->End();
     }
     delete galleryView;
@@ -309,7 +310,7 @@ void Desktop::GiveMenus(QMainWindow& window, PaperView* paper)
 {
     const auto front = [paper]() -> PaperWindow* { return paper == nullptr ? nullptr : &paper->Window(); };
     InstallMenus(window, {[this, paper](const MenuItem& item) { Perform(item, paper); },
-                          // A menu that can be used has its window.
+                          // `true`: if a menu is used, there is an open window.
                           [front, paper](const MenuItem& item) {
                               const bool undoesForm =
                                   item.command == Command::Undo && paper != nullptr && paper->History().CanUndo();

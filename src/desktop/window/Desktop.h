@@ -16,13 +16,13 @@ namespace linealis::desktop {
 
 class ManualWindow;
 
-/// What stands before the name of a kind among absolute paths of files.
+/// The prefix that distinguishes the name of a paper kind from the absolute path of a file.
 inline const QString kindRequest = QStringLiteral("paper:");
 
-/// The application on the screen: its windows, and the way from their events to App.
+/// Manages the windows of the application and passes their events to App.
 ///
-/// A window ends in one way, whoever ends it: what it has to store is stored at once, App and this forget it, and
-/// only its memory goes later, when its events have ended. The program ends in one way too, by Quit.
+/// Every window is closed the same way, whatever the cause: it stores its state immediately, App and this class
+/// forget it, and its memory is freed later, after the current event. The program always ends through Quit.
 class Desktop final : public QObject, private AppWindows {
     Q_OBJECT
 
@@ -30,29 +30,30 @@ public:
     Desktop();
     ~Desktop() override;
 
-    /// Reads the preferences, starts the version check and shows the gallery.
+    /// Reads the preferences, starts the version check, and shows the gallery.
     void Open();
 
-    /// Opens the files one after the other, each as soon as no dialog is open. Behind kindRequest the name of a
-    /// kind may stand, whose window is shown then.
+    /// Opens the files one after the other, each as soon as no dialog is open. An entry can also be kindRequest
+    /// followed by the name of a kind, which shows the window of that kind. Returns immediately.
     void OpenDocuments(const QStringList& files);
 
-    /// Opens settings files of any kind, and pictures that carry a form, at once, without a message.
+    /// Opens settings files of any kind, and pictures that carry a form, immediately. Shows no message box for a
+    /// settings file that cannot be opened.
     void OpenSettings(const QStringList& files);
 
-    /// Brings the window that was in front last to the front again, for a second start; the gallery if there is
-    /// only the manual.
+    /// Brings the window that was last active to the front, for a second start. Shows the gallery if no window but
+    /// the manual is open.
     void Raise();
 
-    /// Stops the pages that are being made, rejects the dialogs that are open, and as soon as they have ended, ends
-    /// every window and the program.
+    /// Ends the program: stops the pages in progress, rejects the open dialogs, and once they have ended, closes
+    /// all windows and exits the event loop.
     void Quit();
 
     App& Application() { return app; }
     DesktopPlatform& OwnPlatform() { return platform; }
 
 signals:
-    /// From now on no document is taken.
+    /// Emitted when the program starts to end. From now on it opens no documents.
     void Quitting();
 
 protected:
@@ -66,39 +67,42 @@ private:
     void Used(const FolderItem& settingsFile) override;
     bool IsEnding() const override { return quitting; }
 
+    /// Returns the view of the window, which is created if needed.
     PaperView& ViewOf(const PaperKind& kind, PaperWindow& window);
     void OpenDocument(const QString& path);
-    /// Fills in the form of its kind with the form that a picture of a page carries.
+    /// Reads the form that a picture of a page carries into the window of its kind. Shows a message if that fails.
     void OpenPicture(const FolderItem& file);
-    /// Does what may change any window, as one step of that name in each that it changes.
+    /// Makes a change that can affect any window. It becomes one undo step of that name in each affected window.
     void DoAsStep(const QString& name, const std::function<void()>& change);
     void ShowGallery();
-    /// Shows the manual at the chapter of the kind, or without one, at its beginning.
+    /// Shows the manual at the chapter of the kind, or at its beginning if `kind` is null.
     void ShowManual(const PaperKind* kind);
-    /// Asks for settings files and opens them; what is none of them is named.
+    /// Asks for settings files and opens them. Shows a message for each file that is not a settings file.
     void AskForSettings();
-    /// Opens the file, or shows the window of its kind with the preset laid over, as one step.
+    /// Opens the settings file of the hit, or loads its preset into the window of its kind, as one undo step.
     void OpenHit(const PaperHit& hit);
     void PaperClosed(const PaperKind& kind);
     void GalleryClosed();
+    /// Installs the menu bar. `paper` is the window as a paper view; null for the gallery.
     void GiveMenus(QMainWindow& window, PaperView* paper);
     void Perform(const MenuItem& item, PaperView* paper);
 
-    /// Has Proceed called between two events.
+    /// Schedules a call of Proceed after the current event.
     void ProceedSoon();
-    /// Does what has waited for its turn: ends the program, or opens the next document.
+    /// Ends the program or opens the next document, unless a dialog is open.
     void Proceed();
     void EndIfLastWindow();
+    /// Closes all windows and the application. Only the first call has an effect.
     void End();
 
     DesktopPlatform platform;
     QByteArray manual;
     App app;
-    std::map<const PaperKind*, PaperView*> views;  ///< of the open windows
-    QPointer<GalleryView> galleryView;             ///< nothing once it is closed
-    std::unique_ptr<ManualWindow> manualWindow;    ///< nothing until it is wanted
-    QPointer<QWidget> inFront;                     ///< the window that was active last
-    QStringList waitingDocuments;
+    std::map<const PaperKind*, PaperView*> views;  ///< the open paper windows
+    QPointer<GalleryView> galleryView;             ///< null while it is closed
+    std::unique_ptr<ManualWindow> manualWindow;    ///< null until it is shown for the first time
+    QPointer<QWidget> inFront;                     ///< the window that was last active, except the manual
+    QStringList waitingDocuments;                  ///< for OpenDocument, in this order
     bool quitting = false;
     bool ended = false;
 };

@@ -69,7 +69,7 @@ void Desktop::AskForSettings()
             platform.MsgBox(tr("%1 is not a settings file").arg(file.fileName()).toStdString());
         }
     }
-    if (!quitting) {  // the user may have ended the program instead of reading a box
+    if (!quitting) {  // the user may have quit the program while a message was open
         OpenSettings(files);
     }
 }

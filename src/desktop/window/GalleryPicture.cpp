@@ -11,7 +11,7 @@ QPixmap GalleryPicture(std::string_view name, const QSize& size, double pixelRat
         file.replace(QLatin1String(".png"), QLatin1String("@2x.png"));
     }
     QPixmap picture(file);
-    picture.setDevicePixelRatio(1.0);
+    picture.setDevicePixelRatio(1.0);  // Qt sets 2 for an "@2x" file; scale in physical pixels
     const QSize points = size * pixelRatio;
     if (picture.size() != points) {
         picture = picture.scaled(points, Qt::KeepAspectRatio, Qt::SmoothTransformation);

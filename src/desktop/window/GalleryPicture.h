@@ -6,8 +6,8 @@
 
 namespace linealis::desktop {
 
-/// A picture of the gallery, given by its file name, in that size in pixels of the screen. On a screen of more than
-/// one point a pixel it is made of the picture that is twice as fine.
+/// Returns a picture of the gallery by its file name, scaled to fit into `size`, in device-independent pixels. If
+/// `pixelRatio` is above 1, uses the file with twice the resolution.
 QPixmap GalleryPicture(std::string_view name, const QSize& size, double pixelRatio);
 
 }  // namespace linealis::desktop

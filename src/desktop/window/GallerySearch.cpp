@@ -20,10 +20,10 @@ namespace linealis::desktop {
 
 namespace {
 
-constexpr QSize pictureSize{28, 36};  // pixels of the screen
+constexpr QSize pictureSize{28, 36};  // device-independent pixels
 constexpr int gap = 8;
 
-/// What stands in the list: the title, and where that belongs.
+/// Returns the text of a hit in the list: its title, and the kind or folder that it belongs to.
 QString LineOf(const PaperHit& hit)
 {
     QString title = ToQt(hit.title).simplified();
@@ -47,7 +47,8 @@ QPixmap PictureOf(const PaperHit& hit, double pixelRatio)
                                  : GalleryPicture(hit.kind->picture, pictureSize, pixelRatio);
 }
 
-/// The picture in the middle of a place that is the same for all of them, selected or not.
+/// Returns an icon with the picture centered in an area that is the same for all hits. It looks the same if
+/// selected.
 QIcon IconOf(const QPixmap& picture, double pixelRatio)
 {
     QPixmap place(pictureSize * pixelRatio);
@@ -73,7 +74,7 @@ GallerySearch::GallerySearch(FolderItem thePreferencesFolder, QWidget* parent)
     pictureTimer.setSingleShot(true);
     connect(&pictureTimer, &QTimer::timeout, this, &GallerySearch::MakeNextPicture);
     connect(field, &QLineEdit::textChanged, this, [this] {
-        list->clear();  // the first hit is selected again
+        list->clear();  // so that Refresh selects the first hit
         Refresh();
     });
     connect(field, &QLineEdit::returnPressed, this, [this] { Choose(list->currentRow()); });
@@ -89,7 +90,7 @@ void GallerySearch::LayOut()
     field->setAccessibleName(tr("Search papers, presets, files"));
     field->setToolTip(tr("Return opens what is selected in the list below"));
     field->setClearButtonEnabled(true);
-    field->setAcceptDrops(false);  // the window takes files
+    field->setAcceptDrops(false);  // the window handles dropped files
     field->installEventFilter(this);
     list = new QListWidget;
     list->setObjectName(QStringLiteral("GalleryResults"));
@@ -118,7 +119,7 @@ void GallerySearch::LeaveFree(const QSize& size)
     grid->setColumnMinimumWidth(1, size.width());
 }
 
-/// The style's own color for the hint in an empty field is too faint to be read easily.
+/// Sets the color of the hint in the empty field. The style's own color is too faint to read easily.
 void GallerySearch::SetColors()
 {
     constexpr int strength = 180;  // of 255
@@ -157,7 +158,7 @@ void GallerySearch::Refresh()
         (new QListWidgetItem(noPicture, tr("Nothing found"), list))->setFlags(Qt::NoItemFlags);
     }
     const QList<QListWidgetItem*> same = list->findItems(line, Qt::MatchExactly);
-    const int first = field->text().isEmpty() ? -1 : 0;  // what nobody has looked for is not opened by Return
+    const int first = field->text().isEmpty() ? -1 : 0;  // Return must not open a suggestion that nobody chose
     list->setCurrentRow(same.isEmpty() ? first : list->row(same.first()));
     nextPicture = 0;
     pictureTimer.start(0);
@@ -177,7 +178,7 @@ void GallerySearch::MakeNextPicture()
 void GallerySearch::Choose(int row)
 {
     if (row >= 0 && static_cast<std::size_t>(row) < hits.size()) {
-        const PaperHit hit = hits[static_cast<std::size_t>(row)];  // the list may change meanwhile
+        const PaperHit hit = hits[static_cast<std::size_t>(row)];  // a copy: receivers may cause a Refresh
         emit Chosen(hit);
     }
 }
@@ -186,7 +187,7 @@ bool GallerySearch::FieldKey(int key)
 {
     if (key == Qt::Key_Down) {
         if (list->count() == 0) {
-            Refresh();  // it may not have been painted yet
+            Refresh();  // the widget has not been painted yet
         }
         list->setCurrentRow(std::min(list->currentRow() + 1, list->count() - 1));
         list->setFocus(Qt::TabFocusReason);

@@ -12,30 +12,33 @@ class QPushButton;
 
 namespace linealis::desktop {
 
-/// A field to search kinds, presets and files, what is found, and a button that opens any settings file. It looks
-/// for what it shows only once it has been painted, and makes the pictures one at a time, so that nobody waits for
-/// them.
+/// Shows a search field for kinds, presets, and files, the list of hits, and a button that opens any settings
+/// file. Runs its first search only after it has been painted, and makes the pictures one at a time, so that the
+/// gallery appears without delay.
 class GallerySearch final : public QWidget {
     Q_OBJECT
 
 public:
-    /// The preferences folder is where own presets and recent files stand.
+    /// The preferences folder contains the user's presets and the list of recent files.
     explicit GallerySearch(FolderItem thePreferencesFolder, QWidget* parent = nullptr);
 
-    /// Searches again: a file or preset may have come or gone. What is selected stays, if it is still there.
+    /// Searches again, because files and presets may have been added or removed. Keeps the selection if the
+    /// selected hit still exists.
     void Refresh();
 
-    /// Goes on with the text as if it were typed into the field.
+    /// Moves the focus to the field and appends the text, as if it were typed there.
     void Type(const QString& text);
 
-    /// In the order of the Tab key.
+    /// Returns the widgets in the order of the Tab key.
     std::vector<QWidget*> TabStops() const;
 
-    /// The room at the lower right that is left free for a button of that size.
+    /// Keeps space at the lower right free for a button of that size.
     void LeaveFree(const QSize& size);
 
 signals:
+    /// Emitted when the user has chosen a hit.
     void Chosen(const PaperHit& hit);
+    /// Emitted when the user wants to open settings files.
     void OpenWanted();
 
 protected:
@@ -47,19 +50,21 @@ protected:
 private:
     void LayOut();
     void SetColors();
+    /// Emits Chosen for the hit in the row. Ignores a row without a hit.
     void Choose(int row);
-    /// Makes one picture that is still missing, and has itself called for the next one.
+    /// Makes the next missing picture, and schedules the one after it.
     void MakeNextPicture();
+    /// Handles a key in the search field. Returns false if the field itself must handle it.
     bool FieldKey(int key);
 
     FolderItem preferencesFolder;
-    std::vector<PaperHit> hits;  ///< as the list shows them
+    std::vector<PaperHit> hits;  ///< in the order of the list
     QLineEdit* field = nullptr;
     QListWidget* list = nullptr;
     QPushButton* open = nullptr;
     QTimer pictureTimer;
-    int nextPicture = 0;
-    bool settingColors = false;
+    int nextPicture = 0;         ///< the row of the next missing picture
+    bool settingColors = false;  ///< prevents recursion while SetColors changes the palette
     bool isPainted = false;
 };
 

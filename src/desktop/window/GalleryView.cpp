@@ -49,14 +49,14 @@ protected:
         }
         painter.drawPixmap(rect(), picture);
         painter.setPen(Qt::black);
-        painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));  // whole on every screen
-        if (hasFocus()) {                                                 // beside the frame, which stays as it is
+        painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));  // inside the widget at any pixel ratio
+        if (hasFocus()) {                                                 // inside the frame, which stays visible
             painter.setPen(QPen(palette().highlight(), 3));
             painter.drawRect(rect().adjusted(3, 3, -4, -4));
         }
     }
 
-    /// The release counts wherever the pointer stands.
+    /// Counts as a click wherever the pointer is when the button is released.
     void mouseReleaseEvent(QMouseEvent* event) override
     {
         if (event->button() == Qt::LeftButton && isDown()) {
@@ -67,7 +67,8 @@ protected:
 
     void mouseMoveEvent(QMouseEvent* /*event*/) override {}
 
-    /// Space is the button's own. All but the keys that open is the window's.
+    /// Handles only the keys that open the kind: Return here, Space in the base class. The window handles all
+    /// others.
     void keyPressEvent(QKeyEvent* event) override
     {
         if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
@@ -132,7 +133,7 @@ QPushButton* GalleryView::AddHelp(QWidget* content) const
     return help;
 }
 
-/// In the room that the entries leave, about Help.
+/// Adds the search in the space that the entries leave free, around the Help button.
 void GalleryView::AddSearch(QWidget* content, const FolderItem& preferencesFolder, QPushButton* help)
 {
     search = new GallerySearch(preferencesFolder, content);
@@ -186,7 +187,8 @@ QWidget* GalleryView::PictureFor(int key, std::size_t from) const
     }
 }
 
-/// What the picture with the focus has not taken.
+/// Handles the keys that the focused picture has ignored: arrow keys move the focus, letters and digits start a
+/// search.
 void GalleryView::keyPressEvent(QKeyEvent* event)
 {
     const auto focused = std::find(pictures.begin(), pictures.end(), focusWidget());
@@ -222,7 +224,7 @@ void GalleryView::dropEvent(QDropEvent* event)
 void GalleryView::closeEvent(QCloseEvent* event)
 {
     event->accept();
-    hide();  // before anyone looks which windows are left
+    hide();  // before the receiver of Closed checks which windows are open
     emit Closed();
 }
 

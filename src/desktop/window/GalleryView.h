@@ -12,27 +12,30 @@ namespace linealis::desktop {
 
 class GallerySearch;
 
-/// The program's first screen.
+/// Shows the gallery, the first window of the program: a picture of each paper kind, and a search.
 class GalleryView final : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// The preferences folder is where presets and the files used last are found.
+    /// The preferences folder contains the user's presets and the list of recent files.
     GalleryView(GalleryWindow& theGallery, const FolderItem& preferencesFolder);
 
-    /// Centers the window on the first screen, once it has its menus.
+    /// Centers the window on the primary screen. Must be called after the menus have been added, because they
+    /// change the height.
     void Place();
 
 signals:
+    /// Emitted when the user has clicked Help.
     void HelpWanted();
-    /// The manual inside the program, which has no button here.
+    /// Emitted when the user has pressed F1 to see the manual window.
     void ManualWanted();
-    /// The user has chosen where to begin. It is no kind: that is opened already.
+    /// Emitted when the user has chosen a preset or a file. A hit that is a kind is opened without this signal.
     void Chosen(const PaperHit& hit);
-    /// Settings files are to be opened, which the user will choose.
+    /// Emitted when the user wants to choose settings files to open.
     void OpenWanted();
-    /// Settings files have been dropped on the window.
+    /// Emitted when settings files have been dropped on the window.
     void FilesDropped(const QStringList& files);
+    /// Emitted when the user has closed the window, which is already hidden.
     void Closed();
 
 protected:
@@ -45,7 +48,8 @@ private:
     void AddEntries(QWidget* content);
     QPushButton* AddHelp(QWidget* content) const;
     void AddSearch(QWidget* content, const FolderItem& preferencesFolder, QPushButton* help);
-    /// The picture that a key leads to from another one, or null.
+    /// Returns the picture that a key moves the focus to from the picture `from`. Null if the key does not move
+    /// it.
     QWidget* PictureFor(int key, std::size_t from) const;
 
     GalleryWindow& gallery;

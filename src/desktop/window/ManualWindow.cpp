@@ -25,7 +25,8 @@ namespace {
 const QString geometryKey = QStringLiteral("windows/manual/geometry");
 const QString address = QStringLiteral("qrc:/manual/manual.html");
 
-/// The address of a chapter. Going there by its address, and not by scrolling, is what Back and Forward know of.
+/// Returns the address of a chapter. Back and Forward work only if the text goes to an address instead of
+/// scrolling.
 QUrl ChapterAddress(const QString& anchor)
 {
     QUrl chapter(address);
@@ -33,7 +34,7 @@ QUrl ChapterAddress(const QString& anchor)
     return chapter;
 }
 
-/// The name of a heading as links have it.
+/// Returns the anchor of a heading, as used in links.
 QString AnchorOf(const QString& heading)
 {
     return heading.toLower().replace(QLatin1Char(' '), QLatin1Char('-'));
@@ -166,6 +167,7 @@ void ManualWindow::Find(bool backwards)
         result->clear();
         return;
     }
+    // Wrap around, but keep the cursor if there is no hit at all.
     const QTextCursor before = text->textCursor();
     text->moveCursor(backwards ? QTextCursor::End : QTextCursor::Start);
     if (text->find(wanted, direction)) {

@@ -9,18 +9,18 @@ class QTextBrowser;
 
 namespace linealis::desktop {
 
-/// The manual inside the program: its chapters, its text, and a search. It is read when it is made, and not before.
+/// Shows the built-in manual: its chapters, its text, and a search. Loads the manual in the constructor.
 class ManualWindow final : public QMainWindow {
     Q_OBJECT
 
 public:
     ManualWindow();
 
-    /// Goes to the chapter of a heading, given in words: "Lined Paper". The beginning if there is none.
+    /// Goes to the chapter with the given heading, such as "Lined Paper", or to the beginning if there is none.
     void ShowChapter(const QString& heading);
 
 signals:
-    /// The user has closed it. It may be shown again.
+    /// Emitted when the window has been closed. It can be shown again.
     void Closed();
 
 protected:
@@ -30,16 +30,17 @@ protected:
 private:
     QWidget* MakeBar();
     void ListChapters();
-    /// Searches on from where the last hit stands, and from the other end after the last one.
+    /// Searches for the next or previous hit from the current position. Continues from the other end if there is
+    /// none.
     void Find(bool backwards);
-    /// Steps of the letters' size away from the size at the start.
+    /// Sets the font size, in steps from the original size. Clamps the steps to -5 to 15.
     void Zoom(int steps);
 
     QTextBrowser* text;
     QListWidget* chapters;
     QLineEdit* search = nullptr;
     QLabel* result = nullptr;
-    int zoom = 0;
+    int zoom = 0;  ///< steps from the original font size
 };
 
 }  // namespace linealis::desktop

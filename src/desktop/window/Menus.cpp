@@ -14,13 +14,14 @@ namespace linealis::desktop {
 
 namespace {
 
-/// "Cmd" is the platform's own key for commands, which Qt calls Ctrl.
+/// Converts the shortcut of an item. "Cmd" stands for the platform's command key, which Qt calls Ctrl everywhere.
 QKeySequence ShortcutOf(const MenuItem& item)
 {
     return QKeySequence(ToQt(item.shortcut).replace(QStringLiteral("Cmd"), QStringLiteral("Ctrl")));
 }
 
-/// Only the items about the program itself move to the application's menu, where there is one.
+/// Returns the role that moves items about the program itself to the application menu of macOS. All other items
+/// stay.
 QAction::MenuRole RoleOf(Command command)
 {
     switch (command) {
@@ -34,7 +35,7 @@ QAction::MenuRole RoleOf(Command command)
     }
 }
 
-/// The text field that has the focus, if the user can edit its text; otherwise null.
+/// Returns the text field that has the focus if the user can edit it, otherwise null.
 QLineEdit* EditableField()
 {
     auto* const field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
@@ -62,7 +63,8 @@ void AddItem(QMenu& menu, const MenuItem& item, const MenuHost& host)
     });
     QObject::connect(&menu, &QMenu::aboutToShow, action,
                      [action, &item, host] { action->setEnabled(host.isEnabled(item)); });
-    // Nobody tells when an item can be used again, and its shortcut must work then.
+    // While the menu is closed, the item must be enabled, or else its shortcut would not work: no signal tells
+    // when the item becomes usable again. The check happens when it is triggered.
     QObject::connect(&menu, &QMenu::aboutToHide, action, [action] { action->setEnabled(true); });
 }
 

@@ -9,24 +9,26 @@ class QKeyEvent;
 
 namespace linealis::desktop {
 
-/// What a menu bar asks when it is used.
+/// The functions that a menu bar calls.
 struct MenuHost {
     std::function<void(const MenuItem& item)> perform;
     std::function<bool(const MenuItem& item)> isEnabled;
-    std::function<void(const MenuItem& item)> refuse;  ///< the shortcut of an item that is not enabled
+    std::function<void(const MenuItem& item)> refuse;  ///< called for the shortcut of an item that is not enabled
 };
 
-/// Gives a window the program's menu bar. Which items are enabled shows as long as their menu is open.
+/// Adds the program's menu bar to a window. Items are shown as disabled only while their menu is open.
 void InstallMenus(QMainWindow& window, const MenuHost& host);
 
-/// Whether an item for editing text has something to edit in the field that has the focus. True for any other item.
+/// Whether a command for editing text has something to act on in the field that has the focus. True for all other
+/// commands.
 bool CanEditText(Command command);
 
-/// Whether the key event, which is to be a shortcut or text, is undo or redo in a text field that has none. It
-/// would take the key all the same, which then is to be the form's.
+/// Whether the key event is undo or redo for a text field that has nothing to undo or redo. The field would
+/// consume the key anyway, so the caller must redirect it to the form.
 bool IsUndoOfNothing(const QObject* receiver, const QKeyEvent& key);
 
-/// Undo, cut, copy, paste and clear in the text field that has the focus, if they can be done.
+/// Performs undo, cut, copy, paste, or clear in the text field that has the focus. Does nothing if that is
+/// impossible.
 void EditText(Command command);
 
 }  // namespace linealis::desktop
