@@ -14,7 +14,7 @@ namespace linealis::desktop {
 
 namespace {
 
-constexpr int progressWidth = 150;
+constexpr int progressWidth = 150;  // pixels
 
 QPushButton* AddButton(QHBoxLayout& row, const QString& text, const QString& name, const QString& tip)
 {
@@ -38,6 +38,7 @@ FormScrollArea::FormScrollArea(QWidget* content)
 
 QSize FormScrollArea::sizeHint() const
 {
+    // Before the first show, the parts have no style yet, and the layout would compute wrong sizes.
     for (QWidget* const part : widget()->findChildren<QWidget*>()) {
         part->ensurePolished();
     }
@@ -69,7 +70,7 @@ QToolButton* PaperTopBar::Add(const QString& text, const QString& name, const QS
     button->setObjectName(name);
     button->setToolTip(tip);
     button->setAutoRaise(true);
-    button->setFocusPolicy(Qt::NoFocus);  // the focus stays in the form; the menus have the same by key
+    button->setFocusPolicy(Qt::NoFocus);  // keep the focus in the form; the menus offer the same to the keyboard
     layout()->addWidget(button);
     return button;
 }

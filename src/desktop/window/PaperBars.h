@@ -12,7 +12,7 @@ class QPushButton;
 
 namespace linealis::desktop {
 
-/// A scroll area that asks for the room of all it holds, and makes do with less.
+/// A scroll area that prefers the size of its whole content, but can be smaller.
 class FormScrollArea final : public QScrollArea {
     Q_OBJECT
 
@@ -23,7 +23,7 @@ public:
     QSize minimumSizeHint() const override { return {200, 120}; }
 };
 
-/// A row of buttons above the form: to the gallery, presets, undo, redo, reset.
+/// The row of buttons above the form: gallery, presets, undo, redo, reset.
 class PaperTopBar final : public QWidget {
     Q_OBJECT
 
@@ -40,17 +40,18 @@ private:
     QToolButton* Add(const QString& text, const QString& name, const QString& tip);
 };
 
-/// What stands below form and page: the file, progress, and the buttons that do something with the page.
+/// The row below the form and the page: the output file, the progress, and the buttons that act on the page.
 class PaperBottomBar final : public QWidget {
     Q_OBJECT
 
 public:
-    /// `file` is the form's group of that name, `wizard` whether there is a button for one.
+    /// `file` is the group Group::File of the form. `hasWizard` adds a button for the wizard.
     PaperBottomBar(QWidget* file, bool hasWizard);
 
+    /// Shows or hides the progress bar and the Cancel button.
     void ShowProgress(bool visible) const;
 
-    QPushButton* wizard = nullptr;
+    QPushButton* wizard = nullptr;  ///< null if there is no wizard
     QProgressBar* progress;
     QPushButton* cancel;
     QPushButton* changeFile;
@@ -58,8 +59,8 @@ public:
     QPushButton* generate;
 };
 
-/// Tells in a corner how much of the page will disappoint on paper, and lists it when it is clicked. Not there
-/// while all is well.
+/// Shows the number of warnings about the page, and lists them in a menu when clicked. Hidden while there are
+/// none.
 class CheckButton final : public QToolButton {
     Q_OBJECT
 
@@ -69,18 +70,19 @@ public:
     void Show(const PageWarnings& warnings);
 
 signals:
-    /// A warning was chosen that comes from a control.
+    /// Emitted when the user has chosen a warning that is caused by a control, with the name of the control.
     void Chosen(const QString& control);
 };
 
-/// The line that tells what has just happened. A link in it is `linkActivated` of QLabel.
+/// Shows in one line what has just happened. A click on a link emits QLabel::linkActivated with its target.
 class StatusLine final : public QLabel {
     Q_OBJECT
 
 public:
     StatusLine();
 
-    /// Says a text, with links behind it: a name and what it is to activate.
+    /// Shows a plain text, followed by links, each given by its text and its target. Also announces the text to
+    /// screen readers.
     void Say(const QString& text, const QList<QPair<QString, QString>>& links = {});
 };
 

@@ -14,7 +14,8 @@ namespace {
 
 constexpr std::size_t mostSuggestions = 6;
 
-/// ASCII, and the letters of Latin-1, which are 0xC3 and another byte in UTF-8.
+/// Returns the UTF-8 text in lowercase. Converts ASCII and the letters of Latin-1, which are encoded as 0xC3 and a
+/// second byte. There, too, a capital and its small letter are 0x20 apart; 0x97 is the multiplication sign.
 std::string InSmallLetters(std::string_view text)
 {
     constexpr char latin1 = '\xC3';
@@ -49,6 +50,7 @@ std::vector<std::string> WordsOf(std::string_view text)
     }
 }
 
+/// Collects the hits of one search.
 class PaperSearch {
 public:
     PaperSearch(std::string_view text, FolderItem thePreferencesFolder, bool metric)
@@ -72,7 +74,7 @@ public:
     }
 
 private:
-    /// Adds the hit if all words occur in its texts.
+    /// Adds the hit if every word occurs in one of its texts.
     void AddIfFound(PaperHit hit, std::initializer_list<std::string_view> texts)
     {
         std::string searched;
@@ -122,6 +124,7 @@ private:
         }
     }
 
+    /// Adds the first preset of each kind, up to mostSuggestions.
     void AddAPresetPerKind()
     {
         std::set<std::string_view> suggested;

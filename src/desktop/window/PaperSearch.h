@@ -10,20 +10,20 @@
 
 namespace linealis {
 
-/// Something that a paper can begin with.
+/// A search result: something that the user can start a page from.
 struct PaperHit {
     enum class Sort { Kind, Preset, OwnPreset, RecentFile };
 
     Sort sort;
     const PaperKind* kind;  ///< never null
     std::string title;
-    const Preset* preset = nullptr;  ///< of the sort Preset
-    FolderItem file;                 ///< of the sorts OwnPreset and RecentFile
+    const Preset* preset = nullptr;  ///< for Sort::Preset only
+    FolderItem file;                 ///< for Sort::OwnPreset and Sort::RecentFile only
 };
 
-/// The kinds, then the presets (those of the user's units first), then the user's own, then the files used last, in
-/// which every word occurs. Case does not count, in Western European letters. Without a word, what is likely to be
-/// wanted: the files used last, and a preset of each of a few kinds.
+/// Returns everything in which every word occurs: kinds, then presets (those in the user's units first), then the
+/// user's own presets, then recent files. Ignores the case of Western European letters. If `words` contains no
+/// word, returns suggestions: the recent files, and one preset for each of a few kinds.
 std::vector<PaperHit> FindPapers(std::string_view words, const FolderItem& preferencesFolder, bool isMetric);
 
 }  // namespace linealis

@@ -57,7 +57,7 @@ PaperView::PaperView(DesktopPlatform& thePlatform, const PaperKind& theKind, Pap
 
 PaperView::~PaperView()
 {
-    delete takeCentralWidget();  // before the form that it shows
+    delete takeCentralWidget();  // before `kept`, because it shows the form of that window
 }
 
 void PaperView::LightUp()
@@ -68,10 +68,10 @@ void PaperView::LightUp()
 const Control* PaperView::ControlAt(const QPointF& place) const
 {
     constexpr double reachInPixels = 4.0;
-    // What can be drawn and searched in about a tenth of a second: this runs between two events. It draws the page
-    // again, since the content that is shown belongs to the thread of its renderer.
+    // This blocks the interface, so limit it to what can be drawn and searched in about a tenth of a second. It
+    // draws the page again because the content that is shown belongs to the thread of the renderer.
     constexpr std::int64_t mostContent = 4'000'000;  // bytes
-    constexpr std::int64_t mostSteps = 2'500'000;    // more than there are operators in so many bytes
+    constexpr std::int64_t mostSteps = 2'500'000;    // more than that many bytes contain operators
     Turns turns([] {}, mostSteps);
     const DrawnPage page = DrawBeginning(window.ReadPage(), turns, mostContent);
     const Role role =
@@ -83,7 +83,7 @@ void PaperView::FocusOn(const QString& control)
 {
     if (auto* const widget = form->findChild<QWidget*>(control)) {
         activateWindow();
-        widget->setFocus(Qt::TabFocusReason);  // which selects a text
+        widget->setFocus(Qt::TabFocusReason);  // this reason makes a text field select its text
     }
 }
 
@@ -177,6 +177,7 @@ void PaperView::Redo()
 void PaperView::Reset()
 {
     DoAsStep(tr("Reset"), [this](PaperWindow& shown) {
+        // Take the form from a new paper, but keep the files and the name of the output file.
         WindowState fresh = shown.State();
         const std::string file = shown.form.StaticFileName.Caption();
         fresh.form = kind.makePaper(platform).form->State();
@@ -203,9 +204,10 @@ void PaperView::MakePage()
     FinishEdit();
     Work([this] { window.PushButtonGenerate_Action(); });
     SayHowPageEnded();
-    ChangedOutside(tr("Generate"));  // by what the page corrected in the form
+    ChangedOutside(tr("Generate"));  // generating can correct values in the form
     const std::string_view content = window.Pdf().Stream();
-    if (!livePage->isVisible() && content.size() <= longestContentChecked) {  // otherwise it has told already
+    // A visible live page delivers the warnings itself.
+    if (!livePage->isVisible() && content.size() <= longestContentChecked) {
         ShowWarningsOfPage(ContentWarnings(window.Page(), content, window.Pdf().Roles()));
     }
 }
@@ -300,7 +302,8 @@ void PaperView::ShowWizard()
     }
 }
 
-/// Return is the default button's, from wherever no other control has taken it. With shift it forgets the file too.
+/// Return generates the page, unless the focused control has used the key. With Shift, generating asks for a new
+/// file.
 void PaperView::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
@@ -325,20 +328,20 @@ void PaperView::dropEvent(QDropEvent* event)
     emit FilesDropped(SettingsFilesIn(*event->mimeData()));
 }
 
-/// Only now the window has all that it is to make room for.
+/// Places the window when it is first shown, because only then it has its menus and thus its final size.
 void PaperView::showEvent(QShowEvent* event)
 {
     if (!placed) {
         Place();
         placed = true;
-        QTimer::singleShot(0, this, &PaperView::OfferToBringBack);  // once it is known what it opens with
+        QTimer::singleShot(0, this, &PaperView::OfferToBringBack);  // later, when a file may have been loaded
     }
     QMainWindow::showEvent(event);
 }
 
 void PaperView::closeEvent(QCloseEvent* event)
 {
-    if (generating) {  // first the page ends, and then the window
+    if (generating) {  // stop the page first; the window closes when it has ended
         closeWhenDone = true;
         Cancel();
         event->ignore();

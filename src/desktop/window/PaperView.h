@@ -26,11 +26,13 @@ class PaperBottomBar;
 class PaperTopBar;
 class StatusLine;
 
-/// The window of one paper kind: its form, the page that it makes, and what can be done with both.
+/// The window of one paper kind. Shows its form and the live page, and offers everything that can be done with
+/// them.
 class PaperView final : public QMainWindow, public FileAsker {
     Q_OBJECT
 
 public:
+    /// All arguments must outlive the view; see Keep for the window.
     PaperView(DesktopPlatform& thePlatform, const PaperKind& theKind, PaperWindow& theWindow);
     ~PaperView() override;
     PaperView(const PaperView&) = delete;
@@ -39,71 +41,74 @@ public:
     const PaperKind& Kind() const { return kind; }
     PaperWindow& Window() { return window; }
 
-    /// Owns the paper window from now on, because nobody else will.
+    /// Takes ownership of the paper window, which the application has released, until the view is deleted.
     void Keep(std::unique_ptr<PaperWindow> closedWindow) { kept = std::move(closedWindow); }
 
-    /// Ends the window, which makes no page.
+    /// Stores the window's settings, hides it, and emits Closed. Must not be called while a page is being made.
     void End();
 
-    /// Makes the page, as the Generate button does. Does nothing while one is being made.
+    /// Makes the page, like the Generate button. Does nothing while a page is being made.
     void Generate();
 
-    /// Stops the page that is being made; the file stays as it was.
+    /// Stops the page that is being made; its file stays unchanged.
     void Cancel() { stop = true; }
 
-    /// Adds to the window's menus what goes with the form, behind the items that they have.
+    /// Adds the items for the form and the page to the menu bar, which must be installed already.
     void AddMenus();
 
     QString ProposedName() const override;
     QString SettingsFolder() const override;
 
-    /// Shows or hides the page beside the form.
+    /// Shows or hides the live page. The window grows or shrinks by its width, as far as the screen allows.
     void ShowLivePage(bool visible);
-    /// Prints the page through the system's dialog.
+    /// Prints the page with the system's print dialog.
     void Print();
 
-    /// Writes the page as a picture that is asked for.
+    /// Asks for a format and a file, and writes the page as a picture.
     void Export();
-    /// Puts the page on the clipboard.
+    /// Puts the page on the clipboard, in all formats.
     void CopyPage();
 
-    /// Asks for another file for the page.
+    /// Asks for another output file.
     void ChangeFile();
-    /// Takes the last step back, or does it again, and says so.
+    /// Undoes the last step and says so in the status line. Does nothing if there is none.
     void Undo();
+    /// Redoes the step that was undone last and says so in the status line. Does nothing if there is none.
     void Redo();
-    /// Puts everything back to what a fresh window holds, but for the files. Can be undone.
+    /// Resets the form to its original defaults, but keeps the output and settings files. Can be undone.
     void Reset();
 
-    /// Says what Save cannot do without a settings file.
+    /// Says in the status line that there is no settings file to save to, and offers Save As.
     void TellHowToSave();
 
-    /// Ends what is being entered, which is a step of its own.
+    /// Finishes the entry in the focused field, which becomes a step of its own.
     void FinishEdit();
-    /// Does something with the window as one step of that name, which can be undone, and says what went wrong.
-    /// Returns whether that was nothing.
+    /// Changes the window, as one step of that name. Shows a note of the platform in the status line, such as a
+    /// failure. Returns true if there was none.
     bool DoAsStep(const QString& name, const std::function<void(PaperWindow& window)>& change);
-    /// Does so by laying a preset of that name over the form, and says it.
+    /// Loads the preset `title` into the form by calling `lay`, as one step, and says so in the status line.
     void LayOver(const QString& title, const std::function<void(PaperWindow& window)>& lay);
-    /// The same with the form that was closed last.
+    /// Restores the form as it was when the last window of the kind was closed, as one step.
     void BringBack();
     FormHistory& History() { return history; }
 
-    /// Says in the window's status line what has happened.
+    /// Shows in the status line what has happened. The target of a link is a command for Follow.
     void Say(const QString& text, const QList<QPair<QString, QString>>& links = {});
 
-    /// What has changed of the window by other hands than its own is one step of that name, if `name` is not
-    /// empty, and is said so if something went wrong. Returns whether that was nothing.
+    /// Must be called after code outside the view has changed the window. Makes a step with that name if the form
+    /// has changed. Shows a note of the platform, if there is one, in the status line. Returns true if there was
+    /// none.
     bool ChangedOutside(const QString& name);
 
 signals:
+    /// Emitted when the window has ended. It is hidden already.
     void Closed(const PaperKind& kind);
     void GalleryWanted();
-    /// The manual, at this window's chapter.
+    /// Emitted when the user wants to see the manual, at the chapter of this kind.
     void ManualWanted();
-    /// Settings files have been dropped on the window.
+    /// Emitted when settings files have been dropped on the window.
     void FilesDropped(const QStringList& files);
-    /// Settings files have been chosen to be opened, each in the window of its kind.
+    /// Emitted when the user has chosen settings files to open, each in the window of its kind.
     void FilesWanted(const QStringList& files);
 
 protected:
@@ -114,47 +119,58 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    /// Creates the widgets.
     void LayOut();
+    /// Returns the largest size of the window that fits the screen.
     QSize LargestSize() const;
+    /// Connects the widgets.
     void Connect();
     void MakePresetMenu();
+    /// Restores the size and position of the window, and whether it shows the live page.
     void Place();
     void Calibrate();
-    /// Works on a page, with progress and Cancel.
+    /// Runs long work on a page, with a progress bar and a Cancel button if it takes noticeable time.
     void Work(const std::function<void()>& work);
-    /// Does something with a page that is drawn. May be stopped in its turns. Returns what to say of it.
+    /// Uses a drawn page. Can be stopped in its turns. Returns the message for the status line.
     using PageUse = std::function<QString(const DrawnPage& page, Turns& turns)>;
-    /// Draws the page for another use than its file. If that is stopped, or the page is given up, it is said with
-    /// `nothingDone`: "nothing was printed".
+    /// Draws the page and passes it to `use`. If the page is stopped or abandoned, shows a message with
+    /// `nothingDone`, such as "nothing was printed". Does nothing while a page is being made.
     void Use(const QString& nothingDone, const PageUse& use);
     void MakePage();
     void SayHowPageEnded();
     void ShowWizard();
+    /// Updates everything that depends on the form: the live page, the warnings, the title, and the buttons.
     void FormChanged();
-    /// Shows the warnings of the form, and those of the page behind them.
+    /// Shows the warnings of the form, followed by those of the page.
     void ShowWarnings();
     void ShowWarningsOfPage(PageWarnings warnings);
-    /// Lights up what the field with the focus governs.
+    /// Highlights the parts of the live page that the focused field governs.
     void LightUp();
-    /// The control that governs what the page shows there, in points from its lower left corner; or null.
+    /// Returns the control that governs what the page shows at a position, in points from its lower left corner,
+    /// or null.
     const Control* ControlAt(const QPointF& place) const;
+    /// Moves the focus to the widget of the control with that name.
     void FocusOn(const QString& control);
-    /// The page's title on the form; empty if the kind has none.
+    /// Returns the title of the page on the form; empty if the kind has no title.
     QString Title() const;
-    /// What the page is called: its file, or what would be proposed as that.
+    /// Returns a name for the page, never empty: that of its output file, or the proposed name, or that of the
+    /// kind.
     QString PageName() const;
-    /// Tells of the form that was closed last, if that would bring something else.
+    /// Offers, in the status line, to restore the form that was closed last, if it differs from the current form.
+    /// Does nothing if the form has already been changed or loaded.
     void OfferToBringBack();
-    /// Whether the window may close, which the user is asked where a settings file is not up to date.
+    /// Whether the window may close. If the settings file is not up to date, asks the user whether to save it.
     bool MayClose();
+    /// Stores the size and position of the window, and whether it shows the live page.
     void Keep() const;
+    /// Performs the command of a link in the status line.
     void Follow(const QString& link);
 
     DesktopPlatform& platform;
     const PaperKind& kind;
     PaperWindow& window;
     FormHistory history;
-    std::unique_ptr<PaperWindow> kept;  ///< the same, once it is closed
+    std::unique_ptr<PaperWindow> kept;  ///< owns `window` after it has been closed; null before
     FormView* form = nullptr;
     LivePane* livePane = nullptr;
     LivePage* livePage = nullptr;
@@ -166,18 +182,19 @@ private:
     StatusLine* status = nullptr;
     CheckButton* checks = nullptr;
     PageWarnings formWarnings;
-    PageWarnings pageWarnings;  ///< of the page that was drawn last, until the form changes
-    QTimer changeDelay;
-    QTimer progressDelay;
-    QString presetName;  ///< of the preset that was laid over the form last, until something else fills it in
-    QString givenTitle;  ///< the title that the form began with, or has from that preset
-    bool placed = false;
-    bool generating = false;
-    bool stop = false;
-    bool closeWhenDone = false;
+    PageWarnings pageWarnings;   ///< of the page that was drawn last
+    QTimer changeDelay;          ///< combines simultaneous changes into one call of FormChanged
+    QTimer progressDelay;        ///< delays the progress bar
+    QString presetName;          ///< of the last preset loaded into the form; empty after another step
+    QString givenTitle;          ///< the title that the form started with, or got from that preset
+    bool placed = false;         ///< whether the window has been shown before
+    bool generating = false;     ///< whether Work is running
+    bool stop = false;           ///< tells the running work to stop
+    bool closeWhenDone = false;  ///< whether to close the window after the running work
 };
 
-/// The settings files among what is dragged over a window, by their extensions.
+/// Returns the local settings files, and pictures that can carry a form, among the dragged data, by their
+/// extensions.
 QStringList SettingsFilesIn(const QMimeData& dragged);
 
 }  // namespace linealis::desktop

@@ -28,6 +28,7 @@ void PaperView::BringBack()
 void PaperView::OfferToBringBack()
 {
     const FolderItem left = OwnPresets(platform.PreferencesFolder()).LeftFile(kind);
+    // Do not offer this if the form has been changed or loaded, or if it would replace another message.
     const bool isFresh = window.OurFolderItem().IsEmpty() && !history.CanUndo() && status->text().isEmpty();
     if (!isFresh || !left.Exists()) {
         return;
@@ -47,6 +48,7 @@ QString PaperView::Title() const
 QString PaperView::ProposedName() const
 {
     const QString title = Title();
+    // A title that the user has entered is the best name. A given one is the same for many pages.
     return AsFileName(title == givenTitle || title.isEmpty() ? presetName : title);
 }
 

@@ -28,9 +28,10 @@ namespace {
 
 constexpr int millisecondsBeforeProgress = 400;
 
-/// On a screen narrower than this, in pixels, form and page do not fit beside each other.
+/// On a screen narrower than this, in pixels, the form and the page do not fit side by side.
 constexpr int narrowScreen = 1100;
 
+/// Returns the key of a setting for the windows of a kind.
 QString KeyOf(const PaperKind& kind, const char* what)
 {
     return QStringLiteral("windows/%1/%2").arg(ToQt(kind.window), QString::fromLatin1(what));
@@ -104,13 +105,13 @@ void PaperView::Connect()
     connect(livePage, &LivePage::Painted, this, [this] { ShowWarningsOfPage(livePage->Picture().warnings); });
     connect(status, &QLabel::linkActivated, this, &PaperView::Follow);
 
-    changeDelay.setSingleShot(true);  // what changes at once is one change
+    changeDelay.setSingleShot(true);  // simultaneous changes count as one
     connect(form, &FormView::Changed, &changeDelay, qOverload<>(&QTimer::start));
     connect(form, &FormView::Changed, this, [this] {
         if (!status->text().isEmpty()) {
-            Say({});  // what it says is no longer the latest
+            Say({});  // the message is out of date
         }
-        if (!livePage->isVisible()) {  // which will tell of the new page
+        if (!livePage->isVisible()) {  // a visible one will deliver the warnings of the new page
             pageWarnings.clear();
         }
     });
@@ -122,7 +123,7 @@ void PaperView::Connect()
     progressDelay.setInterval(millisecondsBeforeProgress);
     connect(&progressDelay, &QTimer::timeout, this, [this] {
         if (QApplication::activeModalWidget() != nullptr) {
-            progressDelay.start();  // the user is being asked: nothing is under way yet
+            progressDelay.start();  // a dialog is open, so the work is waiting for the user
         } else {
             bottomBar->ShowProgress(true);
         }
@@ -154,7 +155,6 @@ void PaperView::MakePresetMenu()
     topBar->presets->setMenu(presets);
 }
 
-/// No window is larger than the room on the screen.
 void PaperView::Place()
 {
     const WindowSettings settings;
@@ -167,11 +167,10 @@ void PaperView::Place()
 
 QSize PaperView::LargestSize() const
 {
-    const QSize frame(8, 40);  // of a window manager, about
+    const QSize frame(8, 40);  // the approximate size of window decorations
     return screen()->availableSize() - frame;
 }
 
-/// The window grows and shrinks by the room of the page.
 void PaperView::ShowLivePage(bool visible)
 {
     auto& middle = static_cast<QSplitter&>(*livePane->parentWidget());
@@ -188,7 +187,7 @@ void PaperView::ShowLivePage(bool visible)
     } else if (!isMaximized()) {
         resize(possible);
     }
-    if (isChange && visible) {
+    if (isChange && visible) {  // the form keeps its width
         middle.setSizes({formWidth, possible.width() - formWidth - middle.handleWidth()});
     }
     changeDelay.start();
@@ -225,7 +224,7 @@ void PaperView::AddMenus()
     QAction* const redo = add(edit, tr("Redo"), QStringLiteral("EditRedo"), {}, &PaperView::Redo);
     redo->setShortcuts({Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y});
     connect(&edit, &QMenu::aboutToShow, redo, [this, redo] { redo->setEnabled(history.CanRedo()); });
-    connect(&edit, &QMenu::aboutToHide, redo, [redo] { redo->setEnabled(true); });  // its shortcut works again
+    connect(&edit, &QMenu::aboutToHide, redo, [redo] { redo->setEnabled(true); });  // so that the shortcut works
     add(edit, tr("Copy Page"), QStringLiteral("EditCopyPage"), Qt::CTRL | Qt::SHIFT | Qt::Key_C,
         &PaperView::CopyPage);
     add(edit, tr("Reset Form"), QStringLiteral("EditReset"), {}, &PaperView::Reset);

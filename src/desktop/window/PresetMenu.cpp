@@ -19,16 +19,16 @@ namespace linealis::desktop {
 
 namespace {
 
-constexpr QSize pictureSize{48, 62};  // pixels of the screen
+constexpr QSize pictureSize{48, 62};  // device-independent pixels
 
 QString PresetText(const char* text)
 {
     return QCoreApplication::translate("PresetMenu", text);
 }
 
-constexpr std::int64_t mostContentShown = std::int64_t{8} << 20U;  // bytes; menus cannot wait for more
+constexpr std::int64_t mostContentShown = std::int64_t{8} << 20U;  // bytes; drawing more would delay the menu
 
-/// The page, on white with a thin edge.
+/// Paints the page on white paper with a thin border, scaled to fit into `size`.
 QPixmap Paint(const PaperPage& page, const QSize& size, double pixelRatio)
 {
     const QSizeF paper(static_cast<double>(page.frame.paperWidth), static_cast<double>(page.frame.paperHeight));
@@ -48,7 +48,7 @@ QPixmap Paint(const PaperPage& page, const QSize& size, double pixelRatio)
     return picture;
 }
 
-/// Paints the page of a preset as soon as it is looked at, and no earlier.
+/// An icon that draws the page of a preset only when the icon is painted.
 class PresetIcon final : public QIconEngine {
 public:
     explicit PresetIcon(const Preset& thePreset) : preset(thePreset) {}
@@ -70,7 +70,7 @@ private:
     const Preset& preset;
 };
 
-/// Makes room in a menu for pictures.
+/// A menu style with icons as large as the pictures of presets.
 class PictureMenuStyle final : public QProxyStyle {
 public:
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override
@@ -78,7 +78,7 @@ public:
         return metric == PM_SmallIconSize ? pictureSize.height() : QProxyStyle::pixelMetric(metric, option, widget);
     }
 
-    /// A box to check would be drawn as large as the pictures.
+    /// Draws the check box of an item separately. The base style would draw it as large as the icons.
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override
     {
@@ -102,6 +102,7 @@ public:
     }
 };
 
+/// Fills a preset menu once.
 class PresetMenuFiller {
 public:
     PresetMenuFiller(QMenu& theMenu, const PresetMenuHost& theHost)
@@ -121,7 +122,8 @@ public:
     }
 
 private:
-    /// What was there goes only when the event has ended: it may be one of these items that has brought it.
+    /// Removes the old items. They are deleted later, because one of them may have caused the current event. Their
+    /// names are cleared so that a search by name finds the new items.
     void Clear()
     {
         for (QAction* const old : menu.actions()) {
@@ -156,7 +158,7 @@ private:
             QAction& action =
                 AddLaying(ToQt(preset->title), QStringLiteral("Preset.") + ToQt(preset->id),
                           [preset, &platform](PaperWindow& window) { LayOver(*preset, window, platform); });
-            action.setIcon(QIcon(new PresetIcon(*preset)));  // the icon owns it
+            action.setIcon(QIcon(new PresetIcon(*preset)));  // the icon owns the engine
             action.setIconVisibleInMenu(true);
         }
     }
@@ -208,7 +210,7 @@ private:
     OwnPresets own;
 };
 
-/// The name that the user enters, or nothing.
+/// Asks for a name and proposes `earlier`. Returns nothing if the user cancels.
 std::optional<std::string> AskForName(QWidget& parent, DesktopPlatform& platform, const QString& earlier)
 {
     QInputDialog dialog(&parent);
@@ -219,7 +221,7 @@ std::optional<std::string> AskForName(QWidget& parent, DesktopPlatform& platform
                                                           : std::nullopt;
 }
 
-/// True if there is no such file, or the user lets it be replaced.
+/// Returns true if the file does not exist, or if the user agrees to replace it.
 bool MayReplace(Platform& platform, const FolderItem& file, const std::string& name)
 {
     if (!file.Exists()) {

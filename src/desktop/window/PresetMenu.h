@@ -14,42 +14,44 @@ namespace linealis::desktop {
 
 class DesktopPlatform;
 
-/// What a preset menu asks of the window that it belongs to. All of it lives as long as the menu.
+/// The functions and data that a preset menu needs from its window. All of it must outlive the menu.
 struct PresetMenuHost {
     using Lay = std::function<void(PaperWindow& window)>;
 
     const PaperKind& kind;
     Platform& platform;
-    /// Has `lay` change the window, as one step that is named after `title`.
+    /// Calls `lay` to change the window, as one undo step named `title`.
     std::function<void(const QString& title, const Lay& lay)> layOver;
-    /// Brings back how a window of the kind was left last.
+    /// Restores the form as it was when the last window of the kind was closed.
     std::function<void()> bringBack;
     std::function<void()> saveAsPreset;
     std::function<void(bool on)> useAsDefault;
     std::function<void(const OwnPreset& preset)> deletePreset;
 };
 
-/// Fills the menu with the presets of the kind, those of the user, how a window was left last, and what can be done
-/// with presets. It is filled anew each time it opens.
+/// Fills the menu with the presets of the kind, the user's own presets, the state in which a window was last
+/// closed, and commands to save and delete presets. Fills it again each time it opens.
 void FillPresetMenu(QMenu& menu, const PresetMenuHost& host);
 
-/// Whether the user's system counts in metric units, so that presets of A4 come first.
+/// Whether the user's system uses metric units, so that A4 presets come first.
 bool PrefersMetric();
 
-/// The page of a preset, made small to fit in `size` pixels of the screen. Made once for each size.
+/// Returns a picture of the page of a preset that fits into `size`, in device-independent pixels. Pictures are
+/// cached.
 QPixmap PresetPicture(const Preset& preset, const QSize& size, double pixelRatio);
 
-// What a host may do when it is asked. Each tells the user what went wrong.
+// Implementations for the functions of a host. All of them report failures to the user.
 
-/// Asks for a name and saves the window under it, until that is done or the user gives up. Returns the name, or
-/// nothing.
+/// Asks for a name and saves the window as a preset. Asks again until that succeeds or the user cancels. Returns
+/// the name, or nothing.
 std::optional<std::string> SaveAsPreset(QWidget& parent, DesktopPlatform& platform, const PaperKind& kind,
                                         const PaperWindow& window);
 
-/// Keeps the window as it is for the default of its kind, or forgets the default. Returns whether that was done.
+/// Stores the current state of the window as the default of its kind, or removes the default if `on` is false.
+/// Returns whether that succeeded.
 bool UseAsDefault(Platform& platform, const PaperKind& kind, const PaperWindow& window, bool on);
 
-/// Asks whether the preset shall be deleted, and does it. Returns whether it was.
+/// Deletes the preset after the user has confirmed it. Returns whether it was deleted.
 bool DeletePreset(Platform& platform, const OwnPreset& preset);
 
 }  // namespace linealis::desktop

@@ -16,9 +16,9 @@ QString RecentText(const char* text)
     return QCoreApplication::translate("RecentMenu", text);
 }
 
-constexpr int widestName = 400;  // pixels of the screen
+constexpr int widestName = 400;  // device-independent pixels
 
-/// The name, and where the file is if another one has the same name.
+/// Returns the name of the file, with its folder if another file in the list has the same name.
 QString NameAmong(const std::vector<FolderItem>& files, const FolderItem& file)
 {
     const auto isNamesake = [&](const FolderItem& other) { return other.Name() == file.Name(); };
@@ -28,7 +28,8 @@ QString NameAmong(const std::vector<FolderItem>& files, const FolderItem& file)
                : QStringLiteral("%1 - %2").arg(name, ShortFolder(file));
 }
 
-/// "&1 name", and "1&0 name" for the tenth. The end of a long name, which tells its kind, stays.
+/// Returns the text of a menu item: "&1 name", or "1&0 name" for the tenth. A long name is cut in the middle,
+/// because its extension at the end shows the kind.
 QString Numbered(std::size_t number, const QString& text, const QFontMetrics& font)
 {
     const QString name = MenuText(font.elidedText(text, Qt::ElideMiddle, widestName));
@@ -38,7 +39,7 @@ QString Numbered(std::size_t number, const QString& text, const QFontMetrics& fo
 
 void Fill(QMenu& menu, const RecentFiles& recent, const std::function<void(const QString& path)>& open)
 {
-    // An item may be the one that has brought this event: it goes only when that has ended.
+    // One of the old items may have caused the current event, so they are deleted later.
     for (QAction* const old : menu.actions()) {
         menu.removeAction(old);
         old->setObjectName({});
@@ -78,7 +79,8 @@ void FillRecentMenu(QMenu& menu, const RecentFiles& recent, const std::function<
     menu.setToolTipsVisible(true);
     const auto fill = [&menu, recent, open] { Fill(menu, recent, open); };
     QObject::connect(&menu, &QMenu::aboutToShow, &menu, fill);
-    if (auto* const parent = qobject_cast<QMenu*>(menu.parent())) {  // where it is seen whether it can be opened
+    // The parent menu shows whether this menu is enabled, so update it when the parent opens, too.
+    if (auto* const parent = qobject_cast<QMenu*>(menu.parent())) {
         QObject::connect(parent, &QMenu::aboutToShow, &menu, fill);
     }
     fill();

@@ -8,11 +8,11 @@
 
 namespace linealis::desktop {
 
-/// Fills the menu with the settings files used last, and an item that clears the list. It is filled anew each time
-/// it opens. `open` is called with the path of a file. A menu with nothing to open is disabled.
+/// Fills the menu with the recent settings files and an item that clears the list. Fills it again each time it or
+/// its parent menu opens. Calls `open` with the path of the chosen file. Disables the menu if there are no files.
 void FillRecentMenu(QMenu& menu, const RecentFiles& recent, const std::function<void(const QString& path)>& open);
 
-/// The folder of a file as people read it: the home folder is "~".
+/// Returns the folder of a file for display, with "~" for the home folder.
 QString ShortFolder(const FolderItem& file);
 
 }  // namespace linealis::desktop
