@@ -6,8 +6,8 @@
 
 namespace linealis::desktop {
 
-/// Shows a form in a dialog with OK and Cancel. The form changes immediately, so the caller must restore it after
-/// Cancel.
+/// Shows a form in a dialog with OK and Cancel. Entries change the form immediately; the caller decides what
+/// happens to it after Cancel.
 class FormDialog final : public QDialog {
     Q_OBJECT
 

@@ -71,7 +71,7 @@ const Control* PaperView::ControlAt(const QPointF& place) const
     // This blocks the interface, so limit it to what can be drawn and searched in about a tenth of a second. It
     // draws the page again because the content that is shown belongs to the thread of the renderer.
     constexpr std::int64_t mostContent = 4'000'000;  // bytes
-    constexpr std::int64_t mostSteps = 2'500'000;    // more than that many bytes contain operators
+    constexpr std::int64_t mostSteps = 2'500'000;    // more operators than that many bytes can contain
     Turns turns([] {}, mostSteps);
     const DrawnPage page = DrawBeginning(window.ReadPage(), turns, mostContent);
     const Role role =
@@ -328,7 +328,7 @@ void PaperView::dropEvent(QDropEvent* event)
     emit FilesDropped(SettingsFilesIn(*event->mimeData()));
 }
 
-/// Places the window when it is first shown, because only then it has its menus and thus its final size.
+/// Places the window when it is first shown, because only then does it have its menus and thus its final size.
 void PaperView::showEvent(QShowEvent* event)
 {
     if (!placed) {

@@ -185,7 +185,7 @@ private:
     PageWarnings pageWarnings;   ///< of the page that was drawn last
     QTimer changeDelay;          ///< combines simultaneous changes into one call of FormChanged
     QTimer progressDelay;        ///< delays the progress bar
-    QString presetName;          ///< of the last preset loaded into the form; empty after another step
+    QString presetName;          ///< of the last preset loaded into the form; cleared by later steps
     QString givenTitle;          ///< the title that the form started with, or got from that preset
     bool placed = false;         ///< whether the window has been shown before
     bool generating = false;     ///< whether Work is running

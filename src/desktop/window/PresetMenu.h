@@ -14,7 +14,7 @@ namespace linealis::desktop {
 
 class DesktopPlatform;
 
-/// The functions and data that a preset menu needs from its window. All of it must outlive the menu.
+/// The functions and data that a preset menu needs from its window. The references must outlive the menu.
 struct PresetMenuHost {
     using Lay = std::function<void(PaperWindow& window)>;
 
