@@ -54,7 +54,10 @@ Sheet::Sheet(std::string_view kindOrPreset) : parts(std::make_unique<Parts>())
     } else if (const PaperKind* const kind = FindPaperKind(kindOrPreset)) {
         parts->window = MakeWindow(*kind, parts->platform);
     } else {
-        throw Unknown({"kind", std::string(kindOrPreset), Kinds()});
+        std::vector<std::string> possible = Kinds();
+        const std::vector<std::string> presets = Presets();
+        possible.insert(possible.end(), presets.begin(), presets.end());
+        throw Unknown({"kind or preset", std::string(kindOrPreset), std::move(possible)});
     }
 }
 

@@ -25,7 +25,7 @@ public:
     static std::vector<std::string> Presets();
 
     /// Creates a sheet with the opening values of a kind, or with the values of a preset. Throws
-    /// std::invalid_argument if neither has that name; the message lists the kinds.
+    /// std::invalid_argument if neither has that name; the message lists both.
     explicit Sheet(std::string_view kindOrPreset);
     Sheet(Sheet&& other) noexcept;
     Sheet& operator=(Sheet&& other) noexcept;

@@ -44,6 +44,7 @@ std::vector<std::string> CsvReader::Next()
 {
     while (AtLineEnd()) {
         TakeLineEnd();
+        bytesOfRow = 0;  // empty lines belong to no row
     }
     bytesOfRow = 0;
     std::vector<std::string> cells;

@@ -226,7 +226,7 @@ bool PaintOnPrinter(QPrinter& printer, const DrawnPage& page, Turns& turns, cons
     PagePainter sink(painter, static_cast<double>(page.frame.paperHeight), PagePainter::ThinLines::AsTheyAre);
     try {
         ReadPage(page.content, sink, &turns);
-    } catch (const PageStopped&) {
+    } catch (...) {
         // Remove what was printed into a file so far, but never a pipe or a device.
         printer.abort();
         painter.end();

@@ -25,8 +25,7 @@ std::vector<QString> PrintWarnings(const QPrinter& printer, const DrawnPage& pag
 /// Prints the page from the upper left corner of the sheet, as vector graphics. A point of the page is 1/72 inch
 /// on paper, times the factors; the page is not scaled to fit. `factors` apply to portrait paper; on landscape
 /// paper, which runs through the printer turned, x and y are swapped. Returns whether the printer accepted the
-/// job. Exceptions of `turns` pass through. If one is PageStopped, the job is aborted, and an output file is
-/// removed.
+/// job. What `turns` throws passes through, after the job has been aborted and its output file removed.
 bool PaintOnPrinter(QPrinter& printer, const DrawnPage& page, Turns& turns, const PrinterFactors& factors = {});
 
 /// Shows a dialog and waits for the user. Returns how it ended.

@@ -5,6 +5,7 @@
 #include "pipeline/form/PaperForm.h"
 #include "pipeline/page/PaperPage.h"
 
+#include <concepts>
 #include <functional>
 #include <memory>
 
@@ -34,9 +35,39 @@ struct Paper {
     std::unique_ptr<Wizard> wizard;       ///< null if the kind has none
 };
 
-/// Creates the paper of a kind from its form type. Calls the overloads of Settings and Read for that type and, if
-/// they exist, Warn and MakeWizard.
+/// The form of a kind that makes pages: functions beside its type, found by argument-dependent lookup, that list
+/// its fields as a settings file stores them, and read a page from it.
 template <typename KindForm>
+concept FormOfAKind = std::derived_from<KindForm, PaperForm> && requires(KindForm& form, const KindForm& filledIn)
+{
+    {
+        Settings(form)
+        } -> std::same_as<SettingsTable>;
+    {
+        Read(filledIn)
+        } -> PageOfAKind;
+};
+
+/// A form with warnings of its own, besides those of its fields.
+template <typename KindForm>
+concept WarningForm = requires(const KindForm& form)
+{
+    {
+        Warn(form, Read(form))
+        } -> std::convertible_to<PageWarnings>;
+};
+
+/// A form that a wizard can fill in.
+template <typename KindForm>
+concept FormWithWizard = requires(KindForm& form)
+{
+    {
+        MakeWizard(form)
+        } -> std::convertible_to<std::unique_ptr<Wizard>>;
+};
+
+/// Creates the paper of a kind from its form type.
+template <FormOfAKind KindForm>
 Paper MakePaper(const Platform& platform)
 {
     auto form = std::make_unique<KindForm>();
@@ -47,7 +78,7 @@ Paper MakePaper(const Platform& platform)
     paper.readPage = [&kindForm = std::as_const(*form)] {
         auto read = Read(kindForm);
         PageWarnings warnings;
-        if constexpr (requires { Warn(kindForm, read); }) {
+        if constexpr (WarningForm<KindForm>) {
             warnings = Warn(kindForm, read);
         }
         PaperPage page = PageOf(std::move(read));
@@ -55,7 +86,7 @@ Paper MakePaper(const Platform& platform)
         page.printed = PrintedFields(kindForm);
         return page;
     };
-    if constexpr (requires { MakeWizard(*form); }) {
+    if constexpr (FormWithWizard<KindForm>) {
         paper.wizard = MakeWizard(*form);
     }
     paper.form = std::move(form);

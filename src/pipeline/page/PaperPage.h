@@ -5,6 +5,7 @@
 #include "pipeline/page/PageWarning.h"
 #include "platform/Turns.h"
 
+#include <concepts>
 #include <functional>
 #include <memory>
 #include <string>
@@ -45,15 +46,39 @@ struct PaperPage {
     std::vector<PrintedField> printed = {};  ///< the printed texts of the form
 };
 
-/// Wraps the page of a kind. Calls the overloads of Draw and Describe for its type.
+/// A page that asks questions while it is drawn.
 template <typename KindPage>
+concept AskingPage = requires(const KindPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask)
+{
+    Draw(page, pdf, turns, ask);
+};
+
+/// The values of a page of one kind: its frame, and functions beside its type, found by argument-dependent lookup,
+/// that draw it and describe it in a few words.
+template <typename KindPage>
+concept PageOfAKind = requires(const KindPage& page, MyPDFGenerator& pdf, Turns& turns)
+{
+    {
+        page.frame
+        } -> std::convertible_to<PageFrame>;
+    {
+        Describe(page)
+        } -> std::same_as<std::string>;
+    requires AskingPage<KindPage> || requires
+    {
+        Draw(page, pdf, turns);
+    };
+};
+
+/// Wraps the page of a kind.
+template <PageOfAKind KindPage>
 PaperPage PageOf(KindPage page)
 {
     const PageFrame frame = page.frame;
     const auto shared = std::make_shared<const KindPage>(std::move(page));
     return {frame,
             [shared](MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask) {
-                if constexpr (requires { Draw(*shared, pdf, turns, ask); }) {
+                if constexpr (AskingPage<KindPage>) {
                     Draw(*shared, pdf, turns, ask);
                 } else {
                     Draw(*shared, pdf, turns);
