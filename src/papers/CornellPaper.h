@@ -53,14 +53,14 @@ struct CornellForm final : PaperForm {
                               .governs = {"box.cue", "box.note", "box.summary", "line"}}};
     Label StaticText32{*this, Group::Spacing, "StaticText32", "%", {.beside = true}};
     CheckBox CheckCueLeft{*this,
-                          Group::Lines,
+                          Group::Spacing,
                           "CheckCueLeft",
                           "cue-area-on-left",
                           "Cue Area on Left",
                           true,
                           {.governs = {"box.cue", "box.note", "line"}}};
     CheckBox CheckSummaryBottom{*this,
-                                Group::Lines,
+                                Group::Spacing,
                                 "CheckSummaryBottom",
                                 "summary-area-on-bottom",
                                 "Summary Area on Bottom",

@@ -79,7 +79,11 @@ void FormRows::AddLine(std::span<const Cell> cells)
         const RowItem& first = cell.front();
         // A check box contains its caption, so it uses the column of captions too. At the start of a line it does
         // not, so that it lines up with the fields above.
-        const bool fillsCaption = first.control->Kind() == ControlKind::Check && place > 0;
+        const bool isCheck = first.control->Kind() == ControlKind::Check;
+        const bool fillsCaption = isCheck && place > 0;
+        const bool leavesCheckOut =
+            textsHaveChecks && !isCheck && &cell == &cells.front() + 1 && IsProse(*cells.front().front().control);
+        place += leavesCheckOut ? 2 : 0;
         if (first.caption != nullptr) {
             grid.addWidget(first.caption, line, place, captionAlignment);
         }

@@ -16,8 +16,8 @@ namespace linealis::desktop {
 struct RowItem {
     const Control* control;
     QWidget* widget;
-    QLabel* caption = nullptr;  ///< before the widget; may be null
-    QLabel* readout = nullptr;  ///< after the widget; may be null
+    QWidget* caption = nullptr;  ///< before the widget; may be null
+    QLabel* readout = nullptr;   ///< after the widget; may be null
 };
 
 /// Lays out the rows of a group in its grid, from top to bottom. Captions go into the even columns, aligned to the
@@ -28,8 +28,12 @@ public:
     /// The width of the grid: more columns than any row has.
     static constexpr int columns = 20;
 
-    /// A row with more than `theCellsPerLine` cells continues on the next line.
-    FormRows(QGridLayout& theGrid, std::size_t theCellsPerLine) : grid(theGrid), cellsPerLine(theCellsPerLine) {}
+    /// A row with more than `theCellsPerLine` cells continues on the next line. If `theTextsHaveChecks`, a check
+    /// box follows the text of some rows; the other rows with a text leave its place free, so that their fields
+    /// line up.
+    FormRows(QGridLayout& theGrid, std::size_t theCellsPerLine, bool theTextsHaveChecks)
+        : grid(theGrid), cellsPerLine(theCellsPerLine), textsHaveChecks(theTextsHaveChecks)
+    {}
 
     /// Adds a row that is not part of a table.
     void Add(const std::vector<RowItem>& items);
@@ -48,6 +52,7 @@ private:
 
     QGridLayout& grid;
     std::size_t cellsPerLine;
+    bool textsHaveChecks;
     bool hasTable = false;
 };
 

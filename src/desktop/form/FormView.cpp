@@ -84,6 +84,15 @@ bool HoldsLength(const TextField& field)
     return quantity == Quantity::Length || quantity == Quantity::CountPerUnit;
 }
 
+/// Returns what the full name of a field adds to its caption: "X axis" for the caption "Title:" of "X axis title".
+/// Empty if the caption is enough.
+QString RowNameOf(const Control& control)
+{
+    const QString name = ToQt(control.Declared().fullName);
+    const QString caption = QLatin1Char(' ') + CaptionText(control).remove(QLatin1Char(':')).toLower();
+    return name.endsWith(caption) ? name.chopped(caption.size()) : QString();
+}
+
 /// Returns the width of the widest caption at the start of a row, in pixels.
 int CaptionWidth(const QGridLayout& grid)
 {
@@ -161,7 +170,10 @@ void FormView::AddGroup(Group group, GroupBoxes groupBoxes)
         hasHeading ? TitleOf(group) : QString(),
         group == Group::File ? QString() : QStringLiteral("Remark") + ToQt(rows.front().front()->Name()));
     groups[group] = box;
-    FormRows lines(box->Fields(), CellsPerLine(form, group));
+    const bool textsHaveChecks = std::any_of(rows.begin(), rows.end(), [](const Form::Row& row) {
+        return row.size() > 1 && IsProse(*row[0]) && row[1]->Kind() == ControlKind::Check;
+    });
+    FormRows lines(box->Fields(), CellsPerLine(form, group), textsHaveChecks);
     for (const Form::Row& row : rows) {
         if (!IsTableRow(row)) {
             AddRow(lines, row);
@@ -211,7 +223,7 @@ void FormView::AddRow(FormRows& rows, const Form::Row& row)
     std::vector<RowItem> items;
     for (std::size_t i = 0; i < row.size(); ++i) {
         Control* const control = row[i];
-        RowItem item{control, MakeWidget(*control), MakeCaption(*control)};
+        RowItem item{control, MakeWidget(*control), WithRowName(*control, MakeCaption(*control))};
         if (control->Kind() == ControlKind::Text && !IsProse(*control)) {
             const auto& field = static_cast<const TextField&>(*control);
             const Group group = control->InGroup();
@@ -237,6 +249,7 @@ QLabel* FormView::MakeReadout(const Form::Row& fields, bool hasUnit, bool hasLen
     label->setTextFormat(Qt::PlainText);
     label->setObjectName(QStringLiteral("Readout") + ToQt(fields.front()->Name()));
     readouts.push_back({fields, label, hasUnit, hasLength});
+    weakLabels.push_back(label);
     return label;
 }
 
@@ -282,6 +295,20 @@ QLabel* FormView::MakeCaption(Control& control)
     return caption;
 }
 
+QWidget* FormView::WithRowName(const Control& control, QLabel* caption)
+{
+    const QString name = RowNameOf(control);
+    if (caption == nullptr || name.isEmpty()) {
+        return caption;
+    }
+    auto* const both = new QWidget;
+    auto* const row = new QHBoxLayout(both);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(weakLabels.emplace_back(new QLabel(name)));
+    row->addWidget(caption);
+    return both;
+}
+
 void FormView::Refresh(const Control& control)
 {
     const auto found = controls.find(&control);
@@ -306,8 +333,8 @@ void FormView::RefreshAll()
     }
     QPalette weak = palette();
     weak.setColor(QPalette::WindowText, WeakColor(palette()));
-    for (const ShownReadout& readout : readouts) {
-        readout.label->setPalette(weak);
+    for (QLabel* const label : weakLabels) {
+        label->setPalette(weak);
     }
     ShowReadouts();
 }

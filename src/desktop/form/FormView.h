@@ -83,6 +83,8 @@ private:
     /// Makes the label before a control and sets the control as its buddy. Returns null if there is no caption
     /// before the control.
     QLabel* MakeCaption(Control& control);
+    /// Puts the name of the row before the caption of a control, if the caption is not enough: "X axis  Title:".
+    QWidget* WithRowName(const Control& control, QLabel* caption);
 
     /// Updates the widgets of a control. Does nothing if the view does not show it.
     void Refresh(const Control& control);
@@ -103,6 +105,7 @@ private:
     std::map<const Control*, Shown> controls;
     std::map<Group, FormGroup*> groups;
     std::vector<ShownReadout> readouts;
+    std::vector<QLabel*> weakLabels;  ///< readouts and names of rows
     QString summary;
 };
 

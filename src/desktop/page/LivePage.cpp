@@ -24,6 +24,15 @@ constexpr double largestZoom = 16;  // 1600 % of the actual size
 constexpr double smallestZoom = 0.05;
 constexpr double notch = 120.0;  // of a mouse wheel, in eighths of a degree as Qt counts them
 
+/// Paints a soft shadow around the sheet, a little more below it.
+void PaintShadow(QPainter& painter, const QRectF& sheet)
+{
+    constexpr int reach = 6, opacity = 9;  // pixels; of 255, for each of the layers
+    for (int layer = 1; layer <= reach; ++layer) {
+        painter.fillRect(sheet.adjusted(-layer, -layer / 2.0, layer, layer + 1.0), QColor(0, 0, 0, opacity));
+    }
+}
+
 }  // namespace
 
 LivePage::LivePage(QWidget* parent) : QAbstractScrollArea(parent)
@@ -169,8 +178,10 @@ void LivePage::AskForPicture()
 void LivePage::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(viewport());
-    painter.fillRect(viewport()->rect(), palette().color(QPalette::Mid));
+    constexpr int groundDarkness = 112;  // percent
+    painter.fillRect(viewport()->rect(), palette().color(QPalette::Window).darker(groundDarkness));
     const QRectF sheet(Origin(), PaperInPixels());
+    PaintShadow(painter, sheet);
     painter.fillRect(sheet, Qt::white);
     if (!picture.image.isNull()) {
         // Until the renderer delivers the new picture, show the last one, moved and scaled to the new view.
@@ -184,8 +195,6 @@ void LivePage::paintEvent(QPaintEvent* /*event*/)
     if (showsMargins) {
         PaintMargins(painter);
     }
-    painter.setPen(palette().color(QPalette::Dark));
-    painter.drawRect(sheet);
     if (!picture.problem.isEmpty()) {
         PaintProblem(painter);
     }

@@ -1,6 +1,7 @@
 #include "desktop/page/LivePane.h"
 
 #include "desktop/form/ElidedLabel.h"
+#include "desktop/form/ToolIcon.h"
 #include "desktop/page/LivePage.h"
 #include "desktop/page/PageRuler.h"
 #include "desktop/system/WindowSettings.h"
@@ -11,6 +12,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QToolButton>
 #include <cmath>
@@ -37,11 +39,14 @@ protected:
 
 LivePane::LivePane()
     : page(new LivePage), across(new PageRuler(Qt::Horizontal)), down(new PageRuler(Qt::Vertical)),
-      words(new ElidedLabel(Qt::ElideRight))
+      unit(new QLabel), words(new ElidedLabel(Qt::ElideRight))
 {
     auto* const grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(0);
+    unit->setObjectName(QStringLiteral("RulerUnit"));
+    unit->setAlignment(Qt::AlignCenter);
+    grid->addWidget(unit, 1, 0);
     grid->addWidget(across, 1, 1);
     grid->addWidget(down, 2, 0);
     grid->addWidget(page, 2, 1);
@@ -80,9 +85,11 @@ QWidget* LivePane::MakeTools()
     auto* const row = new QHBoxLayout(tools);
     row->setContentsMargins(4, 2, 4, 2);
     row->setSpacing(2);
-    const auto add = [&](QAction* action) {
+    const auto add = [&](QAction* action, const QIcon& icon = {}) {
         auto* const button = new QToolButton;
+        action->setIcon(icon);
         button->setDefaultAction(action);
+        button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
         button->setAutoRaise(true);
         button->setFocusPolicy(Qt::NoFocus);
         button->setAccessibleName(action->text());
@@ -102,13 +109,13 @@ QWidget* LivePane::MakeTools()
     connect(zoom, &QComboBox::textActivated, this, &LivePane::ZoomEntered);
     connect(zoom->lineEdit(), &QLineEdit::returnPressed, this, [this] { ZoomEntered(zoom->currentText()); });
     const auto action = [this](const char* name) { return page->findChild<QAction*>(QString::fromLatin1(name)); };
-    add(action("ViewFit"));
+    add(action("ViewFit"), MakeToolIcon(ToolIcon::Fit));
     add(action("ViewActualSize"));
     add(action("ViewZoomOut"));
     row->addWidget(zoom);
     add(action("ViewZoomIn"));
-    add(action("ViewMargins"));
-    add(action("ViewRulers"));
+    add(action("ViewMargins"), MakeToolIcon(ToolIcon::Margins));
+    add(action("ViewRulers"), MakeToolIcon(ToolIcon::Rulers));
     row->addStretch(1);
     return tools;
 }
@@ -116,6 +123,7 @@ QWidget* LivePane::MakeTools()
 void LivePane::Show(const PaperPage& shown, const QString& summary)
 {
     inInches = shown.frame.IsInInches();
+    unit->setText(inInches ? tr("in") : tr("cm"));
     words->setText(summary);
     words->setToolTip(summary);
     page->Show(shown, summary);
@@ -124,6 +132,7 @@ void LivePane::Show(const PaperPage& shown, const QString& summary)
 
 void LivePane::ShowRulers(bool visible)
 {
+    unit->setVisible(visible);
     across->setVisible(visible);
     down->setVisible(visible);
 }

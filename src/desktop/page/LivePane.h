@@ -40,7 +40,8 @@ private:
     PageRuler* across;
     PageRuler* down;
     QComboBox* zoom = nullptr;
-    QLabel* words;
+    QLabel* unit;   ///< of the rulers
+    QLabel* words;  ///< describe the page
     bool inInches = false;
 };
 

@@ -54,19 +54,22 @@ PaperTopBar::PaperTopBar()
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(8, 4, 8, 0);
     row->setSpacing(2);
-    gallery = Add(tr("Gallery"), QStringLiteral("ToolGallery"), tr("Show all kinds of paper"));
-    presets = Add(tr("Presets"), QStringLiteral("ToolPresets"), tr("Fill in the form from a preset"));
+    gallery = Add(ToolIcon::Gallery, tr("Gallery"), QStringLiteral("ToolGallery"), tr("Show all kinds of paper"));
+    presets =
+        Add(ToolIcon::Presets, tr("Presets"), QStringLiteral("ToolPresets"), tr("Fill in the form from a preset"));
     presets->setPopupMode(QToolButton::InstantPopup);
-    undo = Add(tr("Undo"), QStringLiteral("ToolUndo"), {});
-    redo = Add(tr("Redo"), QStringLiteral("ToolRedo"), {});
-    reset = Add(tr("Reset"), QStringLiteral("ToolReset"), tr("Reset the form to its defaults"));
+    undo = Add(ToolIcon::Undo, tr("Undo"), QStringLiteral("ToolUndo"), {});
+    redo = Add(ToolIcon::Redo, tr("Redo"), QStringLiteral("ToolRedo"), {});
+    reset = Add(ToolIcon::Reset, tr("Reset"), QStringLiteral("ToolReset"), tr("Reset the form to its defaults"));
     row->addStretch(1);
 }
 
-QToolButton* PaperTopBar::Add(const QString& text, const QString& name, const QString& tip)
+QToolButton* PaperTopBar::Add(ToolIcon icon, const QString& text, const QString& name, const QString& tip)
 {
     auto* const button = new QToolButton;
+    button->setIcon(MakeToolIcon(icon));
     button->setText(text);
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setObjectName(name);
     button->setToolTip(tip);
     button->setAutoRaise(true);
@@ -108,6 +111,8 @@ void PaperBottomBar::ShowProgress(bool visible) const
 CheckButton::CheckButton()
 {
     setObjectName(QStringLiteral("CheckButton"));
+    setIcon(MakeToolIcon(ToolIcon::Warning));
+    setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     setAutoRaise(true);
     setPopupMode(QToolButton::InstantPopup);
     setFocusPolicy(Qt::StrongFocus);

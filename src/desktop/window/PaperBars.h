@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/form/ToolIcon.h"
 #include "pipeline/page/PageWarning.h"
 
 #include <QLabel>
@@ -37,7 +38,7 @@ public:
     QToolButton* reset;
 
 private:
-    QToolButton* Add(const QString& text, const QString& name, const QString& tip);
+    QToolButton* Add(ToolIcon icon, const QString& text, const QString& name, const QString& tip);
 };
 
 /// The row below the form and the page: the output file, the progress, and the buttons that act on the page.
