@@ -57,13 +57,18 @@ FormGroup::FormGroup(const QString& heading, const QString& name)
         column->addWidget(said);
         said->setVisible(!name.isEmpty());
     } else {
-        auto* const row = new QHBoxLayout;
-        row->setSpacing(16);
-        row->addWidget(MakeHeading(heading));
-        row->addWidget(said, 1);
-        column->addLayout(row);
+        head = new QHBoxLayout;
+        head->setSpacing(16);
+        head->addWidget(MakeHeading(heading));
+        head->addWidget(said, 1);
+        column->addLayout(head);
         column->addLayout(fields);
     }
+}
+
+void FormGroup::AddToHeading(QWidget* widget)
+{
+    head->insertWidget(1, widget);
 }
 
 void FormGroup::Say(const QString& remark, const QString& known)

@@ -3,6 +3,7 @@
 #include <QGroupBox>
 
 class QGridLayout;
+class QHBoxLayout;
 class QLabel;
 
 namespace linealis::desktop {
@@ -20,6 +21,9 @@ public:
 
     QGridLayout& Fields() const { return *fields; }
 
+    /// Adds a widget directly after the heading, which must not be empty.
+    void AddToHeading(QWidget* widget);
+
     /// Shows the remark in the color of remarks. If it is empty, shows `known`, a fact about the fields, in the
     /// weak color. Both may be empty.
     void Say(const QString& remark, const QString& known);
@@ -30,6 +34,7 @@ protected:
 private:
     QLabel* said;
     QGridLayout* fields;
+    QHBoxLayout* head = nullptr;  ///< the heading and the remarks; null without a heading
 };
 
 /// Returns the color of remarks: a red that stands out from the palette's background, light or dark.

@@ -106,7 +106,7 @@ void FormRows::AddLineBelowTable(std::span<const Cell> cells)
     grid.addLayout(box, grid.rowCount(), 1, 1, columns - 1);
 }
 
-void FormRows::AddToTable(const std::vector<RowItem>& items, QLabel* readout)
+void FormRows::AddToTable(const std::vector<RowItem>& items, const std::vector<QWidget*>& behind)
 {
     hasTable = true;
     const int line = grid.rowCount();
@@ -115,9 +115,12 @@ void FormRows::AddToTable(const std::vector<RowItem>& items, QLabel* readout)
         const bool isHeading = place == 0 && item.control->Kind() == ControlKind::Label;
         grid.addWidget(item.widget, line, place++, isHeading ? captionAlignment : Qt::AlignLeft | Qt::AlignVCenter);
     }
-    if (readout != nullptr) {
-        grid.addWidget(readout, line, place, 1, columns - place, Qt::AlignLeft | Qt::AlignVCenter);
+    auto* const end = new QHBoxLayout;
+    for (QWidget* const widget : behind) {
+        end->addWidget(widget);
     }
+    end->addStretch(1);
+    grid.addLayout(end, line, place, 1, columns - place);
 }
 
 }  // namespace linealis::desktop

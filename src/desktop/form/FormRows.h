@@ -38,8 +38,8 @@ public:
     /// Adds a row that is not part of a table.
     void Add(const std::vector<RowItem>& items);
 
-    /// Adds a row of a table, with `readout` at its end, which may be null.
-    void AddToTable(const std::vector<RowItem>& items, QLabel* readout);
+    /// Adds a row of a table, with the widgets of `behind` at its end.
+    void AddToTable(const std::vector<RowItem>& items, const std::vector<QWidget*>& behind);
 
 private:
     /// A field with its caption, and what follows it directly: its unit, or the height after the width of a paper.

@@ -4,9 +4,11 @@
 #include "desktop/form/FieldEdit.h"
 #include "desktop/form/FormGroup.h"
 #include "desktop/form/FormRows.h"
+#include "desktop/form/QuickButton.h"
 #include "desktop/system/Text.h"
 #include "pipeline/form/FieldWords.h"
 #include "pipeline/form/LengthText.h"
+#include "pipeline/form/SetControl.h"
 #include "text/Numbers.h"
 
 #include <QApplication>
@@ -108,8 +110,11 @@ int CaptionWidth(const QGridLayout& grid)
 
 FormView::FormView(Form& theForm, GroupBoxes groupBoxes, std::function<void(Swatch& swatch)> onSwatch,
                    QWidget* parent)
-    : QWidget(parent),
-      form(theForm), events{std::move(onSwatch), [this](const Control& control) { emit Committed(control); }},
+    : QWidget(parent), form(theForm), events{std::move(onSwatch),
+                                             [this](const Control& control) {
+                                                 FollowLink(control);
+                                                 emit Committed(control);
+                                             }},
       column(new QVBoxLayout(this))
 {
     column->setSpacing(12);
@@ -182,7 +187,10 @@ void FormView::AddGroup(Group group, GroupBoxes groupBoxes)
         if (&row == &rows.front()) {
             AddHeadings(box->Fields(), row);
         }
-        AddTableRow(lines, row);
+        AddTableRow(lines, row, &row == &rows.front() ? nullptr : &row - 1);
+    }
+    if (hasHeading && group == Group::Margins) {
+        box->AddToHeading(MakeLinkButton());
     }
     box->Fields().setColumnStretch(FormRows::columns - 1, 1);
     lastRow = new QHBoxLayout;
@@ -204,13 +212,58 @@ void FormView::AddHeadings(QGridLayout& grid, const Form::Row& row)
     }
 }
 
-void FormView::AddTableRow(FormRows& rows, const Form::Row& row)
+void FormView::AddTableRow(FormRows& rows, const Form::Row& row, const Form::Row* above)
 {
     std::vector<RowItem> items;
     for (Control* const control : row) {
         items.push_back({control, MakeWidget(*control)});
     }
-    rows.AddToTable(items, MakeReadout(row, false, true));
+    std::vector<QWidget*> behind = {MakeReadout(row, false, true)};
+    if (above != nullptr) {
+        behind.push_back(MakeCopyButton(row, *above));
+    }
+    rows.AddToTable(items, behind);
+}
+
+QWidget* FormView::MakeCopyButton(const Form::Row& row, const Form::Row& above)
+{
+    const auto plain = [](const Control& control) { return CaptionText(control).remove(QLatin1Char(':')); };
+    const QString name = tr("%1 like %2").arg(plain(*row.front()), plain(*above.front()));
+    QToolButton* const button =
+        MakeQuickButton(ToolIcon::FromAbove, QStringLiteral("Copy") + ToQt(row.front()->Name()), name);
+    connect(button, &QToolButton::clicked, this, [this, row, above, name] {
+        emit FillWanted(name, [&] {
+            for (std::size_t i = 0; i < std::min(row.size(), above.size()); ++i) {
+                if (row[i]->Kind() != ControlKind::Label) {
+                    SetControl({}, form, {row[i]->Name(), ValueOf(*above[i])});
+                }
+            }
+        });
+    });
+    return button;
+}
+
+QWidget* FormView::MakeLinkButton()
+{
+    QToolButton* const button =
+        MakeQuickButton(ToolIcon::Link, QStringLiteral("LinkMargins"), tr("Keep all four margins equal"));
+    button->setCheckable(true);
+    connect(button, &QToolButton::toggled, this, [this](bool isOn) { marginsAreLinked = isOn; });
+    return button;
+}
+
+void FormView::FollowLink(const Control& control)
+{
+    if (!marginsAreLinked || control.InGroup() != Group::Margins || control.Kind() != ControlKind::Text) {
+        return;
+    }
+    for (const Form::Row& row : form.Rows(Group::Margins)) {
+        for (Control* const margin : row) {
+            if (margin->Kind() == ControlKind::Text) {
+                static_cast<TextField&>(*margin).SetText(static_cast<const TextField&>(control).Text());
+            }
+        }
+    }
 }
 
 void FormView::AddRow(FormRows& rows, const Form::Row& row)

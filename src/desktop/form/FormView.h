@@ -49,6 +49,8 @@ signals:
     /// Emitted when the user has finished a change: left a text field or pressed Return in it, chosen an item, or
     /// clicked a box.
     void Committed(const linealis::Control& control);
+    /// Emitted when the user wants `fill` to fill in fields, as one step of that name.
+    void FillWanted(const QString& step, const std::function<void()>& fill);
     /// Emitted with the control that now has the focus, or null.
     void FocusMoved(const linealis::Control* control);
 
@@ -74,7 +76,14 @@ private:
     /// Adds the headings of a table, taken from the captions of its first row.
     void AddHeadings(QGridLayout& grid, const Form::Row& row);
     void AddRow(FormRows& rows, const Form::Row& row);
-    void AddTableRow(FormRows& rows, const Form::Row& row);
+    /// `above` is the row above in the table, or null.
+    void AddTableRow(FormRows& rows, const Form::Row& row, const Form::Row* above);
+    /// Makes a button that fills in a row of a table with the values of the row above.
+    QWidget* MakeCopyButton(const Form::Row& row, const Form::Row& above);
+    /// Makes a button that keeps all margins equal as long as it is down.
+    QWidget* MakeLinkButton();
+    /// Called when the user has changed a control. If it is a margin and margins are linked, the others follow.
+    void FollowLink(const Control& control);
     QLabel* MakeReadout(const Form::Row& fields, bool hasUnit, bool hasLength);
     /// Gives the captions at the start of rows the same width in all groups, and the readouts of single fields a
     /// width that does not depend on their texts.
@@ -107,6 +116,7 @@ private:
     std::vector<ShownReadout> readouts;
     std::vector<QLabel*> weakLabels;  ///< readouts and names of rows
     QString summary;
+    bool marginsAreLinked = false;
 };
 
 }  // namespace linealis::desktop

@@ -73,6 +73,15 @@ QPainterPath LinesOf(ToolIcon icon)
             AddLines(path, {{x, 5.5}, {x, 8}});
         }
         break;
+    case ToolIcon::Link:  // two links of a chain
+        path.addRoundedRect(QRectF(1.5, 5.5, 7.5, 5), 2.5, 2.5);
+        path.addRoundedRect(QRectF(7, 5.5, 7.5, 5), 2.5, 2.5);
+        break;
+    case ToolIcon::FromAbove:  // an arrow down from a line
+        AddLines(path, {{3, 3}, {13, 3}});
+        AddLines(path, {{8, 5.5}, {8, 13}});
+        AddLines(path, {{4.5, 9.5}, {8, 13}, {11.5, 9.5}});
+        break;
     case ToolIcon::Warning:  // a triangle with an exclamation mark
         AddLines(path, {{8, 2}, {14.5, 13.5}, {1.5, 13.5}, {8, 2}});
         AddLines(path, {{8, 6.5}, {8, 9.5}});

@@ -85,6 +85,9 @@ void PaperView::Connect()
     connect(bottomBar->changeFile, &QPushButton::clicked, this, &PaperView::ChangeFile);
     connect(bottomBar->generate, &QPushButton::clicked, this, &PaperView::Generate);
     connect(form, &FormView::Committed, &history, &FormHistory::CommitChangeOf);
+    connect(form, &FormView::FillWanted, this, [this](const QString& step, const std::function<void()>& fill) {
+        DoAsStep(step, [&fill](PaperWindow&) { fill(); });
+    });
     connect(bottomBar->print, &QPushButton::clicked, this, &PaperView::Print);
     connect(form, &FormView::FocusMoved, this, [this](const Control* control) {
         focused = control;
