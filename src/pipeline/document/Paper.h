@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 namespace linealis {
 
@@ -26,16 +27,29 @@ public:
     virtual void PushButton2_Action() {}
 };
 
+/// A wizard that fits ranges of data to the paper. It can fill in the form at every change of its fields.
+class RangeWizard : public Wizard {
+public:
+    /// Suggests the ranges that the form shows. Keeps what was entered if the form still shows the result.
+    virtual void Begin() = 0;
+    /// Returns why OK would change nothing: a sentence with what was entered and what is possible. Empty if OK
+    /// fills in the form.
+    virtual std::string Problem() const = 0;
+    /// Describes what OK enters, one axis per line.
+    virtual std::string Outcome() const = 0;
+};
+
 /// An instance of a paper kind: its form and the operations on it.
 struct Paper {
     std::unique_ptr<PaperForm> form;
     SettingsTable settings;
-    std::function<PaperPage()> readPage;  ///< the only access of a page to the form
-    std::unique_ptr<Wizard> wizard;       ///< null if the kind has none
+    std::function<PaperPage()> readPage;            ///< the only access of a page to the form
+    std::unique_ptr<Wizard> wizard;                 ///< null if the kind has none
+    std::unique_ptr<RangeWizard> rangeWizard = {};  ///< null if the kind has none
 };
 
 /// Creates the paper of a kind from its form type. Calls the overloads of Settings and Read for that type and, if
-/// they exist, Warn and MakeWizard.
+/// they exist, Warn, MakeWizard, and MakeRangeWizard.
 template <typename KindForm>
 Paper MakePaper(const Platform& platform)
 {
@@ -57,6 +71,9 @@ Paper MakePaper(const Platform& platform)
     };
     if constexpr (requires { MakeWizard(*form); }) {
         paper.wizard = MakeWizard(*form);
+    }
+    if constexpr (requires { MakeRangeWizard(*form); }) {
+        paper.rangeWizard = MakeRangeWizard(*form);
     }
     paper.form = std::move(form);
     return paper;
