@@ -14,6 +14,9 @@ const char* const actionHelp =
     "  --load FILE           load a settings file\n"
     "  --markers FILE        of graph, with CheckBoxMarkers on: the file of its markers\n"
     "  --wizard CONTROL=TEXT of graph: fill in the wizard, whose OK is pressed after all other actions\n"
+    "  --x-range MIN:MAX     of graph: fit the X axis to a range of data, after all other actions; likewise\n"
+    "                        --y-range; MIN:MAX:log makes the axis logarithmic\n"
+    "  --fineness WORD       of graph: the lines of these axes: coarse, medium (if not given) or fine\n"
     "A control has a name, EditTopMargin, and an alias, top-margin; either will do. 'linealis-cli form KIND' "
     "shows\n"
     "both, 'linealis-cli presets' the presets.\n";
@@ -34,6 +37,9 @@ void ActionOptions::AddTo(CLI::App& theCommand, const std::function<bool(std::st
         Sort{"--load", "FILE", "Load a settings file", Action::Kind::Load},
         Sort{"--markers", "FILE", "The marker file of a graph with CheckBoxMarkers on", Action::Kind::Markers},
         Sort{"--wizard", "WIZARD=TEXT", "Fill in the wizard of a graph", Action::Kind::Wizard},
+        Sort{"--x-range", "MIN:MAX[:log]", "Fit the X axis of a graph to a range of data", Action::Kind::XRange},
+        Sort{"--y-range", "MIN:MAX[:log]", "Fit the Y axis of a graph to a range of data", Action::Kind::YRange},
+        Sort{"--fineness", "FINENESS", "The lines of a range: coarse, medium or fine", Action::Kind::Fineness},
     };
     command = &theCommand;
     for (const Sort& sort : sorts) {

@@ -4,7 +4,10 @@
 #include "cli/FileNames.h"
 #include "pipeline/form/FieldWords.h"
 #include "pipeline/form/SetControl.h"
+#include "text/LetterCase.h"
+#include "text/Numbers.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace linealis::cli {
@@ -27,6 +30,46 @@ void CheckAbility(std::string_view option, const PaperKind& kind, bool able)
     if (!able) {
         throw UsageError{std::string(option) + " works with graph, not with " + std::string(kind.name)};
     }
+}
+
+/// Enters MIN:MAX or MIN:MAX:log into the fields of one axis in the wizard for ranges. Throws UsageError if it is
+/// neither.
+void EnterRange(std::string_view option, std::string_view argument, const Form& wizard, char axis)
+{
+    const auto refuse = [&] {
+        throw UsageError{std::string(option) + " takes MIN:MAX or MIN:MAX:log, not '" + std::string(argument) +
+                         "'"};
+    };
+    const std::size_t first = argument.find(':');
+    if (first == std::string_view::npos) {
+        refuse();
+    }
+    const std::size_t second = std::min(argument.find(':', first + 1), argument.size());
+    const std::string_view rest = argument.substr(second);
+    const bool isLog = IsSameText(rest, ":log");
+    if (!rest.empty() && !isLog) {
+        refuse();
+    }
+    const std::string_view minimum = argument.substr(0, first);
+    const std::string_view maximum = argument.substr(first + 1, second - first - 1);
+    if (!IsNumber(minimum) || !IsNumber(maximum)) {
+        refuse();
+    }
+    wizard.Get<TextField>(std::string("EditMin") + axis).Type(std::string(minimum));
+    wizard.Get<TextField>(std::string("EditMax") + axis).Type(std::string(maximum));
+    wizard.Get<CheckBox>(std::string("CheckLog") + axis).Click(isLog);
+}
+
+/// Fits the entered ranges to the paper. Throws UsageError if that is not possible.
+void FitRanges(RangeWizard& wizard, bool hasRange)
+{
+    if (!hasRange) {
+        throw UsageError{"--fineness goes with --x-range or --y-range"};
+    }
+    if (const std::string problem = wizard.Problem(); !problem.empty()) {
+        throw UsageError{problem};
+    }
+    wizard.PushButton1_Action();
 }
 
 /// Adds a warning for each text field of the wizard that has a remark, such as a text that is not a number.
@@ -55,6 +98,12 @@ PageWarnings DoInOrder(const std::vector<Action>& actions, const PaperKind& kind
 {
     std::vector<std::string_view> given;
     bool wizardUsed = false;
+    bool rangeUsed = false;
+    bool finenessUsed = false;
+    const auto fieldsOfRanges = [&](std::string_view option) -> const Form& {
+        CheckAbility(option, kind, window.GetRangeWizard() != nullptr);
+        return window.GetRangeWizard()->Fields();
+    };
     const auto set = [&](const Setting& setting) {
         SetControl(kind.name, window.form, setting);
         given.push_back(setting.control);
@@ -83,12 +132,27 @@ PageWarnings DoInOrder(const std::vector<Action>& actions, const PaperKind& kind
             TypeIntoControl("the wizard", window.GetWizard()->Fields(), Split("--wizard", action.argument));
             wizardUsed = true;
             break;
+        case Action::Kind::XRange:
+            EnterRange("--x-range", action.argument, fieldsOfRanges("--x-range"), 'X');
+            rangeUsed = true;
+            break;
+        case Action::Kind::YRange:
+            EnterRange("--y-range", action.argument, fieldsOfRanges("--y-range"), 'Y');
+            rangeUsed = true;
+            break;
+        case Action::Kind::Fineness:
+            SetControl("the range of data", fieldsOfRanges("--fineness"), {"fineness", action.argument});
+            finenessUsed = true;
+            break;
         }
     }
     PageWarnings warnings;
     if (wizardUsed) {
         WarnOfWizard(window.GetWizard()->Fields(), warnings);
         window.GetWizard()->PushButton1_Action();
+    }
+    if (rangeUsed || finenessUsed) {
+        FitRanges(*window.GetRangeWizard(), rangeUsed);
     }
     // Only now: a later action can give an effect to a control that had none when it was set.
     WarnOfIdle(window.form, given, warnings);

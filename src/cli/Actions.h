@@ -10,13 +10,14 @@ namespace linealis::cli {
 
 /// One thing that the user does to a form before it is shown, saved, or made into a page.
 struct Action {
-    enum class Kind { Set, Type, Load, Markers, Wizard };
+    enum class Kind { Set, Type, Load, Markers, Wizard, XRange, YRange, Fineness };
 
     Kind kind;
-    std::string argument;  ///< CONTROL=VALUE for Set, CONTROL=TEXT for Type and Wizard, otherwise a file name
+    std::string argument;  ///< CONTROL=VALUE for Set, CONTROL=TEXT for Type and Wizard, MIN:MAX or
+                           ///< MIN:MAX:log for a range, a word for Fineness, otherwise a file name
 };
 
-/// Performs the actions in order. If any of them fills in the wizard, then presses its OK after all other actions.
+/// Performs the actions in order. If any of them fills in a wizard, then presses its OK after all other actions.
 /// Throws UsageError or WorkError at the first action that fails; earlier actions stay in effect. Returns warnings
 /// about what the page will not show: controls that have no effect on it, and texts of the wizard that are not
 /// numbers.

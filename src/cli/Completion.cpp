@@ -76,6 +76,20 @@ void OfferSettings(Completions& completions, const Form& form, std::string_view 
     }
 }
 
+/// Offers the items of the popup in the wizard for ranges, for whatever kind has one.
+void OfferFineness(Completions& completions, std::string_view typed)
+{
+    ScreenlessPlatform platform;
+    for (const PaperKind& kind : PaperKinds()) {
+        const std::unique_ptr<PaperWindow> window = MakeWindow(kind, platform);
+        if (RangeWizard* const wizard = window->GetRangeWizard()) {
+            for (const std::string_view item : wizard->Fields().Get<Popup>("PopupFineness").Items()) {
+                Offer(completions, typed, std::string(item), "");
+            }
+        }
+    }
+}
+
 bool IsNoLabel(const Control& control)
 {
     return control.Kind() != ControlKind::Label;
@@ -145,6 +159,10 @@ Completions CompleteValue(const CLI::App& command, const std::string& argument, 
         completions.folders = true;
     } else if (argument == "FILE") {
         completions.files = true;
+    } else if (argument == "FINENESS") {
+        OfferFineness(completions, typed);
+    } else if (argument == "MIN:MAX[:log]") {
+        // any numbers
     } else if (const PaperKind* const kind = KindAmong(command, words)) {
         ScreenlessPlatform platform;
         const std::unique_ptr<PaperWindow> window = MakeWindow(*kind, platform);

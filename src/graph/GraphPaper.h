@@ -236,5 +236,6 @@ void Draw(const GraphPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQu
 std::string Describe(const GraphPage& page);
 PageWarnings Warn(const GraphForm& form, const GraphPage& page);
 std::unique_ptr<Wizard> MakeWizard(GraphForm& form);
+std::unique_ptr<RangeWizard> MakeRangeWizard(GraphForm& form);
 
 }  // namespace linealis

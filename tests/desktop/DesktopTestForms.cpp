@@ -386,5 +386,37 @@ TEST_F(DesktopForm, WizardFillsTheGraph)
     EXPECT_EQ(Shown(window, results), "0 14 0.5 4 4 4.00004");
 }
 
+TEST_F(DesktopForm, DataRangesShowOnTheFormUntilCanceled)
+{
+    QWidget& window = OpenPaper("graph");
+    const std::initializer_list<std::string_view> results = {"EditXAxisMinimum", "EditXAxisMaximum",
+                                                             "EditXAxisStep",    "EditXLineSpacing",
+                                                             "PopupYAxis",       "EditYAxisWeight"};
+    Enter(window, {"EditYAxisWeight=2"});
+    const std::string before = Shown(window, results);
+    const std::string fitted = "0 280 5 8 Log 3 Decades 2";
+    const auto answer = [&](QDialogButtonBox::StandardButton button) {
+        person.Answers<QDialog>([&, button](QDialog& dialog) {
+            EXPECT_EQ(Shown(dialog, {"EditMinX", "EditMaxX"}), "-35 35") << "the range of the form";
+            auto& ok = *dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+            Enter(dialog, {"EditMinX=0", "EditMaxX=25O"});
+            EXPECT_FALSE(ok.isEnabled());
+            EXPECT_NE(Shown(dialog, "DataRangeOutcome").find("25O"), std::string::npos);
+            Enter(dialog, {"EditMaxX=250", "EditMinY=2", "EditMaxY=1000"});
+            ClickBox(Child<QCheckBox>(dialog, "CheckLogY"));
+            EXPECT_EQ(Shown(window, results), fitted) << "before OK";
+            EXPECT_TRUE(ok.isEnabled());
+            Click(*dialog.findChild<QDialogButtonBox*>()->button(button));
+        });
+        Click(Child(window, "PushButtonDataRange"));
+    };
+    answer(QDialogButtonBox::Cancel);
+    EXPECT_EQ(Shown(window, results), before);
+    answer(QDialogButtonBox::Ok);
+    EXPECT_EQ(Shown(window, results), fitted);
+    ChooseItem(window, "EditUndo");
+    EXPECT_EQ(Shown(window, results), before) << "one step";
+}
+
 }  // namespace
 }  // namespace linealis::test

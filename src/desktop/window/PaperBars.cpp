@@ -78,13 +78,17 @@ QToolButton* PaperTopBar::Add(ToolIcon icon, const QString& text, const QString&
     return button;
 }
 
-PaperBottomBar::PaperBottomBar(QWidget* file, bool hasWizard)
+PaperBottomBar::PaperBottomBar(QWidget* file, bool hasWizard, bool hasRangeWizard)
 {
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(8, 0, 8, 4);
     row->addWidget(file, 1);
     if (hasWizard) {
         wizard = AddButton(*row, tr("Easy Graph Wizard"), QStringLiteral("PushButtonEasyWizard"), {});
+    }
+    if (hasRangeWizard) {
+        dataRange = AddButton(*row, tr("From &Data Range..."), QStringLiteral("PushButtonDataRange"),
+                              tr("Fit the axes to the smallest and largest values of your data"));
     }
     progress = new QProgressBar;
     progress->setRange(0, 0);

@@ -46,13 +46,14 @@ class PaperBottomBar final : public QWidget {
     Q_OBJECT
 
 public:
-    /// `file` is the group Group::File of the form. `hasWizard` adds a button for the wizard.
-    PaperBottomBar(QWidget* file, bool hasWizard);
+    /// `file` is the group Group::File of the form. `hasWizard` and `hasRangeWizard` add buttons for the wizards.
+    PaperBottomBar(QWidget* file, bool hasWizard, bool hasRangeWizard);
 
     /// Shows or hides the progress bar and the Cancel button.
     void ShowProgress(bool visible) const;
 
-    QPushButton* wizard = nullptr;  ///< null if there is no wizard
+    QPushButton* wizard = nullptr;     ///< null if there is no wizard
+    QPushButton* dataRange = nullptr;  ///< null if there is no wizard for ranges of data
     QProgressBar* progress;
     QPushButton* cancel;
     QPushButton* changeFile;

@@ -139,6 +139,8 @@ private:
     void MakePage();
     void SayHowPageEnded();
     void ShowWizard();
+    /// Lets the user fit the axes to ranges of data, with the page following every entry. OK makes one step.
+    void ShowRangeWizard();
     /// Updates everything that depends on the form: the live page, the warnings, the title, and the buttons.
     void FormChanged();
     /// Shows the warnings of the form, followed by those of the page.

@@ -48,7 +48,8 @@ void PaperView::LayOut()
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     topBar = new PaperTopBar;
-    bottomBar = new PaperBottomBar(form->TakeLastGroup(), window.GetWizard() != nullptr);
+    bottomBar = new PaperBottomBar(form->TakeLastGroup(), window.GetWizard() != nullptr,
+                                   window.GetRangeWizard() != nullptr);
     column->addWidget(topBar);
     livePane = new LivePane;
     livePage = &livePane->Page();
@@ -80,6 +81,9 @@ void PaperView::Connect()
     connect(topBar->reset, &QToolButton::clicked, this, &PaperView::Reset);
     if (bottomBar->wizard != nullptr) {
         connect(bottomBar->wizard, &QPushButton::clicked, this, &PaperView::ShowWizard);
+    }
+    if (bottomBar->dataRange != nullptr) {
+        connect(bottomBar->dataRange, &QPushButton::clicked, this, &PaperView::ShowRangeWizard);
     }
     connect(bottomBar->cancel, &QPushButton::clicked, this, &PaperView::Cancel);
     connect(bottomBar->changeFile, &QPushButton::clicked, this, &PaperView::ChangeFile);
@@ -231,6 +235,9 @@ void PaperView::AddMenus()
     add(edit, tr("Copy Page"), QStringLiteral("EditCopyPage"), Qt::CTRL | Qt::SHIFT | Qt::Key_C,
         &PaperView::CopyPage);
     add(edit, tr("Reset Form"), QStringLiteral("EditReset"), {}, &PaperView::Reset);
+    if (window.GetRangeWizard() != nullptr) {
+        add(edit, tr("From Data Range..."), QStringLiteral("EditDataRange"), {}, &PaperView::ShowRangeWizard);
+    }
     menuBar()->addMenu(presets);
     QMenu& view = *menuBar()->addMenu(tr("&View"));
     view.addAction(livePageAction);

@@ -8,6 +8,7 @@
 #include <concepts>
 #include <functional>
 #include <memory>
+#include <string>
 
 namespace linealis {
 
@@ -27,43 +28,53 @@ public:
     virtual void PushButton2_Action() {}
 };
 
+/// A wizard that fits ranges of data to the paper. It can fill in the form at every change of its fields.
+class RangeWizard : public Wizard {
+public:
+    /// Suggests the ranges that the form shows. Keeps what was entered if the form still shows the result.
+    virtual void Begin() = 0;
+    /// Returns why OK would change nothing: a sentence with what was entered and what is possible. Empty if OK
+    /// fills in the form.
+    virtual std::string Problem() const = 0;
+    /// Describes what OK enters, one axis per line.
+    virtual std::string Outcome() const = 0;
+};
+
 /// An instance of a paper kind: its form and the operations on it.
 struct Paper {
     std::unique_ptr<PaperForm> form;
     SettingsTable settings;
-    std::function<PaperPage()> readPage;  ///< the only access of a page to the form
-    std::unique_ptr<Wizard> wizard;       ///< null if the kind has none
+    std::function<PaperPage()> readPage;            ///< the only access of a page to the form
+    std::unique_ptr<Wizard> wizard;                 ///< null if the kind has none
+    std::unique_ptr<RangeWizard> rangeWizard = {};  ///< null if the kind has none
 };
 
 /// The form of a kind that makes pages: functions beside its type, found by argument-dependent lookup, that list
 /// its fields as a settings file stores them, and read a page from it.
 template <typename KindForm>
-concept FormOfAKind = std::derived_from<KindForm, PaperForm> && requires(KindForm& form, const KindForm& filledIn)
-{
-    {
-        Settings(form)
-        } -> std::same_as<SettingsTable>;
-    {
-        Read(filledIn)
-        } -> PageOfAKind;
-};
+concept FormOfAKind = std::derived_from<KindForm, PaperForm> &&
+    std::same_as<decltype(Settings(std::declval<KindForm&>())), SettingsTable> &&
+    PageOfAKind<decltype(Read(std::declval<const KindForm&>()))>;
 
 /// A form with warnings of its own, besides those of its fields.
 template <typename KindForm>
-concept WarningForm = requires(const KindForm& form)
+concept FormThatWarns = requires(const KindForm& form)
 {
-    {
-        Warn(form, Read(form))
-        } -> std::convertible_to<PageWarnings>;
+    Warn(form, Read(form));
 };
 
 /// A form that a wizard can fill in.
 template <typename KindForm>
 concept FormWithWizard = requires(KindForm& form)
 {
-    {
-        MakeWizard(form)
-        } -> std::convertible_to<std::unique_ptr<Wizard>>;
+    MakeWizard(form);
+};
+
+/// A form that a wizard can fill in from ranges of data.
+template <typename KindForm>
+concept FormWithRangeWizard = requires(KindForm& form)
+{
+    MakeRangeWizard(form);
 };
 
 /// Creates the paper of a kind from its form type.
@@ -78,7 +89,7 @@ Paper MakePaper(const Platform& platform)
     paper.readPage = [&kindForm = std::as_const(*form)] {
         auto read = Read(kindForm);
         PageWarnings warnings;
-        if constexpr (WarningForm<KindForm>) {
+        if constexpr (FormThatWarns<KindForm>) {
             warnings = Warn(kindForm, read);
         }
         PaperPage page = PageOf(std::move(read));
@@ -88,6 +99,9 @@ Paper MakePaper(const Platform& platform)
     };
     if constexpr (FormWithWizard<KindForm>) {
         paper.wizard = MakeWizard(*form);
+    }
+    if constexpr (FormWithRangeWizard<KindForm>) {
+        paper.rangeWizard = MakeRangeWizard(*form);
     }
     paper.form = std::move(form);
     return paper;

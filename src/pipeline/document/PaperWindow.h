@@ -36,6 +36,8 @@ public:
 
     /// Returns the wizard of this window, or null.
     Wizard* GetWizard() const { return paper.wizard.get(); }
+    /// Returns the wizard of this window that fits ranges of data to the paper, or null.
+    RangeWizard* GetRangeWizard() const { return paper.rangeWizard.get(); }
 
     WindowState State() const { return {form.State(), outputFile, ourFolderItem}; }
     /// Restores an earlier state of this window. Runs no handler.

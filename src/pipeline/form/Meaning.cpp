@@ -218,6 +218,10 @@ constexpr auto allFacts = std::to_array<MeaningFacts>({
      .used = [](double value) { return value < 0.0 ? value : std::max(Whole(value), 1.0); },
      .effect = EffectOfNumberSpacing},
     {.meaning = Meaning::AxisValue, .hint = axisValueHint, .step = Step::LastPlace, .canBeNegative = true},
+    {.meaning = Meaning::RangeEnd,
+     .hint = "Value of the data; leave both empty to keep the axis",
+     .step = Step::LastPlace,
+     .canBeNegative = true},
     {.meaning = Meaning::AxisStep,
      .hint = axisStepHint,
      .step = Step::LastPlace,
@@ -292,6 +296,9 @@ std::string RemarkOn(Meaning meaning, const std::string& text)
     }
     if (meaning == Meaning::TitlePlace && text.empty()) {
         return "";
+    }
+    if (meaning == Meaning::RangeEnd) {  // OK is refused, so it counts as nothing
+        return IsBlank(text) || IsNumber(text) ? "" : "\u201C" + Shortened(text) + "\u201D is not a number";
     }
     if (!IsNumber(text)) {
         return RemarkOnMissingNumber(meaning, text);

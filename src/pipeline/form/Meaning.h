@@ -33,6 +33,7 @@ enum class Meaning {
     GridLines,        ///< a number of grid lines; 0 or less means none
     NumberSpacing,    ///< a number of grid lines, whole; 0 to 1 counts as 1; below 0 prints none
     AxisValue,        ///< in axis values
+    RangeEnd,         ///< in axis values; both ends of a range may be empty
     AxisStep,         ///< in axis values; 0 counts as 1
     Exponent,         ///< must be above 1
     HydraulicStart,   ///< the minimum of a hydraulic axis; must not be negative

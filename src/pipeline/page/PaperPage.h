@@ -53,22 +53,19 @@ concept AskingPage = requires(const KindPage& page, MyPDFGenerator& pdf, Turns& 
     Draw(page, pdf, turns, ask);
 };
 
+/// A page that is drawn without questions.
+template <typename KindPage>
+concept SilentPage = requires(const KindPage& page, MyPDFGenerator& pdf, Turns& turns)
+{
+    Draw(page, pdf, turns);
+};
+
 /// The values of a page of one kind: its frame, and functions beside its type, found by argument-dependent lookup,
 /// that draw it and describe it in a few words.
 template <typename KindPage>
-concept PageOfAKind = requires(const KindPage& page, MyPDFGenerator& pdf, Turns& turns)
-{
-    {
-        page.frame
-        } -> std::convertible_to<PageFrame>;
-    {
-        Describe(page)
-        } -> std::same_as<std::string>;
-    requires AskingPage<KindPage> || requires
-    {
-        Draw(page, pdf, turns);
-    };
-};
+concept PageOfAKind = std::same_as<decltype(KindPage::frame), PageFrame> &&
+    std::same_as<decltype(Describe(std::declval<const KindPage&>())), std::string> &&
+    (AskingPage<KindPage> || SilentPage<KindPage>);
 
 /// Wraps the page of a kind.
 template <PageOfAKind KindPage>
