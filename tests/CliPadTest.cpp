@@ -102,6 +102,30 @@ TEST_F(CliPad, BacksLieBehindEveryPageOnTheSamePaper)
     EXPECT_EQ(Content("pad.pdf", 4), Content("pad.pdf", 2)) << "the back is full: the printer mirrors it";
 }
 
+TEST_F(CliPad, NumbersAreInTheOrderOfTheStacks)
+{
+    struct {
+        std::string options;
+        std::vector<std::string> numbers;  // of each side
+    } const cases[] = {
+        {"--pages 3", {"1", "2", "3"}},
+        {"--pages 2 --copies 2 --back grid", {"1", "", "2", "", "1", "", "2", ""}},
+        {"--pages 4 --up 2", {"1 3", "2 4"}},
+        {"--pages 6 --up 4", {"1 3 5 6", "2 4"}},
+    };
+    for (const auto& each : cases) {
+        const Finished made = Shell("$cli pad dots --set paper-size=A6 --numbers -o pad.pdf " + each.options);
+        EXPECT_EQ(made.status, 0) << made.errors;
+        EXPECT_EQ(Info("pad.pdf").substr(0, 8), "pages " + std::to_string(each.numbers.size()) + "\n");
+        for (std::size_t i = 0; i < each.numbers.size(); ++i) {
+            const std::string page = std::to_string(i + 1);
+            EXPECT_EQ(Shell("pdftotext -f " + page + " -l " + page + " pad.pdf - | tr -d '\\f' | xargs").output,
+                      each.numbers[i] + "\n")
+                << each.options;
+        }
+    }
+}
+
 TEST_F(CliPad, BadInputLeavesTheOldFile)
 {
     WriteFile(folder / "pad.pdf", "old");

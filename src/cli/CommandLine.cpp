@@ -20,8 +20,6 @@ constexpr int different = 1;
 constexpr int found = 1;
 constexpr std::size_t mostJobs = 256;
 constexpr int largestThumbnail = 4096;
-constexpr std::size_t mostPages = 10000;
-constexpr std::size_t mostPagesUp = 4;
 constexpr double mostDotsPerInch = 9600.0;
 
 // The source count of a command that takes any number of sources.
@@ -333,9 +331,14 @@ void CommandLine::AddPadOptions(CLI::App& command)
     AddBeginningOptions(command);
     AddSources(command, anyNumber);
     AddOutputOption(command, "The PDF file; - is standard output");
-    AddNumber(command, "--pages", pad.pages, mostPages, "Pages to print on the front; several sources alternate");
-    AddNumber(command, "--up", pad.up, mostPagesUp, "Pages on each side of a sheet: 1, 2 or 4, with cut marks");
+    AddNumber(command, "--pages", pad.layout.pages, mostPadPages,
+              "Pages to print on the front; several sources alternate");
+    AddNumber(command, "--up", pad.layout.up, possiblePagesUp.back(),
+              "Pages on each side of a sheet: 1, 2 or 4, with cut marks");
     AddOption(command, "--back", "SOURCE", pad.back, "The page to print on every back");
+    AddFlag(command, "--numbers", pad.layout.hasNumbers,
+            "Number the front pages, in the order of the stacks after cutting");
+    AddNumber(command, "--copies", pad.copies, mostPadCopies, "Pads in the file, one after the other");
     AddActions(command);
 }
 

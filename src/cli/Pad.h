@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli/Source.h"
+#include "kinds/PadSheet.h"
 
 #include <cstddef>
 #include <functional>
@@ -19,8 +20,8 @@ struct PadRequest {
     /// The page on every back, as SourceNamed takes it. A file keeps its own paper; a kind or preset gets the paper
     /// of the first page. Without a value, the sheets are printed on one side.
     std::optional<std::string> back;
-    std::size_t pages = 50;  ///< the number of pages on the fronts, from 1
-    std::size_t up = 1;      ///< the number of pages on each side: 1, 2, or 4
+    PadLayout layout;        ///< except for the size of the pages, which they determine
+    std::size_t copies = 1;  ///< how many times the pad is in the file, from 1
     std::string output;      ///< a file name, or "-" for standard output
 };
 

@@ -20,6 +20,12 @@ struct PadFile::OnePage {
 
     QPDFPageObjectHelper Page() { return QPDFPageDocumentHelper(file).getAllPages().front(); }
 
+    /// Returns the fonts of the page as objects of the pad. They are copied once.
+    QPDFObjectHandle Fonts(QPDF& pad)
+    {
+        return pad.copyForeignObject(Page().getAttribute("/Resources", false)).getKey("/Font");
+    }
+
     std::string bytes;
     QPDF file;
     std::optional<QPDFObjectHandle> copiedPage;  ///< its copy in the pad as a page; empty until the first use
@@ -74,12 +80,15 @@ void PadFile::AddSide(std::int64_t width, std::int64_t height, const std::vector
     }
     QPDFObjectHandle resources = QPDFObjectHandle::newDictionary();
     resources.replaceKey("/XObject", forms);
+    if (content.find(" Tf") != std::string::npos) {
+        resources.replaceKey("/Font", joined->pages.at(pages.front().page)->Fonts(joined->file));
+    }
     QPDFObjectHandle side = QPDFObjectHandle::newDictionary();
     side.replaceKey("/Type", QPDFObjectHandle::newName("/Page"));
     side.replaceKey("/MediaBox", QPDFObjectHandle::newArray(QPDFObjectHandle::Rectangle(
                                      0.0, 0.0, static_cast<double>(width), static_cast<double>(height))));
     side.replaceKey("/Resources", resources);
-    side.replaceKey("/Contents", QPDFObjectHandle::newStream(&joined->file, all + content));
+    side.replaceKey("/Contents", QPDFObjectHandle::newStream(&joined->file, all + "q\n" + content + "Q\n"));
     QPDFPageDocumentHelper(joined->file).addPage(joined->file.makeIndirectObject(side), false);
 }
 

@@ -32,7 +32,7 @@ public:
     };
 
     /// Adds a side of the given size in points, with the pages on it at their true size. The PDF operators in
-    /// `content` are drawn on top of them.
+    /// `content` are drawn on top of them; they may use the fonts of the first of these pages.
     void AddSide(std::int64_t width, std::int64_t height, const std::vector<Placed>& pages,
                  const std::string& content);
 

@@ -4,21 +4,13 @@
 
 namespace {
 
-/// Replaces this process with the program that makes pads, which is in the same folder or, when installed, in
-/// libexec. It is a program of its own because loading the PDF library that it needs would slow down every start of
-/// this one. Returns only by throwing WorkError.
+/// Replaces this process with the program that makes pads. Returns only by throwing WorkError.
 void CallPadProgram(char** argv)
 {
-    using linealis::cli::WorkError;
-    namespace fs = std::filesystem;
-    const char* const name = "linealis-pad";
-    const fs::path folder = linealis::OwnProgram(argv[0]).parent_path();
-    const fs::path beside = folder / name, installed = folder.parent_path() / "libexec/linealis" / name;
-    std::error_code error = linealis::BecomeProgram(beside, argv);
-    if (error == std::errc::no_such_file_or_directory) {
-        error = linealis::BecomeProgram(installed, argv);
-    }
-    throw WorkError{"cannot run the program that makes pads, " + installed.string() + ": " + error.message()};
+    const std::filesystem::path program = linealis::HelperProgram(argv[0], linealis::padProgram);
+    const std::error_code error = linealis::BecomeProgram(program, argv);
+    throw linealis::cli::WorkError{"cannot run the program that makes pads, " + program.string() + ": " +
+                                   error.message()};
 }
 
 }  // namespace

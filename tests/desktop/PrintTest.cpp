@@ -1,10 +1,12 @@
 #include "DesktopTestSupport.h"
 #include "desktop/dialogs/CalibrationDialog.h"
+#include "desktop/dialogs/PadSheets.h"
 #include "desktop/dialogs/PrintPage.h"
 #include "pdf/PageContent.h"
 #include "pipeline/page/PageJob.h"
 #include "text/Numbers.h"
 
+#include <QLineF>
 #include <QPrintDialog>
 #include <QPrinterInfo>
 #include <QTransform>
@@ -140,7 +142,7 @@ TEST_F(Print, EveryLineIsWhereTheContentHasIt)
         for (const PrinterFactors& factors : {PrinterFactors{}, PrinterFactors{100.0 / 99.0, 0.98}}) {
             QPrinter device(QPrinter::HighResolution);
             PrintInto(device);
-            desktop::SetPaper(device, page.frame);
+            desktop::SetPaper(device, desktop::PrintedSheets(page).paper);
             ASSERT_TRUE(desktop::PaintOnPrinter(device, page, turns, factors));
             EXPECT_TRUE(HasPaper(page.frame));
             const bool isLandscape = page.frame.paperWidth > page.frame.paperHeight;
@@ -160,14 +162,34 @@ TEST_F(Print, EveryLineIsWhereTheContentHasIt)
     }
 }
 
+TEST_F(Print, PadHasEveryPageInItsPlaceOnTheSheet)
+{
+    const auto window = MakeWindow(*FindPaperKind("grid"), platform);
+    SetControl("grid", window->form, {"paper-size", "A5"});
+    const DrawnPage page = Draw(*window);
+    PadLayout layout{3, 2, true, {page.frame.paperWidth, page.frame.paperHeight}};
+    const desktop::PrintedSheets sheets = desktop::PadSheets(layout, page, &page);
+    desktop::SetPaper(printer, sheets.paper);
+    ASSERT_TRUE(desktop::PaintOnPrinter(printer, sheets, turns));
+    const std::string info = Execute({"pdfinfo", file}).output;
+    EXPECT_NE(info.find("842 x 595 pts"), std::string::npos) << info;
+    EXPECT_NE(info.find("Pages:           4\n"), std::string::npos) << info;
+    StrokePoints expected;
+    ReadPage(page.content, expected);
+    const std::size_t count = expected.points.size(), ofMarks = 4;
+    const std::vector<QPointF> printed = PrintedPoints(file);
+    ASSERT_EQ(printed.size(), 2 * count + ofMarks);
+    for (std::size_t i = 0; i < count; ++i) {
+        EXPECT_LT(QLineF(printed[i], expected.points[i]).length(), hundredthMm);
+        EXPECT_LT(QLineF(printed[i + count], expected.points[i] + QPointF(421.0, 0.0)).length(), hundredthMm);
+    }
+}
+
 TEST_F(Print, OnlyPaperWiderThanHighLiesAcross)
 {
-    PageFrame frame;
-    frame.paperWidth = frame.paperHeight = 400;
-    desktop::SetPaper(printer, frame);
+    desktop::SetPaper(printer, {400.0, 400.0});
     EXPECT_EQ(printer.pageLayout().orientation(), QPageLayout::Portrait);
-    frame.paperWidth = 401;
-    desktop::SetPaper(printer, frame);
+    desktop::SetPaper(printer, {401.0, 400.0});
     EXPECT_EQ(printer.pageLayout().orientation(), QPageLayout::Landscape);
 }
 
@@ -175,7 +197,7 @@ TEST_F(Print, WarnsOfAnotherPaperAndOfLinesOutOfReach)
 {
     const auto window = MakeWindow(*FindPaperKind("grid"), platform);  // lines from 36 points on
     const DrawnPage page = Draw(*window);
-    desktop::SetPaper(printer, page.frame);
+    desktop::SetPaper(printer, desktop::PrintedSheets(page).paper);
     Limit(36.0);
     EXPECT_EQ(Warnings(page), Names());
     const std::vector<std::string> grown = Warnings(page, {1.01, 1.0});

@@ -31,11 +31,6 @@ constexpr double sameSidePoints = 3.0;
 /// Lines that extend beyond the printable area by less than this, 0.01 mm, cause no warning.
 constexpr double unseenPoints = 0.01 / mmPerPoint;
 
-QSizeF PaperOf(const PageFrame& frame)
-{
-    return {static_cast<double>(frame.paperWidth), static_cast<double>(frame.paperHeight)};
-}
-
 /// Returns the factors for paper in that orientation. Landscape paper runs through the printer turned, so its
 /// factors are swapped.
 PrinterFactors Turned(const PrinterFactors& factors, QPageLayout::Orientation orientation)
@@ -178,41 +173,74 @@ QString PaperName(const QPageSize& paper)
     return paper.id() == QPageSize::Custom ? SizeText(paper.size(QPageSize::Point)) : paper.name();
 }
 
+/// Paints a side. The coordinates of the painter are points from its upper left corner.
+void PaintSide(QPainter& painter, const PrintedSheets& sheets, int side, Turns& turns)
+{
+    sheets.forPages(side, [&](const PlacedPage& page) {
+        turns.Restart();
+        painter.save();
+        painter.translate(page.corner);
+        PagePainter sink(painter, page.height, PagePainter::ThinLines::AsTheyAre);
+        ReadPage(page.content, sink, &turns);
+        painter.restore();
+    });
+}
+
 }  // namespace
 
-void SetPaper(QPrinter& printer, const PageFrame& frame)
+PrintedSheets::PrintedSheets(const DrawnPage& page)
+    : paper(static_cast<double>(page.frame.paperWidth), static_cast<double>(page.frame.paperHeight)),
+      forPages([&page, height = paper.height()](int /*side*/, const PageUse& use) {
+          use({page.content, height, {}});
+      })
+{}
+
+void SetPaper(QPrinter& printer, const QSizeF& size)
 {
-    const QSizeF size = PaperOf(frame);
     const bool isLandscape = size.width() > size.height();
     printer.setFullPage(true);
     printer.setPageSize(PaperFor(printer, isLandscape ? size.transposed() : size));
     printer.setPageOrientation(isLandscape ? QPageLayout::Landscape : QPageLayout::Portrait);
 }
 
-std::vector<QString> PrintWarnings(const QPrinter& printer, const DrawnPage& page, const PrinterFactors& factors)
+std::vector<QString> PrintWarnings(const QPrinter& printer, const PrintedSheets& sheets,
+                                   const PrinterFactors& factors)
 {
     std::vector<QString> warnings;
     const QPageLayout layout = printer.pageLayout();
     const QSizeF sheet = layout.fullRect(QPageLayout::Point).size();
-    const QSizeF paper = PaperOf(page.frame);
-    if (!IsSame(sheet, paper)) {
+    if (!IsSame(sheet, sheets.paper)) {
         warnings.push_back(
             QStringLiteral("The printer's paper is %1, the page's %2. The page is printed at 100 % from "
                            "the upper left corner.")
-                .arg(SizeText(sheet), SizeText(paper)));
+                .arg(SizeText(sheet), SizeText(sheets.paper)));
     }
-    Overreach reach(RoomOf(layout), paper.height(), Turned(factors, layout.orientation()));
-    ReadPage(page.content, reach);
-    if (reach.lines > 0) {
-        const QString lines = reach.lines == 1 ? QStringLiteral("1 line extends")
-                                               : QStringLiteral("%1 lines extend").arg(reach.lines);
+    const PrinterFactors turned = Turned(factors, layout.orientation());
+    int count = 0;
+    double furthest = 0.0;
+    const int differentSides = sheets.hasBacks ? 2 : 1;
+    for (int side = 0; side < differentSides; ++side) {
+        sheets.forPages(side, [&](const PlacedPage& page) {
+            if (page.isMarks) {
+                return;
+            }
+            const QPointF corner(page.corner.x() * turned.x, page.corner.y() * turned.y);
+            Overreach reach(RoomOf(layout).translated(-corner), page.height, turned);
+            ReadPage(page.content, reach);
+            count += reach.lines;
+            furthest = std::max(furthest, reach.furthest);
+        });
+    }
+    if (count > 0) {
+        const QString lines =
+            count == 1 ? QStringLiteral("1 line extends") : QStringLiteral("%1 lines extend").arg(count);
         warnings.push_back(lines +
-                           QStringLiteral(" beyond the printable area, by up to %1 mm.").arg(InMm(reach.furthest)));
+                           QStringLiteral(" beyond the printable area, by up to %1 mm.").arg(InMm(furthest)));
     }
     return warnings;
 }
 
-bool PaintOnPrinter(QPrinter& printer, const DrawnPage& page, Turns& turns, const PrinterFactors& factors)
+bool PaintOnPrinter(QPrinter& printer, const PrintedSheets& sheets, Turns& turns, const PrinterFactors& factors)
 {
     printer.setFullPage(true);
     ForbidFitting(printer);
@@ -223,9 +251,13 @@ bool PaintOnPrinter(QPrinter& printer, const DrawnPage& page, Turns& turns, cons
     const PrinterFactors turned = Turned(factors, printer.pageLayout().orientation());
     painter.scale(printer.logicalDpiX() / pointsPerInch * turned.x,
                   printer.logicalDpiY() / pointsPerInch * turned.y);
-    PagePainter sink(painter, static_cast<double>(page.frame.paperHeight), PagePainter::ThinLines::AsTheyAre);
     try {
-        ReadPage(page.content, sink, &turns);
+        for (int side = 0; side < sheets.sides; ++side) {
+            if (side > 0 && !printer.newPage()) {
+                return false;
+            }
+            PaintSide(painter, sheets, side, turns);
+        }
     } catch (...) {
         // Remove what was printed into a file so far, but never a pipe or a device.
         printer.abort();
@@ -252,35 +284,42 @@ QString PrintedText(const QPrinter& printer, const PrinterFactors& factors)
     return text;
 }
 
-QString PrintWithDialog(QPrinter& printer, const DrawnPage& page, Turns& turns, const FolderItem& factorsFile,
+QString PrintWithDialog(QPrinter& printer, const PrintedSheets& sheets, Turns& turns, const FolderItem& factorsFile,
                         QWidget* parent, const ModalRunner& runModal)
 {
-    SetPaper(printer, page.frame);
+    SetPaper(printer, sheets.paper);
+    if (sheets.copies > 1) {
+        printer.setCopyCount(sheets.copies);
+    }
+    if (sheets.hasBacks) {
+        printer.setDuplex(QPrinter::DuplexAuto);
+    }
     QPrintDialog dialog(&printer, parent);
     dialog.setOptions(QAbstractPrintDialog::PrintToFile);
     if (runModal(dialog) != QDialog::Accepted) {
         return {};
     }
-    SetPaper(printer, page.frame);  // again, because the dialog has reset the paper to the chosen printer's default
+    SetPaper(printer,
+             sheets.paper);  // again, because the dialog has reset the paper to the chosen printer's default
     const PrinterFactors factors = ReadPrinterFactors(factorsFile, printer.printerName().toStdString());
-    const std::vector<QString> warnings = PrintWarnings(printer, page, factors);
+    const std::vector<QString> warnings = PrintWarnings(printer, sheets, factors);
     if (!warnings.empty() && !IsWanted(warnings, parent, runModal)) {
         return {};
     }
-    return PaintOnPrinter(printer, page, turns, factors)
+    return PaintOnPrinter(printer, sheets, turns, factors)
                ? PrintedText(printer, factors)
                : QStringLiteral("%1 could not be printed on").arg(NameOf(printer));
 }
 
-QString PrintWithDialog(const DrawnPage& page, Turns& turns, const QString& name, const FolderItem& factorsFile,
-                        QWidget* parent, const ModalRunner& runModal)
+QString PrintWithDialog(const PrintedSheets& sheets, Turns& turns, const QString& name,
+                        const FolderItem& factorsFile, QWidget* parent, const ModalRunner& runModal)
 {
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(name);
     if (QPrinterInfo::availablePrinterNames().isEmpty()) {
         printer.setOutputFileName(QStringLiteral("%1/%2.pdf").arg(DocumentsFolder(), name));
     }
-    return PrintWithDialog(printer, page, turns, factorsFile, parent, runModal);
+    return PrintWithDialog(printer, sheets, turns, factorsFile, parent, runModal);
 }
 
 }  // namespace linealis::desktop

@@ -284,10 +284,19 @@ void PaperView::Follow(const QString& link)
         BringBack();
     } else if (link == QLatin1String("saveAs")) {
         menuBar()->findChild<QAction*>(QStringLiteral("FileSaveAs"))->trigger();
-    } else if (link == QLatin1String("open") && !platform.Launch(page)) {
-        Say(tr("No viewer could be started for %1").arg(ToQt(page.Name())));
+    } else if (link == QLatin1String("open")) {
+        View(page);
+    } else if (link == QLatin1String("openPad")) {
+        View(FolderItem(std::filesystem::path(padFile.toStdString())));
     } else if (link == QLatin1String("folder")) {
         QDesktopServices::openUrl(QUrl::fromLocalFile(ToQt(page.Path().parent_path().string())));
+    }
+}
+
+void PaperView::View(const FolderItem& file)
+{
+    if (!platform.Launch(file)) {
+        Say(tr("No viewer could be started for %1").arg(ToQt(file.Name())));
     }
 }
 

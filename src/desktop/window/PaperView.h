@@ -128,6 +128,7 @@ private:
     void MakePresetMenu();
     /// Restores the size and position of the window, and whether it shows the live page.
     void Place();
+    void PrintPad();
     void Calibrate();
     /// Runs long work on a page, with a progress bar and a Cancel button if it takes noticeable time.
     void Work(const std::function<void()>& work);
@@ -167,6 +168,8 @@ private:
     void Keep() const;
     /// Performs the command of a link in the status line.
     void Follow(const QString& link);
+    /// Opens a PDF file in the system's viewer, or shows that there is none.
+    void View(const FolderItem& file);
 
     DesktopPlatform& platform;
     const PaperKind& kind;
@@ -188,6 +191,7 @@ private:
     QTimer changeDelay;          ///< combines simultaneous changes into one call of FormChanged
     QTimer progressDelay;        ///< delays the progress bar
     QString presetName;          ///< of the last preset loaded into the form; cleared by later steps
+    QString padFile;             ///< the path of the pad that was saved last
     QString givenTitle;          ///< the title that the form started with, or got from that preset
     bool placed = false;         ///< whether the window has been shown before
     bool generating = false;     ///< whether Work is running

@@ -1,13 +1,18 @@
 #include "desktop/window/PaperView.h"
 
 #include "desktop/dialogs/ExportPage.h"
+#include "desktop/dialogs/PadDialog.h"
+#include "desktop/dialogs/PadSheets.h"
 #include "desktop/system/Text.h"
 #include "exchange/FormJson.h"
 #include "pipeline/page/PageJob.h"
 
 #include <QClipboard>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <new>
+#include <optional>
+#include <utility>
 
 namespace linealis::desktop {
 
@@ -54,6 +59,31 @@ void PaperView::Export()
     choice.options.carried = CarriedForm(kind, window.form);
     Use(tr("nothing was exported"),
         [&](const DrawnPage& page, Turns& turns) { return ExportPage(page, choice, turns); });
+}
+
+void PaperView::PrintPad()
+{
+    if (generating) {
+        return;
+    }
+    FinishEdit();
+    PadDialog dialog(platform, kind, window, PageName(), this);
+    const int result = platform.RunModal(dialog);
+    if (result == PadDialog::printing) {
+        Use(tr("nothing was printed"), [&](const DrawnPage& page, Turns& turns) {
+            std::optional<DrawnPage> back;
+            if (std::optional<PaperPage> read = dialog.Back()) {
+                back = DrawPage(std::move(*read), turns);
+            }
+            PrintedSheets sheets = PadSheets(dialog.Layout(), page, back ? &*back : nullptr);
+            sheets.copies = dialog.Copies();
+            return PrintWithDialog(sheets, turns, PageName(), PrinterFactorsFile(platform.PreferencesFolder()),
+                                   this, [this](QDialog& inner) { return platform.RunModal(inner); });
+        });
+    } else if (!dialog.SavedFile().isEmpty()) {
+        padFile = dialog.SavedFile();
+        Say(tr("Wrote %1").arg(QFileInfo(padFile).fileName()), {{tr("Open"), QStringLiteral("openPad")}});
+    }
 }
 
 void PaperView::CopyPage()

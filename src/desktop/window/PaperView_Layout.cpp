@@ -221,6 +221,7 @@ void PaperView::AddMenus()
     QMenu& file = *menu("FileMenu");
     file.addSeparator();
     add(file, tr("Print..."), QStringLiteral("FilePrint"), QKeySequence::Print, &PaperView::Print);
+    add(file, tr("Print Pad..."), QStringLiteral("FilePrintPad"), {}, &PaperView::PrintPad);
     add(file, tr("Export..."), QStringLiteral("FileExport"), Qt::CTRL | Qt::SHIFT | Qt::Key_E, &PaperView::Export);
     QMenu& recent = *file.addMenu(tr("Open &Recent"));
     recent.setObjectName(QStringLiteral("RecentMenu"));

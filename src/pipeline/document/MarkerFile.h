@@ -7,6 +7,9 @@
 
 namespace linealis {
 
+/// The type of marker files in file dialogs: any file.
+inline constexpr FileType textFileType{"text", ""};
+
 /// Reads a plain text file line by line. Lines end in LF, CR LF, or CR; a leading byte order mark is skipped. A
 /// file has no lines, and Error() says why, if it cannot be opened, is not text, is larger than 64 MiB, or has a
 /// line longer than 64 KiB.

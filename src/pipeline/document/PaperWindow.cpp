@@ -12,8 +12,6 @@
 namespace linealis {
 
 namespace {
-
-constexpr FileType textFileType{"text", ""};
 constexpr const char* const suggestedPageName = "Untitled.pdf";
 
 }  // namespace

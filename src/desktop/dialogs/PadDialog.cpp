@@ -1,0 +1,397 @@
+#include "desktop/dialogs/PadDialog.h"
+
+#include "desktop/page/PadPicture.h"
+#include "desktop/system/FileDialogs.h"
+#include "desktop/system/Text.h"
+#include "desktop/system/WindowSettings.h"
+#include "exchange/FormJson.h"
+#include "kinds/Presets.h"
+#include "pdf/Units.h"
+#include "pipeline/document/MarkerFile.h"
+#include "platform/Process.h"
+
+#include <QCoreApplication>
+#include <QDialogButtonBox>
+#include <QFile>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+#include <utility>
+
+namespace linealis::desktop {
+
+namespace {
+
+const QString padFolderKey = QStringLiteral("folders/pad");
+
+// What the list of backs offers besides the kinds.
+const QString blankBack;
+const QString sameBack = QStringLiteral("same");
+
+QString PadProgram()
+{
+    const std::string calledAs = QCoreApplication::applicationFilePath().toStdString();
+    return ToQt(HelperProgram(calledAs.c_str(), padProgram).string());
+}
+
+/// Returns the size of a sheet in the unit of its form.
+QString SizeText(const PaperSize& size, bool inInches)
+{
+    const auto text = [=](std::int64_t points) {
+        const double inches = static_cast<double>(points) / pointsPerInch;
+        return inInches ? QString::number(inches, 'g', 4) : QString::number(inches * 25.4, 'f', 0);
+    };
+    return QStringLiteral("%1 × %2 %3")
+        .arg(text(size.width), text(size.height), inInches ? QStringLiteral("in") : QStringLiteral("mm"));
+}
+
+/// Returns what the program has said, without the name of the program at the start of each line.
+QString Words(const QByteArray& errors)
+{
+    QStringList lines = QString::fromUtf8(errors).trimmed().split(QLatin1Char('\n'));
+    for (QString& line : lines) {
+        constexpr QLatin1String prefix("linealis-cli: ");
+        if (line.startsWith(prefix)) {
+            line.remove(0, prefix.size());
+        }
+        line = line.left(1).toUpper() + line.mid(1);
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+}  // namespace
+
+PadDialog::PadDialog(DesktopPlatform& thePlatform, const PaperKind& theKind, PaperWindow& theWindow,
+                     QString theName, QWidget* parent)
+    : QDialog(parent), platform(thePlatform), kind(theKind), window(theWindow), page(theWindow.ReadPage()),
+      name(std::move(theName))
+{
+    setObjectName(QStringLiteral("pad"));
+    setWindowTitle(tr("Print Pad"));
+    picture = new PadPicture(page);
+    summary->setObjectName(QStringLiteral("PadSummary"));
+    summary->setAlignment(Qt::AlignCenter);
+    said->setObjectName(QStringLiteral("PadMessage"));
+    said->setTextFormat(Qt::PlainText);
+    said->setWordWrap(true);
+    said->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    said->hide();
+    progress->setRange(0, 0);  // busy: the program does not tell how far it is
+    progress->setTextVisible(false);
+    progress->setAccessibleName(tr("Making the pad"));
+    progress->hide();
+
+    constexpr int margin = 16, spacing = 8;
+    auto* const rows = new QFormLayout(fields);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setVerticalSpacing(spacing);
+    rows->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    rows->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+    AddFields(*rows);
+    auto* const right = new QVBoxLayout;
+    right->setSpacing(spacing);
+    right->addWidget(picture, 1);
+    right->addWidget(summary);
+    auto* const middle = new QHBoxLayout;
+    middle->setSpacing(2 * spacing);
+    middle->addWidget(fields, 0, Qt::AlignTop);
+    middle->addLayout(right, 1);
+    auto* const all = new QVBoxLayout(this);
+    all->setContentsMargins(margin, margin, margin, margin);
+    all->setSpacing(spacing);
+    all->addLayout(middle, 1);
+    all->addWidget(said);
+    all->addWidget(progress);
+    all->addWidget(MakeButtons());
+    print->setDefault(true);  // a button can become the default only once it is in the dialog
+
+    connect(&program, &QProcess::finished, this, &PadDialog::Finished);
+    connect(&program, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart) {
+            ShowWorking(false);
+            said->setText(
+                tr("Cannot run the program that makes pads, %1: %2").arg(program.program(), program.errorString()));
+        }
+    });
+    Restore();
+    FillPresets();
+    ShowPad();
+    pages->setFocus();
+    pages->selectAll();
+}
+
+PadDialog::~PadDialog()
+{
+    Stop();
+}
+
+void PadDialog::AddFields(QFormLayout& rows)
+{
+    const auto add = [&](const QString& caption, QWidget* widget, const char* objectName) {
+        widget->setObjectName(QString::fromLatin1(objectName));
+        rows.addRow(caption, widget);
+    };
+    pages->setRange(1, mostPadPages);
+    for (const std::size_t count : possiblePagesUp) {
+        const auto number = static_cast<int>(count);
+        up->addItem(number == 1 ? tr("1 page") : tr("%1 pages, with cut marks").arg(number), number);
+    }
+    numbers = new QCheckBox(tr("&Number the pages"));
+    numbers->setToolTip(tr("In the order of the stacks after cutting"));
+    copies->setRange(1, mostPadCopies);
+    FillBacks();
+    add(tr("&Pages:"), pages, "PadPages");
+    add(tr("On each &side:"), up, "PadUp");
+    add(QString(), numbers, "PadNumbers");
+    add(tr("&Back:"), back, "PadBack");
+    add(tr("P&reset:"), preset, "PadPreset");
+    add(tr("&Copies:"), copies, "PadCopies");
+    for (QSpinBox* const box : {pages, copies}) {
+        connect(box, &QSpinBox::valueChanged, this, &PadDialog::ShowPad);
+    }
+    connect(up, &QComboBox::currentIndexChanged, this, &PadDialog::ShowPad);
+    connect(numbers, &QCheckBox::toggled, this, &PadDialog::ShowPad);
+    connect(back, &QComboBox::currentIndexChanged, this, &PadDialog::FillPresets);
+    connect(preset, &QComboBox::currentIndexChanged, this, [this] {
+        MakeBack();
+        ShowPad();
+    });
+}
+
+void PadDialog::FillBacks()
+{
+    back->addItem(tr("Blank"), blankBack);
+    back->addItem(tr("Same as the front"), sameBack);
+    back->insertSeparator(back->count());
+    for (const PaperKind& each : PaperKinds()) {
+        back->addItem(ToQt(each.galleryTitle).simplified(), ToQt(each.name));
+    }
+}
+
+void PadDialog::FillPresets()
+{
+    const QString chosen = back->currentData().toString();
+    preset->clear();
+    preset->addItem(tr("None"), QString());
+    for (const Preset* const each : PresetsFor(!page.frame.IsInInches())) {
+        if (ToQt(each->kind) == chosen) {
+            preset->addItem(ToQt(each->title), ToQt(each->id));
+        }
+    }
+    preset->setEnabled(preset->count() > 1);
+    MakeBack();
+    ShowPad();
+}
+
+QWidget* PadDialog::MakeButtons()
+{
+    auto* const buttons = new QDialogButtonBox;
+    print = buttons->addButton(tr("Print..."), QDialogButtonBox::AcceptRole);
+    save = buttons->addButton(tr("Save PDF..."), QDialogButtonBox::AcceptRole);
+    cancel = buttons->addButton(QDialogButtonBox::Cancel);
+    print->setObjectName(QStringLiteral("PadPrint"));
+    save->setObjectName(QStringLiteral("PadSave"));
+    cancel->setObjectName(QStringLiteral("PadCancel"));
+    connect(print, &QPushButton::clicked, this, [this] {
+        Keep();
+        done(printing);
+    });
+    connect(save, &QPushButton::clicked, this, &PadDialog::Save);
+    connect(cancel, &QPushButton::clicked, this, [this] { IsWorking() ? Stop() : reject(); });
+    if (const QString path = PadProgram(); !QFileInfo(path).isExecutable()) {
+        save->setEnabled(false);
+        said->setText(
+            tr("A PDF file cannot be saved: the program that makes pads, %1, is not installed.").arg(path));
+        said->show();
+    }
+    return buttons;
+}
+
+PadLayout PadDialog::Layout() const
+{
+    return {static_cast<std::size_t>(pages->value()),
+            static_cast<std::size_t>(up->currentData().toInt()),
+            numbers->isChecked(),
+            {page.frame.paperWidth, page.frame.paperHeight}};
+}
+
+std::optional<PaperPage> PadDialog::Back() const
+{
+    if (back->currentData() == sameBack) {
+        return page;
+    }
+    return backWindow == nullptr ? std::nullopt : std::optional(backWindow->ReadPage());
+}
+
+void PadDialog::MakeBack()
+{
+    backWindow.reset();
+    const std::string chosen = back->currentData().toString().toStdString();
+    const PaperKind* const backKind = FindPaperKind(chosen);
+    if (backKind == nullptr) {
+        return;
+    }
+    const Preset* const used = FindPreset(preset->currentData().toString().toStdString());
+    backWindow = used == nullptr ? MakeWindow(*backKind, backPlatform) : MakeWindow(*used, backPlatform);
+    TakePaperOf(window.form, chosen, backWindow->form);
+}
+
+void PadDialog::ShowPad()
+{
+    const PadLayout layout = Layout();
+    const auto sheets = static_cast<int>(layout.Sheets()) * copies->value();
+    std::optional<PaperPage> backPage = Back();
+    const QString size = SizeText(layout.Side(), page.frame.IsInInches());
+    QString text = sheets == 1 ? tr("1 sheet of %1").arg(size) : tr("%1 sheets of %2").arg(sheets).arg(size);
+    if (backPage) {
+        text += tr(", printed on both sides");
+    }
+    summary->setText(text);
+    picture->setAccessibleDescription(text);
+    picture->Show(layout, std::move(backPage));
+}
+
+void PadDialog::Keep() const
+{
+    WindowSettings settings;
+    settings.setValue(QStringLiteral("pad/pages"), pages->value());
+    settings.setValue(QStringLiteral("pad/up"), up->currentData());
+    settings.setValue(QStringLiteral("pad/numbers"), numbers->isChecked());
+    settings.setValue(QStringLiteral("pad/copies"), copies->value());
+}
+
+void PadDialog::Restore()
+{
+    const WindowSettings settings;
+    const PadLayout usual;
+    pages->setValue(settings.value(QStringLiteral("pad/pages"), static_cast<int>(usual.pages)).toInt());
+    up->setCurrentIndex(std::max(up->findData(settings.value(QStringLiteral("pad/up"), 1)), 0));
+    numbers->setChecked(settings.value(QStringLiteral("pad/numbers")).toBool());
+    copies->setValue(settings.value(QStringLiteral("pad/copies"), 1).toInt());
+}
+
+QString PadDialog::AskForFile()
+{
+    QFileDialog dialog(this, tr("Save Pad"));
+    GoToFolder(dialog, padFolderKey);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilter(QStringLiteral("PDF (*.pdf)"));
+    dialog.setDefaultSuffix(QStringLiteral("pdf"));
+    dialog.selectFile(tr("%1 pad.pdf").arg(name));
+    if (platform.RunModal(dialog) != QDialog::Accepted) {
+        return {};
+    }
+    KeepFolder(dialog, padFolderKey);
+    return dialog.selectedFiles().value(0);
+}
+
+std::optional<QStringList> PadDialog::Arguments(const QString& path)
+{
+    const QString form = folder.filePath(QStringLiteral("form.json"));
+    QFile file(form);
+    const QByteArray json = QByteArray::fromStdString(CarriedForm(kind, window.form));
+    if (!file.open(QIODevice::WriteOnly) || file.write(json) != json.size() || !file.flush()) {
+        said->setText(tr("%1 was not written: %2").arg(form, file.errorString()));
+        return std::nullopt;
+    }
+    const PadLayout layout = Layout();
+    QStringList arguments = {QStringLiteral("pad"),
+                             QStringLiteral("--form"),
+                             form,
+                             QStringLiteral("--pages"),
+                             QString::number(layout.pages),
+                             QStringLiteral("--up"),
+                             QString::number(layout.up),
+                             QStringLiteral("--copies"),
+                             QString::number(copies->value()),
+                             QStringLiteral("--output"),
+                             path};
+    if (layout.hasNumbers) {
+        arguments << QStringLiteral("--numbers");
+    }
+    if (const QString chosen = back->currentData().toString(); chosen == sameBack) {
+        arguments << QStringLiteral("--back") << form;
+    } else if (chosen != blankBack) {
+        const QString id = preset->currentData().toString();
+        arguments << QStringLiteral("--back") << (id.isEmpty() ? chosen : id);
+    }
+    if (const auto* const markers = window.form.Find<CheckBox>("CheckBoxMarkers");
+        markers != nullptr && markers->Value()) {
+        if (const FolderItem given = platform.GetOpenFolderItem(textFileType); !given.IsEmpty()) {
+            arguments << QStringLiteral("--markers") << ToQt(given.Path().string());
+        }
+    }
+    return arguments;
+}
+
+void PadDialog::Save()
+{
+    const QString path = AskForFile();
+    if (path.isEmpty()) {
+        return;
+    }
+    Keep();
+    const std::optional<QStringList> arguments = Arguments(path);
+    if (!arguments) {
+        said->show();
+        return;
+    }
+    target = path;
+    isStopped = false;
+    ShowWorking(true);
+    program.start(PadProgram(), *arguments);
+}
+
+void PadDialog::ShowWorking(bool works)
+{
+    fields->setEnabled(!works);
+    print->setEnabled(!works);
+    save->setEnabled(!works);
+    progress->setVisible(works);
+    said->setVisible(!works);
+    if (works) {
+        cancel->setFocus();
+    }
+}
+
+void PadDialog::Finished(int status, QProcess::ExitStatus how)
+{
+    ShowWorking(false);
+    const QByteArray errors = program.readAllStandardError();
+    const QString fileName = QFileInfo(target).fileName();
+    if (isStopped) {
+        said->setText(tr("Canceled; %1 is unchanged").arg(fileName));
+    } else if (how == QProcess::CrashExit) {
+        said->setText(tr("%1 was not written: the program that makes pads has crashed").arg(fileName));
+    } else if (status != 0) {
+        said->setText(Words(errors));
+    } else {
+        saved = target;
+        if (errors.trimmed().isEmpty()) {
+            accept();
+            return;
+        }
+        said->setText(tr("Wrote %1.").arg(fileName) + QLatin1Char('\n') + Words(errors));
+        cancel->setText(tr("&Close"));
+    }
+}
+
+void PadDialog::Stop()
+{
+    constexpr int patience = 3000;  // milliseconds
+    if (IsWorking()) {
+        isStopped = true;
+        program.terminate();  // the program removes the unfinished file
+        if (!program.waitForFinished(patience)) {
+            program.kill();
+        }
+    }
+}
+
+void PadDialog::reject()
+{
+    Stop();
+    QDialog::reject();
+}
+
+}  // namespace linealis::desktop

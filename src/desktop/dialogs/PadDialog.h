@@ -1,0 +1,103 @@
+#pragma once
+
+#include "desktop/system/DesktopPlatform.h"
+#include "kinds/PadSheet.h"
+#include "kinds/PaperKinds.h"
+#include "platform/ScreenlessPlatform.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QFormLayout>
+#include <QLabel>
+#include <QProcess>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QString>
+#include <QTemporaryDir>
+#include <memory>
+#include <optional>
+
+namespace linealis::desktop {
+
+class PadPicture;
+
+/// Asks how to print a pad of the page of a window, and saves it as a PDF file with the program that makes pads.
+/// Printing it is up to the caller, which closes the dialog first.
+class PadDialog final : public QDialog {
+    Q_OBJECT
+
+public:
+    /// The result of the dialog if the pad is to be printed.
+    static constexpr int printing = 2;
+
+    /// `theWindow` must be of the kind. `name` is the proposed file name without an extension.
+    PadDialog(DesktopPlatform& thePlatform, const PaperKind& theKind, PaperWindow& theWindow, QString theName,
+              QWidget* parent);
+    ~PadDialog() override;
+    PadDialog(const PadDialog&) = delete;
+    PadDialog& operator=(const PadDialog&) = delete;
+
+    PadLayout Layout() const;
+    int Copies() const { return copies->value(); }
+    /// Returns the page for the backs; nothing if they stay blank.
+    std::optional<PaperPage> Back() const;
+    /// Returns the path of the file that was saved last; empty if there is none.
+    QString SavedFile() const { return saved; }
+
+    void reject() override;
+
+private:
+    void AddFields(QFormLayout& rows);
+    void FillBacks();
+    /// Lists the presets of the chosen back.
+    void FillPresets();
+    QWidget* MakeButtons();
+    /// Makes the paper of the chosen back.
+    void MakeBack();
+    void ShowPad();
+    void Keep() const;
+    void Restore();
+
+    void Save();
+    /// Returns the command line for the program that makes pads, or nothing if its input cannot be written.
+    std::optional<QStringList> Arguments(const QString& path);
+    QString AskForFile();
+    void Finished(int status, QProcess::ExitStatus how);
+    void Stop();
+    /// Shows that the work has begun or ended.
+    void ShowWorking(bool works);
+    bool IsWorking() const { return program.state() != QProcess::NotRunning; }
+
+    DesktopPlatform& platform;
+    const PaperKind& kind;
+    PaperWindow& window;
+    const PaperPage page;
+    QString name;
+    ScreenlessPlatform backPlatform;  ///< of the window below
+    std::unique_ptr<PaperWindow> backWindow;
+
+    QWidget* fields = new QWidget;
+    QSpinBox* pages = new QSpinBox;
+    QComboBox* up = new QComboBox;
+    QCheckBox* numbers = nullptr;
+    QComboBox* back = new QComboBox;
+    QComboBox* preset = new QComboBox;
+    QSpinBox* copies = new QSpinBox;
+    PadPicture* picture = nullptr;
+    QLabel* summary = new QLabel;
+    QLabel* said = new QLabel;
+    QProgressBar* progress = new QProgressBar;
+    QPushButton* save = nullptr;
+    QPushButton* print = nullptr;
+    QPushButton* cancel = nullptr;
+
+    QTemporaryDir folder;  ///< private to the user; for the form that is handed over
+    QProcess program;
+    QString target;  ///< the file that the program is writing
+    QString saved;
+    bool isStopped = false;
+};
+
+}  // namespace linealis::desktop
