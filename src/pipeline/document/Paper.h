@@ -35,7 +35,7 @@ struct Paper {
 };
 
 /// Creates the paper of a kind from its form type. Calls the overloads of Settings and Read for that type and, if
-/// they exist, Warn and MakeWizard.
+/// they exist, Warn, TitleZero and MakeWizard.
 template <typename KindForm>
 Paper MakePaper(const Platform& platform)
 {
@@ -50,9 +50,15 @@ Paper MakePaper(const Platform& platform)
         if constexpr (requires { Warn(kindForm, read); }) {
             warnings = Warn(kindForm, read);
         }
+        std::vector<PrintedField> printed = PrintedFields(kindForm);
+        if constexpr (requires { TitleZero(read, Role()); }) {
+            for (PrintedField& field : printed) {
+                field.zero = TitleZero(read, field.role);
+            }
+        }
         PaperPage page = PageOf(std::move(read));
         page.warnings = FormWarnings(kindForm, page.frame, std::move(warnings));
-        page.printed = PrintedFields(kindForm);
+        page.printed = std::move(printed);
         return page;
     };
     if constexpr (requires { MakeWizard(*form); }) {
