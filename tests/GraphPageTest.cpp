@@ -77,6 +77,22 @@ TEST_F(GraphMarkers, WithoutAFileThereAreNoneAndNoError)
     EXPECT_TRUE(platform.messages.empty());
 }
 
+TEST_F(GraphMarkers, AChosenFileIsUsedWithoutAQuestion)
+{
+    const Names plain = Generate();
+    WriteFile(folder / "chosen", "1 2 a\n");
+    platform.openAnswer = FolderItem(folder / "asked");
+    window->ChooseMarkerFile(FolderItem(folder / "chosen"));
+    EXPECT_EQ(Draw().texts.size(), 4U);
+    WriteFile(folder / "chosen", "1 2 a\n2 3 b\n");
+    EXPECT_EQ(Draw().texts.size(), 5U) << "as the file is now";
+    fs::remove(folder / "chosen");
+    EXPECT_EQ(Generate(), plain);
+    EXPECT_NE(platform.notes.back().find("so no markers are drawn"), std::string::npos);
+    window->ChooseMarkerFile({});
+    EXPECT_EQ(Markers("1 2 a").size(), 1U) << "asked for again";
+}
+
 class GraphPage : public testing::Test, protected Paper {
 protected:
     GraphPage() : Paper("graph") {}

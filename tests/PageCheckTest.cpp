@@ -156,6 +156,22 @@ TEST(PageCheck, LooksAtTheMarkerFile)
               1U);
 }
 
+TEST(PageCheck, NumbersTheFaultyLinesOfAMarkerFile)
+{
+    const TemporaryFolder folder;
+    WriteFile(folder / "m.txt", "1 2 a\r\none 2 b\r\n\r\n1  2 c\r\n-1,5 2e1\r\n3 4 d e f");
+    EXPECT_EQ(MarkerFaults(MarkerFile(FolderItem(folder / "m.txt"))),
+              (Names{"Marker file, line 2: “one” is not a number", "Marker file, line 4: a value is missing",
+                     "Marker file, line 5: there is no text"}));
+    std::string lines;
+    for (int i = 0; i < 100; ++i) {
+        lines += "x 0 a\n";
+    }
+    WriteFile(folder / "m.txt", lines);
+    const Names faults = MarkerFaults(MarkerFile(FolderItem(folder / "m.txt")));
+    EXPECT_EQ(faults.back(), "Marker file: " + std::to_string(101 - faults.size()) + " more lines with faults");
+}
+
 TEST(PageCheck, CommandLineWritesNothing)
 {
     const TemporaryFolder folder;

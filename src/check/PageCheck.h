@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pipeline/document/MarkerFile.h"
 #include "pipeline/form/PaperForm.h"
 #include "pipeline/page/PageJob.h"
 #include "platform/FolderItem.h"
@@ -25,8 +26,13 @@ PageWarnings ContentWarnings(const PaperPage& page, std::string_view content, st
 /// Returns all problems of a page: those of its form and those of its content.
 PageWarnings WarningsOf(const DrawnPage& page);
 
-/// Returns what is wrong with the lines of a marker file, or why the file has no effect. Checks only the first
-/// BinaryStream::longestField bytes. Returns nothing if the form has no markers or `file` is empty.
+/// Returns what is wrong with the lines of a marker file, or why the file has no effect. Looks for what is wrong
+/// with all lines in the first BinaryStream::longestField bytes only. Returns nothing if the form has no markers or
+/// `file` is empty.
 PageWarnings MarkerWarnings(const PaperForm& form, const FolderItem& file);
+
+/// Returns the lines of a marker file that are no markers, by number from 1: a value that is not a number, or no
+/// text. Names the first of them one by one and counts the rest. A line without any text is none.
+std::vector<std::string> MarkerFaults(const MarkerFile& file);
 
 }  // namespace linealis

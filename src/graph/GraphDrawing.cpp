@@ -13,6 +13,12 @@ double LinesInRoom(const GraphAxis& axis, double usable)
     return static_cast<double>(truncated(usable / axis.lineSpacing)) + 1.0;
 }
 
+/// Returns the size of the grid along an axis in points. A whole number.
+double GridSize(const GraphAxis& axis, double numLines)
+{
+    return static_cast<double>(truncated((numLines - 1.0) * axis.lineSpacing));
+}
+
 /// Describes the type of an axis in a few words.
 std::string AxisWords(const GraphAxis& axis)
 {
@@ -33,6 +39,13 @@ std::string AxisWords(const GraphAxis& axis)
 void Draw(const GraphPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask)
 {
     GraphDrawing(page, pdf, turns, ask).DoGraph();
+}
+
+Point TitleZero(const GraphPage& page, Role title)
+{
+    const double height = GridSize(page.y, LinesInRoom(page.y, page.frame.UsableHeight()));
+    return {title == "title.page" ? 0.0 : page.frame.leftMargin,
+            page.frame.topMargin + page.frame.bottomMargin + height};
 }
 
 void GraphDrawing::DoGraph()
@@ -62,7 +75,7 @@ void GraphDrawing::DoGraph()
 void GraphDrawing::MeasureGrid(Axis& axis)
 {
     axis.numLines = LinesInRoom(axis.form, axis.usable);
-    axis.graphSize = static_cast<double>(truncated((axis.numLines - 1.0) * axis.form.lineSpacing));
+    axis.graphSize = GridSize(axis.form, axis.numLines);
 }
 
 void GraphDrawing::PlotAxesThatFillTheRoom()
@@ -176,7 +189,7 @@ void GraphDrawing::DrawXAxisTitle()
         pdf.SetTextPos(static_cast<double>(truncated(x.usable / 2.0 + leftMargin - w / 2.0)),
                        static_cast<double>(truncated(bottomMargin + y.zero - 25.0)));
     } else {
-        pdf.SetTextPos(page.x.titleX + leftMargin, page.frame.topMargin + bottomMargin + y.usable - page.x.titleY);
+        pdf.SetTextPos(page.x.titleX + leftMargin, TitleZero(page, x.roles.title).y - page.x.titleY);
     }
     pdf.Show(page.x.title);
 }
@@ -193,7 +206,7 @@ void GraphDrawing::DrawYAxisTitle()
                         static_cast<double>(truncated(y.usable / 2.0 + bottomMargin - w / 2.0)));
     } else {
         pdf.ShowRotated(page.y.title, upwards, page.y.titleX + leftMargin,
-                        page.frame.topMargin + bottomMargin + y.usable - page.y.titleY);
+                        TitleZero(page, y.roles.title).y - page.y.titleY);
     }
 }
 
@@ -204,7 +217,7 @@ void GraphDrawing::DrawTitle()
     const double w = WidthOf(page.title, page.titleSize);
     // Unlike in the axis titles, a given X is measured from the edge of the page.
     const double atX = page.titleIsCentred ? x.usable / 2.0 + leftMargin - w / 2.0 : page.titleX;
-    pdf.SetTextPos(atX, page.frame.topMargin + bottomMargin + y.usable - page.titleY);
+    pdf.SetTextPos(atX, TitleZero(page, "title.page").y - page.titleY);
     pdf.Show(page.title);
 }
 

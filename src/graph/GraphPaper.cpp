@@ -201,14 +201,20 @@ AxisTitleRow::AxisTitleRow(PaperForm& form, AxisName axis)
              Of(axis, "x-axis-title-x", "y-axis-title-x"),
              "X:",
              Of(axis, "2.9", "3.1"),
-             {.beside = true, .meaning = Meaning::Length, .governs = {RolesOf(axis).title}}},
+             {.beside = true,
+              .meaning = Meaning::Length,
+              .direction = Direction::Horizontal,
+              .governs = {RolesOf(axis).title}}},
       titleY{form,
              Group::Text,
              Of(axis, "EditXAxisTitleY", "EditYAxisTitleY"),
              Of(axis, "x-axis-title-y", "y-axis-title-y"),
              "Y:",
              Of(axis, "6.4", "4"),
-             {.beside = true, .meaning = Meaning::Length, .governs = {RolesOf(axis).title}}}
+             {.beside = true,
+              .meaning = Meaning::Length,
+              .direction = Direction::Vertical,
+              .governs = {RolesOf(axis).title}}}
 {}
 
 GraphForm::GraphForm() : PaperForm({.top = "1.5", .bottom = "0.5", .left = "0.75", .right = "0.75"})

@@ -144,14 +144,18 @@ struct GraphForm final : PaperForm {
                          "page-title-x",
                          "X:",
                          "2.6",
-                         {.beside = true, .meaning = Meaning::TitlePlace, .governs = {"title.page"}}};
-    TextField EditTitleY{*this,
-                         Group::Text,
-                         "EditTitleY",
-                         "page-title-y",
-                         "Y:",
-                         "1",
-                         {.beside = true, .meaning = Meaning::Length, .governs = {"title.page"}}};
+                         {.beside = true,
+                          .meaning = Meaning::TitlePlace,
+                          .direction = Direction::Horizontal,
+                          .governs = {"title.page"}}};
+    TextField EditTitleY{
+        *this,
+        Group::Text,
+        "EditTitleY",
+        "page-title-y",
+        "Y:",
+        "1",
+        {.beside = true, .meaning = Meaning::Length, .direction = Direction::Vertical, .governs = {"title.page"}}};
     AxisTitleRow xTitle{*this, AxisName::x};
     AxisTitleRow yTitle{*this, AxisName::y};
     Popup PopupFont1{*this,
@@ -235,6 +239,9 @@ GraphPage Read(const GraphForm& form);
 void Draw(const GraphPage& page, MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask);
 std::string Describe(const GraphPage& page);
 PageWarnings Warn(const GraphForm& form, const GraphPage& page);
+/// Returns where a title whose fields X and Y are 0 stands, in points. Y is measured downward from the grid's
+/// height above both margins; X from the left edge of the page, or, for an axis title, from the left margin.
+Point TitleZero(const GraphPage& page, Role title);
 std::unique_ptr<Wizard> MakeWizard(GraphForm& form);
 std::unique_ptr<RangeWizard> MakeRangeWizard(GraphForm& form);
 

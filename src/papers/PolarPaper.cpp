@@ -157,7 +157,7 @@ void PolarDrawing::DrawTitle()
     pdf.SetRole("title");
     pdf.SetFont(page.font, page.titleSize);
     const double titleWidth = MyPDFGenerator::StringWidth(page.title, page.font, truncated(page.titleSize));
-    const double y = (page.frame.topMargin + page.frame.bottomMargin + usableHeight) - page.titleY;
+    const double y = TitleZero(page, "title").y - page.titleY;
     const double x =
         page.titleIsCentred ? usableWidth / 2.0 + page.frame.leftMargin - titleWidth / 2.0 : page.titleX;
     pdf.SetTextPos(x, y);
@@ -167,6 +167,11 @@ void PolarDrawing::DrawTitle()
 }
 
 }  // namespace
+
+Point TitleZero(const PolarPage& page, Role /*title*/)
+{
+    return {0.0, page.frame.topMargin + page.frame.bottomMargin + UsableHeight(page)};
+}
 
 std::string PolarForm::WhyIdle(const Control& control) const
 {

@@ -98,20 +98,22 @@ struct PolarForm final : PaperForm {
                         "Title:",
                         "Sample Polar Graph Paper",
                         {.meaning = Meaning::Prose, .governs = {"title"}}};
-    TextField EditTitleX{*this,
-                         Group::Text,
-                         "EditTitleX",
-                         "title-x",
-                         "X:",
-                         "2.6",
-                         {.beside = true, .meaning = Meaning::TitlePlace, .governs = {"title"}}};
-    TextField EditTitleY{*this,
-                         Group::Text,
-                         "EditTitleY",
-                         "title-y",
-                         "Y:",
-                         "1",
-                         {.beside = true, .meaning = Meaning::Length, .governs = {"title"}}};
+    TextField EditTitleX{
+        *this,
+        Group::Text,
+        "EditTitleX",
+        "title-x",
+        "X:",
+        "2.6",
+        {.beside = true, .meaning = Meaning::TitlePlace, .direction = Direction::Horizontal, .governs = {"title"}}};
+    TextField EditTitleY{
+        *this,
+        Group::Text,
+        "EditTitleY",
+        "title-y",
+        "Y:",
+        "1",
+        {.beside = true, .meaning = Meaning::Length, .direction = Direction::Vertical, .governs = {"title"}}};
     TextField EditTitleSize{*this,
                             Group::Text,
                             "EditTitleSize",
@@ -154,6 +156,8 @@ SettingsTable Settings(PolarForm& form);
 PolarPage Read(const PolarForm& form);
 void Draw(const PolarPage& page, MyPDFGenerator& pdf, Turns& turns);
 std::string Describe(const PolarPage& page);
+/// Returns where a title whose fields X and Y are 0 stands, in points.
+Point TitleZero(const PolarPage& page, Role title);
 PageWarnings Warn(const PolarForm& form, const PolarPage& page);
 
 }  // namespace linealis

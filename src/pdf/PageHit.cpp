@@ -11,6 +11,14 @@ namespace linealis {
 
 namespace {
 
+// How far a text reaches below and above its base line, as shares of its size.
+constexpr double textBelow = -0.2, textAbove = 0.8;
+
+double WidthOf(const PageText& text)
+{
+    return ShownWidth(StandardFontOf(text.font), text.bytes) * text.size;
+}
+
 double DistanceToLine(const Point& point, const Point& from, const Point& to)
 {
     const double dx = to.x - from.x, dy = to.y - from.y, squaredLength = dx * dx + dy * dy;
@@ -61,13 +69,11 @@ public:
 
     bool Text(const PageText& text) override
     {
-        constexpr double below = -0.2, above = 0.8;  // of the size, about the base line
         const auto& [a, b, c, d, e, f] = text.matrix;
         const double determinant = a * d - b * c;
         const double x = point.x / xScale - e, y = point.y / yScale - f;
         const double along = (d * x - c * y) / determinant, up = (a * y - b * x) / determinant;
-        const double width = ShownWidth(StandardFontOf(text.font), text.bytes) * text.size;
-        if (along >= 0.0 && along <= width && up >= below * text.size && up <= above * text.size) {
+        if (along >= 0.0 && along <= WidthOf(text) && up >= textBelow * text.size && up <= textAbove * text.size) {
             nearest = -1.0;  // no line is nearer
             found = role;
         }
@@ -117,7 +123,61 @@ private:
     Role found;
 };
 
+/// Collects the texts that have one of the roles.
+class TextSink final : public PageSink {
+public:
+    explicit TextSink(const RoleSet& theRoles) : roles(theRoles) {}
+
+    bool Scale(double sx, double sy) override
+    {
+        xScale = sx;
+        yScale = sy;
+        return true;
+    }
+    bool Stroke(PagePath /*path*/, const PagePen& /*pen*/) override { return true; }
+    bool Fill(PagePath /*path*/, const PageColor& /*color*/) override { return true; }
+    bool FillAndStroke(PagePath /*path*/, const PageColor& /*color*/, const PagePen& /*pen*/) override
+    {
+        return true;
+    }
+    bool Text(const PageText& text) override
+    {
+        if (!Includes(roles, role)) {
+            return true;
+        }
+        const auto& [a, b, c, d, e, f] = text.matrix;
+        TextArea placed{role, {e, f}, {e * xScale, f * yScale}, {e * xScale, f * yScale}};
+        for (const double along : {0.0, WidthOf(text)}) {
+            for (const double up : {textBelow * text.size, textAbove * text.size}) {
+                const Point corner{(a * along + c * up + e) * xScale, (b * along + d * up + f) * yScale};
+                placed.lowerLeft = {std::min(placed.lowerLeft.x, corner.x), std::min(placed.lowerLeft.y, corner.y)};
+                placed.upperRight = {std::max(placed.upperRight.x, corner.x),
+                                     std::max(placed.upperRight.y, corner.y)};
+            }
+        }
+        texts.push_back(placed);
+        return true;
+    }
+    void BeginRole(Role next) override { role = next; }
+
+    std::vector<TextArea> texts;
+
+private:
+    RoleSet roles;
+    Role role;
+    double xScale = 1.0;
+    double yScale = 1.0;
+};
+
 }  // namespace
+
+std::vector<TextArea> TextAreas(std::string_view content, std::span<const RoleRange> pageRoles,
+                                const RoleSet& roles)
+{
+    TextSink sink(roles);
+    ReadPage(content, pageRoles, sink);
+    return sink.texts;
+}
 
 Role RoleAt(std::string_view content, std::span<const RoleRange> roles, const Point& point, double reach,
             Turns& turns)

@@ -6,6 +6,7 @@
 
 #include <span>
 #include <string_view>
+#include <vector>
 
 namespace linealis {
 
@@ -14,5 +15,17 @@ namespace linealis {
 /// round of `turns`; passes on what they throw.
 Role RoleAt(std::string_view content, std::span<const RoleRange> roles, const Point& point, double reach,
             Turns& turns);
+
+/// A text of a page and the area that it covers, in points from the lower left corner.
+struct TextArea {
+    Role role;
+    Point start;      ///< where its base line begins, before the scale of the page
+    Point lowerLeft;  ///< of the area
+    Point upperRight;
+};
+
+/// Returns the texts of a page that have one of the roles, in page order.
+std::vector<TextArea> TextAreas(std::string_view content, std::span<const RoleRange> pageRoles,
+                                const RoleSet& roles);
 
 }  // namespace linealis

@@ -317,7 +317,7 @@ std::optional<QStringList> PadDialog::Arguments(const QString& path)
     }
     if (const auto* const markers = window.form.Find<CheckBox>("CheckBoxMarkers");
         markers != nullptr && markers->Value()) {
-        if (const FolderItem given = platform.GetOpenFolderItem(textFileType); !given.IsEmpty()) {
+        if (const FolderItem given = platform.GetOpenFolderItem(markerFileType); !given.IsEmpty()) {
             arguments << QStringLiteral("--markers") << ToQt(given.Path().string());
         }
     }

@@ -153,6 +153,22 @@ QWidget* FormView::TakeLastGroup()
     return group;
 }
 
+void FormView::AddBeside(const Control& control, QWidget* widget)
+{
+    QWidget* const neighbor = controls.at(&control).control.widget;
+    auto* const pair = new QWidget;
+    auto* const row = new QHBoxLayout(pair);
+    row->setContentsMargins(0, 0, 0, 0);
+    delete neighbor->parentWidget()->layout()->replaceWidget(neighbor, pair);
+    row->addWidget(neighbor);
+    row->addWidget(widget);
+    QWidget* last = neighbor;
+    for (QWidget* const part : widget->findChildren<QWidget*>()) {
+        setTabOrder(last, part);
+        last = part;
+    }
+}
+
 void FormView::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::PaletteChange) {

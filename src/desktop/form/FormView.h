@@ -38,6 +38,9 @@ public:
     /// The view keeps its controls up to date.
     QWidget* TakeLastGroup();
 
+    /// Puts a widget directly after that of a control, on the same line and next in the order of Tab. The control
+    /// must have a widget.
+    void AddBeside(const Control& control, QWidget* widget);
     /// Shows a summary of the page next to the heading of the spacings, unless there are remarks to show.
     void ShowSummary(const QString& words);
     /// Finishes the entry in the text field that has the focus, as if the user left it.

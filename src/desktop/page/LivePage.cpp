@@ -13,6 +13,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace linealis::desktop {
 
@@ -22,13 +23,15 @@ constexpr double border = 12.0;     // pixels of background around the page
 constexpr double zoomStep = 1.25;   // factor per key press or notch of the wheel
 constexpr double largestZoom = 16;  // 1600 % of the actual size
 constexpr double smallestZoom = 0.05;
+constexpr double reach = 4.0;  // pixels to a handle
+constexpr QColor lightOfMargin(242, 89, 0, 60);
 constexpr double notch = 120.0;  // of a mouse wheel, in eighths of a degree as Qt counts them
 
 /// Paints a soft shadow around the sheet, a little more below it.
 void PaintShadow(QPainter& painter, const QRectF& sheet)
 {
-    constexpr int reach = 6, opacity = 9;  // pixels; of 255, for each of the layers
-    for (int layer = 1; layer <= reach; ++layer) {
+    constexpr int blur = 6, opacity = 9;  // pixels; of 255, for each of the layers
+    for (int layer = 1; layer <= blur; ++layer) {
         painter.fillRect(sheet.adjusted(-layer, -layer / 2.0, layer, layer + 1.0), QColor(0, 0, 0, opacity));
     }
 }
@@ -42,7 +45,7 @@ LivePage::LivePage(QWidget* parent) : QAbstractScrollArea(parent)
     setFocusPolicy(Qt::StrongFocus);
     setFrameShape(QFrame::NoFrame);
     setMinimumWidth(200);
-    viewport()->setCursor(Qt::OpenHandCursor);
+    viewport()->setCursor(CursorFor({}));
     viewport()->setMouseTracking(true);
     const auto middle = [this] { return QRectF(viewport()->rect()).center(); };
     AddAction("ViewFit", tr("Fit Page"), tr("Fit"), QKeySequence(QStringLiteral("Ctrl+0")),
@@ -195,6 +198,12 @@ void LivePage::paintEvent(QPaintEvent* /*event*/)
     if (showsMargins) {
         PaintMargins(painter);
     }
+    if (litMargin) {
+        painter.fillRect(BandOf(sheet, InsideMargins(), *litMargin), lightOfMargin);
+    }
+    if (const std::optional<Side> side = SideOf(press == Press::Drags ? grabbed : hovered)) {
+        PaintEdge(painter, *side);
+    }
     if (!picture.problem.isEmpty()) {
         PaintProblem(painter);
     }
@@ -213,18 +222,19 @@ void LivePage::PaintProblem(QPainter& painter) const
 
 void LivePage::PaintMargins(QPainter& painter) const
 {
-    const double scale = PixelsPerPoint();
-    const QRectF sheet(Origin(), PaperInPixels());
-    QRegion margins(sheet.toRect());
-    margins -= QRegion(sheet
-                           .adjusted(frame.leftMargin * scale, frame.topMargin * scale, -frame.rightMargin * scale,
-                                     -frame.bottomMargin * scale)
-                           .toRect());
+    QRegion margins(QRectF(Origin(), PaperInPixels()).toRect());
+    margins -= QRegion(InsideMargins().toRect());
     // Fill the parts of the region one by one instead of clipping: Qt 6.4 ignores a clip that is set after
     // setClipping(false).
     for (const QRect& part : margins) {
         painter.fillRect(part, QColor(0, 90, 200, 40));
     }
+}
+
+void LivePage::PaintEdge(QPainter& painter, Side side) const
+{
+    painter.setPen(QPen(QColor(0, 90, 200), 1.0, Qt::DashLine));
+    painter.drawLine(EdgeOf(InsideMargins(), side));
 }
 
 void LivePage::resizeEvent(QResizeEvent* event)
@@ -255,35 +265,126 @@ QPointF LivePage::OnPage(QPointF place) const
     return {fromTop.x(), static_cast<double>(frame.paperHeight) - fromTop.y()};
 }
 
+QRectF LivePage::InsideMargins() const
+{
+    const double scale = PixelsPerPoint();
+    const auto height = static_cast<double>(frame.paperHeight);
+    return QRectF(Origin() + QPointF(frame.LeftEdge(), height - frame.TopEdge()) * scale,
+                  Origin() + QPointF(frame.RightEdge(), height - frame.BottomEdge()) * scale);
+}
+
+std::optional<PageHandle> LivePage::HandleAt(QPointF place) const
+{
+    const QPointF point = OnPage(place);
+    for (const TextArea& title : picture.titles) {
+        const bool isMovable =
+            std::find(movableTitles.begin(), movableTitles.end(), title.role) != movableTitles.end();
+        if (isMovable && point.x() >= title.lowerLeft.x && point.x() <= title.upperRight.x &&
+            point.y() >= title.lowerLeft.y && point.y() <= title.upperRight.y) {
+            return title;
+        }
+    }
+    if (const std::optional<Side> side = NearestEdge(InsideMargins(), place, reach)) {
+        return *side;
+    }
+    return std::nullopt;
+}
+
+void LivePage::LightUpMargin(std::optional<Side> side)
+{
+    if (std::exchange(litMargin, side) != side) {
+        viewport()->update();
+    }
+}
+
+void LivePage::Hover(const std::optional<PageHandle>& handle)
+{
+    if (SideOf(handle) != SideOf(hovered)) {
+        viewport()->update();
+    }
+    hovered = handle;
+    viewport()->setCursor(CursorFor(hovered));
+}
+
+void LivePage::DragPage(const QMouseEvent& event)
+{
+    const QPoint moved = event.position().toPoint() - dragged;
+    dragged = event.position().toPoint();
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() - moved.x());
+    verticalScrollBar()->setValue(verticalScrollBar()->value() - moved.y());
+}
+
+void LivePage::DragHandle(const QMouseEvent& event)
+{
+    const QPointF moved = event.position() - pressed;
+    if (press == Press::Grabs && moved.manhattanLength() >= QApplication::startDragDistance()) {
+        press = Press::Drags;
+        emit DragBegan(*grabbed);
+    }
+    if (press == Press::Drags) {
+        const bool isFine = (event.modifiers() & (Qt::AltModifier | Qt::ControlModifier)) != 0;
+        emit Dragged(QPointF(moved.x(), -moved.y()) / PixelsPerPoint(), isFine ? Grain::Fine : Grain::Coarse);
+    }
+}
+
+void LivePage::EndDrag()
+{
+    press = Press::Scrolls;
+    emit DragEnded();
+}
+
+void LivePage::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape && press == Press::Drags) {
+        press = Press::IsCanceled;
+        emit DragCanceled();
+    } else {
+        QAbstractScrollArea::keyPressEvent(event);
+    }
+}
+
 void LivePage::mousePressEvent(QMouseEvent* event)
 {
-    dragged = pressed = event->position().toPoint();
+    if (event->button() == Qt::LeftButton) {
+        dragged = pressed = event->position().toPoint();
+        grabbed = HandleAt(event->position());
+        press = grabbed ? Press::Grabs : Press::Scrolls;
+    }
 }
 
 void LivePage::mouseReleaseEvent(QMouseEvent* event)
 {
-    const QPoint moved = event->position().toPoint() - pressed;
-    // A longer move is a drag, which has scrolled the page.
-    if (event->button() == Qt::LeftButton && moved.manhattanLength() < QApplication::startDragDistance()) {
-        emit Clicked(OnPage(event->position()));
+    if (event->button() != Qt::LeftButton) {
+        return;
     }
+    const QPoint moved = event->position().toPoint() - pressed;
+    if (press == Press::Drags) {
+        EndDrag();
+    } else if (press != Press::IsCanceled && moved.manhattanLength() < QApplication::startDragDistance()) {
+        emit Clicked(OnPage(event->position()));  // a longer move has scrolled the page
+    }
+    Hover(HandleAt(event->position()));
 }
 
 void LivePage::mouseMoveEvent(QMouseEvent* event)
 {
     emit PointerMoved(event->position());
     if (!event->buttons().testFlag(Qt::LeftButton)) {
-        return;
+        if (press == Press::Drags) {  // the release went elsewhere
+            EndDrag();
+        }
+        Hover(HandleAt(event->position()));
+    } else if (press == Press::Scrolls) {
+        DragPage(*event);
+    } else if (press != Press::IsCanceled) {
+        DragHandle(*event);
     }
-    const QPoint moved = event->position().toPoint() - dragged;
-    dragged = event->position().toPoint();
-    horizontalScrollBar()->setValue(horizontalScrollBar()->value() - moved.x());
-    verticalScrollBar()->setValue(verticalScrollBar()->value() - moved.y());
 }
 
 bool LivePage::viewportEvent(QEvent* event)
 {
     if (event->type() == QEvent::Leave) {
+        Hover({});
         emit PointerLeft();
     }
     if (event->type() == QEvent::ToolTip) {

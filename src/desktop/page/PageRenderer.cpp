@@ -194,17 +194,19 @@ void PageRenderer::Fulfil(const Wish& wish)
     const QString problem = damage.message.empty() || !drawnProblem.isEmpty()
                                 ? drawnProblem
                                 : tr("The page is damaged: %1").arg(QString::fromStdString(damage.message));
-    emit Rendered({image, excerpt, problem, drawnWarnings});
+    emit Rendered({image, excerpt, problem, drawnWarnings, drawnTitles});
     if (warningsAreMissing) {  // the checks take time, so the picture has been sent before
         StopIf(isNew);
         warningsAreMissing = false;
         drawnWarnings.clear();
+        drawnTitles.clear();
         if (content.size() <= longestContentChecked) {
             drawnWarnings = ContentWarnings(*wish.page, content, roles);
+            drawnTitles = TextAreas(content, roles, {"title"});
             const PageWarnings ofFonts = FontWarnings(content);
             drawnWarnings.insert(drawnWarnings.end(), ofFonts.begin(), ofFonts.end());
         }
-        emit Rendered({std::move(image), excerpt, problem, drawnWarnings});
+        emit Rendered({std::move(image), excerpt, problem, drawnWarnings, drawnTitles});
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "check/PageCheck.h"
+#include "pdf/PageHit.h"
 #include "pipeline/page/PaperPage.h"
 
 #include <QImage>
@@ -28,10 +29,11 @@ struct PageExcerpt {
 
 /// A picture of a page, or of as much of it as could be drawn.
 struct PagePicture {
-    QImage image;           ///< null if there was not enough memory
-    PageExcerpt excerpt;    ///< what the image shows
-    QString problem;        ///< why the picture does not show the whole page; empty if it does
-    PageWarnings warnings;  ///< about the content; empty if the page is too large to check
+    QImage image;                       ///< null if there was not enough memory
+    PageExcerpt excerpt;                ///< what the image shows
+    QString problem;                    ///< why the picture does not show the whole page; empty if it does
+    PageWarnings warnings;              ///< about the content; empty if the page is too large to check
+    std::vector<TextArea> titles = {};  ///< of the page; empty if it is too large to check
 };
 
 /// Draws pages and paints their content on a separate thread. Only the newest request counts: it aborts the work
@@ -54,7 +56,7 @@ public:
 
 signals:
     /// Emitted on the renderer's thread for each picture. A new page gets two pictures; the first one still has
-    /// the warnings of the previous page.
+    /// the warnings and titles of the previous page.
     void Rendered(const linealis::desktop::PagePicture& picture);
 
 private:
@@ -89,6 +91,7 @@ private:
     PageRoles roles;
     QString drawnProblem;
     PageWarnings drawnWarnings;
+    std::vector<TextArea> drawnTitles;
     bool warningsAreMissing = false;
 
     std::thread thread;  ///< the last member, because it starts at once and uses all others

@@ -7,6 +7,7 @@
 #include "desktop/page/LivePage.h"
 #include "desktop/page/LivePane.h"
 #include "desktop/system/Text.h"
+#include "desktop/window/MarkerChooser.h"
 #include "desktop/window/PaperBars.h"
 #include "kinds/PageSummary.h"
 #include "pdf/PageHit.h"
@@ -43,6 +44,13 @@ QStringList SettingsFilesIn(const QMimeData& dragged)
     return files;
 }
 
+QString MarkerFileIn(const QMimeData& dragged)
+{
+    const QList<QUrl> urls = dragged.urls();
+    const QString file = urls.size() == 1 ? urls.front().toLocalFile() : QString();
+    return QFileInfo(file).suffix().compare(QLatin1String("txt"), Qt::CaseInsensitive) == 0 ? file : QString();
+}
+
 PaperView::PaperView(DesktopPlatform& thePlatform, const PaperKind& theKind, PaperWindow& theWindow)
     : platform(thePlatform), kind(theKind), window(theWindow), history(theWindow)
 {
@@ -63,6 +71,13 @@ PaperView::~PaperView()
 void PaperView::LightUp()
 {
     livePage->LightUp(focused == nullptr ? RoleSet{} : focused->Declared().governs);
+    std::optional<Side> margin;
+    for (const Side side : {Side::Top, Side::Bottom, Side::Left, Side::Right}) {
+        if (focused == &MarginOf(window.form, side)) {
+            margin = side;
+        }
+    }
+    livePage->LightUpMargin(margin);
 }
 
 const Control* PaperView::ControlAt(const QPointF& place) const
@@ -105,6 +120,10 @@ void PaperView::FormChanged()
     const PaperPage page = window.ReadPage();
     form->ShowSummary(ToQt(page.describe()));
     formWarnings = page.warnings;
+    if (markers != nullptr && window.form.Get<CheckBox>("CheckBoxMarkers").Value()) {
+        const PageWarnings ofMarkers = markers->Warnings();
+        formWarnings.insert(formWarnings.end(), ofMarkers.begin(), ofMarkers.end());
+    }
     ShowWarnings();
     if (livePage->isVisible()) {
         livePane->Show(page, ToQt(PageSummary(kind, page)));
@@ -326,7 +345,8 @@ void PaperView::keyPressEvent(QKeyEvent* event)
 
 void PaperView::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!SettingsFilesIn(*event->mimeData()).isEmpty()) {
+    const bool isMarkerFile = markers != nullptr && !MarkerFileIn(*event->mimeData()).isEmpty();
+    if (isMarkerFile || !SettingsFilesIn(*event->mimeData()).isEmpty()) {
         event->acceptProposedAction();
     }
 }
@@ -334,7 +354,11 @@ void PaperView::dragEnterEvent(QDragEnterEvent* event)
 void PaperView::dropEvent(QDropEvent* event)
 {
     event->acceptProposedAction();
-    emit FilesDropped(SettingsFilesIn(*event->mimeData()));
+    if (const QString file = MarkerFileIn(*event->mimeData()); markers != nullptr && !file.isEmpty()) {
+        markers->Choose(file);
+    } else {
+        emit FilesDropped(SettingsFilesIn(*event->mimeData()));
+    }
 }
 
 /// Places the window when it is first shown, because only then does it have its menus and thus its final size.

@@ -22,6 +22,7 @@ class CheckButton;
 class FormView;
 class LivePage;
 class LivePane;
+class MarkerChooser;
 class PaperBottomBar;
 class PaperTopBar;
 class StatusLine;
@@ -126,6 +127,10 @@ private:
     /// Connects the widgets.
     void Connect();
     void MakePresetMenu();
+    /// Adds the choice of a marker file to the form of a kind that has markers.
+    void MakeMarkerChooser();
+    /// Uses the markers of another file, and switches the markers on.
+    void MarkersChosen();
     /// Restores the size and position of the window, and whether it shows the live page.
     void Place();
     void PrintPad();
@@ -186,6 +191,7 @@ private:
     PaperBottomBar* bottomBar = nullptr;
     StatusLine* status = nullptr;
     CheckButton* checks = nullptr;
+    MarkerChooser* markers = nullptr;  ///< null if the kind has no markers
     PageWarnings formWarnings;
     PageWarnings pageWarnings;   ///< of the page that was drawn last
     QTimer changeDelay;          ///< combines simultaneous changes into one call of FormChanged
@@ -202,5 +208,9 @@ private:
 /// Returns the local settings files, and pictures that can carry a form, among the dragged data, by their
 /// extensions.
 QStringList SettingsFilesIn(const QMimeData& dragged);
+
+/// Returns the local text file, with the extension "txt", among the dragged data; empty if there is not exactly
+/// one.
+QString MarkerFileIn(const QMimeData& dragged);
 
 }  // namespace linealis::desktop

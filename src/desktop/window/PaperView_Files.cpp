@@ -1,7 +1,9 @@
 #include "desktop/window/PaperView.h"
 
 #include "app/OwnPresets.h"
+#include "desktop/form/FormView.h"
 #include "desktop/system/Text.h"
+#include "desktop/window/MarkerChooser.h"
 #include "desktop/window/PaperBars.h"
 
 #include <QFileInfo>
@@ -12,6 +14,33 @@ void PaperView::ChangeFile()
 {
     window.ChooseOutputFile();
     changeDelay.start();
+}
+
+void PaperView::MakeMarkerChooser()
+{
+    if (!kind.hasMarkers) {
+        return;
+    }
+    markers = new MarkerChooser(platform, window);
+    form->AddBeside(window.form.Get<CheckBox>("CheckBoxMarkers"), markers);
+    connect(markers, &MarkerChooser::Chosen, this, &PaperView::MarkersChosen);
+    connect(markers, &MarkerChooser::Changed, &changeDelay, qOverload<>(&QTimer::start));
+}
+
+void PaperView::MarkersChosen()
+{
+    changeDelay.start();
+    if (window.ChosenMarkerFile().IsEmpty()) {
+        Say(tr("Generate asks for the marker file again"));
+        return;
+    }
+    DoAsStep(tr("Add Markers"), [](PaperWindow& shown) {
+        auto& box = shown.form.Get<CheckBox>("CheckBoxMarkers");
+        if (!box.Value()) {
+            box.Click(true);
+        }
+    });
+    Say(tr("Markers from %1").arg(markers->Words()));
 }
 
 void PaperView::BringBack()

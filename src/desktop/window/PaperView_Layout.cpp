@@ -5,6 +5,7 @@
 #include "desktop/page/LivePane.h"
 #include "desktop/system/Text.h"
 #include "desktop/system/WindowSettings.h"
+#include "desktop/window/PageDrag.h"
 #include "desktop/window/PaperBars.h"
 #include "desktop/window/PresetMenu.h"
 #include "desktop/window/RecentMenu.h"
@@ -76,6 +77,8 @@ void PaperView::Connect()
 {
     connect(topBar->gallery, &QToolButton::clicked, this, &PaperView::GalleryWanted);
     MakePresetMenu();
+    MakeMarkerChooser();
+    new PageDrag(*this, window, *livePage);  // belongs to the page
     connect(topBar->undo, &QToolButton::clicked, this, &PaperView::Undo);
     connect(topBar->redo, &QToolButton::clicked, this, &PaperView::Redo);
     connect(topBar->reset, &QToolButton::clicked, this, &PaperView::Reset);
@@ -104,7 +107,9 @@ void PaperView::Connect()
         }
     });
     connect(livePage, &LivePage::Rested, this, [this](QPointF place, const QPoint& onScreen) {
-        const Control* const control = ControlAt(place);
+        const auto handle = livePage->HandleAt(livePage->viewport()->mapFromGlobal(onScreen));
+        const std::optional<Side> side = SideOf(handle);
+        const Control* const control = side ? &MarginOf(window.form, *side) : ControlAt(place);
         QToolTip::showText(onScreen, control == nullptr ? QString() : ToQt(WholeName(window.form, *control)),
                            livePage);
     });

@@ -3,6 +3,7 @@
 #include "platform/BinaryStream.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace linealis {
 
@@ -36,43 +37,53 @@ std::string FaultOf(std::string_view text)
     return HasLongLine(text) ? "a line is longer than 64 KiB" : "";
 }
 
+/// Removes the first line from the text, together with its line end, and returns it without.
+std::string_view CutLine(std::string_view& text)
+{
+    const std::size_t length = std::min(text.find_first_of("\r\n"), text.size());
+    const std::string_view line = text.substr(0, length);
+    text.remove_prefix(length);
+    text.remove_prefix(text.starts_with("\r\n") ? 2 : std::min<std::size_t>(text.size(), 1));
+    return line;
+}
+
 }  // namespace
 
-MarkerFile::MarkerFile(const FolderItem& item)
+MarkerFile::MarkerFile(const FolderItem& item) : text(std::make_shared<const std::string>())
 {
     if (item.IsEmpty()) {
         return;
     }
     BinaryStream stream = item.OpenAsBinaryFile();
-    text = stream.ReadRest(longestText);
-    const std::string fault = stream.Error() ? stream.Error().message() : FaultOf(text);
+    std::string read = stream.ReadRest(longestText);
+    const std::string fault = stream.Error() ? stream.Error().message() : FaultOf(read);
     if (!fault.empty()) {
         whyNot = item.Path().string() + ": " + fault;
         return;
     }
-    rest = text;
+    text = std::make_shared<const std::string>(std::move(read));
+}
+
+std::function<bool(std::string& line)> MarkerFile::Lines() const
+{
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-    if (rest.starts_with(byteOrderMark)) {
-        rest.remove_prefix(byteOrderMark.size());
-    }
+    const std::size_t start = text->starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
+    return [all = text, rest = std::string_view(*text).substr(start)](std::string& line) mutable {
+        if (rest.empty()) {
+            return false;
+        }
+        line = CutLine(rest);
+        return true;
+    };
 }
 
-bool MarkerFile::NextLine(std::string& line)
+MarkerFields::MarkerFields(std::string_view line)
 {
-    if (rest.empty()) {
-        return false;
+    for (std::string_view* const field : {&x, &y, &text}) {
+        const std::size_t length = std::min(line.find(' '), line.size());
+        *field = line.substr(0, length);
+        line.remove_prefix(std::min(length + 1, line.size()));
     }
-    line = CutLine();
-    return true;
-}
-
-std::string_view MarkerFile::CutLine()
-{
-    const std::size_t length = std::min(rest.find_first_of("\r\n"), rest.size());
-    const std::string_view line = rest.substr(0, length);
-    rest.remove_prefix(length);
-    rest.remove_prefix(rest.starts_with("\r\n") ? 2 : std::min<std::size_t>(rest.size(), 1));
-    return line;
 }
 
 }  // namespace linealis

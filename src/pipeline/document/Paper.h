@@ -63,6 +63,13 @@ concept FormThatWarns = requires(const KindForm& form)
     Warn(form, Read(form));
 };
 
+/// A page whose titles can be dragged: a function beside its type returns where a title with places of 0 stands.
+template <typename KindPage>
+concept PageWithTitles = requires(const KindPage& page)
+{
+    TitleZero(page, Role());
+};
+
 /// A form that a wizard can fill in.
 template <typename KindForm>
 concept FormWithWizard = requires(KindForm& form)
@@ -92,9 +99,15 @@ Paper MakePaper(const Platform& platform)
         if constexpr (FormThatWarns<KindForm>) {
             warnings = Warn(kindForm, read);
         }
+        std::vector<PrintedField> printed = PrintedFields(kindForm);
+        if constexpr (PageWithTitles<decltype(read)>) {
+            for (PrintedField& field : printed) {
+                field.zero = TitleZero(read, field.role);
+            }
+        }
         PaperPage page = PageOf(std::move(read));
         page.warnings = FormWarnings(kindForm, page.frame, std::move(warnings));
-        page.printed = PrintedFields(kindForm);
+        page.printed = std::move(printed);
         return page;
     };
     if constexpr (FormWithWizard<KindForm>) {

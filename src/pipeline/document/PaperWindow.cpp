@@ -1,18 +1,27 @@
 #include "pipeline/document/PaperWindow.h"
 
 #include "pdf/OwnPdf.h"
-#include "pipeline/document/MarkerFile.h"
 #include "pipeline/form/FieldWords.h"
 
 #include <algorithm>
-#include <memory>
 #include <string>
 #include <utility>
 
 namespace linealis {
 
 namespace {
+
 constexpr const char* const suggestedPageName = "Untitled.pdf";
+
+/// Returns the page with markers of its own, so that it asks for none.
+PaperPage WithMarkers(PaperPage page, const MarkerFile& markers)
+{
+    page.doGraph = [draw = std::move(page.doGraph), markers](MyPDFGenerator& pdf, Turns& turns,
+                                                             const PageQuestions& ask) {
+        draw(pdf, turns, {.say = ask.say, .askForMarkers = [&markers] { return markers.Lines(); }});
+    };
+    return page;
+}
 
 }  // namespace
 
@@ -28,6 +37,17 @@ void PaperWindow::Restore(const WindowState& earlier)
     ourFolderItem = earlier.ourFolderItem;
 }
 
+PaperPage PaperWindow::ReadPage() const
+{
+    return markerFile.IsEmpty() ? paper.readPage() : WithMarkers(paper.readPage(), markers);
+}
+
+DrawnPage PaperWindow::DrawPage()
+{
+    UpdateMarkers();
+    return DrawPage(ReadPage());
+}
+
 DrawnPage PaperWindow::DrawPage(PaperPage read)
 {
     return linealis::DrawPage(std::move(read), turns, Dialogs());
@@ -35,7 +55,34 @@ DrawnPage PaperWindow::DrawPage(PaperPage read)
 
 void PaperWindow::ReadGUIValues()
 {
+    UpdateMarkers();
     page = ReadPage();
+}
+
+void PaperWindow::ChooseMarkerFile(const FolderItem& file)
+{
+    markerFile = file;
+    markers = MarkerFile(markerFile);
+}
+
+bool PaperWindow::ReadMarkerFile()
+{
+    const MarkerFile before = std::exchange(markers, MarkerFile(markerFile));
+    return markers != before;
+}
+
+void PaperWindow::UpdateMarkers()
+{
+    ReadMarkerFile();
+    const auto* const box = form.Find<CheckBox>("CheckBoxMarkers");
+    if (box != nullptr && box->Value() && !markers.Error().empty()) {
+        NoteNoMarkers(markers);
+    }
+}
+
+void PaperWindow::NoteNoMarkers(const MarkerFile& unusable) const
+{
+    platform.Note(unusable.Error() + ", so no markers are drawn");
 }
 
 void PaperWindow::PushButtonGenerate_Action()
@@ -103,14 +150,15 @@ void PaperWindow::DoPage()
 PageQuestions PaperWindow::Dialogs() const
 {
     return {.say = [this](const std::string& message) { platform.MsgBox(message); },
-            .askForMarkers = [this]() -> std::function<bool(std::string&)> {
-                const FolderItem chosen = platform.GetOpenFolderItem(textFileType);
-                auto file = std::make_shared<MarkerFile>(chosen);
-                if (chosen.Exists() && !file->Error().empty()) {
-                    platform.Note(file->Error() + ", so no markers are drawn");
-                }
-                return [file](std::string& line) { return file->NextLine(line); };
-            }};
+            .askForMarkers =
+                [this] {
+                    const FolderItem given = platform.GetOpenFolderItem(markerFileType);
+                    const MarkerFile file(given);
+                    if (given.Exists() && !file.Error().empty()) {
+                        NoteNoMarkers(file);
+                    }
+                    return file.Lines();
+                }};
 }
 
 void PaperWindow::ColorCanvas_MouseDown(Swatch& canvas)

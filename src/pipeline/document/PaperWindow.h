@@ -1,6 +1,7 @@
 #pragma once
 
 #include "pdf/MyPDFGenerator.h"
+#include "pipeline/document/MarkerFile.h"
 #include "pipeline/document/Paper.h"
 #include "pipeline/page/PageJob.h"
 #include "platform/FolderItem.h"
@@ -47,11 +48,12 @@ public:
 
     /// Draws the page from the current form as Generate does, with its dialogs and yields. Exceptions pass through
     /// (see DrawContent).
-    DrawnPage DrawPage() { return DrawPage(ReadPage()); }
+    DrawnPage DrawPage();
     /// Draws a page that was read from the form before.
     DrawnPage DrawPage(PaperPage read);
-    /// Reads the page from the current form without drawing it.
-    PaperPage ReadPage() const { return paper.readPage(); }
+    /// Reads the page from the current form without drawing it. It has the markers of the chosen file, if there is
+    /// one, and asks for none.
+    PaperPage ReadPage() const;
 
     /// Reads the form into the values of the page, in points.
     void ReadGUIValues();
@@ -66,6 +68,16 @@ public:
     void ChooseOutputFile();
     /// Handles a click on a color swatch.
     void ColorCanvas_MouseDown(Swatch& canvas);
+
+    // Markers. A chosen file is part of neither the settings nor the state.
+
+    /// Uses the file for the markers of all pages from now on. An empty reference: each page asks for its file.
+    void ChooseMarkerFile(const FolderItem& file);
+    /// Reads the chosen file again. Returns whether its content has changed.
+    bool ReadMarkerFile();
+    const FolderItem& ChosenMarkerFile() const { return markerFile; }
+    /// The content of the chosen file when it was last read. Pages that are drawn read it again.
+    const MarkerFile& Markers() const { return markers; }
 
     // Settings. A failure leaves the form and the file as they were and is returned to the caller; nothing is
     // shown. A damaged file, or one of another kind, is reported through Platform::Note.
@@ -110,6 +122,10 @@ private:
     /// about a PDF that this program did not make.
     bool MayReplaceOutputFile();
     PageQuestions Dialogs() const;
+    /// Reads the chosen marker file again before a page is drawn, and notes if it cannot be used.
+    void UpdateMarkers();
+    /// Notes why a marker file has no lines.
+    void NoteNoMarkers(const MarkerFile& unusable) const;
 
     Paper paper;
     FileType settingsType;
@@ -120,6 +136,8 @@ private:
     FolderItem outputFile;
     FolderItem settledFile;  ///< the last output file that the user chose or confirmed, or that was written
     FolderItem ourFolderItem;
+    FolderItem markerFile;             ///< chosen for all pages; empty if there is none
+    MarkerFile markers;                ///< its content
     std::vector<ControlState> stored;  ///< the form as last saved or opened
     std::optional<PageEnd> lastPage;
 };

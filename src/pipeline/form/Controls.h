@@ -34,7 +34,7 @@ enum class UnitRule {
     CountPerUnit,  ///< a count per inch or centimeter: divided by 2.54 on the way to centimeters
 };
 
-/// The direction of the page in which a length extends.
+/// The direction of the page in which a length extends or a place is measured.
 enum class Direction { Any, Vertical, Horizontal };
 
 /// Properties of a control beyond its name, caption, and content.
@@ -46,7 +46,7 @@ struct Traits {
     const CheckBox* enabledBy = nullptr;   ///< this box enables and disables the control and its label
     Meaning meaning = Meaning::Number;     ///< of a text field
     UnitRule unitRule = UnitRule::Keep;    ///< of a text field
-    Direction direction = Direction::Any;  ///< of a spacing or cell size
+    Direction direction = Direction::Any;  ///< of a spacing, a cell size, or the place of a title
     std::string_view fullName = {};        ///< for users who cannot see the form, if caption and row are not enough
     std::string_view sets = {};            ///< of a weight: the lines of the page that it applies to
     RoleSet governs = {};                  ///< the roles of the parts of the page that the control affects

@@ -37,6 +37,12 @@ struct PageFrame : PageSetup {
     double yScale = 1.0;
     Color background = white;
     std::optional<Color> lineColor = {};  ///< none: the kind sets its own colors
+
+    /// Where the margins end on the paper, in points from its lower left corner. The scale of the page moves them.
+    double LeftEdge() const { return leftMargin * xScale; }
+    double RightEdge() const { return (static_cast<double>(paperWidth) - rightMargin) * xScale; }
+    double BottomEdge() const { return bottomMargin * yScale; }
+    double TopEdge() const { return (static_cast<double>(paperHeight) - topMargin) * yScale; }
 };
 
 }  // namespace linealis

@@ -33,6 +33,7 @@ struct PrintedField {
     std::string control;         ///< the name of the field
     bool coversLines = false;    ///< overlaps grid lines when the form opens (Traits)
     bool standsAsOpened = true;  ///< whether everything that places it has its opening value
+    Point zero{};                ///< of a title: where the place 0, 0 of the form is, in points
 };
 
 /// A page as read from a form: plain values and the function that draws them. It refers to no form, window, file,
