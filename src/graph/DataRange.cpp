@@ -302,7 +302,7 @@ std::string DensityUpTo(double density)
 std::string DensityOfLength(double length, double decade, double unit, const AxisRoom& room)
 {
     for (const double apart : {decade, unit, length}) {
-        const std::string density = DensityUpTo(room.unitPixels / apart);
+        std::string density = DensityUpTo(room.unitPixels / apart);
         const double spacing = (1.0 / Val(density)) * room.unitPixels;
         const auto lines = static_cast<double>(truncated(room.length / spacing));
         if (truncated(lines * spacing) == truncated(length + 1e-6)) {

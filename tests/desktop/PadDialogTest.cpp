@@ -5,14 +5,19 @@
 namespace linealis::test {
 namespace {
 
+constexpr int longest = 30'000;  // milliseconds to wait for a pad
+
 class PadDialog : public DesktopTest {
 protected:
-    /// Chooses what the dialog is to do, and names the file. The dialog closes itself unless that fails.
-    void Saves(const fs::path& path, const std::function<void(desktop::PadDialog& dialog)>& choose)
+    using Act = std::function<void(desktop::PadDialog& dialog)>;
+
+    /// Chooses what the dialog is to do, names the file, and waits for the end of the work.
+    void Saves(const fs::path& path, const Act& choose, const Act& end)
     {
-        person.Answers<desktop::PadDialog>([this, path, choose](desktop::PadDialog& dialog) {
+        person.Answers<desktop::PadDialog>([this, path, choose, end](desktop::PadDialog& dialog) {
             choose(dialog);
             person.NamesFile(path, "pdf", "Lined");
+            person.Answers<desktop::PadDialog>(end);
             Click(Child(dialog, "PadSave"));
         });
     }
@@ -24,20 +29,27 @@ TEST_F(PadDialog, SavesWhatItsPictureShows)
         GTEST_SKIP() << "built without qpdf's library";
     }
     QWidget& window = OpenPaper("lined");
-    Enter(window, {"PopupPaperSize=A5", "EditVertSpacing=.3"});
+    Enter(window, {"PopupPaperSize=A5", "EditHorzSpacing=.3"});
     const fs::path file = folder / "pad.pdf";
-    Saves(file, [](desktop::PadDialog& dialog) {
-        dialog.findChild<QSpinBox*>(QStringLiteral("PadPages"))->setValue(9);
-        Choose(Child<QComboBox>(dialog, "PadUp"), "4 pages, with cut marks");
-        EXPECT_FALSE(Child(dialog, "PadPreset").isEnabled());
-        Choose(Child<QComboBox>(dialog, "PadBack"), "Dots");
-        EXPECT_TRUE(Child(dialog, "PadPreset").isEnabled());
-        ClickBox(Child<QAbstractButton>(dialog, "PadNumbers"));
-        EXPECT_EQ(Shown(dialog, "PadSummary"), "3 sheets of 11.69 × 16.53 in, printed on both sides");
-    });
+    Saves(
+        file,
+        [](desktop::PadDialog& dialog) {
+            dialog.findChild<QSpinBox*>(QStringLiteral("PadPages"))->setValue(9);
+            Choose(Child<QComboBox>(dialog, "PadUp"), "4 pages, with cut marks");
+            EXPECT_FALSE(Child(dialog, "PadPreset").isEnabled());
+            auto& back = Child<QComboBox>(dialog, "PadBack");
+            back.setCurrentIndex(back.findText(QStringLiteral("Dots Paper")));
+            EXPECT_TRUE(Child(dialog, "PadPreset").isEnabled());
+            ClickBox(Child<QAbstractButton>(dialog, "PadNumbers"));
+            EXPECT_EQ(Shown(dialog, "PadSummary"), "3 sheets of 11.69 × 16.53 in, printed on both sides");
+        },
+        [](desktop::PadDialog& dialog) {
+            EXPECT_TRUE(QTest::qWaitFor([&] { return !dialog.isVisible(); }, longest))
+                << Shown(dialog, "PadMessage");
+        });
     ChooseItem(window, "FilePrintPad");
     EXPECT_EQ(
-        Execute({LINEALIS_CLI_PATH, "pad", "lined", "--set", "PopupPaperSize=A5", "--set", "EditVertSpacing=.3",
+        Execute({LINEALIS_CLI_PATH, "pad", "lined", "--set", "PopupPaperSize=A5", "--set", "EditHorzSpacing=.3",
                  "--pages", "9", "--up", "4", "--back", "dots", "--numbers", "-o", folder / "expected.pdf"})
             .status,
         0);
@@ -48,16 +60,13 @@ TEST_F(PadDialog, SavesWhatItsPictureShows)
     EXPECT_NE(text("pad.pdf").find("9"), std::string::npos);
 
     // A fault of the program is shown in its words, and nothing is lost.
-    Saves(file / "pad.pdf", [](desktop::PadDialog& dialog) {
-        EXPECT_EQ(Shown(dialog, "PadUp"), "4 pages, with cut marks") << "as last time";
-    });
-    person.ActsWhen(
-        [] {
-            auto* const dialog = qobject_cast<desktop::PadDialog*>(QApplication::activeModalWidget());
-            return dialog != nullptr && Child(*dialog, "PadMessage").isVisible();
+    Saves(
+        file / "pad.pdf",
+        [](desktop::PadDialog& dialog) {
+            EXPECT_EQ(Shown(dialog, "PadUp"), "4 pages, with cut marks") << "as last time";
         },
-        [&] {
-            QWidget& dialog = *QApplication::activeModalWidget();
+        [&](desktop::PadDialog& dialog) {
+            EXPECT_TRUE(QTest::qWaitFor([&] { return Child(dialog, "PadMessage").isVisible(); }, longest));
             EXPECT_EQ(Shown(dialog, "PadMessage"), file.string() + "/pad.pdf: Not a directory");
             Press(dialog, Qt::Key_Escape);
         });

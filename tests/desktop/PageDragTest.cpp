@@ -4,6 +4,7 @@
 
 #include <QMimeData>
 #include <QSignalSpy>
+#include <QToolButton>
 
 // What the user moves on the page, and the markers that the page shows.
 

@@ -16,6 +16,7 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 namespace linealis::desktop {
@@ -86,7 +87,7 @@ PadDialog::PadDialog(DesktopPlatform& thePlatform, const PaperKind& theKind, Pap
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setVerticalSpacing(spacing);
     rows->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    rows->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+    rows->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
     AddFields(*rows);
     auto* const right = new QVBoxLayout;
     right->setSpacing(spacing);
@@ -139,6 +140,13 @@ void PadDialog::AddFields(QFormLayout& rows)
     numbers = new QCheckBox(tr("&Number the pages"));
     numbers->setToolTip(tr("In the order of the stacks after cutting"));
     copies->setRange(1, mostPadCopies);
+    copies->setMinimumWidth(pages->sizeHint().width());
+    for (QComboBox* const box : {up, back, preset}) {
+        constexpr int usualTitle = 24;  // characters; the width does not depend on the choice
+        box->setMinimumContentsLength(usualTitle);
+        box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    }
     FillBacks();
     add(tr("&Pages:"), pages, "PadPages");
     add(tr("On each &side:"), up, "PadUp");

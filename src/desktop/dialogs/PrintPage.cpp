@@ -14,6 +14,7 @@
 #include <QPrintEngine>
 #include <QPrinterInfo>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <algorithm>
 #include <cmath>
 #include <iterator>
@@ -179,10 +180,10 @@ void PaintSide(QPainter& painter, const PrintedSheets& sheets, int side, Turns& 
     sheets.forPages(side, [&](const PlacedPage& page) {
         turns.Restart();
         painter.save();
+        const auto restored = qScopeGuard([&painter] { painter.restore(); });
         painter.translate(page.corner);
         PagePainter sink(painter, page.height, PagePainter::ThinLines::AsTheyAre);
         ReadPage(page.content, sink, &turns);
-        painter.restore();
     });
 }
 
