@@ -28,6 +28,7 @@ public:
         shown.push_back({kind.name, &window, window.form.EditXScale.Text(), !window.OurFolderItem().IsEmpty(),
                          platform.messages.size()});
     }
+    void PrepareEmpty(PaperWindow& window) override { prepared.push_back(&window); }
     void ShowPreferences(PrefsWindow& window) override { user(window); }
     bool AnyWindowOpen() const override { return anyOpen; }
     void CloseFrontWindow() override { ++closed; }
@@ -40,6 +41,7 @@ public:
     std::vector<Shown> shown;
     std::function<void(PrefsWindow& window)> user;
     bool anyOpen = true;
+    std::vector<const PaperWindow*> prepared;
     int closed = 0;
     bool isEnding = false;
 
@@ -235,6 +237,9 @@ TEST_F(PaperWindows, TheGraphsLastSettingsAreLoadedByTheGalleryAlone)
     window.form.EditXScale.SetText("66");
     app.Gallery().Event_MouseUp(0);
     EXPECT_EQ(window.form.EditXScale.Text(), "77") << "loaded again by each click";
+    app.PaperClosed(graph);
+    app.Gallery().Event_MouseUp(0);
+    EXPECT_EQ(windows.prepared.size(), 2U) << "the two empty forms, none with last settings";
 }
 
 TEST_F(PaperWindows, TheWizardKeepsWhatItHeldWhenItsWindowIsClosed)
@@ -264,6 +269,9 @@ TEST_F(PaperWindows, BeginWithTheUsersDefaultAndAreLeftInAFile)
         EXPECT_EQ(Window(kind->name).form.EditXScale.Text(), "55");
         EXPECT_TRUE(Window(kind->name).OurFolderItem().IsEmpty());
     }
+    app.PaperClosed(*FindPaperKind("grid"));
+    Choose("WindowGrid");
+    EXPECT_EQ(windows.prepared.size(), 0U) << "a form with a default is not empty";
     app.Gallery().Event_MouseUp(0);
     EXPECT_EQ(Window("graph").form.EditXScale.Text(), "55") << "a default goes before the last settings";
     EXPECT_FALSE(own.ForgetDefault(*FindPaperKind("graph")));

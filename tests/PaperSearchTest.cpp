@@ -38,6 +38,11 @@ TEST_F(PaperSearchTest, FindsAllWordsInKindsPresetsOwnOnesAndFiles)
     EXPECT_EQ(Found("CORNELL"),
               (Names{"K Note Paper", "P Cornell Notes A4, 8 mm lines", "P Cornell Notes A4, left-handed",
                      "P Cornell Notes Letter, 8 mm lines", "O My cornell"}));
+    EXPECT_EQ(Found("note")[1], "R Lecture Zoo Ärger Þ.setc") << "before presets, as in the suggestions";
+    const auto presets = FindPresets("", preferences, true);
+    EXPECT_EQ(presets.size(), Presets().size() + 1);
+    EXPECT_EQ(presets.back().title, "My cornell");
+    EXPECT_EQ(FindPresets("CORNELL my", preferences, true).size(), 1U);
     EXPECT_EQ(Found("cornell 8", false)[0], "P Cornell Notes Letter, 8 mm lines");
     EXPECT_EQ(Found("note my"), Names{"O My cornell"});
     EXPECT_EQ(Found("ärger  LECT zoo þ"), Names{"R Lecture Zoo Ärger Þ.setc"});

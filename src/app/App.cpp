@@ -131,6 +131,21 @@ PaperWindow* App::OpenSettings(const FolderItem& file)
 
 PaperWindow& App::ShowPaper(const PaperKind& kind)
 {
+    PaperWindow& window = WindowOf(kind);
+    windows.Show(kind, window);
+    return window;
+}
+
+PaperWindow& App::ShowEmptyPaper(const PaperKind& kind)
+{
+    if (!papers.contains(&kind) && !DefaultFile(kind).Exists()) {
+        windows.PrepareEmpty(WindowOf(kind));
+    }
+    return ShowPaper(kind);
+}
+
+PaperWindow& App::WindowOf(const PaperKind& kind)
+{
     std::unique_ptr<PaperWindow>& window = papers[&kind];
     if (!window) {
         window = MakeWindow(kind, platform);
@@ -141,7 +156,6 @@ PaperWindow& App::ShowPaper(const PaperKind& kind)
             window->GetWizard()->Fields().Restore(held->second);
         }
     }
-    windows.Show(kind, *window);
     return *window;
 }
 
@@ -163,12 +177,12 @@ std::unique_ptr<PaperWindow> App::PaperClosed(const PaperKind& kind)
 void App::OpenFromGallery(std::size_t entry)
 {
     const PaperKind& kind = PaperKinds()[entry];
-    PaperWindow& window = ShowPaper(kind);
-    if (DefaultFile(kind).Exists()) {
-        return;  // the default that the user has saved takes precedence over the last settings
-    }
-    if (const FolderItem file = LastSettingsFile(); kind.keepsLastSettings && file.Exists()) {
-        window.LoadSettings(file);
+    const FolderItem file = LastSettingsFile();
+    // The default that the user has saved takes precedence over the last settings.
+    if (kind.keepsLastSettings && file.Exists() && !DefaultFile(kind).Exists()) {
+        ShowPaper(kind).LoadSettings(file);
+    } else {
+        ShowEmptyPaper(kind);
     }
 }
 
@@ -207,7 +221,7 @@ void App::Perform(const MenuItem& item, PaperWindow* front)
         DoHelp();
         break;
     case Command::ShowPaper:
-        ShowPaper(*item.kind);
+        ShowEmptyPaper(*item.kind);
         break;
     default:
         break;

@@ -28,6 +28,9 @@ public:
 
     /// Shows the window of the kind, creating it if necessary, and brings it to the front.
     virtual void Show(const PaperKind& kind, PaperWindow& window) = 0;
+    /// Called before a window is shown for the first time, if its form has the defaults of its kind: the user has
+    /// asked for an empty form, and has saved no default for it.
+    virtual void PrepareEmpty(PaperWindow& window) = 0;
     /// Shows the preferences dialog and returns when it has been closed.
     virtual void ShowPreferences(PrefsWindow& window) = 0;
     /// Whether any window is open, of whatever type.
@@ -65,6 +68,9 @@ public:
     /// user has saved, if any, and keeps its values until it is closed.
     PaperWindow& ShowPaper(const PaperKind& kind);
 
+    /// Does the same for a user who wants an empty form: AppWindows::PrepareEmpty can change a new one.
+    PaperWindow& ShowEmptyPaper(const PaperKind& kind);
+
     /// Called by the front end when the window of the kind has been closed. Stores what is kept of its form.
     /// Returns the paper window, which the front end must keep as long as anything still shows it; null if there is
     /// none.
@@ -99,6 +105,8 @@ public:
 
 private:
     void OpenFromGallery(std::size_t entry);
+    /// Returns the window of the kind, which is created if needed.
+    PaperWindow& WindowOf(const PaperKind& kind);
     void ShowAbout();
     /// Lets the window open or save its settings file, and reports the file to the front end on success.
     void Remember(PaperWindow& window, bool (PaperWindow::*action)());

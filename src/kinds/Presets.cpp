@@ -14,6 +14,31 @@ void Set(const Setting& setting, const Preset& preset, const PaperWindow& window
 
 }  // namespace
 
+std::string_view TitleOf(PresetGroup group)
+{
+    switch (group) {
+    case PresetGroup::Squares:
+        return "Squares";
+    case PresetGroup::Ruled:
+        return "Ruled";
+    case PresetGroup::Dots:
+        return "Dots";
+    case PresetGroup::HexagonsAndTriangles:
+        return "Hexagons and Triangles";
+    case PresetGroup::Logarithmic:
+        return "Logarithmic";
+    case PresetGroup::ProbabilityAndHydraulic:
+        return "Probability and Hydraulic";
+    case PresetGroup::Notes:
+        return "Notes";
+    case PresetGroup::Other:
+        return "Other";
+    case PresetGroup::Yours:
+        break;
+    }
+    return "Yours";
+}
+
 std::vector<const Preset*> PresetsFor(bool metric)
 {
     std::vector<const Preset*> presets;

@@ -9,12 +9,29 @@
 
 namespace linealis {
 
+/// What people look for. Lists that show groups show them in this order.
+enum class PresetGroup {
+    Squares,
+    Ruled,
+    Dots,
+    HexagonsAndTriangles,
+    Logarithmic,
+    ProbabilityAndHydraulic,
+    Notes,
+    Other,
+    Yours,  ///< saved by the user; no preset of the table is in it
+};
+
+/// Returns the title of the group, for users.
+std::string_view TitleOf(PresetGroup group);
+
 /// A paper that is ready to use: a kind, and the settings to apply to a new form of it. All lists of presets come
 /// from the same table.
 struct Preset {
-    std::string_view id;            ///< its unique name, for the command line
-    std::string_view title;         ///< for users
-    std::string_view kind;          ///< the name of its PaperKind
+    std::string_view id;     ///< its unique name, for the command line
+    std::string_view title;  ///< for users
+    std::string_view kind;   ///< the name of its PaperKind
+    PresetGroup group = PresetGroup::Other;
     bool isMetric = true;           ///< A4 and centimeters; if false, Letter and inches
     std::string_view keywords;      ///< further words to find it by, separated by blanks
     std::vector<Setting> settings;  ///< applied in this order; units come before lengths

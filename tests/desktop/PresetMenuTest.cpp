@@ -45,7 +45,8 @@ protected:
                         [this] { steps.emplace_back("as it was left"); },
                         [this] { own.Save("A & B", kind, *window); },
                         [this](bool on) { desktop::UseAsDefault(platform, kind, *window, on); },
-                        [this](const OwnPreset& preset) { desktop::DeletePreset(platform, preset); }};
+                        [this](const OwnPreset& preset) { desktop::DeletePreset(platform, preset); },
+                        [] {}};
 };
 
 TEST_F(PresetMenu, LaysPresetsOverTheWindow)

@@ -22,4 +22,9 @@ FormDialog::FormDialog(const QString& title, Form& form, QWidget* parent) : QDia
     layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 
+void FormDialog::AddBelow(QWidget* widget)
+{
+    static_cast<QVBoxLayout*>(layout())->insertWidget(1, widget);
+}
+
 }  // namespace linealis::desktop

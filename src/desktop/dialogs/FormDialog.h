@@ -13,6 +13,9 @@ class FormDialog final : public QDialog {
 
 public:
     FormDialog(const QString& title, Form& form, QWidget* parent);
+
+    /// Adds a widget between the form and the buttons. The dialog takes ownership.
+    void AddBelow(QWidget* widget);
 };
 
 }  // namespace linealis::desktop

@@ -4,6 +4,7 @@
 
 #include <QPainter>
 #include <QSizeF>
+#include <atomic>
 #include <string_view>
 
 namespace linealis::desktop {
@@ -50,6 +51,20 @@ private:
     bool lastWasDot = false;
     bool hasPen = false;
     bool snaps = false;  ///< whether the lines of the pen are moved onto whole pixels
+};
+
+/// A PagePainter that stops painting once `stops`, which another thread may set, is true.
+class StoppablePainter : public PagePainter {
+public:
+    StoppablePainter(QPainter& thePainter, double pageHeight, ThinLines thinned, const std::atomic<bool>& stops)
+        : PagePainter(thePainter, pageHeight, thinned), stop(stops)
+    {}
+
+protected:
+    bool GoesOn() override { return !stop.load(std::memory_order_relaxed); }
+
+private:
+    const std::atomic<bool>& stop;
 };
 
 /// Paints a whole page: white paper of the given size in points, and the content, clipped to the paper. The

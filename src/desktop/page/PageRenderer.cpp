@@ -29,20 +29,6 @@ void StopIf(const std::atomic<bool>& stops)
     }
 }
 
-/// A PagePainter that stops painting once `stops` is true, that is, once a newer request has arrived.
-class StoppablePainter : public PagePainter {
-public:
-    StoppablePainter(QPainter& thePainter, double pageHeight, ThinLines thinned, const std::atomic<bool>& stops)
-        : PagePainter(thePainter, pageHeight, thinned), stop(stops)
-    {}
-
-protected:
-    bool GoesOn() override { return !stop.load(std::memory_order_relaxed); }
-
-private:
-    const std::atomic<bool>& stop;
-};
-
 /// Repaints only the strokes and texts that have one of the roles, in the highlight color.
 class Highlighter final : public StoppablePainter {
 public:

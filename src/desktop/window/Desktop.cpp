@@ -2,12 +2,17 @@
 
 #include "app/OwnPresets.h"
 #include "desktop/dialogs/FormDialog.h"
+#include "desktop/system/MetricForms.h"
 #include "desktop/system/RecentFiles.h"
 #include "desktop/system/Text.h"
 #include "desktop/window/ManualWindow.h"
 #include "desktop/window/Menus.h"
+#include "desktop/window/MetricFormsBox.h"
+#include "desktop/window/PresetPicker.h"
+#include "pipeline/form/SetControl.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QDialog>
 #include <QFileOpenEvent>
 #include <QKeyEvent>
@@ -103,6 +108,7 @@ void Desktop::ShowGallery()
     connect(galleryView, &GalleryView::FilesDropped, this, &Desktop::OpenSettings);
     connect(galleryView, &GalleryView::ManualWanted, this, [this] { ShowManual(nullptr); });
     connect(galleryView, &GalleryView::OpenWanted, this, &Desktop::AskForSettings);
+    connect(galleryView, &GalleryView::PickerWanted, this, [this] { ShowPicker(nullptr, galleryView); });
     galleryView->Place();
     galleryView->show();
     inFront = galleryView;
@@ -123,6 +129,14 @@ void Desktop::OpenHit(const PaperHit& hit)
             LayOver(OwnPreset{hit.title, hit.file}, window, platform);
         }
     });
+}
+
+void Desktop::ShowPicker(const PaperKind* kind, QWidget* parent)
+{
+    PresetPicker picker(presetPictures, platform.PreferencesFolder(), kind, parent);
+    if (platform.RunModal(picker) == QDialog::Accepted && !quitting) {
+        OpenHit(*picker.Chosen());
+    }
 }
 
 void Desktop::ShowManual(const PaperKind* kind)
@@ -223,6 +237,7 @@ PaperView& Desktop::ViewOf(const PaperKind& kind, PaperWindow& window)
         connect(view, &PaperView::Closed, this, &Desktop::PaperClosed);
         connect(view, &PaperView::ManualWanted, this, [this, &kind] { ShowManual(&kind); });
         connect(view, &PaperView::GalleryWanted, this, &Desktop::ShowGallery);
+        connect(view, &PaperView::PickerWanted, this, [this, &kind, view] { ShowPicker(&kind, view); });
         connect(view, &PaperView::FilesDropped, this, &Desktop::OpenSettings);
         connect(view, &PaperView::FilesWanted, this, &Desktop::OpenSettings);
     }
@@ -296,11 +311,23 @@ void Desktop::Used(const FolderItem& settingsFile)
     RecentFiles(platform.PreferencesFolder()).Add(settingsFile);
 }
 
+void Desktop::PrepareEmpty(PaperWindow& window)
+{
+    if (UsesMetricForms()) {
+        for (const Setting& setting : {Setting{"PopupPaperSize", "A4"}, Setting{"PopupUnits", "cm"}}) {
+            SetControl("form", window.form, setting);
+        }
+    }
+}
+
 void Desktop::ShowPreferences(PrefsWindow& window)
 {
     FormDialog dialog(QStringLiteral("Preferences"), window.form, QApplication::activeWindow());
+    QCheckBox* const metric = MakeMetricFormsBox();
+    dialog.AddBelow(metric);
     if (platform.RunModal(dialog) == QDialog::Accepted) {
         window.PushButton1_Action();
+        UseMetricForms(metric->isChecked());
     } else {
         window.PushButton2_Action();
     }

@@ -4,6 +4,7 @@
 #include "desktop/system/DesktopPlatform.h"
 #include "desktop/window/GalleryView.h"
 #include "desktop/window/PaperView.h"
+#include "desktop/window/PresetPictures.h"
 
 #include <QByteArray>
 #include <QObject>
@@ -61,6 +62,7 @@ protected:
 
 private:
     void Show(const PaperKind& kind, PaperWindow& window) override;
+    void PrepareEmpty(PaperWindow& window) override;
     void ShowPreferences(PrefsWindow& window) override;
     bool AnyWindowOpen() const override;
     void CloseFrontWindow() override;
@@ -81,6 +83,9 @@ private:
     void AskForSettings();
     /// Opens the settings file of the hit, or loads its preset into the window of its kind, as one undo step.
     void OpenHit(const PaperHit& hit);
+    /// Lets the user choose a preset from pictures, and opens it. Begins at those of the kind, unless `kind` is
+    /// null.
+    void ShowPicker(const PaperKind* kind, QWidget* parent);
     void PaperClosed(const PaperKind& kind);
     void GalleryClosed();
     /// Installs the menu bar. `paper` is the window as a paper view; null for the gallery.
@@ -100,9 +105,10 @@ private:
     App app;
     std::map<const PaperKind*, PaperView*> views;  ///< the open paper windows
     QPointer<GalleryView> galleryView;             ///< null while it is closed
-    std::unique_ptr<ManualWindow> manualWindow;    ///< null until it is shown for the first time
-    QPointer<QWidget> inFront;                     ///< the window that was last active, except the manual
-    QStringList waitingDocuments;                  ///< for OpenDocument, in this order
+    PresetPictures presetPictures;
+    std::unique_ptr<ManualWindow> manualWindow;  ///< null until it is shown for the first time
+    QPointer<QWidget> inFront;                   ///< the window that was last active, except the manual
+    QStringList waitingDocuments;                ///< for OpenDocument, in this order
     bool quitting = false;
     bool ended = false;
 };

@@ -17,7 +17,7 @@ void Desktop::OpenDocument(const QString& path)
 {
     if (path.startsWith(kindRequest)) {
         if (const PaperKind* const kind = FindPaperKind(path.mid(kindRequest.size()).toStdString())) {
-            app.ShowPaper(*kind);
+            app.ShowEmptyPaper(*kind);
         }
         return;
     }

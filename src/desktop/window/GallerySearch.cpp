@@ -1,10 +1,13 @@
 #include "desktop/window/GallerySearch.h"
 
+#include "desktop/system/MetricForms.h"
 #include "desktop/system/Text.h"
 #include "desktop/window/GalleryPicture.h"
+#include "desktop/window/MetricFormsBox.h"
 #include "desktop/window/PresetMenu.h"
 #include "desktop/window/RecentMenu.h"
 
+#include <QCheckBox>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QGridLayout>
@@ -20,10 +23,43 @@ namespace linealis::desktop {
 
 namespace {
 
-constexpr QSize pictureSize{28, 36};  // device-independent pixels
+constexpr QSize hitPictureSize{28, 36};  // device-independent pixels
 constexpr int gap = 8;
 
-/// Returns the text of a hit in the list: its title, and the kind or folder that it belongs to.
+QPixmap PictureOf(const PaperHit& hit, double pixelRatio)
+{
+    return hit.preset != nullptr ? PresetPicture(*hit.preset, hitPictureSize, pixelRatio)
+                                 : GalleryPicture(hit.kind->picture, hitPictureSize, pixelRatio);
+}
+
+/// Returns an icon with the picture centered in an area that is the same for all hits. It looks the same if
+/// selected.
+QIcon IconOf(const QPixmap& picture, double pixelRatio)
+{
+    QPixmap place(hitPictureSize * pixelRatio);
+    place.setDevicePixelRatio(pixelRatio);
+    place.fill(Qt::transparent);
+    if (!picture.isNull()) {
+        const QSizeF free = hitPictureSize - picture.deviceIndependentSize();
+        QPainter(&place).drawPixmap(QPointF(free.width() / 2.0, free.height() / 2.0), picture);
+    }
+    QIcon icon(place);
+    icon.addPixmap(place, QIcon::Selected);
+    return icon;
+}
+
+}  // namespace
+
+void MakeHintReadable(QLineEdit& field, const QPalette& palette)
+{
+    constexpr int strength = 180;  // of 255
+    QPalette changed;
+    QColor color = palette.color(QPalette::Text);
+    color.setAlpha(strength);
+    changed.setColor(QPalette::PlaceholderText, color);
+    field.setPalette(changed);
+}
+
 QString LineOf(const PaperHit& hit)
 {
     QString title = ToQt(hit.title).simplified();
@@ -41,30 +77,6 @@ QString LineOf(const PaperHit& hit)
     return title;
 }
 
-QPixmap PictureOf(const PaperHit& hit, double pixelRatio)
-{
-    return hit.preset != nullptr ? PresetPicture(*hit.preset, pictureSize, pixelRatio)
-                                 : GalleryPicture(hit.kind->picture, pictureSize, pixelRatio);
-}
-
-/// Returns an icon with the picture centered in an area that is the same for all hits. It looks the same if
-/// selected.
-QIcon IconOf(const QPixmap& picture, double pixelRatio)
-{
-    QPixmap place(pictureSize * pixelRatio);
-    place.setDevicePixelRatio(pixelRatio);
-    place.fill(Qt::transparent);
-    if (!picture.isNull()) {
-        const QSizeF free = pictureSize - picture.deviceIndependentSize();
-        QPainter(&place).drawPixmap(QPointF(free.width() / 2.0, free.height() / 2.0), picture);
-    }
-    QIcon icon(place);
-    icon.addPixmap(place, QIcon::Selected);
-    return icon;
-}
-
-}  // namespace
-
 GallerySearch::GallerySearch(FolderItem thePreferencesFolder, QWidget* parent)
     : QWidget(parent), preferencesFolder(std::move(thePreferencesFolder))
 {
@@ -80,6 +92,7 @@ GallerySearch::GallerySearch(FolderItem thePreferencesFolder, QWidget* parent)
     connect(field, &QLineEdit::returnPressed, this, [this] { Choose(list->currentRow()); });
     connect(list, &QListWidget::itemClicked, this, [this] { Choose(list->currentRow()); });
     connect(open, &QPushButton::clicked, this, &GallerySearch::OpenWanted);
+    connect(choose, &QPushButton::clicked, this, &GallerySearch::PickerWanted);
 }
 
 void GallerySearch::LayOut()
@@ -95,46 +108,53 @@ void GallerySearch::LayOut()
     list = new QListWidget;
     list->setObjectName(QStringLiteral("GalleryResults"));
     list->setAccessibleName(tr("What was found"));
-    list->setIconSize(pictureSize);
+    list->setIconSize(hitPictureSize);
     list->setUniformItemSizes(true);
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list->installEventFilter(this);
     open = new QPushButton(tr("Open Settings..."));
     open->setObjectName(QStringLiteral("GalleryOpenSettings"));
     open->setToolTip(tr("Open settings files of any kind of paper"));
+    choose = new QPushButton(tr("Choose a Preset..."));
+    choose->setObjectName(QStringLiteral("GalleryChoosePreset"));
+    choose->setToolTip(tr("Choose a preset from pictures"));
     auto* const grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(gap);
-    grid->addWidget(field, 0, 0, 1, 2);
-    grid->addWidget(list, 1, 0, 3, 1);
-    grid->addWidget(open, 1, 1);
-    grid->setRowStretch(2, 1);
+    grid->addWidget(field, 0, 0);
+    grid->addWidget(choose, 0, 1);
+    if (TakeMetricOffer()) {
+        metric = MakeMetricFormsBox();
+        connect(metric, &QCheckBox::toggled, this, &UseMetricForms);
+        grid->addWidget(metric, 1, 0, 1, 2);
+    }
+    grid->addWidget(list, 2, 0, 3, 1);
+    grid->addWidget(open, 2, 1);
+    grid->setRowStretch(3, 1);
     grid->setColumnStretch(0, 1);
 }
 
 void GallerySearch::LeaveFree(const QSize& size)
 {
     auto* const grid = static_cast<QGridLayout*>(layout());
-    grid->setRowMinimumHeight(3, size.height());
+    grid->setRowMinimumHeight(4, size.height());
     grid->setColumnMinimumWidth(1, size.width());
 }
 
-/// Sets the color of the hint in the empty field. The style's own color is too faint to read easily.
 void GallerySearch::SetColors()
 {
-    constexpr int strength = 180;  // of 255
     settingColors = true;
-    QPalette palette;
-    QColor color = QWidget::palette().color(QPalette::Text);
-    color.setAlpha(strength);
-    palette.setColor(QPalette::PlaceholderText, color);
-    field->setPalette(palette);
+    MakeHintReadable(*field, palette());
     settingColors = false;
 }
 
 std::vector<QWidget*> GallerySearch::TabStops() const
 {
-    return {field, list, open};
+    std::vector<QWidget*> stops = {field, list, open, choose};
+    if (metric != nullptr) {
+        stops.push_back(metric);
+    }
+    return stops;
 }
 
 void GallerySearch::Type(const QString& text)
@@ -237,6 +257,9 @@ bool GallerySearch::event(QEvent* event)
 {
     if (event->type() == QEvent::WindowActivate && isPainted) {
         Refresh();
+        if (metric != nullptr) {
+            metric->setChecked(UsesMetricForms());  // the preferences dialog may have changed it
+        }
     }
     return QWidget::event(event);
 }

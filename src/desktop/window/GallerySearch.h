@@ -6,15 +6,23 @@
 #include <QWidget>
 #include <vector>
 
+class QCheckBox;
 class QLineEdit;
 class QListWidget;
 class QPushButton;
 
 namespace linealis::desktop {
 
-/// Shows a search field for kinds, presets, and files, the list of hits, and a button that opens any settings
-/// file. Runs its first search only after it has been painted, and makes the pictures one at a time, so that the
-/// gallery appears without delay.
+/// Gives the hint in an empty field a color that is easy to read. That of the style is too faint.
+void MakeHintReadable(QLineEdit& field, const QPalette& palette);
+
+/// Returns the text of a hit in a list: its title, and the kind or folder that it belongs to.
+QString LineOf(const PaperHit& hit);
+
+/// Shows a search field for kinds, presets, and files, the list of hits, and buttons for presets and settings
+/// files. On the first start in a metric locale, also offers A4 and centimeters for new forms. Runs its first
+/// search only after it has been painted, and makes the pictures one at a time, so that the gallery appears without
+/// delay.
 class GallerySearch final : public QWidget {
     Q_OBJECT
 
@@ -40,6 +48,8 @@ signals:
     void Chosen(const PaperHit& hit);
     /// Emitted when the user wants to open settings files.
     void OpenWanted();
+    /// Emitted when the user wants to choose a preset from pictures.
+    void PickerWanted();
 
 protected:
     bool event(QEvent* event) override;
@@ -62,6 +72,8 @@ private:
     QLineEdit* field = nullptr;
     QListWidget* list = nullptr;
     QPushButton* open = nullptr;
+    QPushButton* choose = nullptr;
+    QCheckBox* metric = nullptr;  ///< null if it is not offered
     QTimer pictureTimer;
     int nextPicture = 0;         ///< the row of the next missing picture
     bool settingColors = false;  ///< prevents recursion while SetColors changes the palette

@@ -12,12 +12,15 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPixmap>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QShortcut>
 #include <algorithm>
 
@@ -85,6 +88,35 @@ private:
     QPixmap picture;
 };
 
+/// Scrolls, but leaves the keys to the window, where the arrows move between the pictures.
+class GalleryArea final : public QScrollArea {
+protected:
+    void keyPressEvent(QKeyEvent* event) override { event->ignore(); }
+};
+
+constexpr int widestTitle = 112;  // pixels; leaves a gap of 10 before the next title
+
+/// Returns the font for the titles: the font of the window, or a smaller one if a title would not fit.
+QFont TitleFont(const GalleryWindow& gallery, QFont font)
+{
+    int widest = 0;
+    for (const GalleryWindow::Entry& entry : gallery.Entries()) {
+        widest = std::max(widest, QFontMetrics(font).horizontalAdvance(ToQt(entry.title)));
+    }
+    if (widest > widestTitle) {
+        font.setPointSizeF(QFontInfo(font).pointSizeF() * widestTitle / widest);
+    }
+    return font;
+}
+
+/// Returns the place of the title of an entry. It grows to the right and upward if the font requires it.
+QRect TitlePlace(const GalleryWindow::Entry& entry, const QFontMetrics& font)
+{
+    const int height = std::max(GalleryWindow::titleHeight, font.height());
+    return {entry.titlePlace.left, entry.canvasPlace.top - height,
+            std::max(GalleryWindow::titleWidth, font.horizontalAdvance(ToQt(entry.title)) + 1), height};
+}
+
 }  // namespace
 
 GalleryView::GalleryView(GalleryWindow& theGallery, const FolderItem& preferencesFolder) : gallery(theGallery)
@@ -95,16 +127,17 @@ GalleryView::GalleryView(GalleryWindow& theGallery, const FolderItem& preference
                    Qt::WindowCloseButtonHint);
     setAcceptDrops(true);
     auto* const content = new QWidget;
-    content->setFixedSize(GalleryWindow::width, GalleryWindow::height);
-    setCentralWidget(content);
-    layout()->setSizeConstraint(QLayout::SetFixedSize);
-
-    auto* const prompt = new QLabel(ToQt(GalleryWindow::prompt), content);
-    prompt->move(20, 12);
-    prompt->setObjectName(QStringLiteral("StaticText1"));
     AddEntries(content);
     QPushButton* const help = AddHelp(content);
     AddSearch(content, preferencesFolder, help);
+    PlaceSearch(content, help);
+    area = new GalleryArea;
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidget(content);
+    area->setFixedSize(content->size());
+    setCentralWidget(area);
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
     pictures.front()->setFocus();
     auto* const manual = new QShortcut(Qt::Key_F1, this);
     connect(manual, &QShortcut::activated, this, &GalleryView::ManualWanted);
@@ -112,23 +145,27 @@ GalleryView::GalleryView(GalleryWindow& theGallery, const FolderItem& preference
 
 void GalleryView::AddEntries(QWidget* content)
 {
+    const QFont titleFont = TitleFont(gallery, font());
     for (std::size_t i = 0; i < gallery.Entries().size(); ++i) {
         const GalleryWindow::Entry& entry = gallery.Entries()[i];
         auto* const title = new QLabel(ToQt(entry.title), content);
-        title->setGeometry(entry.titlePlace.left, entry.titlePlace.top, GalleryWindow::titleWidth,
-                           GalleryWindow::titleHeight);
+        title->setFont(titleFont);
+        title->setGeometry(TitlePlace(entry, QFontMetrics(titleFont)));
         auto* const canvas = new GalleryCanvas(entry, content);
         connect(canvas, &QAbstractButton::clicked, this, [this, i] { gallery.Event_MouseUp(i); });
         pictures.push_back(canvas);
     }
+    constexpr int promptTop = 12;
+    auto* const prompt = new QLabel(ToQt(GalleryWindow::prompt), content);
+    prompt->setObjectName(QStringLiteral("StaticText1"));
+    const int titlesTop = TitlePlace(gallery.Entries().front(), QFontMetrics(titleFont)).top();
+    prompt->move(GalleryWindow::margin, std::clamp(titlesTop - prompt->sizeHint().height(), 0, promptTop));
 }
 
 QPushButton* GalleryView::AddHelp(QWidget* content) const
 {
     auto* const help = new QPushButton(QStringLiteral("Help"), content);
     help->setObjectName(QStringLiteral("PushButton1"));
-    help->move(GalleryWindow::width - help->sizeHint().width() - 20,
-               GalleryWindow::height - help->sizeHint().height() - 20);
     connect(help, &QPushButton::clicked, this, &GalleryView::HelpWanted);
     return help;
 }
@@ -137,12 +174,10 @@ QPushButton* GalleryView::AddHelp(QWidget* content) const
 void GalleryView::AddSearch(QWidget* content, const FolderItem& preferencesFolder, QPushButton* help)
 {
     search = new GallerySearch(preferencesFolder, content);
-    const GalleryWindow::Place room = gallery.FreeRoom();
-    search->setGeometry(room.left, room.top, GalleryWindow::width - GalleryWindow::margin - room.left,
-                        GalleryWindow::height - GalleryWindow::margin - room.top);
     search->LeaveFree(help->sizeHint());
     help->raise();
     connect(search, &GallerySearch::OpenWanted, this, &GalleryView::OpenWanted);
+    connect(search, &GallerySearch::PickerWanted, this, &GalleryView::PickerWanted);
     connect(search, &GallerySearch::Chosen, this, [this](const PaperHit& hit) {
         if (hit.sort == PaperHit::Sort::Kind) {
             gallery.Event_MouseUp(static_cast<std::size_t>(hit.kind - PaperKinds().data()));
@@ -158,10 +193,40 @@ void GalleryView::AddSearch(QWidget* content, const FolderItem& preferencesFolde
     setTabOrder(before, help);
 }
 
+void GalleryView::PlaceSearch(QWidget* content, QPushButton* help) const
+{
+    constexpr int margin = GalleryWindow::margin;
+    const GalleryWindow::Place room = gallery.FreeRoom();
+    const QSize least = search->minimumSizeHint();  // larger than the room only with a large font
+    const QRect place(QPoint(room.left, room.top), least.expandedTo({GalleryWindow::width - margin - room.left,
+                                                                     GalleryWindow::height - margin - room.top}));
+    search->setGeometry(place);
+    help->adjustSize();
+    help->move(place.right() + 1 - help->width(), place.bottom() + 1 - help->height());
+    content->setFixedSize(place.right() + 1 + margin, place.bottom() + 1 + margin);
+}
+
+void GalleryView::FitInto(const QSize& room)
+{
+    const QSize around(8, 40 + menuBar()->sizeHint().height());  // the approximate size of window decorations
+    const QSize content = area->widget()->size();
+    const QSize scrollBars(area->verticalScrollBar()->sizeHint().width(),
+                           area->horizontalScrollBar()->sizeHint().height());
+    QSize shown = content.boundedTo(room - around);
+    if (shown.height() < content.height()) {
+        shown.setWidth(std::min(content.width() + scrollBars.width(), room.width() - around.width()));
+    }
+    if (shown.width() < content.width()) {
+        shown.setHeight(std::min(content.height() + scrollBars.height(), room.height() - around.height()));
+    }
+    area->setFixedSize(shown);
+}
+
 void GalleryView::Place()
 {
-    adjustSize();
     const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+    FitInto(room.size());
+    adjustSize();
     const GalleryWindow::Place place = GalleryWindow::PlaceOnScreen(
         room.width(), room.height(), frameGeometry().width(), frameGeometry().height());
     move(room.left() + place.left, room.top() + place.top);
@@ -200,6 +265,7 @@ void GalleryView::keyPressEvent(QKeyEvent* event)
     const auto from = static_cast<std::size_t>(focused - pictures.begin());
     if (QWidget* const picture = PictureFor(event->key(), from)) {
         picture->setFocus(Qt::TabFocusReason);
+        area->ensureWidgetVisible(picture);
     } else if (const QString text = event->text();
                !(event->modifiers() & commands) && !text.isEmpty() && text.front().isLetterOrNumber()) {
         search->Type(text);

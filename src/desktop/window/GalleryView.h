@@ -7,6 +7,7 @@
 #include <vector>
 
 class QPushButton;
+class QScrollArea;
 
 namespace linealis::desktop {
 
@@ -20,7 +21,8 @@ public:
     /// The preferences folder contains the user's presets and the list of recent files.
     GalleryView(GalleryWindow& theGallery, const FolderItem& preferencesFolder);
 
-    /// Centers the window on the primary screen. Must be called after the menus have been added, because they
+    /// Gives the window the size of its content, or of the primary screen if that is smaller, and centers it there.
+    /// Must be called after the menus have been added, because they
     /// change the height.
     void Place();
 
@@ -33,6 +35,8 @@ signals:
     void Chosen(const PaperHit& hit);
     /// Emitted when the user wants to choose settings files to open.
     void OpenWanted();
+    /// Emitted when the user wants to choose a preset from pictures.
+    void PickerWanted();
     /// Emitted when settings files have been dropped on the window.
     void FilesDropped(const QStringList& files);
     /// Emitted when the user has closed the window, which is already hidden.
@@ -45,15 +49,21 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    /// Adds the line above the entries, and the entries.
     void AddEntries(QWidget* content);
     QPushButton* AddHelp(QWidget* content) const;
     void AddSearch(QWidget* content, const FolderItem& preferencesFolder, QPushButton* help);
+    /// Gives the content its size and places the search and the Help button at its lower right.
+    void PlaceSearch(QWidget* content, QPushButton* help) const;
+    /// Limits the part of the content that is shown to what fits `room`, in pixels. The rest can be scrolled to.
+    void FitInto(const QSize& room);
     /// Returns the picture that a key moves the focus to from the picture `from`. Null if the key does not move
     /// it.
     QWidget* PictureFor(int key, std::size_t from) const;
 
     GalleryWindow& gallery;
     std::vector<QWidget*> pictures;  ///< in the order of the entries
+    QScrollArea* area = nullptr;
     GallerySearch* search = nullptr;
 };
 

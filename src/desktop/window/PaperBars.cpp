@@ -55,9 +55,9 @@ PaperTopBar::PaperTopBar()
     row->setContentsMargins(8, 4, 8, 0);
     row->setSpacing(2);
     gallery = Add(ToolIcon::Gallery, tr("Gallery"), QStringLiteral("ToolGallery"), tr("Show all kinds of paper"));
-    presets =
-        Add(ToolIcon::Presets, tr("Presets"), QStringLiteral("ToolPresets"), tr("Fill in the form from a preset"));
-    presets->setPopupMode(QToolButton::InstantPopup);
+    presets = Add(ToolIcon::Presets, tr("Presets"), QStringLiteral("ToolPresets"),
+                  tr("Choose a preset from pictures; the arrow opens the menu"));
+    presets->setPopupMode(QToolButton::MenuButtonPopup);
     undo = Add(ToolIcon::Undo, tr("Undo"), QStringLiteral("ToolUndo"), {});
     redo = Add(ToolIcon::Redo, tr("Redo"), QStringLiteral("ToolRedo"), {});
     reset = Add(ToolIcon::Reset, tr("Reset"), QStringLiteral("ToolReset"), tr("Reset the form to its defaults"));

@@ -32,7 +32,7 @@ public:
     PaperTopBar();
 
     QToolButton* gallery;
-    QToolButton* presets;  ///< opens a menu
+    QToolButton* presets;  ///< opens the picker; its arrow opens a menu
     QToolButton* undo;
     QToolButton* redo;
     QToolButton* reset;

@@ -60,9 +60,18 @@ public:
     std::vector<PaperHit> Find()
     {
         AddKinds();
+        AddRecentFiles();
         AddPresets();
         AddOwnPresets();
-        AddRecentFiles();
+        return std::move(hits);
+    }
+
+    std::vector<PaperHit> FindPresets()
+    {
+        AddPresets();
+        AddOwnPresets();
+        std::stable_sort(hits.begin(), hits.end(),
+                         [](const PaperHit& a, const PaperHit& b) { return GroupOf(a) < GroupOf(b); });
         return std::move(hits);
     }
 
@@ -147,6 +156,16 @@ std::vector<PaperHit> FindPapers(std::string_view words, const FolderItem& prefe
 {
     PaperSearch search(words, preferencesFolder, isMetric);
     return WordsOf(words).empty() ? search.Suggest() : search.Find();
+}
+
+std::vector<PaperHit> FindPresets(std::string_view words, const FolderItem& preferencesFolder, bool isMetric)
+{
+    return PaperSearch(words, preferencesFolder, isMetric).FindPresets();
+}
+
+PresetGroup GroupOf(const PaperHit& hit)
+{
+    return hit.preset == nullptr ? PresetGroup::Yours : hit.preset->group;
 }
 
 }  // namespace linealis

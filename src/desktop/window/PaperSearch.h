@@ -21,9 +21,16 @@ struct PaperHit {
     FolderItem file;                 ///< for Sort::OwnPreset and Sort::RecentFile only
 };
 
-/// Returns everything in which every word occurs: kinds, then presets (those in the user's units first), then the
-/// user's own presets, then recent files. Ignores the case of Western European letters. If `words` contains no
+/// Returns everything in which every word occurs: kinds, then recent files, then presets (those in the user's units
+/// first), then the user's own presets. Ignores the case of Western European letters. If `words` contains no
 /// word, returns suggestions: the recent files, and one preset for each of a few kinds.
 std::vector<PaperHit> FindPapers(std::string_view words, const FolderItem& preferencesFolder, bool isMetric);
+
+/// Returns only the presets, including the user's own, in which every word occurs; all of them if there is no word.
+/// They are ordered by group, and within a group as FindPapers orders them.
+std::vector<PaperHit> FindPresets(std::string_view words, const FolderItem& preferencesFolder, bool isMetric);
+
+/// Returns the group of a hit that is a preset.
+PresetGroup GroupOf(const PaperHit& hit);
 
 }  // namespace linealis

@@ -105,6 +105,8 @@ signals:
     /// Emitted when the window has ended. It is hidden already.
     void Closed(const PaperKind& kind);
     void GalleryWanted();
+    /// Emitted when the user wants to choose a preset from pictures.
+    void PickerWanted();
     /// Emitted when the user wants to see the manual, at the chapter of this kind.
     void ManualWanted();
     /// Emitted when settings files have been dropped on the window.

@@ -163,8 +163,10 @@ void PaperView::MakePresetMenu()
             Say(tr("Deleted the preset %1").arg(ToQt(preset.name)));
         }
     };
-    FillPresetMenu(*presets, {kind, platform, lay, [this] { BringBack(); }, save, useAsDefault, remove});
+    FillPresetMenu(*presets, {kind, platform, lay, [this] { BringBack(); }, save, useAsDefault, remove,
+                              [this] { emit PickerWanted(); }});
     topBar->presets->setMenu(presets);
+    connect(topBar->presets, &QToolButton::clicked, this, &PaperView::PickerWanted);
 }
 
 void PaperView::Place()

@@ -2,6 +2,7 @@
 
 #include "desktop/page/PagePainter.h"
 #include "desktop/system/DesktopPlatform.h"
+#include "desktop/system/MetricForms.h"
 #include "desktop/system/Text.h"
 #include "pipeline/page/PageJob.h"
 #include "platform/ScreenlessPlatform.h"
@@ -9,7 +10,6 @@
 #include <QCoreApplication>
 #include <QIconEngine>
 #include <QInputDialog>
-#include <QLocale>
 #include <QPainter>
 #include <QPixmapCache>
 #include <QProxyStyle>
@@ -112,6 +112,7 @@ public:
     void Fill()
     {
         Clear();
+        AddChoosing();
         AddBuiltIn();
         const std::vector<OwnPreset> saved = own.List(host.kind);
         AddOwn(saved);
@@ -146,6 +147,14 @@ private:
     PresetMenuHost::Lay LayOf(const OwnPreset& preset) const
     {
         return [preset, &platform = host.platform](PaperWindow& window) { LayOver(preset, window, platform); };
+    }
+
+    void AddChoosing()
+    {
+        QAction* const choose = menu.addAction(PresetText("Choose a Preset..."));
+        choose->setObjectName(QStringLiteral("PresetChoose"));
+        QObject::connect(choose, &QAction::triggered, &menu, [ask = host.choosePreset] { ask(); });
+        menu.addSeparator();
     }
 
     void AddBuiltIn()
@@ -235,11 +244,6 @@ bool MayReplace(Platform& platform, const FolderItem& file, const std::string& n
 }
 
 }  // namespace
-
-bool PrefersMetric()
-{
-    return QLocale::system().measurementSystem() == QLocale::MetricSystem;
-}
 
 QPixmap PresetPicture(const Preset& preset, const QSize& size, double pixelRatio)
 {

@@ -27,14 +27,13 @@ struct PresetMenuHost {
     std::function<void()> saveAsPreset;
     std::function<void(bool on)> useAsDefault;
     std::function<void(const OwnPreset& preset)> deletePreset;
+    /// Lets the user choose a preset of any kind from pictures.
+    std::function<void()> choosePreset;
 };
 
-/// Fills the menu with the presets of the kind, the user's own presets, the state in which a window was last
-/// closed, and commands to save and delete presets. Fills it again each time it opens.
+/// Fills the menu with the picker, the presets of the kind, the user's own presets, the state in which a window was
+/// last closed, and commands to save and delete presets. Fills it again each time it opens.
 void FillPresetMenu(QMenu& menu, const PresetMenuHost& host);
-
-/// Whether the user's system uses metric units, so that A4 presets come first.
-bool PrefersMetric();
 
 /// Returns a picture of the page of a preset that fits into `size`, in device-independent pixels. Pictures are
 /// cached.
