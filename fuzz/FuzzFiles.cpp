@@ -23,9 +23,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     std::ofstream(path, std::ios::binary)
         .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
     const FolderItem file{std::filesystem::path(path)};
-    MarkerFile markers(file);
+    const auto next = MarkerFile(file).Lines();
     std::size_t taken = 0;
-    for (std::string line; markers.NextLine(line);) {
+    for (std::string line; next(line);) {
         taken += line.size();
     }
     Require(taken <= size);

@@ -41,8 +41,10 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const PaperKind& kind = input.Kind();
     const std::string file = folder + "/pad." + std::string(kind.settingsType.extension);
     cli::PadRequest request;
-    request.pages = std::size_t{1} + input.Byte() % 9;
-    request.up = input.Byte() % 6;
+    request.layout.pages = std::size_t{1} + input.Byte() % 9;
+    const std::uint8_t layout = input.Byte();
+    request.layout.up = layout % 6;
+    request.layout.hasNumbers = layout / 6 % 2 == 1;
     request.output = folder + "/pad.pdf";
     const auto nameOf = [&](std::uint8_t choice) {
         return choice < PaperKinds().size() ? std::string(PaperKinds()[choice].name) : file;

@@ -168,8 +168,8 @@ TEST(PageCheck, NumbersTheFaultyLinesOfAMarkerFile)
         lines += "x 0 a\n";
     }
     WriteFile(folder / "m.txt", lines);
-    const Names faults = MarkerFaults(MarkerFile(FolderItem(folder / "m.txt")));
-    EXPECT_EQ(faults.back(), "Marker file: " + std::to_string(101 - faults.size()) + " more lines with faults");
+    const Names found = MarkerFaults(MarkerFile(FolderItem(folder / "m.txt")));
+    EXPECT_EQ(found.back(), "Marker file: " + std::to_string(101 - found.size()) + " more lines with faults");
 }
 
 TEST(PageCheck, CommandLineWritesNothing)

@@ -69,7 +69,7 @@ TEST_P(EveryKind, TabGoesOverTheFormAsItIsRead)
         return control->IsEnabled() && control->Kind() != ControlKind::Label;
     };
     const auto fields = std::count_if(controls.begin(), controls.end(), takesFocus);
-    const std::size_t buttons = GetParam().kind == "graph" ? 5 : 3;  // with the marker file and the wizard
+    const std::size_t buttons = GetParam().kind == "graph" ? 6 : 3;  // with the marker file and two wizards
     EXPECT_EQ(stops, static_cast<std::size_t>(fields) + buttons);
 }
 
@@ -301,6 +301,33 @@ TEST_F(DesktopForm, LengthsTakeUnitsAndNumbersStep)
     GenerateAs(window, folder / "page.pdf");  // without leaving the field
     EXPECT_EQ(Shown(window, "EditVertSpacing"), "0.5");
     EXPECT_EQ(Child(window, "LinesColorCanvas").accessibleDescription(), QStringLiteral("#000000 (black)"));
+}
+
+TEST_F(DesktopForm, OneClickCopiesARowAndMarginsStayEqual)
+{
+    const std::initializer_list<std::string_view> yGrid = {"PopupYAxis", "EditYLineSpacing", "EditYMajor",
+                                                           "EditYMajorWeight"};
+    const std::initializer_list<std::string_view> margins = {"EditTopMargin", "EditBottomMargin", "EditLeftMargin",
+                                                             "EditRightMargin"};
+    QWidget& window = OpenPaper("graph");
+    const std::string before = Shown(window, yGrid);
+    Enter(window, {"PopupXAxis=Log 2 Decades", "EditXMajorWeight=2"});
+    Child<QAbstractButton>(window, "CopyStaticTextYGrid").click();
+    EXPECT_EQ(Shown(window, yGrid),
+              Shown(window, {"PopupXAxis", "EditXLineSpacing", "EditXMajor", "EditXMajorWeight"}));
+    EXPECT_NE(Shown(window, yGrid), before);
+    Child<QAbstractButton>(window, "ToolUndo").click();
+    EXPECT_EQ(Shown(window, yGrid), before) << "one step";
+
+    const std::string old = Shown(window, margins);
+    Child<QAbstractButton>(window, "LinkMargins").setChecked(true);
+    Enter(window, {"EditLeftMargin=2"});
+    Press(window, Qt::Key_Tab);
+    for (const std::string_view margin : margins) {
+        EXPECT_EQ(Shown(window, margin), "2");
+    }
+    Child<QAbstractButton>(window, "ToolUndo").click();
+    EXPECT_EQ(Shown(window, margins), old);
 }
 
 TEST_F(DesktopForm, SwatchAsksForAColor)
