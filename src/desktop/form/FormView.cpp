@@ -420,6 +420,9 @@ void FormView::ShowReadouts()
             readout.hasLength && !isInMetricUnit && !length.empty()) {
             text += (text.empty() ? "" : " ") + length;
         }
+        if (readout.fields.size() > 1) {
+            readout.label->setVisible(!text.empty());  // so that what follows it stands directly after the fields
+        }
         if (readout.label->text() != ToQt(text)) {
             readout.label->setText(ToQt(text));
             readout.label->setToolTip(ToQt(text));  // the label may show only a part
