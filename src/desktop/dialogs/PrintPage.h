@@ -42,7 +42,7 @@ struct PrintedSheets {
 /// Sets the printer to paper of the size, in points, and to its orientation, with coordinates that start at the
 /// corner of the sheet and not of the printable area. A printer that does not support the paper gets its default
 /// paper.
-void SetPaper(QPrinter& printer, const QSizeF& paper);
+void SetPaper(QPrinter& printer, const QSizeF& size);
 
 /// Returns the warnings to show before printing: that the paper of the printer differs from that of the page, and
 /// that lines extend beyond the printable area. The width of lines does not count, only their center.

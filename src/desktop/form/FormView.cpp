@@ -333,9 +333,9 @@ void FormView::Align()
     }
     for (const ShownReadout& readout : readouts) {
         if (readout.hasLength && readout.fields.size() == 1) {
-            const QString widest = QStringLiteral("= 188.88 mm");  // a typical wide readout
+            const QString typical = QStringLiteral("= 188.88 mm");  // a typical wide readout
             readout.label->setFixedWidth(
-                fontMetrics().horizontalAdvance(readout.hasUnit ? QStringLiteral("in ") + widest : widest));
+                fontMetrics().horizontalAdvance(readout.hasUnit ? QStringLiteral("in ") + typical : typical));
         }
     }
 }

@@ -23,7 +23,7 @@ constexpr double border = 12.0;     // pixels of background around the page
 constexpr double zoomStep = 1.25;   // factor per key press or notch of the wheel
 constexpr double largestZoom = 16;  // 1600 % of the actual size
 constexpr double smallestZoom = 0.05;
-constexpr double reach = 4.0;  // pixels to a handle
+constexpr double handleReach = 4.0;  // pixels to a handle
 constexpr QColor lightOfMargin(242, 89, 0, 60);
 constexpr double notch = 120.0;  // of a mouse wheel, in eighths of a degree as Qt counts them
 
@@ -284,7 +284,7 @@ std::optional<PageHandle> LivePage::HandleAt(QPointF place) const
             return title;
         }
     }
-    if (const std::optional<Side> side = NearestEdge(InsideMargins(), place, reach)) {
+    if (const std::optional<Side> side = NearestEdge(InsideMargins(), place, handleReach)) {
         return *side;
     }
     return std::nullopt;

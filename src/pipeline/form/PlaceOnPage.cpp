@@ -59,8 +59,8 @@ void MoveMargin(PaperForm& form, Side side, double place, Grain grain)
                             : side == Side::Bottom ? setup.topMargin
                             : side == Side::Left   ? setup.rightMargin
                                                    : setup.leftMargin;
-    const double margin = isFarSide ? paper - place / scale : place / scale;
-    Write(MarginOf(form, side), std::clamp(margin, 0.0, std::max(paper - opposite, 0.0)), form, grain);
+    const double fromEdge = isFarSide ? paper - place / scale : place / scale;
+    Write(MarginOf(form, side), std::clamp(fromEdge, 0.0, std::max(paper - opposite, 0.0)), form, grain);
 }
 
 TitleControls ControlsOfTitle(const PaperForm& form, Role title)
