@@ -10,12 +10,9 @@
 #include "desktop/window/MarkerChooser.h"
 #include "desktop/window/PaperBars.h"
 #include "kinds/PageSummary.h"
-#include "pdf/PageHit.h"
 #include "pipeline/form/FieldWords.h"
-#include "pipeline/page/PageJob.h"
 #include "text/Numbers.h"
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QDesktopServices>
 #include <QFileInfo>
@@ -23,7 +20,6 @@
 #include <QMimeData>
 #include <QPrinterInfo>
 #include <QPushButton>
-#include <QScopeGuard>
 #include <QToolButton>
 #include <QUrl>
 #include <algorithm>
@@ -52,7 +48,7 @@ QString MarkerFileIn(const QMimeData& dragged)
 }
 
 PaperView::PaperView(DesktopPlatform& thePlatform, const PaperKind& theKind, PaperWindow& theWindow)
-    : platform(thePlatform), kind(theKind), window(theWindow), history(theWindow)
+    : platform(thePlatform), kind(theKind), window(theWindow), history(theWindow), work(thePlatform, theWindow)
 {
     setWindowTitle(ToQt(kind.title));
     setObjectName(ToQt(kind.window));
@@ -83,14 +79,7 @@ void PaperView::LightUp()
 const Control* PaperView::ControlAt(const QPointF& place) const
 {
     constexpr double reachInPixels = 4.0;
-    // This blocks the interface, so limit it to what can be drawn and searched in about a tenth of a second. It
-    // draws the page again because the content that is shown belongs to the thread of the renderer.
-    constexpr std::int64_t mostContent = 4'000'000;  // bytes
-    constexpr std::int64_t mostSteps = 2'500'000;    // more operators than that many bytes can contain
-    Turns turns([] {}, mostSteps);
-    const DrawnPage page = DrawBeginning(window.ReadPage(), turns, mostContent);
-    const Role role =
-        RoleAt(page.content, page.roles, {place.x(), place.y()}, reachInPixels / livePage->PixelsPerPoint(), turns);
+    const Role role = work.RoleNear({place.x(), place.y()}, reachInPixels / livePage->PixelsPerPoint());
     return role.empty() ? nullptr : GovernorOf(window.form, role);
 }
 
@@ -209,7 +198,7 @@ void PaperView::Reset()
 
 void PaperView::Generate()
 {
-    if (generating) {
+    if (work.IsRunning()) {
         return;
     }
     MakePage();
@@ -221,13 +210,12 @@ void PaperView::Generate()
 void PaperView::MakePage()
 {
     FinishEdit();
-    Work([this] { window.PushButtonGenerate_Action(); });
+    work.Generate();
     SayHowPageEnded();
     ChangedOutside(tr("Generate"));  // generating can correct values in the form
-    const std::string_view content = window.Pdf().Stream();
     // A visible live page delivers the warnings itself.
-    if (!livePage->isVisible() && content.size() <= longestContentChecked) {
-        ShowWarningsOfPage(ContentWarnings(window.Page(), content, window.Pdf().Roles()));
+    if (!livePage->isVisible()) {
+        ShowWarningsOfPage(work.WarningsOfFile());
     }
 }
 
@@ -251,22 +239,6 @@ void PaperView::Calibrate()
         QPrinterInfo::availablePrinterNames(), PrinterFactorsFile(platform.PreferencesFolder()),
         [this](QDialog& inner) { return platform.RunModal(inner); }, takeOver, this);
     platform.RunModal(dialog);
-}
-
-void PaperView::Work(const std::function<void()>& work)
-{
-    generating = true;
-    stop = false;
-    bottomBar->generate->setEnabled(false);
-    progressDelay.start();
-    const auto ended = qScopeGuard([this] {
-        progressDelay.stop();
-        bottomBar->ShowProgress(false);
-        bottomBar->generate->setEnabled(true);
-        generating = false;
-    });
-    Say({});
-    platform.RunStoppable(stop, work);
 }
 
 void PaperView::SayHowPageEnded()
@@ -336,7 +308,7 @@ void PaperView::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         Generate();
-    } else if (event->key() == Qt::Key_Escape && generating) {
+    } else if (event->key() == Qt::Key_Escape && work.IsRunning()) {
         Cancel();
     } else {
         QMainWindow::keyPressEvent(event);
@@ -374,7 +346,7 @@ void PaperView::showEvent(QShowEvent* event)
 
 void PaperView::closeEvent(QCloseEvent* event)
 {
-    if (generating) {  // stop the page first; the window closes when it has ended
+    if (work.IsRunning()) {  // stop the page first; the window closes when it has ended
         closeWhenDone = true;
         Cancel();
         event->ignore();

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "app/App.h"
-#include "check/PageCheck.h"
 #include "desktop/dialogs/PrintPage.h"
 #include "desktop/form/FormHistory.h"
 #include "desktop/system/DesktopPlatform.h"
+#include "desktop/window/PageWork.h"
 
 #include <QMainWindow>
 #include <QTimer>
@@ -52,7 +52,7 @@ public:
     void Generate();
 
     /// Stops the page that is being made; its file stays unchanged.
-    void Cancel() { stop = true; }
+    void Cancel() { work.Stop(); }
 
     /// Adds the items for the form and the page to the menu bar, which must be installed already.
     void AddMenus();
@@ -128,6 +128,8 @@ private:
     QSize LargestSize() const;
     /// Connects the widgets.
     void Connect();
+    /// Shows the progress of a page, with a Cancel button if it takes noticeable time.
+    void ConnectWork();
     void MakePresetMenu();
     /// Adds the choice of a marker file to the form of a kind that has markers.
     void MakeMarkerChooser();
@@ -137,13 +139,9 @@ private:
     void Place();
     void PrintPad();
     void Calibrate();
-    /// Runs long work on a page, with a progress bar and a Cancel button if it takes noticeable time.
-    void Work(const std::function<void()>& work);
-    /// Uses a drawn page. Can be stopped in its turns. Returns the message for the status line.
-    using PageUse = std::function<QString(const DrawnPage& page, Turns& turns)>;
-    /// Draws the page and passes it to `use`. If the page is stopped or abandoned, shows a message with
-    /// `nothingDone`, such as "nothing was printed". Does nothing while a page is being made.
-    void Use(const QString& nothingDone, const PageUse& use);
+    /// Draws the page, passes it to `use`, and shows the message that results. Does nothing while a page is being
+    /// made.
+    void Use(const QString& nothingDone, const PageWork::PageUse& use);
     void MakePage();
     void SayHowPageEnded();
     void ShowWizard();
@@ -182,6 +180,7 @@ private:
     const PaperKind& kind;
     PaperWindow& window;
     FormHistory history;
+    PageWork work;
     std::unique_ptr<PaperWindow> kept;  ///< owns `window` after it has been closed; null before
     FormView* form = nullptr;
     LivePane* livePane = nullptr;
@@ -197,13 +196,10 @@ private:
     PageWarnings formWarnings;
     PageWarnings pageWarnings;   ///< of the page that was drawn last
     QTimer changeDelay;          ///< combines simultaneous changes into one call of FormChanged
-    QTimer progressDelay;        ///< delays the progress bar
     QString presetName;          ///< of the last preset loaded into the form; cleared by later steps
     QString padFile;             ///< the path of the pad that was saved last
     QString givenTitle;          ///< the title that the form started with, or got from that preset
     bool placed = false;         ///< whether the window has been shown before
-    bool generating = false;     ///< whether Work is running
-    bool stop = false;           ///< tells the running work to stop
     bool closeWhenDone = false;  ///< whether to close the window after the running work
 };
 

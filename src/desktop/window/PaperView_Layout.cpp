@@ -11,7 +11,6 @@
 #include "desktop/window/RecentMenu.h"
 #include "pipeline/form/FieldWords.h"
 
-#include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -26,8 +25,6 @@
 namespace linealis::desktop {
 
 namespace {
-
-constexpr int millisecondsBeforeProgress = 400;
 
 /// On a screen narrower than this, in pixels, the form and the page do not fit side by side.
 constexpr int narrowScreen = 1100;
@@ -75,6 +72,7 @@ void PaperView::LayOut()
 
 void PaperView::Connect()
 {
+    ConnectWork();
     connect(topBar->gallery, &QToolButton::clicked, this, &PaperView::GalleryWanted);
     MakePresetMenu();
     MakeMarkerChooser();
@@ -88,7 +86,6 @@ void PaperView::Connect()
     if (bottomBar->dataRange != nullptr) {
         connect(bottomBar->dataRange, &QPushButton::clicked, this, &PaperView::ShowRangeWizard);
     }
-    connect(bottomBar->cancel, &QPushButton::clicked, this, &PaperView::Cancel);
     connect(bottomBar->changeFile, &QPushButton::clicked, this, &PaperView::ChangeFile);
     connect(bottomBar->generate, &QPushButton::clicked, this, &PaperView::Generate);
     connect(form, &FormView::Committed, &history, &FormHistory::CommitChangeOf);
@@ -130,16 +127,20 @@ void PaperView::Connect()
     connect(&history, &FormHistory::Changed, &changeDelay, qOverload<>(&QTimer::start));
     connect(&changeDelay, &QTimer::timeout, this, &PaperView::FormChanged);
     FormChanged();
+}
 
-    progressDelay.setSingleShot(true);
-    progressDelay.setInterval(millisecondsBeforeProgress);
-    connect(&progressDelay, &QTimer::timeout, this, [this] {
-        if (QApplication::activeModalWidget() != nullptr) {
-            progressDelay.start();  // a dialog is open, so the work is waiting for the user
-        } else {
-            bottomBar->ShowProgress(true);
-        }
+void PaperView::ConnectWork()
+{
+    connect(&work, &PageWork::Started, this, [this] {
+        bottomBar->generate->setEnabled(false);
+        Say({});
     });
+    connect(&work, &PageWork::TakesTime, this, [this] { bottomBar->ShowProgress(true); });
+    connect(&work, &PageWork::Ended, this, [this] {
+        bottomBar->ShowProgress(false);
+        bottomBar->generate->setEnabled(true);
+    });
+    connect(bottomBar->cancel, &QPushButton::clicked, &work, &PageWork::Stop);
 }
 
 void PaperView::MakePresetMenu()
