@@ -38,6 +38,8 @@ struct AxisRoom {
     double textSize = 0.0;    ///< in points
     bool isTrigonometric = false;
     bool showsAxes = true;
+
+    bool IsInInches() const { return unitPixels == pointsPerInch; }
 };
 
 /// Why a range cannot be shown: one sentence with the range and what is possible.

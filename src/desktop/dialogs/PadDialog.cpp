@@ -8,9 +8,7 @@
 #include "kinds/Presets.h"
 #include "pdf/Units.h"
 #include "pipeline/document/MarkerFile.h"
-#include "platform/Process.h"
 
-#include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QFile>
 #include <QFileInfo>
@@ -29,12 +27,6 @@ const QString padFolderKey = QStringLiteral("folders/pad");
 const QString blankBack;
 const QString sameBack = QStringLiteral("same");
 
-QString PadProgram()
-{
-    const std::string calledAs = QCoreApplication::applicationFilePath().toStdString();
-    return ToQt(HelperProgram(calledAs.c_str(), padProgram).string());
-}
-
 /// Returns the size of a sheet in the unit of its form.
 QString SizeText(const PaperSize& size, bool inInches)
 {
@@ -44,20 +36,6 @@ QString SizeText(const PaperSize& size, bool inInches)
     };
     return QStringLiteral("%1 × %2 %3")
         .arg(text(size.width), text(size.height), inInches ? QStringLiteral("in") : QStringLiteral("mm"));
-}
-
-/// Returns what the program has said, without the name of the program at the start of each line.
-QString Words(const QByteArray& errors)
-{
-    QStringList lines = QString::fromUtf8(errors).trimmed().split(QLatin1Char('\n'));
-    for (QString& line : lines) {
-        constexpr QLatin1String prefix("linealis-cli: ");
-        if (line.startsWith(prefix)) {
-            line.remove(0, prefix.size());
-        }
-        line = line.left(1).toUpper() + line.mid(1);
-    }
-    return lines.join(QLatin1Char('\n'));
 }
 
 }  // namespace
@@ -106,14 +84,7 @@ PadDialog::PadDialog(DesktopPlatform& thePlatform, const PaperKind& theKind, Pap
     all->addWidget(MakeButtons());
     print->setDefault(true);  // a button can become the default only once it is in the dialog
 
-    connect(&program, &QProcess::finished, this, &PadDialog::Finished);
-    connect(&program, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
-        if (error == QProcess::FailedToStart) {
-            ShowWorking(false);
-            said->setText(
-                tr("Cannot run the program that makes pads, %1: %2").arg(program.program(), program.errorString()));
-        }
-    });
+    connect(&program, &PadProgram::Ended, this, &PadDialog::ShowEnd);
     Restore();
     FillPresets();
     ShowPad();
@@ -123,7 +94,7 @@ PadDialog::PadDialog(DesktopPlatform& thePlatform, const PaperKind& theKind, Pap
 
 PadDialog::~PadDialog()
 {
-    Stop();
+    program.Stop();
 }
 
 void PadDialog::AddFields(QFormLayout& rows)
@@ -205,11 +176,11 @@ QWidget* PadDialog::MakeButtons()
         done(printing);
     });
     connect(save, &QPushButton::clicked, this, &PadDialog::Save);
-    connect(cancel, &QPushButton::clicked, this, [this] { IsWorking() ? Stop() : reject(); });
-    if (const QString path = PadProgram(); !QFileInfo(path).isExecutable()) {
+    connect(cancel, &QPushButton::clicked, this, [this] { program.IsRunning() ? program.Stop() : reject(); });
+    if (!PadProgram::IsInstalled()) {
         save->setEnabled(false);
-        said->setText(
-            tr("A PDF file cannot be saved: the program that makes pads, %1, is not installed.").arg(path));
+        said->setText(tr("A PDF file cannot be saved: the program that makes pads, %1, is not installed.")
+                          .arg(PadProgram::Path()));
         said->show();
     }
     return buttons;
@@ -293,7 +264,7 @@ QString PadDialog::AskForFile()
     return dialog.selectedFiles().value(0);
 }
 
-std::optional<QStringList> PadDialog::Arguments(const QString& path)
+std::optional<QStringList> PadDialog::Arguments()
 {
     const QString form = folder.filePath(QStringLiteral("form.json"));
     QFile file(form);
@@ -303,17 +274,10 @@ std::optional<QStringList> PadDialog::Arguments(const QString& path)
         return std::nullopt;
     }
     const PadLayout layout = Layout();
-    QStringList arguments = {QStringLiteral("pad"),
-                             QStringLiteral("--form"),
-                             form,
-                             QStringLiteral("--pages"),
-                             QString::number(layout.pages),
-                             QStringLiteral("--up"),
-                             QString::number(layout.up),
-                             QStringLiteral("--copies"),
-                             QString::number(copies->value()),
-                             QStringLiteral("--output"),
-                             path};
+    QStringList arguments = {QStringLiteral("--form"),   form,
+                             QStringLiteral("--pages"),  QString::number(layout.pages),
+                             QStringLiteral("--up"),     QString::number(layout.up),
+                             QStringLiteral("--copies"), QString::number(copies->value())};
     if (layout.hasNumbers) {
         arguments << QStringLiteral("--numbers");
     }
@@ -339,15 +303,13 @@ void PadDialog::Save()
         return;
     }
     Keep();
-    const std::optional<QStringList> arguments = Arguments(path);
+    const std::optional<QStringList> arguments = Arguments();
     if (!arguments) {
         said->show();
         return;
     }
-    target = path;
-    isStopped = false;
     ShowWorking(true);
-    program.start(PadProgram(), *arguments);
+    program.Start(*arguments, path);
 }
 
 void PadDialog::ShowWorking(bool works)
@@ -362,43 +324,25 @@ void PadDialog::ShowWorking(bool works)
     }
 }
 
-void PadDialog::Finished(int status, QProcess::ExitStatus how)
+void PadDialog::ShowEnd(bool isWritten, const QString& message)
 {
     ShowWorking(false);
-    const QByteArray errors = program.readAllStandardError();
-    const QString fileName = QFileInfo(target).fileName();
-    if (isStopped) {
-        said->setText(tr("Canceled; %1 is unchanged").arg(fileName));
-    } else if (how == QProcess::CrashExit) {
-        said->setText(tr("%1 was not written: the program that makes pads has crashed").arg(fileName));
-    } else if (status != 0) {
-        said->setText(Words(errors));
-    } else {
-        saved = target;
-        if (errors.trimmed().isEmpty()) {
-            accept();
-            return;
-        }
-        said->setText(tr("Wrote %1.").arg(fileName) + QLatin1Char('\n') + Words(errors));
-        cancel->setText(tr("&Close"));
+    said->setText(message);
+    if (!isWritten) {
+        return;
     }
-}
-
-void PadDialog::Stop()
-{
-    constexpr int patience = 3000;  // milliseconds
-    if (IsWorking()) {
-        isStopped = true;
-        program.terminate();  // the program removes the unfinished file
-        if (!program.waitForFinished(patience)) {
-            program.kill();
-        }
+    saved = program.Target();
+    if (message.isEmpty()) {
+        accept();
+        return;
     }
+    said->setText(tr("Wrote %1.").arg(QFileInfo(saved).fileName()) + QLatin1Char('\n') + message);
+    cancel->setText(tr("&Close"));
 }
 
 void PadDialog::reject()
 {
-    Stop();
+    program.Stop();
     QDialog::reject();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/dialogs/PadProgram.h"
 #include "desktop/system/DesktopPlatform.h"
 #include "kinds/PadSheet.h"
 #include "kinds/PaperKinds.h"
@@ -10,7 +11,6 @@
 #include <QDialog>
 #include <QFormLayout>
 #include <QLabel>
-#include <QProcess>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSpinBox>
@@ -62,13 +62,11 @@ private:
 
     void Save();
     /// Returns the command line for the program that makes pads, or nothing if its input cannot be written.
-    std::optional<QStringList> Arguments(const QString& path);
+    std::optional<QStringList> Arguments();
     QString AskForFile();
-    void Finished(int status, QProcess::ExitStatus how);
-    void Stop();
+    void ShowEnd(bool isWritten, const QString& message);
     /// Shows that the work has begun or ended.
     void ShowWorking(bool works);
-    bool IsWorking() const { return program.state() != QProcess::NotRunning; }
 
     DesktopPlatform& platform;
     const PaperKind& kind;
@@ -94,10 +92,8 @@ private:
     QPushButton* cancel = nullptr;
 
     QTemporaryDir folder;  ///< private to the user; for the form that is handed over
-    QProcess program;
-    QString target;  ///< the file that the program is writing
+    PadProgram program;
     QString saved;
-    bool isStopped = false;
 };
 
 }  // namespace linealis::desktop
