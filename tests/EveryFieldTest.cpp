@@ -4,13 +4,8 @@
 #include "pipeline/form/FieldWords.h"
 #include "pipeline/form/SetControl.h"
 
-#include <cstdlib>
-
 namespace linealis::test {
 namespace {
-
-const std::string document = LINEALIS_DOCS_PATH "/field-warnings.md";
-constexpr std::string_view startOfTables = "<!-- tables -->\n";
 
 /// What enables the fields of a kind that are off when it opens.
 Names Enabling(const std::string& kind)
@@ -85,14 +80,7 @@ std::string Tables()
 
 TEST(EveryField, SaysWhatItsDocumentHas)
 {
-    const std::string text = ReadFile(document);
-    const std::size_t start = text.find(startOfTables);
-    ASSERT_NE(start, std::string::npos) << document << " has no line " << startOfTables;
-    const std::string introduction = text.substr(0, start + startOfTables.size());
-    if (std::getenv("LINEALIS_UPDATE_DOCS") != nullptr) {
-        WriteFile(document, introduction + Tables());
-    }
-    EXPECT_EQ(ReadFile(document), introduction + Tables()) << "LINEALIS_UPDATE_DOCS=1 writes it anew";
+    ExpectTables(LINEALIS_DOCS_PATH "/field-warnings.md", Tables());
 }
 
 /// A row a field of the command line's table, in which that field alone is no number.
