@@ -158,7 +158,8 @@ void CornellDrawing::DrawColumns(Span across, Span up)
 void CornellForm::Event_Open(const Platform& platform)
 {
     PaperForm::Event_Open(platform);
-    EditDate.SetText(platform.ShortDate());
+    EditDate.today = [&platform] { return platform.ShortDate(); };
+    EditDate.SetText(EditDate.today());
 }
 
 SettingsTable Settings(CornellForm& form)

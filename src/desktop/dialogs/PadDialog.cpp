@@ -5,7 +5,6 @@
 #include "desktop/system/Text.h"
 #include "desktop/system/WindowSettings.h"
 #include "exchange/FormJson.h"
-#include "kinds/Presets.h"
 #include "pdf/Units.h"
 #include "pipeline/document/MarkerFile.h"
 #include "platform/Process.h"
@@ -24,10 +23,6 @@ namespace linealis::desktop {
 namespace {
 
 const QString padFolderKey = QStringLiteral("folders/pad");
-
-// What the list of backs offers besides the kinds.
-const QString blankBack;
-const QString sameBack = QStringLiteral("same");
 
 QString PadProgram()
 {
@@ -65,7 +60,7 @@ QString Words(const QByteArray& errors)
 PadDialog::PadDialog(DesktopPlatform& thePlatform, const PaperKind& theKind, PaperWindow& theWindow,
                      QString theName, QWidget* parent)
     : QDialog(parent), platform(thePlatform), kind(theKind), window(theWindow), page(theWindow.ReadPage()),
-      name(std::move(theName))
+      back(thePlatform, theWindow.form, page), name(std::move(theName))
 {
     setObjectName(QStringLiteral("pad"));
     setWindowTitle(tr("Print Pad"));
@@ -115,7 +110,6 @@ PadDialog::PadDialog(DesktopPlatform& thePlatform, const PaperKind& theKind, Pap
         }
     });
     Restore();
-    FillPresets();
     ShowPad();
     pages->setFocus();
     pages->selectAll();
@@ -141,54 +135,31 @@ void PadDialog::AddFields(QFormLayout& rows)
     numbers->setToolTip(tr("In the order of the stacks after cutting"));
     copies->setRange(1, mostPadCopies);
     copies->setMinimumWidth(pages->sizeHint().width());
-    for (QComboBox* const box : {up, back, preset}) {
+    for (QComboBox* const box : {up, &back.Backs(), &back.Presets()}) {
         constexpr int usualTitle = 24;  // characters; the width does not depend on the choice
         box->setMinimumContentsLength(usualTitle);
         box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     }
-    FillBacks();
     add(tr("&Pages:"), pages, "PadPages");
     add(tr("On each &side:"), up, "PadUp");
     add(QString(), numbers, "PadNumbers");
-    add(tr("&Back:"), back, "PadBack");
-    add(tr("P&reset:"), preset, "PadPreset");
+    rows.addRow(tr("&Back:"), &back.Backs());
+    rows.addRow(tr("P&reset:"), &back.Presets());
     add(tr("&Copies:"), copies, "PadCopies");
     for (QSpinBox* const box : {pages, copies}) {
         connect(box, &QSpinBox::valueChanged, this, &PadDialog::ShowPad);
     }
     connect(up, &QComboBox::currentIndexChanged, this, &PadDialog::ShowPad);
     connect(numbers, &QCheckBox::toggled, this, &PadDialog::ShowPad);
-    connect(back, &QComboBox::currentIndexChanged, this, &PadDialog::FillPresets);
-    connect(preset, &QComboBox::currentIndexChanged, this, [this] {
-        MakeBack();
+    connect(&back, &PadBack::Changed, this, [this] {
+        said->hide();
         ShowPad();
     });
-}
-
-void PadDialog::FillBacks()
-{
-    back->addItem(tr("Blank"), blankBack);
-    back->addItem(tr("Same as the front"), sameBack);
-    back->insertSeparator(back->count());
-    for (const PaperKind& each : PaperKinds()) {
-        back->addItem(ToQt(each.galleryTitle).simplified(), ToQt(each.name));
-    }
-}
-
-void PadDialog::FillPresets()
-{
-    const QString chosen = back->currentData().toString();
-    preset->clear();
-    preset->addItem(tr("None"), QString());
-    for (const Preset* const each : PresetsFor(!page.frame.IsInInches())) {
-        if (ToQt(each->kind) == chosen) {
-            preset->addItem(ToQt(each->title), ToQt(each->id));
-        }
-    }
-    preset->setEnabled(preset->count() > 1);
-    MakeBack();
-    ShowPad();
+    connect(&back, &PadBack::Refused, this, [this](const QString& why) {
+        said->setText(why);
+        said->show();
+    });
 }
 
 QWidget* PadDialog::MakeButtons()
@@ -223,32 +194,11 @@ PadLayout PadDialog::Layout() const
             {page.frame.paperWidth, page.frame.paperHeight}};
 }
 
-std::optional<PaperPage> PadDialog::Back() const
-{
-    if (back->currentData() == sameBack) {
-        return page;
-    }
-    return backWindow == nullptr ? std::nullopt : std::optional(backWindow->ReadPage());
-}
-
-void PadDialog::MakeBack()
-{
-    backWindow.reset();
-    const std::string chosen = back->currentData().toString().toStdString();
-    const PaperKind* const backKind = FindPaperKind(chosen);
-    if (backKind == nullptr) {
-        return;
-    }
-    const Preset* const used = FindPreset(preset->currentData().toString().toStdString());
-    backWindow = used == nullptr ? MakeWindow(*backKind, backPlatform) : MakeWindow(*used, backPlatform);
-    TakePaperOf(window.form, chosen, backWindow->form);
-}
-
 void PadDialog::ShowPad()
 {
     const PadLayout layout = Layout();
     const auto sheets = static_cast<int>(layout.Sheets()) * copies->value();
-    std::optional<PaperPage> backPage = Back();
+    std::optional<PaperPage> backPage = back.Page();
     const QString size = SizeText(layout.Side(), page.frame.IsInInches());
     QString text = sheets == 1 ? tr("1 sheet of %1").arg(size) : tr("%1 sheets of %2").arg(sheets).arg(size);
     if (backPage) {
@@ -317,11 +267,8 @@ std::optional<QStringList> PadDialog::Arguments(const QString& path)
     if (layout.hasNumbers) {
         arguments << QStringLiteral("--numbers");
     }
-    if (const QString chosen = back->currentData().toString(); chosen == sameBack) {
-        arguments << QStringLiteral("--back") << form;
-    } else if (chosen != blankBack) {
-        const QString id = preset->currentData().toString();
-        arguments << QStringLiteral("--back") << (id.isEmpty() ? chosen : id);
+    if (const QString source = back.Source(form); !source.isEmpty()) {
+        arguments << QStringLiteral("--back") << source;
     }
     if (const auto* const markers = window.form.Find<CheckBox>("CheckBoxMarkers");
         markers != nullptr && markers->Value()) {

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "desktop/dialogs/PadBack.h"
 #include "desktop/system/DesktopPlatform.h"
 #include "kinds/PadSheet.h"
 #include "kinds/PaperKinds.h"
-#include "platform/ScreenlessPlatform.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -16,7 +16,6 @@
 #include <QSpinBox>
 #include <QString>
 #include <QTemporaryDir>
-#include <memory>
 #include <optional>
 
 namespace linealis::desktop {
@@ -42,7 +41,7 @@ public:
     PadLayout Layout() const;
     int Copies() const { return copies->value(); }
     /// Returns the page for the backs; nothing if they stay blank.
-    std::optional<PaperPage> Back() const;
+    std::optional<PaperPage> Back() const { return back.Page(); }
     /// Returns the path of the file that was saved last; empty if there is none.
     QString SavedFile() const { return saved; }
 
@@ -50,12 +49,7 @@ public:
 
 private:
     void AddFields(QFormLayout& rows);
-    void FillBacks();
-    /// Lists the presets of the chosen back.
-    void FillPresets();
     QWidget* MakeButtons();
-    /// Makes the paper of the chosen back.
-    void MakeBack();
     void ShowPad();
     void Keep() const;
     void Restore();
@@ -74,16 +68,13 @@ private:
     const PaperKind& kind;
     PaperWindow& window;
     const PaperPage page;
+    PadBack back;
     QString name;
-    ScreenlessPlatform backPlatform;  ///< of the window below
-    std::unique_ptr<PaperWindow> backWindow;
 
     QWidget* fields = new QWidget;
     QSpinBox* pages = new QSpinBox;
     QComboBox* up = new QComboBox;
     QCheckBox* numbers = nullptr;
-    QComboBox* back = new QComboBox;
-    QComboBox* preset = new QComboBox;
     QSpinBox* copies = new QSpinBox;
     PadPicture* picture = nullptr;
     QLabel* summary = new QLabel;

@@ -77,7 +77,7 @@ bool HasTables(const Form& form)
 std::size_t CellsPerLine(const Form& form, Group group)
 {
     constexpr std::size_t few = 2, many = FormRows::columns;
-    return HasTables(form) && group != Group::Page && group != Group::Margins ? many : few;
+    return HasTables(form) && group != Group::Page ? many : few;
 }
 
 bool HoldsLength(const TextField& field)
@@ -117,7 +117,8 @@ FormView::FormView(Form& theForm, GroupBoxes groupBoxes, std::function<void(Swat
                                              }},
       column(new QVBoxLayout(this))
 {
-    column->setSpacing(12);
+    column->setContentsMargins(8, 4, 8, 4);
+    column->setSpacing(10);
     for (const Group group : allGroups) {
         AddGroup(group, groupBoxes);
     }
@@ -156,11 +157,18 @@ QWidget* FormView::TakeLastGroup()
 void FormView::AddBeside(const Control& control, QWidget* widget)
 {
     QWidget* const neighbor = controls.at(&control).control.widget;
+    controls.at(&control).beside = widget;
+    widget->setEnabled(control.IsEnabled());
     auto* const pair = new QWidget;
     auto* const row = new QHBoxLayout(pair);
     row->setContentsMargins(0, 0, 0, 0);
     delete neighbor->parentWidget()->layout()->replaceWidget(neighbor, pair);
     row->addWidget(neighbor);
+    for (const ShownReadout& readout : readouts) {
+        if (readout.fields.size() == 1 && readout.fields.front() == &control) {
+            row->addWidget(readout.label);
+        }
+    }
     row->addWidget(widget);
     QWidget* last = neighbor;
     for (QWidget* const part : widget->findChildren<QWidget*>()) {
@@ -187,9 +195,14 @@ void FormView::AddGroup(Group group, GroupBoxes groupBoxes)
         return;
     }
     const bool hasHeading = groupBoxes == GroupBoxes::withHeading && group != Group::File;
-    auto* const box = new FormGroup(
-        hasHeading ? TitleOf(group) : QString(),
-        group == Group::File ? QString() : QStringLiteral("Remark") + ToQt(rows.front().front()->Name()));
+    const bool hasFields = std::any_of(rows.begin(), rows.end(), [](const Form::Row& row) {
+        return std::any_of(row.begin(), row.end(),
+                           [](const Control* control) { return control->Kind() == ControlKind::Text; });
+    });
+    auto* const box = new FormGroup(hasHeading ? TitleOf(group) : QString(),
+                                    group == Group::File || !hasFields
+                                        ? QString()
+                                        : QStringLiteral("Remark") + ToQt(rows.front().front()->Name()));
     groups[group] = box;
     const bool textsHaveChecks = std::any_of(rows.begin(), rows.end(), [](const Form::Row& row) {
         return row.size() > 1 && IsProse(*row[0]) && row[1]->Kind() == ControlKind::Check;
@@ -285,7 +298,7 @@ void FormView::FollowLink(const Control& control)
 void FormView::AddRow(FormRows& rows, const Form::Row& row)
 {
     // Two prose fields in one row of a narrow form get less width, so that they fit side by side.
-    constexpr int fewCharacters = 18;
+    constexpr int fewCharacters = 19;
     const bool sharesLine = !HasTables(form) && std::count_if(row.begin(), row.end(), [](const Control* control) {
                                                     return IsProse(*control);
                                                 }) > 1;
@@ -389,6 +402,9 @@ void FormView::Refresh(const Control& control)
     shown.control.widget->setEnabled(control.IsEnabled());
     if (shown.caption != nullptr) {
         shown.caption->setEnabled(control.IsEnabled());
+    }
+    if (shown.beside != nullptr) {
+        shown.beside->setEnabled(control.IsEnabled());
     }
     if (control.Kind() == ControlKind::Text) {
         ShowRemarks(control.InGroup());

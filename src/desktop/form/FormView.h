@@ -38,8 +38,8 @@ public:
     /// The view keeps its controls up to date.
     QWidget* TakeLastGroup();
 
-    /// Puts a widget directly after that of a control, on the same line and next in the order of Tab. The control
-    /// must have a widget.
+    /// Puts a widget directly after that of a control, on the same line and next in the order of Tab. It is enabled
+    /// while the control is. The control must have a widget.
     void AddBeside(const Control& control, QWidget* widget);
     /// Shows a summary of the page next to the heading of the spacings, unless there are remarks to show.
     void ShowSummary(const QString& words);
@@ -65,6 +65,7 @@ private:
     struct Shown {
         ControlWidget control;
         QLabel* caption = nullptr;  ///< null if there is no caption, or if it is a Label with its own entry
+        QWidget* beside = nullptr;  ///< see AddBeside; null if there is none
     };
 
     /// The label after one or more fields: the unit of a single field, and the lengths of all in millimeters.

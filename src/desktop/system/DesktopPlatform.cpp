@@ -171,7 +171,7 @@ FolderItem DesktopPlatform::AskForFile(const FileType& type, QFileDialog::Accept
     return ToItem(path);
 }
 
-QStringList DesktopPlatform::AskForSettings()
+QStringList DesktopPlatform::AskForSettings(QFileDialog::FileMode howMany)
 {
     QStringList patterns;
     for (const PaperKind& kind : PaperKinds()) {
@@ -179,7 +179,7 @@ QStringList DesktopPlatform::AskForSettings()
     }
     QFileDialog dialog(QApplication::activeWindow(), tr("Open Settings"));
     GoToFolder(dialog, QString::fromLatin1(settingsFolderKey));
-    dialog.setFileMode(QFileDialog::ExistingFiles);
+    dialog.setFileMode(howMany);
     patterns << CarrierPatterns();
     dialog.setNameFilter(QStringLiteral("Settings (%1)").arg(patterns.join(QLatin1Char(' '))));
     if (RunModal(dialog) != QDialog::Accepted) {

@@ -56,8 +56,8 @@ public:
     /// is true. Calls can be nested; then only the innermost `stop` counts.
     void RunStoppable(const bool& stop, const std::function<void()>& work);
 
-    /// Asks for settings files of any kind of paper. Returns an empty list if the user cancels.
-    QStringList AskForSettings();
+    /// Asks for settings files of any kind of paper, or only one. Returns an empty list if the user cancels.
+    QStringList AskForSettings(QFileDialog::FileMode howMany = QFileDialog::ExistingFiles);
 
     /// Whether RunStoppable is running.
     bool IsBusy() const { return !stops.empty(); }

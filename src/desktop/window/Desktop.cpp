@@ -17,6 +17,7 @@
 #include <QFileOpenEvent>
 #include <QKeyEvent>
 #include <QResource>
+#include <QScreen>
 
 namespace linealis::desktop {
 
@@ -232,6 +233,8 @@ PaperView& Desktop::ViewOf(const PaperKind& kind, PaperWindow& window)
     PaperView*& view = views[&kind];
     if (view == nullptr) {
         view = new PaperView(platform, kind, window);
+        view->OpenOver(galleryView ? galleryView->frameGeometry()
+                                   : QGuiApplication::primaryScreen()->availableGeometry());
         GiveMenus(*view, view);
         view->AddMenus();
         connect(view, &PaperView::Closed, this, &Desktop::PaperClosed);

@@ -1,6 +1,7 @@
 #include "desktop/window/GalleryView.h"
 
 #include "desktop/system/Text.h"
+#include "desktop/system/WindowPlace.h"
 #include "desktop/window/GalleryPicture.h"
 #include "desktop/window/GallerySearch.h"
 #include "desktop/window/PaperView.h"
@@ -208,7 +209,7 @@ void GalleryView::PlaceSearch(QWidget* content, QPushButton* help) const
 
 void GalleryView::FitInto(const QSize& room)
 {
-    const QSize around(8, 40 + menuBar()->sizeHint().height());  // the approximate size of window decorations
+    const QSize around = windowDecorations + QSize(0, menuBar()->sizeHint().height());
     const QSize content = area->widget()->size();
     const QSize scrollBars(area->verticalScrollBar()->sizeHint().width(),
                            area->horizontalScrollBar()->sizeHint().height());

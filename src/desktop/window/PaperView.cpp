@@ -7,6 +7,7 @@
 #include "desktop/page/LivePage.h"
 #include "desktop/page/LivePane.h"
 #include "desktop/system/Text.h"
+#include "desktop/window/FormAndPage.h"
 #include "desktop/window/MarkerChooser.h"
 #include "desktop/window/PaperBars.h"
 #include "kinds/PageSummary.h"
@@ -60,7 +61,6 @@ PaperView::PaperView(DesktopPlatform& thePlatform, const PaperKind& theKind, Pap
     LayOut();
     Connect();
     givenTitle = Title();
-    setWindowFlag(Qt::WindowMaximizeButtonHint, !kind.hasFixedSize);
 }
 
 PaperView::~PaperView()
@@ -98,6 +98,7 @@ void PaperView::FocusOn(const QString& control)
 {
     if (auto* const widget = form->findChild<QWidget*>(control)) {
         activateWindow();
+        middle->ShowForm();
         widget->setFocus(Qt::TabFocusReason);  // this reason makes a text field select its text
     }
 }
@@ -392,6 +393,7 @@ void PaperView::End()
 {
     Keep();
     hide();
+    middle->OwnWindow().hide();
     emit Closed(kind);
 }
 

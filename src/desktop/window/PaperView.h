@@ -7,6 +7,7 @@
 #include "desktop/system/DesktopPlatform.h"
 
 #include <QMainWindow>
+#include <QRect>
 #include <QTimer>
 #include <functional>
 #include <memory>
@@ -19,6 +20,7 @@ class QMimeData;
 namespace linealis::desktop {
 
 class CheckButton;
+class FormAndPage;
 class FormView;
 class LivePage;
 class LivePane;
@@ -26,6 +28,7 @@ class MarkerChooser;
 class PaperBottomBar;
 class PaperTopBar;
 class StatusLine;
+enum class PagePlace;
 
 /// The window of one paper kind. Shows its form and the live page, and offers everything that can be done with
 /// them.
@@ -62,6 +65,10 @@ public:
 
     /// Shows or hides the live page. The window grows or shrinks by its width, as far as the screen allows.
     void ShowLivePage(bool visible);
+    /// Moves the live page into a second window, or back to the form.
+    void ShowPageInOwnWindow(bool isOwn);
+    /// Makes the window open over that place of the desktop, unless it has been placed before.
+    void OpenOver(const QRect& place) { openingPlace = place; }
     /// Prints the page with the system's print dialog.
     void Print();
 
@@ -133,8 +140,12 @@ private:
     void MakeMarkerChooser();
     /// Uses the markers of another file, and switches the markers on.
     void MarkersChosen();
-    /// Restores the size and position of the window, and whether it shows the live page.
+    /// Restores the size and position of the window, and where it shows the live page.
     void Place();
+    /// Returns the size of the window when it opens for the first time.
+    QSize FirstSize() const;
+    /// Shows the live page at that place, and gives the window the size for it.
+    void PlacePage(PagePlace place);
     void PrintPad();
     void Calibrate();
     /// Runs long work on a page, with a progress bar and a Cancel button if it takes noticeable time.
@@ -171,7 +182,7 @@ private:
     void OfferToBringBack();
     /// Whether the window may close. If the settings file is not up to date, asks the user whether to save it.
     bool MayClose();
-    /// Stores the size and position of the window, and whether it shows the live page.
+    /// Stores the size and position of the window, and where it shows the live page.
     void Keep() const;
     /// Performs the command of a link in the status line.
     void Follow(const QString& link);
@@ -184,9 +195,11 @@ private:
     FormHistory history;
     std::unique_ptr<PaperWindow> kept;  ///< owns `window` after it has been closed; null before
     FormView* form = nullptr;
+    FormAndPage* middle = nullptr;
     LivePane* livePane = nullptr;
     LivePage* livePage = nullptr;
     QAction* livePageAction = nullptr;
+    QAction* ownWindowAction = nullptr;
     QMenu* presets = nullptr;
     const Control* focused = nullptr;  ///< the field with the focus, or null
     PaperTopBar* topBar = nullptr;
@@ -201,6 +214,7 @@ private:
     QString presetName;          ///< of the last preset loaded into the form; cleared by later steps
     QString padFile;             ///< the path of the pad that was saved last
     QString givenTitle;          ///< the title that the form started with, or got from that preset
+    QRect openingPlace;          ///< see OpenOver
     bool placed = false;         ///< whether the window has been shown before
     bool generating = false;     ///< whether Work is running
     bool stop = false;           ///< tells the running work to stop

@@ -169,7 +169,8 @@ public:
     /// Changes the meaning, for a field whose meaning depends on another control.
     void SetMeaning(Meaning newMeaning);
 
-    std::function<void()> onChange;  ///< runs at every change of the text, by the user or by code
+    std::function<void()> onChange;      ///< runs at every change of the text, by the user or by code
+    std::function<std::string()> today;  ///< of a date: returns that of today; null for any other field
 };
 
 /// A choice of one item: a popup or a group of radio buttons.
