@@ -2,6 +2,7 @@
 // see them. The size of the screen and QT_SCALE_FACTOR hold as for the program itself.
 
 #include "desktop/system/Text.h"
+#include "desktop/system/WindowSettings.h"
 #include "desktop/window/Desktop.h"
 
 #include <QAction>
@@ -150,6 +151,7 @@ int main(int argc, char** argv)
         chosen.setPointSizeF(parser.value(font).toDouble());
         QApplication::setFont(chosen);
     }
+    WindowSettings().clear();  // of an earlier run
     Camera camera(parser.positionalArguments().constFirst());
     Desktop desktop;
     desktop.Open();

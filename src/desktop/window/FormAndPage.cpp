@@ -14,6 +14,12 @@ constexpr int formTab = 0, pageTab = 1;
 
 constexpr int narrowWidth = 900;  // pixels; below it, the page is always under a tab
 
+/// Returns the size that the page prefers, which is no less than that of its tools.
+QSize PreferredSize(const LivePane& pane)
+{
+    return pane.sizeHint().expandedTo(pane.minimumSizeHint());
+}
+
 }  // namespace
 
 FormAndPage::FormAndPage(QWidget* theForm, LivePane* thePane, QWidget& owner)
@@ -62,7 +68,7 @@ int FormAndPage::PageWidth() const
 
 int FormAndPage::UsualPageWidth() const
 {
-    return usualPageWidth > 0 ? usualPageWidth : pane->sizeHint().width() + splitter->handleWidth();
+    return usualPageWidth > 0 ? usualPageWidth : PreferredSize(*pane).width() + splitter->handleWidth();
 }
 
 void FormAndPage::ShowForm()
@@ -76,7 +82,7 @@ QSize FormAndPage::sizeHint() const
     if (place != PagePlace::WithForm) {
         return formSize;
     }
-    const QSize pageSize = pane->sizeHint();
+    const QSize pageSize = PreferredSize(*pane);
     return {std::max(formSize.width() + splitter->handleWidth() + pageSize.width(), narrowWidth),
             std::max(formSize.height(), pageSize.height())};
 }
