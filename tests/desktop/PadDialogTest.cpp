@@ -47,7 +47,19 @@ protected:
             if (fs::exists(path)) {
                 person.Answers<QMessageBox>([](QMessageBox& box) { Click(*box.button(QMessageBox::Yes)); });
             }
-            person.Answers<desktop::PadDialog>(end);
+            // The dialog is in front again before it has begun to work.
+            person.Answers<desktop::PadDialog>([](desktop::PadDialog&) {});
+            const QPointer<desktop::PadDialog> shown = &dialog;
+            person.ActsWhen(
+                [shown] {
+                    return shown == nullptr || !shown->isVisible() || !Child(*shown, "PadPages").isEnabled() ||
+                           Child(*shown, "PadMessage").isVisible();
+                },
+                [shown, end] {
+                    if (shown != nullptr) {
+                        end(*shown);
+                    }
+                });
             Click(Child(dialog, "PadSave"));
         });
     }
