@@ -117,7 +117,7 @@ std::vector<double> LatenciesOfDrag(const PaperKind& kind)
     WaitForPage(page);
     Pause(300);  // until the zoom has settled
     const auto height = static_cast<double>(page.Frame().paperHeight);
-    const QPointF edge = page.Origin() + QPointF(40.0, height - page.Frame().TopEdge()) * page.PixelsPerPoint();
+    const QPointF edge = page.Origin() + QPointF(300.0, height - page.Frame().TopEdge()) * page.PixelsPerPoint();
     constexpr QPointF far(0.0, 40.0), near(0.0, 20.0);  // pixels
     const QString before = shown.field->text();
     SendMouse(page, QEvent::MouseButtonPress, edge);
