@@ -8,11 +8,8 @@
 #include "pipeline/form/FieldWords.h"
 #include "pipeline/form/SetControl.h"
 #include "platform/ScreenlessPlatform.h"
-#include "text/MacRoman.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <iostream>
 
 namespace linealis::cli {
@@ -22,23 +19,6 @@ namespace {
 bool IsLabel(const Control* control)
 {
     return control->Kind() == ControlKind::Label;
-}
-
-/// Whether a terminal obeys the character, although JSON does not escape it: DEL, and the C1 controls U+0080 to
-/// U+009F.
-bool CommandsTerminal(std::string_view character)
-{
-    return character == "\x7F" || (character >= "\xC2\x80" && character <= "\xC2\x9F");
-}
-
-/// Returns the JSON escape of a character below U+0100. Its last UTF-8 byte is enough: the controls of
-/// CommandsTerminal are one byte, or 0xC2 and a byte equal to their code.
-std::string JsonEscape(std::string_view character)
-{
-    std::array<char, 8> text{};
-    std::snprintf(text.data(), text.size(), "\\u00%02X",
-                  static_cast<unsigned>(static_cast<unsigned char>(character.back())));
-    return text.data();
 }
 
 void Warn(const Source& source, const PageWarnings& warnings)
@@ -52,13 +32,7 @@ void Warn(const Source& source, const PageWarnings& warnings)
 
 void Print(const Json& json)
 {
-    constexpr int indent = 2;
-    // The texts of a damaged settings file may be invalid UTF-8.
-    const std::string text = json.dump(indent, ' ', false, Json::error_handler_t::replace);
-    for (const std::string_view character : Characters(text)) {
-        std::cout << (CommandsTerminal(character) ? JsonEscape(character) : std::string(character));
-    }
-    std::cout << '\n';
+    std::cout << JsonText(json);
 }
 
 void ListPresets(bool asJson, const std::optional<std::string>& kind)

@@ -4,8 +4,11 @@
 #include "exchange/PageFormats.h"
 #include "pipeline/form/FieldWords.h"
 #include "pipeline/form/SetControl.h"
+#include "text/MacRoman.h"
 #include "text/ShortText.h"
 
+#include <array>
+#include <cstdio>
 #include <utility>
 
 namespace linealis {
@@ -52,6 +55,23 @@ struct ControlDescriber {
     void operator()(Swatch& swatch) const { json["value"] = ValueOf(swatch); }
     void operator()(const Label& label) const { json["value"] = label.Caption(); }
 };
+
+/// Whether a terminal obeys the character, although JSON does not escape it: DEL, and the C1 controls U+0080 to
+/// U+009F.
+bool CommandsTerminal(std::string_view character)
+{
+    return character == "\x7F" || (character >= "\xC2\x80" && character <= "\xC2\x9F");
+}
+
+/// Returns the JSON escape of a character below U+0100. Its last UTF-8 byte is enough: the controls of
+/// CommandsTerminal are one byte, or 0xC2 and a byte equal to their code.
+std::string JsonEscape(std::string_view character)
+{
+    std::array<char, 8> text{};
+    std::snprintf(text.data(), text.size(), "\\u00%02X",
+                  static_cast<unsigned>(static_cast<unsigned char>(character.back())));
+    return text.data();
+}
 
 constexpr const char* const carriesNoForm = ": is a picture that carries no form";
 
@@ -219,6 +239,18 @@ void SetControls(const FormFile& file, const PaperKind& kind, const Form& form, 
 }
 
 }  // namespace
+
+std::string JsonText(const Json& json)
+{
+    constexpr int indent = 2;
+    // The texts of a damaged settings file may be invalid UTF-8.
+    const std::string text = json.dump(indent, ' ', false, Json::error_handler_t::replace);
+    std::string harmless;
+    for (const std::string_view character : Characters(text)) {
+        harmless += CommandsTerminal(character) ? JsonEscape(character) : std::string(character);
+    }
+    return harmless + '\n';
+}
 
 Json ControlJson(Control& control)
 {

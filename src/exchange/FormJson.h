@@ -12,6 +12,10 @@ namespace linealis {
 
 using Json = nlohmann::ordered_json;
 
+/// Returns the text of a document for people and programs: indented, with a line feed at the end. Replaces invalid
+/// UTF-8 and escapes characters that a terminal would obey.
+std::string JsonText(const Json& json);
+
 /// Returns the description of a kind: its name, title, and settings extension.
 Json KindJson(const PaperKind& kind);
 

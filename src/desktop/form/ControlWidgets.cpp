@@ -5,6 +5,7 @@
 #include "desktop/form/FieldEdit.h"
 #include "desktop/system/Text.h"
 #include "pipeline/form/FieldWords.h"
+#include "pipeline/form/FormLayout.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -159,7 +160,7 @@ ControlWidget MakeControlWidget(const Form& form, Control& control, const Contro
 
 QString CaptionText(const Control& control)
 {
-    return ToQt(control.Caption()).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    return ToQt(CaptionLines(control));
 }
 
 }  // namespace linealis::desktop

@@ -56,12 +56,22 @@ MarkerFile::MarkerFile(const FolderItem& item) : text(std::make_shared<const std
     }
     BinaryStream stream = item.OpenAsBinaryFile();
     std::string read = stream.ReadRest(longestText);
-    const std::string fault = stream.Error() ? stream.Error().message() : FaultOf(read);
+    Take(item.Path().string(), std::move(read), stream.Error());
+}
+
+MarkerFile::MarkerFile(const std::string& name, std::string bytes) : text(std::make_shared<const std::string>())
+{
+    Take(name, std::move(bytes), {});
+}
+
+void MarkerFile::Take(const std::string& name, std::string bytes, const std::error_code& error)
+{
+    const std::string fault = error ? error.message() : FaultOf(bytes);
     if (!fault.empty()) {
-        whyNot = item.Path().string() + ": " + fault;
+        whyNot = name + ": " + fault;
         return;
     }
-    text = std::make_shared<const std::string>(std::move(read));
+    text = std::make_shared<const std::string>(std::move(bytes));
 }
 
 std::function<bool(std::string& line)> MarkerFile::Lines() const
