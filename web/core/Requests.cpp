@@ -88,6 +88,9 @@ Answer Catalog(const Question& /*question*/, std::unique_ptr<Session>& /*session
         answer.json["formats"].push_back(
             {{"name", format.name}, {"title", format.title}, {"words", format.words}, {"type", format.mimeType}});
     }
+    for (int group = 0; group < static_cast<int>(PresetGroup::Yours); ++group) {
+        answer.json["groups"].push_back(TitleOf(static_cast<PresetGroup>(group)));
+    }
     answer.json["fonts"] = FontsForCanvas();
     return answer;
 }
@@ -120,17 +123,22 @@ Answer Open(const Question& question, std::unique_ptr<Session>& session)
     } else if (const PaperKind* const kind = FindPaperKindOf(file); !file.empty() && kind != nullptr) {
         opened = std::make_unique<Session>(*kind, now);
         LoadSettings(file, question.bytes, opened->Window());
+        opened->Window().form.StaticFileName.SetCaption({});  // the page has no output file
     } else if (!file.empty()) {
         opened = SessionOf(ParseForm(file, question.bytes), now);
     } else {
         opened = std::make_unique<Session>(KindNamed(question.Text("kind")), now);
+        if (question.json.value("isMetric", false)) {
+            SetControl({}, opened->Window().form, {"PopupPaperSize", "A4"});
+            SetControl({}, opened->Window().form, {"PopupUnits", "cm"});
+        }
     }
     opened->BeginHistory();
     session = std::move(opened);
     Answer answer;
     PaperWindow& window = session->Window();
     answer.json = {{"kind", session->Kind().name},
-                   {"title", session->Kind().title},
+                   {"title", session->Kind().galleryTitle},
                    {"extension", session->Kind().settingsType.extension},
                    {"hasMarkers", session->Kind().hasMarkers},
                    {"hasWizard", window.GetWizard() != nullptr},

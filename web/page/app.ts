@@ -4,7 +4,7 @@ import { Client, Refusal, type Sources } from "./client.ts";
 import type { Bytes } from "./core.ts";
 import { byId, setText } from "./dom.ts";
 import { choose, read, takeDropped, type Chosen } from "./files.ts";
-import { Gallery } from "./gallery.ts";
+import { Gallery, isMetric } from "./gallery.ts";
 import { LivePage } from "./livepage.ts";
 import { PaperView } from "./paper.ts";
 import { allKept, type Kept } from "./store.ts";
@@ -121,7 +121,7 @@ async function open(request: Omit<Request, "do">, bytes: Bytes | undefined, file
 async function openKind(kind: string): Promise<void> {
     const kept = (await allKept()).find(({ sort, kind: of }) => sort === "default" && of === kind);
     if (!kept || !(await open({ file: `default.${kept.extension}` }, kept.bytes, ""))) {
-        await open({ kind }, undefined, "");
+        await open({ kind, isMetric: isMetric() }, undefined, "");
     }
 }
 

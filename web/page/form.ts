@@ -16,6 +16,7 @@ export interface FormEvents {
     onFocus(control: string): void;
 }
 
+const cellsOfLine = 2; // in a form without tables
 const stepsOfKeys: Record<string, number> = { ArrowUp: 1, ArrowDown: -1, PageUp: 10, PageDown: -10 };
 
 interface Shown {
@@ -123,7 +124,7 @@ export class FormView {
         let table: HTMLElement | null = null;
         for (const row of group.rows) {
             if (!row.isOfTable) {
-                section.append(this.row(row));
+                section.append(...this.lines(row, this.form.hasTables && !group.isMargins ? row.cells.length : cellsOfLine));
                 continue;
             }
             if (!table) {
@@ -139,17 +140,26 @@ export class FormView {
     }
 
     private linkButton(): HTMLElement {
-        const linked = button("🔗", () => {
+        const linked = button("Link", () => {
             const isOn = linked.getAttribute("aria-pressed") !== "true";
             linked.setAttribute("aria-pressed", String(isOn));
             this.events.onLinkMargins(isOn);
-        }, { class: "quiet", "aria-pressed": "false", "aria-label": "Keep all four margins equal", title: "Keep all four margins equal" });
+        }, { class: "quiet", id: `${this.prefix}LinkMargins`, "aria-pressed": "false", title: "Keep all four margins equal" });
         return linked;
     }
 
-    private row(row: Row): HTMLElement {
+    /** Returns the lines of a row, each with at most so many cells. */
+    private lines(row: Row, mostCells: number): HTMLElement[] {
+        const lines: HTMLElement[] = [];
+        for (let begin = 0; begin < row.cells.length; begin += mostCells) {
+            lines.push(this.line(row.cells.slice(begin, begin + mostCells)));
+        }
+        return lines;
+    }
+
+    private line(cells: Control[][]): HTMLElement {
         const line = make("div", { class: "row" });
-        for (const cell of row.cells) {
+        for (const cell of cells) {
             const box = make("div", { class: "cell" });
             const readouts: HTMLElement[] = [];
             for (const control of cell) {

@@ -22,15 +22,14 @@ export function matches(words: string, ...texts: string[]): boolean {
 }
 
 /** Returns a list of presets under headings. A click on a preset calls `onPreset`. */
-export function presetGroups(presets: Preset[], onPreset: (preset: Preset) => void): HTMLElement[] {
+export function presetGroups(order: string[], presets: Preset[], onPreset: (preset: Preset) => void): HTMLElement[] {
     const groups = new Map<string, Preset[]>();
     for (const metricFirst of [true, false]) {
         for (const preset of presets.filter((one) => (one.isMetric === isMetric()) === metricFirst)) {
             groups.set(preset.group, [...(groups.get(preset.group) ?? []), preset]);
         }
     }
-    const order = [...new Set(presets.map(({ group }) => group))].filter((group) => groups.has(group));
-    return order.flatMap((group) => [
+    return order.filter((group) => groups.has(group)).flatMap((group) => [
         make("h2", {}, group),
         make("div", { class: "presetList" }, ...groups.get(group)!.map((preset) =>
             button(preset.title, () => onPreset(preset), { "data-preset": preset.id }))),
@@ -68,7 +67,7 @@ export class Gallery {
             ...(kinds.length > 0 ? [make("div", { class: "kinds" }, ...kinds.map((kind) => this.tile(kind)))] : []),
             ...(own.length > 0 ? [make("h2", {}, "Yours"), make("div", { class: "presetList" },
                 ...own.map((one) => button(one.name, () => events.onOwn(one))))] : []),
-            ...presetGroups(presets, (preset) => events.onPreset(preset)),
+            ...presetGroups(catalog.groups, presets, (preset) => events.onPreset(preset)),
         );
         const found = kinds.length + presets.length + own.length;
         setText(byId("galleryStatus"), words === "" ? "" : found === 0 ? `Nothing is named “${words}”` : `${found} found`);

@@ -223,7 +223,7 @@ export class PaperView {
         const presets = this.catalog.presets.filter(({ kind }) => kind === this.kind);
         void allKept().then((kept) => {
             const own = kept.filter(({ kind, sort }) => kind === this.kind && sort === "preset");
-            const groups = presetGroups(presets, (preset) => {
+            const groups = presetGroups(this.catalog.groups, presets, (preset) => {
                 closeDialog();
                 this.layOver({ preset: preset.id }, preset.title);
             });
@@ -345,7 +345,10 @@ export class PaperView {
                 this.say("New forms of this paper begin as they come");
             }, "forgetDefault"),
             item("Bring back the form as I left it", () => this.bringBack(), "bringBack"),
-            item("Reset", () => this.change({ do: "reset", now: timeNow() }), "reset"),
+            item("Reset", () => {
+                this.change({ do: "reset", now: timeNow() });
+                this.say("Form reset");
+            }, "reset"),
         );
     }
 

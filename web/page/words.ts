@@ -95,6 +95,7 @@ export interface Catalog {
     version: string;
     kinds: Kind[];
     presets: Preset[];
+    groups: string[]; // of presets, in the order in which they are shown
     formats: { name: string; title: string; words: string; type: string }[];
     fonts: Font[];
 }
