@@ -106,8 +106,10 @@ Answer WritePage(const Question& question, Session& session)
     if (format == nullptr) {
         return {{{"error", "the possible formats are " + FormatNames()}}};
     }
-    session.Window().form.WriteCorrections();
-    session.Steps().Commit("Generate");
+    if (!format->carriesForm) {  // a file that carries the form has it as it was entered
+        session.Window().form.WriteCorrections();
+        session.Steps().Commit("Generate");
+    }
     const DrawnPage page = session.Draw();
     const Json& now = question.json.at("now");
     WriteOptions options;

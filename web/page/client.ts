@@ -179,7 +179,9 @@ export class Client {
                 this.isHeavy = message.memory > mostMemory;
                 break;
             case "painted":
-                this.expectNothing();
+                if (message.newest >= this.newestChange) {
+                    this.expectNothing();
+                }
                 this.listener.onPainted();
                 break;
             case "warnings":
@@ -200,8 +202,9 @@ export class Client {
             waiting?.reject(new Refusal(json.error));
             return;
         }
-        if (json.state && "summary" in json.state && id >= this.newestChange && waiting) {
-            this.listener.onState(json.state);
+        const isOfOpenForm = json.state && "summary" in json.state && !("form" in json);
+        if (isOfOpenForm && id >= this.newestChange && waiting) {
+            this.listener.onState(json.state!);
         }
         waiting?.resolve({ json, bytes } as Answered<never>);
     }

@@ -41,7 +41,7 @@ export class Gallery {
 
     constructor(private readonly catalog: Catalog, private readonly picture: (name: string) => string,
         private readonly events: GalleryEvents) {
-        byId("search").addEventListener("input", () => this.fill());
+        byId("search").addEventListener("input", () => this.say(this.fill()));
         byId("search").addEventListener("keydown", (event) => {
             if (event.key === "Enter") {
                 byId("tiles").querySelector<HTMLElement>("button")?.click();
@@ -50,12 +50,24 @@ export class Gallery {
         this.fill();
     }
 
+    /** Shows the user's presets. Leaves everything in its place if they are the same as before. */
     setOwn(own: Kept[]): void {
-        this.own = own.filter(({ sort }) => sort === "preset");
-        this.fill();
+        const presets = own.filter(({ sort }) => sort === "preset");
+        const namesOf = (list: Kept[]) => list.map(({ kind, name }) => `${kind}/${name}`).join("\n");
+        const isNew = namesOf(presets) !== namesOf(this.own);
+        this.own = presets;
+        if (isNew) {
+            this.fill();
+        }
     }
 
-    private fill(): void {
+    private say(found: number): void {
+        const words = byId<HTMLInputElement>("search").value.trim();
+        setText(byId("galleryStatus"), words === "" ? "" : found === 0 ? `Nothing is named “${words}”` : `${found} found`);
+    }
+
+    /** Shows what the search finds, and returns how much that is. */
+    private fill(): number {
         const words = byId<HTMLInputElement>("search").value.trim();
         const { catalog, events } = this;
         const titleOf = (kind: string) => catalog.kinds.find(({ name }) => name === kind)?.title ?? "";
@@ -69,8 +81,7 @@ export class Gallery {
                 ...own.map((one) => button(one.name, () => events.onOwn(one))))] : []),
             ...presetGroups(catalog.groups, presets, (preset) => events.onPreset(preset)),
         );
-        const found = kinds.length + presets.length + own.length;
-        setText(byId("galleryStatus"), words === "" ? "" : found === 0 ? `Nothing is named “${words}”` : `${found} found`);
+        return kinds.length + presets.length + own.length;
     }
 
     private tile(kind: Kind): HTMLElement {

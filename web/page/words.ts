@@ -147,6 +147,6 @@ export type ToWorker =
 export type FromWorker =
     | { type: "answer"; id: number; json: { error?: string; state?: PaperState }; bytes: Bytes }
     | { type: "drawn"; page: Drawn; milliseconds: number; memory: number }
-    | { type: "painted" }
+    | { type: "painted"; newest: number } // the last request that the picture follows
     | { type: "warnings"; warnings: Warning[] }
     | { type: "failed"; why: string };

@@ -11,6 +11,7 @@ let context: OffscreenCanvasRenderingContext2D | null = null;
 let view: View | null = null;
 let scene: Scene | null = null;
 let page: Drawn | null = null;
+let newest = 0; // the last request that the scene follows
 let lit = "";
 let isStale = false; // the form is newer than the scene
 let isUnpainted = false; // the view or the lights are newer than the canvas
@@ -71,7 +72,7 @@ function paint(): void {
     if (view.rulers) {
         paintRulers(context, view, page.isInInches);
     }
-    say({ type: "painted" });
+    say({ type: "painted", newest });
 }
 
 /** Does the most urgent thing, then lets messages come in. */
@@ -100,6 +101,7 @@ function answer(id: number, request: Request, bytes: Bytes | undefined, draws: b
     const { json, bytes: made } = core!.ask<{ error?: string }>(request, bytes);
     say({ type: "answer", id, json, bytes: made }, [made.buffer]);
     if (json.error === undefined && draws) {
+        newest = id;
         isStale = true;
         later();
     }

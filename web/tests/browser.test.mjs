@@ -283,8 +283,7 @@ test("a page that takes too long is stopped; the form and its steps stay", async
         await page.click("#stop", { timeout: 20000 });
         await says(page, "Stopped");
         assert.equal(await value(page, "EditTopMargin"), "1");
-        await repaints(page, () => spacing.fill("1"));
-        await page.click("#undo");
+        await repaints(page, () => page.click("#undo"));
         await page.click("#undo");
         await page.waitForFunction(() => document.getElementById("control-EditTopMargin").value === "0.5");
     });
