@@ -81,6 +81,8 @@ const std::vector<CommandLine::Command>& CommandLine::Commands()
         {"presets", "List the presets: name, kind, title", &CommandLine::AddPresetsOptions,
          &CommandLine::RunPresets},
         {"form", "Show a form as JSON", &CommandLine::AddFormOptions, &CommandLine::RunForm},
+        {"link", "Show a form as a link: the part of the page's address after #", &CommandLine::AddFormOptions,
+         &CommandLine::RunLink},
         {"show", "Show what a settings file or another source holds: control, value, words",
          &CommandLine::AddShowOptions, &CommandLine::RunShow},
         {"diff", "Show what differs between two forms of one kind", &CommandLine::AddDiffOptions,
@@ -267,6 +269,12 @@ void CommandLine::AddFormOptions(CLI::App& command)
 int CommandLine::RunForm()
 {
     ShowForm(SourcesOf(begin).front(), actions.InOrder());
+    return done;
+}
+
+int CommandLine::RunLink()
+{
+    ShowLink(SourcesOf(begin).front(), actions.InOrder());
     return done;
 }
 

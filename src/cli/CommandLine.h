@@ -77,6 +77,7 @@ private:
     int RunKinds();
     int RunPresets();
     int RunForm();
+    int RunLink();
     int RunShow();
     int RunDiff();
     int RunGenerate();

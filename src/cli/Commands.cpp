@@ -4,6 +4,7 @@
 #include "cli/Errors.h"
 #include "cli/FileNames.h"
 #include "cli/PageOutput.h"
+#include "exchange/FormLink.h"
 #include "kinds/PageSummary.h"
 #include "pipeline/form/FieldWords.h"
 #include "pipeline/form/SetControl.h"
@@ -78,6 +79,15 @@ void ShowForm(const Source& source, const std::vector<Action>& actions)
     Say(platform);
     Warn(source, open.warnings);
     Print(FormJson(*open.kind, open.window->form));
+}
+
+void ShowLink(const Source& source, const std::vector<Action>& actions)
+{
+    ScreenlessPlatform platform;
+    const OpenWindow open = Open(source, actions, platform);
+    Say(platform);
+    Warn(source, open.warnings);
+    std::cout << '#' << FormLink(*open.kind, open.window->form) << '\n';
 }
 
 void Show(const Source& source, bool asJson)

@@ -30,7 +30,7 @@ function imports(module: WebAssembly.Module, memory: () => WebAssembly.Memory): 
                 new Uint32Array(memory().buffer)[numbers[1]! / 4] = 0;
                 return 0;
             }
-            return name === "environ_get" ? 0 : notSupported;
+            return name === "environ_get" ? 0 : from === "env" ? -notSupported : notSupported; // system calls return less than 0
         };
         (functions[from] ??= {})[name] = call;
     }

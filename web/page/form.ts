@@ -148,13 +148,22 @@ export class FormView {
         return linked;
     }
 
-    /** Returns the lines of a row, each with at most so many cells. */
+    /** Returns the lines of a row, each with at most so many cells. A wide cell has a line of its own. */
     private lines(row: Row, mostCells: number): HTMLElement[] {
-        const lines: HTMLElement[] = [];
-        for (let begin = 0; begin < row.cells.length; begin += mostCells) {
-            lines.push(this.line(row.cells.slice(begin, begin + mostCells)));
+        const lines: Control[][][] = [];
+        for (const cell of row.cells) {
+            const isWide = cell.length > 2 || (cell.length === 2 && cell.some(({ readout }) => readout !== undefined));
+            const last = lines.at(-1);
+            if (last && last.length < mostCells && !(isWide && mostCells === cellsOfLine)) {
+                last.push(cell);
+            } else {
+                lines.push([cell]);
+            }
+            if (isWide && mostCells === cellsOfLine) {
+                lines.push([]); // what follows begins a line
+            }
         }
-        return lines;
+        return lines.filter((line) => line.length > 0).map((line) => this.line(line));
     }
 
     private line(cells: Control[][]): HTMLElement {
