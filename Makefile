@@ -4,7 +4,7 @@ JOBS := $(shell nproc)
 NINJA_FLAGS ?=
 BENCH_FLAGS ?=
 
-.PHONY: run test check-all bench fuzz faults load coverage mutants package dist pictures format clean setup programs release
+.PHONY: run test check-all bench fuzz faults load coverage mutants package dist pictures format clean setup programs release web run-web test-web bench-web
 
 # Opens the program. Without a display, writes a sample page of every paper kind instead.
 run: programs
@@ -16,6 +16,25 @@ test: release
 # Everything that can be checked, as root. Takes most of an hour.
 check-all:
 	@.ci/run all
+
+# Builds the page for browsers: the folder build/web/site, for any host of static files, and build/web/linealis.html, which
+# opens from disk.
+web:
+	@scripts/setup
+	@scripts/setup web
+	@scripts/web
+
+# Serves the page on this machine until Ctrl+C.
+run-web: web
+	@node web/serve.mjs build/web/site
+
+# Tests the page in a browser, and compares what it makes with linealis-cli.
+test-web: web programs
+	@cd web && node --test --test-concurrency=1 tests/
+
+# Measures how fast the page is, and how much goes over the wire.
+bench-web: web
+	@node web/bench.mjs
 
 programs: setup
 	@cmake --preset release > /dev/null

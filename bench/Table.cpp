@@ -294,6 +294,9 @@ std::string SmallThingsTable(const Results& results)
         add("key press to live page, median of the slowest kind", results.Counter(keyLatency, "median") / milli,
             "ms");
         add("key press to live page, worst case", results.Counter(keyLatency, "worst") / milli, "ms");
+        add("drag of a margin to live page, median of the slowest kind",
+            results.Counter(keyLatency, "drag_median") / milli, "ms");
+        add("drag of a margin to live page, worst case", results.Counter(keyLatency, "drag_worst") / milli, "ms");
         add("longest wait of a key press during a page of a million dots",
             results.Counter(keyLatency, "wait") / milli, "ms");
     }
@@ -419,6 +422,8 @@ std::string TargetsTable(const Results& results)
     Targets targets;
     targets.AtMost("key press to live page, median: at most 33 ms", 33.0, latency("median"));
     targets.AtMost("key press to live page, worst case: at most 100 ms", 100.0, latency("worst"));
+    targets.AtMost("drag of a margin to live page, median: at most 33 ms", 33.0, latency("drag_median"));
+    targets.AtMost("drag of a margin to live page, worst case: at most 100 ms", 100.0, latency("drag_worst"));
     targets.AtMost("wait of a key press during a page of a million dots: at most 30 ms", 30.0, latency("wait"));
     targets.AtMost("stream on every page: at most 1 of untuned", 1.0, Largest(all, size, every), 4);
     targets.AtMost("streams of the heavy pages together: at most 0.9 of untuned", 0.9, HeavySizeRatio(heavy));

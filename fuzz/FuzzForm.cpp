@@ -17,7 +17,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     try {
         LayOver(ParseForm("form", input.All()), kind, *paper.form);
     } catch (const FormError& error) {
-        Require(!error.message.empty());
+        Require(!error.message.IsEmpty());
     } catch (const UnknownInput& unknown) {
         Require(!unknown.possible.empty());
     }

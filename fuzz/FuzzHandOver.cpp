@@ -17,9 +17,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     for (std::string_view rest = input.All(); !rest.empty(); rest.remove_prefix(std::min(length, rest.size()))) {
         inPieces.Add(rest.substr(0, length));
     }
-    Require(inPieces.Files() == whole.Files() && inPieces.IsWhole() == whole.IsWhole());
+    Require(inPieces.Request() == whole.Request() && inPieces.IsWhole() == whole.IsWhole());
     HandOverReader again;
-    again.Add(HandOverMessage(whole.Files()));
-    Require(again.IsWhole() && again.Files() == whole.Files());
+    again.Add(HandOverMessage(whole.Request()));
+    Require(again.IsWhole() && again.Request() == whole.Request());
     return 0;
 }

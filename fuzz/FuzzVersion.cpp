@@ -28,7 +28,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     check.ParseResults(whole.Body(Platform::longestReply, true).value_or(answer));
     Require(platform.dialogs.size() <= 1 && (platform.dialogs.size() == 1 || skipped == 0));
     for (const MessageDialog& dialog : platform.dialogs) {
-        Require(dialog.message.size() < size + 200);
+        Require(dialog.message.English().size() < size + 200);
     }
     return 0;
 }

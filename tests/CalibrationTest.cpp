@@ -56,7 +56,7 @@ TEST(Calibration, EveryTickIsWhereItsLengthIs)
         }
         EXPECT_EQ(Page(content).texts.size(), 2U * (11 + 5 + 2) + 4) << "numbers, units and lines of text";
         for (const PageWarning& warning : ContentWarnings(page, content, {})) {
-            ADD_FAILURE() << warning.text;
+            ADD_FAILURE() << warning.text.English();
         }
     }
 }
@@ -112,12 +112,15 @@ TEST(PrinterFactors, BadLinesAndLengthsAreRefused)
         EXPECT_EQ(ReadPrinterFactors(file, "P"), PrinterFactors()) << line;
     }
     for (const std::string length : {"", "90", "111.2", "-100", "0", "1e-320", "100 mm", "nan"}) {
-        EXPECT_NE(
-            LengthProblem("across", length, 100.0).find("across is '" + length + "'; possible are 90.9 to 111.1"),
-            std::string::npos)
+        EXPECT_NE(LengthProblem(Message("across"), length, 100.0)
+                      .English()
+                      .find("across is '" + length + "'; possible are 90.9 to 111.1"),
+                  std::string::npos)
             << length;
     }
-    EXPECT_EQ(LengthProblem("down", "90,95", 100.0) + LengthProblem("down", "111.1", 100.0), "");
+    EXPECT_EQ(LengthProblem(Message("down"), "90,95", 100.0).English() +
+                  LengthProblem(Message("down"), "111.1", 100.0).English(),
+              "");
 }
 
 }  // namespace

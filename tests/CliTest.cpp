@@ -106,7 +106,7 @@ TEST_F(Cli, HelpAndVersion)
 {
     const std::string all = Call({"--help"}).output;
     EXPECT_EQ(Call({"help"}).output, all);
-    for (const std::string command : {"kinds", "presets", "form", "show", "diff", "generate", "pad", "save",
+    for (const std::string command : {"kinds", "presets", "form", "link", "show", "diff", "generate", "pad", "save",
                                       "calibration", "thumbnail", "help"}) {
         const Finished help = Call({"help", command});
         EXPECT_EQ(help.status, 0);
@@ -118,6 +118,23 @@ TEST_F(Cli, HelpAndVersion)
     }
     Fails(2, {"help", "prests"}, {"unknown command 'prests'; possible: presets, "});
     EXPECT_EQ(Call({"--version"}).output, std::string("linealis-cli ") + versionText + "\n");
+}
+
+TEST_F(Cli, WritesAndReadsLinks)
+{
+    const std::string link = "#lined&units=cm&top-margin=2.5&line-color=%23FF0000";
+    const Finished shown = Call({"link", link});
+    EXPECT_EQ(shown.status, 0) << shown.errors;
+    EXPECT_NE(shown.output.find("&top-margin=2.5"), std::string::npos) << shown.output;
+    const std::string address = "https://linealis.invalid/" + shown.output.substr(0, shown.output.size() - 1);
+    EXPECT_EQ(Call({"form", address}).output, Call({"form", link}).output);
+    EXPECT_EQ(Call({"link", "grid"}).output, "#grid\n");
+    // A length that is as in a new form, but would change with the unit.
+    const Finished kept = Call({"link", "grid", "--set", "units=cm", "--set", "top-margin=0.5"});
+    EXPECT_NE(kept.output.find("&top-margin=0.5"), std::string::npos) << kept.output;
+    Fails(2, {"form", "#grid&top-margin"}, {"top-margin has no value"});
+    Fails(2, {"form", "#grid&top-margin=%Z"}, {"link: is damaged at '%Z'"});
+    Fails(2, {"form", "https://linealis.invalid/#gird"}, {"unknown kind 'gird'; possible: grid"});
 }
 
 TEST_F(Cli, ShowsTheForm)

@@ -104,7 +104,7 @@ TEST_F(DataRanges, AreDescribedAndRefused)
         wizard.Fields().Get<CheckBox>("CheckLogY").SetValue(isLog);
         wizard.PushButton1_Action();
         EXPECT_EQ(graph.Saved(), before) << minimum << ":" << maximum;
-        return wizard.Problem();
+        return wizard.Problem().English();
     };
     EXPECT_EQ(problem("", "", false), "enter the range of at least one axis");
     EXPECT_EQ(problem("", "3", false), "the minimum of the Y range must be a number, not ''");

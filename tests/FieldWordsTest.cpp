@@ -82,7 +82,7 @@ TEST(FieldWords, SayLengthsInMillimeters)
         for (const std::string_view name : names) {
             fields.push_back(form.Find(name));
         }
-        return Readout(fields, form.UnitOfLengths());
+        return Readout(fields, form.UnitOfLengths()).English();
     };
     EXPECT_EQ(readout({"EditTopMargin", "StaticHorzUnit", "EditBlankLeft"}), "= 12.7, 25.4 mm");
     EXPECT_EQ(readout({"EditHorzSpacing"}), "= 5.08 mm");
@@ -146,7 +146,7 @@ TEST_P(FieldsOfEveryKind, HaveNamesOfTheirOwn)
     std::set<std::string> names;
     for (const Control* const control : paper.window->form.Controls()) {
         if (control->Kind() != ControlKind::Label) {
-            const std::string name = WholeName(paper.window->form, *control);
+            const std::string name = WholeName(paper.window->form, *control).English();
             EXPECT_GT(name.size(), 3U) << control->Name();
             EXPECT_TRUE(names.insert(name).second) << name;
         }

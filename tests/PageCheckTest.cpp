@@ -11,7 +11,7 @@ Names WarningIds(Paper& paper)
     const PaperForm& form = paper.window->form;
     Names ids;
     for (const PageWarning& warning : WarningsOf(paper.window->DrawPage())) {
-        EXPECT_GT(warning.text.size(), 10U);
+        EXPECT_GT(warning.text.English().size(), 10U);
         EXPECT_TRUE(warning.control.empty() || form.Find(warning.control) != nullptr);
         ids.emplace_back(warning.id);
     }
@@ -159,8 +159,15 @@ TEST(PageCheck, LooksAtTheMarkerFile)
 TEST(PageCheck, NumbersTheFaultyLinesOfAMarkerFile)
 {
     const TemporaryFolder folder;
+    const auto faultsOf = [&] {
+        Names found;
+        for (const Message& fault : MarkerFaults(MarkerFile(FolderItem(folder / "m.txt")))) {
+            found.push_back(fault.English());
+        }
+        return found;
+    };
     WriteFile(folder / "m.txt", "1 2 a\r\none 2 b\r\n\r\n1  2 c\r\n-1,5 2e1\r\n3 4 d e f");
-    EXPECT_EQ(MarkerFaults(MarkerFile(FolderItem(folder / "m.txt"))),
+    EXPECT_EQ(faultsOf(),
               (Names{"Marker file, line 2: “one” is not a number", "Marker file, line 4: a value is missing",
                      "Marker file, line 5: there is no text"}));
     std::string lines;
@@ -168,7 +175,7 @@ TEST(PageCheck, NumbersTheFaultyLinesOfAMarkerFile)
         lines += "x 0 a\n";
     }
     WriteFile(folder / "m.txt", lines);
-    const Names found = MarkerFaults(MarkerFile(FolderItem(folder / "m.txt")));
+    const Names found = faultsOf();
     EXPECT_EQ(found.back(), "Marker file: " + std::to_string(101 - found.size()) + " more lines with faults");
 }
 

@@ -11,7 +11,7 @@ namespace {
 std::string SummaryOf(std::string_view kind, const Names& settings)
 {
     const Paper paper(kind, settings);
-    return PageSummary(*FindPaperKind(kind), paper.window->ReadPage());
+    return PageSummary(*FindPaperKind(kind), paper.window->ReadPage()).English();
 }
 
 /// The numbers of a text, in order.
@@ -57,10 +57,10 @@ TEST(PageSummary, SaysPaperAndUnit)
 {
     Paper paper("grid", {"PopupPaperSize=A4", "PopupUnits=cm", "EditVertSpacing=.5", "EditHorzSpacing=.4",
                          "PopupOrientation=Landscape"});
-    EXPECT_EQ(PageSummary(*FindPaperKind("grid"), paper.window->ReadPage()),
+    EXPECT_EQ(PageSummary(*FindPaperKind("grid"), paper.window->ReadPage()).English(),
               "Grid, A4 landscape, 67 by 36 cells of 4 by 5 mm");
     paper.Set({"PopupPaperSize=Custom", "EditCustomWidth=20", "EditCustomHeight=30", "EditVertSpacing=99"});
-    EXPECT_EQ(ShortPageSummary(paper.window->ReadPage()), "299.86 by 199.67 mm, no cells of 4 by 990 mm");
+    EXPECT_EQ(ShortPageSummary(paper.window->ReadPage()).English(), "299.86 by 199.67 mm, no cells of 4 by 990 mm");
     EXPECT_EQ(SummaryOf("graph", {"PopupYAxis=Log 3 Decades", "PopupXAxis=Hydraulic"}),
               "Graph Paper, Letter portrait, X hydraulic 1.85, Y 3 decades");
     EXPECT_EQ(SummaryOf("polar", {"EditNumSpokes=1"}), "Polar, Letter portrait, 8 circles, 1 spoke");
@@ -72,21 +72,22 @@ TEST(PageSummary, CountsWhatThePageShows)
         const std::string size = spacing;
         Paper grid("grid", {"EditVertSpacing=" + size, "EditHorzSpacing=" + size});
         const Page page(grid.Content());
-        const std::vector<double> cells = NumbersIn(grid.window->ReadPage().describe());
+        const std::vector<double> cells = NumbersIn(grid.window->ReadPage().describe().English());
         EXPECT_EQ(cells.at(0) + 1.0, page.verticals);
         EXPECT_EQ(cells.at(1) + 1.0, page.horizontals);
 
         Paper hexagons("hexagon", {"EditSize=" + size, "CheckBoxFrame=off"});
-        EXPECT_EQ(NumbersIn(hexagons.window->ReadPage().describe()).at(0), FlatLinesOf(hexagons).columns.size())
+        EXPECT_EQ(NumbersIn(hexagons.window->ReadPage().describe().English()).at(0),
+                  FlatLinesOf(hexagons).columns.size())
             << size;
 
         Paper notes("cornell", {"EditHorzSpacing=" + size + "5", "CheckBoxTopicArea=off"});
-        EXPECT_EQ(NumbersIn(notes.window->ReadPage().describe()).at(0), FlatLinesOf(notes).count) << size;
+        EXPECT_EQ(NumbersIn(notes.window->ReadPage().describe().English()).at(0), FlatLinesOf(notes).count) << size;
         Paper below("cornell", {"EditHorzSpacing=" + size + "5"});
-        EXPECT_LE(NumbersIn(below.window->ReadPage().describe()).at(0), FlatLinesOf(notes).count) << size;
+        EXPECT_LE(NumbersIn(below.window->ReadPage().describe().English()).at(0), FlatLinesOf(notes).count) << size;
 
         Paper lines("lined", {"EditHorzSpacing=" + size + "1", "EditBlankTop=1"});
-        EXPECT_EQ(NumbersIn(lines.window->ReadPage().describe()).at(0), FlatLinesOf(lines).count) << size;
+        EXPECT_EQ(NumbersIn(lines.window->ReadPage().describe().English()).at(0), FlatLinesOf(lines).count) << size;
     }
 }
 

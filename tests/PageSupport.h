@@ -4,6 +4,7 @@
 #include "cli/Actions.h"
 #include "pdf/PageContent.h"
 
+#include <cstdlib>
 #include <functional>
 #include <utility>
 
@@ -125,6 +126,25 @@ inline Names KindNames()
         names.emplace_back(kind.name);
     }
     return names;
+}
+
+/// Expects a document to have that text. With LINEALIS_UPDATE_DOCS, writes it first.
+inline void ExpectDocument(const fs::path& document, const std::string& text)
+{
+    if (std::getenv("LINEALIS_UPDATE_DOCS") != nullptr) {
+        WriteFile(document, text);
+    }
+    EXPECT_TRUE(ReadFile(document) == text) << document << " is out of date: LINEALIS_UPDATE_DOCS=1 writes it anew";
+}
+
+/// Expects a document to have these tables below its introduction.
+inline void ExpectTables(const fs::path& document, const std::string& tables)
+{
+    constexpr std::string_view startOfTables = "<!-- tables -->\n";
+    const std::string text = ReadFile(document);
+    const std::size_t start = text.find(startOfTables);
+    ASSERT_NE(start, std::string::npos) << document << " has no line " << startOfTables;
+    ExpectDocument(document, text.substr(0, start + startOfTables.size()) + tables);
 }
 
 }  // namespace linealis::test

@@ -129,11 +129,11 @@ TEST_F(Stream, OnlyRegularFilesAreRead)
         const BinaryStream stream = FolderItem(path).OpenAsBinaryFile();
         EXPECT_FALSE(stream.IsOpen());
         EXPECT_EQ(stream.Error(), FileFault::NotRegular) << path;
-        EXPECT_EQ(MarkerFile(FolderItem(path)).Error(), path.string() + ": Is not a regular file");
+        EXPECT_EQ(MarkerFile(FolderItem(path)).Error().English(), path.string() + ": Is not a regular file");
     }
     const auto errorOf = [&](const std::string& text) {
         WriteFile(folder / "read", text);
-        return MarkerFile(FolderItem(folder / "read")).Error();
+        return MarkerFile(FolderItem(folder / "read")).Error().English();
     };
     const std::string line(65536, 'x'), name = folder / "read";
     EXPECT_EQ(errorOf(line + "\r\n" + line + "\r" + line), "");
@@ -141,7 +141,7 @@ TEST_F(Stream, OnlyRegularFilesAreRead)
     EXPECT_EQ(errorOf(std::string("a\0b", 3)), name + ": not a text file");
     errorOf("a\n");
     fs::resize_file(folder / "read", 1ULL << 40U);
-    EXPECT_EQ(MarkerFile(FolderItem(folder / "read")).Error(), name + ": larger than 64 MiB");
+    EXPECT_EQ(MarkerFile(FolderItem(folder / "read")).Error().English(), name + ": larger than 64 MiB");
 }
 
 TEST_F(Stream, ImpossibleNamesAreErrors)

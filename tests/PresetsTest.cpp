@@ -131,7 +131,7 @@ TEST_F(OwnPresetsTest, BadNamesAreRefused)
     const Names bad = {"", " ", "a/b", "../a", ".a", "a\nb", std::string(201, 'a')};
     std::set<std::string> problems;
     for (const std::string& name : bad) {
-        problems.insert(OwnPresets::NameProblem(name));
+        problems.insert(OwnPresets::NameProblem(name).English());
         EXPECT_TRUE(own.Save(name, grid, *paper.window)) << name;
     }
     EXPECT_EQ(problems.size(), 5U);

@@ -1,12 +1,7 @@
 #include "PageSupport.h"
 
-#include <cstdlib>
-
 namespace linealis::test {
 namespace {
-
-const std::string document = LINEALIS_DOCS_PATH "/settings-files.md";
-constexpr std::string_view startOfTables = "<!-- tables -->\n";
 
 /// The controls that no field holds, with their aliases.
 std::string NotStored(const linealis::Paper& paper)
@@ -46,14 +41,7 @@ std::string Tables()
 
 TEST(SettingsDocument, HasTheFieldsOfEveryKind)
 {
-    const std::string text = ReadFile(document);
-    const std::size_t start = text.find(startOfTables);
-    ASSERT_NE(start, std::string::npos) << document << " has no line " << startOfTables;
-    const std::string introduction = text.substr(0, start + startOfTables.size());
-    if (std::getenv("LINEALIS_UPDATE_DOCS") != nullptr) {
-        WriteFile(document, introduction + Tables());
-    }
-    EXPECT_EQ(ReadFile(document), introduction + Tables()) << "LINEALIS_UPDATE_DOCS=1 writes it anew";
+    ExpectTables(LINEALIS_DOCS_PATH "/settings-files.md", Tables());
 }
 
 }  // namespace

@@ -114,7 +114,7 @@ TEST_F(SettingsFile, AForeignPdfIsReplacedOnlyIfTheUserSaysSo)
     Generate();
     EXPECT_EQ(Complaints(page.Path()), "");
     ASSERT_EQ(platform.dialogs.size(), 2U) << "asks once";
-    EXPECT_EQ(platform.dialogs[0].message.find(page.Path().string()), 0U);
+    EXPECT_EQ(platform.dialogs[0].message.English().find(page.Path().string()), 0U);
 
     WriteFile(page.Path(), foreign);
     window = Open();

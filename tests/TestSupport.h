@@ -274,7 +274,7 @@ public:
     }
     std::string Text(std::string_view name) const { return form.Get<TextField>(name).Text(); }
     double Number(std::string_view name) const { return form.Get<TextField>(name).Number(); }
-    std::string Remark(std::string_view name) const { return form.Get<TextField>(name).Remark(); }
+    std::string Remark(std::string_view name) const { return form.Get<TextField>(name).Remark().English(); }
     int ListIndex(std::string_view name) const { return ChoiceNamed(name).ListIndex(); }
     std::string Selected(std::string_view name) const { return std::string(ChoiceNamed(name).Selected()); }
     bool Value(std::string_view name) const { return form.Get<CheckBox>(name).Value(); }

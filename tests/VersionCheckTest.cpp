@@ -72,7 +72,7 @@ protected:
         if (platform.dialogs.empty()) {
             return "";
         }
-        const std::string& message = platform.dialogs.back().message;
+        const std::string message = platform.dialogs.back().message.English();
         const std::string before = "A new version of this program, ";
         EXPECT_TRUE(message.starts_with(before));
         return message.substr(before.size(), message.rfind(", is now available.") - before.size());
@@ -99,12 +99,12 @@ TEST_F(VersionReply, ANewerVersionIsOffered)
     Reply("1.4.0\n");
     ASSERT_EQ(platform.dialogs.size(), 1U);
     const MessageDialog& dialog = platform.dialogs[0];
-    EXPECT_EQ(dialog.message,
+    EXPECT_EQ(dialog.message.English(),
               "A new version of this program, 1.4.0, is now available. Would you like your web browser to open the "
               "download page so you can get a copy?");
-    EXPECT_EQ(dialog.actionButton, "Yes");
-    EXPECT_EQ(dialog.cancelButton, "Not Now");
-    EXPECT_EQ(dialog.alternateActionButton, "Skip This Version");
+    EXPECT_EQ(dialog.actionButton.English(), "Yes");
+    EXPECT_EQ(dialog.cancelButton.English(), "Not Now");
+    EXPECT_EQ(dialog.alternateActionButton.English(), "Skip This Version");
     EXPECT_TRUE(platform.shownUrls.empty() && skipped.empty()) << "Not Now";
     Reply("1.4.0", MessageDialog::Button::Action);
     EXPECT_EQ(platform.shownUrls, Names{server + "/software/linealis.html"});

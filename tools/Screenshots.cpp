@@ -1,24 +1,35 @@
 // Shows every window of the program and saves a picture of each: for the manual, the README and whoever wants to
-// see them.
+// see them. The size of the screen and QT_SCALE_FACTOR hold as for the program itself.
 
-#include "desktop/dialogs/FormDialog.h"
 #include "desktop/system/Text.h"
+#include "desktop/system/WindowSettings.h"
 #include "desktop/window/Desktop.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCommandLineParser>
+#include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QLineEdit>
+#include <QPalette>
 #include <QStandardPaths>
+#include <QStyle>
 #include <QTextStream>
+#include <QTimer>
+#include <QToolButton>
+#include <functional>
+#include <utility>
 
 namespace {
 
 using namespace linealis;
 using namespace linealis::desktop;
 
-void Settle()
+void Settle(int milliseconds = 700)
 {
-    constexpr int milliseconds = 150;
     QElapsedTimer time;
     time.start();
     while (time.elapsed() < milliseconds) {
@@ -54,11 +65,68 @@ QWidget& WindowNamed(const QString& name)
     qFatal("there is no window %s", qPrintable(name));
 }
 
-void ShowDialog(Camera& camera, const QString& title, const QString& name, Form& form)
+template <typename Widget>
+Widget& Named(QWidget& window, const char* name)
 {
-    FormDialog dialog(title, form, nullptr);
-    dialog.show();
-    camera.Take(dialog, name);
+    auto* const found = window.findChild<Widget*>(QString::fromLatin1(name));
+    if (found == nullptr) {
+        qFatal("there is no %s", name);
+    }
+    return *found;
+}
+
+/// Opens the dialog that `open` waits for, fills it in, saves its picture and closes it.
+void TakeDialog(Camera& camera, const QString& name, const std::function<void()>& open,
+                const std::function<void(QDialog& dialog)>& fillIn = {})
+{
+    constexpr int untilOpen = 200, untilPictures = 1500;  // milliseconds
+    QTimer::singleShot(untilOpen, [&] {
+        auto& dialog = dynamic_cast<QDialog&>(*QApplication::activeModalWidget());
+        if (fillIn) {
+            fillIn(dialog);
+        }
+        Settle(untilPictures);
+        camera.Take(dialog, name);
+        dialog.reject();
+    });
+    open();
+}
+
+void TakeDialogsOfGraph(Camera& camera, QWidget& window)
+{
+    const auto choosing = [&](const char* item) {
+        return [&window, item] { Named<QAction>(window, item).trigger(); };
+    };
+    TakeDialog(camera, QStringLiteral("wizard"),
+               [&] { Named<QAbstractButton>(window, "PushButtonEasyWizard").click(); });
+    TakeDialog(camera, QStringLiteral("range"), choosing("EditDataRange"), [](QDialog& dialog) {
+        for (const auto& [field, text] : {std::pair("EditMinX", "0"), std::pair("EditMaxX", "250"),
+                                          std::pair("EditMinY", "2"), std::pair("EditMaxY", "1000")}) {
+            Named<QLineEdit>(dialog, field).setText(QString::fromLatin1(text));
+        }
+        Named<QCheckBox>(dialog, "CheckLogY").setChecked(true);
+    });
+    TakeDialog(camera, QStringLiteral("pad"), choosing("FilePrintPad"), [](QDialog& dialog) {
+        Named<QComboBox>(dialog, "PadUp").setCurrentIndex(1);
+        Named<QCheckBox>(dialog, "PadNumbers").setChecked(true);
+        auto& backs = Named<QComboBox>(dialog, "PadBack");
+        backs.setCurrentIndex(backs.findText(QStringLiteral("Lined Paper")));
+    });
+    TakeDialog(camera, QStringLiteral("picker"), [&] { Named<QToolButton>(window, "ToolPresets").click(); });
+    TakeDialog(camera, QStringLiteral("preferences"), choosing("EditPreferences"));
+}
+
+void UseDarkPalette()
+{
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    QPalette dark(QColor(53, 53, 53), QColor(43, 43, 43));
+    dark.setColor(QPalette::Base, QColor(30, 30, 30));
+    dark.setColor(QPalette::ToolTipBase, QColor(53, 53, 53));
+    dark.setColor(QPalette::Highlight, QColor(61, 132, 219));
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+        dark.setColor(QPalette::Disabled, role, QColor(127, 127, 127));
+    }
+    QApplication::setPalette(dark);
 }
 
 }  // namespace
@@ -67,29 +135,40 @@ int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     QStandardPaths::setTestModeEnabled(true);  // keeps the user's own preferences out of it
-    if (argc != 2) {
-        QTextStream(stderr) << "usage: linealis_screenshots FOLDER\n";
+    QCommandLineParser parser;
+    const QCommandLineOption font(QStringLiteral("font"), {}, QStringLiteral("points"));
+    const QCommandLineOption dark(QStringLiteral("dark"));
+    parser.addOptions({font, dark});
+    if (!parser.parse(QApplication::arguments()) || parser.positionalArguments().size() != 1) {
+        QTextStream(stderr) << "usage: linealis_screenshots [--font POINTS] [--dark] FOLDER\n";
         return 2;
     }
-    Camera camera(QString::fromLocal8Bit(argv[1]));
+    if (parser.isSet(dark)) {
+        UseDarkPalette();
+    }
+    if (parser.isSet(font)) {
+        QFont chosen = QApplication::font();
+        chosen.setPointSizeF(parser.value(font).toDouble());
+        QApplication::setFont(chosen);
+    }
+    WindowSettings().clear();  // of an earlier run
+    Camera camera(parser.positionalArguments().constFirst());
     Desktop desktop;
     desktop.Open();
     camera.Take(WindowNamed(QStringLiteral("gallery")), QStringLiteral("gallery"));
     for (const PaperKind& kind : PaperKinds()) {
         PaperWindow& window = desktop.Application().ShowPaper(kind);
-        camera.Take(WindowNamed(ToQt(kind.window)), ToQt(kind.name));
-        if (Wizard* const wizard = window.GetWizard()) {
-            ShowDialog(camera, QStringLiteral("Easy Graph Wizard"), QStringLiteral("wizard"), wizard->Fields());
+        QWidget& shown = WindowNamed(ToQt(kind.window));
+        camera.Take(shown, ToQt(kind.name));
+        if (kind.name == "graph") {
+            TakeDialogsOfGraph(camera, shown);
         }
         if (kind.name == "lined") {  // with every sort of remark
             window.form.Get<TextField>("EditHorzSpacing").SetText("abc");
             window.form.Get<TextField>("EditBlankTop").SetText("2.9");
             window.form.Get<TextField>("EditBlankLeft").SetText("-1");
-            camera.Take(WindowNamed(ToQt(kind.window)), QStringLiteral("remarks"));
+            camera.Take(shown, QStringLiteral("remarks"));
         }
     }
-    bool noUpdateCheck = false;
-    PrefsWindow preferences(noUpdateCheck);
-    ShowDialog(camera, QStringLiteral("Preferences"), QStringLiteral("preferences"), preferences.form);
     return 0;
 }

@@ -1,5 +1,5 @@
-// Measures how soon the live page follows a key press on the default page of every kind, and how long a key press
-// waits while a page of a million strokes is drawn next to it: key_latency RESULTS
+// Measures how soon the live page follows a key press, and a margin that is dragged, on the default page of every
+// kind, and how long a key press waits while a page of a million strokes is drawn next to it: key_latency RESULTS
 
 #include "Pages.h"
 #include "desktop/page/LivePage.h"
@@ -12,9 +12,11 @@
 #include <QEventLoop>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QTimer>
 #include <algorithm>
 #include <fstream>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -22,7 +24,7 @@ namespace {
 
 using namespace linealis;
 
-constexpr int keys = 60;
+constexpr int actions = 60;
 constexpr double nanosecond = 1e-9;
 
 void PressKey(QLineEdit& field, int key, const QString& text)
@@ -70,26 +72,61 @@ struct Shown {
     QLineEdit* field;
 };
 
-/// Returns the seconds from each of many key presses to the resulting page, in ascending order.
-std::vector<double> Latencies(const PaperKind& kind)
+/// Returns the seconds from each of many actions, which are numbered, to the resulting page, in ascending order.
+std::vector<double> Latencies(desktop::LivePage& page, const std::function<void(int number)>& act)
 {
-    Shown shown(kind);
-    WaitForPage(*shown.page);
     std::vector<double> latencies;
-    for (int i = 0; i < keys; ++i) {
+    for (int i = 0; i < actions; ++i) {
         Pause(30);  // until the program is idle again
         QElapsedTimer timer;
         timer.start();
-        if (i % 2 == 0) {
+        act(i);
+        WaitForPage(page);
+        latencies.push_back(static_cast<double>(timer.nsecsElapsed()) * nanosecond);
+    }
+    std::sort(latencies.begin(), latencies.end());
+    return latencies;
+}
+
+std::vector<double> LatenciesOfKeys(const PaperKind& kind)
+{
+    Shown shown(kind);
+    WaitForPage(*shown.page);
+    return Latencies(*shown.page, [&](int number) {
+        if (number % 2 == 0) {
             shown.field->setCursorPosition(static_cast<int>(shown.field->text().size()));
             PressKey(*shown.field, Qt::Key_1, QStringLiteral("1"));
         } else {
             PressKey(*shown.field, Qt::Key_Backspace, {});
         }
-        WaitForPage(*shown.page);
-        latencies.push_back(static_cast<double>(timer.nsecsElapsed()) * nanosecond);
+    });
+}
+
+void SendMouse(const desktop::LivePage& page, QEvent::Type type, QPointF place)
+{
+    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, place, page.viewport()->mapToGlobal(place), button, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(page.viewport(), &event);
+}
+
+/// Drags the top margin to and fro. Ends the program if it does not follow.
+std::vector<double> LatenciesOfDrag(const PaperKind& kind)
+{
+    Shown shown(kind);
+    desktop::LivePage& page = *shown.page;
+    WaitForPage(page);
+    Pause(300);  // until the zoom has settled
+    const auto height = static_cast<double>(page.Frame().paperHeight);
+    const QPointF edge = page.Origin() + QPointF(300.0, height - page.Frame().TopEdge()) * page.PixelsPerPoint();
+    constexpr QPointF far(0.0, 40.0), near(0.0, 20.0);  // pixels
+    const QString before = shown.field->text();
+    SendMouse(page, QEvent::MouseButtonPress, edge);
+    std::vector<double> latencies = Latencies(
+        page, [&](int number) { SendMouse(page, QEvent::MouseMove, edge + (number % 2 == 0 ? far : near)); });
+    SendMouse(page, QEvent::MouseButtonRelease, edge + near);
+    if (shown.field->text() == before) {
+        qFatal("the margin of %s was not dragged", std::string(kind.name).c_str());
     }
-    std::sort(latencies.begin(), latencies.end());
     return latencies;
 }
 
@@ -115,6 +152,21 @@ double LongestWait()
     return longest;
 }
 
+/// Measures all kinds. Writes the median and the worst case of each, and the largest of these, with the prefix.
+void WriteLatencies(std::ostream& results, const std::string& prefix,
+                    std::vector<double> (*latenciesOf)(const PaperKind& kind))
+{
+    double slowestMedian = 0.0, worst = 0.0;
+    for (const PaperKind& kind : PaperKinds()) {
+        const std::vector<double> latencies = latenciesOf(kind);
+        slowestMedian = std::max(slowestMedian, latencies[latencies.size() / 2]);
+        worst = std::max(worst, latencies.back());
+        results << prefix << kind.name << "_median " << latencies[latencies.size() / 2] << '\n'
+                << prefix << kind.name << "_worst " << latencies.back() << '\n';
+    }
+    results << prefix << "median " << slowestMedian << '\n' << prefix << "worst " << worst << '\n';
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
@@ -124,14 +176,8 @@ int main(int argc, char** argv)
         return 2;
     }
     std::ofstream results(argv[1]);
-    double slowestMedian = 0.0, worst = 0.0;
-    for (const PaperKind& kind : PaperKinds()) {
-        const std::vector<double> latencies = Latencies(kind);
-        slowestMedian = std::max(slowestMedian, latencies[latencies.size() / 2]);
-        worst = std::max(worst, latencies.back());
-        results << kind.name << "_median " << latencies[latencies.size() / 2] << '\n'
-                << kind.name << "_worst " << latencies.back() << '\n';
-    }
-    results << "median " << slowestMedian << '\n' << "worst " << worst << '\n' << "wait " << LongestWait() << '\n';
+    WriteLatencies(results, "", LatenciesOfKeys);
+    WriteLatencies(results, "drag_", LatenciesOfDrag);
+    results << "wait " << LongestWait() << '\n';
     return results.flush() ? 0 : 1;
 }

@@ -103,11 +103,11 @@ std::vector<std::string> Sheet::Warnings() const
         warnings = drawn.content.View().size() <= longestContentChecked ? WarningsOf(drawn) : page.warnings;
     } catch (const PageGivenUp& givenUp) {
         warnings = page.warnings;
-        warnings.push_back({"too-large", "", givenUp.reason});
+        warnings.push_back({"too-large", "", Message(givenUp.reason)});
     }
     std::vector<std::string> texts;
-    for (PageWarning& warning : warnings) {
-        texts.push_back(std::move(warning.text));
+    for (const PageWarning& warning : warnings) {
+        texts.push_back(warning.text.English());
     }
     return texts;
 }
@@ -128,7 +128,7 @@ std::string Sheet::Page() const
         Turns turns([] {});
         return FileBytesOf(DrawPage(parts->window->ReadPage(), turns), parts->platform.Now(), turns);
     } catch (const PageGivenUp& givenUp) {
-        throw std::runtime_error(givenUp.reason);
+        throw std::runtime_error(std::string(givenUp.reason.Text()));
     }
 }
 

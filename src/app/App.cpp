@@ -9,7 +9,6 @@ namespace linealis {
 namespace {
 
 constexpr const char* const makersNotice = "Tallowmere Works";
-constexpr const char* const helpFailed = "Could not display help";
 
 std::vector<GalleryWindow::Entry> GalleryEntries()
 {
@@ -27,11 +26,12 @@ std::string ExtensionOf(const FolderItem& file)
 }
 
 /// Returns a sentence that says what will happen to a document.
-std::string WhatOpens(const FolderItem& document)
+Message WhatOpens(const FolderItem& document)
 {
     const PaperKind* const kind = FindPaperKindOf(document.Path());
-    return kind == nullptr ? document.Name() + " is not a Linealis settings file. Nothing opens."
-                           : document.Name() + " opens in the window of " + std::string(kind->galleryTitle) + ".";
+    return kind == nullptr
+               ? Message("%1 is not a Linealis settings file. Nothing opens.", document.Name())
+               : Message("%1 opens in the window of %2.", document.Name(), Message::Listed(kind->galleryTitle));
 }
 
 /// Writes a file that must not exist yet, so that it cannot follow a link that somebody else has planted.
@@ -109,7 +109,7 @@ void App::CheckForTheLatestVersion()
 void App::Event_OpenDocument(const FolderItem& file)
 {
     const std::string extension = ExtensionOf(file);
-    platform.MsgBoxUnlessHidden(extension, WhatOpens(file), "openedDocument");
+    platform.MsgBoxUnlessHidden(Message::Verbatim(extension), WhatOpens(file), "openedDocument");
     if (windows.IsEnding()) {
         return;  // the user has quit the program instead of closing the message
     }
@@ -238,8 +238,10 @@ void App::Remember(PaperWindow& window, bool (PaperWindow::*action)())
 void App::ShowAbout()
 {
     MessageDialog dialog;
-    dialog.message = "Linealis   Version: " + mystring(programVersion.major) + "." +
-                     mystring(programVersion.minor) + "." + mystring(programVersion.third) + "\n" + makersNotice;
+    dialog.message = Message("Linealis   Version: %1\n%2",
+                             mystring(programVersion.major) + "." + mystring(programVersion.minor) + "." +
+                                 mystring(programVersion.third),
+                             makersNotice);
     platform.ShowModal(dialog);
 }
 
@@ -247,7 +249,7 @@ void App::DoHelp()
 {
     const FolderItem file = HelpFile();
     if (file.IsEmpty() || !platform.Launch(file)) {
-        platform.MsgBox(helpFailed);
+        platform.MsgBox(Message("Could not display help"));
     }
 }
 

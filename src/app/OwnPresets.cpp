@@ -52,7 +52,7 @@ std::vector<OwnPreset> OwnPresets::List(const PaperKind& kind) const
     for (fs::directory_iterator entry(path, error), end; !error && entry != end; entry.increment(error)) {
         const std::string name = entry->path().stem().string();
         std::error_code cannotTell;
-        if (FindPaperKindOf(entry->path()) == &kind && NameProblem(name).empty() &&
+        if (FindPaperKindOf(entry->path()) == &kind && NameProblem(name).IsEmpty() &&
             entry->is_regular_file(cannotTell)) {
             presets.push_back({name, FolderItem(entry->path())});
         }
@@ -62,34 +62,34 @@ std::vector<OwnPreset> OwnPresets::List(const PaperKind& kind) const
     return presets;
 }
 
-std::string OwnPresets::NameProblem(std::string_view name)
+Message OwnPresets::NameProblem(std::string_view name)
 {
     if (name.find_first_not_of(' ') == std::string_view::npos) {
-        return "A preset needs a name.";
+        return Message("A preset needs a name.");
     }
     if (name.find('/') != std::string_view::npos) {
-        return "The name of a preset cannot have a slash in it.";
+        return Message("The name of a preset cannot have a slash in it.");
     }
     if (name.starts_with('.')) {
-        return "The name of a preset cannot begin with a dot.";
+        return Message("The name of a preset cannot begin with a dot.");
     }
     if (std::any_of(name.begin(), name.end(), IsControlCharacter)) {
-        return "The name of a preset cannot have control characters in it.";
+        return Message("The name of a preset cannot have control characters in it.");
     }
-    return name.size() > longestName ? "The name of a preset can be " + std::to_string(longestName) +
-                                           " bytes long; this one has " + std::to_string(name.size()) + "."
-                                     : "";
+    return name.size() > longestName
+               ? Message("The name of a preset can be %1 bytes long; this one has %2.", longestName, name.size())
+               : Message();
 }
 
 FolderItem OwnPresets::File(std::string_view name, const PaperKind& kind) const
 {
-    return NameProblem(name).empty() ? folder.Child(presetFolder).Child(FileName(name, kind)) : FolderItem();
+    return NameProblem(name).IsEmpty() ? folder.Child(presetFolder).Child(FileName(name, kind)) : FolderItem();
 }
 
 std::error_code OwnPresets::Save(std::string_view name, const PaperKind& kind, const PaperWindow& window) const
 {
-    return NameProblem(name).empty() ? SaveInFolder(File(name, kind), window)
-                                     : std::make_error_code(std::errc::invalid_argument);
+    return NameProblem(name).IsEmpty() ? SaveInFolder(File(name, kind), window)
+                                       : std::make_error_code(std::errc::invalid_argument);
 }
 
 std::error_code OwnPresets::Delete(const OwnPreset& preset)
@@ -120,7 +120,7 @@ std::error_code OwnPresets::SaveLeft(const PaperKind& kind, const PaperWindow& w
 void LayOver(const OwnPreset& preset, PaperWindow& window, Platform& platform)
 {
     if (const std::error_code error = window.LayOver(preset.file.OpenAsBinaryFile())) {
-        platform.Note(preset.name + " could not be opened: " + error.message());
+        platform.Note(Message("%1 could not be opened: %2", preset.name, error.message()));
     }
 }
 

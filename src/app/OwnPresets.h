@@ -30,7 +30,7 @@ public:
     /// Returns why no preset can have this name, as a sentence for the user, or an empty text if it is valid. A
     /// name is a file name without its extension: it has a character other than a blank, no slash, and no control
     /// character, does not begin with a dot, and is at most 200 bytes long.
-    static std::string NameProblem(std::string_view name);
+    static Message NameProblem(std::string_view name);
 
     /// Returns the file of the preset with that name, which need not exist; an empty reference if the name is not
     /// valid.

@@ -33,6 +33,6 @@ PageWarnings MarkerWarnings(const PaperForm& form, const FolderItem& file);
 
 /// Returns the lines of a marker file that are no markers, by number from 1: a value that is not a number, or no
 /// text. Names the first of them one by one and counts the rest. A line without any text is none.
-std::vector<std::string> MarkerFaults(const MarkerFile& file);
+std::vector<Message> MarkerFaults(const MarkerFile& file);
 
 }  // namespace linealis

@@ -171,9 +171,9 @@ private:
     Role role;
 };
 
-std::string Quoted(const std::string& text)
+Message Quoted(const std::string& text)
 {
-    return "\u201C" + Shortened(text) + "\u201D";
+    return Message("\u201C%1\u201D", Shortened(text));
 }
 
 /// Returns the field of the form that the text comes from, or null.
@@ -201,9 +201,9 @@ void CheckPlaces(const TextAndLineReader& page, const PaperPage& read, PageWarni
         const auto found = std::find_if(page.texts.begin(), page.texts.end(), isOff);
         if (found != page.texts.end()) {
             const auto count = std::count_if(page.texts.begin(), page.texts.end(), isOff);
-            warnings.push_back(
-                {wantsTitle ? "title-off-page" : "numbers-off-page", ControlOf(*found, read),
-                 Quoted(found->text) + (count > 1 ? " and other texts leave" : " leaves") + " the page"});
+            warnings.push_back({wantsTitle ? "title-off-page" : "numbers-off-page", ControlOf(*found, read),
+                                count > 1 ? Message("%1 and other texts leave the page", Quoted(found->text))
+                                          : Message("%1 leaves the page", Quoted(found->text))});
         }
     }
 }
@@ -232,25 +232,25 @@ void CheckNumbers(const std::vector<PlacedText>& texts, PageWarnings& warnings)
         }
     }
     if (overlapping != nullptr) {
-        warnings.push_back({"numbers-overlap", "", "Numbers overlap at " + Quoted(overlapping->text)});
+        warnings.push_back({"numbers-overlap", "", Message("Numbers overlap at %1", Quoted(overlapping->text))});
     }
     if (repeated != nullptr) {
         warnings.push_back(
             {"numbers-repeat", "",
-             "The number " + Quoted(repeated->text) + " marks several lines: the step is lost in rounding"});
+             Message("The number %1 marks several lines: the step is lost in rounding", Quoted(repeated->text))});
     }
 }
 
 void CheckLines(const TextAndLineReader& page, PageWarnings& warnings)
 {
     if (page.isEmpty) {
-        warnings.push_back({"empty", "", "The page is empty"});
+        warnings.push_back({"empty", "", Message("The page is empty")});
     }
     if (page.linesOff > 0) {
         warnings.push_back({"off-page", "",
-                            Str(static_cast<double>(page.linesOff)) +
-                                (page.linesOff == 1 ? " line reaches" : " lines reach") +
-                                " beyond the edge of the paper"});
+                            Message(Plural("%1 line reaches beyond the edge of the paper",
+                                           "%1 lines reach beyond the edge of the paper"),
+                                    static_cast<double>(page.linesOff), static_cast<double>(page.linesOff))});
     }
 }
 
@@ -259,7 +259,8 @@ void CheckSizeOfNumbers(const TextAndLineReader& page, PageWarnings& warnings)
     constexpr double mostOfReaders = 9.2e18;  // about 2^63: many readers store numbers as 64-bit integers
     if (page.largestNumber >= mostOfReaders) {
         warnings.push_back(
-            {"huge-number", "", "The page contains numbers of 9.2e18 and more, which many readers cannot read"});
+            {"huge-number", "",
+             Message("The page contains numbers of 9.2e18 and more, which many readers cannot read")});
     }
 }
 
@@ -273,7 +274,7 @@ void CheckTitles(const TextAndLineReader& page, const PaperPage& read, PageWarni
             std::any_of(page.lines.begin(), page.lines.end(),
                         [&](const StraightLine& line) { return Crosses(line, text.box); })) {
             warnings.push_back(
-                {"title-over-lines", ControlOf(text, read), Quoted(text.text) + " overlaps grid lines"});
+                {"title-over-lines", ControlOf(text, read), Message("%1 overlaps grid lines", Quoted(text.text))});
         }
     }
 }
@@ -286,7 +287,7 @@ PageWarnings ContentWarnings(const PaperPage& page, std::string_view content, st
     TextAndLineReader shown(page.frame);
     const PageDamage damage = ReadPage(content, roles, shown);
     if (!damage.message.empty()) {
-        warnings.push_back({"damaged", "", "The page is damaged: " + damage.message});
+        warnings.push_back({"damaged", "", Message("The page is damaged: %1", damage.message)});
     }
     CheckSizeOfNumbers(shown, warnings);
     CheckLines(shown, warnings);

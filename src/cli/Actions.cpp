@@ -66,8 +66,8 @@ void FitRanges(RangeWizard& wizard, bool hasRange)
     if (!hasRange) {
         throw UsageError{"--fineness goes with --x-range or --y-range"};
     }
-    if (const std::string problem = wizard.Problem(); !problem.empty()) {
-        throw UsageError{problem};
+    if (const Message problem = wizard.Problem(); !problem.IsEmpty()) {
+        throw UsageError{problem.English()};
     }
     wizard.PushButton1_Action();
 }
@@ -79,8 +79,8 @@ void WarnOfWizard(const Form& wizard, PageWarnings& warnings)
         if (control->Kind() != ControlKind::Text) {
             continue;
         }
-        if (const std::string remark = static_cast<const TextField&>(*control).Remark(); !remark.empty()) {
-            warnings.push_back({"wizard", "", "the wizard's " + WholeName(wizard, *control) + ": " + remark});
+        if (const Message remark = static_cast<const TextField&>(*control).Remark(); !remark.IsEmpty()) {
+            warnings.push_back({"wizard", "", Message("the wizard's %1: %2", WholeName(wizard, *control), remark)});
         }
     }
 }
@@ -170,9 +170,9 @@ void Load(const std::string& fileName, PaperWindow& window)
 
 void WarnIfIdle(const PaperForm& form, const Control& control, PageWarnings& warnings)
 {
-    if (const std::string why = form.WhyIdle(control); !why.empty()) {
-        warnings.push_back(
-            {"no-effect", std::string(control.Name()), WholeName(form, control) + " has no effect: " + why});
+    if (const Message why = form.WhyIdle(control); !why.IsEmpty()) {
+        warnings.push_back({"no-effect", std::string(control.Name()),
+                            Message("%1 has no effect: %2", WholeName(form, control), why)});
     }
 }
 

@@ -41,6 +41,7 @@ private:
         const char* exits = usualExits;  ///< how the help describes the exit status
     };
     static const char* const usualExits;
+    static constexpr int done = 0;  ///< the exit status of a command that did its work
     static const std::vector<Command>& Commands();
     static const Command& CommandNamed(const std::string& name);
     static const Command* FindCommand(const std::vector<std::string>& words);
@@ -77,6 +78,7 @@ private:
     int RunKinds();
     int RunPresets();
     int RunForm();
+    int RunLink();
     int RunShow();
     int RunDiff();
     int RunGenerate();

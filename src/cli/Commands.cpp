@@ -4,15 +4,13 @@
 #include "cli/Errors.h"
 #include "cli/FileNames.h"
 #include "cli/PageOutput.h"
+#include "exchange/FormLink.h"
 #include "kinds/PageSummary.h"
 #include "pipeline/form/FieldWords.h"
 #include "pipeline/form/SetControl.h"
 #include "platform/ScreenlessPlatform.h"
-#include "text/MacRoman.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <iostream>
 
 namespace linealis::cli {
@@ -24,27 +22,10 @@ bool IsLabel(const Control* control)
     return control->Kind() == ControlKind::Label;
 }
 
-/// Whether a terminal obeys the character, although JSON does not escape it: DEL, and the C1 controls U+0080 to
-/// U+009F.
-bool CommandsTerminal(std::string_view character)
-{
-    return character == "\x7F" || (character >= "\xC2\x80" && character <= "\xC2\x9F");
-}
-
-/// Returns the JSON escape of a character below U+0100. Its last UTF-8 byte is enough: the controls of
-/// CommandsTerminal are one byte, or 0xC2 and a byte equal to their code.
-std::string JsonEscape(std::string_view character)
-{
-    std::array<char, 8> text{};
-    std::snprintf(text.data(), text.size(), "\\u00%02X",
-                  static_cast<unsigned>(static_cast<unsigned char>(character.back())));
-    return text.data();
-}
-
 void Warn(const Source& source, const PageWarnings& warnings)
 {
     for (const PageWarning& warning : warnings) {
-        Complain("warning: " + source.name + ": " + warning.text);
+        Complain("warning: " + source.name + ": " + warning.text.English());
     }
 }
 
@@ -52,13 +33,7 @@ void Warn(const Source& source, const PageWarnings& warnings)
 
 void Print(const Json& json)
 {
-    constexpr int indent = 2;
-    // The texts of a damaged settings file may be invalid UTF-8.
-    const std::string text = json.dump(indent, ' ', false, Json::error_handler_t::replace);
-    for (const std::string_view character : Characters(text)) {
-        std::cout << (CommandsTerminal(character) ? JsonEscape(character) : std::string(character));
-    }
-    std::cout << '\n';
+    std::cout << JsonText(json);
 }
 
 void ListPresets(bool asJson, const std::optional<std::string>& kind)
@@ -106,6 +81,15 @@ void ShowForm(const Source& source, const std::vector<Action>& actions)
     Print(FormJson(*open.kind, open.window->form));
 }
 
+void ShowLink(const Source& source, const std::vector<Action>& actions)
+{
+    ScreenlessPlatform platform;
+    const OpenWindow open = Open(source, actions, platform);
+    Say(platform);
+    Warn(source, open.warnings);
+    std::cout << '#' << FormLink(*open.kind, open.window->form) << '\n';
+}
+
 void Show(const Source& source, bool asJson)
 {
     ScreenlessPlatform platform;
@@ -113,7 +97,7 @@ void Show(const Source& source, bool asJson)
     Say(platform);
     const PaperForm& form = open.window->form;
     const std::string page = open.window->OutputFile().Path().string();
-    const std::string summary = PageSummary(*open.kind, open.window->ReadPage());
+    const std::string summary = PageSummary(*open.kind, open.window->ReadPage()).English();
     if (asJson) {
         Json json = FormJson(*open.kind, form);
         json["page"] = page;
@@ -127,8 +111,8 @@ void Show(const Source& source, bool asJson)
     }
     for (Control* const control : form.Controls()) {
         if (!IsLabel(control)) {
-            std::cout << control->Name() << '\t' << Readable(ValueOf(*control)) << '\t' << WholeName(form, *control)
-                      << '\n';
+            std::cout << control->Name() << '\t' << Readable(ValueOf(*control)) << '\t'
+                      << WholeName(form, *control).English() << '\n';
         }
     }
 }
@@ -152,7 +136,7 @@ bool Differ(const Source& one, const Source& other, bool asJson)
         differences.push_back({{"control", control->Name()},
                                {"one", ValueOf(*control)},
                                {"other", ValueOf(twin)},
-                               {"words", WholeName(form, *control)}});
+                               {"words", WholeName(form, *control).English()}});
     }
     if (asJson) {
         Print(differences);
@@ -179,8 +163,8 @@ void Save(const Source& source, const std::vector<Action>& actions, const std::s
     }
     Warn(source, FieldWarnings(open.window->form));
     Warn(source, open.warnings);
-    if (const std::string lost = open.window->LostBySaving(); !lost.empty()) {
-        Complain("warning: " + output + ": a settings file does not keep " + lost);
+    if (const Message lost = open.window->LostBySaving(); !lost.IsEmpty()) {
+        Complain("warning: " + output + ": a settings file does not keep " + lost.English());
     }
 }
 

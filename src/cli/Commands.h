@@ -22,6 +22,9 @@ void ListPresets(bool asJson, const std::optional<std::string>& kind);
 /// Prints as JSON the form that the actions leave. Throws UsageError or WorkError if the source or an action fails.
 void ShowForm(const Source& source, const std::vector<Action>& actions);
 
+/// Prints the form as a link. Throws UsageError or WorkError.
+void ShowLink(const Source& source, const std::vector<Action>& actions);
+
 /// Prints what a form holds: its kind, a summary of its page, the page file that a settings file refers to, and one
 /// line per control. Throws UsageError or WorkError if the source cannot be opened.
 void Show(const Source& source, bool asJson);

@@ -71,7 +71,7 @@ void OfferSettings(Completions& completions, const Form& form, std::string_view 
     for (const Control* const control : form.Controls()) {
         if (isWanted(*control)) {
             const std::string name = byName ? std::string(control->Name()) : std::string(control->Alias());
-            Offer(completions, typed, name + "=", WholeName(form, *control));
+            Offer(completions, typed, name + "=", WholeName(form, *control).English());
         }
     }
 }

@@ -43,7 +43,7 @@ OnePage TakePage(const Source& source, const std::vector<Action>& actions, const
         Say(platform);
         Warn(source.name, page.open, drawn, platform);
     } catch (const PageGivenUp& givenUp) {
-        throw WorkError{source.name + ": " + givenUp.reason};
+        throw WorkError{source.name + ": " + std::string(givenUp.reason.Text())};
     }
     return page;
 }

@@ -39,7 +39,7 @@ PageWarnings WarningsOfMarkers(const PaperForm& form, const FolderItem& file)
 {
     const auto* const box = form.Find<CheckBox>("CheckBoxMarkers");
     if (box != nullptr && box->Value() && file.IsEmpty()) {
-        return {{"markers", std::string(box->Name()), "No markers are drawn: there is no --markers FILE"}};
+        return {{"markers", std::string(box->Name()), Message("No markers are drawn: there is no --markers FILE")}};
     }
     return MarkerWarnings(form, file);
 }
@@ -61,8 +61,8 @@ void WarnOfFonts(std::string_view content)
     static std::set<std::string> said;
     const std::lock_guard lock(mutex);
     for (const PageWarning& warning : FontWarnings(content)) {
-        if (said.insert(warning.text).second) {
-            Complain("warning: " + warning.text);
+        if (const std::string text = warning.text.English(); said.insert(text).second) {
+            Complain("warning: " + text);
         }
     }
 }
@@ -73,7 +73,7 @@ DrawnPage DrawPage(const std::string& name, PaperWindow& window, PaperPage page)
     try {
         return window.DrawPage(std::move(page));
     } catch (const PageGivenUp& givenUp) {
-        throw WorkError{name + ": " + givenUp.reason};
+        throw WorkError{name + ": " + std::string(givenUp.reason.Text())};
     }
 }
 
@@ -159,7 +159,7 @@ void Warn(const std::string& name, const OpenWindow& open, const DrawnPage& page
 {
     const bool isShort = page.content.View().size() <= longestChecked;
     for (const PageWarning& warning : AllWarnings(open, isShort ? WarningsOf(page) : page.warnings, platform)) {
-        Complain("warning: " + name + ": " + warning.text);
+        Complain("warning: " + name + ": " + warning.text.English());
     }
 }
 
@@ -180,10 +180,12 @@ bool CheckPage(const PageJob& job, bool asJson, Json& found)
     const PageWarnings warnings = AllWarnings(open, WarningsOf(page), platform);
     for (const PageWarning& warning : warnings) {
         if (asJson) {
-            found.push_back(
-                {{"source", job.name}, {"id", warning.id}, {"control", warning.control}, {"text", warning.text}});
+            found.push_back({{"source", job.name},
+                             {"id", warning.id},
+                             {"control", warning.control},
+                             {"text", warning.text.English()}});
         } else {
-            std::cout << Readable(job.name + ": " + warning.text) << '\n';
+            std::cout << Readable(job.name + ": " + warning.text.English()) << '\n';
         }
     }
     return !warnings.empty();

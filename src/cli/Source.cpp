@@ -3,6 +3,7 @@
 #include "cli/Errors.h"
 #include "cli/FileNames.h"
 #include "cli/InputText.h"
+#include "exchange/FormLink.h"
 #include "exchange/PageFormats.h"
 #include "pipeline/form/FieldWords.h"
 #include "text/LetterCase.h"
@@ -68,13 +69,37 @@ Source PresetNamed(const std::string& id)
     throw Unknown("preset", id, PresetNames());
 }
 
+/// Whether the name is a link to a form: an address with a part after "#", or that part alone if it begins with a
+/// kind. Other names with "#" are files.
+bool IsLink(std::string_view name)
+{
+    const std::size_t mark = name.find('#');
+    if (mark == std::string_view::npos) {
+        return false;
+    }
+    const std::string_view rest = name.substr(mark + 1);
+    return name.find("://") < mark || (mark == 0 && FindPaperKind(rest.substr(0, rest.find('&'))) != nullptr);
+}
+
+/// Returns the paper of a link. Throws UsageError if it holds no form of an existing kind.
+Source PaperOfLink(const std::string& link)
+{
+    try {
+        auto form = std::make_shared<const FormFile>(ParseLink(link));
+        const PaperKind& kind = KindNamed(form->kind);
+        return {form->name, Source::Sort::Kind, &kind, nullptr, std::move(form)};
+    } catch (const FormError& error) {
+        throw UsageError{error.message.English()};
+    }
+}
+
 /// Reads a form from a file or, for "-", from standard input. Throws WorkError if that fails.
 FormFile ReadForm(const std::string& fileName)
 {
     try {
         return ParseForm(fileName == "-" ? "standard input" : fileName, ReadInput(fileName, longestFormFile));
     } catch (const FormError& error) {
-        throw WorkError{error.message};
+        throw WorkError{error.message.English()};
     }
 }
 
@@ -105,7 +130,7 @@ void LayFormOver(const FormFile& file, const PaperKind& kind, PaperForm& form, P
     try {
         linealis::LayOver(file, kind, form);
     } catch (const FormError& error) {
-        throw UsageError{error.message};
+        throw UsageError{error.message.English()};
     } catch (const UnknownInput& input) {
         throw Unknown(input);
     }
@@ -150,19 +175,25 @@ std::vector<Source> SourcesOf(const SourceOptions& options)
         std::transform(options.names.begin(), options.names.end(), std::back_inserter(sources), SourceNamed);
     }
     for (Source& source : sources) {
-        source.form = form;
+        if (form && source.form) {
+            throw UsageError{"--form goes with no link, which holds a form already"};
+        }
+        source.form = form ? form : source.form;
     }
     return sources;
 }
 
 std::string SourceWords()
 {
-    return "a kind of paper, a preset, a settings file, or an " + FormatTitles(&PageFormat::carriesForm, "JSON") +
-           " file that carries a form";
+    return "a kind of paper, a preset, a settings file, a link, or an " +
+           FormatTitles(&PageFormat::carriesForm, "JSON") + " file that carries a form";
 }
 
 Source SourceNamed(const std::string& name)
 {
+    if (IsLink(name)) {
+        return PaperOfLink(name);
+    }
     if (const PaperKind* const kind = FindPaperKind(name)) {
         return {name, Source::Sort::Kind, kind};
     }

@@ -1,5 +1,6 @@
 #include "desktop/system/Application.h"
 #include "desktop/system/SingleInstance.h"
+#include "desktop/system/WindowLanguage.h"
 #include "desktop/window/Desktop.h"
 #include "kinds/PaperKinds.h"
 #include "platform/OwnUser.h"
@@ -27,6 +28,9 @@ namespace {
 using namespace linealis;
 
 constexpr int usageWrong = 2;  // exit status
+
+/// The environment variable with which a desktop permits a program that it starts to come to the front.
+constexpr const char* activationVariable = "XDG_ACTIVATION_TOKEN";
 
 /// Returns the arguments of main without Qt's own options that take a value, and without these values.
 QStringList WithoutQtOptions(int argc, char** argv)
@@ -164,24 +168,36 @@ std::unique_ptr<QMessageBox> WaitingBox(bool forFiles)
 
 /// Hands the files to the running program, or becomes the running program. Shows a message with a Cancel button
 /// while it has to wait.
-desktop::SingleInstance::Start HandOver(desktop::SingleInstance& instance, const QStringList& files)
+desktop::SingleInstance::Start HandOver(desktop::SingleInstance& instance, const QStringList& files,
+                                        const QString& activationToken)
 {
     std::unique_ptr<QMessageBox> box;
-    return instance.HandOver(files, [&] {
+    return instance.HandOver(files, activationToken, [&] {
         box = WaitingBox(!files.isEmpty());
         QObject::connect(box.get(), &QDialog::finished, &instance, &desktop::SingleInstance::Cancel);
         box->show();
     });
 }
 
+/// Lets the next window come to the front, with the permission that another start has handed over. On Wayland, Qt
+/// 6.4 and later take it from the environment when a window is activated, and remove it there.
+void UseActivationToken(const QString& token)
+{
+    if (!token.isEmpty() && QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
+        qputenv(activationVariable, token.toUtf8());
+    }
+}
+
 int RunProgram(desktop::Application& application, desktop::SingleInstance& instance, const QStringList& documents)
 {
     desktop::Desktop desktop;
-    application.onError = [&](const std::string& message) { desktop.OwnPlatform().MsgBox(message); };
-    QObject::connect(&instance, &desktop::SingleInstance::Received, &desktop, [&](const QStringList& files) {
-        desktop.Raise();
-        desktop.OpenDocuments(files);
-    });
+    application.onError = [&](const Message& message) { desktop.OwnPlatform().MsgBox(message); };
+    QObject::connect(&instance, &desktop::SingleInstance::Received, &desktop,
+                     [&](const QStringList& files, const QString& activationToken) {
+                         UseActivationToken(activationToken);
+                         desktop.Raise();
+                         desktop.OpenDocuments(files);
+                     });
     QObject::connect(&desktop, &desktop::Desktop::Quitting, &instance, &desktop::SingleInstance::Stop);
     QSocketNotifier endingSignals(PipeOfEndingSignals(), QSocketNotifier::Read);
     QObject::connect(&endingSignals, &QSocketNotifier::activated, &desktop, [&] {
@@ -203,11 +219,14 @@ int main(int argc, char** argv)
     if (line.status) {
         return *line.status;
     }
+    // Before the application shows a window, because Qt removes the token then.
+    const QString activationToken = qEnvironmentVariable(activationVariable);
     const std::future<void> fonts = std::async(std::launch::async, ReadFonts);
     // Before the application is created, because Qt reads the environment variable there.
     const QString runtimeFolder = RuntimeFolder();
     desktop::Application application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Linealis"));
+    desktop::InstallLanguage();
     QApplication::setApplicationVersion(QString::fromUtf8(versionText));
     QGuiApplication::setDesktopFileName(QString::fromUtf8(applicationId));
     QApplication::setWindowIcon(ProgramIcon());
@@ -215,7 +234,7 @@ int main(int argc, char** argv)
     desktop::SingleInstance instance(runtimeFolder, NameOfInstance());
     QApplication::setQuitOnLastWindowClosed(
         false);  // closing the message box about the running program must not end this one
-    switch (HandOver(instance, line.files)) {
+    switch (HandOver(instance, line.files, activationToken)) {
     case desktop::SingleInstance::Start::HandedOver:
         std::puts("Linealis is already running; its window comes to the front.");
         return 0;

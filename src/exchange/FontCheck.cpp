@@ -61,14 +61,16 @@ PageWarnings FontWarnings(std::string_view content)
     FontFaces faces;
     for (const int number : page.fonts) {
         const StandardFont& font = StandardFontOf(number);
-        const std::string texts = "Texts in " + std::string(font.title);
         const FT_Face face = faces.FaceOf(number);
         if (face == nullptr) {
-            warnings.push_back({"font", "", texts + " are not shown: no font is installed (try fonts-urw-base35)"});
+            warnings.push_back(
+                {"font", "",
+                 Message("Texts in %1 are not shown: no font is installed (try fonts-urw-base35)", font.title)});
         } else if (!HasWidths(face, font)) {
             warnings.push_back(
                 {"font", "",
-                 texts + " are shown in " + face->family_name + ", which has other widths (try fonts-urw-base35)"});
+                 Message("Texts in %1 are shown in %2, which has other widths (try fonts-urw-base35)", font.title,
+                         face->family_name)});
         }
     }
     return warnings;

@@ -4,8 +4,11 @@
 #include "exchange/PageFormats.h"
 #include "pipeline/form/FieldWords.h"
 #include "pipeline/form/SetControl.h"
+#include "text/MacRoman.h"
 #include "text/ShortText.h"
 
+#include <array>
+#include <cstdio>
 #include <utility>
 
 namespace linealis {
@@ -38,8 +41,8 @@ struct ControlDescriber {
     void operator()(const TextField& field) const
     {
         json["value"] = field.Text();
-        if (std::string remark = field.Remark(); !remark.empty()) {
-            json["remark"] = std::move(remark);
+        if (const Message remark = field.Remark(); !remark.IsEmpty()) {
+            json["remark"] = remark.English();
         }
     }
     void operator()(const Choice& choice) const
@@ -53,7 +56,27 @@ struct ControlDescriber {
     void operator()(const Label& label) const { json["value"] = label.Caption(); }
 };
 
-constexpr const char* const carriesNoForm = ": is a picture that carries no form";
+/// Whether a terminal obeys the character, although JSON does not escape it: DEL, and the C1 controls U+0080 to
+/// U+009F.
+bool CommandsTerminal(std::string_view character)
+{
+    return character == "\x7F" || (character >= "\xC2\x80" && character <= "\xC2\x9F");
+}
+
+/// Returns the JSON escape of a character below U+0100. Its last UTF-8 byte is enough: the controls of
+/// CommandsTerminal are one byte, or 0xC2 and a byte equal to their code.
+std::string JsonEscape(std::string_view character)
+{
+    std::array<char, 8> text{};
+    std::snprintf(text.data(), text.size(), "\\u00%02X",
+                  static_cast<unsigned>(static_cast<unsigned char>(character.back())));
+    return text.data();
+}
+
+FormError CarriesNoForm(const std::string& file)
+{
+    return {Message("%1: is a picture that carries no form", file)};
+}
 
 /// The deepest nesting of objects and lists that is accepted. A form needs less.
 constexpr int deepestForm = 8;
@@ -73,7 +96,7 @@ public:
         if (IsControl()) {
             file.controls.pop_back();  // null counts as absent
         } else if (IsValue()) {
-            NoteFault("null");
+            NoteFault(Message("is a text, a number, true or false, not null"));
         }
         return true;
     }
@@ -95,9 +118,9 @@ public:
         if (depth == 1 && section == "controls") {
             hasControls = inControls = true;
         } else if (IsControl()) {
-            file.controls.back().fault = "has no \"value\"";
+            file.controls.back().fault = Message("has no \"value\"");
         } else if (IsValue()) {
-            NoteFault("an object");
+            NoteFault(Message("is a text, a number, true or false, not an object"));
         }
         return Enter();
     }
@@ -105,7 +128,7 @@ public:
     bool start_array(std::size_t /*size*/) override
     {
         if (IsControl() || IsValue()) {
-            NoteFault("a list");
+            NoteFault(Message("is a text, a number, true or false, not a list"));
         }
         return Enter();
     }
@@ -126,10 +149,11 @@ public:
                      const nlohmann::detail::exception& error) override
     {
         if (dynamic_cast<const Json::out_of_range*>(&error) != nullptr) {
-            throw FormError{file.name + ": is not a form: it has a number beyond 1.8e308; write it as a text"};
+            throw FormError{
+                Message("%1: is not a form: it has a number beyond 1.8e308; write it as a text", file.name)};
         }
-        throw FormError{file.name +
-                        (isPicture ? carriesNoForm : ": is not valid JSON: byte " + std::to_string(byte))};
+        throw isPicture ? CarriesNoForm(file.name)
+                        : FormError{Message("%1: is not valid JSON: byte %2", file.name, std::to_string(byte))};
     }
 
 private:
@@ -142,8 +166,8 @@ private:
     {
         field.clear();
         if (++depth > deepestForm) {
-            throw FormError{file.name + ": is not a form: it has lists or objects more than " +
-                            std::to_string(deepestForm) + " deep"};
+            throw FormError{
+                Message("%1: is not a form: it has lists or objects more than %2 deep", file.name, deepestForm)};
         }
         return true;
     }
@@ -162,8 +186,7 @@ private:
     {
         std::erase_if(file.controls, [&](const GivenControl& control) { return control.name == name; });
         if (file.controls.size() == mostControls) {
-            throw FormError{file.name + ": is not a form: it has more than " + std::to_string(mostControls) +
-                            " controls"};
+            throw FormError{Message("%1: is not a form: it has more than %2 controls", file.name, mostControls)};
         }
         file.controls.push_back({std::move(name), {}, {}});
     }
@@ -173,17 +196,14 @@ private:
     {
         if (IsControl() || IsValue()) {
             file.controls.back().value = std::move(value);
-            file.controls.back().fault.clear();
+            file.controls.back().fault = {};
         }
         return true;
     }
 
     /// Stores that the last control has something else instead of a value. Reported only if the control is set,
     /// since labels may have anything.
-    void NoteFault(const char* instead)
-    {
-        file.controls.back().fault = std::string("is a text, a number, true or false, not ") + instead;
-    }
+    void NoteFault(Message fault) { file.controls.back().fault = std::move(fault); }
 
     FormFile& file;
     bool isPicture;
@@ -209,8 +229,8 @@ void SetControls(const FormFile& file, const PaperKind& kind, const Form& form, 
         if (form.Find<Label>(name) || (control && IsPlainValue(*control) != plainValues)) {
             continue;
         }
-        if (!fault.empty()) {
-            throw FormError{file.name + ": " + Shortened(name) + " " + fault};
+        if (!fault.IsEmpty()) {
+            throw FormError{Message("%1: %2 %3", file.name, Shortened(name), fault)};
         }
         if (control == nullptr || ValueOf(*control) != value) {  // setting an equal value can have side effects
             SetControl(kind.name, form, {name, value});
@@ -219,6 +239,18 @@ void SetControls(const FormFile& file, const PaperKind& kind, const Form& form, 
 }
 
 }  // namespace
+
+std::string JsonText(const Json& json)
+{
+    constexpr int indent = 2;
+    // The texts of a damaged settings file may be invalid UTF-8.
+    const std::string text = json.dump(indent, ' ', false, Json::error_handler_t::replace);
+    std::string harmless;
+    for (const std::string_view character : Characters(text)) {
+        harmless += CommandsTerminal(character) ? JsonEscape(character) : std::string(character);
+    }
+    return harmless + '\n';
+}
 
 Json ControlJson(Control& control)
 {
@@ -254,16 +286,16 @@ FormFile ParseForm(std::string name, std::string_view text)
     FormFile file{std::move(name), {}, {}};
     const std::optional<std::string> carried = TextInPicture(text);
     if (carried && carried->empty()) {
-        throw FormError{file.name + carriesNoForm};
+        throw CarriesNoForm(file.name);
     }
     const std::string_view json = carried ? *carried : text;
     if (json.size() > longestForm) {
-        throw FormError{file.name + ": is too large for a form"};
+        throw FormError{Message("%1: is too large for a form", file.name)};
     }
     FormReader reader(file, carried || IsNameOfCarrier(file.name));
     Json::sax_parse(json, &reader);
     if (!reader.HasControls()) {
-        throw FormError{file.name + ": is not a form: it has no object \"controls\""};
+        throw FormError{Message("%1: is not a form: it has no object \"controls\"", file.name)};
     }
     return file;
 }
@@ -273,7 +305,7 @@ FormFile ReadFormFile(const FolderItem& file)
     BinaryStream stream = file.OpenAsBinaryFile();
     const std::string text = stream.ReadRest(longestForm);
     if (stream.Error()) {
-        throw FormError{file.Name() + ": " + stream.Error().message()};
+        throw FormError{Message("%1: %2", file.Name(), stream.Error().message())};
     }
     return ParseForm(file.Name(), text);
 }
@@ -292,8 +324,7 @@ std::string CarriedForm(const PaperKind& kind, const Form& form)
 void LayOver(const FormFile& file, const PaperKind& kind, Form& form)
 {
     if (!file.kind.empty() && file.kind != kind.name) {
-        throw FormError{"the form in " + file.name + " is of " + Shortened(file.kind) + ", not of " +
-                        std::string(kind.name)};
+        throw FormError{Message("the form in %1 is of %2, not of %3", file.name, Shortened(file.kind), kind.name)};
     }
     const std::vector<ControlState> before = form.State();
     try {

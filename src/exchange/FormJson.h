@@ -12,6 +12,10 @@ namespace linealis {
 
 using Json = nlohmann::ordered_json;
 
+/// Returns the text of a document for people and programs: indented, with a line feed at the end. Replaces invalid
+/// UTF-8 and escapes characters that a terminal would obey.
+std::string JsonText(const Json& json);
+
 /// Returns the description of a kind: its name, title, and settings extension.
 Json KindJson(const PaperKind& kind);
 
@@ -25,7 +29,7 @@ Json FormJson(const PaperKind& kind, const Form& form);
 struct GivenControl {
     std::string name;   ///< of the control, or its alias
     std::string value;  ///< as SetControl takes it
-    std::string fault;  ///< what is wrong with it: "has no "value""; empty if nothing is
+    Message fault;      ///< what is wrong with it: "has no "value""; empty if nothing is
 };
 
 /// A form read from JSON: the output of FormJson or a part of it. In place of the object that FormJson writes for a
@@ -38,7 +42,7 @@ struct FormFile {
 
 /// Thrown if a file contains no usable form.
 struct FormError {
-    std::string message;  ///< starts with the name of the file, except for a form of the wrong kind
+    Message message;  ///< starts with the name of the file, except for a form of the wrong kind
 };
 
 /// Reads a form from the contents of a file: JSON, or a page as SVG or PNG that carries its form. `name` is the

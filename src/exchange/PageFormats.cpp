@@ -1,6 +1,6 @@
 #include "exchange/PageFormats.h"
 
-#include "exchange/PngPage.h"
+#include "exchange/PngFormat.h"
 #include "exchange/SvgPage.h"
 #include "text/LetterCase.h"
 
@@ -12,11 +12,6 @@ namespace linealis {
 
 namespace {
 
-PaperSize SizeOf(const DrawnPage& page)
-{
-    return {page.frame.paperWidth, page.frame.paperHeight};
-}
-
 void WriteAsPdf(const DrawnPage& page, const WriteOptions& options, BinaryStream& stream, Turns& turns)
 {
     WritePdf(page, options.now, stream, turns);
@@ -24,12 +19,7 @@ void WriteAsPdf(const DrawnPage& page, const WriteOptions& options, BinaryStream
 
 void WriteAsSvg(const DrawnPage& page, const WriteOptions& options, BinaryStream& stream, Turns& turns)
 {
-    WriteSvg(SizeOf(page), page.content, page.roles, options.carried, stream, &turns);
-}
-
-void WriteAsPng(const DrawnPage& page, const WriteOptions& options, BinaryStream& stream, Turns& turns)
-{
-    WritePng(SizeOf(page), page.content, {options.dotsPerInch, options.isTransparent, 0.0, options.carried}, stream,
+    WriteSvg({page.frame.paperWidth, page.frame.paperHeight}, page.content, page.roles, options.carried, stream,
              &turns);
 }
 

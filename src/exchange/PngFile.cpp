@@ -2,24 +2,16 @@
 
 #include "exchange/CarriedText.h"
 
-#include <zlib.h>
+#include <png.h>
 
+#include <algorithm>
 #include <cmath>
+#include <csetjmp>
 #include <new>
 
 namespace linealis {
 
 namespace {
-
-/// Returns the number in big-endian order, as PNG stores all numbers.
-std::string FourBytes(std::uint32_t value)
-{
-    std::string bytes;
-    for (int shift = 24; shift >= 0; shift -= 8) {
-        bytes += static_cast<char>((value >> static_cast<unsigned>(shift)) & 255U);
-    }
-    return bytes;
-}
 
 /// Returns the big-endian number in the first four bytes.
 std::uint32_t NumberIn(std::string_view bytes)
@@ -31,100 +23,100 @@ std::uint32_t NumberIn(std::string_view bytes)
     return number;
 }
 
-/// Returns the CRC-32 of the bytes, which ends every chunk.
-std::uint32_t Checksum(std::string_view bytes)
-{
-    return static_cast<std::uint32_t>(
-        crc32(0, reinterpret_cast<const Bytef*>(bytes.data()), static_cast<uInt>(bytes.size())));
-}
-
 // The parts of a chunk: length, type, data, checksum.
 constexpr std::size_t lengthSize = 4, typeSize = 4, checksumSize = 4;
 constexpr std::string_view textType = "iTXt";
 
+/// Passes bytes of the file to the stream. libpng is written in C, so no exception may pass through it.
+void PassOn(png_structp png, png_bytep bytes, std::size_t size)
+{
+    bool isDone = false;
+    try {
+        static_cast<BinaryStream*>(png_get_io_ptr(png))->Write({reinterpret_cast<const char*>(bytes), size});
+        isDone = true;
+    } catch (const std::bad_alloc&) {
+    }
+    if (!isDone) {
+        png_error(png, "out of memory");
+    }
+}
+
+/// Calls functions of libpng, which jumps out of them on an error. Its only error here is a lack of memory. `calls`
+/// must not create objects with destructors.
+template <typename Calls>
+void CallPng(png_structp png, const Calls& calls)
+{
+    if (setjmp(png_jmpbuf(png)) != 0) {
+        throw std::bad_alloc();
+    }
+    calls();
+}
+
 }  // namespace
 
-/// The compressor of zlib with a buffer for its output. What one call puts into it becomes one IDAT chunk.
-struct PngFile::Compressor {
-    Compressor()
+/// The state of libpng.
+struct PngFile::Writer {
+    Writer()
+        : png(png_create_write_struct(
+              PNG_LIBPNG_VER_STRING, nullptr, [](png_structp failed, png_const_charp) { png_longjmp(failed, 1); },
+              [](png_structp, png_const_charp) {})),
+          info(png == nullptr ? nullptr : png_create_info_struct(png))
     {
-        if (deflateInit(&stream, Z_DEFAULT_COMPRESSION) != Z_OK) {
+        if (info == nullptr) {
+            png_destroy_write_struct(&png, nullptr);
             throw std::bad_alloc();
         }
     }
-    ~Compressor() { deflateEnd(&stream); }
-    Compressor(const Compressor&) = delete;
-    Compressor& operator=(const Compressor&) = delete;
+    ~Writer() { png_destroy_write_struct(&png, &info); }
+    Writer(const Writer&) = delete;
+    Writer& operator=(const Writer&) = delete;
 
-    z_stream stream{};
-    std::string output = std::string(std::size_t{1} << 16U, '\0');
+    png_structp png;
+    png_infop info;
 };
 
-PngFile::PngFile(BinaryStream& theStream, const PngHead& theHead)
-    : stream(theStream), compressor(std::make_unique<Compressor>()), bytesPerPixel(theHead.hasAlpha ? 4 : 3)
+PngFile::PngFile(BinaryStream& stream, const PngHead& head) : writer(std::make_unique<Writer>())
 {
     constexpr double inchesPerMetre = 1.0 / 0.0254;
-    rowBefore.assign(theHead.width * bytesPerPixel, '\0');
-    stream.Write(pngSignature);
-    // Color types of IHDR: 2 is RGB, 6 is RGB with alpha. The zeros after it select the only compression and filter
-    // method, and no interlacing.
-    const char colorType = theHead.hasAlpha ? 6 : 2;
-    WriteChunk("IHDR",
-               FourBytes(theHead.width) + FourBytes(theHead.height) + '\x08' + colorType + std::string(3, '\0'));
-    const auto dotsPerMetre = static_cast<std::uint32_t>(std::lround(theHead.dotsPerInch * inchesPerMetre));
-    // Resolution in both directions; unit 1 is the meter.
-    WriteChunk("pHYs", FourBytes(dotsPerMetre) + FourBytes(dotsPerMetre) + '\x01');
-    if (!theHead.carried.empty()) {
-        // The five zero bytes end the keyword, say that the text is not compressed, and end an empty language and
-        // an empty translated keyword.
-        WriteChunk(textType, std::string(carriedKeyword) + std::string(5, '\0') + theHead.carried);
-    }
+    constexpr std::size_t bytesPerChunk = std::size_t{1} << 16U;
+    const png_structp png = writer->png;
+    const png_infop info = writer->info;
+    const auto dotsPerMetre = static_cast<png_uint_32>(std::lround(head.dotsPerInch * inchesPerMetre));
+    std::string keyword(carriedKeyword), carried = head.carried, none;
+    CallPng(png, [&] {
+        png_set_write_fn(png, &stream, &PassOn, [](png_structp) {});
+        png_set_user_limits(png, PNG_UINT_31_MAX, PNG_UINT_31_MAX);  // the caller limits the size
+        png_set_IHDR(png, info, head.width, head.height, 8,
+                     head.hasAlpha ? PNG_COLOR_TYPE_RGB_ALPHA : PNG_COLOR_TYPE_RGB, PNG_INTERLACE_NONE,
+                     PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+        png_set_pHYs(png, info, dotsPerMetre, dotsPerMetre, PNG_RESOLUTION_METER);
+        // Most rows of a paper repeat the row above, so the difference from it is 0. Trying all filters would take
+        // more than twice the time, and save nothing.
+        png_set_filter(png, PNG_FILTER_TYPE_BASE, PNG_FILTER_UP);
+        png_set_compression_strategy(png, 0);  // zlib's default; libpng's is for photographs
+        png_set_compression_buffer_size(png, bytesPerChunk);
+        if (!carried.empty()) {
+            png_text text{};
+            text.compression = PNG_ITXT_COMPRESSION_NONE;
+            text.key = keyword.data();
+            text.text = carried.data();
+            text.lang = text.lang_key = none.data();
+            png_set_text(png, info, &text, 1);
+        }
+        png_write_info(png, info);
+    });
 }
 
 PngFile::~PngFile() = default;
 
 void PngFile::WriteRow(std::span<const std::uint8_t> row)
 {
-    // Filter type 2 (Up) stores each byte minus the one above it. Most rows of a paper repeat the row above, and so
-    // become zeros.
-    std::string filtered(row.size() + 1, '\x02');
-    for (std::size_t i = 0; i < row.size(); ++i) {
-        filtered[i + 1] = static_cast<char>(row[i] - static_cast<std::uint8_t>(rowBefore[i]));
-        rowBefore[i] = static_cast<char>(row[i]);
-    }
-    Feed(filtered, false);
+    CallPng(writer->png, [&] { png_write_row(writer->png, row.data()); });
 }
 
 void PngFile::Finish()
 {
-    Feed({}, true);
-    WriteChunk("IEND", {});
-}
-
-/// Writes a chunk. Its length counts only the data; its checksum covers type and data.
-void PngFile::WriteChunk(std::string_view type, std::string_view data)
-{
-    const std::string body = std::string(type) + std::string(data);
-    stream.Write(FourBytes(static_cast<std::uint32_t>(data.size())) + body + FourBytes(Checksum(body)));
-}
-
-/// Compresses bytes and writes the available output. Repeats while the buffer is full, because more output may be
-/// pending then.
-void PngFile::Feed(std::string_view bytes, bool isLast)
-{
-    z_stream& deflater = compressor->stream;
-    std::string& output = compressor->output;
-    std::string input(bytes);
-    deflater.next_in = reinterpret_cast<Bytef*>(input.data());
-    deflater.avail_in = static_cast<uInt>(input.size());
-    do {
-        deflater.next_out = reinterpret_cast<Bytef*>(output.data());
-        deflater.avail_out = static_cast<uInt>(output.size());
-        deflate(&deflater, isLast ? Z_FINISH : Z_NO_FLUSH);
-        if (const std::size_t made = output.size() - deflater.avail_out; made > 0) {
-            WriteChunk("IDAT", std::string_view(output).substr(0, made));
-        }
-    } while (deflater.avail_out == 0);
+    CallPng(writer->png, [&] { png_write_end(writer->png, nullptr); });
 }
 
 std::string TextInPng(std::string_view png)

@@ -21,12 +21,12 @@ struct PngHead {
     std::string carried;  ///< UTF-8 text to embed; empty for none
 };
 
-/// Writes a PNG file (W3C Recommendation, second edition) row by row from the top, with 8 bits per channel. Write
-/// errors are in the stream; check them after Finish.
+/// Writes a PNG file row by row from the top, with 8 bits per channel. Write errors are in the stream; check them
+/// after Finish. Throws std::bad_alloc if there is not enough memory.
 class PngFile {
 public:
-    /// Writes everything before the pixels. `theStream` must be open for writing and outlive the object.
-    PngFile(BinaryStream& theStream, const PngHead& theHead);
+    /// Writes everything before the pixels. The stream must be open for writing and outlive the object.
+    PngFile(BinaryStream& stream, const PngHead& head);
     ~PngFile();
     PngFile(const PngFile&) = delete;
     PngFile& operator=(const PngFile&) = delete;
@@ -38,15 +38,8 @@ public:
     void Finish();
 
 private:
-    struct Compressor;
-
-    void WriteChunk(std::string_view type, std::string_view data);
-    void Feed(std::string_view bytes, bool isLast);
-
-    BinaryStream& stream;
-    std::unique_ptr<Compressor> compressor;
-    std::string rowBefore;
-    std::size_t bytesPerPixel;
+    struct Writer;
+    std::unique_ptr<Writer> writer;
 };
 
 /// Returns the text that a PNG file carries, or an empty text if it carries none or is damaged before it. Does not

@@ -4,11 +4,11 @@
 #include "pdf/PageContent.h"
 #include "pdf/StandardFonts.h"
 #include "pdf/Units.h"
+#include "text/DoubleText.h"
 #include "text/Numbers.h"
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <cstdio>
 
@@ -16,12 +16,9 @@ namespace linealis {
 
 namespace {
 
-/// Returns the shortest text that reads back as the same number.
 std::string Written(double number)
 {
-    std::array<char, 32> text{};
-    const auto result = std::to_chars(text.data(), text.data() + text.size(), number);
-    return {text.data(), result.ptr};
+    return ShortestText(number);
 }
 
 /// Returns the color as "#rrggbb".

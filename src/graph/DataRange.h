@@ -38,11 +38,13 @@ struct AxisRoom {
     double textSize = 0.0;    ///< in points
     bool isTrigonometric = false;
     bool showsAxes = true;
+
+    bool IsInInches() const { return unitPixels == pointsPerInch; }
 };
 
 /// Why a range cannot be shown: one sentence with the range and what is possible.
 struct RangeProblem {
-    std::string sentence;
+    Message sentence;
 };
 
 using AxisFitOrProblem = std::variant<AxisFit, RangeProblem>;
@@ -59,6 +61,6 @@ AxisRoom RoomOf(const GraphForm& form, AxisName axis);
 void EnterFit(const AxisFit& fit, const AxisFields& fields);
 
 /// Describes a fit: "X axis: 0 to 260, a line every 5 (2 mm), a number every 20".
-std::string WordsOf(const AxisFit& fit, const AxisRoom& room);
+Message WordsOf(const AxisFit& fit, const AxisRoom& room);
 
 }  // namespace linealis

@@ -85,43 +85,47 @@ void DataRangeWizard::Begin()
 
 AxisFitOrProblem DataRangeWizard::Fit(const RangeRow& row, AxisName axis) const
 {
-    for (const auto& [field, end] : {std::pair(&row.minimum, "minimum"), std::pair(&row.maximum, "maximum")}) {
+    for (const auto& [field, end] :
+         {std::pair(&row.minimum, Message("minimum")), std::pair(&row.maximum, Message("maximum"))}) {
         if (!IsNumber(field->Text())) {
-            return RangeProblem{"the " + std::string(end) + " of the " + (axis == AxisName::x ? "X" : "Y") +
-                                " range must be a number, not '" + Shortened(field->Text()) + "'"};
+            return RangeProblem{
+                axis == AxisName::x
+                    ? Message("the %1 of the X range must be a number, not '%2'", end, Shortened(field->Text()))
+                    : Message("the %1 of the Y range must be a number, not '%2'", end, Shortened(field->Text()))};
         }
     }
     const DataRange range{row.minimum.Number(), row.maximum.Number(), row.isLog.Value()};
     return FitAxis(range, static_cast<Fineness>(form.fineness.ListIndex()), RoomOf(graph, axis));
 }
 
-std::string DataRangeWizard::Problem() const
+Message DataRangeWizard::Problem() const
 {
-    std::string problem = form.x.IsEmpty() && form.y.IsEmpty() ? "enter the range of at least one axis" : "";
+    Message problem =
+        form.x.IsEmpty() && form.y.IsEmpty() ? Message("enter the range of at least one axis") : Message();
     ForEachRange([&](AxisName axis, const RangeRow& row) {
         const AxisFitOrProblem fit = Fit(row, axis);
-        if (const auto* const found = std::get_if<RangeProblem>(&fit); found != nullptr && problem.empty()) {
+        if (const auto* const found = std::get_if<RangeProblem>(&fit); found != nullptr && problem.IsEmpty()) {
             problem = found->sentence;
         }
     });
     return problem;
 }
 
-std::string DataRangeWizard::Outcome() const
+Message DataRangeWizard::Outcome() const
 {
-    std::string words;
+    std::vector<Message> words;
     ForEachRange([&](AxisName axis, const RangeRow& row) {
         const AxisFitOrProblem fit = Fit(row, axis);
         if (const auto* const found = std::get_if<AxisFit>(&fit)) {
-            words += (words.empty() ? "" : "\n") + WordsOf(*found, RoomOf(graph, axis));
+            words.push_back(WordsOf(*found, RoomOf(graph, axis)));
         }
     });
-    return words;
+    return Message::Joined(std::move(words), "\n");
 }
 
 void DataRangeWizard::PushButton1_Action()
 {
-    if (!Problem().empty()) {
+    if (!Problem().IsEmpty()) {
         return;
     }
     ForEachRange([&](AxisName axis, const RangeRow& row) {

@@ -12,8 +12,8 @@ public:
 
     Form& Fields() override { return form; }
     void Begin() override;
-    std::string Problem() const override;
-    std::string Outcome() const override;
+    Message Problem() const override;
+    Message Outcome() const override;
     /// Fills in the form. Changes nothing if there is a problem.
     void PushButton1_Action() override;
 

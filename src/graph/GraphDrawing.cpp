@@ -20,17 +20,17 @@ double GridSize(const GraphAxis& axis, double numLines)
 }
 
 /// Describes the type of an axis in a few words.
-std::string AxisWords(const GraphAxis& axis)
+Message AxisWords(const GraphAxis& axis)
 {
     switch (axis.type) {
     case linear:
-        return "linear";
+        return Message("linear");
     case hydraulic:
-        return "hydraulic " + Str(axis.hydraulicExponent);
+        return Message("hydraulic %1", axis.hydraulicExponent);
     case probability:
-        return "probability";
+        return Message("probability");
     default:
-        return CountWords(static_cast<double>(axis.type), "decade");
+        return DecadeWords(axis.type);
     }
 }
 
@@ -221,14 +221,15 @@ void GraphDrawing::DrawTitle()
     pdf.Show(page.title);
 }
 
-std::string Describe(const GraphPage& page)
+Message Describe(const GraphPage& page)
 {
     if (page.x.type != linear || page.y.type != linear) {
-        return "X " + AxisWords(page.x) + ", Y " + AxisWords(page.y);
+        return Message("X %1, Y %2", AxisWords(page.x), AxisWords(page.y));
     }
-    return CountWords(LinesInRoom(page.x, page.frame.UsableWidth()) - 1.0,
-                      LinesInRoom(page.y, page.frame.UsableHeight()) - 1.0, "cell") +
-           " of " + SizeWords(page.x.lineSpacing, page.y.lineSpacing, page.frame);
+    return Message("%1 of %2",
+                   CountWords(LinesInRoom(page.x, page.frame.UsableWidth()) - 1.0,
+                              LinesInRoom(page.y, page.frame.UsableHeight()) - 1.0, gridCells),
+                   SizeWords(page.x.lineSpacing, page.y.lineSpacing, page.frame));
 }
 
 }  // namespace linealis

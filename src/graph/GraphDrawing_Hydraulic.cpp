@@ -21,13 +21,13 @@ double HydraulicScale::PositionOf(double value) const
 /// have no message.
 bool GraphDrawing::HydraulicAxisIsValid(const Axis& axis) const
 {
-    const std::string name = axis.IsX() ? "X" : "Y";
+    const std::string_view name = axis.IsX() ? "X" : "Y";
     if (axis.form.hydraulicExponent <= 1.0) {
-        ask.say("The Hydraulic Exponent for the " + name + " Axis must be larger than 1");
+        ask.say(Message("The Hydraulic Exponent for the %1 Axis must be larger than 1", name));
         return false;
     }
     if (axis.form.minimum < 0.0) {
-        ask.say("The minimum value for the " + name + " Axis cannot be negative");
+        ask.say(Message("The minimum value for the %1 Axis cannot be negative", name));
         return false;
     }
     return axis.form.maximum > axis.form.minimum && axis.form.stepsForward;

@@ -4,15 +4,15 @@
 
 namespace linealis {
 
-std::string PageSummary(const PaperKind& kind, const PaperPage& page)
+Message PageSummary(const PaperKind& kind, const PaperPage& page)
 {
-    return std::string(kind.galleryTitle) + ", " + PaperWords(page.frame) + " " +
-           std::string(OrientationWords(page.frame)) + ", " + page.describe();
+    return Message("%1, %2 %3, %4", Message::Listed(kind.galleryTitle), PaperWords(page.frame),
+                   OrientationWords(page.frame), page.describe());
 }
 
-std::string ShortPageSummary(const PaperPage& page)
+Message ShortPageSummary(const PaperPage& page)
 {
-    return PaperWords(page.frame) + ", " + page.describe();
+    return Message("%1, %2", PaperWords(page.frame), page.describe());
 }
 
 }  // namespace linealis

@@ -3,14 +3,12 @@
 #include "kinds/PaperKinds.h"
 #include "pipeline/page/PaperPage.h"
 
-#include <string>
-
 namespace linealis {
 
 /// Describes the page in words, for users who cannot see it: "Grid, A4 portrait, 37 by 53 cells of 5 mm".
-std::string PageSummary(const PaperKind& kind, const PaperPage& page);
+Message PageSummary(const PaperKind& kind, const PaperPage& page);
 
 /// Like PageSummary, without the kind and the orientation, for use after a name: "A4, 37 by 53 cells of 5 mm".
-std::string ShortPageSummary(const PaperPage& page);
+Message ShortPageSummary(const PaperPage& page);
 
 }  // namespace linealis

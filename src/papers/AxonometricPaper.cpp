@@ -28,9 +28,9 @@ void Draw(const AxonometricPage& page, MyPDFGenerator& pdf, Turns& turns)
     DrawDiagonal(page, {step, 2.0 * step, step, 2.0 * step, 1.0}, HeightWhereFallingLineEnters, pdf, turns);
 }
 
-std::string Describe(const AxonometricPage& page)
+Message Describe(const AxonometricPage& page)
 {
-    return "squares of " + LengthWords(page.size, page.frame) + " at 45 degrees";
+    return Message("squares of %1 at 45 degrees", LengthWords(page.size, page.frame));
 }
 
 }  // namespace linealis

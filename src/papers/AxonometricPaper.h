@@ -14,6 +14,6 @@ struct AxonometricPage : DiagonalPage {};
 // The functions of the kind that MakePaper and PageOf call. Settings takes the DiagonalForm.
 AxonometricPage Read(const AxonometricForm& form);
 void Draw(const AxonometricPage& page, MyPDFGenerator& pdf, Turns& turns);
-std::string Describe(const AxonometricPage& page);
+Message Describe(const AxonometricPage& page);
 
 }  // namespace linealis

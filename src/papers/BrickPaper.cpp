@@ -61,9 +61,9 @@ void Draw(const BrickPage& page, MyPDFGenerator& pdf, Turns& turns)
     }
 }
 
-std::string Describe(const BrickPage& page)
+Message Describe(const BrickPage& page)
 {
-    return CellWords(page.grid, page.frame, "brick");
+    return CellWords(page.grid, page.frame, {Plural("%1 by %2 brick", "%1 by %2 bricks"), Phrase("no bricks")});
 }
 
 }  // namespace linealis

@@ -68,6 +68,6 @@ struct BrickPage {
 SettingsTable Settings(BrickForm& form);
 BrickPage Read(const BrickForm& form);
 void Draw(const BrickPage& page, MyPDFGenerator& pdf, Turns& turns);
-std::string Describe(const BrickPage& page);
+Message Describe(const BrickPage& page);
 
 }  // namespace linealis

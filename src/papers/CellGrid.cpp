@@ -58,9 +58,11 @@ LineFields::LineFields(PaperForm& form, const SpacingFields& spacing, bool lines
                       .apart = &spacing.EditHorzSpacing}}
 {}
 
-std::string LineFields::WhyNone() const
+Message LineFields::WhyNone() const
 {
-    return CheckVertLines.Value() || CheckHorzLines.Value() ? "" : "Vertical Lines and Horizontal Lines are off";
+    return CheckVertLines.Value() || CheckHorzLines.Value()
+               ? Message()
+               : Message("Vertical Lines and Horizontal Lines are off");
 }
 
 CellGrid FitCells(const PageFrame& frame, const TextField& vertSpacing, const TextField& horzSpacing,
@@ -120,15 +122,16 @@ void DrawChosenLines(const CellGrid& grid, MyPDFGenerator& pdf, Turns& turns)
     }
 }
 
-std::string CellWords(const CellGrid& grid, const PageFrame& frame, std::string_view one)
+Message CellWords(const CellGrid& grid, const PageFrame& frame, const Noun& noun)
 {
-    return CountWords(grid.columns, grid.rows, one) + " of " + SizeWords(grid.horzSpacing, grid.vertSpacing, frame);
+    return Message("%1 of %2", CountWords(grid.columns, grid.rows, noun),
+                   SizeWords(grid.horzSpacing, grid.vertSpacing, frame));
 }
 
-std::string CrossingWords(const CellGrid& grid, const PageFrame& frame, std::string_view one)
+Message CrossingWords(const CellGrid& grid, const PageFrame& frame, const Noun& noun)
 {
-    return CountWords(grid.columns + 1.0, grid.rows + 1.0, one) + ", " +
-           SizeWords(grid.horzSpacing, grid.vertSpacing, frame) + " apart";
+    return Message("%1, %2 apart", CountWords(grid.columns + 1.0, grid.rows + 1.0, noun),
+                   SizeWords(grid.horzSpacing, grid.vertSpacing, frame));
 }
 
 }  // namespace linealis

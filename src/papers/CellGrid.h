@@ -1,6 +1,7 @@
 #pragma once
 
 #include "pipeline/form/PaperForm.h"
+#include "pipeline/page/PageWords.h"
 #include "pipeline/page/PaperPage.h"
 
 #include <cstdint>
@@ -43,7 +44,7 @@ struct LineFields {
     LineFields(PaperForm& form, const SpacingFields& spacing, bool linesOn);
 
     /// Returns why no line is drawn, for the user; empty if any is.
-    std::string WhyNone() const;
+    Message WhyNone() const;
 };
 
 /// A grid of whole cells on a page. Lengths are in points.
@@ -87,9 +88,9 @@ void DrawVerticalLines(const CellGrid& grid, MyPDFGenerator& pdf, Turns& turns);
 void DrawChosenLines(const CellGrid& grid, MyPDFGenerator& pdf, Turns& turns);
 
 /// Returns "37 by 53 cells of 5 mm". `one` is the word for a cell.
-std::string CellWords(const CellGrid& grid, const PageFrame& frame, std::string_view one);
+Message CellWords(const CellGrid& grid, const PageFrame& frame, const Noun& noun);
 /// Returns "38 by 54 dots, 5 mm apart". `one` is the word for what is at a crossing.
-std::string CrossingWords(const CellGrid& grid, const PageFrame& frame, std::string_view one);
+Message CrossingWords(const CellGrid& grid, const PageFrame& frame, const Noun& noun);
 
 /// Calls draw(x, y) with the position of every crossing, row by row from the bottom, and from left to right within
 /// each row.

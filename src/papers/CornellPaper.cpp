@@ -158,7 +158,8 @@ void CornellDrawing::DrawColumns(Span across, Span up)
 void CornellForm::Event_Open(const Platform& platform)
 {
     PaperForm::Event_Open(platform);
-    EditDate.SetText(platform.ShortDate());
+    EditDate.today = [&platform] { return platform.ShortDate(); };
+    EditDate.SetText(EditDate.today());
 }
 
 SettingsTable Settings(CornellForm& form)
@@ -203,12 +204,13 @@ void Draw(const CornellPage& page, MyPDFGenerator& pdf, Turns& turns)
     CornellDrawing(page, pdf, turns).DoGraph();
 }
 
-std::string Describe(const CornellPage& page)
+Message Describe(const CornellPage& page)
 {
     const double height = page.frame.UsableHeight();
     const Span notes = NotesUp(page, page.hasHeader ? height - headerHeight : height);
-    return CountWords(Positions(notes.from, notes.to, page.lineSpace), "line") + " for notes, " +
-           LengthWords(page.lineSpace, page.frame) + " apart";
+    return Message("%1 for notes, %2 apart",
+                   CountWords(Positions(notes.from, notes.to, page.lineSpace), ruledLines),
+                   LengthWords(page.lineSpace, page.frame));
 }
 
 }  // namespace linealis

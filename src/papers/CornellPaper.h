@@ -176,6 +176,6 @@ struct CornellPage {
 SettingsTable Settings(CornellForm& form);
 CornellPage Read(const CornellForm& form);
 void Draw(const CornellPage& page, MyPDFGenerator& pdf, Turns& turns);
-std::string Describe(const CornellPage& page);
+Message Describe(const CornellPage& page);
 
 }  // namespace linealis

@@ -4,7 +4,7 @@
 
 namespace linealis {
 
-std::string CrossForm::WhyIdle(const Control& control) const
+Message CrossForm::WhyIdle(const Control& control) const
 {
     return &control == &LinesColorCanvas ? lines.WhyNone() : PaperForm::WhyIdle(control);
 }
@@ -50,9 +50,10 @@ void Draw(const CrossPage& page, MyPDFGenerator& pdf, Turns& turns)
     });
 }
 
-std::string Describe(const CrossPage& page)
+Message Describe(const CrossPage& page)
 {
-    return CrossingWords(page.grid, page.frame, "cross mark");
+    return CrossingWords(page.grid, page.frame,
+                         {Plural("%1 by %2 cross mark", "%1 by %2 cross marks"), Phrase("no cross marks")});
 }
 
 }  // namespace linealis

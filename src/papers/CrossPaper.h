@@ -60,7 +60,7 @@ struct CrossForm final : PaperForm {
                                  {.label = "StaticText28", .beside = true, .governs = {"background"}}};
     ShiftClickNote note{*this, "StaticText27"};
 
-    std::string WhyIdle(const Control& control) const override;
+    Message WhyIdle(const Control& control) const override;
 };
 
 /// The values of a page of cross paper.
@@ -77,6 +77,6 @@ struct CrossPage {
 SettingsTable Settings(CrossForm& form);
 CrossPage Read(const CrossForm& form);
 void Draw(const CrossPage& page, MyPDFGenerator& pdf, Turns& turns);
-std::string Describe(const CrossPage& page);
+Message Describe(const CrossPage& page);
 
 }  // namespace linealis

@@ -111,10 +111,10 @@ SettingsTable Settings(DiagonalForm& form)
                             {settings::box(form.CheckBoxVertical), settings::box(form.CheckBoxHorizontal)});
 }
 
-std::string DiagonalForm::WhyIdle(const Control& control) const
+Message DiagonalForm::WhyIdle(const Control& control) const
 {
     const bool drawsMinor = outline.CheckBoxFrame.Value() || CheckBoxHorizontal.Value() || CheckBoxVertical.Value();
-    return &control == &minor.EditMinorLineThickness && !drawsMinor ? "everything it sets is off"
+    return &control == &minor.EditMinorLineThickness && !drawsMinor ? Message("everything it sets is off")
                                                                     : PaperForm::WhyIdle(control);
 }
 

@@ -19,7 +19,7 @@ struct DiagonalForm : PaperForm {
 
     DiagonalForm();
 
-    std::string WhyIdle(const Control& control) const override;
+    Message WhyIdle(const Control& control) const override;
 };
 
 /// The measures of the pattern, in points. The first line of each family is one step from the corner of the area,

@@ -10,7 +10,7 @@ constexpr double roundCap = 1.0;
 
 }  // namespace
 
-std::string DotsForm::WhyIdle(const Control& control) const
+Message DotsForm::WhyIdle(const Control& control) const
 {
     return &control == &LinesColorCanvas ? lines.WhyNone() : PaperForm::WhyIdle(control);
 }
@@ -51,9 +51,9 @@ void Draw(const DotsPage& page, MyPDFGenerator& pdf, Turns& turns)
     ForEachCrossing(page.grid, turns, [&](double x, double y) { pdf.StrokeLine(x, y, x, y); });
 }
 
-std::string Describe(const DotsPage& page)
+Message Describe(const DotsPage& page)
 {
-    return CrossingWords(page.grid, page.frame, "dot");
+    return CrossingWords(page.grid, page.frame, {Plural("%1 by %2 dot", "%1 by %2 dots"), Phrase("no dots")});
 }
 
 }  // namespace linealis

@@ -45,7 +45,7 @@ struct DotsForm final : PaperForm {
                                  {.label = "StaticText26", .beside = true, .governs = {"background"}}};
     ShiftClickNote note{*this, "StaticText25"};
 
-    std::string WhyIdle(const Control& control) const override;
+    Message WhyIdle(const Control& control) const override;
 };
 
 /// The values of a page of dots paper.
@@ -61,6 +61,6 @@ struct DotsPage {
 SettingsTable Settings(DotsForm& form);
 DotsPage Read(const DotsForm& form);
 void Draw(const DotsPage& page, MyPDFGenerator& pdf, Turns& turns);
-std::string Describe(const DotsPage& page);
+Message Describe(const DotsPage& page);
 
 }  // namespace linealis

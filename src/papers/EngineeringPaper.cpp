@@ -71,10 +71,12 @@ void Draw(const EngineeringPage& page, MyPDFGenerator& pdf, Turns& turns)
     }
 }
 
-std::string Describe(const EngineeringPage& page)
+Message Describe(const EngineeringPage& page)
 {
-    return CountWords(LinesAcross(page) - 1.0 - page.blankLeft, LinesUp(page) - 1.0 - page.blankTop, "cell") +
-           " of " + SizeWords(page.columnSpace, page.rowSpace, page.frame);
+    return Message(
+        "%1 of %2",
+        CountWords(LinesAcross(page) - 1.0 - page.blankLeft, LinesUp(page) - 1.0 - page.blankTop, gridCells),
+        SizeWords(page.columnSpace, page.rowSpace, page.frame));
 }
 
 }  // namespace linealis

@@ -99,6 +99,6 @@ struct EngineeringPage {
 SettingsTable Settings(EngineeringForm& form);
 EngineeringPage Read(const EngineeringForm& form);
 void Draw(const EngineeringPage& page, MyPDFGenerator& pdf, Turns& turns);
-std::string Describe(const EngineeringPage& page);
+Message Describe(const EngineeringPage& page);
 
 }  // namespace linealis

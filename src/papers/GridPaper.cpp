@@ -4,7 +4,7 @@
 
 namespace linealis {
 
-std::string GridForm::WhyIdle(const Control& control) const
+Message GridForm::WhyIdle(const Control& control) const
 {
     return &control == &LinesColorCanvas ? lines.WhyNone() : PaperForm::WhyIdle(control);
 }
@@ -34,9 +34,9 @@ void Draw(const GridPage& page, MyPDFGenerator& pdf, Turns& turns)
     DrawChosenLines(page.grid, pdf, turns);
 }
 
-std::string Describe(const GridPage& page)
+Message Describe(const GridPage& page)
 {
-    return CellWords(page.grid, page.frame, "cell");
+    return CellWords(page.grid, page.frame, gridCells);
 }
 
 }  // namespace linealis

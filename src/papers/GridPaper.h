@@ -27,7 +27,7 @@ struct GridForm final : PaperForm {
                                  {.label = "StaticText28", .beside = true, .governs = {"background"}}};
     ShiftClickNote note{*this, "StaticText27"};
 
-    std::string WhyIdle(const Control& control) const override;
+    Message WhyIdle(const Control& control) const override;
 };
 
 /// The values of a page of grid paper.
@@ -41,6 +41,6 @@ struct GridPage {
 SettingsTable Settings(GridForm& form);
 GridPage Read(const GridForm& form);
 void Draw(const GridPage& page, MyPDFGenerator& pdf, Turns& turns);
-std::string Describe(const GridPage& page);
+Message Describe(const GridPage& page);
 
 }  // namespace linealis

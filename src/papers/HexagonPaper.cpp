@@ -1,6 +1,7 @@
 #include "papers/HexagonPaper.h"
 
 #include "pdf/Units.h"
+#include "pipeline/form/FieldWords.h"
 #include "pipeline/page/Fitting.h"
 #include "pipeline/page/PageWords.h"
 #include "text/Numbers.h"
@@ -146,11 +147,10 @@ void HexagonDrawing::DrawJoiningLines()
 
 }  // namespace
 
-std::string HexagonForm::WhyIdle(const Control& control) const
+Message HexagonForm::WhyIdle(const Control& control) const
 {
     const CheckBox& box = outline.CheckBoxFrame;
-    return &control == &minor.EditMinorLineThickness && !box.Value() ? box.Caption() + " is off"
-                                                                     : PaperForm::WhyIdle(control);
+    return &control == &minor.EditMinorLineThickness && !box.Value() ? IsOff(box) : PaperForm::WhyIdle(control);
 }
 
 SettingsTable Settings(HexagonForm& form)
@@ -177,14 +177,15 @@ void Draw(const HexagonPage& page, MyPDFGenerator& pdf, Turns& turns)
     HexagonDrawing(page, pdf, turns).DoGraph();
 }
 
-std::string Describe(const HexagonPage& page)
+Message Describe(const HexagonPage& page)
 {
     const Area room = UsableArea(page.frame);
     const bool canFit = page.side > 0.0;
     const double across = canFit ? Positions(page.doubleSide, room.width, 1.5 * page.side) : 0.0;
     const double up = canFit ? static_cast<double>(truncated(room.height / page.cellHeight)) : 0.0;
-    return CountWords(across, up, "hexagon") + ", side " + LengthWords(page.side, page.frame) + ", " +
-           LengthWords(page.cellHeight, page.frame) + " across flats";
+    return Message("%1, side %2, %3 across flats",
+                   CountWords(across, up, {Plural("%1 by %2 hexagon", "%1 by %2 hexagons"), Phrase("no hexagons")}),
+                   LengthWords(page.side, page.frame), LengthWords(page.cellHeight, page.frame));
 }
 
 }  // namespace linealis

@@ -13,7 +13,7 @@ struct HexagonForm final : PaperForm {
     MinorWeightField minor{*this, "minor-line-weight-of-the-frame", "frame", {"frame"}};
     CellFrameFields outline{*this};
 
-    std::string WhyIdle(const Control& control) const override;
+    Message WhyIdle(const Control& control) const override;
 };
 
 /// The values of a page of hexagon paper. Lengths are in points.
@@ -32,6 +32,6 @@ struct HexagonPage {
 SettingsTable Settings(HexagonForm& form);
 HexagonPage Read(const HexagonForm& form);
 void Draw(const HexagonPage& page, MyPDFGenerator& pdf, Turns& turns);
-std::string Describe(const HexagonPage& page);
+Message Describe(const HexagonPage& page);
 
 }  // namespace linealis

@@ -153,9 +153,9 @@ void Draw(const IsometricPage& page, MyPDFGenerator& pdf, Turns& turns)
     }
 }
 
-std::string Describe(const IsometricPage& page)
+Message Describe(const IsometricPage& page)
 {
-    return "triangles with sides of " + LengthWords(page.size, page.frame);
+    return Message("triangles with sides of %1", LengthWords(page.size, page.frame));
 }
 
 }  // namespace linealis

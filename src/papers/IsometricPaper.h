@@ -25,6 +25,6 @@ struct IsometricPage {
 SettingsTable Settings(IsometricForm& form);
 IsometricPage Read(const IsometricForm& form);
 void Draw(const IsometricPage& page, MyPDFGenerator& pdf, Turns& turns);
-std::string Describe(const IsometricPage& page);
+Message Describe(const IsometricPage& page);
 
 }  // namespace linealis

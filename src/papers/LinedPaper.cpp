@@ -64,10 +64,10 @@ void Draw(const LinedPage& page, MyPDFGenerator& pdf, Turns& turns)
     }
 }
 
-std::string Describe(const LinedPage& page)
+Message Describe(const LinedPage& page)
 {
-    return CountWords(LinesUp(page) - page.blankTop, "line") + ", " + LengthWords(page.lineSpace, page.frame) +
-           " apart";
+    return Message("%1, %2 apart", CountWords(LinesUp(page) - page.blankTop, ruledLines),
+                   LengthWords(page.lineSpace, page.frame));
 }
 
 }  // namespace linealis

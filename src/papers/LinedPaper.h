@@ -99,6 +99,6 @@ struct LinedPage {
 SettingsTable Settings(LinedForm& form);
 LinedPage Read(const LinedForm& form);
 void Draw(const LinedPage& page, MyPDFGenerator& pdf, Turns& turns);
-std::string Describe(const LinedPage& page);
+Message Describe(const LinedPage& page);
 
 }  // namespace linealis

@@ -173,15 +173,15 @@ Point TitleZero(const PolarPage& page, Role /*title*/)
     return {0.0, page.frame.topMargin + page.frame.bottomMargin + UsableHeight(page)};
 }
 
-std::string PolarForm::WhyIdle(const Control& control) const
+Message PolarForm::WhyIdle(const Control& control) const
 {
     const bool hasLabels =
         RadioButton1.ListIndex() != static_cast<int>(SpokeLabels::none) && EditNumSpokes.Used() > 0.0;
     if (!hasLabels && (&control == &PopupMenuLabelSkip || &control == &EditFontSize)) {
-        return "there are no labels";
+        return Message("there are no labels");
     }
     const bool isOfMinorSpokes = &control == &EditMinorStart || &control == &EditMinorLineThickness;
-    return isOfMinorSpokes && EditNumMinorSpokes.Used() == 0.0 ? "there are no minor spokes"
+    return isOfMinorSpokes && EditNumMinorSpokes.Used() == 0.0 ? Message("there are no minor spokes")
                                                                : PaperForm::WhyIdle(control);
 }
 
@@ -243,16 +243,18 @@ PageWarnings Warn(const PolarForm& form, const PolarPage& page)
     const double minor = form.EditNumMinorSpokes.Used();
     if (spokes >= 1.0 && minor >= 1.0 && std::fmod(minor, spokes) != 0.0) {
         warnings.push_back({"phase", std::string(form.EditNumMinorSpokes.Name()),
-                            Str(minor) + " minor spokes do not meet " + Str(spokes) + " spokes"});
+                            Message("%1 minor spokes do not meet %2 spokes", minor, spokes)});
     }
     WarnOfInk(form, form.EditLineThickness, OuterRadius(page) / static_cast<double>(page.numCircles), warnings);
     return warnings;
 }
 
-std::string Describe(const PolarPage& page)
+Message Describe(const PolarPage& page)
 {
-    return CountWords(static_cast<double>(page.numCircles), "circle") + ", " +
-           CountWords(static_cast<double>(page.numSpokes), "spoke");
+    return Message(
+        "%1, %2",
+        CountWords(static_cast<double>(page.numCircles), {Plural("%1 circle", "%1 circles"), Phrase("no circles")}),
+        CountWords(static_cast<double>(page.numSpokes), {Plural("%1 spoke", "%1 spokes"), Phrase("no spokes")}));
 }
 
 }  // namespace linealis

@@ -123,7 +123,7 @@ struct PolarForm final : PaperForm {
                             {.beside = true, .meaning = Meaning::FontSize, .governs = {"title"}}};
     ShiftClickNote note{*this, "StaticTextShiftClick"};
 
-    std::string WhyIdle(const Control& control) const override;
+    Message WhyIdle(const Control& control) const override;
 };
 
 /// The label at the end of a spoke, by the list index of RadioButton1.
@@ -155,7 +155,7 @@ struct PolarPage {
 SettingsTable Settings(PolarForm& form);
 PolarPage Read(const PolarForm& form);
 void Draw(const PolarPage& page, MyPDFGenerator& pdf, Turns& turns);
-std::string Describe(const PolarPage& page);
+Message Describe(const PolarPage& page);
 /// Returns where a title whose fields X and Y are 0 stands, in points.
 Point TitleZero(const PolarPage& page, Role title);
 PageWarnings Warn(const PolarForm& form, const PolarPage& page);

@@ -199,16 +199,15 @@ void TernaryForm::PopupScaling_Change()
     CheckBoxFlip.SetEnabled(numbers == TernaryNumbers::onSides);
 }
 
-std::string TernaryForm::WhyIdle(const Control& control) const
+Message TernaryForm::WhyIdle(const Control& control) const
 {
     if (&control == &EditAxisMaximum || &control == &CheckBoxFlip) {
-        const std::string scaling = "Scaling is " + std::string(PopupScaling.Selected());
-        return control.IsEnabled() ? "" : scaling;
+        return control.IsEnabled() ? Message() : Message("Scaling is %1", Message::Listed(PopupScaling.Selected()));
     }
     if (&control == &EditMinorLineThickness && EditMinorDivisions.Used() <= 1.0) {
-        return "there are no minor divisions";
+        return Message("there are no minor divisions");
     }
-    return &control == &CheckBoxFrame ? "the triangle is always drawn" : PaperForm::WhyIdle(control);
+    return &control == &CheckBoxFrame ? Message("the triangle is always drawn") : PaperForm::WhyIdle(control);
 }
 
 SettingsTable Settings(TernaryForm& form)
@@ -263,9 +262,11 @@ PageWarnings Warn(const TernaryForm& form, const TernaryPage& page)
     return warnings;
 }
 
-std::string Describe(const TernaryPage& page)
+Message Describe(const TernaryPage& page)
 {
-    return CountWords(page.majorDivisions, "division") + " of " + Str(page.minorDivisions);
+    return Message("%1 of %2",
+                   CountWords(page.majorDivisions, {Plural("%1 division", "%1 divisions"), Phrase("no divisions")}),
+                   page.minorDivisions);
 }
 
 }  // namespace linealis

@@ -78,7 +78,7 @@ struct TernaryForm final : PaperForm {
 
     TernaryForm();
 
-    std::string WhyIdle(const Control& control) const override;
+    Message WhyIdle(const Control& control) const override;
 
 private:
     /// Enables the controls that apply to the selected scaling.
@@ -105,7 +105,7 @@ struct TernaryPage {
 SettingsTable Settings(TernaryForm& form);
 TernaryPage Read(const TernaryForm& form);
 void Draw(const TernaryPage& page, MyPDFGenerator& pdf, Turns& turns);
-std::string Describe(const TernaryPage& page);
+Message Describe(const TernaryPage& page);
 PageWarnings Warn(const TernaryForm& form, const TernaryPage& page);
 
 }  // namespace linealis

@@ -28,9 +28,9 @@ void Draw(const TrapezoidPage& page, MyPDFGenerator& pdf, Turns& turns)
     DrawDiagonal(page, pattern, HeightWhereFallingLineEnters, pdf, turns);
 }
 
-std::string Describe(const TrapezoidPage& page)
+Message Describe(const TrapezoidPage& page)
 {
-    return "triangles with sides of " + LengthWords(page.size, page.frame);
+    return Message("triangles with sides of %1", LengthWords(page.size, page.frame));
 }
 
 }  // namespace linealis

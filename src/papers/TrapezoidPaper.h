@@ -15,6 +15,6 @@ struct TrapezoidPage : DiagonalPage {};
 // The functions of the kind that MakePaper and PageOf call. Settings takes the DiagonalForm.
 TrapezoidPage Read(const TrapezoidForm& form);
 void Draw(const TrapezoidPage& page, MyPDFGenerator& pdf, Turns& turns);
-std::string Describe(const TrapezoidPage& page);
+Message Describe(const TrapezoidPage& page);
 
 }  // namespace linealis

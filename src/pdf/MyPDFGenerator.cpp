@@ -162,18 +162,19 @@ bool MyPDFGenerator::CloseFile(Platform& platform)
     if (!b.IsOpen()) {
         platform.ShowFileError(
             theFile,
-            "Unable to open the file " + theFile.Name() +
-                ", perhaps it is already open for display in another program? Hold down the shift "
-                "key when clicking the Generate button again to change the filename.",
-            b.Error().message());
+            Message(
+                "Unable to open the file %1, perhaps it is already open for display in another program? Hold down "
+                "the shift key when clicking the Generate button again to change the filename.",
+                theFile.Name()),
+            Message::Verbatim(b.Error().message()));
         return false;
     }
     WriteDocument(streamData.View(), platform.Now());
     if (const std::error_code error = b.Close()) {
         platform.ShowFileError(theFile,
-                               "Unable to write the file " + theFile.Name() + ": " + error.message() +
-                                   ". The existing file, if any, is unchanged.",
-                               error.message());
+                               Message("Unable to write the file %1: %2. The existing file, if any, is unchanged.",
+                                       theFile.Name(), error.message()),
+                               Message::Verbatim(error.message()));
         return false;
     }
     return true;

@@ -38,7 +38,7 @@ void MyPDFGenerator::AddLine(std::initializer_list<double> operands, std::string
 void MyPDFGenerator::LimitStream() const
 {
     if (streamC.Length() > mostStream) {
-        throw PageTooLarge{{"the page would need more than 1 GiB of drawing data, so it was abandoned"}};
+        throw PageTooLarge{{Phrase("the page would need more than 1 GiB of drawing data, so it was abandoned")}};
     }
 }
 

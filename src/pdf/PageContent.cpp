@@ -8,6 +8,12 @@ namespace linealis {
 
 namespace {
 
+/// Returns the text from a character up to another one.
+std::string_view Between(const char* from, const char* upTo)
+{
+    return {from, static_cast<std::size_t>(upTo - from)};
+}
+
 enum class Takes : std::uint8_t { Numbers, FontName, Dash, Text };
 
 struct OperatorForm {
@@ -201,7 +207,7 @@ bool PageReader::ReadText()
         if (*next == '(') {
             ++depth;
         } else if (*next == ')' && --depth == 0) {
-            text = {start, next++};
+            text = Between(start, next++);
             hasText = true;
             SkipShownNothing();
             return true;
@@ -218,7 +224,7 @@ bool PageReader::ReadText()
 void PageReader::SkipShownNothing()
 {
     constexpr std::string_view shows = " Tj";
-    const std::string_view rest(next, end);
+    const std::string_view rest = Between(next, end);
     const std::string_view restOfLine = rest.substr(0, rest.find('\r'));
     if (restOfLine.size() > shows.size() && restOfLine.ends_with(shows)) {
         text = {};
@@ -232,7 +238,7 @@ bool PageReader::ReadOperator()
     while (!AtLineEnd() && *next != ' ') {
         ++next;
     }
-    const std::string_view word(start, next);
+    const std::string_view word = Between(start, next);
     SkipBlanks();
     if (!AtLineEnd()) {
         return Fail("unexpected text after the operator");

@@ -67,7 +67,7 @@ public:
     /// The text of ShowText, without its parentheses and still escaped; PageString resolves the escapes.
     std::string_view Text() const { return text; }
     /// The source of the operator with its operands, without the line end.
-    std::string_view Source() const { return {lineStart, lineEnd}; }
+    std::string_view Source() const { return {lineStart, static_cast<std::size_t>(lineEnd - lineStart)}; }
     /// The line that the operator starts on, from 1.
     std::int64_t Line() const { return line; }
     /// The kind of damage that ended Next; empty if there is none.

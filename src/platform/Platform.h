@@ -2,6 +2,7 @@
 
 #include "platform/Color.h"
 #include "platform/FolderItem.h"
+#include "text/Message.h"
 
 #include <cstdint>
 #include <functional>
@@ -26,10 +27,10 @@ struct LocalTime {
 struct MessageDialog {
     enum class Button { Action, Cancel, Alternate };
 
-    std::string message;  ///< plain text
-    std::string actionButton = "OK";
-    std::string cancelButton;
-    std::string alternateActionButton;
+    Message message;
+    Message actionButton{"OK"};
+    Message cancelButton;
+    Message alternateActionButton;
 };
 
 /// Abstracts the services of the machine that the program uses, except for files, which are the same everywhere.
@@ -42,12 +43,11 @@ public:
     Platform& operator=(const Platform&) = delete;
 
     /// Shows a message and waits until the user dismisses it.
-    virtual void MsgBox(const std::string& text) = 0;
+    virtual void MsgBox(const Message& text) = 0;
 
     /// Like MsgBox, for a message that the user may choose to hide from then on. `explanation` is shown below the
     /// message; `name` identifies the message among others of this kind.
-    virtual void MsgBoxUnlessHidden(const std::string& text, const std::string& /*explanation*/,
-                                    std::string_view /*name*/)
+    virtual void MsgBoxUnlessHidden(const Message& text, const Message& /*explanation*/, std::string_view /*name*/)
     {
         MsgBox(text);
     }
@@ -57,10 +57,10 @@ public:
 
     /// Reports that a file was not written. `text` is the complete message for a message box; `reason` is the cause
     /// alone, from the system or from the page.
-    virtual void ShowFileError(const FolderItem& file, const std::string& text, const std::string& reason) = 0;
+    virtual void ShowFileError(const FolderItem& file, const Message& text, const Message& reason) = 0;
 
     /// Reports something that needs no answer and does not justify a message box. The default does nothing.
-    virtual void Note(const std::string& /*text*/) {}
+    virtual void Note(const Message& /*text*/) {}
 
     /// Asks where to save a file. Returns an empty reference if the user cancels.
     virtual FolderItem GetSaveFolderItem(const FileType& type, const std::string& suggestedName) = 0;
@@ -73,7 +73,7 @@ public:
 
     /// Lets the user choose a color, starting from `color`. Returns whether the user chose one; `color` is
     /// unchanged otherwise.
-    virtual bool SelectColor(Color& color, const std::string& title) = 0;
+    virtual bool SelectColor(Color& color, const Message& title) = 0;
 
     /// Opens a file in the user's default viewer. Returns whether the viewer could be started.
     virtual bool Launch(const FolderItem& file) = 0;

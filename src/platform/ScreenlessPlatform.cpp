@@ -20,9 +20,9 @@ void ScreenlessPlatform::FetchInBackground(const std::string& url,
     fetches.push_back({url, std::move(onReply)});
 }
 
-void ScreenlessPlatform::ShowFileError(const FolderItem& file, const std::string& text, const std::string& reason)
+void ScreenlessPlatform::ShowFileError(const FolderItem& file, const Message& text, const Message& reason)
 {
-    fileErrors.push_back({file, text, reason});
+    fileErrors.push_back({file, text.English(), reason.English()});
 }
 
 FolderItem ScreenlessPlatform::GetSaveFolderItem(const FileType& type, const std::string& suggestedName)
@@ -31,7 +31,7 @@ FolderItem ScreenlessPlatform::GetSaveFolderItem(const FileType& type, const std
     return saveAnswer;
 }
 
-bool ScreenlessPlatform::SelectColor(Color& color, const std::string& /*title*/)
+bool ScreenlessPlatform::SelectColor(Color& color, const Message& /*title*/)
 {
     if (colorAnswer) {
         color = *colorAnswer;

@@ -50,14 +50,14 @@ public:
     std::vector<std::string> shownUrls;
     std::vector<Fetch> fetches;  ///< the caller calls onReply, or not
 
-    void MsgBox(const std::string& text) override { messages.push_back(text); }
-    void Note(const std::string& text) override { notes.push_back(text); }
+    void MsgBox(const Message& text) override { messages.push_back(text.English()); }
+    void Note(const Message& text) override { notes.push_back(text.English()); }
     MessageDialog::Button ShowModal(const MessageDialog& dialog) override;
-    void ShowFileError(const FolderItem& file, const std::string& text, const std::string& reason) override;
+    void ShowFileError(const FolderItem& file, const Message& text, const Message& reason) override;
     FolderItem GetSaveFolderItem(const FileType& type, const std::string& suggestedName) override;
     FolderItem GetOpenFolderItem(const FileType& /*type*/) override { return openAnswer; }
     bool ShiftKey() const override { return shiftKey; }
-    bool SelectColor(Color& color, const std::string& title) override;
+    bool SelectColor(Color& color, const Message& title) override;
     bool Launch(const FolderItem& file) override;
     FolderItem PreferencesFolder() const override { return preferencesFolder; }
     FolderItem TemporaryFolder() const override { return temporaryFolder; }

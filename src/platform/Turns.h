@@ -1,5 +1,7 @@
 #pragma once
 
+#include "text/Message.h"
+
 #include <cstdint>
 #include <functional>
 #include <utility>
@@ -12,7 +14,7 @@ struct PageStopped {};
 
 /// Thrown when a page is abandoned. Caught in the same places as PageStopped.
 struct PageGivenUp {
-    const char* reason;  ///< for a message: "the page would ..., so it was abandoned"
+    Phrase reason;  ///< for a message: "the page would ..., so it was abandoned"
 };
 
 /// Thrown when a page needs more drawing data than the generator allows.
@@ -41,7 +43,7 @@ public:
     void RuntimeBackgroundTask(int linesWorth = 1)
     {
         if (++rounds > limit) {
-            throw PageGivenUp{"the page would take too many drawing steps, so it was abandoned"};
+            throw PageGivenUp{Phrase("the page would take too many drawing steps, so it was abandoned")};
         }
         linesBeforeYield -= linesWorth;
         if (linesBeforeYield <= 0) {

@@ -88,12 +88,12 @@ void VersionCheckThread::ParseResults(const std::string& response)
     }
     MessageDialog dialog;
     dialog.message =
-        "A new version of this program, " + word +
-        ", is now available. Would you like your web browser to open the download page so you can get a "
-        "copy?";
-    dialog.actionButton = "Yes";
-    dialog.cancelButton = "Not Now";
-    dialog.alternateActionButton = "Skip This Version";
+        Message("A new version of this program, %1, is now available. Would you like your web browser to open "
+                "the download page so you can get a copy?",
+                word);
+    dialog.actionButton = Message("Yes");
+    dialog.cancelButton = Message("Not Now");
+    dialog.alternateActionButton = Message("Skip This Version");
     switch (platform.ShowModal(dialog)) {
     case MessageDialog::Button::Action:
         platform.ShowURL(downloadUrl);

@@ -1,8 +1,9 @@
 #include "text/Numbers.h"
 
+#include "text/DoubleText.h"
+
 #include <algorithm>
 #include <bit>
-#include <charconv>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
@@ -107,7 +108,7 @@ char* WriteScaled(char* out, std::uint64_t scaled, int decimals)
 /// end of the text.
 char* WriteRoundedExactly(char* out, double magnitude, int decimals)
 {
-    char* end = std::to_chars(out, out + longestPlainNumber, magnitude, std::chars_format::fixed, decimals).ptr;
+    char* end = WriteFixed(out, magnitude, decimals);
     if (decimals > 0) {
         while (end[-1] == '0') {
             --end;
@@ -281,9 +282,7 @@ std::string myformatstring(double value, std::string_view pattern)
     const Pattern form = ReadPattern(pattern);
     const double magnitude = std::isfinite(value) ? std::fabs(value) : 0.0;
     std::array<char, longestPlainNumber + maximumDecimals> digits{};
-    const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), magnitude,
-                                          std::chars_format::fixed, form.decimals)
-                                .ptr;
+    const char* const end = WriteFixed(digits.data(), magnitude, form.decimals);
     std::string text(static_cast<const char*>(digits.data()), end);
     const std::size_t integerDigits = std::min(text.find('.'), text.size());
     if (integerDigits < form.integerDigits) {

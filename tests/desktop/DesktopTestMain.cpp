@@ -3,12 +3,24 @@
 
 #include <QStandardPaths>
 
+namespace {
+
+/// Sets up a screen like that of a small laptop, unless the tests run on a real one.
+void SetUpScreen(const linealis::test::fs::path& configuration)
+{
+    // Also a build lists the tests, and has no screen.
+    if (qEnvironmentVariable("QT_QPA_PLATFORM", QStringLiteral("offscreen")) == QLatin1String("offscreen")) {
+        linealis::test::WriteFile(configuration, R"({"screens": [{"name": "laptop", "x": 0, "y": 0, "width": 1280,
+            "height": 720, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+        qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QByteArray::fromStdString(configuration.string()));
+    }
+}
+
+}  // namespace
+
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");  // also a build lists the tests, and has no screen
-    }
     // Nothing of the user's is read or written, and two runs do not meet.
     const linealis::test::TemporaryFolder home;
     for (const char* const name :
@@ -18,6 +30,7 @@ int main(int argc, char** argv)
         linealis::test::fs::permissions(path, linealis::test::fs::perms(0700));
         qputenv(name, QByteArray::fromStdString(path));
     }
+    SetUpScreen(home / "screen.json");
     QStandardPaths::setTestModeEnabled(true);
     linealis::desktop::Application application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Linealis"));

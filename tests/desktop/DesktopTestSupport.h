@@ -6,6 +6,7 @@
 #include "TestSupport.h"
 #include "app/Preferences.h"
 #include "desktop/system/Text.h"
+#include "desktop/system/WindowSettings.h"
 #include "desktop/window/Desktop.h"
 
 #include <QApplication>
@@ -297,6 +298,10 @@ protected:
     {
         fs::remove_all(desktop::DesktopPlatform().PreferencesFolder().Path());
         WriteNoUpdateCheck(true);
+        // The windows open without their page, so that only the tests of the page wait for it.
+        for (const PaperKind& kind : PaperKinds()) {
+            desktop::WindowSettings().setValue("windows/" + ToQt(kind.window) + "/livePage", false);
+        }
         Start();
     }
     void TearDown() override { EXPECT_TRUE(person.IsDone()); }

@@ -20,17 +20,17 @@ class SingleInstanceTest : public testing::Test {
 protected:
     using Start = SingleInstance::Start;
 
-    static Start HandOver(SingleInstance& instance, const QStringList& files)
+    static Start HandOver(SingleInstance& instance, const QStringList& files, const QString& token = {})
     {
-        return instance.HandOver(files, [] { ADD_FAILURE() << "it waits"; });
+        return instance.HandOver(files, token, [] { ADD_FAILURE() << "it waits"; });
     }
 
     /// A second start, beside the first.
-    Start StartAgain(const QStringList& files)
+    Start StartAgain(const QStringList& files, const QString& token = {})
     {
         auto second = std::async(std::launch::async, [&] {
             SingleInstance instance(path, name);
-            return HandOver(instance, files);
+            return HandOver(instance, files, token);
         });
         while (second.wait_for(std::chrono::milliseconds(1)) != std::future_status::ready) {
             QCoreApplication::processEvents();
@@ -57,9 +57,12 @@ TEST_F(SingleInstanceTest, FilesGoToTheRunningProgram)
         EXPECT_EQ(HandOver(first, {}), Start::First);
         QSignalSpy received(&first, &SingleInstance::Received);
         for (const QStringList& files : starts) {
-            EXPECT_EQ(StartAgain(files), Start::HandedOver);
-            ASSERT_EQ(received.size(), 1);
-            EXPECT_EQ(received.takeFirst().at(0).toStringList(), files);
+            for (const QString& token : {QString(), QStringLiteral("compositor-7_TIME12")}) {
+                EXPECT_EQ(StartAgain(files, token), Start::HandedOver);
+                ASSERT_EQ(received.size(), 1);
+                EXPECT_EQ(received[0].at(0).toStringList(), files);
+                EXPECT_EQ(received.takeFirst().at(1).toString(), token);
+            }
         }
     }
     EXPECT_EQ(StartAgain({}), Start::First) << "it has ended";
@@ -92,8 +95,8 @@ TEST_F(SingleInstanceTest, WaitsForAProgramThatDoesNotAnswer)
     QLocalServer silent;
     ASSERT_TRUE(silent.listen(path + QStringLiteral("/linealis")));
     SingleInstance second(path, name);
-    EXPECT_EQ(second.HandOver({QStringLiteral("/a.setx")}, [&] { second.Cancel(); }), Start::Canceled);
-    EXPECT_EQ(second.HandOver({QStringLiteral("/a.setx")}, [&] { running.unlock(); }), Start::First)
+    EXPECT_EQ(second.HandOver({QStringLiteral("/a.setx")}, {}, [&] { second.Cancel(); }), Start::Canceled);
+    EXPECT_EQ(second.HandOver({QStringLiteral("/a.setx")}, {}, [&] { running.unlock(); }), Start::First)
         << "it has ended";
 }
 

@@ -46,11 +46,11 @@ CalibrationDialog::CalibrationDialog(const QStringList& printers, FolderItem the
     : QDialog(parent), factorsFile(std::move(theFactorsFile)), runModal(std::move(theRunModal)),
       takeOver(std::move(theTakeOver))
 {
-    setWindowTitle(QStringLiteral("Calibrate a Printer"));
+    setWindowTitle(Translated("Calibrate a Printer"));
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(
-        Words(QStringLiteral("Print the sheet, measure from 0 to 10 cm across and down, and enter the two "
-                             "lengths. The sheet itself is always printed without a correction.")));
+        Words(Translated("Print the sheet, measure from 0 to 10 cm across and down, and enter the two "
+                         "lengths. The sheet itself is always printed without a correction.")));
     auto* const rows = new QFormLayout;
     layout->addLayout(rows);
     AddPrinterRows(*rows, printers);
@@ -61,7 +61,7 @@ CalibrationDialog::CalibrationDialog(const QStringList& printers, FolderItem the
     across->setFocus();
     ShowStoredFactors();
     if (printers.isEmpty()) {
-        said->setText(QStringLiteral("No printer is set up on this machine."));
+        said->setText(Translated("No printer is set up on this machine."));
     }
 }
 
@@ -72,17 +72,17 @@ void CalibrationDialog::AddPrinterRows(QFormLayout& rows, const QStringList& pri
     printer->setEnabled(!printers.isEmpty());
     printer->setCurrentIndex(std::max<int>(0, printer->findText(QPrinterInfo::defaultPrinterName())));
     connect(printer, &QComboBox::currentIndexChanged, this, &CalibrationDialog::ShowStoredFactors);
-    rows.addRow(QStringLiteral("Printer:"), printer);
+    rows.addRow(Translated("Printer:"), printer);
 
     paper = Named(new QComboBox, "CalibrationPaper");
     for (const CalibrationPaper& known : CalibrationPapers()) {
-        paper->addItem(ToQt(known.title), ToQt(known.name));
+        paper->addItem(Translated(known.title), ToQt(known.name));
     }
     const bool isLetter = QLocale().measurementSystem() == QLocale::ImperialUSSystem;
     paper->setCurrentIndex(paper->findData(isLetter ? QStringLiteral("letter") : QStringLiteral("a4")));
-    rows.addRow(QStringLiteral("Paper:"), paper);
+    rows.addRow(Translated("Paper:"), paper);
 
-    auto* const print = Named(new QPushButton(QStringLiteral("Print Sheet...")), "CalibrationPrint");
+    auto* const print = Named(new QPushButton(Translated("Print Sheet...")), "CalibrationPrint");
     print->setAutoDefault(false);
     print->setEnabled(!printers.isEmpty());
     connect(print, &QPushButton::clicked, this, &CalibrationDialog::PrintSheet);
@@ -93,10 +93,10 @@ void CalibrationDialog::AddLengthRows(QFormLayout& rows)
 {
     across = Named(new QLineEdit, "CalibrationAcross");
     down = Named(new QLineEdit, "CalibrationDown");
-    rows.addRow(QStringLiteral("Length across (mm):"), across);
-    rows.addRow(QStringLiteral("Length down (mm):"), down);
+    rows.addRow(Translated("Length across (mm):"), across);
+    rows.addRow(Translated("Length down (mm):"), down);
     factorsShown = Named(Words({}), "CalibrationFactors");
-    rows.addRow(QStringLiteral("Factors:"), factorsShown);
+    rows.addRow(Translated("Factors:"), factorsShown);
     for (const QLineEdit* const field : {across, down}) {
         connect(field, &QLineEdit::textChanged, this, &CalibrationDialog::ShowFactors);
     }
@@ -105,17 +105,19 @@ void CalibrationDialog::AddLengthRows(QFormLayout& rows)
 void CalibrationDialog::AddButtons(QVBoxLayout& layout, bool canTakeOver)
 {
     auto* const buttons = new QDialogButtonBox;
-    const auto add = [&](const char* caption, const char* name, QDialogButtonBox::ButtonRole role, bool isEnabled) {
-        QPushButton* const button = buttons->addButton(QString::fromLatin1(caption), role);
+    const auto add = [&](const QString& caption, const char* name, QDialogButtonBox::ButtonRole role,
+                         bool isEnabled) {
+        QPushButton* const button = buttons->addButton(caption, role);
         button->setEnabled(isEnabled);
         button->setAutoDefault(false);
         return Named(button, name);
     };
     const bool hasPrinter = printer->count() > 0;
-    QPushButton* const take =
-        add("Put into X Scale and Y Scale", "CalibrationTakeOver", QDialogButtonBox::ActionRole, canTakeOver);
-    QPushButton* const reset = add("Reset", "CalibrationReset", QDialogButtonBox::ActionRole, hasPrinter);
-    QPushButton* const save = add("Save", "CalibrationSave", QDialogButtonBox::ActionRole, hasPrinter);
+    QPushButton* const take = add(Translated("Put into X Scale and Y Scale"), "CalibrationTakeOver",
+                                  QDialogButtonBox::ActionRole, canTakeOver);
+    QPushButton* const reset =
+        add(Translated("Reset"), "CalibrationReset", QDialogButtonBox::ActionRole, hasPrinter);
+    QPushButton* const save = add(Translated("Save"), "CalibrationSave", QDialogButtonBox::ActionRole, hasPrinter);
     QPushButton* const close = Named(buttons->addButton(QDialogButtonBox::Close), "CalibrationClose");
     close->setAutoDefault(false);
     connect(close, &QPushButton::clicked, this, &QDialog::reject);
@@ -124,9 +126,8 @@ void CalibrationDialog::AddButtons(QVBoxLayout& layout, bool canTakeOver)
     connect(take, &QPushButton::clicked, this, [this] {
         if (const auto factors = ReadFactors()) {
             takeOver(factors->x * percent, factors->y * percent);
-            said->setText(
-                QStringLiteral("Put into X Scale and Y Scale. Do not save these factors for the printer too: "
-                               "both would be applied."));
+            said->setText(Translated("Put into X Scale and Y Scale. Do not save these factors for the printer too: "
+                                     "both would be applied."));
         }
     });
     layout.addWidget(buttons);
@@ -150,18 +151,18 @@ void CalibrationDialog::ShowFactors()
     said->clear();
     const auto shown = [](const QLineEdit& field) {
         const std::string length = field.text().toStdString();
-        const bool isPossible = LengthProblem({}, length, calibrationMillimeters).empty();
+        const bool isPossible = LengthProblem({}, length, calibrationMillimeters).IsEmpty();
         return isPossible ? ToQt(mystring(FactorOf(calibrationMillimeters, Val(length)))) : QStringLiteral("–");
     };
-    factorsShown->setText(QStringLiteral("%1 across, %2 down").arg(shown(*across), shown(*down)));
+    factorsShown->setText(Translated("%1 across, %2 down").arg(shown(*across), shown(*down)));
 }
 
 std::optional<PrinterFactors> CalibrationDialog::ReadFactors()
 {
-    const auto problem = [](const char* direction, const QLineEdit& field) {
+    const auto problem = [](const Message& direction, const QLineEdit& field) {
         return ToQt(LengthProblem(direction, field.text().toStdString(), calibrationMillimeters));
     };
-    for (const QString& text : {problem("across", *across), problem("down", *down)}) {
+    for (const QString& text : {problem(Message("across"), *across), problem(Message("down"), *down)}) {
         if (!text.isEmpty()) {
             said->setText(text);
             return std::nullopt;
@@ -181,7 +182,7 @@ void CalibrationDialog::PrintSheet()
     }
     QPrinter device(QPrinter::HighResolution);
     device.setPrinterName(printer->currentText());
-    device.setDocName(QStringLiteral("Calibration Sheet"));
+    device.setDocName(Translated("Calibration Sheet"));
     Turns turns([] {});  // printing one sheet is fast, so it needs no Cancel
     said->setText(PrintWithDialog(device, SheetFor(*chosen), turns, {}, this, runModal));
 }
@@ -189,8 +190,8 @@ void CalibrationDialog::PrintSheet()
 void CalibrationDialog::Store(const PrinterFactors& factors)
 {
     const std::error_code error = WritePrinterFactors(factorsFile, Printer(), factors);
-    said->setText(error ? QStringLiteral("Not saved: %1").arg(ToQt(error.message()))
-                        : QStringLiteral("Saved for %1.").arg(printer->currentText()));
+    said->setText(error ? Translated("Not saved: %1").arg(ToQt(error.message()))
+                        : Translated("Saved for %1.").arg(printer->currentText()));
 }
 
 void CalibrationDialog::Save()

@@ -18,6 +18,7 @@ DataRangeDialog::DataRangeDialog(RangeWizard& theWizard, std::function<void()> o
     setWindowTitle(tr("From Data Range"));
     auto* const layout = new QVBoxLayout(this);
     auto* const fields = new FormView(wizard.Fields(), GroupBoxes::none, [](Swatch&) {});
+    fields->layout()->setContentsMargins(0, 0, 0, 0);  // those of the dialog are enough
     layout->addWidget(fields);
     outcome->setObjectName(QStringLiteral("DataRangeOutcome"));
     outcome->setTextFormat(Qt::PlainText);

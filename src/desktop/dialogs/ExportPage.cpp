@@ -31,7 +31,7 @@ public:
     ExportDialog(const PaperSize& thePaper, QWidget* parent) : QDialog(parent), paper(thePaper)
     {
         setObjectName(QStringLiteral("export"));
-        setWindowTitle(QObject::tr("Export Page"));
+        setWindowTitle(Translated("Export Page"));
         const WindowSettings settings;
         auto* const form = new QFormLayout(this);
         const QString last = settings.value(formatKey).toString();
@@ -42,16 +42,16 @@ public:
         }
         resolution->setObjectName(QStringLiteral("ExportResolution"));
         resolution->setRange(1, HighestDotsPerInch(paper));
-        resolution->setSuffix(QObject::tr(" dpi"));
+        resolution->setSuffix(Translated(" dpi"));
         resolution->setValue(settings.value(resolutionKey, 300).toInt());
         transparent->setObjectName(QStringLiteral("ExportTransparent"));
         transparent->setChecked(settings.value(transparentKey).toBool());
 
-        form->addRow(QObject::tr("&Resolution:"), resolution);
+        form->addRow(Translated("&Resolution:"), resolution);
         form->addRow(QString(), pixels);
         form->addRow(QString(), transparent);
         auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
-        buttons->addButton(QObject::tr("&Export..."), QDialogButtonBox::AcceptRole);
+        buttons->addButton(Translated("&Export..."), QDialogButtonBox::AcceptRole);
         form->addRow(buttons);
         QObject::connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
         QObject::connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -87,8 +87,8 @@ private:
 
     void AddFormat(QFormLayout& form, const PageFormat& format, const QString& last)
     {
-        auto* const button = new QRadioButton(
-            QStringLiteral("&%1, %2").arg(ToQt(format.title), QObject::tr(std::string(format.words).c_str())));
+        auto* const button =
+            new QRadioButton(QStringLiteral("&%1, %2").arg(ToQt(format.title), Translated(format.words)));
         button->setObjectName(QStringLiteral("Export%1").arg(ToQt(format.title)));
         form.addRow(button);
         if (chosen == nullptr || ToQt(format.name) == last) {
@@ -109,7 +109,7 @@ private:
             widget->setEnabled(Format().hasPixels);
         }
         const PixelSize size = PixelsOf(paper, resolution->value());
-        pixels->setText(QObject::tr("%1 by %2 pixels").arg(size.width).arg(size.height));
+        pixels->setText(Translated("%1 by %2 pixels").arg(size.width).arg(size.height));
     }
 
     PaperSize paper;
@@ -117,7 +117,7 @@ private:
     const Choice* chosen = nullptr;
     QSpinBox* resolution = new QSpinBox;
     QLabel* pixels = new QLabel;
-    QCheckBox* transparent = new QCheckBox(QObject::tr("&Transparent background"));
+    QCheckBox* transparent = new QCheckBox(Translated("&Transparent background"));
 };
 
 }  // namespace
@@ -130,7 +130,7 @@ ExportChoice AskForExport(const PaperSize& paper, const QString& name, QWidget* 
     }
     options.Keep();
     const QString ending = ToQt(options.Format().name);
-    QFileDialog dialog(parent, QObject::tr("Save Picture"));
+    QFileDialog dialog(parent, Translated("Save Picture"));
     GoToFolder(dialog, folderKey);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilter(QStringLiteral("%1 (*.%2)").arg(ToQt(options.Format().title), ending));
@@ -157,9 +157,9 @@ QString ExportPage(const DrawnPage& page, const ExportChoice& choice, Turns& tur
         stream.Close();
     }
     if (stream.Error()) {
-        return QObject::tr("%1 was not written: %2").arg(name, ToQt(stream.Error().message()));
+        return Translated("%1 was not written: %2").arg(name, ToQt(stream.Error().message()));
     }
-    return QObject::tr("Wrote %1").arg(name);
+    return Translated("Wrote %1").arg(name);
 }
 
 std::unique_ptr<QMimeData> PageForClipboard(const DrawnPage& page, const WriteOptions& options, Turns& turns)

@@ -12,7 +12,9 @@ FormDialog::FormDialog(const QString& title, Form& form, QWidget* parent) : QDia
 {
     setWindowTitle(title);
     auto* const layout = new QVBoxLayout(this);
-    layout->addWidget(new FormView(form, GroupBoxes::none, [](Swatch&) {}));
+    auto* const fields = new FormView(form, GroupBoxes::none, [](Swatch&) {});
+    fields->layout()->setContentsMargins(0, 0, 0, 0);  // those of the dialog are enough
+    layout->addWidget(fields);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("PushButton1"));
     buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("PushButton2"));

@@ -5,12 +5,9 @@
 #include "desktop/system/Text.h"
 #include "desktop/system/WindowSettings.h"
 #include "exchange/FormJson.h"
-#include "kinds/Presets.h"
 #include "pdf/Units.h"
 #include "pipeline/document/MarkerFile.h"
-#include "platform/Process.h"
 
-#include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QFile>
 #include <QFileInfo>
@@ -25,16 +22,6 @@ namespace {
 
 const QString padFolderKey = QStringLiteral("folders/pad");
 
-// What the list of backs offers besides the kinds.
-const QString blankBack;
-const QString sameBack = QStringLiteral("same");
-
-QString PadProgram()
-{
-    const std::string calledAs = QCoreApplication::applicationFilePath().toStdString();
-    return ToQt(HelperProgram(calledAs.c_str(), padProgram).string());
-}
-
 /// Returns the size of a sheet in the unit of its form.
 QString SizeText(const PaperSize& size, bool inInches)
 {
@@ -42,22 +29,8 @@ QString SizeText(const PaperSize& size, bool inInches)
         const double inches = static_cast<double>(points) / pointsPerInch;
         return inInches ? QString::number(inches, 'g', 4) : QString::number(inches * 25.4, 'f', 0);
     };
-    return QStringLiteral("%1 × %2 %3")
-        .arg(text(size.width), text(size.height), inInches ? QStringLiteral("in") : QStringLiteral("mm"));
-}
-
-/// Returns what the program has said, without the name of the program at the start of each line.
-QString Words(const QByteArray& errors)
-{
-    QStringList lines = QString::fromUtf8(errors).trimmed().split(QLatin1Char('\n'));
-    for (QString& line : lines) {
-        constexpr QLatin1String prefix("linealis-cli: ");
-        if (line.startsWith(prefix)) {
-            line.remove(0, prefix.size());
-        }
-        line = line.left(1).toUpper() + line.mid(1);
-    }
-    return lines.join(QLatin1Char('\n'));
+    return (inInches ? Translated("%1 × %2 in") : Translated("%1 × %2 mm"))
+        .arg(text(size.width), text(size.height));
 }
 
 }  // namespace
@@ -65,7 +38,7 @@ QString Words(const QByteArray& errors)
 PadDialog::PadDialog(DesktopPlatform& thePlatform, const PaperKind& theKind, PaperWindow& theWindow,
                      QString theName, QWidget* parent)
     : QDialog(parent), platform(thePlatform), kind(theKind), window(theWindow), page(theWindow.ReadPage()),
-      name(std::move(theName))
+      back(thePlatform, theWindow.form, page), name(std::move(theName))
 {
     setObjectName(QStringLiteral("pad"));
     setWindowTitle(tr("Print Pad"));
@@ -106,16 +79,8 @@ PadDialog::PadDialog(DesktopPlatform& thePlatform, const PaperKind& theKind, Pap
     all->addWidget(MakeButtons());
     print->setDefault(true);  // a button can become the default only once it is in the dialog
 
-    connect(&program, &QProcess::finished, this, &PadDialog::Finished);
-    connect(&program, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
-        if (error == QProcess::FailedToStart) {
-            ShowWorking(false);
-            said->setText(
-                tr("Cannot run the program that makes pads, %1: %2").arg(program.program(), program.errorString()));
-        }
-    });
+    connect(&program, &PadProgram::Ended, this, &PadDialog::ShowEnd);
     Restore();
-    FillPresets();
     ShowPad();
     pages->setFocus();
     pages->selectAll();
@@ -123,7 +88,7 @@ PadDialog::PadDialog(DesktopPlatform& thePlatform, const PaperKind& theKind, Pap
 
 PadDialog::~PadDialog()
 {
-    Stop();
+    program.Stop();
 }
 
 void PadDialog::AddFields(QFormLayout& rows)
@@ -141,54 +106,31 @@ void PadDialog::AddFields(QFormLayout& rows)
     numbers->setToolTip(tr("In the order of the stacks after cutting"));
     copies->setRange(1, mostPadCopies);
     copies->setMinimumWidth(pages->sizeHint().width());
-    for (QComboBox* const box : {up, back, preset}) {
+    for (QComboBox* const box : {up, &back.Backs(), &back.Presets()}) {
         constexpr int usualTitle = 24;  // characters; the width does not depend on the choice
         box->setMinimumContentsLength(usualTitle);
         box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     }
-    FillBacks();
     add(tr("&Pages:"), pages, "PadPages");
     add(tr("On each &side:"), up, "PadUp");
     add(QString(), numbers, "PadNumbers");
-    add(tr("&Back:"), back, "PadBack");
-    add(tr("P&reset:"), preset, "PadPreset");
+    rows.addRow(tr("&Back:"), &back.Backs());
+    rows.addRow(tr("P&reset:"), &back.Presets());
     add(tr("&Copies:"), copies, "PadCopies");
     for (QSpinBox* const box : {pages, copies}) {
         connect(box, &QSpinBox::valueChanged, this, &PadDialog::ShowPad);
     }
     connect(up, &QComboBox::currentIndexChanged, this, &PadDialog::ShowPad);
     connect(numbers, &QCheckBox::toggled, this, &PadDialog::ShowPad);
-    connect(back, &QComboBox::currentIndexChanged, this, &PadDialog::FillPresets);
-    connect(preset, &QComboBox::currentIndexChanged, this, [this] {
-        MakeBack();
+    connect(&back, &PadBack::Changed, this, [this] {
+        said->hide();
         ShowPad();
     });
-}
-
-void PadDialog::FillBacks()
-{
-    back->addItem(tr("Blank"), blankBack);
-    back->addItem(tr("Same as the front"), sameBack);
-    back->insertSeparator(back->count());
-    for (const PaperKind& each : PaperKinds()) {
-        back->addItem(ToQt(each.galleryTitle).simplified(), ToQt(each.name));
-    }
-}
-
-void PadDialog::FillPresets()
-{
-    const QString chosen = back->currentData().toString();
-    preset->clear();
-    preset->addItem(tr("None"), QString());
-    for (const Preset* const each : PresetsFor(!page.frame.IsInInches())) {
-        if (ToQt(each->kind) == chosen) {
-            preset->addItem(ToQt(each->title), ToQt(each->id));
-        }
-    }
-    preset->setEnabled(preset->count() > 1);
-    MakeBack();
-    ShowPad();
+    connect(&back, &PadBack::Refused, this, [this](const QString& why) {
+        said->setText(why);
+        said->show();
+    });
 }
 
 QWidget* PadDialog::MakeButtons()
@@ -205,11 +147,11 @@ QWidget* PadDialog::MakeButtons()
         done(printing);
     });
     connect(save, &QPushButton::clicked, this, &PadDialog::Save);
-    connect(cancel, &QPushButton::clicked, this, [this] { IsWorking() ? Stop() : reject(); });
-    if (const QString path = PadProgram(); !QFileInfo(path).isExecutable()) {
+    connect(cancel, &QPushButton::clicked, this, [this] { program.IsRunning() ? program.Stop() : reject(); });
+    if (!PadProgram::IsInstalled()) {
         save->setEnabled(false);
-        said->setText(
-            tr("A PDF file cannot be saved: the program that makes pads, %1, is not installed.").arg(path));
+        said->setText(tr("A PDF file cannot be saved: the program that makes pads, %1, is not installed.")
+                          .arg(PadProgram::Path()));
         said->show();
     }
     return buttons;
@@ -223,34 +165,13 @@ PadLayout PadDialog::Layout() const
             {page.frame.paperWidth, page.frame.paperHeight}};
 }
 
-std::optional<PaperPage> PadDialog::Back() const
-{
-    if (back->currentData() == sameBack) {
-        return page;
-    }
-    return backWindow == nullptr ? std::nullopt : std::optional(backWindow->ReadPage());
-}
-
-void PadDialog::MakeBack()
-{
-    backWindow.reset();
-    const std::string chosen = back->currentData().toString().toStdString();
-    const PaperKind* const backKind = FindPaperKind(chosen);
-    if (backKind == nullptr) {
-        return;
-    }
-    const Preset* const used = FindPreset(preset->currentData().toString().toStdString());
-    backWindow = used == nullptr ? MakeWindow(*backKind, backPlatform) : MakeWindow(*used, backPlatform);
-    TakePaperOf(window.form, chosen, backWindow->form);
-}
-
 void PadDialog::ShowPad()
 {
     const PadLayout layout = Layout();
     const auto sheets = static_cast<int>(layout.Sheets()) * copies->value();
-    std::optional<PaperPage> backPage = Back();
+    std::optional<PaperPage> backPage = back.Page();
     const QString size = SizeText(layout.Side(), page.frame.IsInInches());
-    QString text = sheets == 1 ? tr("1 sheet of %1").arg(size) : tr("%1 sheets of %2").arg(sheets).arg(size);
+    QString text = ToQt(Message(Plural("%1 sheet of %2", "%1 sheets of %2"), sheets, sheets, size.toStdString()));
     if (backPage) {
         text += tr(", printed on both sides");
     }
@@ -293,7 +214,7 @@ QString PadDialog::AskForFile()
     return dialog.selectedFiles().value(0);
 }
 
-std::optional<QStringList> PadDialog::Arguments(const QString& path)
+std::optional<QStringList> PadDialog::Arguments()
 {
     const QString form = folder.filePath(QStringLiteral("form.json"));
     QFile file(form);
@@ -303,25 +224,15 @@ std::optional<QStringList> PadDialog::Arguments(const QString& path)
         return std::nullopt;
     }
     const PadLayout layout = Layout();
-    QStringList arguments = {QStringLiteral("pad"),
-                             QStringLiteral("--form"),
-                             form,
-                             QStringLiteral("--pages"),
-                             QString::number(layout.pages),
-                             QStringLiteral("--up"),
-                             QString::number(layout.up),
-                             QStringLiteral("--copies"),
-                             QString::number(copies->value()),
-                             QStringLiteral("--output"),
-                             path};
+    QStringList arguments = {QStringLiteral("--form"),   form,
+                             QStringLiteral("--pages"),  QString::number(layout.pages),
+                             QStringLiteral("--up"),     QString::number(layout.up),
+                             QStringLiteral("--copies"), QString::number(copies->value())};
     if (layout.hasNumbers) {
         arguments << QStringLiteral("--numbers");
     }
-    if (const QString chosen = back->currentData().toString(); chosen == sameBack) {
-        arguments << QStringLiteral("--back") << form;
-    } else if (chosen != blankBack) {
-        const QString id = preset->currentData().toString();
-        arguments << QStringLiteral("--back") << (id.isEmpty() ? chosen : id);
+    if (const QString source = back.Source(form); !source.isEmpty()) {
+        arguments << QStringLiteral("--back") << source;
     }
     if (const auto* const markers = window.form.Find<CheckBox>("CheckBoxMarkers");
         markers != nullptr && markers->Value()) {
@@ -339,15 +250,13 @@ void PadDialog::Save()
         return;
     }
     Keep();
-    const std::optional<QStringList> arguments = Arguments(path);
+    const std::optional<QStringList> arguments = Arguments();
     if (!arguments) {
         said->show();
         return;
     }
-    target = path;
-    isStopped = false;
     ShowWorking(true);
-    program.start(PadProgram(), *arguments);
+    program.Start(*arguments, path);
 }
 
 void PadDialog::ShowWorking(bool works)
@@ -362,43 +271,25 @@ void PadDialog::ShowWorking(bool works)
     }
 }
 
-void PadDialog::Finished(int status, QProcess::ExitStatus how)
+void PadDialog::ShowEnd(bool isWritten, const QString& message)
 {
     ShowWorking(false);
-    const QByteArray errors = program.readAllStandardError();
-    const QString fileName = QFileInfo(target).fileName();
-    if (isStopped) {
-        said->setText(tr("Canceled; %1 is unchanged").arg(fileName));
-    } else if (how == QProcess::CrashExit) {
-        said->setText(tr("%1 was not written: the program that makes pads has crashed").arg(fileName));
-    } else if (status != 0) {
-        said->setText(Words(errors));
-    } else {
-        saved = target;
-        if (errors.trimmed().isEmpty()) {
-            accept();
-            return;
-        }
-        said->setText(tr("Wrote %1.").arg(fileName) + QLatin1Char('\n') + Words(errors));
-        cancel->setText(tr("&Close"));
+    said->setText(message);
+    if (!isWritten) {
+        return;
     }
-}
-
-void PadDialog::Stop()
-{
-    constexpr int patience = 3000;  // milliseconds
-    if (IsWorking()) {
-        isStopped = true;
-        program.terminate();  // the program removes the unfinished file
-        if (!program.waitForFinished(patience)) {
-            program.kill();
-        }
+    saved = program.Target();
+    if (message.isEmpty()) {
+        accept();
+        return;
     }
+    said->setText(tr("Wrote %1.").arg(QFileInfo(saved).fileName()) + QLatin1Char('\n') + message);
+    cancel->setText(tr("&Close"));
 }
 
 void PadDialog::reject()
 {
-    Stop();
+    program.Stop();
     QDialog::reject();
 }
 

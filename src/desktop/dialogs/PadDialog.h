@@ -1,22 +1,21 @@
 #pragma once
 
+#include "desktop/dialogs/PadBack.h"
+#include "desktop/dialogs/PadProgram.h"
 #include "desktop/system/DesktopPlatform.h"
 #include "kinds/PadSheet.h"
 #include "kinds/PaperKinds.h"
-#include "platform/ScreenlessPlatform.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
 #include <QFormLayout>
 #include <QLabel>
-#include <QProcess>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QString>
 #include <QTemporaryDir>
-#include <memory>
 #include <optional>
 
 namespace linealis::desktop {
@@ -42,7 +41,7 @@ public:
     PadLayout Layout() const;
     int Copies() const { return copies->value(); }
     /// Returns the page for the backs; nothing if they stay blank.
-    std::optional<PaperPage> Back() const;
+    std::optional<PaperPage> Back() const { return back.Page(); }
     /// Returns the path of the file that was saved last; empty if there is none.
     QString SavedFile() const { return saved; }
 
@@ -50,40 +49,30 @@ public:
 
 private:
     void AddFields(QFormLayout& rows);
-    void FillBacks();
-    /// Lists the presets of the chosen back.
-    void FillPresets();
     QWidget* MakeButtons();
-    /// Makes the paper of the chosen back.
-    void MakeBack();
     void ShowPad();
     void Keep() const;
     void Restore();
 
     void Save();
     /// Returns the command line for the program that makes pads, or nothing if its input cannot be written.
-    std::optional<QStringList> Arguments(const QString& path);
+    std::optional<QStringList> Arguments();
     QString AskForFile();
-    void Finished(int status, QProcess::ExitStatus how);
-    void Stop();
+    void ShowEnd(bool isWritten, const QString& message);
     /// Shows that the work has begun or ended.
     void ShowWorking(bool works);
-    bool IsWorking() const { return program.state() != QProcess::NotRunning; }
 
     DesktopPlatform& platform;
     const PaperKind& kind;
     PaperWindow& window;
     const PaperPage page;
+    PadBack back;
     QString name;
-    ScreenlessPlatform backPlatform;  ///< of the window below
-    std::unique_ptr<PaperWindow> backWindow;
 
     QWidget* fields = new QWidget;
     QSpinBox* pages = new QSpinBox;
     QComboBox* up = new QComboBox;
     QCheckBox* numbers = nullptr;
-    QComboBox* back = new QComboBox;
-    QComboBox* preset = new QComboBox;
     QSpinBox* copies = new QSpinBox;
     PadPicture* picture = nullptr;
     QLabel* summary = new QLabel;
@@ -94,10 +83,8 @@ private:
     QPushButton* cancel = nullptr;
 
     QTemporaryDir folder;  ///< private to the user; for the form that is handed over
-    QProcess program;
-    QString target;  ///< the file that the program is writing
+    PadProgram program;
     QString saved;
-    bool isStopped = false;
 };
 
 }  // namespace linealis::desktop

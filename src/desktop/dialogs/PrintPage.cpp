@@ -2,6 +2,7 @@
 
 #include "desktop/page/PagePainter.h"
 #include "desktop/system/FileDialogs.h"
+#include "desktop/system/Text.h"
 #include "pdf/PageContent.h"
 #include "pdf/Units.h"
 
@@ -211,10 +212,9 @@ std::vector<QString> PrintWarnings(const QPrinter& printer, const PrintedSheets&
     const QPageLayout layout = printer.pageLayout();
     const QSizeF sheet = layout.fullRect(QPageLayout::Point).size();
     if (!IsSame(sheet, sheets.paper)) {
-        warnings.push_back(
-            QStringLiteral("The printer's paper is %1, the page's %2. The page is printed at 100 % from "
-                           "the upper left corner.")
-                .arg(SizeText(sheet), SizeText(sheets.paper)));
+        warnings.push_back(Translated("The printer's paper is %1, the page's %2. The page is printed at 100 % from "
+                                      "the upper left corner.")
+                               .arg(SizeText(sheet), SizeText(sheets.paper)));
     }
     const PrinterFactors turned = Turned(factors, layout.orientation());
     int count = 0;
@@ -233,10 +233,9 @@ std::vector<QString> PrintWarnings(const QPrinter& printer, const PrintedSheets&
         });
     }
     if (count > 0) {
-        const QString lines =
-            count == 1 ? QStringLiteral("1 line extends") : QStringLiteral("%1 lines extend").arg(count);
-        warnings.push_back(lines +
-                           QStringLiteral(" beyond the printable area, by up to %1 mm.").arg(InMm(furthest)));
+        warnings.push_back(ToQt(Message(Plural("%1 line extends beyond the printable area, by up to %2 mm.",
+                                               "%1 lines extend beyond the printable area, by up to %2 mm."),
+                                        count, count, Message::Number(InMm(furthest).toStdString()))));
     }
     return warnings;
 }
@@ -273,16 +272,16 @@ bool PaintOnPrinter(QPrinter& printer, const PrintedSheets& sheets, Turns& turns
 
 QString PrintedText(const QPrinter& printer, const PrinterFactors& factors)
 {
-    QString text =
-        QStringLiteral("Printed on %1, %2").arg(NameOf(printer), PaperName(printer.pageLayout().pageSize()));
+    QStringList parts = {
+        Translated("Printed on %1, %2").arg(NameOf(printer), PaperName(printer.pageLayout().pageSize()))};
     if (printer.copyCount() > 1 && printer.outputFileName().isEmpty()) {  // a file contains the page only once
-        text += QStringLiteral(", %1 copies").arg(printer.copyCount());
+        parts << Translated("%1 copies").arg(printer.copyCount());
     }
-    text += QStringLiteral(", 100 %");
+    parts << Translated("100 %");
     if (factors != PrinterFactors{}) {
-        text += QStringLiteral(", corrected by %1 across and %2 down").arg(factors.x).arg(factors.y);
+        parts << Translated("corrected by %1 across and %2 down").arg(factors.x).arg(factors.y);
     }
-    return text;
+    return parts.join(QStringLiteral(", "));
 }
 
 QString PrintWithDialog(QPrinter& printer, const PrintedSheets& sheets, Turns& turns, const FolderItem& factorsFile,
@@ -309,7 +308,7 @@ QString PrintWithDialog(QPrinter& printer, const PrintedSheets& sheets, Turns& t
     }
     return PaintOnPrinter(printer, sheets, turns, factors)
                ? PrintedText(printer, factors)
-               : QStringLiteral("%1 could not be printed on").arg(NameOf(printer));
+               : Translated("%1 could not be printed on").arg(NameOf(printer));
 }
 
 QString PrintWithDialog(const PrintedSheets& sheets, Turns& turns, const QString& name,

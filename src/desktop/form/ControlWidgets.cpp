@@ -5,6 +5,7 @@
 #include "desktop/form/FieldEdit.h"
 #include "desktop/system/Text.h"
 #include "pipeline/form/FieldWords.h"
+#include "pipeline/form/FormLayout.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -73,7 +74,7 @@ ControlWidget WidgetMaker::operator()(Popup& popup) const
 {
     auto* const box = new PopupBox;
     for (const std::string_view item : popup.Items()) {
-        box->addItem(ToQt(item));
+        box->addItem(Translated(item));
     }
     QObject::connect(box, &QComboBox::currentIndexChanged, box,
                      [&popup, committed = events.onCommitted](int index) {
@@ -95,7 +96,7 @@ ControlWidget WidgetMaker::operator()(RadioGroup& group) const
     layout->setContentsMargins(0, 0, 0, 0);
     auto* const buttons = new QButtonGroup(row);
     for (std::size_t i = 0; i < group.Items().size(); ++i) {
-        auto* const button = new QRadioButton(ToQt(group.Items()[i]));
+        auto* const button = new QRadioButton(Translated(group.Items()[i]));
         button->setObjectName(ToQt(group.Name()) + QString::number(i));
         layout->addWidget(button);
         buttons->addButton(button, static_cast<int>(i));
@@ -134,7 +135,7 @@ ControlWidget WidgetMaker::operator()(Swatch& swatch) const
                 const QColor color(swatch.Shown().red, swatch.Shown().green, swatch.Shown().blue);
                 const QString said = ColorWords(color);
                 canvas->setAccessibleDescription(said);
-                canvas->setToolTip(QStringLiteral("%1. Click to choose another color").arg(said));
+                canvas->setToolTip(Translated("%1. Click to choose another color").arg(said));
             }};
 }
 
@@ -159,7 +160,7 @@ ControlWidget MakeControlWidget(const Form& form, Control& control, const Contro
 
 QString CaptionText(const Control& control)
 {
-    return ToQt(control.Caption()).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    return ToQt(CaptionOf(control));
 }
 
 }  // namespace linealis::desktop

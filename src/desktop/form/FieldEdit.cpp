@@ -8,6 +8,7 @@
 #include "text/Numbers.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QSignalBlocker>
 #include <utility>
@@ -19,12 +20,16 @@ namespace {
 constexpr int numberCharacters = 9;
 constexpr int proseCharacters = 26;
 constexpr double stepsOfAPage = 10.0;
+constexpr int arrowOverlap = 4;  // pixels of the arrows in the room that short numbers leave
+constexpr int millisecondsBeforeRepetition = 400, millisecondsOfRepetition = 60;
 
 }  // namespace
 
 FieldEdit::FieldEdit(TextField& theField, const Form& theForm) : field(theField), form(theForm)
 {
-    ShowCharacters(field.MeansNow() == Meaning::Prose ? proseCharacters : numberCharacters);
+    ShowCharacters(HasArrows() ? numberCharacters : proseCharacters);
+    setTextMargins(0, 0, HasArrows() ? ArrowWidth() : 0, 0);
+    setMouseTracking(true);
     connect(this, &QLineEdit::textChanged, this, &FieldEdit::Take);
     connect(this, &QLineEdit::editingFinished, this, &FieldEdit::Finish);
 }
@@ -32,7 +37,8 @@ FieldEdit::FieldEdit(TextField& theField, const Form& theForm) : field(theField)
 void FieldEdit::ShowCharacters(int characters)
 {
     constexpr int frame = 12;  // pixels, both sides together
-    setFixedWidth(fontMetrics().averageCharWidth() * characters + frame);
+    const int room = HasArrows() ? ArrowWidth() - arrowOverlap : 0;
+    setFixedWidth(fontMetrics().averageCharWidth() * characters + frame + room);
 }
 
 void FieldEdit::Refresh()
@@ -66,10 +72,92 @@ void FieldEdit::Mark(bool isRemarkedOn)
 void FieldEdit::paintEvent(QPaintEvent* event)
 {
     QLineEdit::paintEvent(event);
+    QPainter painter(this);
+    if (HasArrows()) {
+        PaintArrows(painter);
+    }
     if (isMarked) {
-        QPainter painter(this);
         painter.setPen(RemarkColor(window()->palette()));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+}
+
+bool FieldEdit::HasArrows() const
+{
+    return field.MeansNow() != Meaning::Prose;
+}
+
+int FieldEdit::ArrowWidth() const
+{
+    return fontMetrics().averageCharWidth() + 4;
+}
+
+double FieldEdit::ArrowAt(QPoint position) const
+{
+    if (!HasArrows() || isReadOnly() || !rect().contains(position) || position.x() < width() - ArrowWidth()) {
+        return 0.0;
+    }
+    return position.y() < height() / 2 ? 1.0 : -1.0;
+}
+
+void FieldEdit::PaintArrows(QPainter& painter) const
+{
+    const double half = (ArrowWidth() - 4) / 2.0, middle = height() / 2.0;
+    const double x = width() - ArrowWidth() / 2.0 - 2.0;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    for (const double direction : {1.0, -1.0}) {
+        const bool isStrong = direction == pressed;
+        painter.setBrush(isStrong || !isEnabled() ? palette().color(QPalette::Text) : WeakColor(palette()));
+        const double base = middle - direction * 2.0, tip = base - direction * half;
+        painter.drawPolygon(QPolygonF({QPointF(x - half, base), QPointF(x + half, base), QPointF(x, tip)}));
+    }
+    painter.setRenderHint(QPainter::Antialiasing, false);
+}
+
+void FieldEdit::mousePressEvent(QMouseEvent* event)
+{
+    pressed = event->button() == Qt::LeftButton ? ArrowAt(event->position().toPoint()) : 0.0;
+    if (pressed == 0.0) {
+        QLineEdit::mousePressEvent(event);
+        return;
+    }
+    Step(pressed);
+    repetition.start(millisecondsBeforeRepetition, this);
+    update();
+}
+
+/// The second press of a quick pair of clicks on an arrow is another step.
+void FieldEdit::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    ArrowAt(event->position().toPoint()) != 0.0 ? mousePressEvent(event) : QLineEdit::mouseDoubleClickEvent(event);
+}
+
+void FieldEdit::mouseMoveEvent(QMouseEvent* event)
+{
+    if (pressed == 0.0) {
+        setCursor(ArrowAt(event->position().toPoint()) != 0.0 ? Qt::ArrowCursor : Qt::IBeamCursor);
+        QLineEdit::mouseMoveEvent(event);
+    }
+}
+
+void FieldEdit::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (std::exchange(pressed, 0.0) == 0.0) {
+        QLineEdit::mouseReleaseEvent(event);
+        return;
+    }
+    repetition.stop();
+    update();
+}
+
+void FieldEdit::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() == repetition.timerId()) {
+        Step(pressed);
+        repetition.start(millisecondsOfRepetition, this);
+    } else {
+        QLineEdit::timerEvent(event);
     }
 }
 
@@ -96,7 +184,7 @@ void FieldEdit::Step(double steps)
 
 void FieldEdit::keyPressEvent(QKeyEvent* event)
 {
-    const bool isNumber = field.MeansNow() != Meaning::Prose && !isReadOnly();
+    const bool isNumber = HasArrows() && !isReadOnly();
     if (isNumber && event->key() == Qt::Key_Up) {
         Step(1.0);
     } else if (isNumber && event->key() == Qt::Key_Down) {

@@ -43,7 +43,7 @@ QColor WeakColor(const QPalette& palette)
 FormGroup::FormGroup(const QString& heading, const QString& name)
     : said(new ElidedLabel(Qt::ElideRight)), fields(new QGridLayout)
 {
-    setFlat(true);
+    setContentsMargins(0, 0, 0, 0);
     setAccessibleName(heading);
     said->setObjectName(name);
     said->setTextFormat(Qt::PlainText);
@@ -83,5 +83,17 @@ void FormGroup::Say(const QString& remark, const QString& known)
 
 /// Paints nothing: the heading is a label, and a group has no frame.
 void FormGroup::paintEvent(QPaintEvent* /*event*/) {}
+
+// Passed over because a group box would reserve room for its frame here.
+
+void FormGroup::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+}
+
+void FormGroup::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+}
 
 }  // namespace linealis::desktop

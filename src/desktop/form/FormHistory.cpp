@@ -1,9 +1,7 @@
 #include "desktop/form/FormHistory.h"
 
 #include "desktop/system/Text.h"
-#include "pipeline/form/FieldWords.h"
-#include "pipeline/form/SetControl.h"
-#include "text/ShortText.h"
+#include "pipeline/form/FormLayout.h"
 
 #include <QUndoCommand>
 #include <utility>
@@ -66,11 +64,7 @@ bool FormHistory::Commit(const QString& name)
 
 void FormHistory::CommitChangeOf(const Control& control)
 {
-    const std::string before = ValueIn(control, last.form.at(window.form.PlaceOf(control)));
-    const std::string now = ValueOf(control);
-    const auto words = [](const std::string& value) { return value.empty() ? "nothing" : Shortened(value); };
-    Commit(before == now ? QStringLiteral("Change")
-                         : ToQt(WholeName(window.form, control) + " " + words(before) + " → " + words(now)));
+    Commit(ToQt(ChangeWords(window.form, control, last.form.at(window.form.PlaceOf(control)))));
 }
 
 QString FormHistory::Undo()

@@ -11,12 +11,6 @@ namespace {
 
 constexpr Qt::Alignment captionAlignment = Qt::AlignRight | Qt::AlignVCenter;
 
-/// Whether the control belongs in the same cell as the control before it.
-bool ContinuesCell(const Control& control)
-{
-    return control.Declared().beside && (control.Kind() == ControlKind::Label || control.Caption().empty());
-}
-
 QHBoxLayout* BoxOf(std::span<const RowItem> cell)
 {
     auto* const box = new QHBoxLayout;
@@ -39,7 +33,7 @@ std::vector<FormRows::Cell> FormRows::CellsOf(const std::vector<RowItem>& items)
 {
     std::vector<Cell> cells;
     for (const RowItem& item : items) {
-        if (cells.empty() || !ContinuesCell(*item.control)) {
+        if (cells.empty() || !item.continuesCell) {
             cells.emplace_back();
         }
         cells.back().push_back(item);

@@ -18,6 +18,7 @@ struct RowItem {
     QWidget* widget;
     QWidget* caption = nullptr;  ///< before the widget; may be null
     QLabel* readout = nullptr;   ///< after the widget; may be null
+    bool continuesCell = false;  ///< belongs in the same cell as the control before it
 };
 
 /// Lays out the rows of a group in its grid, from top to bottom. Captions go into the even columns, aligned to the

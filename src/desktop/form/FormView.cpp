@@ -7,9 +7,6 @@
 #include "desktop/form/QuickButton.h"
 #include "desktop/system/Text.h"
 #include "pipeline/form/FieldWords.h"
-#include "pipeline/form/LengthText.h"
-#include "pipeline/form/SetControl.h"
-#include "text/Numbers.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -24,75 +21,12 @@ namespace linealis::desktop {
 
 namespace {
 
-QString TitleOf(Group group)
-{
-    switch (group) {
-    case Group::Page:
-        return QStringLiteral("Page");
-    case Group::Spacing:
-        return QStringLiteral("Spacing");
-    case Group::Axes:
-        return QStringLiteral("Axes");
-    case Group::Lines:
-        return QStringLiteral("Lines and Colors");
-    case Group::Text:
-        return QStringLiteral("Text");
-    case Group::Margins:
-        return QStringLiteral("Margins:");
-    case Group::File:
-        return QStringLiteral("File");
-    }
-    return {};
-}
-
-/// Returns the remark on a field with its caption: "Circles: counts as 1". Empty if there is none.
-QString RemarkText(const Form& form, const TextField& field)
-{
-    const auto typed = TypedNumber(field.Text(), form, field);
-    QString remark =
-        typed ? QStringLiteral("becomes %1 when you leave the field").arg(ToQt(Str(*typed))) : ToQt(field.Remark());
-    QString caption = CaptionText(field).replace(QLatin1Char('\n'), QLatin1Char(' '));
-    if (remark.isEmpty() || caption.isEmpty()) {
-        return remark;
-    }
-    if (!caption.endsWith(QLatin1Char(':'))) {
-        caption += QLatin1Char(':');
-    }
-    return caption + QLatin1Char(' ') + remark;
-}
-
-bool IsTableRow(const Form::Row& row)
-{
-    return row.back()->Declared().captionAbove;
-}
-
-bool HasTables(const Form& form)
-{
-    return std::any_of(form.Controls().begin(), form.Controls().end(),
-                       [](const Control* control) { return control->Declared().captionAbove; });
-}
-
 /// Returns how many cells a line may have. Simple forms stay narrow. A form with tables is as wide as its tables,
 /// so its lines can be longer.
 std::size_t CellsPerLine(const Form& form, Group group)
 {
     constexpr std::size_t few = 2, many = FormRows::columns;
-    return HasTables(form) && group != Group::Page && group != Group::Margins ? many : few;
-}
-
-bool HoldsLength(const TextField& field)
-{
-    const Quantity quantity = FactsOf(field.Declared().meaning).quantity;
-    return quantity == Quantity::Length || quantity == Quantity::CountPerUnit;
-}
-
-/// Returns what the full name of a field adds to its caption: "X axis" for the caption "Title:" of "X axis title".
-/// Empty if the caption is enough.
-QString RowNameOf(const Control& control)
-{
-    const QString name = ToQt(control.Declared().fullName);
-    const QString caption = QLatin1Char(' ') + CaptionText(control).remove(QLatin1Char(':')).toLower();
-    return name.endsWith(caption) ? name.chopped(caption.size()) : QString();
+    return HasTables(form) && group != Group::Page ? many : few;
 }
 
 /// Returns the width of the widest caption at the start of a row, in pixels.
@@ -110,15 +44,16 @@ int CaptionWidth(const QGridLayout& grid)
 
 FormView::FormView(Form& theForm, GroupBoxes groupBoxes, std::function<void(Swatch& swatch)> onSwatch,
                    QWidget* parent)
-    : QWidget(parent), form(theForm), events{std::move(onSwatch),
-                                             [this](const Control& control) {
-                                                 FollowLink(control);
-                                                 emit Committed(control);
-                                             }},
+    : QWidget(parent), form(theForm), arrangement(LayoutOf(form)), events{std::move(onSwatch),
+                                                                          [this](const Control& control) {
+                                                                              FollowLink(control);
+                                                                              emit Committed(control);
+                                                                          }},
       column(new QVBoxLayout(this))
 {
-    column->setSpacing(12);
-    for (const Group group : allGroups) {
+    column->setContentsMargins(8, 4, 8, 4);
+    column->setSpacing(10);
+    for (const LaidGroup& group : arrangement) {
         AddGroup(group, groupBoxes);
     }
     column->addStretch(1);
@@ -156,11 +91,18 @@ QWidget* FormView::TakeLastGroup()
 void FormView::AddBeside(const Control& control, QWidget* widget)
 {
     QWidget* const neighbor = controls.at(&control).control.widget;
+    controls.at(&control).beside = widget;
+    widget->setEnabled(control.IsEnabled());
     auto* const pair = new QWidget;
     auto* const row = new QHBoxLayout(pair);
     row->setContentsMargins(0, 0, 0, 0);
     delete neighbor->parentWidget()->layout()->replaceWidget(neighbor, pair);
     row->addWidget(neighbor);
+    for (const ShownReadout& readout : readouts) {
+        if (readout.fields.size() == 1 && readout.fields.front() == &control) {
+            row->addWidget(readout.label);
+        }
+    }
     row->addWidget(widget);
     QWidget* last = neighbor;
     for (QWidget* const part : widget->findChildren<QWidget*>()) {
@@ -180,30 +122,35 @@ void FormView::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
 }
 
-void FormView::AddGroup(Group group, GroupBoxes groupBoxes)
+void FormView::AddGroup(const LaidGroup& laid, GroupBoxes groupBoxes)
 {
-    const std::vector<Form::Row> rows = form.Rows(group);
-    if (rows.empty()) {
-        return;
-    }
+    const std::vector<LaidRow>& rows = laid.rows;
+    const Group group = laid.group;
     const bool hasHeading = groupBoxes == GroupBoxes::withHeading && group != Group::File;
-    auto* const box = new FormGroup(
-        hasHeading ? TitleOf(group) : QString(),
-        group == Group::File ? QString() : QStringLiteral("Remark") + ToQt(rows.front().front()->Name()));
+    const bool hasFields = std::any_of(rows.begin(), rows.end(), [](const LaidRow& row) {
+        return std::any_of(row.places.begin(), row.places.end(),
+                           [](const LaidControl& place) { return place.control->Kind() == ControlKind::Text; });
+    });
+    auto* const box =
+        new FormGroup(hasHeading ? ToQt(TitleOf(group)) : QString(),
+                      group == Group::File || !hasFields
+                          ? QString()
+                          : QStringLiteral("Remark") + ToQt(rows.front().places.front().control->Name()));
     groups[group] = box;
-    const bool textsHaveChecks = std::any_of(rows.begin(), rows.end(), [](const Form::Row& row) {
-        return row.size() > 1 && IsProse(*row[0]) && row[1]->Kind() == ControlKind::Check;
+    const bool textsHaveChecks = std::any_of(rows.begin(), rows.end(), [](const LaidRow& row) {
+        return row.places.size() > 1 && IsProse(*row.places[0].control) &&
+               row.places[1].control->Kind() == ControlKind::Check;
     });
     FormRows lines(box->Fields(), CellsPerLine(form, group), textsHaveChecks);
-    for (const Form::Row& row : rows) {
-        if (!IsTableRow(row)) {
+    for (const LaidRow& row : rows) {
+        if (!row.isOfTable) {
             AddRow(lines, row);
             continue;
         }
         if (&row == &rows.front()) {
             AddHeadings(box->Fields(), row);
         }
-        AddTableRow(lines, row, &row == &rows.front() ? nullptr : &row - 1);
+        AddTableRow(lines, row);
     }
     if (hasHeading && group == Group::Margins) {
         box->AddToHeading(MakeLinkButton());
@@ -214,48 +161,40 @@ void FormView::AddGroup(Group group, GroupBoxes groupBoxes)
     column->addLayout(lastRow);
 }
 
-void FormView::AddHeadings(QGridLayout& grid, const Form::Row& row)
+void FormView::AddHeadings(QGridLayout& grid, const LaidRow& row)
 {
     const int line = grid.rowCount();
     int place = 0;
-    for (Control* const control : row) {
-        if (control->Declared().captionAbove) {
-            Label* const label = control->CaptionLabel();
-            QWidget* const heading = label == nullptr ? new QLabel(CaptionText(*control)) : MakeWidget(*label);
+    for (const LaidControl& laid : row.places) {
+        if (laid.control->Declared().captionAbove) {
+            Label* const label = laid.control->CaptionLabel();
+            QWidget* const heading = label == nullptr ? new QLabel(CaptionText(*laid.control)) : MakeWidget(*label);
             grid.addWidget(heading, line, place, Qt::AlignLeft | Qt::AlignBottom);
         }
         ++place;
     }
 }
 
-void FormView::AddTableRow(FormRows& rows, const Form::Row& row, const Form::Row* above)
+void FormView::AddTableRow(FormRows& rows, const LaidRow& row)
 {
     std::vector<RowItem> items;
-    for (Control* const control : row) {
-        items.push_back({control, MakeWidget(*control)});
+    for (const LaidControl& place : row.places) {
+        items.push_back({place.control, MakeWidget(*place.control)});
     }
-    std::vector<QWidget*> behind = {MakeReadout(row, false, true)};
-    if (above != nullptr) {
-        behind.push_back(MakeCopyButton(row, *above));
+    std::vector<QWidget*> behind = {MakeReadout(row.Controls(), {.hasLength = true})};
+    if (row.above != nullptr) {
+        behind.push_back(MakeCopyButton(row));
     }
     rows.AddToTable(items, behind);
 }
 
-QWidget* FormView::MakeCopyButton(const Form::Row& row, const Form::Row& above)
+QWidget* FormView::MakeCopyButton(const LaidRow& row)
 {
-    const auto plain = [](const Control& control) { return CaptionText(control).remove(QLatin1Char(':')); };
-    const QString name = tr("%1 like %2").arg(plain(*row.front()), plain(*above.front()));
-    QToolButton* const button =
-        MakeQuickButton(ToolIcon::FromAbove, QStringLiteral("Copy") + ToQt(row.front()->Name()), name);
-    connect(button, &QToolButton::clicked, this, [this, row, above, name] {
-        emit FillWanted(name, [&] {
-            for (std::size_t i = 0; i < std::min(row.size(), above.size()); ++i) {
-                if (row[i]->Kind() != ControlKind::Label) {
-                    SetControl({}, form, {row[i]->Name(), ValueOf(*above[i])});
-                }
-            }
-        });
-    });
+    const QString name = ToQt(NameOfCopy(row));
+    QToolButton* const button = MakeQuickButton(
+        ToolIcon::FromAbove, QStringLiteral("Copy") + ToQt(row.places.front().control->Name()), name);
+    connect(button, &QToolButton::clicked, this,
+            [this, &row, name] { emit FillWanted(name, [&] { CopyFromAbove(form, row); }); });
     return button;
 }
 
@@ -270,41 +209,27 @@ QWidget* FormView::MakeLinkButton()
 
 void FormView::FollowLink(const Control& control)
 {
-    if (!marginsAreLinked || control.InGroup() != Group::Margins || control.Kind() != ControlKind::Text) {
-        return;
-    }
-    for (const Form::Row& row : form.Rows(Group::Margins)) {
-        for (Control* const margin : row) {
-            if (margin->Kind() == ControlKind::Text) {
-                static_cast<TextField&>(*margin).SetText(static_cast<const TextField&>(control).Text());
-            }
-        }
+    if (marginsAreLinked) {
+        LinkMargins(form, control);
     }
 }
 
-void FormView::AddRow(FormRows& rows, const Form::Row& row)
+void FormView::AddRow(FormRows& rows, const LaidRow& row)
 {
     // Two prose fields in one row of a narrow form get less width, so that they fit side by side.
-    constexpr int fewCharacters = 18;
-    const bool sharesLine = !HasTables(form) && std::count_if(row.begin(), row.end(), [](const Control* control) {
-                                                    return IsProse(*control);
-                                                }) > 1;
+    constexpr int fewCharacters = 19;
     std::vector<RowItem> items;
-    for (std::size_t i = 0; i < row.size(); ++i) {
-        Control* const control = row[i];
-        RowItem item{control, MakeWidget(*control), WithRowName(*control, MakeCaption(*control))};
-        if (control->Kind() == ControlKind::Text && !IsProse(*control)) {
-            const auto& field = static_cast<const TextField&>(*control);
-            const Group group = control->InGroup();
-            // A label after the field shows its unit already.
-            const bool isBeforeUnit = i + 1 < row.size() && row[i + 1]->Kind() == ControlKind::Label;
-            const bool hasUnit = !isBeforeUnit && !(HasTables(form) && group == Group::Text);
-            const bool hasLength = (group == Group::Spacing || group == Group::Lines) && HoldsLength(field);
-            if (hasLength || (hasUnit && !UnitWord(form, field).empty())) {
-                item.readout = MakeReadout({control}, hasUnit, hasLength);
-            }
+    for (const LaidControl& place : row.places) {
+        Control& control = *place.control;
+        RowItem item{&control, MakeWidget(control)};
+        item.continuesCell = place.continuesCell;
+        if (place.hasCaption) {
+            item.caption = WithRowName(place.rowName, MakeCaption(control));
         }
-        if (sharesLine && IsProse(*control)) {
+        if (!place.readout.IsEmpty()) {
+            item.readout = MakeReadout({&control}, place.readout);
+        }
+        if (place.isShort) {
             static_cast<FieldEdit*>(item.widget)->ShowCharacters(fewCharacters);
         }
         items.push_back(item);
@@ -312,12 +237,12 @@ void FormView::AddRow(FormRows& rows, const Form::Row& row)
     rows.Add(items);
 }
 
-QLabel* FormView::MakeReadout(const Form::Row& fields, bool hasUnit, bool hasLength)
+QLabel* FormView::MakeReadout(const Form::Row& fields, const ReadoutParts& parts)
 {
-    QLabel* const label = hasLength ? new ElidedLabel(Qt::ElideRight) : new QLabel;
+    QLabel* const label = parts.hasLength ? new ElidedLabel(Qt::ElideRight) : new QLabel;
     label->setTextFormat(Qt::PlainText);
     label->setObjectName(QStringLiteral("Readout") + ToQt(fields.front()->Name()));
-    readouts.push_back({fields, label, hasUnit, hasLength});
+    readouts.push_back({fields, label, parts});
     weakLabels.push_back(label);
     return label;
 }
@@ -332,10 +257,10 @@ void FormView::Align()
         box->Fields().setColumnMinimumWidth(0, group == Group::File ? 0 : width);
     }
     for (const ShownReadout& readout : readouts) {
-        if (readout.hasLength && readout.fields.size() == 1) {
+        if (readout.parts.hasLength && readout.fields.size() == 1) {
             const QString typical = QStringLiteral("= 188.88 mm");  // a typical wide readout
             readout.label->setFixedWidth(
-                fontMetrics().horizontalAdvance(readout.hasUnit ? QStringLiteral("in ") + typical : typical));
+                fontMetrics().horizontalAdvance(readout.parts.hasUnit ? QStringLiteral("in ") + typical : typical));
         }
     }
 }
@@ -348,11 +273,6 @@ QWidget* FormView::MakeWidget(Control& control)
 
 QLabel* FormView::MakeCaption(Control& control)
 {
-    const bool hasNone = control.Caption().empty() || control.Declared().captionAbove ||
-                         control.Kind() == ControlKind::Check || control.Kind() == ControlKind::Label;
-    if (hasNone) {
-        return nullptr;
-    }
     QLabel* caption = nullptr;
     if (Label* const label = control.CaptionLabel()) {
         caption = static_cast<QLabel*>(MakeWidget(*label));
@@ -364,16 +284,15 @@ QLabel* FormView::MakeCaption(Control& control)
     return caption;
 }
 
-QWidget* FormView::WithRowName(const Control& control, QLabel* caption)
+QWidget* FormView::WithRowName(const std::string& name, QLabel* caption)
 {
-    const QString name = RowNameOf(control);
-    if (caption == nullptr || name.isEmpty()) {
+    if (name.empty()) {
         return caption;
     }
     auto* const both = new QWidget;
     auto* const row = new QHBoxLayout(both);
     row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(weakLabels.emplace_back(new QLabel(name)));
+    row->addWidget(weakLabels.emplace_back(new QLabel(Translated(name))));
     row->addWidget(caption);
     return both;
 }
@@ -389,6 +308,9 @@ void FormView::Refresh(const Control& control)
     shown.control.widget->setEnabled(control.IsEnabled());
     if (shown.caption != nullptr) {
         shown.caption->setEnabled(control.IsEnabled());
+    }
+    if (shown.beside != nullptr) {
+        shown.beside->setEnabled(control.IsEnabled());
     }
     if (control.Kind() == ControlKind::Text) {
         ShowRemarks(control.InGroup());
@@ -411,21 +333,13 @@ void FormView::RefreshAll()
 void FormView::ShowReadouts()
 {
     for (const ShownReadout& readout : readouts) {
-        std::string text;
-        if (readout.hasUnit) {
-            text = UnitWord(form, static_cast<const TextField&>(*readout.fields.front()));
-        }
-        const bool isInMetricUnit = text == "cm";
-        if (const std::string length = Readout(readout.fields, form.UnitOfLengths());
-            readout.hasLength && !isInMetricUnit && !length.empty()) {
-            text += (text.empty() ? "" : " ") + length;
-        }
+        const QString text = ToQt(ReadoutText(form, readout.fields, readout.parts));
         if (readout.fields.size() > 1) {
-            readout.label->setVisible(!text.empty());  // so that what follows it stands directly after the fields
+            readout.label->setVisible(!text.isEmpty());  // so that what follows it stands directly after the fields
         }
-        if (readout.label->text() != ToQt(text)) {
-            readout.label->setText(ToQt(text));
-            readout.label->setToolTip(ToQt(text));  // the label may show only a part
+        if (readout.label->text() != text) {
+            readout.label->setText(text);
+            readout.label->setToolTip(text);  // the label may show only a part
         }
     }
 }
@@ -447,17 +361,7 @@ void FormView::FinishEdit()
 
 QString FormView::Known(Group group) const
 {
-    if (group == Group::Spacing) {
-        return summary;
-    }
-    if (group == Group::Margins && form.UnitOfLengths() == LengthUnit::Inches) {
-        Form::Row fields;
-        for (const Form::Row& row : form.Rows(group)) {
-            fields.insert(fields.end(), row.begin(), row.end());
-        }
-        return ToQt(Readout(fields, LengthUnit::Inches));
-    }
-    return {};
+    return group == Group::Spacing ? summary : ToQt(KnownOf(form, group));
 }
 
 void FormView::ShowRemarks(Group group)
@@ -475,7 +379,7 @@ void FormView::ShowRemarks(Group group)
 QString FormView::ShowRemark(const TextField& field)
 {
     auto& edit = static_cast<FieldEdit&>(*controls.at(&field).control.widget);
-    QString remark = RemarkText(form, field);
+    QString remark = ToQt(RemarkWithCaption(form, field));
     edit.Mark(!remark.isEmpty());
     const QString hint = ToQt(HintOf(field));
     // The remark is repeated here because the group may show only a part of it.

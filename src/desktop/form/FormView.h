@@ -1,7 +1,7 @@
 #pragma once
 
 #include "desktop/form/ControlWidgets.h"
-#include "pipeline/form/Form.h"
+#include "pipeline/form/FormLayout.h"
 
 #include <QWidget>
 #include <functional>
@@ -38,8 +38,8 @@ public:
     /// The view keeps its controls up to date.
     QWidget* TakeLastGroup();
 
-    /// Puts a widget directly after that of a control, on the same line and next in the order of Tab. The control
-    /// must have a widget.
+    /// Puts a widget directly after that of a control, on the same line and next in the order of Tab. It is enabled
+    /// while the control is. The control must have a widget.
     void AddBeside(const Control& control, QWidget* widget);
     /// Shows a summary of the page next to the heading of the spacings, unless there are remarks to show.
     void ShowSummary(const QString& words);
@@ -65,38 +65,36 @@ private:
     struct Shown {
         ControlWidget control;
         QLabel* caption = nullptr;  ///< null if there is no caption, or if it is a Label with its own entry
+        QWidget* beside = nullptr;  ///< see AddBeside; null if there is none
     };
 
-    /// The label after one or more fields: the unit of a single field, and the lengths of all in millimeters.
+    /// The label after one or more fields.
     struct ShownReadout {
         Form::Row fields;
         QLabel* label;
-        bool hasUnit;
-        bool hasLength;
+        ReadoutParts parts;
     };
 
-    void AddGroup(Group group, GroupBoxes groupBoxes);
+    void AddGroup(const LaidGroup& laid, GroupBoxes groupBoxes);
     /// Adds the headings of a table, taken from the captions of its first row.
-    void AddHeadings(QGridLayout& grid, const Form::Row& row);
-    void AddRow(FormRows& rows, const Form::Row& row);
-    /// `above` is the row above in the table, or null.
-    void AddTableRow(FormRows& rows, const Form::Row& row, const Form::Row* above);
+    void AddHeadings(QGridLayout& grid, const LaidRow& row);
+    void AddRow(FormRows& rows, const LaidRow& row);
+    void AddTableRow(FormRows& rows, const LaidRow& row);
     /// Makes a button that fills in a row of a table with the values of the row above.
-    QWidget* MakeCopyButton(const Form::Row& row, const Form::Row& above);
+    QWidget* MakeCopyButton(const LaidRow& row);
     /// Makes a button that keeps all margins equal as long as it is down.
     QWidget* MakeLinkButton();
     /// Called when the user has changed a control. If it is a margin and margins are linked, the others follow.
     void FollowLink(const Control& control);
-    QLabel* MakeReadout(const Form::Row& fields, bool hasUnit, bool hasLength);
+    QLabel* MakeReadout(const Form::Row& fields, const ReadoutParts& parts);
     /// Gives the captions at the start of rows the same width in all groups, and the readouts of single fields a
     /// width that does not depend on their texts.
     void Align();
     QWidget* MakeWidget(Control& control);
-    /// Makes the label before a control and sets the control as its buddy. Returns null if there is no caption
-    /// before the control.
+    /// Makes the label before a control and sets the control as its buddy.
     QLabel* MakeCaption(Control& control);
-    /// Puts the name of the row before the caption of a control, if the caption is not enough: "X axis  Title:".
-    QWidget* WithRowName(const Control& control, QLabel* caption);
+    /// Puts the name of the row before the caption of a control, unless it is empty: "X axis  Title:".
+    QWidget* WithRowName(const std::string& name, QLabel* caption);
 
     /// Updates the widgets of a control. Does nothing if the view does not show it.
     void Refresh(const Control& control);
@@ -111,6 +109,7 @@ private:
     QString ShowRemark(const TextField& field);
 
     Form& form;
+    std::vector<LaidGroup> arrangement;
     ControlEvents events;
     QVBoxLayout* column;
     QHBoxLayout* lastRow = nullptr;  ///< contains the last group, for TakeLastGroup

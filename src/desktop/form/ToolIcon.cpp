@@ -82,6 +82,18 @@ QPainterPath LinesOf(ToolIcon icon)
         AddLines(path, {{8, 5.5}, {8, 13}});
         AddLines(path, {{4.5, 9.5}, {8, 13}, {11.5, 9.5}});
         break;
+    case ToolIcon::Today:  // a leaf of a calendar with one day
+        path.addRect(QRectF(2.5, 3.5, 11, 10.5));
+        AddLines(path, {{2.5, 6.5}, {13.5, 6.5}});
+        AddLines(path, {{5.5, 1.8}, {5.5, 3.5}});
+        AddLines(path, {{10.5, 1.8}, {10.5, 3.5}});
+        path.addRect(QRectF(7, 9, 2, 2));
+        break;
+    case ToolIcon::Center:  // lines of text about an axis
+        AddLines(path, {{8, 1.5}, {8, 14.5}});
+        AddLines(path, {{2.5, 5}, {13.5, 5}});
+        AddLines(path, {{4.5, 11}, {11.5, 11}});
+        break;
     case ToolIcon::Warning:  // a triangle with an exclamation mark
         AddLines(path, {{8, 2}, {14.5, 13.5}, {1.5, 13.5}, {8, 2}});
         AddLines(path, {{8, 6.5}, {8, 9.5}});

@@ -123,7 +123,7 @@ QWidget* LivePane::MakeTools()
 void LivePane::Show(const PaperPage& shown, const QString& summary)
 {
     inInches = shown.frame.IsInInches();
-    unit->setText(inInches ? tr("in") : tr("cm"));
+    unit->setText(inInches ? QStringLiteral("in") : QStringLiteral("cm"));
     words->setText(summary);
     words->setToolTip(summary);
     page->Show(shown, summary);

@@ -25,7 +25,7 @@ public:
     /// Shows another page. `summary` describes it in words.
     void Show(const PaperPage& shown, const QString& summary);
 
-    QSize sizeHint() const override { return {420, 560}; }
+    QSize sizeHint() const override { return {520, 560}; }
 
 private:
     QWidget* MakeTools();

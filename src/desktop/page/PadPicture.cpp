@@ -145,7 +145,7 @@ void PadPicture::PaintSide(QPainter& painter, const QRectF& place, const Side& s
     painter.setPen(palette().color(QPalette::WindowText));
     const QRectF caption(place.left(), place.bottom() + gap / 4.0, place.width(), CaptionHeight(*this));
     painter.drawText(caption, Qt::AlignHCenter | Qt::AlignTop | Qt::TextDontClip,
-                     isFront ? tr("Front") : tr("Back"));
+                     isFront ? tr("Front side") : tr("Back side"));
 }
 
 void PadPicture::paintEvent(QPaintEvent* /*event*/)

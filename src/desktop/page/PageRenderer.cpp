@@ -140,7 +140,7 @@ void PageRenderer::Draw(const PaperPage& page)
     } catch (const PageTooLarge&) {
         drawnProblem = tr("The page is very large; only its beginning is shown");
     } catch (const PageGivenUp& givenUp) {
-        drawnProblem = QString::fromUtf8(givenUp.reason);
+        drawnProblem = ToQt(Message(givenUp.reason));
     }
     roles = pdf.Roles();
     content = pdf.Stream();

@@ -55,16 +55,16 @@ Application::Application(int& theArgc, char** argv) : QApplication(theArgc, argv
 
 bool Application::notify(QObject* receiver, QEvent* event)
 {
-    std::string error;
+    Message error;
     try {
         return QApplication::notify(receiver, event);
     } catch (const std::bad_alloc&) {
-        error = "there is not enough memory";
+        error = Message("there is not enough memory");
     } catch (const std::exception& exception) {
-        error = exception.what();
+        error = Message::Verbatim(exception.what());
     }
     if (onError) {
-        onError("That failed: " + error + ". Nothing has changed.");
+        onError(Message("That failed: %1. Nothing has changed.", error));
     }
     return true;
 }

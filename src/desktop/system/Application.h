@@ -1,8 +1,9 @@
 #pragma once
 
+#include "text/Message.h"
+
 #include <QApplication>
 #include <functional>
-#include <string>
 
 namespace linealis::desktop {
 
@@ -17,7 +18,7 @@ public:
     Application(int& theArgc, char** argv);
 
     /// Shows the message of an exception. If empty, exceptions are discarded.
-    std::function<void(const std::string& message)> onError;
+    std::function<void(const Message& message)> onError;
 
     bool notify(QObject* receiver, QEvent* event) override;
 };

@@ -83,11 +83,10 @@ void Prepare(QFileDialog& dialog, const FileType& type, QFileDialog::AcceptMode 
     dialog.setFileMode(mode == QFileDialog::AcceptSave ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     if (!type.extension.empty()) {
         const QString extension = ToQt(type.extension);
-        const QString name = type.extension == "pdf" ? QStringLiteral("PDF documents") : QStringLiteral("Settings");
+        const QString name = type.extension == "pdf" ? Translated("PDF documents") : Translated("Settings");
         QStringList filters = {QStringLiteral("%1 (*.%2)").arg(name, extension)};
         if (mode == QFileDialog::AcceptOpen) {
-            filters
-                << QStringLiteral("Pages that carry their form (%1)").arg(CarrierPatterns().join(QLatin1Char(' ')));
+            filters << Translated("Pages that carry their form (%1)").arg(CarrierPatterns().join(QLatin1Char(' ')));
         }
         dialog.setNameFilters(filters);
         dialog.setDefaultSuffix(extension);
@@ -109,13 +108,12 @@ DesktopPlatform::DesktopPlatform()
     sinceLastTurn.start();
 }
 
-void DesktopPlatform::MsgBox(const std::string& text)
+void DesktopPlatform::MsgBox(const Message& text)
 {
     ShowMessage(QMessageBox::Information, text, {});
 }
 
-void DesktopPlatform::MsgBoxUnlessHidden(const std::string& text, const std::string& explanation,
-                                         std::string_view name)
+void DesktopPlatform::MsgBoxUnlessHidden(const Message& text, const Message& explanation, std::string_view name)
 {
     WindowSettings settings;
     const QString key = QStringLiteral("hiddenMessages/") + ToQt(name);
@@ -127,7 +125,7 @@ void DesktopPlatform::MsgBoxUnlessHidden(const std::string& text, const std::str
     }
 }
 
-bool DesktopPlatform::ShowMessage(QMessageBox::Icon icon, const std::string& text, const QString& more,
+bool DesktopPlatform::ShowMessage(QMessageBox::Icon icon, const Message& text, const QString& more,
                                   const QString& choice)
 {
     QMessageBox box(icon, QStringLiteral("Linealis"), ToQt(text), QMessageBox::Ok, QApplication::activeWindow());
@@ -171,7 +169,7 @@ FolderItem DesktopPlatform::AskForFile(const FileType& type, QFileDialog::Accept
     return ToItem(path);
 }
 
-QStringList DesktopPlatform::AskForSettings()
+QStringList DesktopPlatform::AskForSettings(QFileDialog::FileMode howMany)
 {
     QStringList patterns;
     for (const PaperKind& kind : PaperKinds()) {
@@ -179,9 +177,9 @@ QStringList DesktopPlatform::AskForSettings()
     }
     QFileDialog dialog(QApplication::activeWindow(), tr("Open Settings"));
     GoToFolder(dialog, QString::fromLatin1(settingsFolderKey));
-    dialog.setFileMode(QFileDialog::ExistingFiles);
+    dialog.setFileMode(howMany);
     patterns << CarrierPatterns();
-    dialog.setNameFilter(QStringLiteral("Settings (%1)").arg(patterns.join(QLatin1Char(' '))));
+    dialog.setNameFilter(Translated("Settings (%1)").arg(patterns.join(QLatin1Char(' '))));
     if (RunModal(dialog) != QDialog::Accepted) {
         return {};
     }
@@ -197,12 +195,12 @@ MessageDialog::Button DesktopPlatform::ShowModal(const MessageDialog& dialog)
     QPushButton* const action = box.addButton(ToQt(dialog.actionButton), QMessageBox::AcceptRole);
     box.setDefaultButton(action);
     QAbstractButton* cancel = nullptr;
-    if (!dialog.cancelButton.empty()) {
+    if (!dialog.cancelButton.IsEmpty()) {
         cancel = box.addButton(ToQt(dialog.cancelButton), QMessageBox::RejectRole);
         box.setEscapeButton(cancel);
     }
     QAbstractButton* alternate = nullptr;
-    if (!dialog.alternateActionButton.empty()) {
+    if (!dialog.alternateActionButton.IsEmpty()) {
         alternate = box.addButton(ToQt(dialog.alternateActionButton), QMessageBox::DestructiveRole);
     }
     RunModal(box);
@@ -214,14 +212,14 @@ MessageDialog::Button DesktopPlatform::ShowModal(const MessageDialog& dialog)
                                                       : MessageDialog::Button::Cancel;
 }
 
-void DesktopPlatform::ShowFileError(const FolderItem& /*file*/, const std::string& text, const std::string& reason)
+void DesktopPlatform::ShowFileError(const FolderItem& /*file*/, const Message& text, const Message& reason)
 {
     // Some messages contain the reason already.
-    const bool said = text.find(reason) != std::string::npos;
+    const bool said = ToQt(text).contains(ToQt(reason));
     ShowMessage(QMessageBox::Warning, text, said ? QString() : ToQt(reason));
 }
 
-void DesktopPlatform::Note(const std::string& text)
+void DesktopPlatform::Note(const Message& text)
 {
     note = ToQt(text);
 }
@@ -241,7 +239,7 @@ bool DesktopPlatform::ShiftKey() const
     return QApplication::keyboardModifiers().testFlag(Qt::ShiftModifier);
 }
 
-bool DesktopPlatform::SelectColor(Color& color, const std::string& title)
+bool DesktopPlatform::SelectColor(Color& color, const Message& title)
 {
     QColorDialog dialog(QColor(color.red, color.green, color.blue), QApplication::activeWindow());
     dialog.setWindowTitle(ToQt(title));

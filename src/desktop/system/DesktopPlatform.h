@@ -26,16 +26,15 @@ class DesktopPlatform final : public QObject, public Platform {
 public:
     DesktopPlatform();
 
-    void MsgBox(const std::string& text) override;
-    void MsgBoxUnlessHidden(const std::string& text, const std::string& explanation,
-                            std::string_view name) override;
+    void MsgBox(const Message& text) override;
+    void MsgBoxUnlessHidden(const Message& text, const Message& explanation, std::string_view name) override;
     MessageDialog::Button ShowModal(const MessageDialog& dialog) override;
-    void ShowFileError(const FolderItem& file, const std::string& text, const std::string& reason) override;
-    void Note(const std::string& text) override;
+    void ShowFileError(const FolderItem& file, const Message& text, const Message& reason) override;
+    void Note(const Message& text) override;
     FolderItem GetSaveFolderItem(const FileType& type, const std::string& suggestedName) override;
     FolderItem GetOpenFolderItem(const FileType& type) override;
     bool ShiftKey() const override;
-    bool SelectColor(Color& color, const std::string& title) override;
+    bool SelectColor(Color& color, const Message& title) override;
     bool Launch(const FolderItem& file) override;
     void ShowURL(const std::string& url) override;
     void FetchInBackground(const std::string& url, std::function<void(const std::string& page)> onReply) override;
@@ -56,8 +55,8 @@ public:
     /// is true. Calls can be nested; then only the innermost `stop` counts.
     void RunStoppable(const bool& stop, const std::function<void()>& work);
 
-    /// Asks for settings files of any kind of paper. Returns an empty list if the user cancels.
-    QStringList AskForSettings();
+    /// Asks for settings files of any kind of paper, or only one. Returns an empty list if the user cancels.
+    QStringList AskForSettings(QFileDialog::FileMode howMany = QFileDialog::ExistingFiles);
 
     /// Whether RunStoppable is running.
     bool IsBusy() const { return !stops.empty(); }
@@ -80,8 +79,7 @@ signals:
 private:
     /// Shows a message, with `more` as additional text. `choice` is the caption of a check box below it; an empty
     /// one adds no check box. Returns whether the box was checked.
-    bool ShowMessage(QMessageBox::Icon icon, const std::string& text, const QString& more,
-                     const QString& choice = {});
+    bool ShowMessage(QMessageBox::Icon icon, const Message& text, const QString& more, const QString& choice = {});
     /// Shows a file dialog for the type. Returns an empty reference if the user cancels.
     FolderItem AskForFile(const FileType& type, QFileDialog::AcceptMode mode, const QString& suggestedName);
     void EmitIfIdle();

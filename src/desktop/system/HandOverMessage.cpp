@@ -4,10 +4,20 @@
 
 namespace linealis::desktop {
 
-std::string HandOverMessage(const std::vector<std::string>& files)
+namespace {
+
+constexpr std::string_view tokenPrefix =
+    "activation-token:";  // file names are absolute paths or begin with "paper:"
+
+}  // namespace
+
+std::string HandOverMessage(const StartRequest& request)
 {
     std::string message;
-    for (const std::string& file : files) {
+    if (!request.activationToken.empty()) {
+        message.append(tokenPrefix).append(request.activationToken) += '\0';
+    }
+    for (const std::string& file : request.files) {
         if (!file.empty()) {
             message += file;
             message += '\0';
@@ -30,8 +40,17 @@ void HandOverReader::Add(std::string_view piece)
         if (last.empty()) {
             isWhole = true;
         } else {
-            files.push_back(std::exchange(last, {}));
+            Take(std::exchange(last, {}));
         }
+    }
+}
+
+void HandOverReader::Take(std::string entry)
+{
+    if (entry.starts_with(tokenPrefix)) {
+        request.activationToken = entry.substr(tokenPrefix.size());
+    } else {
+        request.files.push_back(std::move(entry));
     }
 }
 

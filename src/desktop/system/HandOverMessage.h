@@ -6,10 +6,18 @@
 
 namespace linealis::desktop {
 
-/// Returns the message that a second start of the program sends to the first: each file name followed by a zero
-/// byte, which no name contains, and another zero byte at the end. Leaves out empty names, because an empty name
-/// marks the end.
-std::string HandOverMessage(const std::vector<std::string>& files);
+/// What a second start of the program asks of the first.
+struct StartRequest {
+    std::vector<std::string> files;  ///< to open
+    std::string activationToken;     ///< permits the first to bring a window to the front on Wayland; may be empty
+
+    bool operator==(const StartRequest&) const = default;
+};
+
+/// Returns the message that a second start of the program sends to the first: the token after a prefix that no
+/// file name has, and each file name, all followed by a zero byte, which they do not contain, and another zero
+/// byte at the end. Leaves out empty names, because an empty name marks the end.
+std::string HandOverMessage(const StartRequest& request);
 
 /// Reads such a message in pieces of any size.
 class HandOverReader {
@@ -23,13 +31,15 @@ public:
     /// Whether the message is longer than 8 MiB, more than any command line. The rest is not read.
     bool IsTooLong() const { return bytes > longest; }
 
-    /// The file names read so far.
-    const std::vector<std::string>& Files() const { return files; }
+    /// What has been read so far.
+    const StartRequest& Request() const { return request; }
 
 private:
     static constexpr std::size_t longest = std::size_t{8} << 20U;
 
-    std::vector<std::string> files;
+    void Take(std::string entry);
+
+    StartRequest request;
     std::string last;  ///< the beginning of a name that is not complete yet
     std::size_t bytes = 0;
     bool isWhole = false;

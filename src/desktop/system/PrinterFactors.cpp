@@ -74,17 +74,20 @@ std::vector<PrinterLine> ReadLines(const FolderItem& file, std::error_code& erro
 
 }  // namespace
 
-std::string LengthProblem(std::string_view direction, std::string_view length, double expected)
+Message LengthProblem(const Message& direction, std::string_view length, double expected)
 {
     const double measured = Val(length);
     if (IsNumber(length) && measured > 0.0 && IsPossible(FactorOf(expected, measured))) {
         return {};
     }
     constexpr std::string_view oneDecimal = "0.0";
-    return "The length " + std::string(direction) + " is '" + std::string(length) + "'; possible are " +
-           myformatstring(expected / largestFactor, oneDecimal) + " to " +
-           myformatstring(expected / smallestFactor, oneDecimal) +
-           " mm. If the sheet is further off, it was fitted to the " + "paper: print it at 100 %.";
+    const auto number = [&](double factor) {
+        return Message::Number(myformatstring(expected / factor, oneDecimal));
+    };
+    return Message(
+        "The length %1 is '%2'; possible are %3 to %4 mm. If the sheet is further off, it was fitted to the "
+        "paper: print it at 100 %.",
+        direction, length, number(largestFactor), number(smallestFactor));
 }
 
 FolderItem PrinterFactorsFile(const FolderItem& preferencesFolder)

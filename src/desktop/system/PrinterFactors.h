@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FolderItem.h"
+#include "text/Message.h"
 
 #include <string>
 #include <string_view>
@@ -32,7 +33,7 @@ constexpr double FactorOf(double expected, double measured)
 /// Returns why a measured length is not acceptable, with the possible range, as a sentence. Empty if it is
 /// acceptable. `length` is the text that the user entered. Both lengths are in millimeters; `direction` is
 /// "across" or "down".
-std::string LengthProblem(std::string_view direction, std::string_view length, double expected);
+Message LengthProblem(const Message& direction, std::string_view length, double expected);
 
 /// Returns the file with the factors of all printers. An empty reference if `preferencesFolder` is one.
 FolderItem PrinterFactorsFile(const FolderItem& preferencesFolder);

@@ -20,19 +20,20 @@ bool IsOwn(const QLocalSocket& socket)
     return PeerIsOwnUser(static_cast<int>(socket.socketDescriptor()));
 }
 
-std::string MessageOf(const QStringList& files)
+std::string MessageOf(const QStringList& files, const QString& activationToken)
 {
-    std::vector<std::string> names;
+    StartRequest request;
     for (const QString& file : files) {
-        names.push_back(QFile::encodeName(file).toStdString());
+        request.files.push_back(QFile::encodeName(file).toStdString());
     }
-    return HandOverMessage(names);
+    request.activationToken = activationToken.toStdString();
+    return HandOverMessage(request);
 }
 
-QStringList FilesOf(const HandOverReader& reader)
+QStringList FilesOf(const StartRequest& request)
 {
     QStringList files;
-    for (const std::string& name : reader.Files()) {
+    for (const std::string& name : request.files) {
         files << QFile::decodeName(name.c_str());
     }
     return files;
@@ -47,7 +48,8 @@ SingleInstance::SingleInstance(const QString& folder, const QString& name, QObje
     connect(&server, &QLocalServer::newConnection, this, &SingleInstance::Accept);
 }
 
-SingleInstance::Start SingleInstance::HandOver(const QStringList& files, const std::function<void()>& onWaiting)
+SingleInstance::Start SingleInstance::HandOver(const QStringList& files, const QString& activationToken,
+                                               const std::function<void()>& onWaiting)
 {
     if (path.isEmpty()) {
         return Start::First;
@@ -61,7 +63,7 @@ SingleInstance::Start SingleInstance::HandOver(const QStringList& files, const s
     if (lock->error() != QLockFile::LockFailedError) {
         return Start::First;  // no lock can be created in this folder, so no other program holds it
     }
-    message = MessageOf(files);
+    message = MessageOf(files, activationToken);
     QTimer tries, word;
     connect(&tries, &QTimer::timeout, this, &SingleInstance::TryAgain);
     connect(&word, &QTimer::timeout, this, [&] { onWaiting(); });
@@ -142,7 +144,8 @@ void SingleInstance::Accept()
             } else if (reader.IsWhole() && !wasWhole) {
                 asking->write(QByteArray(1, acknowledgement));
                 if (asking->flush()) {  // otherwise the other start has been canceled
-                    emit Received(FilesOf(reader));
+                    emit Received(FilesOf(reader.Request()),
+                                  QString::fromStdString(reader.Request().activationToken));
                 }
             }
         });

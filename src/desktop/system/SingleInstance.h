@@ -32,7 +32,10 @@ public:
     /// Hands the files to the running program, or becomes the running program if there is none. Waits for a
     /// running program that does not answer, because it may have the same files open; calls `onWaiting` once if
     /// that takes more than a second. Processes events while it waits.
-    Start HandOver(const QStringList& files, const std::function<void()>& onWaiting);
+    /// `activationToken` is the permission of the desktop to bring a window to the front; it is handed over too,
+    /// and may be empty.
+    Start HandOver(const QStringList& files, const QString& activationToken,
+                   const std::function<void()>& onWaiting);
 
     /// Ends a running HandOver with Start::Canceled.
     void Cancel();
@@ -42,9 +45,9 @@ public:
     void Stop() { server.close(); }
 
 signals:
-    /// Emitted when another start has handed over its files, after the answer to it. The list may be empty.
-    /// Receivers must return soon and do long work later, because this is called from the socket's event.
-    void Received(const QStringList& files);
+    /// Emitted when another start has handed over its files, after the answer to it. The list and the token may be
+    /// empty. Receivers must return soon and do long work later, because this is called from the socket's event.
+    void Received(const QStringList& files, const QString& activationToken);
 
 private:
     void TryAgain();

@@ -5,6 +5,8 @@
 #include "desktop/system/MetricForms.h"
 #include "desktop/system/RecentFiles.h"
 #include "desktop/system/Text.h"
+#include "desktop/system/WindowLanguage.h"
+#include "desktop/window/LanguageBox.h"
 #include "desktop/window/ManualWindow.h"
 #include "desktop/window/Menus.h"
 #include "desktop/window/MetricFormsBox.h"
@@ -17,6 +19,8 @@
 #include <QFileOpenEvent>
 #include <QKeyEvent>
 #include <QResource>
+#include <QScreen>
+#include <QTimer>
 
 namespace linealis::desktop {
 
@@ -122,7 +126,7 @@ void Desktop::OpenHit(const PaperHit& hit)
     }
     PaperWindow& paper = app.ShowPaper(*hit.kind);
     PaperView& view = ViewOf(*hit.kind, paper);
-    view.LayOver(ToQt(hit.title), [&](PaperWindow& window) {
+    view.LayOver(Translated(hit.title), [&](PaperWindow& window) {
         if (hit.preset != nullptr) {
             LayOver(*hit.preset, window, platform);
         } else {
@@ -227,11 +231,13 @@ void Desktop::Show(const PaperKind& kind, PaperWindow& window)
     }
 }
 
-PaperView& Desktop::ViewOf(const PaperKind& kind, PaperWindow& window)
+PaperView& Desktop::ViewOf(const PaperKind& kind, PaperWindow& window, std::unique_ptr<FormHistory> steps)
 {
     PaperView*& view = views[&kind];
     if (view == nullptr) {
-        view = new PaperView(platform, kind, window);
+        view = new PaperView(platform, kind, window, std::move(steps));
+        view->OpenOver(galleryView ? galleryView->frameGeometry()
+                                   : QGuiApplication::primaryScreen()->availableGeometry());
         GiveMenus(*view, view);
         view->AddMenus();
         connect(view, &PaperView::Closed, this, &Desktop::PaperClosed);
@@ -242,6 +248,32 @@ PaperView& Desktop::ViewOf(const PaperKind& kind, PaperWindow& window)
         connect(view, &PaperView::FilesWanted, this, &Desktop::OpenSettings);
     }
     return *view;
+}
+
+void Desktop::ShowLanguage()
+{
+    InstallLanguage();
+    for (auto& [kind, view] : views) {
+        if (view->IsBusy()) {
+            continue;
+        }
+        PaperWindow& paper = view->Window();
+        const bool wasInFront = inFront == view;
+        std::unique_ptr<FormHistory> steps = view->GiveWay();
+        delete std::exchange(view, nullptr);
+        PaperView& made = ViewOf(*kind, paper, std::move(steps));
+        made.show();
+        inFront = wasInFront ? &made : inFront.data();
+    }
+    if (galleryView) {
+        const bool wasInFront = inFront == galleryView;
+        QWidget* const other = inFront;
+        delete galleryView;
+        ShowGallery();
+        inFront = wasInFront ? galleryView.data() : other;
+    }
+    manualWindow.reset();
+    Raise();
 }
 
 void Desktop::PaperClosed(const PaperKind& kind)
@@ -322,14 +354,20 @@ void Desktop::PrepareEmpty(PaperWindow& window)
 
 void Desktop::ShowPreferences(PrefsWindow& window)
 {
-    FormDialog dialog(QStringLiteral("Preferences"), window.form, QApplication::activeWindow());
+    FormDialog dialog(tr("Preferences"), window.form, QApplication::activeWindow());
     QCheckBox* const metric = MakeMetricFormsBox();
+    auto* const language = new LanguageBox;
+    dialog.AddBelow(language);
     dialog.AddBelow(metric);
-    if (platform.RunModal(dialog) == QDialog::Accepted) {
-        window.PushButton1_Action();
-        UseMetricForms(metric->isChecked());
-    } else {
+    if (platform.RunModal(dialog) != QDialog::Accepted) {
         window.PushButton2_Action();
+        return;
+    }
+    window.PushButton1_Action();
+    UseMetricForms(metric->isChecked());
+    if (language->Code() != ChosenLanguage()) {
+        ChooseLanguage(language->Code());
+        QTimer::singleShot(0, this, &Desktop::ShowLanguage);  // this is in a menu of a window that will be deleted
     }
 }
 
@@ -370,7 +408,7 @@ void Desktop::Perform(const MenuItem& item, PaperView* paper)
         EditText(item.command);
         break;
     default:
-        DoAsStep(ToQt(item.text).remove(QLatin1String("...")),
+        DoAsStep(Translated(item.text).remove(QLatin1String("...")),
                  [&] { app.Perform(item, paper == nullptr ? nullptr : &paper->Window()); });
     }
 }

@@ -69,8 +69,11 @@ private:
     void Used(const FolderItem& settingsFile) override;
     bool IsEnding() const override { return quitting; }
 
-    /// Returns the view of the window, which is created if needed.
-    PaperView& ViewOf(const PaperKind& kind, PaperWindow& window);
+    /// Returns the view of the window, which is created if needed, with the steps that the window can undo.
+    PaperView& ViewOf(const PaperKind& kind, PaperWindow& window, std::unique_ptr<FormHistory> steps = nullptr);
+    /// Makes all windows anew, in the chosen language, with what they show and can undo. A window that is making a
+    /// page stays as it is.
+    void ShowLanguage();
     void OpenDocument(const QString& path);
     /// Reads the form that a picture of a page carries into the window of its kind. Shows a message if that fails.
     void OpenPicture(const FolderItem& file);

@@ -35,7 +35,7 @@ void Desktop::OpenPicture(const FolderItem& file)
         const FormFile form = ReadFormFile(file);
         const PaperKind* const kind = FindPaperKind(form.kind);
         if (kind == nullptr) {
-            throw FormError{file.Name() + ": carries the form of no kind of paper"};
+            throw FormError{Message("%1: carries the form of no kind of paper", file.Name())};
         }
         PaperView& view = ViewOf(*kind, app.ShowPaper(*kind));
         view.DoAsStep(tr("Open %1").arg(ToQt(file.Name())),
@@ -44,7 +44,7 @@ void Desktop::OpenPicture(const FolderItem& file)
     } catch (const FormError& error) {
         platform.MsgBox(error.message);
     } catch (const UnknownInput& input) {
-        platform.MsgBox(file.Name() + ": unknown " + input.what + " '" + input.given + "'");
+        platform.MsgBox(Message("%1: unknown %2 '%3'", file.Name(), input.what, input.given));
     }
 }
 
@@ -66,7 +66,7 @@ void Desktop::AskForSettings()
     for (const QString& path : files) {
         const QFileInfo file(path);
         if (!IsPicture(path) && FindPaperKindByExtension(file.suffix().toStdString()) == nullptr) {
-            platform.MsgBox(tr("%1 is not a settings file").arg(file.fileName()).toStdString());
+            platform.MsgBox(Message("%1 is not a settings file", file.fileName().toStdString()));
         }
     }
     if (!quitting) {  // the user may have quit the program while a message was open

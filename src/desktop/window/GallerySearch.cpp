@@ -62,8 +62,8 @@ void MakeHintReadable(QLineEdit& field, const QPalette& palette)
 
 QString LineOf(const PaperHit& hit)
 {
-    QString title = ToQt(hit.title).simplified();
-    const QString kind = ToQt(hit.kind->galleryTitle);
+    QString title = Translated(hit.title).simplified();
+    const QString kind = Translated(hit.kind->galleryTitle);
     switch (hit.sort) {
     case PaperHit::Sort::Preset:
         return GallerySearch::tr("%1 - %2").arg(title, kind);

@@ -1,6 +1,7 @@
 #include "desktop/window/GalleryView.h"
 
 #include "desktop/system/Text.h"
+#include "desktop/system/WindowPlace.h"
 #include "desktop/window/GalleryPicture.h"
 #include "desktop/window/GallerySearch.h"
 #include "desktop/window/PaperView.h"
@@ -36,8 +37,8 @@ public:
         setGeometry(entry.canvasPlace.left, entry.canvasPlace.top, GalleryWindow::canvasWidth,
                     GalleryWindow::canvasHeight);
         setObjectName(ToQt(entry.picture));
-        setAccessibleName(ToQt(entry.title));
-        setToolTip(ToQt(entry.title));
+        setAccessibleName(Translated(entry.title));
+        setToolTip(Translated(entry.title));
         setCursor(Qt::PointingHandCursor);
         setFocusPolicy(Qt::StrongFocus);
     }
@@ -101,7 +102,7 @@ QFont TitleFont(const GalleryWindow& gallery, QFont font)
 {
     int widest = 0;
     for (const GalleryWindow::Entry& entry : gallery.Entries()) {
-        widest = std::max(widest, QFontMetrics(font).horizontalAdvance(ToQt(entry.title)));
+        widest = std::max(widest, QFontMetrics(font).horizontalAdvance(Translated(entry.title)));
     }
     if (widest > widestTitle) {
         font.setPointSizeF(QFontInfo(font).pointSizeF() * widestTitle / widest);
@@ -114,14 +115,14 @@ QRect TitlePlace(const GalleryWindow::Entry& entry, const QFontMetrics& font)
 {
     const int height = std::max(GalleryWindow::titleHeight, font.height());
     return {entry.titlePlace.left, entry.canvasPlace.top - height,
-            std::max(GalleryWindow::titleWidth, font.horizontalAdvance(ToQt(entry.title)) + 1), height};
+            std::max(GalleryWindow::titleWidth, font.horizontalAdvance(Translated(entry.title)) + 1), height};
 }
 
 }  // namespace
 
 GalleryView::GalleryView(GalleryWindow& theGallery, const FolderItem& preferencesFolder) : gallery(theGallery)
 {
-    setWindowTitle(ToQt(GalleryWindow::title));
+    setWindowTitle(Translated(GalleryWindow::title));
     setObjectName(QStringLiteral("gallery"));
     setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
                    Qt::WindowCloseButtonHint);
@@ -148,7 +149,7 @@ void GalleryView::AddEntries(QWidget* content)
     const QFont titleFont = TitleFont(gallery, font());
     for (std::size_t i = 0; i < gallery.Entries().size(); ++i) {
         const GalleryWindow::Entry& entry = gallery.Entries()[i];
-        auto* const title = new QLabel(ToQt(entry.title), content);
+        auto* const title = new QLabel(Translated(entry.title), content);
         title->setFont(titleFont);
         title->setGeometry(TitlePlace(entry, QFontMetrics(titleFont)));
         auto* const canvas = new GalleryCanvas(entry, content);
@@ -156,7 +157,7 @@ void GalleryView::AddEntries(QWidget* content)
         pictures.push_back(canvas);
     }
     constexpr int promptTop = 12;
-    auto* const prompt = new QLabel(ToQt(GalleryWindow::prompt), content);
+    auto* const prompt = new QLabel(Translated(GalleryWindow::prompt), content);
     prompt->setObjectName(QStringLiteral("StaticText1"));
     const int titlesTop = TitlePlace(gallery.Entries().front(), QFontMetrics(titleFont)).top();
     prompt->move(GalleryWindow::margin, std::clamp(titlesTop - prompt->sizeHint().height(), 0, promptTop));
@@ -164,7 +165,7 @@ void GalleryView::AddEntries(QWidget* content)
 
 QPushButton* GalleryView::AddHelp(QWidget* content) const
 {
-    auto* const help = new QPushButton(QStringLiteral("Help"), content);
+    auto* const help = new QPushButton(Translated("Help"), content);
     help->setObjectName(QStringLiteral("PushButton1"));
     connect(help, &QPushButton::clicked, this, &GalleryView::HelpWanted);
     return help;
@@ -208,7 +209,7 @@ void GalleryView::PlaceSearch(QWidget* content, QPushButton* help) const
 
 void GalleryView::FitInto(const QSize& room)
 {
-    const QSize around(8, 40 + menuBar()->sizeHint().height());  // the approximate size of window decorations
+    const QSize around = windowDecorations + QSize(0, menuBar()->sizeHint().height());
     const QSize content = area->widget()->size();
     const QSize scrollBars(area->verticalScrollBar()->sizeHint().width(),
                            area->horizontalScrollBar()->sizeHint().height());

@@ -1,5 +1,6 @@
 #include "desktop/window/ManualWindow.h"
 
+#include "desktop/system/WindowPlace.h"
 #include "desktop/system/WindowSettings.h"
 
 #include <QAction>
@@ -8,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QScreen>
 #include <QScrollBar>
 #include <QSplitter>
 #include <QTextBlock>
@@ -91,8 +93,9 @@ ManualWindow::ManualWindow() : text(new QTextBrowser), chapters(new QListWidget)
     add(QKeySequence(QStringLiteral("Ctrl+0")), [this] { Zoom(0); });
     add(QKeySequence::Close, [this] { close(); });
 
-    resize(940, 720);
+    resize(QSize(940, 720).boundedTo(screen()->availableSize() - windowDecorations));
     restoreGeometry(WindowSettings().value(geometryKey).toByteArray());
+    BringOnScreen(*this);
 }
 
 QWidget* ManualWindow::MakeBar()

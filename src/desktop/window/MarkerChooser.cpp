@@ -123,20 +123,20 @@ QString MarkerChooser::Words() const
     if (name.size() > longestName) {
         name = name.left(longestName / 2) + QStringLiteral("\u2026") + name.right(longestName / 2 - 1);
     }
-    if (!window.Markers().Error().empty()) {
+    if (!window.Markers().Error().IsEmpty()) {
         return tr("%1, not usable").arg(name);
     }
-    return lines == 1 ? tr("%1, 1 line").arg(name) : tr("%1, %2 lines").arg(name).arg(lines);
+    return ToQt(Message(Plural("%1, %2 line", "%1, %2 lines"), lines, name.toStdString(), lines));
 }
 
 PageWarnings MarkerChooser::Warnings() const
 {
     const std::string box = "CheckBoxMarkers";
     PageWarnings warnings;
-    if (!window.Markers().Error().empty()) {
-        warnings.push_back({"markers", box, "No markers are drawn: " + window.Markers().Error()});
+    if (!window.Markers().Error().IsEmpty()) {
+        warnings.push_back({"markers", box, Message("No markers are drawn: %1", window.Markers().Error())});
     }
-    for (const std::string& fault : faults) {
+    for (const Message& fault : faults) {
         warnings.push_back({"markers", box, fault});
     }
     return warnings;

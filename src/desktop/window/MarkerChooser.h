@@ -52,7 +52,7 @@ private:
     QDateTime written;  ///< when the file that was read last was written; invalid if there is no file
     qint64 size = 0;    ///< of that file, in bytes
     qint64 lines = 0;   ///< of that file
-    std::vector<std::string> faults;
+    std::vector<Message> faults;
 };
 
 }  // namespace linealis::desktop

@@ -48,7 +48,7 @@ void AddItem(QMenu& menu, const MenuItem& item, const MenuHost& host)
         menu.addSeparator();
         return;
     }
-    QAction* const action = menu.addAction(ToQt(item.text));
+    QAction* const action = menu.addAction(Translated(item.text));
     action->setObjectName(ToQt(item.name));
     action->setMenuRole(RoleOf(item.command));
     if (!item.shortcut.empty()) {
@@ -76,7 +76,7 @@ void InstallMenus(QMainWindow& window, const MenuHost& host)
         if (menu.text.empty()) {
             continue;
         }
-        QMenu* const shown = window.menuBar()->addMenu(ToQt(menu.text));
+        QMenu* const shown = window.menuBar()->addMenu(Translated(menu.text));
         shown->setObjectName(ToQt(menu.name));
         for (const MenuItem& item : menu.items) {
             AddItem(*shown, item, host);

@@ -136,7 +136,8 @@ void CheckButton::Show(const PageWarnings& warnings)
                     [this, control = ToQt(warning.control)] { emit Chosen(control); });
         }
     }
-    setText(texts.size() == 1 ? tr("1 thing to check") : tr("%1 things to check").arg(texts.size()));
+    setText(ToQt(Message(Plural("%1 thing to check", "%1 things to check"), static_cast<double>(texts.size()),
+                         texts.size())));
     setToolTip(texts.join(QLatin1Char('\n')));
     setAccessibleDescription(toolTip());
     setVisible(!texts.isEmpty());

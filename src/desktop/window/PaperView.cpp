@@ -7,15 +7,13 @@
 #include "desktop/page/LivePage.h"
 #include "desktop/page/LivePane.h"
 #include "desktop/system/Text.h"
+#include "desktop/window/FormAndPage.h"
 #include "desktop/window/MarkerChooser.h"
 #include "desktop/window/PaperBars.h"
 #include "kinds/PageSummary.h"
-#include "pdf/PageHit.h"
 #include "pipeline/form/FieldWords.h"
-#include "pipeline/page/PageJob.h"
 #include "text/Numbers.h"
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QDesktopServices>
 #include <QFileInfo>
@@ -23,7 +21,6 @@
 #include <QMimeData>
 #include <QPrinterInfo>
 #include <QPushButton>
-#include <QScopeGuard>
 #include <QToolButton>
 #include <QUrl>
 #include <algorithm>
@@ -51,16 +48,18 @@ QString MarkerFileIn(const QMimeData& dragged)
     return QFileInfo(file).suffix().compare(QLatin1String("txt"), Qt::CaseInsensitive) == 0 ? file : QString();
 }
 
-PaperView::PaperView(DesktopPlatform& thePlatform, const PaperKind& theKind, PaperWindow& theWindow)
-    : platform(thePlatform), kind(theKind), window(theWindow), history(theWindow)
+PaperView::PaperView(DesktopPlatform& thePlatform, const PaperKind& theKind, PaperWindow& theWindow,
+                     std::unique_ptr<FormHistory> theHistory)
+    : platform(thePlatform), kind(theKind), window(theWindow),
+      history(theHistory ? std::move(theHistory) : std::make_unique<FormHistory>(theWindow)),
+      work(thePlatform, theWindow)
 {
-    setWindowTitle(ToQt(kind.title));
+    setWindowTitle(Translated(kind.title));
     setObjectName(ToQt(kind.window));
     setAcceptDrops(true);
     LayOut();
     Connect();
     givenTitle = Title();
-    setWindowFlag(Qt::WindowMaximizeButtonHint, !kind.hasFixedSize);
 }
 
 PaperView::~PaperView()
@@ -83,14 +82,7 @@ void PaperView::LightUp()
 const Control* PaperView::ControlAt(const QPointF& place) const
 {
     constexpr double reachInPixels = 4.0;
-    // This blocks the interface, so limit it to what can be drawn and searched in about a tenth of a second. It
-    // draws the page again because the content that is shown belongs to the thread of the renderer.
-    constexpr std::int64_t mostContent = 4'000'000;  // bytes
-    constexpr std::int64_t mostSteps = 2'500'000;    // more operators than that many bytes can contain
-    Turns turns([] {}, mostSteps);
-    const DrawnPage page = DrawBeginning(window.ReadPage(), turns, mostContent);
-    const Role role =
-        RoleAt(page.content, page.roles, {place.x(), place.y()}, reachInPixels / livePage->PixelsPerPoint(), turns);
+    const Role role = work.RoleNear({place.x(), place.y()}, reachInPixels / livePage->PixelsPerPoint());
     return role.empty() ? nullptr : GovernorOf(window.form, role);
 }
 
@@ -98,6 +90,7 @@ void PaperView::FocusOn(const QString& control)
 {
     if (auto* const widget = form->findChild<QWidget*>(control)) {
         activateWindow();
+        middle->ShowForm();
         widget->setFocus(Qt::TabFocusReason);  // this reason makes a text field select its text
     }
 }
@@ -128,23 +121,23 @@ void PaperView::FormChanged()
     if (livePage->isVisible()) {
         livePane->Show(page, ToQt(PageSummary(kind, page)));
     }
-    topBar->undo->setEnabled(history.CanUndo());
-    topBar->undo->setToolTip(tr("Undo: %1").arg(history.UndoName()));
-    topBar->redo->setEnabled(history.CanRedo());
-    topBar->redo->setToolTip(tr("Redo: %1").arg(history.RedoName()));
+    topBar->undo->setEnabled(history->CanUndo());
+    topBar->undo->setToolTip(tr("Undo: %1").arg(history->UndoName()));
+    topBar->redo->setEnabled(history->CanRedo());
+    topBar->redo->setToolTip(tr("Redo: %1").arg(history->RedoName()));
     if (auto* const fileName = bottomBar->findChild<QWidget*>(ToQt(window.form.StaticFileName.Name()))) {
         fileName->setToolTip(ToQt(window.OutputFile().Path().string()));
     }
     const FolderItem& document = window.OurFolderItem();
-    setWindowTitle(document.IsEmpty() ? ToQt(kind.title)
-                                      : ToQt(document.Name()) + QStringLiteral("[*] - ") + ToQt(kind.title));
+    setWindowTitle(document.IsEmpty() ? Translated(kind.title)
+                                      : ToQt(document.Name()) + QStringLiteral("[*] - ") + Translated(kind.title));
     setWindowModified(window.IsModified());
 }
 
 void PaperView::FinishEdit()
 {
     form->FinishEdit();
-    history.Commit(tr("Change"));
+    history->Commit(tr("Change"));
 }
 
 bool PaperView::DoAsStep(const QString& name, const std::function<void(PaperWindow& window)>& change)
@@ -165,7 +158,7 @@ void PaperView::LayOver(const QString& title, const std::function<void(PaperWind
 
 bool PaperView::ChangedOutside(const QString& name)
 {
-    const bool isStep = history.Commit(name);
+    const bool isStep = history->Commit(name);
     if (isStep) {
         presetName.clear();
     }
@@ -180,7 +173,7 @@ bool PaperView::ChangedOutside(const QString& name)
 
 void PaperView::Undo()
 {
-    if (const QString name = history.Undo(); !name.isEmpty()) {
+    if (const QString name = history->Undo(); !name.isEmpty()) {
         presetName.clear();
         Say(tr("Undid: %1").arg(name));
     }
@@ -188,7 +181,7 @@ void PaperView::Undo()
 
 void PaperView::Redo()
 {
-    if (const QString name = history.Redo(); !name.isEmpty()) {
+    if (const QString name = history->Redo(); !name.isEmpty()) {
         Say(tr("Redid: %1").arg(name));
     }
 }
@@ -209,7 +202,7 @@ void PaperView::Reset()
 
 void PaperView::Generate()
 {
-    if (generating) {
+    if (work.IsRunning()) {
         return;
     }
     MakePage();
@@ -221,13 +214,12 @@ void PaperView::Generate()
 void PaperView::MakePage()
 {
     FinishEdit();
-    Work([this] { window.PushButtonGenerate_Action(); });
+    work.Generate();
     SayHowPageEnded();
     ChangedOutside(tr("Generate"));  // generating can correct values in the form
-    const std::string_view content = window.Pdf().Stream();
     // A visible live page delivers the warnings itself.
-    if (!livePage->isVisible() && content.size() <= longestContentChecked) {
-        ShowWarningsOfPage(ContentWarnings(window.Page(), content, window.Pdf().Roles()));
+    if (!livePage->isVisible()) {
+        ShowWarningsOfPage(work.WarningsOfFile());
     }
 }
 
@@ -251,22 +243,6 @@ void PaperView::Calibrate()
         QPrinterInfo::availablePrinterNames(), PrinterFactorsFile(platform.PreferencesFolder()),
         [this](QDialog& inner) { return platform.RunModal(inner); }, takeOver, this);
     platform.RunModal(dialog);
-}
-
-void PaperView::Work(const std::function<void()>& work)
-{
-    generating = true;
-    stop = false;
-    bottomBar->generate->setEnabled(false);
-    progressDelay.start();
-    const auto ended = qScopeGuard([this] {
-        progressDelay.stop();
-        bottomBar->ShowProgress(false);
-        bottomBar->generate->setEnabled(true);
-        generating = false;
-    });
-    Say({});
-    platform.RunStoppable(stop, work);
 }
 
 void PaperView::SayHowPageEnded()
@@ -322,7 +298,7 @@ void PaperView::View(const FolderItem& file)
 void PaperView::ShowWizard()
 {
     Wizard& wizard = *window.GetWizard();
-    FormDialog dialog(QStringLiteral("Easy Graph Wizard"), wizard.Fields(), this);
+    FormDialog dialog(Translated("Easy Graph Wizard"), wizard.Fields(), this);
     if (platform.RunModal(dialog) == QDialog::Accepted) {
         DoAsStep(tr("Easy Graph Wizard"), [&wizard](PaperWindow&) { wizard.PushButton1_Action(); });
     } else {
@@ -336,7 +312,7 @@ void PaperView::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         Generate();
-    } else if (event->key() == Qt::Key_Escape && generating) {
+    } else if (event->key() == Qt::Key_Escape && work.IsRunning()) {
         Cancel();
     } else {
         QMainWindow::keyPressEvent(event);
@@ -374,7 +350,7 @@ void PaperView::showEvent(QShowEvent* event)
 
 void PaperView::closeEvent(QCloseEvent* event)
 {
-    if (generating) {  // stop the page first; the window closes when it has ended
+    if (work.IsRunning()) {  // stop the page first; the window closes when it has ended
         closeWhenDone = true;
         Cancel();
         event->ignore();
@@ -388,10 +364,18 @@ void PaperView::closeEvent(QCloseEvent* event)
     End();
 }
 
+std::unique_ptr<FormHistory> PaperView::GiveWay()
+{
+    Keep();
+    hide();
+    return std::move(history);
+}
+
 void PaperView::End()
 {
     Keep();
     hide();
+    middle->OwnWindow().hide();
     emit Closed(kind);
 }
 

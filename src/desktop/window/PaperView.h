@@ -1,12 +1,13 @@
 #pragma once
 
 #include "app/App.h"
-#include "check/PageCheck.h"
 #include "desktop/dialogs/PrintPage.h"
 #include "desktop/form/FormHistory.h"
 #include "desktop/system/DesktopPlatform.h"
+#include "desktop/window/PageWork.h"
 
 #include <QMainWindow>
+#include <QRect>
 #include <QTimer>
 #include <functional>
 #include <memory>
@@ -19,6 +20,7 @@ class QMimeData;
 namespace linealis::desktop {
 
 class CheckButton;
+class FormAndPage;
 class FormView;
 class LivePage;
 class LivePane;
@@ -26,6 +28,7 @@ class MarkerChooser;
 class PaperBottomBar;
 class PaperTopBar;
 class StatusLine;
+enum class PagePlace;
 
 /// The window of one paper kind. Shows its form and the live page, and offers everything that can be done with
 /// them.
@@ -33,8 +36,10 @@ class PaperView final : public QMainWindow, public FileAsker {
     Q_OBJECT
 
 public:
-    /// All arguments must outlive the view; see Keep for the window.
-    PaperView(DesktopPlatform& thePlatform, const PaperKind& theKind, PaperWindow& theWindow);
+    /// All arguments must outlive the view; see Keep for the window. `theHistory` are the steps of the window so
+    /// far; null if there are none.
+    PaperView(DesktopPlatform& thePlatform, const PaperKind& theKind, PaperWindow& theWindow,
+              std::unique_ptr<FormHistory> theHistory = nullptr);
     ~PaperView() override;
     PaperView(const PaperView&) = delete;
     PaperView& operator=(const PaperView&) = delete;
@@ -52,7 +57,7 @@ public:
     void Generate();
 
     /// Stops the page that is being made; its file stays unchanged.
-    void Cancel() { stop = true; }
+    void Cancel() { work.Stop(); }
 
     /// Adds the items for the form and the page to the menu bar, which must be installed already.
     void AddMenus();
@@ -62,6 +67,10 @@ public:
 
     /// Shows or hides the live page. The window grows or shrinks by its width, as far as the screen allows.
     void ShowLivePage(bool visible);
+    /// Moves the live page into a second window, or back to the form.
+    void ShowPageInOwnWindow(bool isOwn);
+    /// Makes the window open over that place of the desktop, unless it has been placed before.
+    void OpenOver(const QRect& place) { openingPlace = place; }
     /// Prints the page with the system's print dialog.
     void Print();
 
@@ -69,6 +78,8 @@ public:
     void Export();
     /// Puts the page on the clipboard, in all formats.
     void CopyPage();
+    /// Puts the form on the clipboard as the end of the address of the page for browsers.
+    void CopyLink();
 
     /// Asks for another output file.
     void ChangeFile();
@@ -91,7 +102,12 @@ public:
     void LayOver(const QString& title, const std::function<void(PaperWindow& window)>& lay);
     /// Restores the form as it was when the last window of the kind was closed, as one step.
     void BringBack();
-    FormHistory& History() { return history; }
+    FormHistory& History() { return *history; }
+    /// Stores the window's settings, hides it, and gives its steps to the view that takes its place. It must be
+    /// deleted before that view is made. Must not be called while a page is being made.
+    std::unique_ptr<FormHistory> GiveWay();
+    /// Whether a page is being made.
+    bool IsBusy() const { return work.IsRunning(); }
 
     /// Shows in the status line what has happened. The target of a link is a command for Follow.
     void Say(const QString& text, const QList<QPair<QString, QString>>& links = {});
@@ -128,22 +144,24 @@ private:
     QSize LargestSize() const;
     /// Connects the widgets.
     void Connect();
+    /// Shows the progress of a page, with a Cancel button if it takes noticeable time.
+    void ConnectWork();
     void MakePresetMenu();
     /// Adds the choice of a marker file to the form of a kind that has markers.
     void MakeMarkerChooser();
     /// Uses the markers of another file, and switches the markers on.
     void MarkersChosen();
-    /// Restores the size and position of the window, and whether it shows the live page.
+    /// Restores the size and position of the window, and where it shows the live page.
     void Place();
+    /// Returns the size of the window when it opens for the first time.
+    QSize FirstSize() const;
+    /// Shows the live page at that place, and gives the window the size for it.
+    void PlacePage(PagePlace place);
     void PrintPad();
     void Calibrate();
-    /// Runs long work on a page, with a progress bar and a Cancel button if it takes noticeable time.
-    void Work(const std::function<void()>& work);
-    /// Uses a drawn page. Can be stopped in its turns. Returns the message for the status line.
-    using PageUse = std::function<QString(const DrawnPage& page, Turns& turns)>;
-    /// Draws the page and passes it to `use`. If the page is stopped or abandoned, shows a message with
-    /// `nothingDone`, such as "nothing was printed". Does nothing while a page is being made.
-    void Use(const QString& nothingDone, const PageUse& use);
+    /// Draws the page, passes it to `use`, and shows the message that results. Does nothing while a page is being
+    /// made.
+    void Use(const QString& nothingDone, const PageWork::PageUse& use);
     void MakePage();
     void SayHowPageEnded();
     void ShowWizard();
@@ -171,7 +189,7 @@ private:
     void OfferToBringBack();
     /// Whether the window may close. If the settings file is not up to date, asks the user whether to save it.
     bool MayClose();
-    /// Stores the size and position of the window, and whether it shows the live page.
+    /// Stores the size and position of the window, and where it shows the live page.
     void Keep() const;
     /// Performs the command of a link in the status line.
     void Follow(const QString& link);
@@ -181,12 +199,15 @@ private:
     DesktopPlatform& platform;
     const PaperKind& kind;
     PaperWindow& window;
-    FormHistory history;
+    std::unique_ptr<FormHistory> history;
+    PageWork work;
     std::unique_ptr<PaperWindow> kept;  ///< owns `window` after it has been closed; null before
     FormView* form = nullptr;
+    FormAndPage* middle = nullptr;
     LivePane* livePane = nullptr;
     LivePage* livePage = nullptr;
     QAction* livePageAction = nullptr;
+    QAction* ownWindowAction = nullptr;
     QMenu* presets = nullptr;
     const Control* focused = nullptr;  ///< the field with the focus, or null
     PaperTopBar* topBar = nullptr;
@@ -197,13 +218,11 @@ private:
     PageWarnings formWarnings;
     PageWarnings pageWarnings;   ///< of the page that was drawn last
     QTimer changeDelay;          ///< combines simultaneous changes into one call of FormChanged
-    QTimer progressDelay;        ///< delays the progress bar
     QString presetName;          ///< of the last preset loaded into the form; cleared by later steps
     QString padFile;             ///< the path of the pad that was saved last
     QString givenTitle;          ///< the title that the form started with, or got from that preset
+    QRect openingPlace;          ///< see OpenOver
     bool placed = false;         ///< whether the window has been shown before
-    bool generating = false;     ///< whether Work is running
-    bool stop = false;           ///< tells the running work to stop
     bool closeWhenDone = false;  ///< whether to close the window after the running work
 };
 

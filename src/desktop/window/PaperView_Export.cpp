@@ -5,41 +5,23 @@
 #include "desktop/dialogs/PadSheets.h"
 #include "desktop/system/Text.h"
 #include "exchange/FormJson.h"
-#include "pipeline/page/PageJob.h"
+#include "exchange/FormLink.h"
 
 #include <QClipboard>
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <new>
 #include <optional>
 #include <utility>
 
 namespace linealis::desktop {
 
-void PaperView::Use(const QString& nothingDone, const PageUse& use)
+void PaperView::Use(const QString& nothingDone, const PageWork::PageUse& use)
 {
-    if (generating) {
+    if (work.IsRunning()) {
         return;
     }
     FinishEdit();
-    QString said;
-    Work([&] {
-        const QString sentence = nothingDone.left(1).toUpper() + nothingDone.mid(1);
-        const auto giveUp = [&](const char* reason) {
-            said = tr("%1: %2").arg(sentence, QString::fromUtf8(reason));
-        };
-        Turns turns([this] { platform.Yield(); });
-        try {
-            said = use(window.DrawPage(), turns);
-        } catch (const PageStopped&) {
-            said = tr("Canceled; %1").arg(nothingDone);
-        } catch (const PageGivenUp& givenUp) {
-            giveUp(givenUp.reason);
-        } catch (const std::bad_alloc&) {
-            giveUp("there is not enough memory for the page");
-        }
-    });
-    Say(said);
+    Say(work.Use(nothingDone, use));
     if (closeWhenDone) {
         close();
     }
@@ -47,7 +29,7 @@ void PaperView::Use(const QString& nothingDone, const PageUse& use)
 
 void PaperView::Export()
 {
-    if (generating) {
+    if (work.IsRunning()) {
         return;
     }
     const auto runModal = [this](QDialog& dialog) { return platform.RunModal(dialog); };
@@ -63,7 +45,7 @@ void PaperView::Export()
 
 void PaperView::PrintPad()
 {
-    if (generating) {
+    if (work.IsRunning()) {
         return;
     }
     FinishEdit();
@@ -99,6 +81,13 @@ void PaperView::CopyPage()
         }
         return tr("Copied the page, as %1").arg(titles.join(tr(", ")));
     });
+}
+
+void PaperView::CopyLink()
+{
+    FinishEdit();
+    QGuiApplication::clipboard()->setText(QLatin1Char('#') + ToQt(FormLink(kind, window.form)));
+    Say(tr("Copied the form as a link; paste it after the address of Linealis in a browser"));
 }
 
 }  // namespace linealis::desktop

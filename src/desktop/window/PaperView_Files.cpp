@@ -58,7 +58,7 @@ void PaperView::OfferToBringBack()
 {
     const FolderItem left = OwnPresets(platform.PreferencesFolder()).LeftFile(kind);
     // Do not offer this if the form has been changed or loaded, or if it would replace another message.
-    const bool isFresh = window.OurFolderItem().IsEmpty() && !history.CanUndo() && status->text().isEmpty();
+    const bool isFresh = window.OurFolderItem().IsEmpty() && !history->CanUndo() && status->text().isEmpty();
     if (!isFresh || !left.Exists()) {
         return;
     }
@@ -90,7 +90,7 @@ QString PaperView::PageName() const
 {
     const FolderItem& output = window.OutputFile();
     const QString name = output.IsEmpty() ? ProposedName() : QFileInfo(ToQt(output.Name())).completeBaseName();
-    return name.isEmpty() ? ToQt(kind.galleryTitle) : name;
+    return name.isEmpty() ? Translated(kind.galleryTitle) : name;
 }
 
 bool PaperView::MayClose()
@@ -100,10 +100,10 @@ bool PaperView::MayClose()
         return true;
     }
     MessageDialog dialog;
-    dialog.message = tr("Save the changes to %1?").arg(ToQt(window.OurFolderItem().Name())).toStdString();
-    dialog.actionButton = tr("Save").toStdString();
-    dialog.cancelButton = tr("Cancel").toStdString();
-    dialog.alternateActionButton = tr("Discard").toStdString();
+    dialog.message = Message("Save the changes to %1?", window.OurFolderItem().Name());
+    dialog.actionButton = Message("Save");
+    dialog.cancelButton = Message("Cancel");
+    dialog.alternateActionButton = Message("Discard");
     switch (platform.ShowModal(dialog)) {
     case MessageDialog::Button::Action: {
         const bool saved = window.FileSave_Action();

@@ -1,22 +1,23 @@
 #include "desktop/window/PaperView.h"
 
 #include "desktop/form/FormView.h"
+#include "desktop/form/QuickHands.h"
 #include "desktop/page/LivePage.h"
 #include "desktop/page/LivePane.h"
 #include "desktop/system/Text.h"
+#include "desktop/system/WindowPlace.h"
 #include "desktop/system/WindowSettings.h"
+#include "desktop/window/FormAndPage.h"
 #include "desktop/window/PageDrag.h"
 #include "desktop/window/PaperBars.h"
 #include "desktop/window/PresetMenu.h"
 #include "desktop/window/RecentMenu.h"
 #include "pipeline/form/FieldWords.h"
 
-#include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
-#include <QSplitter>
 #include <QStatusBar>
 #include <QToolButton>
 #include <QToolTip>
@@ -26,11 +27,6 @@
 namespace linealis::desktop {
 
 namespace {
-
-constexpr int millisecondsBeforeProgress = 400;
-
-/// On a screen narrower than this, in pixels, the form and the page do not fit side by side.
-constexpr int narrowScreen = 1100;
 
 /// Returns the key of a setting for the windows of a kind.
 QString KeyOf(const PaperKind& kind, const char* what)
@@ -58,14 +54,16 @@ void PaperView::LayOut()
     livePageAction->setObjectName(QStringLiteral("ViewLivePage"));
     livePageAction->setShortcut(Qt::Key_F9);
     livePageAction->setCheckable(true);
-    auto* const middle = new QSplitter;
-    middle->addWidget(new FormScrollArea(form));
-    middle->addWidget(livePane);
-    middle->setStretchFactor(1, 1);
-    middle->setChildrenCollapsible(false);
+    ownWindowAction = new QAction(tr("Page in Its Own Window"), this);
+    ownWindowAction->setObjectName(QStringLiteral("ViewOwnWindow"));
+    ownWindowAction->setShortcut(Qt::SHIFT | Qt::Key_F9);
+    ownWindowAction->setCheckable(true);
+    middle = new FormAndPage(new FormScrollArea(form), livePane, *this);
+    middle->OwnWindow().setWindowTitle(tr("%1 - Page").arg(ToQt(kind.title)));
     column->addWidget(middle, 1);
     column->addWidget(bottomBar);
     setCentralWidget(content);
+    setWindowFlag(Qt::WindowMaximizeButtonHint, !kind.hasFixedSize);
     status = new StatusLine;
     statusBar()->setSizeGripEnabled(!kind.hasFixedSize);
     statusBar()->addWidget(status, 1);
@@ -75,6 +73,7 @@ void PaperView::LayOut()
 
 void PaperView::Connect()
 {
+    ConnectWork();
     connect(topBar->gallery, &QToolButton::clicked, this, &PaperView::GalleryWanted);
     MakePresetMenu();
     MakeMarkerChooser();
@@ -88,13 +87,14 @@ void PaperView::Connect()
     if (bottomBar->dataRange != nullptr) {
         connect(bottomBar->dataRange, &QPushButton::clicked, this, &PaperView::ShowRangeWizard);
     }
-    connect(bottomBar->cancel, &QPushButton::clicked, this, &PaperView::Cancel);
     connect(bottomBar->changeFile, &QPushButton::clicked, this, &PaperView::ChangeFile);
     connect(bottomBar->generate, &QPushButton::clicked, this, &PaperView::Generate);
-    connect(form, &FormView::Committed, &history, &FormHistory::CommitChangeOf);
-    connect(form, &FormView::FillWanted, this, [this](const QString& step, const std::function<void()>& fill) {
+    connect(form, &FormView::Committed, history.get(), &FormHistory::CommitChangeOf);
+    const auto fillAsStep = [this](const QString& step, const std::function<void()>& fill) {
         DoAsStep(step, [&fill](PaperWindow&) { fill(); });
-    });
+    };
+    connect(form, &FormView::FillWanted, this, fillAsStep);
+    AddQuickHands(window.form, *form, fillAsStep);
     connect(bottomBar->print, &QPushButton::clicked, this, &PaperView::Print);
     connect(form, &FormView::FocusMoved, this, [this](const Control* control) {
         focused = control;
@@ -114,6 +114,9 @@ void PaperView::Connect()
                            livePage);
     });
     connect(livePageAction, &QAction::triggered, this, &PaperView::ShowLivePage);
+    connect(ownWindowAction, &QAction::triggered, this, &PaperView::ShowPageInOwnWindow);
+    connect(middle, &FormAndPage::OwnWindowClosed, this, [this] { ShowPageInOwnWindow(false); });
+    connect(middle, &FormAndPage::PageShown, &changeDelay, qOverload<>(&QTimer::start));
     connect(livePage, &LivePage::Painted, this, [this] { ShowWarningsOfPage(livePage->Picture().warnings); });
     connect(status, &QLabel::linkActivated, this, &PaperView::Follow);
 
@@ -127,19 +130,23 @@ void PaperView::Connect()
             pageWarnings.clear();
         }
     });
-    connect(&history, &FormHistory::Changed, &changeDelay, qOverload<>(&QTimer::start));
+    connect(history.get(), &FormHistory::Changed, &changeDelay, qOverload<>(&QTimer::start));
     connect(&changeDelay, &QTimer::timeout, this, &PaperView::FormChanged);
     FormChanged();
+}
 
-    progressDelay.setSingleShot(true);
-    progressDelay.setInterval(millisecondsBeforeProgress);
-    connect(&progressDelay, &QTimer::timeout, this, [this] {
-        if (QApplication::activeModalWidget() != nullptr) {
-            progressDelay.start();  // a dialog is open, so the work is waiting for the user
-        } else {
-            bottomBar->ShowProgress(true);
-        }
+void PaperView::ConnectWork()
+{
+    connect(&work, &PageWork::Started, this, [this] {
+        bottomBar->generate->setEnabled(false);
+        Say({});
     });
+    connect(&work, &PageWork::TakesTime, this, [this] { bottomBar->ShowProgress(true); });
+    connect(&work, &PageWork::Ended, this, [this] {
+        bottomBar->ShowProgress(false);
+        bottomBar->generate->setEnabled(true);
+    });
+    connect(bottomBar->cancel, &QPushButton::clicked, &work, &PageWork::Stop);
 }
 
 void PaperView::MakePresetMenu()
@@ -172,37 +179,69 @@ void PaperView::MakePresetMenu()
 void PaperView::Place()
 {
     const WindowSettings settings;
-    const bool isWide = screen()->availableSize().width() >= narrowScreen;
-    ShowLivePage(settings.value(KeyOf(kind, "livePage"), isWide).toBool());
-    if (const QByteArray geometry = settings.value(KeyOf(kind, "geometry")).toByteArray(); !geometry.isEmpty()) {
-        restoreGeometry(geometry);
+    const auto setting = [&](const char* what, const QVariant& usual = {}) {
+        return settings.value(KeyOf(kind, what), usual);
+    };
+    const bool isOwn = setting("ownWindow").toBool();
+    PlacePage(!setting("livePage", true).toBool() ? PagePlace::Nowhere
+              : isOwn                             ? PagePlace::OwnWindow
+                                                  : PagePlace::WithForm);
+    const bool wasPlaced = restoreGeometry(setting("geometry").toByteArray());
+    if (!wasPlaced && openingPlace.isValid()) {
+        CenterOver(*this, openingPlace);
     }
+    BringOnScreen(*this);
 }
 
 QSize PaperView::LargestSize() const
 {
-    const QSize frame(8, 40);  // the approximate size of window decorations
-    return screen()->availableSize() - frame;
+    return screen()->availableSize() - windowDecorations;
+}
+
+QSize PaperView::FirstSize() const
+{
+    constexpr double share = 0.85;  // of the screen, for a window that the user cannot resize
+    const bool growsWithScreen = kind.hasFixedSize && middle->Place() == PagePlace::WithForm;
+    return growsWithScreen ? sizeHint().expandedTo(LargestSize() * share) : sizeHint();
 }
 
 void PaperView::ShowLivePage(bool visible)
 {
-    auto& middle = static_cast<QSplitter&>(*livePane->parentWidget());
-    const bool isChange = placed && visible != livePane->isVisible();
-    const int formWidth = middle.sizes().constFirst();
-    const int paneWidth = visible ? livePane->sizeHint().width() : livePane->width();
-    const int change = (paneWidth + middle.handleWidth()) * (visible ? 1 : -1);
-    livePane->setVisible(visible);
-    livePageAction->setChecked(visible);
-    const QSize wanted = isChange ? size() + QSize(change, 0) : placed ? size() : sizeHint();
+    PlacePage(visible ? PagePlace::WithForm : PagePlace::Nowhere);
+}
+
+void PaperView::ShowPageInOwnWindow(bool isOwn)
+{
+    PlacePage(isOwn ? PagePlace::OwnWindow : PagePlace::WithForm);
+}
+
+void PaperView::PlacePage(PagePlace place)
+{
+    const bool stays = place == middle->Place();
+    const int pageWidth = middle->PageWidth();
+    QWidget& own = middle->OwnWindow();
+    if (place == PagePlace::OwnWindow && !own.isVisible()) {
+        own.restoreGeometry(WindowSettings().value(KeyOf(kind, "pageGeometry")).toByteArray());
+        BringOnScreen(own);
+    } else if (own.isVisible()) {
+        WindowSettings().setValue(KeyOf(kind, "pageGeometry"), own.saveGeometry());
+    }
+    middle->SetPlace(place);
+    livePageAction->setChecked(place != PagePlace::Nowhere);
+    ownWindowAction->setChecked(place == PagePlace::OwnWindow);
+    centralWidget()->updateGeometry();  // so that the size hint is that of the new place
+    QSize wanted = placed ? size() : FirstSize();
+    if (placed && place == PagePlace::WithForm && !stays) {
+        wanted.rwidth() += middle->UsualPageWidth();
+    } else if (placed && pageWidth > 0 && !stays) {
+        wanted.setWidth(std::max(wanted.width() - pageWidth, sizeHint().width()));
+        middle->SetUsualPageWidth(std::max(width() - wanted.width(), 0));
+    }
     const QSize possible = wanted.boundedTo(LargestSize());
     if (kind.hasFixedSize) {
         setFixedSize(possible);
     } else if (!isMaximized()) {
         resize(possible);
-    }
-    if (isChange && visible) {  // the form keeps its width
-        middle.setSizes({formWidth, possible.width() - formWidth - middle.handleWidth()});
     }
     changeDelay.start();
 }
@@ -210,8 +249,12 @@ void PaperView::ShowLivePage(bool visible)
 void PaperView::Keep() const
 {
     WindowSettings settings;
-    settings.setValue(KeyOf(kind, "livePage"), livePage->isVisible());
+    settings.setValue(KeyOf(kind, "livePage"), middle->Place() != PagePlace::Nowhere);
+    settings.setValue(KeyOf(kind, "ownWindow"), middle->Place() == PagePlace::OwnWindow);
     settings.setValue(KeyOf(kind, "geometry"), saveGeometry());
+    if (middle->Place() == PagePlace::OwnWindow) {
+        settings.setValue(KeyOf(kind, "pageGeometry"), middle->OwnWindow().saveGeometry());
+    }
 }
 
 void PaperView::AddMenus()
@@ -229,6 +272,7 @@ void PaperView::AddMenus()
     file.addSeparator();
     add(file, tr("Print..."), QStringLiteral("FilePrint"), QKeySequence::Print, &PaperView::Print);
     add(file, tr("Print Pad..."), QStringLiteral("FilePrintPad"), {}, &PaperView::PrintPad);
+    add(file, tr("Copy Link"), QStringLiteral("FileCopyLink"), {}, &PaperView::CopyLink);
     add(file, tr("Export..."), QStringLiteral("FileExport"), Qt::CTRL | Qt::SHIFT | Qt::Key_E, &PaperView::Export);
     QMenu& recent = *file.addMenu(tr("Open &Recent"));
     recent.setObjectName(QStringLiteral("RecentMenu"));
@@ -238,7 +282,7 @@ void PaperView::AddMenus()
     edit.addSeparator();
     QAction* const redo = add(edit, tr("Redo"), QStringLiteral("EditRedo"), {}, &PaperView::Redo);
     redo->setShortcuts({Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y});
-    connect(&edit, &QMenu::aboutToShow, redo, [this, redo] { redo->setEnabled(history.CanRedo()); });
+    connect(&edit, &QMenu::aboutToShow, redo, [this, redo] { redo->setEnabled(history->CanRedo()); });
     connect(&edit, &QMenu::aboutToHide, redo, [redo] { redo->setEnabled(true); });  // so that the shortcut works
     add(edit, tr("Copy Page"), QStringLiteral("EditCopyPage"), Qt::CTRL | Qt::SHIFT | Qt::Key_C,
         &PaperView::CopyPage);
@@ -249,6 +293,7 @@ void PaperView::AddMenus()
     menuBar()->addMenu(presets);
     QMenu& view = *menuBar()->addMenu(tr("&View"));
     view.addAction(livePageAction);
+    view.addAction(ownWindowAction);
     view.addSeparator();
     view.addActions(livePage->ViewActions());
     view.addSeparator();

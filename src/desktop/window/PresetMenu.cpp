@@ -7,7 +7,6 @@
 #include "pipeline/page/PageJob.h"
 #include "platform/ScreenlessPlatform.h"
 
-#include <QCoreApplication>
 #include <QIconEngine>
 #include <QInputDialog>
 #include <QPainter>
@@ -20,11 +19,6 @@ namespace linealis::desktop {
 namespace {
 
 constexpr QSize pictureSize{48, 62};  // device-independent pixels
-
-QString PresetText(const char* text)
-{
-    return QCoreApplication::translate("PresetMenu", text);
-}
 
 constexpr std::int64_t mostContentShown = std::int64_t{8} << 20U;  // bytes; drawing more would delay the menu
 
@@ -151,7 +145,7 @@ private:
 
     void AddChoosing()
     {
-        QAction* const choose = menu.addAction(PresetText("Choose a Preset..."));
+        QAction* const choose = menu.addAction(Translated("Choose a Preset..."));
         choose->setObjectName(QStringLiteral("PresetChoose"));
         QObject::connect(choose, &QAction::triggered, &menu, [ask = host.choosePreset] { ask(); });
         menu.addSeparator();
@@ -165,7 +159,7 @@ private:
                 continue;
             }
             QAction& action =
-                AddLaying(ToQt(preset->title), QStringLiteral("Preset.") + ToQt(preset->id),
+                AddLaying(Translated(preset->title), QStringLiteral("Preset.") + ToQt(preset->id),
                           [preset, &platform](PaperWindow& window) { LayOver(*preset, window, platform); });
             action.setIcon(QIcon(new PresetIcon(*preset)));  // the icon owns the engine
             action.setIconVisibleInMenu(true);
@@ -184,7 +178,7 @@ private:
 
     void AddLeft()
     {
-        QAction* const left = menu.addAction(PresetText("As I Left It"));
+        QAction* const left = menu.addAction(Translated("As I Left It"));
         left->setObjectName(QStringLiteral("PresetLeft"));
         left->setEnabled(own.LeftFile(host.kind).Exists());
         QObject::connect(left, &QAction::triggered, &menu, [bringBack = host.bringBack] { bringBack(); });
@@ -192,10 +186,10 @@ private:
 
     void AddSaving()
     {
-        QAction* const save = menu.addAction(PresetText("Save as Preset..."));
+        QAction* const save = menu.addAction(Translated("Save as Preset..."));
         save->setObjectName(QStringLiteral("PresetSave"));
         QObject::connect(save, &QAction::triggered, &menu, [ask = host.saveAsPreset] { ask(); });
-        QAction* const useAsDefault = menu.addAction(PresetText("Use as My Default"));
+        QAction* const useAsDefault = menu.addAction(Translated("Use as My Default"));
         useAsDefault->setObjectName(QStringLiteral("PresetDefault"));
         useAsDefault->setCheckable(true);
         useAsDefault->setChecked(own.DefaultFile(host.kind).Exists());
@@ -204,7 +198,7 @@ private:
 
     void AddDeleting(const std::vector<OwnPreset>& saved)
     {
-        QMenu* const deleting = menu.addMenu(PresetText("Delete Preset"));
+        QMenu* const deleting = menu.addMenu(Translated("Delete Preset"));
         deleting->setObjectName(QStringLiteral("PresetDelete"));
         deleting->setEnabled(!saved.empty());
         for (const OwnPreset& preset : saved) {
@@ -223,8 +217,8 @@ private:
 std::optional<std::string> AskForName(QWidget& parent, DesktopPlatform& platform, const QString& earlier)
 {
     QInputDialog dialog(&parent);
-    dialog.setWindowTitle(PresetText("Save as Preset"));
-    dialog.setLabelText(PresetText("Name of the preset:"));
+    dialog.setWindowTitle(Translated("Save as Preset"));
+    dialog.setLabelText(Translated("Name of the preset:"));
     dialog.setTextValue(earlier);
     return platform.RunModal(dialog) == QDialog::Accepted ? std::optional(dialog.textValue().toStdString())
                                                           : std::nullopt;
@@ -237,9 +231,9 @@ bool MayReplace(Platform& platform, const FolderItem& file, const std::string& n
         return true;
     }
     MessageDialog dialog;
-    dialog.message = PresetText("There is a preset “%1” already. Replace it?").arg(ToQt(name)).toStdString();
-    dialog.actionButton = PresetText("Replace").toStdString();
-    dialog.cancelButton = PresetText("Cancel").toStdString();
+    dialog.message = Message("There is a preset “%1” already. Replace it?", name);
+    dialog.actionButton = Message("Replace");
+    dialog.cancelButton = Message("Cancel");
     return platform.ShowModal(dialog) == MessageDialog::Button::Action;
 }
 
@@ -278,7 +272,7 @@ std::optional<std::string> SaveAsPreset(QWidget& parent, DesktopPlatform& platfo
     std::string entered;
     while (const auto name = AskForName(parent, platform, ToQt(entered))) {
         entered = *name;
-        if (const std::string problem = OwnPresets::NameProblem(entered); !problem.empty()) {
+        if (const Message problem = OwnPresets::NameProblem(entered); !problem.IsEmpty()) {
             platform.MsgBox(problem);
             continue;
         }
@@ -287,7 +281,8 @@ std::optional<std::string> SaveAsPreset(QWidget& parent, DesktopPlatform& platfo
             continue;
         }
         if (const std::error_code error = own.Save(entered, kind, window)) {
-            platform.ShowFileError(file, "The preset could not be saved.", error.message());
+            platform.ShowFileError(file, Message("The preset could not be saved."),
+                                   Message::Verbatim(error.message()));
             continue;
         }
         return entered;
@@ -300,8 +295,9 @@ bool UseAsDefault(Platform& platform, const PaperKind& kind, const PaperWindow& 
     const OwnPresets own(platform.PreferencesFolder());
     if (const std::error_code error = on ? own.SaveDefault(kind, window) : own.ForgetDefault(kind)) {
         platform.ShowFileError(own.DefaultFile(kind),
-                               on ? "The default could not be saved." : "The default could not be forgotten.",
-                               error.message());
+                               on ? Message("The default could not be saved.")
+                                  : Message("The default could not be forgotten."),
+                               Message::Verbatim(error.message()));
         return false;
     }
     return true;
@@ -310,14 +306,15 @@ bool UseAsDefault(Platform& platform, const PaperKind& kind, const PaperWindow& 
 bool DeletePreset(Platform& platform, const OwnPreset& preset)
 {
     MessageDialog dialog;
-    dialog.message = PresetText("Delete the preset “%1”?").arg(ToQt(preset.name)).toStdString();
-    dialog.actionButton = PresetText("Delete").toStdString();
-    dialog.cancelButton = PresetText("Cancel").toStdString();
+    dialog.message = Message("Delete the preset “%1”?", preset.name);
+    dialog.actionButton = Message("Delete");
+    dialog.cancelButton = Message("Cancel");
     if (platform.ShowModal(dialog) != MessageDialog::Button::Action) {
         return false;
     }
     if (const std::error_code error = OwnPresets::Delete(preset)) {
-        platform.ShowFileError(preset.file, "The preset could not be deleted.", error.message());
+        platform.ShowFileError(preset.file, Message("The preset could not be deleted."),
+                               Message::Verbatim(error.message()));
         return false;
     }
     return true;

@@ -109,7 +109,7 @@ void PresetPicker::Search()
     const QSignalBlocker quiet(groups);
     groups->clear();
     for (const PresetGroup group : tiles->Groups()) {
-        groups->addItem(ToQt(TitleOf(group)));
+        groups->addItem(Translated(TitleOf(group)));
     }
     groups->setCurrentRow(0);
 }

@@ -174,7 +174,7 @@ void PresetTiles::Show(std::vector<PaperHit> thePresets)
 
 void PresetTiles::AddHeading(PresetGroup group)
 {
-    auto* const heading = new QListWidgetItem(ToQt(TitleOf(group)), this);
+    auto* const heading = new QListWidgetItem(Translated(TitleOf(group)), this);
     heading->setFlags(Qt::NoItemFlags);
     heading->setData(GroupRole, static_cast<int>(group));
 }
@@ -182,7 +182,7 @@ void PresetTiles::AddHeading(PresetGroup group)
 void PresetTiles::AddTile(std::size_t preset)
 {
     const PaperHit& hit = presets[preset];
-    auto* const tile = new QListWidgetItem(ToQt(hit.title).simplified(), this);
+    auto* const tile = new QListWidgetItem(Translated(hit.title).simplified(), this);
     tile->setData(PresetRole, static_cast<int>(preset));
     tile->setData(GroupRole, static_cast<int>(GroupOf(hit)));
     tile->setData(Qt::AccessibleTextRole, LineOf(hit));

@@ -26,15 +26,15 @@ bool HasLongLine(std::string_view text)
 }
 
 /// Returns why the text cannot be a marker file, or an empty text if it can.
-std::string FaultOf(std::string_view text)
+Message FaultOf(std::string_view text)
 {
     if (text.size() > longestText) {
-        return "larger than 64 MiB";
+        return Message("larger than 64 MiB");
     }
     if (text.find('\0') != std::string_view::npos) {
-        return "not a text file";
+        return Message("not a text file");
     }
-    return HasLongLine(text) ? "a line is longer than 64 KiB" : "";
+    return HasLongLine(text) ? Message("a line is longer than 64 KiB") : Message();
 }
 
 /// Removes the first line from the text, together with its line end, and returns it without.
@@ -56,12 +56,22 @@ MarkerFile::MarkerFile(const FolderItem& item) : text(std::make_shared<const std
     }
     BinaryStream stream = item.OpenAsBinaryFile();
     std::string read = stream.ReadRest(longestText);
-    const std::string fault = stream.Error() ? stream.Error().message() : FaultOf(read);
-    if (!fault.empty()) {
-        whyNot = item.Path().string() + ": " + fault;
+    Take(item.Path().string(), std::move(read), stream.Error());
+}
+
+MarkerFile::MarkerFile(const std::string& name, std::string bytes) : text(std::make_shared<const std::string>())
+{
+    Take(name, std::move(bytes), {});
+}
+
+void MarkerFile::Take(const std::string& name, std::string bytes, const std::error_code& error)
+{
+    const Message fault = error ? Message::Verbatim(error.message()) : FaultOf(bytes);
+    if (!fault.IsEmpty()) {
+        whyNot = Message("%1: %2", name, fault);
         return;
     }
-    text = std::make_shared<const std::string>(std::move(read));
+    text = std::make_shared<const std::string>(std::move(bytes));
 }
 
 std::function<bool(std::string& line)> MarkerFile::Lines() const

@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace linealis {
 
@@ -20,19 +21,23 @@ class MarkerFile {
 public:
     /// Reads the whole file at once. An empty reference gives no lines and no error.
     explicit MarkerFile(const FolderItem& item = {});
+    /// Takes the text of a file that was read elsewhere. `name` stands for the file in Error().
+    MarkerFile(const std::string& name, std::string bytes);
 
     /// Returns a function that reads the lines from the first: each call stores the next one, without its line end,
     /// in `line` and returns whether there was one. It can be called on any thread and outlive this object.
     std::function<bool(std::string& line)> Lines() const;
 
     /// "FILE: reason" if the file could not be used. Empty if it could, or if no file was given.
-    const std::string& Error() const { return whyNot; }
+    const Message& Error() const { return whyNot; }
 
     bool operator==(const MarkerFile& other) const { return *text == *other.text && whyNot == other.whyNot; }
 
 private:
+    void Take(const std::string& name, std::string bytes, const std::error_code& error);
+
     std::shared_ptr<const std::string> text;  ///< never null; empty if the file could not be used
-    std::string whyNot;
+    Message whyNot;
 };
 
 /// The fields of a line of a marker file, which are separated by single blanks. A missing field is empty; what

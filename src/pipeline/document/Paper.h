@@ -35,9 +35,9 @@ public:
     virtual void Begin() = 0;
     /// Returns why OK would change nothing: a sentence with what was entered and what is possible. Empty if OK
     /// fills in the form.
-    virtual std::string Problem() const = 0;
+    virtual Message Problem() const = 0;
     /// Describes what OK enters, one axis per line.
-    virtual std::string Outcome() const = 0;
+    virtual Message Outcome() const = 0;
 };
 
 /// An instance of a paper kind: its form and the operations on it.

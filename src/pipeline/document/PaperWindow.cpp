@@ -75,14 +75,14 @@ void PaperWindow::UpdateMarkers()
 {
     ReadMarkerFile();
     const auto* const box = form.Find<CheckBox>("CheckBoxMarkers");
-    if (box != nullptr && box->Value() && !markers.Error().empty()) {
+    if (box != nullptr && box->Value() && !markers.Error().IsEmpty()) {
         NoteNoMarkers(markers);
     }
 }
 
 void PaperWindow::NoteNoMarkers(const MarkerFile& unusable) const
 {
-    platform.Note(unusable.Error() + ", so no markers are drawn");
+    platform.Note(Message("%1, so no markers are drawn", unusable.Error()));
 }
 
 void PaperWindow::PushButtonGenerate_Action()
@@ -95,7 +95,7 @@ void PaperWindow::PushButtonGenerate_Action()
     DoFilename();
     const bool toBeShown = !pdf.theFile.IsEmpty() && lastPage != PageEnd::Stopped;
     if (form.CheckBoxViewGraph.Value() && toBeShown && !platform.Launch(pdf.theFile)) {
-        platform.Note("Could not start a viewer for " + pdf.theFile.Name());
+        platform.Note(Message("Could not start a viewer for %1", pdf.theFile.Name()));
     }
 }
 
@@ -120,9 +120,9 @@ bool PaperWindow::MayReplaceOutputFile()
     }
     MessageDialog dialog;
     dialog.message =
-        outputFile.Path().string() + " was not made by Linealis or has been modified since. Replace it?";
-    dialog.actionButton = "Replace";
-    dialog.cancelButton = "Cancel";
+        Message("%1 was not made by Linealis or has been modified since. Replace it?", outputFile.Path().string());
+    dialog.actionButton = Message("Replace");
+    dialog.cancelButton = Message("Cancel");
     return platform.ShowModal(dialog) == MessageDialog::Button::Action;
 }
 
@@ -149,12 +149,12 @@ void PaperWindow::DoPage()
 /// Shows each dialog while the page is being drawn.
 PageQuestions PaperWindow::Dialogs() const
 {
-    return {.say = [this](const std::string& message) { platform.MsgBox(message); },
+    return {.say = [this](const Message& message) { platform.MsgBox(message); },
             .askForMarkers =
                 [this] {
                     const FolderItem given = platform.GetOpenFolderItem(markerFileType);
                     const MarkerFile file(given);
-                    if (given.Exists() && !file.Error().empty()) {
+                    if (given.Exists() && !file.Error().IsEmpty()) {
                         NoteNoMarkers(file);
                     }
                     return file.Lines();
@@ -164,7 +164,7 @@ PageQuestions PaperWindow::Dialogs() const
 void PaperWindow::ColorCanvas_MouseDown(Swatch& canvas)
 {
     Color color = canvas.Shown();
-    if (platform.SelectColor(color, "Select a Color")) {
+    if (platform.SelectColor(color, Message("Select a Color"))) {
         canvas.SetColor(color);
     }
 }
@@ -174,9 +174,9 @@ std::error_code PaperWindow::SaveSettings(const FolderItem& file) const
     return linealis::SaveSettings(paper.settings, outputFile, file);
 }
 
-std::string PaperWindow::LostBySaving() const
+Message PaperWindow::LostBySaving() const
 {
-    std::string names;
+    std::vector<Message> names;
     for (const Control* const control : form.Controls()) {
         const bool isKept =
             std::any_of(paper.settings.begin(), paper.settings.end(),
@@ -184,11 +184,11 @@ std::string PaperWindow::LostBySaving() const
         const bool isCut = control->Kind() == ControlKind::Text &&
                            static_cast<const TextField&>(*control).Text().size() > BinaryStream::longestPString;
         const bool isDifferent = control->Kind() != ControlKind::Label && !form.IsAsOpened(*control);
-        if (isKept ? isCut : isDifferent && form.WhyIdle(*control).empty()) {
-            names += (names.empty() ? "" : ", ") + WholeName(form, *control);
+        if (isKept ? isCut : isDifferent && form.WhyIdle(*control).IsEmpty()) {
+            names.push_back(WholeName(form, *control));
         }
     }
-    return names;
+    return Message::Joined(std::move(names), ", ");
 }
 
 std::error_code PaperWindow::LoadSettings(const FolderItem& file)
@@ -218,8 +218,8 @@ LoadResult PaperWindow::Load(const FolderItem& file)
     const LoadResult result = Load(file.OpenAsBinaryFile(), loaded);
     if (!result.error) {
         SetOutputFile(loaded);
-        if (const std::string problem = result.Problem(); !problem.empty()) {
-            platform.Note(file.Name() + " " + problem);
+        if (const Message problem = result.Problem(); !problem.IsEmpty()) {
+            platform.Note(Message("%1 %2", file.Name(), problem));
         }
     }
     return result;
@@ -236,17 +236,12 @@ LoadResult PaperWindow::Load(BinaryStream settings, FolderItem& fileOfPage)
     return result;
 }
 
-void PaperWindow::NoteFailure(const FolderItem& file, const char* what, std::error_code error) const
-{
-    if (error) {
-        platform.Note(file.Name() + " could not be " + what + ": " + error.message());
-    }
-}
-
 bool PaperWindow::OpenDocument(const FolderItem& file)
 {
     const LoadResult result = Load(file);
-    NoteFailure(file, "opened", result.error);
+    if (result.error) {
+        platform.Note(Message("%1 could not be opened: %2", file.Name(), result.error.message()));
+    }
     ourFolderItem = file;
     stored = form.State();
     return !result.error;
@@ -255,14 +250,15 @@ bool PaperWindow::OpenDocument(const FolderItem& file)
 bool PaperWindow::Store(const FolderItem& file)
 {
     const std::error_code error = SaveSettings(file);
-    NoteFailure(file, "saved", error);
-    if (!error) {
-        stored = form.State();
-        if (const std::string lost = LostBySaving(); !file.IsEmpty() && !lost.empty()) {
-            platform.Note(file.Name() + " does not store " + lost);
-        }
+    if (error) {
+        platform.Note(Message("%1 could not be saved: %2", file.Name(), error.message()));
+        return false;
     }
-    return !error;
+    stored = form.State();
+    if (const Message lost = LostBySaving(); !file.IsEmpty() && !lost.IsEmpty()) {
+        platform.Note(Message("%1 does not store %2", file.Name(), lost));
+    }
+    return true;
 }
 
 bool PaperWindow::FileOpen_Action()

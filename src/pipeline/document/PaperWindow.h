@@ -86,7 +86,7 @@ public:
     std::error_code LoadSettings(const FolderItem& file);
     /// Returns the names of the controls that a settings file would not restore, such as "Draw Frame, Custom
     /// width". Empty if it stores everything.
-    std::string LostBySaving() const;
+    Message LostBySaving() const;
     /// Returns the bytes that SaveSettings writes.
     std::string SettingsBytes() const;
     /// Loads settings into the form. The output file stays the same.
@@ -116,7 +116,6 @@ private:
     /// A failure leaves the form and `fileOfPage` as they were.
     LoadResult Load(BinaryStream settings, FolderItem& fileOfPage);
     bool Store(const FolderItem& file);
-    void NoteFailure(const FolderItem& file, const char* what, std::error_code error) const;
     void SetOutputFile(const FolderItem& file);
     /// Whether the page may replace the output file. A settings file can name any PDF, so the user is asked once
     /// about a PDF that this program did not make.

@@ -121,17 +121,16 @@ LoadResult LoadSettings(const SettingsTable& table, FolderItem& outputFile, Bina
     return result;
 }
 
-std::string LoadResult::Problem() const
+Message LoadResult::Problem() const
 {
     if (impossible > 0) {
-        return "has an invalid length in field " + std::to_string(impossible) + " of " + std::to_string(fields) +
-               "; the fields after it are unreliable";
+        return Message("has an invalid length in field %1 of %2; the fields after it are unreliable", impossible,
+                       fields);
     }
     if (fieldsRead < fields) {
-        return "ends at field " + std::to_string(fieldsRead + 1) + " of " + std::to_string(fields) +
-               "; the remaining fields are empty";
+        return Message("ends at field %1 of %2; the remaining fields are empty", fieldsRead + 1, fields);
     }
-    return goesOn ? "has extra data after the last of its " + std::to_string(fields) + " fields" : "";
+    return goesOn ? Message("has extra data after the last of its %1 fields", fields) : Message();
 }
 
 namespace settings {

@@ -49,7 +49,7 @@ struct LoadResult {
     bool goesOn = false;         ///< the file has data after its last field
 
     /// Describes what is wrong with the content, to be appended to the file name. Empty if nothing is.
-    std::string Problem() const;
+    Message Problem() const;
 };
 
 /// Reads a stream into the form that the table refers to, and the output file that it names. If the stream is not

@@ -92,9 +92,9 @@ std::int64_t TextField::Whole() const
     return truncated(Number());
 }
 
-std::string TextField::Remark() const
+Message TextField::Remark() const
 {
-    return IsEnabled() ? RemarkOn(MeansNow(), Text()) : "";
+    return IsEnabled() ? RemarkOn(MeansNow(), Text()) : Message();
 }
 
 void TextField::SetText(std::string newText)

@@ -161,7 +161,7 @@ public:
     /// Whether the field is empty and that has a meaning of its own.
     bool IsLeftOpen() const { return MeansNow() == Meaning::TitlePlace && Text().empty(); }
     /// A remark for the user on the text (see RemarkOn). Empty if there is none or if the field is disabled.
-    std::string Remark() const;
+    Message Remark() const;
 
     void SetText(std::string newText);
     /// Sets the text as if the user typed it. The field has the focus while handlers run.
@@ -169,7 +169,8 @@ public:
     /// Changes the meaning, for a field whose meaning depends on another control.
     void SetMeaning(Meaning newMeaning);
 
-    std::function<void()> onChange;  ///< runs at every change of the text, by the user or by code
+    std::function<void()> onChange;      ///< runs at every change of the text, by the user or by code
+    std::function<std::string()> today;  ///< of a date: returns that of today; null for any other field
 };
 
 /// A choice of one item: a popup or a group of radio buttons.

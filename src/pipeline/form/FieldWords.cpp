@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace linealis {
 
@@ -52,10 +54,10 @@ std::optional<double> Millimeters(const TextField& field, LengthUnit formUnit)
 }
 
 /// Formats a number with one or two decimals.
-std::string Rounded(double value)
+Message Rounded(double value)
 {
-    std::string text = Str(std::round(value * 100.0) / 100.0);
-    return text.find('.') == std::string::npos ? text + ".0" : text;
+    const std::string text = Str(std::round(value * 100.0) / 100.0);
+    return Message::Number(text.find('.') == std::string::npos ? text + ".0" : text);
 }
 
 }  // namespace
@@ -70,22 +72,19 @@ const Control& FirstInRow(const Form& form, const Control& control)
     return control;
 }
 
-std::string WholeName(const Form& form, const Control& control)
+Message WholeName(const Form& form, const Control& control)
 {
     const Traits& traits = control.Declared();
-    const std::string caption = PlainCaption(control);
+    const Message caption = Message::Listed(PlainCaption(control));
     if (!traits.fullName.empty()) {
-        return std::string(traits.fullName);
-    }
-    if (control.InGroup() == Group::Margins) {
-        return caption + " margin";
+        return Message::Listed(traits.fullName);
     }
     if (!traits.sets.empty() && !traits.captionAbove) {
-        return caption + " of the " + std::string(traits.sets);
+        return Message("%1 of the %2", caption, Message::Listed(traits.sets));
     }
     const Control& first = FirstInRow(form, control);
     const bool isNamedByRow = traits.captionAbove || IsAmbiguous(form, control);
-    return isNamedByRow && &first != &control ? WholeName(form, first) + ", " + caption : caption;
+    return isNamedByRow && &first != &control ? Message("%1, %2", WholeName(form, first), caption) : caption;
 }
 
 const Control* GovernorOf(const Form& form, Role role)
@@ -116,17 +115,17 @@ Control* FindByNameOrAlias(const Form& form, std::string_view nameOrAlias)
     return found == form.Controls().end() ? nullptr : *found;
 }
 
-std::string Readout(std::span<Control* const> fields, LengthUnit unit)
+Message Readout(std::span<Control* const> fields, LengthUnit unit)
 {
-    std::string readout;
+    std::vector<Message> lengths;
     for (const Control* const control : fields) {
         const bool counts = control->Kind() == ControlKind::Text && control->IsEnabled();
         const auto length = counts ? Millimeters(static_cast<const TextField&>(*control), unit) : std::nullopt;
         if (length && std::isfinite(*length)) {
-            readout += (readout.empty() ? "= " : ", ") + Rounded(*length);
+            lengths.push_back(Rounded(*length));
         }
     }
-    return readout.empty() ? readout : readout + " mm";
+    return lengths.empty() ? Message() : Message("= %1 mm", Message::Joined(std::move(lengths), ", "));
 }
 
 std::string_view UnitWord(const Form& form, const TextField& field)
@@ -153,11 +152,16 @@ std::string_view UnitWord(const Form& form, const TextField& field)
     return "";
 }
 
-std::string HintOf(const TextField& field)
+Message IsOff(const CheckBox& box)
+{
+    return Message("%1 is off", Message::Listed(box.Caption()));
+}
+
+Message HintOf(const TextField& field)
 {
     const std::string_view sets = field.Declared().sets;
-    const std::string hint(FactsOf(field.MeansNow()).hint);
-    return sets.empty() ? hint : "Weight of the " + std::string(sets) + ". " + hint;
+    const Message hint = Message::Listed(FactsOf(field.MeansNow()).hint);
+    return sets.empty() ? hint : Message("Weight of the %1. %2", Message::Listed(sets), hint);
 }
 
 }  // namespace linealis

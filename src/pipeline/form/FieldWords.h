@@ -3,7 +3,6 @@
 #include "pipeline/form/Form.h"
 
 #include <span>
-#include <string>
 #include <string_view>
 
 namespace linealis {
@@ -12,7 +11,7 @@ namespace linealis {
 
 /// Returns a name that distinguishes the control from all others of its form without seeing the form: "X Axis,
 /// Weight", "Top margin".
-std::string WholeName(const Form& form, const Control& control);
+Message WholeName(const Form& form, const Control& control);
 
 /// Returns the first control in the row of this one, which may be the control itself.
 const Control& FirstInRow(const Form& form, const Control& control);
@@ -26,13 +25,16 @@ Control* FindByNameOrAlias(const Form& form, std::string_view nameOrAlias);
 
 /// Returns the lengths that the fields stand for, as the page uses them: "= 5.0 mm", "= 12.7, 12.7 mm". Lines per
 /// unit are converted to their distance. Skips fields that are not lengths; returns an empty text if none is.
-std::string Readout(std::span<Control* const> fields, LengthUnit unit);
+Message Readout(std::span<Control* const> fields, LengthUnit unit);
 
 /// Returns the unit of the number in the field: "in", "cm", "pt", "%". Empty if it has none.
 std::string_view UnitWord(const Form& form, const TextField& field);
 
+/// Returns why what a box draws or enables has no effect: "Show Axes is off".
+Message IsOff(const CheckBox& box);
+
 /// Returns a hint on what to enter and, for a line weight, which lines it applies to: "Weight of the vertical
 /// lines. Line width in points (1/72 inch), whatever the unit".
-std::string HintOf(const TextField& field);
+Message HintOf(const TextField& field);
 
 }  // namespace linealis

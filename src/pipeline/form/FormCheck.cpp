@@ -35,7 +35,7 @@ public:
     }
 
 private:
-    void Warn(std::string_view id, const Control& control, const std::string& text)
+    void Warn(std::string_view id, const Control& control, const Message& text)
     {
         warnings.push_back({id, std::string(control.Name()), text});
     }
@@ -43,7 +43,7 @@ private:
     void CheckWeights()
     {
         for (const Control* const control : form.Controls()) {
-            if (control->State().meaning == Meaning::Weight && form.WhyIdle(*control).empty()) {
+            if (control->State().meaning == Meaning::Weight && form.WhyIdle(*control).IsEmpty()) {
                 CheckWeight(static_cast<const TextField&>(*control));
             }
         }
@@ -54,11 +54,12 @@ private:
         const double width = field.Used() * std::min(std::abs(frame.xScale), std::abs(frame.yScale));
         if (width == 0.0) {
             Warn("thin", field,
-                 WholeName(form, field) + ": lines of 0 pt print as thin as the printer allows, or not at all");
+                 Message("%1: lines of 0 pt print as thin as the printer allows, or not at all",
+                         WholeName(form, field)));
         } else if (width > 0.0 && width < thinnest - 1e-9 && !form.IsAsOpened(field)) {
             Warn("thin", field,
-                 WholeName(form, field) + ": lines of " + Str(width) + " pt may not print; use at least " +
-                     Str(thinnest) + " pt");
+                 Message("%1: lines of %2 pt may not print; use at least %3 pt", WholeName(form, field), width,
+                         thinnest));
         }
         if (const TextField* const apart = field.Declared().apart) {
             const bool counts = FactsOf(apart->MeansNow()).quantity == Quantity::CountPerUnit;
@@ -77,15 +78,17 @@ private:
                        {form.EditLeftMargin, frame.leftMargin},
                        {form.EditRightMargin, frame.rightMargin}};
         const Control* first = nullptr;
-        std::string names;
+        std::vector<Message> names;
         for (const auto& [field, points] : margins) {
             if (points < leastMargin - marginTolerance) {
                 first = first == nullptr ? &field : first;
-                names += (names.empty() ? "" : ", ") + WholeName(form, field);
+                names.push_back(WholeName(form, field));
             }
         }
         if (first != nullptr) {
-            Warn("margin", *first, names + " under 6.35 mm: many printers cannot print that close to the edge");
+            Warn("margin", *first,
+                 Message("%1 under %2 mm: many printers cannot print that close to the edge",
+                         Message::Joined(std::move(names), ", "), 6.35));
         }
     }
 
@@ -97,7 +100,7 @@ private:
             const TextField& widest =
                 **std::max_element(allMargins.begin(), allMargins.end(),
                                    [](const TextField* a, const TextField* b) { return a->Used() < b->Used(); });
-            Warn("room", widest, "The margins leave no room on the page");
+            Warn("room", widest, Message("The margins leave no room on the page"));
             return;
         }
         for (const Control* const control : form.Controls()) {
@@ -129,8 +132,8 @@ private:
         const double cell = field.Used() * frame.unitPixels;
         if (cell > room) {
             Warn("cell", field,
-                 WholeName(form, field) + " of " + LengthWords(cell, frame) + " is larger than the " +
-                     LengthWords(room, frame) + " between the margins");
+                 Message("%1 of %2 is larger than the %3 between the margins", WholeName(form, field),
+                         LengthWords(cell, frame), LengthWords(room, frame)));
         }
     }
 
@@ -138,8 +141,8 @@ private:
     {
         if (field.Used() != 100.0 && field.Used() != 0.0) {  // 0 has its own remark
             Warn("scale", field,
-                 WholeName(form, field) + " is " + Str(field.Used()) +
-                     "%: lengths on the page are not true to size");
+                 Message("%1 is %2%: lengths on the page are not true to size", WholeName(form, field),
+                         field.Used()));
         }
     }
 
@@ -147,12 +150,13 @@ private:
     {
         if (form.EditCustomWidth.IsEnabled()) {
             Warn("custom-size", form.EditCustomWidth,
-                 "A settings file does not store the custom paper size, " + PaperWords(frame));
+                 Message("A settings file does not store the custom paper size, %1", PaperWords(frame)));
         }
         constexpr std::int64_t largestPaper = 14400;  // points: ISO 32000-1, annex C
         if (std::max(frame.paperWidth, frame.paperHeight) > largestPaper) {
             Warn("paper-size", form.EditCustomWidth,
-                 "The paper size, " + PaperWords(frame) + ", exceeds 200 by 200 in; many PDF readers reject it");
+                 Message("The paper size, %1, exceeds 200 by 200 in; many PDF readers reject it",
+                         PaperWords(frame)));
         }
     }
 
@@ -171,10 +175,10 @@ bool StandsAsOpened(const PaperForm& form, const TextField& text)
 }
 
 /// Formats a length in points with three significant digits.
-std::string Rough(double points)
+Message Rough(double points)
 {
     const double grain = std::pow(10.0, 2.0 - std::floor(std::log10(points)));
-    return Str(std::round(points * grain) / grain) + " pt";
+    return Message("%1 pt", std::round(points * grain) / grain);
 }
 
 }  // namespace
@@ -187,9 +191,9 @@ PageWarnings FieldWarnings(const Form& form)
             continue;
         }
         const auto& field = static_cast<const TextField&>(*control);
-        if (const std::string remark = field.Remark(); !remark.empty()) {
+        if (const Message remark = field.Remark(); !remark.IsEmpty()) {
             warnings.push_back({field.MeansNow() == Meaning::Prose ? "text" : "field", std::string(field.Name()),
-                                WholeName(form, field) + ": " + remark});
+                                Message("%1: %2", WholeName(form, field), remark)});
         }
     }
     return warnings;
@@ -220,8 +224,8 @@ void WarnOfInk(const Form& form, const TextField& weight, double distance, PageW
     const double width = weight.Used();
     if (distance > 0.0 && width >= distance) {
         warnings.push_back({"ink", std::string(weight.Name()),
-                            WholeName(form, weight) + ": lines " + Rough(width) + " wide and " + Rough(distance) +
-                                " apart leave no white space between them"});
+                            Message("%1: lines %2 wide and %3 apart leave no white space between them",
+                                    WholeName(form, weight), Rough(width), Rough(distance))});
     }
 }
 

@@ -26,6 +26,11 @@ constexpr std::array lengthUnits = {NamedUnit{"mm", 0.1 / cmPerInch},
                                     NamedUnit{"inches", 1.0},
                                     NamedUnit{"\"", 1.0},
                                     NamedUnit{"\u2033", 1.0},
+                                    NamedUnit{"zoll", 1.0},
+                                    NamedUnit{"po", 1.0},
+                                    NamedUnit{"pulg.", 1.0},
+                                    NamedUnit{"pol.", 1.0},
+                                    NamedUnit{"インチ", 1.0},
                                     NamedUnit{"pt", 1.0 / pointsPerInch}};
 
 /// Reads a text piece by piece from its start.

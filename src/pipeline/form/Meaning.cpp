@@ -34,23 +34,24 @@ bool HasPairedParentheses(std::string_view text)
 }
 
 /// Parentheses and backslashes go to the page unescaped, so they must be valid in a PDF string.
-std::string RemarkOnProse(std::string_view text)
+Message RemarkOnProse(std::string_view text)
 {
     for (const std::string_view character : Characters(text)) {
         if (!IsInMacRoman(character)) {
-            return "\u201C" + std::string(character) + "\u201D cannot be printed and is replaced by \u201C?\u201D";
+            return Message("\u201C%1\u201D cannot be printed and is replaced by \u201C?\u201D", character);
         }
     }
     if (text.find('\\') != std::string_view::npos) {
-        return "a backslash changes how the text after it prints";
+        return Message("a backslash changes how the text after it prints");
     }
-    return HasPairedParentheses(text) ? "" : "parentheses must be balanced, or the page is damaged";
+    return HasPairedParentheses(text) ? Message() : Message("parentheses must be balanced, or the page is damaged");
 }
 
 template <Meaning meaning>
-std::string EffectOfCustomSide(double side)
+Message EffectOfCustomSide(double side)
 {
-    return PointsOfCustomSide(meaning, side) < smallestPage ? "a page side is at least 10 points" : "";
+    return PointsOfCustomSide(meaning, side) < smallestPage ? Message("a page side is at least 10 points")
+                                                            : Message();
 }
 
 double Whole(double value)
@@ -68,66 +69,66 @@ double OneInsteadOfZero(double value)
     return value == 0.0 ? 1.0 : value;
 }
 
-std::string EffectOfCell(double value)
+Message EffectOfCell(double value)
 {
-    return value > 0.0 ? "" : "must be above 0, or no pattern is drawn";
+    return value > 0.0 ? Message() : Message("must be above 0, or no pattern is drawn");
 }
 
-std::string EffectOfMark(double value)
+Message EffectOfMark(double value)
 {
-    return value == 0.0 ? "0 draws no bar" : value < 0.0 ? "should not be negative" : "";
+    return value == 0.0 ? Message("0 draws no bar") : value < 0.0 ? Message("should not be negative") : Message();
 }
 
-std::string EffectOfWeight(double value)
+Message EffectOfWeight(double value)
 {
-    return value < 0.0 ? "should not be negative" : "";
+    return value < 0.0 ? Message("should not be negative") : Message();
 }
 
-std::string EffectOfDensity(double value)
+Message EffectOfDensity(double value)
 {
-    return value < 0.0 ? "must be above 0, or no grid lines are drawn" : "";
+    return value < 0.0 ? Message("must be above 0, or no grid lines are drawn") : Message();
 }
 
-std::string EffectOfFontSize(double value)
+Message EffectOfFontSize(double value)
 {
     const double printed = Whole(value);
     if (value < 0.0) {
-        return "should not be negative";
+        return Message("should not be negative");
     }
     if (printed == 0.0) {
-        return "must be at least 1, or nothing is printed";
+        return Message("must be at least 1, or nothing is printed");
     }
-    return printed != value ? "prints at " + Str(printed) + " points" : "";
+    return printed != value ? Message("prints at %1 points", printed) : Message();
 }
 
-std::string EffectOfScale(double value)
+Message EffectOfScale(double value)
 {
-    return value == 0.0 ? "0 produces an empty page" : "";
+    return value == 0.0 ? Message("0 produces an empty page") : Message();
 }
 
-std::string EffectOfDivisions(double value)
+Message EffectOfDivisions(double value)
 {
-    return value < 1.0 ? "must be at least 1, or the sides are not divided" : "";
+    return value < 1.0 ? Message("must be at least 1, or the sides are not divided") : Message();
 }
 
-std::string EffectOfNumberSpacing(double value)
+Message EffectOfNumberSpacing(double value)
 {
-    return value < 0.0 ? "a negative value prints no numbers" : "";
+    return value < 0.0 ? Message("a negative value prints no numbers") : Message();
 }
 
-std::string EffectOfExponent(double value)
+Message EffectOfExponent(double value)
 {
-    return value > 1.0 ? "" : "must be larger than 1";
+    return value > 1.0 ? Message() : Message("must be larger than 1");
 }
 
-std::string EffectOfHydraulicStart(double value)
+Message EffectOfHydraulicStart(double value)
 {
-    return value < 0.0 ? "must not be negative on a hydraulic axis" : "";
+    return value < 0.0 ? Message("must not be negative on a hydraulic axis") : Message();
 }
 
-std::string EffectOfHydraulicStep(double value)
+Message EffectOfHydraulicStep(double value)
 {
-    return value > 0.0 ? "" : "must be above 0, or no grid lines are drawn";
+    return value > 0.0 ? Message() : Message("must be above 0, or no grid lines are drawn");
 }
 
 constexpr std::string_view lengthHint = "Length in the current unit, inches or centimeters";
@@ -256,19 +257,26 @@ constexpr bool IsInOrder()
 static_assert(IsInOrder(), "a row is not at the index of its meaning");
 static_assert(allFacts.back().meaning == Meaning::HydraulicNumber, "a meaning has no row");
 
-std::string EffectOf(Meaning meaning, double value)
+Message EffectOf(Meaning meaning, double value)
 {
     const auto effect = FactsOf(meaning).effect;
-    return effect == nullptr ? "" : effect(value);
+    return effect == nullptr ? Message() : effect(value);
 }
 
-std::string RemarkOnMissingNumber(Meaning meaning, const std::string& text)
+/// Appends the effect of the value, if it has one.
+Message WithEffect(const Message& remark, Meaning meaning, double value)
+{
+    const Message effect = EffectOf(meaning, value);
+    return effect.IsEmpty() ? remark : Message("%1: %2", remark, effect);
+}
+
+Message RemarkOnMissingNumber(Meaning meaning, const std::string& text)
 {
     const double used = UsedValue(meaning, Val(text));
-    const std::string counts = "counts as " + Str(used);
-    const std::string effect = EffectOf(meaning, used);
-    return (IsBlank(text) ? "an empty field " : "\u201C" + Shortened(text) + "\u201D is not a number and ") +
-           counts + (effect.empty() ? "" : ": " + effect);
+    return WithEffect(IsBlank(text)
+                          ? Message("an empty field counts as %1", used)
+                          : Message("\u201C%1\u201D is not a number and counts as %2", Shortened(text), used),
+                      meaning, used);
 }
 
 }  // namespace
@@ -289,28 +297,29 @@ std::int64_t PointsOfCustomSide(Meaning meaning, double side)
     return truncated(side * (meaning == Meaning::CustomInches ? pointsPerInch : pointsPerCmOfCustomSize));
 }
 
-std::string RemarkOn(Meaning meaning, const std::string& text)
+Message RemarkOn(Meaning meaning, const std::string& text)
 {
     if (meaning == Meaning::Prose) {
         return RemarkOnProse(text);
     }
     if (meaning == Meaning::TitlePlace && text.empty()) {
-        return "";
+        return {};
     }
     if (meaning == Meaning::RangeEnd) {  // OK is refused, so it counts as nothing
-        return IsBlank(text) || IsNumber(text) ? "" : "\u201C" + Shortened(text) + "\u201D is not a number";
+        return IsBlank(text) || IsNumber(text) ? Message()
+                                               : Message("\u201C%1\u201D is not a number", Shortened(text));
     }
     if (!IsNumber(text)) {
         return RemarkOnMissingNumber(meaning, text);
     }
     const double value = Val(text);
     const double used = UsedValue(meaning, value);
-    if (used != value) {
-        const std::string effect = EffectOf(meaning, used);
-        return (meaning == Meaning::LinesPerUnit ? "must be above 0, or it becomes " : "counts as ") + Str(used) +
-               (effect.empty() ? "" : ": " + effect);
+    if (used == value) {
+        return EffectOf(meaning, value);
     }
-    return EffectOf(meaning, value);
+    return WithEffect(meaning == Meaning::LinesPerUnit ? Message("must be above 0, or it becomes %1", used)
+                                                       : Message("counts as %1", used),
+                      meaning, used);
 }
 
 }  // namespace linealis

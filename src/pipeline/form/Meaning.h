@@ -1,5 +1,7 @@
 #pragma once
 
+#include "text/Message.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -72,7 +74,7 @@ struct MeaningFacts {
     double (*used)(double value) = nullptr;
     /// Returns a remark on a used value that makes little sense on a page; empty if there is none. Null: no value
     /// has a remark.
-    std::string (*effect)(double value) = nullptr;
+    Message (*effect)(double value) = nullptr;
 };
 
 /// Returns the facts about a meaning.
@@ -90,6 +92,6 @@ inline constexpr std::int64_t smallestPage = 10;
 
 /// Returns a remark for the user on the text of a field: that it is not a number, which value is used instead, or
 /// why the value makes little sense on a page. Empty if there is none.
-std::string RemarkOn(Meaning meaning, const std::string& text);
+Message RemarkOn(Meaning meaning, const std::string& text);
 
 }  // namespace linealis

@@ -2,6 +2,7 @@
 
 #include "pdf/StandardFonts.h"
 #include "pdf/Units.h"
+#include "pipeline/form/FieldWords.h"
 #include "pipeline/form/UnitConversion.h"
 #include "pipeline/page/PaperSizes.h"
 #include "text/Numbers.h"
@@ -24,8 +25,10 @@ std::vector<std::string_view> PaperNames()
     return names;
 }
 
-constexpr Traits margin{.beside = true, .meaning = Meaning::Length, .unitRule = UnitRule::Length};
-constexpr Traits firstMargin{.meaning = Meaning::Length, .unitRule = UnitRule::Length};
+constexpr Traits Margin(std::string_view fullName, bool isBeside = true)
+{
+    return {.beside = isBeside, .meaning = Meaning::Length, .unitRule = UnitRule::Length, .fullName = fullName};
+}
 constexpr Traits CustomSize(std::string_view fullName)
 {
     return {.beside = true, .enabled = false, .meaning = Meaning::CustomInches, .fullName = fullName};
@@ -51,11 +54,14 @@ PaperForm::PaperForm(const MarginTexts& margins)
                  "Y Scale:",
                  "100",
                  {.beside = true, .meaning = Meaning::Scale}},
-      EditTopMargin{*this, Group::Margins, "EditTopMargin", "top-margin", "Top", margins.top, firstMargin},
-      EditBottomMargin{*this,          Group::Margins, "EditBottomMargin", "bottom-margin", "Bottom",
-                       margins.bottom, margin},
-      EditLeftMargin{*this, Group::Margins, "EditLeftMargin", "left-margin", "Left", margins.left, margin},
-      EditRightMargin{*this, Group::Margins, "EditRightMargin", "right-margin", "Right", margins.right, margin},
+      EditTopMargin{
+          *this, Group::Margins, "EditTopMargin", "top-margin", "Top", margins.top, Margin("Top margin", false)},
+      EditBottomMargin{*this,    Group::Margins, "EditBottomMargin",     "bottom-margin",
+                       "Bottom", margins.bottom, Margin("Bottom margin")},
+      EditLeftMargin{*this,  Group::Margins, "EditLeftMargin",     "left-margin",
+                     "Left", margins.left,   Margin("Left margin")},
+      EditRightMargin{*this,   Group::Margins, "EditRightMargin",     "right-margin",
+                      "Right", margins.right,  Margin("Right margin")},
       CheckBoxViewGraph{*this, Group::File, "CheckBoxViewGraph", "view-graph", "View Graph", true},
       StaticFileName{*this, Group::File, "StaticFileName", "Untitled", {.beside = true}}
 {
@@ -77,14 +83,14 @@ void PaperForm::OpenPaperSize()
     PopupPaperSize.SetListIndex(0);
 }
 
-std::string PaperForm::WhyIdle(const Control& control) const
+Message PaperForm::WhyIdle(const Control& control) const
 {
     const Traits& traits = control.Declared();
     if (&control == &EditCustomWidth || &control == &EditCustomHeight) {
-        return control.IsEnabled() ? "" : "Paper Size is not Custom";
+        return control.IsEnabled() ? Message() : Message("Paper Size is not Custom");
     }
     const CheckBox* const box = traits.drawnBy != nullptr ? traits.drawnBy : traits.enabledBy;
-    return box == nullptr || box->Value() ? "" : box->Caption() + " is off";
+    return box == nullptr || box->Value() ? Message() : IsOff(*box);
 }
 
 PaperSize PaperForm::GetPaperSize() const

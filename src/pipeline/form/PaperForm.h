@@ -49,7 +49,7 @@ public:
     /// Returns why the control currently has no effect on the page, in a few words ("Paper Size is not Custom"), or
     /// an empty text if it has an effect. A disabled field can still have an effect, and an enabled one can have
     /// none.
-    virtual std::string WhyIdle(const Control& control) const;
+    virtual Message WhyIdle(const Control& control) const;
 
     bool InInches() const { return PopupUnits.ListIndex() == 0; }
     LengthUnit UnitOfLengths() const override { return InInches() ? LengthUnit::Inches : LengthUnit::Centimeters; }

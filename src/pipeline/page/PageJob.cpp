@@ -10,13 +10,15 @@ namespace linealis {
 
 namespace {
 
-void GiveUp(MyPDFGenerator& pdf, const std::string& reason, Platform& platform)
+void GiveUp(MyPDFGenerator& pdf, const Message& reason, Platform& platform)
 {
     pdf.Discard();
-    platform.ShowFileError(pdf.theFile,
-                           "Unable to make the file " + pdf.theFile.Name() + ": " + reason +
-                               ". Nothing was written. Use larger spacing or smaller paper.",
-                           reason);
+    platform.ShowFileError(
+        pdf.theFile,
+        Message("Unable to make the file %1: %2. Nothing was written. Use larger spacing or smaller "
+                "paper.",
+                pdf.theFile.Name(), reason),
+        reason);
 }
 
 }  // namespace
@@ -90,9 +92,9 @@ PageEnd MakePage(const PaperPage& page, MyPDFGenerator& pdf, Turns& turns, const
         pdf.Discard();
         return PageEnd::Stopped;
     } catch (const PageGivenUp& givenUp) {
-        GiveUp(pdf, givenUp.reason, platform);
+        GiveUp(pdf, Message(givenUp.reason), platform);
     } catch (const std::bad_alloc&) {
-        GiveUp(pdf, "there is not enough memory for the page, so it was abandoned", platform);
+        GiveUp(pdf, Message("there is not enough memory for the page, so it was abandoned"), platform);
     }
     return PageEnd::Failed;
 }

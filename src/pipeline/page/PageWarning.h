@@ -1,5 +1,7 @@
 #pragma once
 
+#include "text/Message.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,7 +12,7 @@ namespace linealis {
 struct PageWarning {
     std::string_view id;  ///< for programs: identifies the type of warning
     std::string control;  ///< the name of the control that causes it; empty if none does
-    std::string text;     ///< for users
+    Message text;         ///< for users
 };
 
 using PageWarnings = std::vector<PageWarning>;

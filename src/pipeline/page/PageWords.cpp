@@ -2,7 +2,6 @@
 
 #include "pdf/Units.h"
 #include "pipeline/page/PaperSizes.h"
-#include "text/Numbers.h"
 
 #include <cmath>
 
@@ -12,62 +11,54 @@ namespace {
 
 constexpr double mmPerCm = 10.0;
 
-/// Returns the number of a length without its unit.
-std::string LengthNumber(double points, const PageSetup& page)
+/// Returns a length in the unit of the form, rounded.
+double RoundedLength(double points, const PageSetup& page)
 {
     const bool inInches = page.IsInInches();
     const double length = inInches ? points / pointsPerInch : points / pointsPerCm * mmPerCm;
     const double grain = inInches ? 1000.0 : 100.0;
-    return Str(std::round(length * grain) / grain);
-}
-
-std::string_view UnitName(const PageSetup& page)
-{
-    return page.IsInInches() ? " in" : " mm";
-}
-
-std::string Plural(std::string_view one, bool isOne)
-{
-    return std::string(one) + (isOne ? "" : "s");
+    return std::round(length * grain) / grain;
 }
 
 }  // namespace
 
-std::string LengthWords(double points, const PageSetup& page)
+Message LengthWords(double points, const PageSetup& page)
 {
-    return LengthNumber(points, page).append(UnitName(page));
+    const double length = RoundedLength(points, page);
+    return page.IsInInches() ? Message("%1 in", length) : Message("%1 mm", length);
 }
 
-std::string SizeWords(double width, double height, const PageSetup& page)
+Message SizeWords(double width, double height, const PageSetup& page)
 {
-    const std::string across = LengthNumber(width, page);
-    const std::string up = LengthNumber(height, page);
-    std::string words = across == up ? across : across + " by " + up;
-    return words.append(UnitName(page));
+    const double across = RoundedLength(width, page);
+    const double up = RoundedLength(height, page);
+    if (across == up) {
+        return LengthWords(width, page);
+    }
+    return page.IsInInches() ? Message("%1 by %2 in", across, up) : Message("%1 by %2 mm", across, up);
 }
 
-std::string CountWords(double count, std::string_view one)
+Message CountWords(double count, const Noun& noun)
 {
-    return (count >= 1.0 ? Str(count) : "no") + " " + Plural(one, count == 1.0);
+    return count >= 1.0 ? Message(noun.some, count, count) : Message(noun.none);
 }
 
-std::string CountWords(double across, double up, std::string_view one)
+Message CountWords(double across, double up, const Noun& noun)
 {
-    return across >= 1.0 && up >= 1.0 ? Str(across) + " by " + Str(up) + " " + Plural(one, across * up == 1.0)
-                                      : CountWords(0.0, one);
+    return across >= 1.0 && up >= 1.0 ? Message(noun.some, across * up, across, up) : Message(noun.none);
 }
 
-std::string PaperWords(const PageSetup& page)
+Message PaperWords(const PageSetup& page)
 {
     const std::string_view name = NameOfPaper({page.paperWidth, page.paperHeight});
     return name.empty()
                ? SizeWords(static_cast<double>(page.paperWidth), static_cast<double>(page.paperHeight), page)
-               : std::string(name);
+               : Message::Listed(name);
 }
 
-std::string_view OrientationWords(const PageSetup& page)
+Message OrientationWords(const PageSetup& page)
 {
-    return page.paperWidth > page.paperHeight ? "landscape" : "portrait";
+    return page.paperWidth > page.paperHeight ? Message("landscape") : Message("portrait");
 }
 
 }  // namespace linealis

@@ -18,7 +18,7 @@ namespace linealis {
 /// the messages. By default messages are dropped and there are no markers.
 struct PageQuestions {
     /// Tells the user about a problem that keeps a part of the page from being drawn.
-    std::function<void(const std::string& message)> say = [](const std::string& /*message*/) {};
+    std::function<void(const Message& message)> say = [](const Message& /*message*/) {};
 
     /// Asks for the marker file. Returns a function that reads it: each call stores the next line, without its line
     /// end, in `line` and returns whether there was one. Without a file, there are no lines.
@@ -42,7 +42,7 @@ struct PaperPage {
     PageFrame frame;
     std::function<void(MyPDFGenerator& pdf, Turns& turns, const PageQuestions& ask)> doGraph;
     /// Describes the page in a few words: "37 by 53 cells of 5 mm".
-    std::function<std::string()> describe = [] { return std::string(); };
+    std::function<Message()> describe = [] { return Message(); };
     PageWarnings warnings = {};              ///< the problems of the form on paper
     std::vector<PrintedField> printed = {};  ///< the printed texts of the form
 };
@@ -65,7 +65,7 @@ concept SilentPage = requires(const KindPage& page, MyPDFGenerator& pdf, Turns& 
 /// that draw it and describe it in a few words.
 template <typename KindPage>
 concept PageOfAKind = std::same_as<decltype(KindPage::frame), PageFrame> &&
-    std::same_as<decltype(Describe(std::declval<const KindPage&>())), std::string> &&
+    std::same_as<decltype(Describe(std::declval<const KindPage&>())), Message> &&
     (AskingPage<KindPage> || SilentPage<KindPage>);
 
 /// Wraps the page of a kind.

@@ -1,0 +1,48 @@
+#include "desktop/system/Text.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+
+namespace linealis::desktop {
+
+namespace {
+
+/// The language whose translator is installed.
+class LanguageOfWindows final : public Language {
+public:
+    std::string Text(std::string_view english) const override
+    {
+        return QCoreApplication::translate("", std::string(english).c_str()).toStdString();
+    }
+
+    std::string Text(std::string_view one, std::string_view many, std::int64_t count) const override
+    {
+        const std::string source(one);
+        const QString found = QCoreApplication::translate("", source.c_str(), nullptr, static_cast<int>(count));
+        return found == ToQt(one) ? Language::Text(one, many, count) : found.toStdString();
+    }
+
+    std::string Number(std::string_view withPoint) const override
+    {
+        return ToQt(withPoint).replace(QLatin1Char('.'), QLocale().decimalPoint()).toStdString();
+    }
+};
+
+}  // namespace
+
+QString ToQt(const Message& message)
+{
+    return ToQt(message.In(LanguageOfWindows()));
+}
+
+QString Translated(std::string_view english)
+{
+    return ToQt(Message::Listed(english));
+}
+
+Message ToMessage(const QString& text)
+{
+    return Message::Verbatim(text.toStdString());
+}
+
+}  // namespace linealis::desktop

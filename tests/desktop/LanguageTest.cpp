@@ -1,0 +1,170 @@
+#include "DesktopTestSupport.h"
+#include "desktop/system/WindowLanguage.h"
+
+#include <QTranslator>
+#include <set>
+
+namespace linealis::test {
+namespace {
+
+/// A language that shows what is not translated: it puts brackets around every text of the program.
+class Bracketed final : public QTranslator {
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char* /*context*/, const char* english, const char* /*comment*/,
+                      int /*count*/) const override
+    {
+        return QStringLiteral("[%1]").arg(QString::fromUtf8(english));
+    }
+};
+
+class Languages : public DesktopTest {
+protected:
+    void TearDown() override
+    {
+        desktop::ChooseLanguage(QStringLiteral("en"));
+        desktop::InstallLanguage();
+        DesktopTest::TearDown();
+    }
+
+    void Speak(const QString& code)
+    {
+        End();
+        desktop::ChooseLanguage(code);
+        desktop::InstallLanguage();
+        Start();
+    }
+};
+
+/// Whether the text is made of words, not of a name, a unit, a number, or what the user has entered.
+bool HasWords(QString text)
+{
+    static const QRegularExpression noWords(
+        QStringLiteral("Linealis|Untitled|#[0-9A-F]{6} "
+                       "\\(\\w+\\)|PDF|SVG|PNG|[A-Za-z]:|https?:\\S*|\\b\\p{L}{1,2}\\b"),
+        QRegularExpression::UseUnicodePropertiesOption);
+    static const QRegularExpression word(QStringLiteral("[A-Za-z]{3}"));
+    return text.remove(noWords).contains(word);
+}
+
+/// Returns everything that a window says, except what the user has entered.
+QStringList TextsOf(const QWidget& window)
+{
+    QStringList texts = {window.windowTitle()};
+    for (const QWidget* const widget : window.findChildren<QWidget*>()) {
+        texts << widget->toolTip() << widget->accessibleName() << widget->accessibleDescription();
+        if (widget->objectName() == QLatin1String("Language")) {
+            continue;  // each in its own language
+        }
+        if (const auto* const box = qobject_cast<const QComboBox*>(widget)) {
+            for (int i = 0; i < box->count(); ++i) {
+                texts << box->itemText(i);
+            }
+        } else if (qobject_cast<const QLineEdit*>(widget) == nullptr) {
+            texts << widget->property("text").toString();
+        }
+    }
+    for (const QAction* const action : window.findChildren<QAction*>()) {
+        texts << action->text() << action->toolTip();
+    }
+    return texts;
+}
+
+TEST_F(Languages, NoTextIsLeftInEnglish)
+{
+    Bracketed bracketed;
+    QCoreApplication::installTranslator(&bracketed);
+    End();
+    Start();
+    std::set<QString> left;
+    const auto look = [&](const QWidget& window) {
+        for (const QString& text : TextsOf(window)) {
+            if (HasWords(text) && !text.contains(QLatin1Char('['))) {
+                left.insert(text);
+            }
+        }
+    };
+    look(Window("gallery"));
+    for (const PaperKind& kind : PaperKinds()) {
+        QWidget& window = OpenPaper(kind.name);
+        Fill(Child<QLineEdit>(window, "EditTopMargin"), "abc");
+        QTest::qWait(50);
+        look(window);
+        if (kind.name == "graph") {
+            for (const char* const item :
+                 {"FilePrintPad", "EditDataRange", "EditPreferences", "FileExport", "HelpCalibration"}) {
+                person.Answers<QDialog>([&](QDialog& dialog) {
+                    look(dialog);
+                    Press(dialog, Qt::Key_Escape);
+                });
+                ChooseItem(window, item);
+            }
+        }
+    }
+    QCoreApplication::removeTranslator(&bracketed);
+    for (const QString& text : left) {
+        ADD_FAILURE() << text.toStdString();
+    }
+}
+
+/// Returns the access keys of the actions or buttons that occur more than once.
+template <typename Item>
+QStringList RepeatedKeys(const QList<Item*>& items)
+{
+    std::set<QString> found;
+    QStringList repeated;
+    for (const Item* const item : items) {
+        const QKeySequence key = QKeySequence::mnemonic(item->text());
+        if (!key.isEmpty() && !found.insert(key.toString()).second) {
+            repeated << item->text();
+        }
+    }
+    return repeated;
+}
+
+TEST_F(Languages, AccessKeysDifferInEveryMenu)
+{
+    for (const desktop::WindowLanguage& language : desktop::WindowLanguages()) {
+        SCOPED_TRACE(language.code.toStdString());
+        Speak(language.code.isEmpty() ? QStringLiteral("en") : language.code);
+        QWidget& window = OpenPaper("graph");
+        EXPECT_EQ(RepeatedKeys(Child<QMenuBar>(window, "").actions()), QStringList());
+        for (const QMenu* const menu : window.findChildren<QMenu*>()) {
+            EXPECT_EQ(RepeatedKeys(menu->actions()), QStringList()) << menu->title().toStdString();
+        }
+        EXPECT_EQ(RepeatedKeys(window.findChildren<QPushButton*>()), QStringList());
+        person.Answers<QDialog>([](QDialog& dialog) {
+            EXPECT_EQ(RepeatedKeys(dialog.findChildren<QPushButton*>()), QStringList());
+            Press(dialog, Qt::Key_Escape);
+        });
+        ChooseItem(window, "FilePrintPad");
+    }
+}
+
+TEST_F(Languages, ChangeAtOnceAndKeepTheForm)
+{
+    Speak(QStringLiteral("en"));
+    QWidget& window = OpenPaper("grid");
+    Fill(Child<QLineEdit>(window, "EditTopMargin"), "2");
+    Press(window, Qt::Key_Tab);
+    const auto choose = [this](const char* code) {
+        person.Answers<QDialog>([code](QDialog& dialog) {
+            auto& languages = Child<QComboBox>(dialog, "Language");
+            languages.setCurrentIndex(languages.findData(QString::fromLatin1(code)));
+            Press(dialog, Qt::Key_Return);
+        });
+        ChooseItem(Window("grid"), "EditPreferences");
+        QTest::qWait(100);
+    };
+    choose("de");
+    QWidget& german = Window("grid");
+    EXPECT_EQ(german.windowTitle(), QStringLiteral("Kariertes Papier"));
+    EXPECT_EQ(Shown(german, "EditTopMargin"), "2");
+    ChooseItem(german, "EditUndo");
+    EXPECT_EQ(Shown(german, "EditTopMargin"), "0.5");
+    choose("en");
+    EXPECT_EQ(Window("grid").windowTitle(), QStringLiteral("Grid Graph Paper"));
+}
+
+}  // namespace
+}  // namespace linealis::test

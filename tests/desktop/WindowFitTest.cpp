@@ -1,0 +1,132 @@
+#include "DesktopTestSupport.h"
+#include "desktop/dialogs/PadDialog.h"
+#include "desktop/form/ElidedLabel.h"
+#include "desktop/system/WindowLanguage.h"
+#include "desktop/window/PaperBars.h"
+
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QStyleOptionComboBox>
+#include <QTabBar>
+#include <QToolButton>
+
+// Everything is readable without scrolling to the side, on a small screen and with a larger font.
+
+namespace linealis::test {
+namespace {
+
+class WindowFit : public DesktopTest {
+protected:
+    void SetUp() override
+    {
+        DesktopTest::SetUp();
+        usual = QApplication::font();
+    }
+    void TearDown() override
+    {
+        QApplication::setFont(usual);
+        desktop::ChooseLanguage(QStringLiteral("en"));
+        desktop::InstallLanguage();
+        DesktopTest::TearDown();
+    }
+
+    /// Returns the size that the widget needs for its text.
+    static QSize Needed(const QWidget& widget)
+    {
+        const int text = widget.fontMetrics().horizontalAdvance(widget.property("text").toString());
+        if (const auto* const edit = qobject_cast<const QLineEdit*>(&widget)) {
+            constexpr int frame = 8;
+            return {text + frame + edit->textMargins().right(), edit->fontMetrics().height()};
+        }
+        if (const auto* const box = qobject_cast<const QComboBox*>(&widget)) {
+            QStyleOptionComboBox option;
+            option.initFrom(box);
+            const int around =
+                box->width() - box->style()
+                                   ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, box)
+                                   .width();
+            return {box->fontMetrics().horizontalAdvance(box->currentText()) + around, 0};
+        }
+        const bool isElided = qobject_cast<const desktop::ElidedLabel*>(&widget) != nullptr ||
+                              qobject_cast<const desktop::StatusLine*>(&widget) != nullptr;
+        const auto* const label = qobject_cast<const QLabel*>(&widget);
+        if (isElided || (label != nullptr && label->wordWrap())) {
+            return {0, widget.fontMetrics().height()};
+        }
+        const bool hasText = label != nullptr || qobject_cast<const QAbstractButton*>(&widget) != nullptr;
+        return hasText ? widget.minimumSizeHint().boundedTo(widget.sizeHint()) : QSize();
+    }
+
+    static void ExpectReadable(const QWidget& window, const std::string& name)
+    {
+        SCOPED_TRACE(name);
+        const QSize room = window.screen()->availableSize();
+        EXPECT_LE(window.width(), room.width());
+        EXPECT_LE(window.height(), room.height());
+        for (const QWidget* const widget : window.findChildren<QWidget*>()) {
+            if (!widget->isVisible() || widget->window() != &window) {
+                continue;
+            }
+            const std::string what =
+                widget->objectName().toStdString() + " " + widget->property("text").toString().toStdString();
+            EXPECT_GE(widget->width(), Needed(*widget).width()) << what;
+            EXPECT_GE(widget->height(), Needed(*widget).height()) << what;
+            if (const auto* const area = qobject_cast<const QScrollArea*>(widget)) {
+                EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0) << what;
+            }
+        }
+    }
+
+    void ExpectDialogReadable(QWidget& window, const char* item, const std::string& name)
+    {
+        person.Answers<QDialog>([&name](QDialog& dialog) {
+            QTest::qWait(50);
+            ExpectReadable(dialog, name);
+            Press(dialog, Qt::Key_Escape);
+        });
+        ChooseItem(window, item);
+    }
+
+    QFont usual;
+};
+
+TEST_F(WindowFit, EveryTextIsReadableOnASmallScreen)
+{
+    for (const auto& [points, language] :
+         {std::pair(usual.pointSizeF(), "en"), std::pair(13.0, "en"), std::pair(usual.pointSizeF(), "de"),
+          std::pair(usual.pointSizeF(), "fr"), std::pair(usual.pointSizeF(), "ja")}) {
+        QFont font = usual;
+        font.setPointSizeF(points);
+        QApplication::setFont(font);
+        desktop::WindowSettings().clear();
+        desktop::ChooseLanguage(QString::fromLatin1(language));
+        desktop::InstallLanguage();
+        End();
+        Start();
+        const std::string at = " at " + std::to_string(points) + " points, " + language;
+        for (const PaperKind& kind : PaperKinds()) {
+            QWidget& window = OpenPaper(kind.name);
+            QTest::qWait(20);
+            ExpectReadable(window, std::string(kind.name) + at);
+            auto& tabs = Child<QTabBar>(window, "FormAndPageTabs");
+            if (tabs.isVisible()) {
+                EXPECT_TRUE(kind.name == "graph" || std::string_view(language) != "en")
+                    << "the others have room beside";
+                tabs.setCurrentIndex(1);
+                QTest::qWait(20);
+                ExpectReadable(window, "page of " + std::string(kind.name) + at);
+            }
+            EXPECT_TRUE(Child(window, "LivePage").isVisible()) << kind.name;
+            if (kind.name == "graph") {
+                ExpectDialogReadable(window, "FilePrintPad", "pad" + at);
+                ExpectDialogReadable(window, "EditDataRange", "range" + at);
+                ExpectDialogReadable(window, "EditPreferences", "preferences" + at);
+            }
+            window.close();
+            QCoreApplication::processEvents();
+        }
+    }
+}
+
+}  // namespace
+}  // namespace linealis::test

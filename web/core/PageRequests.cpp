@@ -1,0 +1,163 @@
+#include "core/PageRequests.h"
+
+#include "check/PageCheck.h"
+#include "core/DisplayList.h"
+#include "exchange/FormLink.h"
+#include "exchange/PageFormats.h"
+#include "pdf/PageHit.h"
+#include "pdf/StandardFonts.h"
+#include "pipeline/form/FieldWords.h"
+
+#include <utility>
+
+namespace linealis::web {
+
+namespace {
+
+/// The largest content, in bytes, on which roles are highlighted or looked up. The strokes of a larger page are too
+/// dense to tell apart.
+constexpr std::size_t longestContentLitUp = std::size_t{8} << 20U;
+
+std::size_t ContentOf(const Session& session)
+{
+    return session.Drawn() == nullptr ? 0 : session.Drawn()->content.View().size();
+}
+
+Answer Listed(const DisplayList& list)
+{
+    Answer answer;
+    answer.json["texts"] = list.Texts();
+    answer.bytes = list.Bytes();
+    return answer;
+}
+
+}  // namespace
+
+Answer DrawOnScreen(const Question& /*question*/, Session& session)
+{
+    session.DrawForScreen();
+    const DrawnPage& page = *session.Drawn();
+    DisplayList list;
+    const PageDamage damage = ReadPage(page.content, list);
+    Answer answer = Listed(list);
+    const PageFrame& frame = page.frame;
+    answer.json["width"] = frame.paperWidth;
+    answer.json["height"] = frame.paperHeight;
+    answer.json["isInInches"] = frame.IsInInches();
+    answer.json["problem"] = damage.message.empty() || !session.Problem().empty()
+                                 ? session.Problem()
+                                 : "The page is damaged: " + damage.message;
+    return answer;
+}
+
+Answer CheckPage(const Question& /*question*/, Session& session)
+{
+    Answer answer{{{"warnings", Json::array()}}};
+    const DrawnPage* const page = session.Drawn();
+    if (page == nullptr) {
+        return answer;
+    }
+    const bool isLight = ContentOf(session) <= longestContentChecked;
+    for (const PageWarning& warning : isLight ? WarningsOf(*page) : page->warnings) {
+        answer.json["warnings"].push_back({{"control", warning.control}, {"text", warning.text.English()}});
+    }
+    if (const MarkerFile* const file = session.Markers()) {
+        for (const Message& fault : MarkerFaults(*file)) {
+            answer.json["warnings"].push_back({{"control", "CheckBoxMarkers"}, {"text", fault.English()}});
+        }
+    }
+    return answer;
+}
+
+Answer LightsOf(const Question& question, Session& session)
+{
+    const Control* const control = session.Window().form.Find(question.Text("control"));
+    const std::size_t content = ContentOf(session);
+    if (control == nullptr || control->Declared().governs == RoleSet{} || content > longestContentLitUp ||
+        content == 0) {
+        return Listed(DisplayList());
+    }
+    DisplayList list(control->Declared().governs);
+    ReadPage(session.Drawn()->content, session.Drawn()->roles, list);
+    return Listed(list);
+}
+
+Answer ControlAt(const Question& question, Session& session)
+{
+    Answer answer{{{"control", ""}}};
+    const std::size_t content = ContentOf(session);
+    if (content == 0 || content > longestContentLitUp) {
+        return answer;
+    }
+    Turns turns([] {});
+    const Form& form = session.Window().form;
+    const Role role = RoleAt(session.Drawn()->content, session.Drawn()->roles,
+                             {question.json.at("x"), question.json.at("y")}, question.json.at("reach"), turns);
+    if (const Control* const control = role.empty() ? nullptr : GovernorOf(form, role)) {
+        answer.json["control"] = control->Name();
+        answer.json["wholeName"] = WholeName(form, *control).English();
+    }
+    return answer;
+}
+
+Answer WritePage(const Question& question, Session& session)
+{
+    const PageFormat* const format = FindPageFormat(question.Text("format"));
+    if (format == nullptr) {
+        return {{{"error", "the possible formats are " + FormatNames()}}};
+    }
+    if (!format->carriesForm) {  // a file that carries the form has it as it was entered
+        session.Window().form.WriteCorrections();
+        session.Steps().Commit("Generate");
+    }
+    const DrawnPage page = session.Draw();
+    const Json& now = question.json.at("now");
+    WriteOptions options;
+    options.now = {now.at(0), now.at(1), now.at(2), now.at(3), now.at(4), now.at(5), now.at(6)};
+    options.carried = format->carriesForm ? CarriedForm(session.Kind(), session.Window().form) : "";
+    Turns turns([] {});
+    Answer answer;
+    answer.bytes = BytesOf(*format, page, options, turns);
+    answer.json = {{"type", format->mimeType},
+                   {"extension", format->name},
+                   {"width", page.frame.paperWidth},
+                   {"height", page.frame.paperHeight},
+                   {"state", session.State()}};
+    return answer;
+}
+
+Answer WriteSettings(const Question& /*question*/, Session& session)
+{
+    return {
+        {{"extension", session.Kind().settingsType.extension}, {"lost", session.Window().LostBySaving().English()}},
+        session.Window().SettingsBytes()};
+}
+
+Answer WriteJson(const Question& /*question*/, Session& session)
+{
+    return {{{"extension", "json"}, {"type", "application/json"}},
+            JsonText(FormJson(session.Kind(), session.Window().form))};
+}
+
+Answer WriteLink(const Question& /*question*/, Session& session)
+{
+    return {{{"link", FormLink(session.Kind(), session.Window().form)}}};
+}
+
+Json FontsForCanvas()
+{
+    Json fonts = Json::array();
+    for (const StandardFont& font : StandardFonts()) {
+        std::string families;
+        for (const std::string_view name : font.family.names) {
+            families += (families.empty() ? "\"" : ", \"") + std::string(name) + "\"";
+        }
+        if (!font.family.generic.empty()) {
+            families += ", " + std::string(font.family.generic);
+        }
+        fonts.push_back({{"families", families}, {"isBold", font.isBold}, {"isSlanted", font.isSlanted}});
+    }
+    return fonts;
+}
+
+}  // namespace linealis::web

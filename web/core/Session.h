@@ -1,0 +1,66 @@
+#pragma once
+
+#include "core/FormText.h"
+#include "core/History.h"
+#include "kinds/PaperKinds.h"
+#include "pipeline/document/MarkerFile.h"
+#include "platform/ScreenlessPlatform.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace linealis::web {
+
+/// The most content of a page that is shown, in bytes. Of a larger page, only the beginning is.
+inline constexpr std::int64_t mostContentShown = std::int64_t{64} << 20U;
+
+/// The paper that the page in the browser shows, or one of its dialogs.
+class Session {
+public:
+    /// Opens a new form of the kind.
+    Session(const PaperKind& theKind, const LocalTime& now);
+
+    const PaperKind& Kind() const { return kind; }
+    PaperWindow& Window() { return *window; }
+    History& Steps() { return *history; }
+    const FormText& Text() const { return text; }
+
+    /// Forgets all steps, so that the form as it is now is where undo ends.
+    void BeginHistory() { history.emplace(window->form); }
+
+    /// Reads the page. Remembers its summary for State.
+    PaperPage Read();
+    /// Draws the page for writing. Passes on PageGivenUp.
+    DrawnPage Draw();
+    /// Draws the page for the screen, or as much of it as is shown, and keeps it.
+    void DrawForScreen();
+    /// The page that was drawn last for the screen; null before the first one.
+    const DrawnPage* Drawn() const { return drawn ? &*drawn : nullptr; }
+    /// Why Drawn is not the whole page; empty if it is.
+    const std::string& Problem() const { return problem; }
+
+    /// Uses the markers of a file and switches them on.
+    void UseMarkers(const MarkerFile& file);
+    const MarkerFile* Markers() const { return markers ? &*markers : nullptr; }
+
+    /// Returns what may have changed: the controls, readouts, summary and steps.
+    Json State();
+
+    bool marginsAreLinked = false;
+    std::optional<FormText> wizardText = {};  ///< of the dialog that is open
+
+private:
+    PageQuestions Answers() const;
+
+    const PaperKind& kind;
+    ScreenlessPlatform platform;
+    std::unique_ptr<PaperWindow> window;
+    std::optional<History> history;
+    FormText text;
+    std::optional<MarkerFile> markers;
+    std::optional<DrawnPage> drawn;
+    std::string problem;
+};
+
+}  // namespace linealis::web

@@ -1,0 +1,200 @@
+// The page: gallery and paper, the address, files that are opened, and what the worker says.
+
+import { Client, Refusal, type Sources } from "./client.ts";
+import type { Bytes } from "./core.ts";
+import { byId, setText } from "./dom.ts";
+import { choose, read, takeDropped, type Chosen } from "./files.ts";
+import { Gallery, isMetric } from "./gallery.ts";
+import { LivePage } from "./livepage.ts";
+import { PaperView } from "./paper.ts";
+import { allKept, type Kept } from "./store.ts";
+import type { Catalog, Request } from "./words.ts";
+
+/** What the build puts into the page. `inlined` is null in a folder of files, and has everything in a single file. */
+declare const builtIn: { catalog: Catalog; inlined: { worker: string; core: string; pictures: Record<string, string> } | null };
+
+function bytesOf(base64: string): Bytes {
+    return Uint8Array.from(atob(base64), (character) => character.charCodeAt(0));
+}
+
+function sources(): Sources {
+    const { inlined } = builtIn;
+    if (inlined) {
+        return {
+            workerUrl: URL.createObjectURL(new Blob([inlined.worker], { type: "text/javascript" })),
+            module: Promise.resolve(bytesOf(inlined.core)),
+        };
+    }
+    return { workerUrl: "worker.js", module: compiled() };
+}
+
+/** Hosts that name another type than application/wasm keep a browser from compiling while the file arrives. */
+async function compiled(): Promise<WebAssembly.Module> {
+    const response = await fetch("core.wasm");
+    if (!response.ok) {
+        throw new Error(`core.wasm: ${response.status} ${response.statusText}`);
+    }
+    return response.headers.get("Content-Type") === "application/wasm"
+        ? WebAssembly.compileStreaming(response)
+        : WebAssembly.compile(await response.arrayBuffer());
+}
+
+let latestAddress: string | null = null; // what the page shows, as the part of the address after "#"
+
+const live = new LivePage(
+    (view) => client.setView(view),
+    (x, y, reach) => {
+        client.ask<{ control: string }>({ do: "hit", x, y, reach }).then(({ json }) => {
+            if (json.control !== "") {
+                paper.focus(json.control);
+            }
+        }, () => {});
+    },
+    (percent, isFit) => {
+        setText(byId("zoomText"), `${percent} %`);
+        byId("zoomFit").setAttribute("aria-pressed", String(isFit));
+    },
+);
+
+const client = new Client(sources(), {
+    onState: (state) => paper.update(state),
+    onDrawn: (page, milliseconds) => {
+        live.show(page);
+        byId("pane").dataset["drawn"] = String(Math.round(milliseconds));
+        if (page.problem !== "") {
+            paper.say(page.problem);
+        }
+    },
+    onPainted: () => {
+        const { dataset } = byId("pane");
+        dataset["painted"] = String(Number(dataset["painted"] ?? 0) + 1);
+        performance.mark("painted");
+    },
+    onWarnings: (warnings) => paper.showWarnings(warnings),
+    onFailed: (why) => paper.say(`The page could not be drawn: ${why}`),
+    onSlow: (isSlow) => void (byId("slow").hidden = !isSlow),
+    newCanvas: () => live.newCanvas(),
+});
+
+const paper: PaperView = new PaperView(client, builtIn.catalog);
+
+const gallery = new Gallery(builtIn.catalog, (name) => builtIn.inlined?.pictures[name] ?? name, {
+    onKind: (kind) => void openKind(kind.name),
+    onPreset: (preset) => void open({ preset: preset.id }, undefined, "", preset.kind),
+    onOwn: (own) => void openKept(own),
+});
+
+function show(view: "gallery" | "paper"): void {
+    byId("gallery").hidden = view !== "gallery";
+    byId("paper").hidden = view !== "paper";
+    if (view === "gallery") {
+        document.title = "Linealis";
+        void allKept().then((kept) => gallery.setOwn(kept));
+    } else {
+        live.sendNow();
+    }
+}
+
+/** Opens a paper and shows it. Says in the gallery or the paper why it could not be opened. */
+async function open(request: Omit<Request, "do">, bytes: Bytes | undefined, fileName: string, kind?: string): Promise<boolean> {
+    try {
+        const opening = client.open(request, bytes);
+        show("paper");
+        const { json } = await opening;
+        paper.show(json, fileName);
+        setAddress(kind ?? json.kind);
+        return true;
+    } catch (why) {
+        if (!(why instanceof Refusal)) {
+            throw why;
+        }
+        if (paper.kind === "") {
+            show("gallery");
+        }
+        setText(byId("galleryStatus"), why.message);
+        paper.say(why.message);
+        return false;
+    }
+}
+
+/** Opens a new form, which begins with the default that the user has kept. */
+async function openKind(kind: string): Promise<void> {
+    const kept = (await allKept()).find(({ sort, kind: of }) => sort === "default" && of === kind);
+    if (!kept || !(await open({ file: `default.${kept.extension}` }, kept.bytes, ""))) {
+        await open({ kind, isMetric: isMetric() }, undefined, "");
+    }
+}
+
+async function openKept(kept: Kept): Promise<void> {
+    await open({ file: `${kept.name}.${kept.extension}` }, kept.bytes, kept.name);
+}
+
+async function openFile({ name, bytes }: Chosen): Promise<void> {
+    const isText = /\.(txt|csv|tsv)$/i.test(name);
+    if (isText && paper.isOpen && builtIn.catalog.kinds.some(({ name: kind, hasMarkers }) => hasMarkers && kind === paper.kind)) {
+        paper.useMarkers({ name, bytes });
+    } else {
+        await open({ file: name }, bytes, name);
+    }
+}
+
+function setAddress(address: string): void {
+    if (latestAddress === null || latestAddress.split("&")[0] === address) {
+        history.replaceState(null, "", latestAddress === null ? `#${address}` : location.hash);
+        latestAddress ??= address;
+    } else {
+        history.pushState(null, "", `#${address}`);
+        latestAddress = address;
+    }
+}
+
+/** Shows what the address says: the gallery, or the form of a link. */
+async function follow(): Promise<void> {
+    const link = location.hash.slice(1);
+    latestAddress = link;
+    if (link === "") {
+        show("gallery");
+    } else if (builtIn.catalog.kinds.some(({ name }) => name === link)) {
+        await openKind(link);
+    } else {
+        await open({ link }, undefined, "");
+    }
+}
+
+function listen(): void {
+    byId("toGallery").addEventListener("click", () => {
+        paper.finish();
+        latestAddress = "";
+        history.pushState(null, "", location.href.split("#")[0]);
+        show("gallery");
+        byId("search").focus();
+    });
+    byId("openFromGallery").addEventListener("click", () => {
+        const types = builtIn.catalog.kinds.map(({ extension }) => `.${extension}`);
+        void choose([...types, ".json", ".svg", ".png"].join()).then(openFile);
+    });
+    takeDropped((file) => void read(file).then(openFile));
+    byId("zoomIn").addEventListener("click", () => live.zoomBy(1.25));
+    byId("zoomOut").addEventListener("click", () => live.zoomBy(0.8));
+    byId("zoomFit").addEventListener("click", () => live.zoomTo(0));
+    byId("zoomTrue").addEventListener("click", () => live.zoomToTrueSize());
+    byId("stop").addEventListener("click", () => {
+        client.stop();
+        paper.say("Stopped. The page will be drawn after the next change");
+    });
+    for (const [id, isPage] of [["showForm", false], ["showPage", true]] as const) {
+        byId(id).addEventListener("click", () => {
+            document.body.classList.toggle("showsPage", isPage);
+            byId("showForm").setAttribute("aria-pressed", String(!isPage));
+            byId("showPage").setAttribute("aria-pressed", String(isPage));
+            live.sendNow();
+        });
+    }
+    window.addEventListener("popstate", () => void follow());
+}
+
+listen();
+void follow();
+if (builtIn.inlined === null && "serviceWorker" in navigator) {
+    navigator.serviceWorker.register("service.js").catch(() => {}); // works online only
+}

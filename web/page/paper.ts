@@ -1,0 +1,404 @@
+// The view of one paper: its form, its page, and everything that can be done with them.
+
+import type { Client } from "./client.ts";
+import { Refusal, timeNow } from "./client.ts";
+import type { Bytes } from "./core.ts";
+import { askName, closeDialog, showDialog } from "./dialog.ts";
+import { button, byId, make, setText } from "./dom.ts";
+import { choose, download, printSvg, type Chosen } from "./files.ts";
+import { FormView } from "./form.ts";
+import { presetGroups } from "./gallery.ts";
+import { allKept, forget, keep, type Kept } from "./store.ts";
+import type { Catalog, Dialog, Paper, PaperState, Warning } from "./words.ts";
+
+const millisecondsBeforeKeeping = 600;
+const dotsPerInchOfPictures = 300;
+const titlesOfDialogs = { wizard: "Easy Graph Wizard", range: "Range of Data" };
+
+interface Written {
+    type: string;
+    extension: string;
+    width: number;
+    height: number;
+}
+
+export class PaperView {
+    private paper: Paper | null = null;
+    private form: FormView | null = null;
+    private state: PaperState | null = null;
+    private fileName = "";
+    private keepTimer = 0;
+
+    constructor(private readonly client: Client, private readonly catalog: Catalog) {
+        byId("undo").addEventListener("click", () => this.step("undo"));
+        byId("redo").addEventListener("click", () => this.step("redo"));
+        byId("generate").addEventListener("click", () => this.generate());
+        byId("print").addEventListener("click", () => this.print());
+        byId("presets").addEventListener("click", () => this.choosePreset());
+        document.addEventListener("keydown", (event) => this.key(event));
+        document.addEventListener("click", (event) => {
+            for (const menu of document.querySelectorAll<HTMLDetailsElement>("details.menu[open]")) {
+                if (!menu.contains(event.target as Node) || (event.target as HTMLElement).closest(".menu > div button")) {
+                    menu.open = false;
+                }
+            }
+        });
+    }
+
+    get isOpen(): boolean {
+        return this.paper !== null && !byId("paper").hidden;
+    }
+
+    get kind(): string {
+        return this.paper?.kind ?? "";
+    }
+
+    /** Shows a paper that the core has opened. */
+    show(paper: Paper, fileName: string): void {
+        this.paper = paper;
+        this.fileName = fileName;
+        this.form = new FormView(paper.form, {
+            onSet: (control, value, finish) => this.change({ do: "set", control, value, finish }),
+            onFinish: (control) => this.change({ do: "set", control, finish: true }),
+            onSteps: (control, steps) => this.change({ do: "set", control, steps }),
+            onCopy: (control) => this.change({ do: "copyRow", control }),
+            onLinkMargins: (isOn) => this.change({ do: "linkMargins", isOn }),
+            onFocus: (control) => this.client.light(control),
+        }, "control-");
+        byId("form").replaceChildren(this.form.element);
+        byId("helpers").replaceChildren(
+            ...(paper.hasRange ? [button("Range of Data…", () => this.dialog("range"), { id: "range" })] : []),
+            ...(paper.hasWizard ? [button("Wizard…", () => this.dialog("wizard"), { id: "wizard" })] : []),
+            ...(paper.hasMarkers ? [button("Markers…", () => this.markers(), { id: "markers" })] : []),
+        );
+        setText(byId("title"), paper.title);
+        document.title = `${paper.title} – Linealis`;
+        this.client.light("");
+        this.showWarnings([]);
+        this.fillMenu();
+        this.say("");
+        this.update(paper.state);
+    }
+
+    update(state: PaperState): void {
+        this.state = state;
+        this.form?.update(state);
+        const say = (id: string, verb: string, step: string) => {
+            const one = byId<HTMLButtonElement>(id);
+            one.disabled = step === "";
+            one.title = step === "" ? verb : `${verb}: ${step}`;
+            one.setAttribute("aria-label", one.title);
+        };
+        say("undo", "Undo", state.undo);
+        say("redo", "Redo", state.redo);
+        byId("pane").setAttribute("aria-label", `Page: ${state.summary}`);
+        window.clearTimeout(this.keepTimer);
+        this.keepTimer = window.setTimeout(() => void this.keepLeft(), millisecondsBeforeKeeping);
+    }
+
+    showWarnings(warnings: Warning[]): void {
+        byId("checks").hidden = warnings.length === 0;
+        setText(byId("checkCount"), warnings.length === 1 ? "1 thing to check" : `${warnings.length} things to check`);
+        byId("checkItems").replaceChildren(...warnings.map(({ control, text }) =>
+            button(text, () => this.focus(control))));
+    }
+
+    focus(control: string): void {
+        document.body.classList.remove("showsPage");
+        this.form?.focus(control);
+    }
+
+    nameOf(control: string): string {
+        return this.form?.nameOf(control) ?? "";
+    }
+
+    say(text: string): void {
+        setText(byId("status"), text);
+    }
+
+    /** Ends the entry in the focused field, which becomes a step of its own. */
+    finish(): void {
+        this.form?.finish();
+    }
+
+    private change(request: { do: string; [name: string]: unknown }, bytes?: Bytes): void {
+        this.say("");
+        this.ask(request, bytes);
+    }
+
+    /** Asks the core. What it refuses is said to the user. */
+    private ask<Json>(request: { do: string; [name: string]: unknown }, bytes?: Bytes): Promise<{ json: Json; bytes: Bytes } | null> {
+        return this.client.ask<Json>(request, bytes).catch((why: unknown) => {
+            if (!(why instanceof Refusal)) {
+                throw why;
+            }
+            this.say(why.message);
+            return null;
+        });
+    }
+
+    private async step(name: "undo" | "redo"): Promise<void> {
+        this.finish();
+        const answered = await this.ask<{ step: string }>({ do: name });
+        if (answered?.json.step) {
+            this.say(`${name === "undo" ? "Undid" : "Redid"}: ${answered.json.step}`);
+        }
+    }
+
+    private key(event: KeyboardEvent): void {
+        if (!this.isOpen || !(event.ctrlKey || event.metaKey)) {
+            return;
+        }
+        const actions: Record<string, () => void> = {
+            z: () => void this.step(event.shiftKey ? "redo" : "undo"),
+            y: () => void this.step("redo"),
+            s: () => void this.saveSettings(),
+            p: () => void this.print(),
+            Enter: () => void this.generate(),
+        };
+        const action = actions[event.key.length === 1 ? event.key.toLowerCase() : event.key];
+        if (action) {
+            event.preventDefault();
+            action();
+        }
+    }
+
+    private get baseName(): string {
+        return this.fileName.replace(/\.[^.]*$/, "") || this.paper!.title;
+    }
+
+    private async write(format: string): Promise<{ json: Written; bytes: Bytes } | null> {
+        this.finish();
+        return this.ask<Written>({ do: "write", format, now: timeNow() });
+    }
+
+    private async generate(format = "pdf"): Promise<void> {
+        const written = await this.write(format);
+        if (written) {
+            const name = `${this.baseName}.${written.json.extension}`;
+            download(written.bytes, name, written.json.type);
+            this.say(`Made ${name}, ${this.state!.summary}`);
+        }
+    }
+
+    private async savePicture(): Promise<void> {
+        this.finish();
+        try {
+            const { bytes } = await this.client.picture(dotsPerInchOfPictures);
+            download(bytes, `${this.baseName}.png`, "image/png");
+            this.say(`Made ${this.baseName}.png, ${dotsPerInchOfPictures} dots per inch`);
+        } catch (why) {
+            this.say(why instanceof Refusal ? why.message : "The picture could not be made");
+        }
+    }
+
+    private async saveJson(): Promise<void> {
+        const made = await this.ask<{ type: string }>({ do: "json" });
+        if (made) {
+            download(made.bytes, `${this.baseName}.json`, made.json.type);
+        }
+    }
+
+    private async print(): Promise<void> {
+        const written = await this.write("svg");
+        if (!written) {
+            return;
+        }
+        const { width, height } = written.json;
+        const millimeters = (points: number) => Math.round((points * 25.4) / 72);
+        const isWanted = await showDialog({
+            title: "Print at true size",
+            body: [make("p", {}, "Choose in the browser's print dialog:"), make("ul", {},
+                make("li", {}, `Paper size: ${this.state!.summary.split(", ")[1] ?? ""} (${millimeters(width)} by ${millimeters(height)} mm)`),
+                make("li", {}, "Scale: 100 % or “Default”, not “Fit to page”"),
+                make("li", {}, "Margins: none, and no headers and footers"))],
+            accept: "Print…",
+        });
+        if (isWanted) {
+            await printSvg(written.bytes, width, height);
+        }
+    }
+
+    private choosePreset(): void {
+        const presets = this.catalog.presets.filter(({ kind }) => kind === this.kind);
+        void allKept().then((kept) => {
+            const own = kept.filter(({ kind, sort }) => kind === this.kind && sort === "preset");
+            const groups = presetGroups(this.catalog.groups, presets, (preset) => {
+                closeDialog();
+                this.layOver({ preset: preset.id }, preset.title);
+            });
+            const mine = own.length === 0 ? [] : [make("h2", {}, "Yours"),
+                make("div", { class: "presetList" }, ...own.flatMap((one) => this.ownPreset(one)))];
+            void showDialog({ title: "Presets", body: [...mine, ...groups] });
+        });
+    }
+
+    private ownPreset(own: Kept): HTMLElement[] {
+        return [
+            button(own.name, () => {
+                closeDialog();
+                this.layOver({}, own.name, own.bytes);
+            }),
+            button("✕", () => void forget(own).then(() => this.choosePreset()),
+                { class: "quiet", "aria-label": `Delete ${own.name}`, title: `Delete ${own.name}` }),
+        ];
+    }
+
+    /** Loads a preset or the bytes of a settings file into the form, as one step. */
+    private layOver(what: { preset?: string }, name: string, bytes?: Bytes): void {
+        this.finish();
+        void this.ask({ do: "layOver", name, ...what }, bytes).then((answered) => {
+            if (answered) {
+                this.say(`The form is now ${name}`);
+            }
+        });
+    }
+
+    private async settings(): Promise<{ json: { extension: string; lost: string }; bytes: Bytes } | null> {
+        this.finish();
+        return this.ask({ do: "settings" });
+    }
+
+    private async saveSettings(): Promise<void> {
+        const made = await this.settings();
+        if (made) {
+            const name = `${this.baseName}.${made.json.extension}`;
+            download(made.bytes, name, "application/octet-stream");
+            this.say(made.json.lost === "" ? `Saved ${name}` : `${name} does not store ${made.json.lost}`);
+        }
+    }
+
+    private async keepAs(sort: Kept["sort"], name: string): Promise<boolean> {
+        const { kind, extension } = this.paper!;
+        const made = await this.settings();
+        try {
+            await keep({ kind, extension, name, sort, bytes: made!.bytes });
+            return made !== null;
+        } catch {
+            this.say("The browser does not let this page keep anything");
+            return false;
+        }
+    }
+
+    private async keepLeft(): Promise<void> {
+        const paper = this.paper;
+        if (this.state === null || this.state.undo === "" || paper === null) {
+            return; // as it was opened
+        }
+        const made = await this.client.ask({ do: "settings" }).catch(() => null);
+        if (made && paper === this.paper) {
+            await keep({ kind: paper.kind, extension: paper.extension, name: "", sort: "left", bytes: made.bytes }).catch(() => {});
+        }
+    }
+
+    private async savePreset(): Promise<void> {
+        const name = await askName("Save as preset", "");
+        if (name !== "" && await this.keepAs("preset", name)) {
+            this.say(`Saved the preset ${name}`);
+        }
+    }
+
+    private async bringBack(): Promise<void> {
+        const left = (await allKept()).find(({ sort, kind }) => sort === "left" && kind === this.kind);
+        if (left) {
+            this.layOver({}, "the form as you left it", left.bytes);
+        } else {
+            this.say("Nothing of this paper has been kept");
+        }
+    }
+
+    private async copyLink(): Promise<void> {
+        this.finish();
+        const made = await this.ask<{ link: string }>({ do: "link" });
+        if (!made) {
+            return;
+        }
+        const address = `${location.href.split("#")[0]!}#${made.json.link}`;
+        history.replaceState(null, "", `#${made.json.link}`);
+        try {
+            await navigator.clipboard.writeText(address);
+            this.say("Copied a link to this form");
+        } catch {
+            this.say("The address of this page is now a link to this form");
+        }
+    }
+
+    private fillMenu(): void {
+        const item = (text: string, action: () => unknown, id: string) => button(text, () => void action(), { id });
+        byId("menuItems").replaceChildren(
+            item("Open a file…", () => byId("openFromGallery").click(), "open"),
+            item("Save as settings file", () => this.saveSettings(), "saveSettings"),
+            item("Copy link", () => this.copyLink(), "copyLink"),
+            make("hr"),
+            item("Save page as SVG", () => this.generate("svg"), "saveSvg"),
+            item("Save page as PNG", () => this.savePicture(), "savePng"),
+            item("Save form as JSON", () => this.saveJson(), "saveJson"),
+            make("hr"),
+            item("Save as preset…", () => this.savePreset(), "savePreset"),
+            item("Use as default for new forms", async () => {
+                if (await this.keepAs("default", "")) {
+                    this.say("New forms of this paper begin like this one");
+                }
+            }, "saveDefault"),
+            item("Forget the default", async () => {
+                await forget({ sort: "default", kind: this.kind, name: "" }).catch(() => {});
+                this.say("New forms of this paper begin as they come");
+            }, "forgetDefault"),
+            item("Bring back the form as I left it", () => this.bringBack(), "bringBack"),
+            item("Reset", () => {
+                this.change({ do: "reset", now: timeNow() });
+                this.say("Form reset");
+            }, "reset"),
+        );
+    }
+
+    private async markers(): Promise<void> {
+        this.useMarkers(await choose(".txt,.csv,.tsv,text/plain"));
+    }
+
+    useMarkers({ name, bytes }: Chosen): void {
+        this.finish();
+        void this.ask({ do: "markers", name }, bytes).then((answered) => {
+            if (answered) {
+                this.say(`Drawing the markers of ${name}`);
+            }
+        });
+    }
+
+    /** Shows the wizard or the range of data, whose forms the core describes too. */
+    private async dialog(dialog: "wizard" | "range"): Promise<void> {
+        this.finish();
+        const opened = await this.ask<Dialog>({ do: "openDialog", dialog });
+        if (!opened) {
+            return;
+        }
+        const problem = make("p", { class: "problem", role: "status" }), outcome = make("pre");
+        const accept = byId<HTMLButtonElement>("dialogAccept");
+        const set = async (request: object) => {
+            const answered = await this.ask<Dialog>({ do: "setInDialog", dialog, ...request });
+            if (answered) {
+                show(answered.json);
+            }
+        };
+        const form = new FormView(opened.json.form, {
+            onSet: (control, value, finish) => void set({ control, value, finish }),
+            onFinish: (control) => void set({ control, finish: true }),
+            onSteps: () => {},
+            onCopy: () => {},
+            onLinkMargins: () => {},
+            onFocus: () => {},
+        }, "dialog-");
+        const show = ({ state, problem: why, outcome: made }: Dialog) => {
+            form.update(state);
+            setText(problem, why ?? "");
+            setText(outcome, made ?? "");
+            accept.disabled = Boolean(why);
+        };
+        const name = titlesOfDialogs[dialog];
+        const accepted = showDialog({ title: name, body: [form.element, outcome, problem], accept: "OK" });
+        show(opened.json);
+        if (await accepted) {
+            await this.ask({ do: "acceptDialog", dialog, name });
+        }
+    }
+}
