@@ -271,5 +271,45 @@ TEST(Manual, CountsTheKindsAsReadmeDoes)
     ExpectDocument(readme, WithCount(ReadFile(readme)));
 }
 
+/// Returns what a translation has in common with the manual, one entry for each line that has such a thing: the
+/// level of a heading, the columns of a table, comments, pictures, and code.
+Names PartsOf(const fs::path& path)
+{
+    const std::regex comment("<!--.*-->"), picture("images/[a-z0-9-]+\\.png");
+    Names parts;
+    bool isCode = false;
+    for (const std::string& line : Lines(ReadFile(path), '\n')) {
+        std::smatch found;
+        if (line.starts_with("```")) {
+            isCode = !isCode;
+            parts.push_back(line);
+        } else if (isCode && line.find("linealis") != std::string::npos) {
+            parts.push_back(line.substr(0, line.find('#')));
+        } else if (std::regex_search(line, found, comment) || std::regex_search(line, found, picture)) {
+            parts.push_back(found.str());
+        } else if (!isCode && line.starts_with('#')) {
+            parts.push_back(line.substr(0, line.find(' ')));
+        } else if (line.starts_with('|')) {
+            parts.push_back(std::to_string(std::count(line.begin(), line.end(), '|')) + " bars");
+        }
+    }
+    return parts;
+}
+
+TEST(Manual, TranslationsHaveTheSameParts)
+{
+    const Names wanted = PartsOf(manual);
+    for (const fs::directory_entry& entry : fs::directory_iterator(manual.parent_path())) {
+        if (entry.path().extension() != ".md" || entry.path() == manual) {
+            continue;
+        }
+        const Names parts = PartsOf(entry.path());
+        const auto [is, expected] = std::mismatch(parts.begin(), parts.end(), wanted.begin(), wanted.end());
+        EXPECT_TRUE(is == parts.end() && expected == wanted.end())
+            << entry.path() << ": after " << is - parts.begin() << " parts: " << (is == parts.end() ? "" : *is)
+            << " instead of " << (expected == wanted.end() ? "nothing" : *expected);
+    }
+}
+
 }  // namespace
 }  // namespace linealis::test

@@ -13,6 +13,7 @@
 #include "pipeline/page/PaperSizes.h"
 #include "platform/ScreenlessPlatform.h"
 #include "services/GalleryWindow.h"
+#include "services/PrefsWindow.h"
 
 #include <algorithm>
 #include <iostream>
@@ -160,6 +161,9 @@ int main()
         AddKind(kind, words);
     }
     AddTables(words);
+    bool noUpdateCheck = false;
+    PrefsWindow preferences(noUpdateCheck);
+    AddForm(preferences.form, "preferences", words);
     words.Print();
     return 0;
 }

@@ -1,6 +1,8 @@
 #include "DesktopTestSupport.h"
 #include "desktop/system/WindowLanguage.h"
+#include "desktop/window/PaperSearch.h"
 
+#include <QListWidget>
 #include <QTranslator>
 #include <set>
 
@@ -160,6 +162,12 @@ TEST_F(Languages, ChangeAtOnceAndKeepTheForm)
     QWidget& german = Window("grid");
     EXPECT_EQ(german.windowTitle(), QStringLiteral("Kariertes Papier"));
     EXPECT_EQ(Shown(german, "EditTopMargin"), "2");
+    EXPECT_EQ(FindPapers("kariertes", FolderItem(), true, desktop::LanguageOfWindows()).at(0).kind->name, "grid");
+    Press(german, Qt::Key_F1);
+    QTest::qWait(100);
+    EXPECT_EQ(Child<QListWidget>(Window("manual"), "ManualChapters").currentItem()->text().trimmed(),
+              QStringLiteral("Kariert"));
+    Window("manual").close();
     ChooseItem(german, "EditUndo");
     EXPECT_EQ(Shown(german, "EditTopMargin"), "0.5");
     choose("en");

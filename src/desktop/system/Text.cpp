@@ -8,7 +8,7 @@ namespace linealis::desktop {
 namespace {
 
 /// The language whose translator is installed.
-class LanguageOfWindows final : public Language {
+class InstalledTranslation final : public Language {
 public:
     std::string Text(std::string_view english) const override
     {
@@ -29,6 +29,12 @@ public:
 };
 
 }  // namespace
+
+const Language& LanguageOfWindows()
+{
+    static const InstalledTranslation language;
+    return language;
+}
 
 QString ToQt(const Message& message)
 {

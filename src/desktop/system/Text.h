@@ -13,6 +13,9 @@ inline QString ToQt(std::string_view text)
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+/// The language of the windows, whose translation is installed (see InstallLanguage).
+const Language& LanguageOfWindows();
+
 /// Returns a message in the language of the windows.
 QString ToQt(const Message& message);
 

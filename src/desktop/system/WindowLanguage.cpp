@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
@@ -17,6 +18,8 @@ namespace {
 
 constexpr const char* languageKey = "language";
 const QString folderOfTranslations = QStringLiteral(":/translations");
+
+QString installed = QStringLiteral("en");  // a code
 
 /// A translation from one flat catalog, which has no contexts: the name of the class that shows a text does not
 /// matter.
@@ -33,8 +36,9 @@ public:
 QString NameOfLanguage(const QString& code)
 {
     CatalogTranslator translator;
-    translator.load(code, folderOfTranslations);
-    return translator.translate("", std::string(Phrase("English").Text()).c_str(), nullptr, -1);
+    return !translator.load(code, folderOfTranslations)
+               ? code
+               : translator.translate("", std::string(Phrase("English").Text()).c_str(), nullptr, -1);
 }
 
 /// Returns the codes of the languages that the program is translated into.
@@ -93,6 +97,11 @@ void ChooseLanguage(const QString& code)
     WindowSettings().setValue(QLatin1String(languageKey), code);
 }
 
+QString InstalledLanguage()
+{
+    return installed;
+}
+
 void InstallLanguage()
 {
     static QTranslator ofQt;  // buttons of dialogs
@@ -102,6 +111,7 @@ void InstallLanguage()
     Install(ofQt, locale, QStringLiteral("qtbase"), QStringLiteral("_"),
             QLibraryInfo::path(QLibraryInfo::TranslationsPath));
     Install(ofProgram, locale, {}, {}, folderOfTranslations);
+    installed = ofProgram.isEmpty() ? QStringLiteral("en") : QFileInfo(ofProgram.filePath()).completeBaseName();
 }
 
 }  // namespace linealis::desktop

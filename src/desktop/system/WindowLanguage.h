@@ -17,6 +17,9 @@ std::vector<WindowLanguage> WindowLanguages();
 /// Returns the code of the language that the user has chosen; empty for that of the system.
 QString ChosenLanguage();
 
+/// Returns the code of the language that InstallLanguage has installed: "en", "de", "pt_BR".
+QString InstalledLanguage();
+
 /// Remembers the user's choice. InstallLanguage applies it.
 void ChooseLanguage(const QString& code);
 

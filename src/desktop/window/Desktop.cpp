@@ -149,7 +149,7 @@ void Desktop::ShowManual(const PaperKind* kind)
         manualWindow = std::make_unique<ManualWindow>();
         connect(manualWindow.get(), &ManualWindow::Closed, this, &Desktop::EndIfLastWindow);
     }
-    manualWindow->ShowChapter(kind == nullptr ? QString() : ToQt(kind->galleryTitle));
+    manualWindow->ShowChapter(kind == nullptr ? QString() : Translated(kind->galleryTitle));
     BringToFront(*manualWindow);
 }
 

@@ -167,7 +167,7 @@ void GallerySearch::Refresh()
 {
     const int selected = list->currentRow();
     const QString line = selected < 0 ? QString() : list->item(selected)->text();
-    hits = FindPapers(field->text().toStdString(), preferencesFolder, PrefersMetric());
+    hits = FindPapers(field->text().toStdString(), preferencesFolder, PrefersMetric(), LanguageOfWindows());
     list->clear();
     const QIcon noPicture = IconOf({}, 1.0);
     for (const PaperHit& hit : hits) {

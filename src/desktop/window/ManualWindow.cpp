@@ -1,14 +1,17 @@
 #include "desktop/window/ManualWindow.h"
 
+#include "desktop/system/WindowLanguage.h"
 #include "desktop/system/WindowPlace.h"
 #include "desktop/system/WindowSettings.h"
 
 #include <QAction>
+#include <QFile>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QScrollBar>
 #include <QSplitter>
@@ -25,21 +28,32 @@ namespace linealis::desktop {
 namespace {
 
 const QString geometryKey = QStringLiteral("windows/manual/geometry");
-const QString address = QStringLiteral("qrc:/manual/manual.html");
+
+/// Returns the address of the manual in the language of the windows; in English if it is not translated.
+QUrl AddressOfManual()
+{
+    const QString translated = QStringLiteral(":/manual/manual.%1.html").arg(InstalledLanguage());
+    return QUrl(QStringLiteral("qrc") +
+                (QFile::exists(translated) ? translated : QStringLiteral(":/manual/manual.html")));
+}
 
 /// Returns the address of a chapter. Back and Forward work only if the text goes to an address instead of
 /// scrolling.
 QUrl ChapterAddress(const QString& anchor)
 {
-    QUrl chapter(address);
+    QUrl chapter = AddressOfManual();
     chapter.setFragment(anchor);
     return chapter;
 }
 
-/// Returns the anchor of a heading, as used in links.
+/// Returns the anchor of a heading, as scripts/make-manual makes it: its ASCII letters without accents, with
+/// hyphens.
 QString AnchorOf(const QString& heading)
 {
-    return heading.toLower().replace(QLatin1Char(' '), QLatin1Char('-'));
+    static const QRegularExpression noLetters(QStringLiteral("[^\\w\\s-]|[^\\x00-\\x7F]"));
+    static const QRegularExpression blanks(QStringLiteral("[-\\s]+"));
+    const QString letters = heading.normalized(QString::NormalizationForm_KD).remove(noLetters);
+    return letters.trimmed().toLower().replace(blanks, QStringLiteral("-"));
 }
 
 }  // namespace
@@ -67,7 +81,7 @@ ManualWindow::ManualWindow() : text(new QTextBrowser), chapters(new QListWidget)
     text->document()->setDefaultStyleSheet(
         QStringLiteral("td, th { padding: 3px 8px; } code { font-family: monospace; }"));
     text->document()->setDocumentMargin(12.0);
-    text->setSource(QUrl(address));
+    text->setSource(AddressOfManual());
     chapters->setObjectName(QStringLiteral("ManualChapters"));
     chapters->setAccessibleName(tr("Chapters"));
     ListChapters();
@@ -150,7 +164,7 @@ void ManualWindow::ShowChapter(const QString& heading)
             return;
         }
     }
-    text->setSource(QUrl(address));
+    text->setSource(AddressOfManual());
     text->verticalScrollBar()->setValue(0);
 }
 

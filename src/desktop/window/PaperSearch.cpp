@@ -53,8 +53,9 @@ std::vector<std::string> WordsOf(std::string_view text)
 /// Collects the hits of one search.
 class PaperSearch {
 public:
-    PaperSearch(std::string_view text, FolderItem thePreferencesFolder, bool metric)
-        : words(WordsOf(text)), preferencesFolder(std::move(thePreferencesFolder)), isMetric(metric)
+    PaperSearch(std::string_view text, FolderItem thePreferencesFolder, bool metric, const Language& theLanguage)
+        : words(WordsOf(text)), preferencesFolder(std::move(thePreferencesFolder)), isMetric(metric),
+          language(theLanguage)
     {}
 
     std::vector<PaperHit> Find()
@@ -88,7 +89,7 @@ private:
     {
         std::string searched;
         for (const std::string_view text : texts) {
-            searched += InSmallLetters(text) + "\n";
+            searched += InSmallLetters(text) + "\n" + InSmallLetters(language.Text(text)) + "\n";
         }
         if (std::all_of(words.begin(), words.end(),
                         [&](const std::string& word) { return searched.find(word) != std::string::npos; })) {
@@ -147,20 +148,23 @@ private:
     std::vector<std::string> words;
     FolderItem preferencesFolder;
     bool isMetric;
+    const Language& language;
     std::vector<PaperHit> hits;
 };
 
 }  // namespace
 
-std::vector<PaperHit> FindPapers(std::string_view words, const FolderItem& preferencesFolder, bool isMetric)
+std::vector<PaperHit> FindPapers(std::string_view words, const FolderItem& preferencesFolder, bool isMetric,
+                                 const Language& language)
 {
-    PaperSearch search(words, preferencesFolder, isMetric);
+    PaperSearch search(words, preferencesFolder, isMetric, language);
     return WordsOf(words).empty() ? search.Suggest() : search.Find();
 }
 
-std::vector<PaperHit> FindPresets(std::string_view words, const FolderItem& preferencesFolder, bool isMetric)
+std::vector<PaperHit> FindPresets(std::string_view words, const FolderItem& preferencesFolder, bool isMetric,
+                                  const Language& language)
 {
-    return PaperSearch(words, preferencesFolder, isMetric).FindPresets();
+    return PaperSearch(words, preferencesFolder, isMetric, language).FindPresets();
 }
 
 PresetGroup GroupOf(const PaperHit& hit)

@@ -3,6 +3,7 @@
 #include "kinds/PaperKinds.h"
 #include "kinds/Presets.h"
 #include "platform/FolderItem.h"
+#include "text/Message.h"
 
 #include <string>
 #include <string_view>
@@ -22,13 +23,16 @@ struct PaperHit {
 };
 
 /// Returns everything in which every word occurs: kinds, then recent files, then presets (those in the user's units
-/// first), then the user's own presets. Ignores the case of Western European letters. If `words` contains no
-/// word, returns suggestions: the recent files, and one preset for each of a few kinds.
-std::vector<PaperHit> FindPapers(std::string_view words, const FolderItem& preferencesFolder, bool isMetric);
+/// first), then the user's own presets. Finds titles in English and in the language. Ignores the case of Western
+/// European letters. If `words` contains no word, returns suggestions: the recent files, and one preset for each of
+/// a few kinds.
+std::vector<PaperHit> FindPapers(std::string_view words, const FolderItem& preferencesFolder, bool isMetric,
+                                 const Language& language = Language());
 
 /// Returns only the presets, including the user's own, in which every word occurs; all of them if there is no word.
 /// They are ordered by group, and within a group as FindPapers orders them.
-std::vector<PaperHit> FindPresets(std::string_view words, const FolderItem& preferencesFolder, bool isMetric);
+std::vector<PaperHit> FindPresets(std::string_view words, const FolderItem& preferencesFolder, bool isMetric,
+                                  const Language& language = Language());
 
 /// Returns the group of a hit that is a preset.
 PresetGroup GroupOf(const PaperHit& hit);

@@ -105,7 +105,7 @@ void PresetPicker::Type(const QString& text)
 
 void PresetPicker::Search()
 {
-    tiles->Show(FindPresets(field->text().toStdString(), preferencesFolder, PrefersMetric()));
+    tiles->Show(FindPresets(field->text().toStdString(), preferencesFolder, PrefersMetric(), LanguageOfWindows()));
     const QSignalBlocker quiet(groups);
     groups->clear();
     for (const PresetGroup group : tiles->Groups()) {
