@@ -270,17 +270,22 @@ test("nothing stands in the way of anyone: all forms, light, dark, forced colors
     const looks = [{}, { colorScheme: "dark" }, { forcedColors: "active" },
         { viewport: { width: 640, height: 360 }, deviceScaleFactor: 2 },
         { viewport: { width: 360, height: 640 }, hasTouch: true }];
+    // The other rules read the elements, which are the same in every look.
+    const rulesOfLooks = ["color-contrast", "target-size", "scrollable-region-focusable", "aria-hidden-focus", "nested-interactive"];
     const kinds = (await loadCore()).ask({ do: "catalog" }).json.kinds.map(({ name }) => name);
     for (const look of looks) {
         await visit("", async (page) => {
             await page.evaluate(axe.source);
             const check = async (what) => {
-                const { violations } = await page.evaluate(() => axe.run(document, { resultTypes: ["violations"] }));
+                const { violations } = await page.evaluate((runOnly) => axe.run(document, {
+                    resultTypes: ["violations"], ...(runOnly && { runOnly }),
+                }), look === looks[0] ? null : rulesOfLooks);
                 const words = violations.map(({ id, nodes }) => `${id}: ${nodes[0].html}`);
                 assert.deepEqual(words, [], `${what}, ${JSON.stringify(look)}`);
             };
             await check("gallery");
-            for (const kind of kinds) {
+            const areAll = look === looks[0] || look.viewport; // colors are the same in all forms
+            for (const kind of areAll ? kinds : kinds.filter((_, i) => i % 4 === 0)) {
                 await page.evaluate((hash) => { location.hash = hash; }, kind);
                 await page.waitForFunction((name) => document.querySelector("#form input") &&
                     location.hash.startsWith(`#${name}`), kind);

@@ -9,7 +9,7 @@ import test, { after, before } from "node:test";
 import { promisify } from "node:util";
 import { cli, epoch, loadCore, now, randomFrom, root } from "./support.mjs";
 
-const count = Number(process.env.LINEALIS_FORMS ?? 1500);
+const count = Number(process.env.LINEALIS_FORMS ?? 700);
 const run = (...parameters) => promisify(execFile)(cli, parameters, {
     env: { ...process.env, SOURCE_DATE_EPOCH: epoch, TZ: "UTC" }, encoding: "buffer", maxBuffer: 1 << 26,
 });
