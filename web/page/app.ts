@@ -99,9 +99,13 @@ function show(view: "gallery" | "paper"): void {
 async function open(request: Omit<Request, "do">, bytes: Bytes | undefined, fileName: string, kind?: string): Promise<boolean> {
     try {
         const opening = client.open(request, bytes);
+        const isFromGallery = !byId("gallery").hidden;
         show("paper");
         const { json } = await opening;
         paper.show(json, fileName);
+        if (isFromGallery) {
+            byId("formSide").focus(); // what had the focus is hidden
+        }
         setAddress(kind ?? json.kind);
         return true;
     } catch (why) {

@@ -18,10 +18,12 @@ export function showDialog(setup: DialogSetup): Promise<boolean> {
     }
     byId("dialogTitle").textContent = setup.title;
     byId("dialogBody").replaceChildren(...setup.body);
-    byId("dialogCancel").textContent = setup.accept === undefined ? "Close" : "Cancel";
+    const cancel = byId("dialogCancel"); // submits nothing, so Return in a field accepts
+    cancel.textContent = setup.accept === undefined ? "Close" : "Cancel";
+    cancel.onclick = closeDialog;
     accept.textContent = setup.accept ?? "";
     accept.hidden = setup.accept === undefined;
-    accept.disabled = false;
+    accept.disabled = setup.accept === undefined;
     dialog.returnValue = "";
     dialog.showModal();
     return new Promise((resolve) => {

@@ -266,7 +266,7 @@ export function paintRulers(context: Context, view: View, isInInches: boolean): 
         context.fillStyle = view.isDark ? "#22252b" : "#f4f5f7";
         context.fillRect(0, 0, isUpright ? rulerWidth : length, isUpright ? length : rulerWidth);
         context.fillStyle = ink;
-        context.font = "10px system-ui, sans-serif";
+        context.font = "10px sans-serif";
         for (let tick = Math.ceil(((rulerWidth - origin) / unit) * parts); origin + (tick / parts) * unit < length; ++tick) {
             const place = Math.round(origin + (tick / parts) * unit);
             const isWhole = tick % parts === 0;

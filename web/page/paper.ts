@@ -15,6 +15,11 @@ const millisecondsBeforeKeeping = 600;
 const dotsPerInchOfPictures = 300;
 const titlesOfDialogs = { wizard: "Easy Graph Wizard", range: "Range of Data" };
 
+/** Says which fields of a form are not kept. */
+function except(lost: string | undefined): string {
+    return lost ? `, except for ${lost}` : "";
+}
+
 interface Written {
     type: string;
     extension: string;
@@ -237,19 +242,19 @@ export class PaperView {
         return [
             button(own.name, () => {
                 closeDialog();
-                this.layOver({}, own.name, own.bytes);
+                this.layOver({}, own.name, own);
             }),
             button("✕", () => void forget(own).then(() => this.choosePreset()),
                 { class: "quiet", "aria-label": `Delete ${own.name}`, title: `Delete ${own.name}` }),
         ];
     }
 
-    /** Loads a preset or the bytes of a settings file into the form, as one step. */
-    private layOver(what: { preset?: string }, name: string, bytes?: Bytes): void {
+    /** Loads a preset or a form that the browser has kept into the form, as one step. */
+    private layOver(what: { preset?: string }, name: string, kept?: Kept): void {
         this.finish();
-        void this.ask({ do: "layOver", name, ...what }, bytes).then((answered) => {
+        void this.ask({ do: "layOver", name, ...what }, kept?.bytes).then((answered) => {
             if (answered) {
-                this.say(`The form is now ${name}`);
+                this.say(`The form is now ${name}${except(kept?.lost)}`);
             }
         });
     }
@@ -268,15 +273,19 @@ export class PaperView {
         }
     }
 
-    private async keepAs(sort: Kept["sort"], name: string): Promise<boolean> {
+    /** Keeps the form and says so with `done`. */
+    private async keepAs(sort: Kept["sort"], name: string, done: string): Promise<void> {
         const { kind, extension } = this.paper!;
         const made = await this.settings();
+        if (!made) {
+            return;
+        }
+        const { bytes, json: { lost } } = made;
         try {
-            await keep({ kind, extension, name, sort, bytes: made!.bytes });
-            return made !== null;
+            await keep({ kind, extension, name, sort, bytes, lost });
+            this.say(done + except(lost));
         } catch {
             this.say("The browser does not let this page keep anything");
-            return false;
         }
     }
 
@@ -285,23 +294,24 @@ export class PaperView {
         if (this.state === null || this.state.undo === "" || paper === null) {
             return; // as it was opened
         }
-        const made = await this.client.ask({ do: "settings" }).catch(() => null);
+        const made = await this.client.ask<{ lost: string }>({ do: "settings" }).catch(() => null);
         if (made && paper === this.paper) {
-            await keep({ kind: paper.kind, extension: paper.extension, name: "", sort: "left", bytes: made.bytes }).catch(() => {});
+            const { kind, extension } = paper;
+            await keep({ kind, extension, name: "", sort: "left", bytes: made.bytes, lost: made.json.lost }).catch(() => {});
         }
     }
 
     private async savePreset(): Promise<void> {
         const name = await askName("Save as preset", "");
-        if (name !== "" && await this.keepAs("preset", name)) {
-            this.say(`Saved the preset ${name}`);
+        if (name !== "") {
+            await this.keepAs("preset", name, `Saved the preset ${name}`);
         }
     }
 
     private async bringBack(): Promise<void> {
         const left = (await allKept()).find(({ sort, kind }) => sort === "left" && kind === this.kind);
         if (left) {
-            this.layOver({}, "the form as you left it", left.bytes);
+            this.layOver({}, "the form as you left it", left);
         } else {
             this.say("Nothing of this paper has been kept");
         }
@@ -335,11 +345,8 @@ export class PaperView {
             item("Save form as JSON", () => this.saveJson(), "saveJson"),
             make("hr"),
             item("Save as preset…", () => this.savePreset(), "savePreset"),
-            item("Use as default for new forms", async () => {
-                if (await this.keepAs("default", "")) {
-                    this.say("New forms of this paper begin like this one");
-                }
-            }, "saveDefault"),
+            item("Use as default for new forms",
+                () => this.keepAs("default", "", "New forms of this paper begin like this one"), "saveDefault"),
             item("Forget the default", async () => {
                 await forget({ sort: "default", kind: this.kind, name: "" }).catch(() => {});
                 this.say("New forms of this paper begin as they come");

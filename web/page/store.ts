@@ -8,6 +8,7 @@ export interface Kept {
     name: string; // of an own preset; empty otherwise
     sort: "preset" | "default" | "left";
     bytes: Bytes;
+    lost?: string; // names of fields that a settings file does not store
 }
 
 const storeName = "papers";

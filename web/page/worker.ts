@@ -6,6 +6,8 @@ import type { Bytes } from "./core.ts";
 import { type DisplayList, paintRulers, paintScene, type Scene } from "./painter.ts";
 import type { Catalog, Drawn, FromWorker, Request, ToWorker, View, Warning } from "./words.ts";
 
+const rounding = 1e-6; // pixels that a size of whole pixels may come out larger by
+
 let core: Core | null = null;
 let context: OffscreenCanvasRenderingContext2D | null = null;
 let view: View | null = null;
@@ -109,16 +111,25 @@ function answer(id: number, request: Request, bytes: Bytes | undefined, draws: b
 
 /** Paints the page at a resolution of its own and returns it as PNG. */
 async function paintPicture(id: number, dotsPerInch: number): Promise<void> {
-    const scale = dotsPerInch / 72;
+    if (isStale) {
+        isStale = false;
+        draw(core!);
+    }
+    const refuse = (error: string) => say({ type: "answer", id, json: { error }, bytes: new Uint8Array() });
     const { sheet } = scene!;
-    const canvas = new OffscreenCanvas(Math.ceil(sheet.width * scale), Math.ceil(sheet.height * scale));
+    if (page!.problem !== "") {
+        refuse(`No picture is made: ${page!.problem}`); // it would lack strokes
+        return;
+    }
+    const pixels = (points: number) => Math.ceil((points / 72) * dotsPerInch - rounding);
+    const canvas = new OffscreenCanvas(pixels(sheet.width), pixels(sheet.height));
     const into = canvas.getContext("2d");
     if (!into) {
-        say({ type: "answer", id, json: { error: "the picture is too large for this browser" }, bytes: new Uint8Array() });
+        refuse("The picture is too large for this browser");
         return;
     }
     paintScene(into, { ...scene!, lights: null },
-        { width: canvas.width, height: canvas.height, ratio: 1, scale, x: 0, y: 0, rulers: false, isDark: false });
+        { width: canvas.width, height: canvas.height, ratio: 1, scale: dotsPerInch / 72, x: 0, y: 0, rulers: false, isDark: false });
     const blob = await canvas.convertToBlob({ type: "image/png" });
     const bytes = new Uint8Array(await blob.arrayBuffer());
     say({ type: "answer", id, json: {}, bytes }, [bytes.buffer]);

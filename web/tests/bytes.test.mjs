@@ -9,7 +9,7 @@ import test, { after, before } from "node:test";
 import { promisify } from "node:util";
 import { cli, epoch, loadCore, now, randomFrom, root } from "./support.mjs";
 
-const count = Number(process.env.LINEALIS_FORMS ?? 1500);
+const count = Number(process.env.LINEALIS_FORMS ?? 700);
 const run = (...parameters) => promisify(execFile)(cli, parameters, {
     env: { ...process.env, SOURCE_DATE_EPOCH: epoch, TZ: "UTC" }, encoding: "buffer", maxBuffer: 1 << 26,
 });
@@ -135,6 +135,42 @@ test("hostile links and files are refused in words, and the paper that is open s
     assert.match(core.ask({ do: "nothing" }).json.error, /not possible/);
     assert.match(core.ask({ do: "set", control: 7 }).json.error, /type/);
     assert.equal(core.ask({ do: "link" }).json.link, "grid&top-margin=1.5");
+});
+
+test("damaged JSON forms open or are refused in words, and what opens can be drawn, written and read again", () => {
+    const random = randomFrom(9);
+    const below = (count) => Math.floor(random() * count);
+    const stuff = ["{", "}", "[", "]", '"', ",", ":", "\\u0000", "\\ud800", "\0", "1e999", "-", "null", "true", "[[[[[[[[[", "ÿ", "\xff", '"kind":7,'];
+    const odd = [null, [], {}, { value: {} }, { value: null }, 1e308, -0, 1e-320, true, "\u0000", "\ud800", "9".repeat(5000), "-.", "#-1", "1/0"];
+    const { kinds } = core.ask({ do: "catalog" }).json;
+    let opened = 0;
+    for (let i = 0; i < 1000; ++i) {
+        const { name } = kinds[i % kinds.length];
+        const form = randomForm(name, random);
+        if (i % 2 === 0) {
+            const names = Object.keys(form.controls);
+            form.controls[names[below(names.length)]] = odd[below(odd.length)];
+        }
+        let bytes = Buffer.from(JSON.stringify(form));
+        if (i % 2 === 1) {
+            const at = below(bytes.length);
+            bytes = Buffer.concat([bytes.subarray(0, at), Buffer.from(stuff[below(stuff.length)], "latin1"),
+                bytes.subarray(at + below(3))]);
+        }
+        core.ask({ do: "open", kind: "grid", now });
+        const { error, kind } = core.ask({ do: "open", file: "damaged.json", now }, bytes).json;
+        if (error !== undefined) {
+            assert.ok(error.length > 0);
+            assert.equal(core.ask({ do: "link" }).json.link, "grid");
+            continue;
+        }
+        ++opened;
+        const json = core.ask({ do: "json" }).bytes;
+        assert.equal(core.ask({ do: "draw" }).json.error, undefined);
+        assert.equal(core.ask({ do: "open", file: "again.json", now }, json).json.kind, kind);
+        same(core.ask({ do: "json" }).bytes, Buffer.from(json), bytes.toString());
+    }
+    assert.ok(opened > 50 && opened < 950, `${opened} of 1000 opened`);
 });
 
 test("every file of the settings fuzzer's corpus opens or is refused", async () => {
