@@ -20,7 +20,7 @@ bool IsLaidOver(const FormFile& file, const PaperKind& kind, Form& form)
         LayOver(file, kind, form);
         return true;
     } catch (const FormError& error) {
-        Require(!error.message.empty());
+        Require(!error.message.IsEmpty());
     } catch (const UnknownInput& unknown) {
         Require(!unknown.possible.empty());
     }
@@ -48,7 +48,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     try {
         file = ParseLink(Input(data, size).All());
     } catch (const FormError& error) {
-        Require(error.message.starts_with("link: "));
+        Require(error.message.English().starts_with("link: "));
         return 0;
     }
     Require(!file.kind.empty() && file.controls.size() <= mostControls);
