@@ -4,7 +4,7 @@
 #include "Made.h"
 #include "exchange/CarriedText.h"
 #include "exchange/FormJson.h"
-#include "exchange/PngFile.h"
+#include "exchange/PngText.h"
 #include "pipeline/form/SetControl.h"
 
 namespace linealis::fuzz {

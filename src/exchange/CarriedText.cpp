@@ -1,6 +1,6 @@
 #include "exchange/CarriedText.h"
 
-#include "exchange/PngFile.h"
+#include "exchange/PngText.h"
 
 #include <pugixml.hpp>
 

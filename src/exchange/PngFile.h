@@ -6,11 +6,8 @@
 #include <memory>
 #include <span>
 #include <string>
-#include <string_view>
 
 namespace linealis {
-
-inline constexpr std::string_view pngSignature = "\x89PNG\r\n\x1A\n";
 
 /// The properties of a PNG file other than its pixels.
 struct PngHead {
@@ -41,9 +38,5 @@ private:
     struct Writer;
     std::unique_ptr<Writer> writer;
 };
-
-/// Returns the text that a PNG file carries, or an empty text if it carries none or is damaged before it. Does not
-/// verify checksums.
-std::string TextInPng(std::string_view png);
 
 }  // namespace linealis

@@ -244,7 +244,7 @@ Answer CopyRow(const Question& question, Session& session)
         row != nullptr && row->above != nullptr) {
         session.Steps().Commit("Change");
         CopyFromAbove(session.Window().form, *row);
-        session.Steps().Commit(NameOfCopy(*row));
+        session.Steps().Commit(NameOfCopy(*row).English());
     }
     return {{{"state", session.State()}}};
 }
@@ -259,8 +259,8 @@ Answer SetLink(const Question& question, Session& session)
 Answer UseMarkers(const Question& question, Session& session)
 {
     const MarkerFile file(question.Text("name"), std::string(question.bytes));
-    if (!file.Error().empty()) {
-        throw Refusal{file.Error() + ", so no markers are drawn"};
+    if (!file.Error().IsEmpty()) {
+        throw Refusal{Message("%1, so no markers are drawn", file.Error()).English()};
     }
     session.Steps().Commit("Change");
     session.UseMarkers(file);
