@@ -86,7 +86,7 @@ export class Gallery {
 
     private tile(kind: Kind): HTMLElement {
         const tile = button("", () => this.events.onKind(kind), { "data-kind": kind.name });
-        tile.append(make("img", { src: this.picture(kind.picture), alt: "", width: 80, height: 80 }), kind.galleryTitle);
+        tile.append(make("img", { src: this.picture(kind.picture), alt: "", width: 78, height: 101 }), kind.galleryTitle);
         return tile;
     }
 }

@@ -126,7 +126,8 @@ QString MarkerChooser::Words() const
     if (!window.Markers().Error().IsEmpty()) {
         return tr("%1, not usable").arg(name);
     }
-    return ToQt(Message(Plural("%1, %2 line", "%1, %2 lines"), lines, name.toStdString(), lines));
+    return ToQt(
+        Message(Plural("%1, %2 line", "%1, %2 lines"), static_cast<double>(lines), name.toStdString(), lines));
 }
 
 PageWarnings MarkerChooser::Warnings() const
