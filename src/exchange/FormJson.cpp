@@ -13,8 +13,6 @@
 
 namespace linealis {
 
-namespace {
-
 const char* TypeName(ControlKind kind)
 {
     switch (kind) {
@@ -33,6 +31,8 @@ const char* TypeName(ControlKind kind)
     }
     return "";
 }
+
+namespace {
 
 /// Adds the value of a control and related properties to its JSON object.
 struct ControlDescriber {

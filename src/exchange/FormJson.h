@@ -19,6 +19,9 @@ std::string JsonText(const Json& json);
 /// Returns the description of a kind: its name, title, and settings extension.
 Json KindJson(const PaperKind& kind);
 
+/// Returns the word for a type of control: "text", "popup", "check", "radio", "color" or "label".
+const char* TypeName(ControlKind kind);
+
 /// Returns the type, caption, and value of a control, the items that it offers, and whether it is enabled.
 Json ControlJson(Control& control);
 

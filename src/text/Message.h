@@ -58,7 +58,7 @@ private:
     std::string_view text;
 };
 
-/// A text of the catalogue without places.
+/// A text of the catalog without places.
 using Phrase = Template<0>;
 
 /// An English text for one and a text for any other count, with the same places.

@@ -143,6 +143,16 @@ TEST_F(Languages, AccessKeysDifferInEveryMenu)
     }
 }
 
+TEST(Language, IsTheFirstOfTheSystemThatIsEnglishOrTranslated)
+{
+    const auto chosen = [](const QStringList& wanted) { return desktop::LanguageFor(wanted).toStdString(); };
+    EXPECT_EQ(chosen({"de-AT", "en"}), "de");
+    EXPECT_EQ(chosen({"en-GB", "de"}), "en") << "German is only their second choice";
+    EXPECT_EQ(chosen({"sv", "pt-PT", "fr"}), "pt_BR");
+    EXPECT_EQ(chosen({"sv"}), "en");
+    EXPECT_EQ(chosen({"C"}), "en");
+}
+
 TEST_F(Languages, ChangeAtOnceAndKeepTheForm)
 {
     Speak(QStringLiteral("en"));

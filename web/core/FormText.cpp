@@ -1,30 +1,12 @@
 #include "core/FormText.h"
 
+#include "exchange/FormJson.h"
 #include "pipeline/form/FieldWords.h"
 #include "pipeline/form/SetControl.h"
 
 namespace linealis::web {
 
 namespace {
-
-const char* TypeOf(ControlKind kind)
-{
-    switch (kind) {
-    case ControlKind::Text:
-        return "text";
-    case ControlKind::Popup:
-        return "popup";
-    case ControlKind::Check:
-        return "check";
-    case ControlKind::Radio:
-        return "radio";
-    case ControlKind::Color:
-        return "color";
-    case ControlKind::Label:
-        break;
-    }
-    return "label";
-}
 
 constexpr ReadoutParts lengthsOfRow{.hasLength = true};
 
@@ -66,7 +48,7 @@ FormText::FormText(const Form& theForm) : form(theForm), groups(LayoutOf(theForm
 Json FormText::DescribeControl(const LaidControl& place, std::size_t& readout) const
 {
     Control& control = *place.control;
-    Json json = {{"name", control.Name()}, {"type", TypeOf(control.Kind())}};
+    Json json = {{"name", control.Name()}, {"type", TypeName(control.Kind())}};
     if (control.Kind() != ControlKind::Label) {
         json["wholeName"] = WholeName(form, control).English();
     }

@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 #include <QLocale>
+#include <algorithm>
+#include <limits>
 
 namespace linealis::desktop {
 
@@ -18,7 +20,8 @@ public:
     std::string Text(std::string_view one, std::string_view many, std::int64_t count) const override
     {
         const std::string source(one);
-        const QString found = QCoreApplication::translate("", source.c_str(), nullptr, static_cast<int>(count));
+        const int shown = static_cast<int>(std::min<std::int64_t>(count, std::numeric_limits<int>::max()));
+        const QString found = QCoreApplication::translate("", source.c_str(), nullptr, shown);
         return found == ToQt(one) ? Language::Text(one, many, count) : found.toStdString();
     }
 
@@ -44,11 +47,6 @@ QString ToQt(const Message& message)
 QString Translated(std::string_view english)
 {
     return ToQt(Message::Listed(english));
-}
-
-Message ToMessage(const QString& text)
-{
-    return Message::Verbatim(text.toStdString());
 }
 
 }  // namespace linealis::desktop

@@ -22,9 +22,6 @@ QString ToQt(const Message& message);
 /// Returns a caption, a title, or another text that the core lists, in the language of the windows.
 QString Translated(std::string_view english);
 
-/// Wraps a text that is in the language of the windows already.
-Message ToMessage(const QString& text);
-
 /// Escapes the ampersands of a text for a menu, where a single one marks the access key.
 inline QString MenuText(QString text)
 {

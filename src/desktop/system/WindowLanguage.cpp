@@ -5,12 +5,10 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFileInfo>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
 #include <algorithm>
-#include <array>
 
 namespace linealis::desktop {
 
@@ -51,23 +49,11 @@ QStringList TranslatedLanguages()
     return codes;
 }
 
-/// Returns the locale of the windows: the chosen one, or the first of the system's languages that is English or has
-/// a translation.
-QLocale LocaleOfWindows()
-{
-    if (const QString chosen = ChosenLanguage(); !chosen.isEmpty()) {
-        return QLocale(chosen);
-    }
-    return QLocale::system();
-}
-
-/// Loads a translation for the locale: from its exact name to its language alone, as Qt looks for files.
-template <typename Translator>
-void Install(Translator& translator, const QLocale& locale, const QString& name, const QString& prefix,
-             const QString& folder)
+/// Installs a translation in place of an earlier one, or none if there is no such file.
+void Install(QTranslator& translator, const QString& file, const QString& folder)
 {
     QCoreApplication::removeTranslator(&translator);
-    if (translator.load(locale, name, prefix, folder)) {
+    if (translator.load(file, folder)) {
         QCoreApplication::installTranslator(&translator);
     }
 }
@@ -97,6 +83,26 @@ void ChooseLanguage(const QString& code)
     WindowSettings().setValue(QLatin1String(languageKey), code);
 }
 
+QString LanguageFor(const QStringList& wanted)
+{
+    const QStringList translated = TranslatedLanguages();
+    for (const QString& name : wanted) {
+        const QLocale locale(name);
+        if (locale.language() == QLocale::English || locale.language() == QLocale::C) {
+            break;
+        }
+        if (translated.contains(locale.name())) {
+            return locale.name();
+        }
+        for (const QString& code : translated) {
+            if (QLocale(code).language() == locale.language()) {
+                return code;
+            }
+        }
+    }
+    return QStringLiteral("en");
+}
+
 QString InstalledLanguage()
 {
     return installed;
@@ -106,12 +112,12 @@ void InstallLanguage()
 {
     static QTranslator ofQt;  // buttons of dialogs
     static CatalogTranslator ofProgram;
-    const QLocale locale = LocaleOfWindows();
-    QLocale::setDefault(locale);
-    Install(ofQt, locale, QStringLiteral("qtbase"), QStringLiteral("_"),
-            QLibraryInfo::path(QLibraryInfo::TranslationsPath));
-    Install(ofProgram, locale, {}, {}, folderOfTranslations);
-    installed = ofProgram.isEmpty() ? QStringLiteral("en") : QFileInfo(ofProgram.filePath()).completeBaseName();
+    const QString chosen = ChosenLanguage();
+    const QLocale system = QLocale::system();
+    installed = LanguageFor(chosen.isEmpty() ? system.uiLanguages() : QStringList{chosen});
+    QLocale::setDefault(chosen.isEmpty() ? system : QLocale(chosen));
+    Install(ofQt, QStringLiteral("qtbase_") + installed, QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+    Install(ofProgram, installed, folderOfTranslations);
 }
 
 }  // namespace linealis::desktop

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 #include <vector>
 
 namespace linealis::desktop {
@@ -16,6 +16,10 @@ std::vector<WindowLanguage> WindowLanguages();
 
 /// Returns the code of the language that the user has chosen; empty for that of the system.
 QString ChosenLanguage();
+
+/// Returns the code of the first of the languages, given by name in order of preference, that is English or has a
+/// translation; a translation for another country counts. English if there is none.
+QString LanguageFor(const QStringList& wanted);
 
 /// Returns the code of the language that InstallLanguage has installed: "en", "de", "pt_BR".
 QString InstalledLanguage();
