@@ -11,7 +11,6 @@ namespace linealis {
 
 namespace {
 
-constexpr double pointsPerMm = pointsPerInch / 25.4;
 constexpr int sixteenths = 16;
 constexpr double pointsPerSixteenth = pointsPerInch / sixteenths;
 

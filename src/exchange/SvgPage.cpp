@@ -242,7 +242,6 @@ private:
 void WriteSvg(const PaperSize& paper, std::string_view content, std::span<const RoleRange> roles,
               std::string_view carried, BinaryStream& stream, Turns* turns)
 {
-    constexpr double mmPerPoint = 25.4 / pointsPerInch;
     const auto width = static_cast<double>(paper.width), height = static_cast<double>(paper.height);
     stream.Write(
         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg" + Attribute("xmlns", "http://www.w3.org/2000/svg") +

@@ -1,6 +1,7 @@
 #include "graph/DataRange.h"
 
 #include "graph/LinearFit.h"
+#include "pdf/Units.h"
 #include "pipeline/page/PageWords.h"
 #include "text/Numbers.h"
 

@@ -1,6 +1,7 @@
 #include "graph/LinearFit.h"
 
 #include "graph/AxisFunctions.h"
+#include "pdf/Units.h"
 #include "text/Numbers.h"
 
 #include <algorithm>

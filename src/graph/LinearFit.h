@@ -6,9 +6,6 @@
 
 namespace linealis {
 
-/// Unlike a centimeter of a form (pointsPerCm), not rounded.
-inline constexpr double pointsPerMm = pointsPerInch / 25.4;
-
 /// Tolerance for a number of steps, so that 0.3 is 3 steps of 0.1.
 inline constexpr double ofAStep = 1e-9;
 

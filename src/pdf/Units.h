@@ -8,6 +8,11 @@ namespace linealis {
 
 inline constexpr double pointsPerInch = 72.0;
 
+// Exact, for rulers, pictures and what is told to the user. Lengths of forms use the rounded pointsPerCm instead.
+inline constexpr double mmPerInch = 25.4;
+inline constexpr double pointsPerMm = pointsPerInch / mmPerInch;
+inline constexpr double mmPerPoint = mmPerInch / pointsPerInch;
+
 /// Points per centimeter of a length on a form: 72 / 2.54 rounded to 8 significant digits.
 inline constexpr double pointsPerCm = 28.346457;
 

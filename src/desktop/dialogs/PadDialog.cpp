@@ -27,7 +27,7 @@ QString SizeText(const PaperSize& size, bool inInches)
 {
     const auto text = [=](std::int64_t points) {
         const double inches = static_cast<double>(points) / pointsPerInch;
-        return inInches ? QString::number(inches, 'g', 4) : QString::number(inches * 25.4, 'f', 0);
+        return inInches ? QString::number(inches, 'g', 4) : QString::number(inches * mmPerInch, 'f', 0);
     };
     return (inInches ? Translated("%1 × %2 in") : Translated("%1 × %2 mm"))
         .arg(text(size.width), text(size.height));

@@ -24,8 +24,6 @@ namespace linealis::desktop {
 
 namespace {
 
-constexpr double mmPerPoint = 25.4 / pointsPerInch;
-
 /// Two paper sizes count as the same if no side differs by more than this, about 1 mm. QPageSize::FuzzyMatch
 /// allows the same. Sizes in whole points differ this much from the standard sizes.
 constexpr double sameSidePoints = 3.0;

@@ -3,6 +3,7 @@
 #include "app/OwnPresets.h"
 #include "desktop/page/PagePainter.h"
 #include "desktop/system/Text.h"
+#include "pdf/Units.h"
 #include "pipeline/page/PageJob.h"
 #include "platform/ScreenlessPlatform.h"
 
@@ -17,8 +18,7 @@ namespace linealis::desktop {
 namespace {
 
 constexpr double shownMillimeters = 35.0;
-constexpr double pointsPerMillimeter = 72.0 / 25.4;
-constexpr double cornerScale = PresetPictures::side / (shownMillimeters * pointsPerMillimeter);  // pixels per point
+constexpr double cornerScale = PresetPictures::side / (shownMillimeters * pointsPerMm);  // pixels per point
 
 constexpr QRgb paperWhite = 0xFFFFFFFF;
 
@@ -91,7 +91,7 @@ QImage PaintCorner(const PaperHit& hit, double pixelRatio, const std::atomic<boo
         }
     });
     const DrawnPage page = PageOf(hit, turns);
-    const double shown = shownMillimeters * pointsPerMillimeter;
+    const double shown = shownMillimeters * pointsPerMm;
     const QPoint blank = BlankAbove(PaintPart(page, {}, pixelRatio, stops));
     const QPointF corner(std::max(blank.x() - marginShown, 0) / cornerScale,
                          std::max(blank.y() - marginShown, 0) / cornerScale);
