@@ -159,8 +159,8 @@ TEST_F(Start, DoesNotCheckIfSwitchedOff)
 }
 
 /// In the order of the gallery.
-const Names kinds = {"graph",     "axonometric", "cornell", "crosses",   "dots",    "engineering", "hexagon",
-                     "isometric", "lined",       "polar",   "trapezoid", "ternary", "grid",        "brick"};
+const Names galleryOrder = {"graph",     "axonometric", "cornell", "crosses",   "dots",    "engineering", "hexagon",
+                            "isometric", "lined",       "polar",   "trapezoid", "ternary", "grid",        "brick"};
 
 TEST_F(Documents, OfAnUnknownExtensionAreDroppedAfterTheMessage)
 {
@@ -284,7 +284,8 @@ TEST_F(Gallery, AClickOpensItsKindOnce)
     ASSERT_EQ(app.Gallery().Entries().size(), PaperKinds().size());
     for (std::size_t i = 0; i < PaperKinds().size(); ++i) {
         const std::string_view kind = PaperKinds()[i].name;
-        EXPECT_TRUE(i >= kinds.size() || kind == kinds[i]) << "the gallery's order is what its users know";
+        EXPECT_TRUE(i >= galleryOrder.size() || kind == galleryOrder[i])
+            << "the gallery's order is what its users know";
         const fs::path pictures = fs::path(LINEALIS_PAGES_PATH) / "../../resources/gallery";
         const std::string png = ReadFile(pictures / app.Gallery().Entries()[i].picture);
         EXPECT_EQ(png.substr(16, 8), std::string("\0\0\0\x66\0\0\0\x84", 8))

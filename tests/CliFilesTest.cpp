@@ -51,7 +51,7 @@ void RefuseUnnamedFiles()
 
 /// Does the work in a process of its own.
 template <typename Work>
-pid_t Start(bool unnamedFiles, Work work)
+pid_t StartProcess(bool unnamedFiles, Work work)
 {
     const pid_t process = ::fork();
     if (process == 0) {
@@ -85,7 +85,7 @@ TEST_F(CliFiles, ASignalInTheMidstOfAWriteLeavesTheOldFileAndNothingElse)
 {
     for (const bool unnamedFiles : {true, false}) {
         for (const int signal : {SIGTERM, SIGINT, SIGHUP, SIGPIPE, SIGKILL}) {
-            const pid_t writer = Start(unnamedFiles, [&] {
+            const pid_t writer = StartProcess(unnamedFiles, [&] {
                 EndCleanlyOnSignals();
                 BinaryStream stream = BinaryStream::Replacing(page);
                 stream.Write(std::string(1'000'000, 'x'));
@@ -122,7 +122,7 @@ TEST_F(CliFiles, KilledAtAnyMomentThePageIsTheOldOneOrTheNewOne)
     for (int round = 0; round < rounds; ++round) {
         WriteFile(page, "old");
         const int signal = round % 2 == 0 ? SIGTERM : SIGKILL;
-        const pid_t process = Start(round % 4 < 2, [&] {
+        const pid_t process = StartProcess(round % 4 < 2, [&] {
             ::execl(make[0].c_str(), make[0].c_str(), "generate", "dots", "--set", "EditHorzSpacing=.02", "-o",
                     page.c_str(), nullptr);
         });
@@ -140,7 +140,7 @@ TEST_F(CliFiles, KilledAtAnyMomentThePageIsTheOldOneOrTheNewOne)
 
 TEST_F(CliFiles, APageTakesItsPlaceOnceItIsOnTheDisk)
 {
-    const pid_t writer = Start(true, [&] {
+    const pid_t writer = StartProcess(true, [&] {
         Refuse(SYS_fsync, 0, EIO);
         BinaryStream stream = BinaryStream::Replacing(page);
         stream.Write("new");

@@ -7,7 +7,7 @@
 namespace linealis::test {
 namespace {
 
-using Json = nlohmann::ordered_json;
+using OrderedJson = nlohmann::ordered_json;
 
 /// What makes linealis-cli a tool of the shell.
 std::string Repeated(std::string_view text, int times)
@@ -213,12 +213,12 @@ TEST_F(CliShell, ShowsAndComparesSettingsFiles)
                                    "EditTopMargin\t2\tTop margin\n", "CheckVertLines\toff\tVertical Lines\n"}) {
         EXPECT_NE(shown.find(line), std::string::npos) << line << shown;
     }
-    EXPECT_EQ(Json::parse(Prints("$cli show --json b.setx"))["controls"]["EditTopMargin"]["value"], "2");
+    EXPECT_EQ(OrderedJson::parse(Prints("$cli show --json b.setx"))["controls"]["EditTopMargin"]["value"], "2");
     EXPECT_EQ(Prints("$cli diff a.setx grid"), "");
     const Finished differ = RunInShell(folder, "$cli diff a.setx b.setx");
     EXPECT_EQ(differ.status, 1);
     EXPECT_EQ(differ.output, "CheckVertLines\ton\toff\tVertical Lines\nEditTopMargin\t0.5\t2\tTop margin\n");
-    EXPECT_EQ(Json::parse(RunInShell(folder, "$cli diff --json a.setx b.setx").output)[1]["other"], "2");
+    EXPECT_EQ(OrderedJson::parse(RunInShell(folder, "$cli diff --json a.setx b.setx").output)[1]["other"], "2");
     const std::string commands =
         Prints("$cli save graph --set $'EditTitle=\\e[31m\\x7f' -o c.setg; $cli show c.setg; "
                "$cli form c.setg; $cli form graph --set $'EditTitle=\\xc2\\x80\\xc2\\x9f'");

@@ -39,7 +39,7 @@ std::string WithBars(std::string text)
 }
 
 /// What is said of a field that is set to the value, without the field's name.
-std::string Said(const std::string& kind, std::string_view field, const std::string& value)
+std::string SaidOnStandardError(const std::string& kind, std::string_view field, const std::string& value)
 {
     Names settings = Enabling(kind);
     if (field.ends_with("HydraulicExponent")) {
@@ -59,7 +59,7 @@ std::string Said(const std::string& kind, std::string_view field, const std::str
     return WithBars(said);
 }
 
-std::string Tables()
+std::string WarningTables()
 {
     std::string text;
     for (const std::string& kind : KindNames()) {
@@ -70,7 +70,7 @@ std::string Tables()
         for (const TextField* const field : NumberFields(paper.window->form)) {
             text += "| " + std::string(field->Alias()) + " |";
             for (const char* const value : {"abc", "", "0", "-1", "1e9", "5mm"}) {
-                text += " " + Said(kind, field->Name(), value) + " |";
+                text += " " + SaidOnStandardError(kind, field->Name(), value) + " |";
             }
             text += "\n";
         }
@@ -80,7 +80,7 @@ std::string Tables()
 
 TEST(EveryField, SaysWhatItsDocumentHas)
 {
-    ExpectTables(LINEALIS_DOCS_PATH "/field-warnings.md", Tables());
+    ExpectTables(LINEALIS_DOCS_PATH "/field-warnings.md", WarningTables());
 }
 
 /// A row a field of the command line's table, in which that field alone is no number.

@@ -149,7 +149,7 @@ struct Picture {
     }
 };
 
-std::size_t FourBytes(std::string_view bytes)
+std::size_t NumberOfFourBytes(std::string_view bytes)
 {
     std::size_t number = 0;
     for (const char byte : bytes.substr(0, 4)) {
@@ -161,10 +161,10 @@ std::size_t FourBytes(std::string_view bytes)
 /// Reads a PNG file of three or four bytes a pixel, whose rows are all written as differences to the row above.
 Picture ReadPng(const std::string& png, std::size_t bytesPerPixel)
 {
-    Picture picture{FourBytes(png.substr(16)), FourBytes(png.substr(20)), {}};
+    Picture picture{NumberOfFourBytes(png.substr(16)), NumberOfFourBytes(png.substr(20)), {}};
     std::string compressed;
-    for (std::size_t at = 8; at < png.size(); at += FourBytes(png.substr(at)) + 12) {
-        compressed += png.substr(at + 4, 4) == "IDAT" ? png.substr(at + 8, FourBytes(png.substr(at))) : "";
+    for (std::size_t at = 8; at < png.size(); at += NumberOfFourBytes(png.substr(at)) + 12) {
+        compressed += png.substr(at + 4, 4) == "IDAT" ? png.substr(at + 8, NumberOfFourBytes(png.substr(at))) : "";
     }
     const std::string rows = Inflate(compressed).text;
     const std::size_t length = picture.width * bytesPerPixel;
@@ -198,7 +198,7 @@ Picture ReadPgm(const std::string& pgm)
 }
 
 /// The page as WritePng paints it.
-Picture Painted(const DrawnPage& page, const PngOptions& options)
+Picture PaintedPicture(const DrawnPage& page, const PngOptions& options)
 {
     std::string png;
     BinaryStream stream = BinaryStream::IntoMemory(png);
@@ -235,7 +235,7 @@ protected:
         WriteFile(folder / "a.pdf", FileBytesOf(page, {}, turns));
         const std::string resolution = std::to_string(dotsPerInch);
         RunInShell(folder, "mutool draw -q -r " + resolution + " -c gray -o b.pgm a.pdf 2> /dev/null");
-        Picture made = Painted(page, {static_cast<double>(dotsPerInch)});
+        Picture made = PaintedPicture(page, {static_cast<double>(dotsPerInch)});
         const Picture shown = ReadPgm(ReadFile(folder / "b.pgm"));
         EXPECT_EQ(made.width, shown.width);
         EXPECT_EQ(made.height, shown.height);
@@ -311,7 +311,7 @@ TEST_F(Exchange, PngIsWhatAReaderShows)
         DrawnPage page = window->DrawPage();
         page.content.SetString(WithoutTexts(std::string(page.content.View())));
         const Picture made = ComparedWithReader(page, dotsPerInch, 0.25),
-                      clear = Painted(page, {dotsPerInch, true});
+                      clear = PaintedPicture(page, {dotsPerInch, true});
         EXPECT_EQ(InkMissing(clear, made) + InkMissing(made, clear), 0U);
     }
     Run("$cli generate grid --set paper-size=A6 --dpi 200 --transparent -o a.png");
@@ -554,7 +554,7 @@ TEST_F(Exchange, PicturesGiveTheirFormBack)
     }
     // A picture that is cut gives it back if all of it is there.
     const std::string png = ReadFile(folder / "page.png");
-    const std::size_t chunk = png.find("iTXt") - 4, end = chunk + FourBytes(png.substr(chunk)) + 12;
+    const std::size_t chunk = png.find("iTXt") - 4, end = chunk + NumberOfFourBytes(png.substr(chunk)) + 12;
     WriteFile(folder / "x.png", png.substr(0, end));
     Run("$cli form --form x.png");
     WriteFile(folder / "x.png", png.substr(0, end - 1));

@@ -11,16 +11,16 @@ namespace {
 
 class GoldenPages : public testing::TestWithParam<std::string> {};
 
-struct Case {
+struct GoldenCase {
     std::vector<cli::Action> actions;
     std::string markers, head;
     Names page;
 };
 
-Case ReadCase(const fs::path& path)
+GoldenCase ReadCase(const fs::path& path)
 {
     using enum cli::Action::Kind;
-    Case read;
+    GoldenCase read;
     for (const std::string& line : Lines(ReadFile(path), '\n')) {
         const std::string word = line.substr(0, line.find(' '));
         if (word == "markers") {
@@ -61,7 +61,7 @@ TEST_P(GoldenPages, AreAsTheyWere)
     ASSERT_TRUE(fs::is_directory(cases)) << "there is no golden page of this kind: make " << cases << "/NAME";
     for (const fs::directory_entry& entry : fs::directory_iterator(cases)) {
         SCOPED_TRACE(entry.path().filename());
-        const Case wanted = ReadCase(entry.path());
+        const GoldenCase wanted = ReadCase(entry.path());
         Paper paper(GetParam());
         paper.Do(wanted.actions);
         WriteFile(folder / "markers", wanted.markers);

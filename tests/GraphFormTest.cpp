@@ -9,15 +9,15 @@
 namespace linealis::test {
 namespace {
 
-using Fields = std::set<std::string>;
+using FieldNames = std::set<std::string>;
 
 class GraphForm : public testing::Test, protected Paper {
 protected:
     GraphForm() : Paper("graph") {}
 
-    Fields Disabled() const
+    FieldNames Disabled() const
     {
-        Fields names;
+        FieldNames names;
         for (const ControlState& state : form.Controls()) {
             if (!state.enabled && !state.name.starts_with("EditCustom") && state.name != "StaticBy") {
                 names.emplace(state.name);
@@ -51,16 +51,16 @@ protected:
 
 TEST_F(GraphForm, AxisTypesEnableTheirFields)
 {
-    const Fields exponents = {"EditXHydraulicExponent", "EditYHydraulicExponent"};
-    const auto with = [](Fields fields, const Fields& more) {
+    const FieldNames exponents = {"EditXHydraulicExponent", "EditYHydraulicExponent"};
+    const auto with = [](FieldNames fields, const FieldNames& more) {
         fields.insert(more.begin(), more.end());
         return fields;
     };
     EXPECT_EQ(Disabled(), exponents);
     EXPECT_TRUE(form["PopupXAxis"].items == 7 && form["PopupYAxis"].items == 8);
     Set({"PopupXAxis=Hydraulic"});
-    EXPECT_EQ(Disabled(), Fields{"EditYHydraulicExponent"});
-    const Fields logX = with(
+    EXPECT_EQ(Disabled(), FieldNames{"EditYHydraulicExponent"});
+    const FieldNames logX = with(
         exponents, {"EditXLineSpacing", "EditXMajor", "EditXAxisMinimum", "EditXAxisStep", "EditXAxisSpacing"});
     for (int decades = 1; decades <= 5; ++decades) {
         form.SetListIndex("PopupXAxis", decades);
@@ -72,7 +72,7 @@ TEST_F(GraphForm, AxisTypesEnableTheirFields)
     Set({"PopupYAxis=Probability"});
     EXPECT_EQ(Disabled(), exponents);
     Set({"PopupYAxis=Hydraulic"});
-    EXPECT_EQ(Disabled(), Fields{"EditXHydraulicExponent"});
+    EXPECT_EQ(Disabled(), FieldNames{"EditXHydraulicExponent"});
 
     Set({"PopupYAxis=Linear", "PopupXAxis=Log 3 Decades", "CheckBoxShowAxes=off"});
     EXPECT_EQ(Disabled(), with(logX, {"StaticText10", "StaticText11", "StaticText13", "StaticText14",

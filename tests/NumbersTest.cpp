@@ -20,7 +20,7 @@ namespace {
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
-std::string Printed(double value, int decimals)
+std::string PrintedDigits(double value, int decimals)
 {
     std::array<char, 512> text{};
     std::snprintf(text.data(), text.size(), "%.*f", decimals, value);
@@ -34,7 +34,7 @@ std::string StrByPrintf(double value)
     std::snprintf(scientific.data(), scientific.size(), "%.30e", value);
     const int exponent = std::atoi(std::strchr(scientific.data(), 'e') + 1);
     const int decimals = value == std::trunc(value) ? 0 : std::min(std::max(6 - exponent, 0), 12);
-    std::string text = Printed(value, decimals);
+    std::string text = PrintedDigits(value, decimals);
     if (decimals > 0) {
         text.erase(text.find_last_not_of('0') + 1);
         text.erase(text.find_last_not_of('.') + 1);
@@ -88,11 +88,11 @@ TEST(Numbers, StrAtItsEdges)
         {1.23456789e-5, "0.00001234568"}, {1.23456789e-8, "0.000000012346"}};
     // clang-format on
     for (const auto& [value, text] : cases) {
-        EXPECT_EQ(Str(value), text) << Printed(value, 20);
+        EXPECT_EQ(Str(value), text) << PrintedDigits(value, 20);
         EXPECT_EQ(mystring(value), text);
     }
-    EXPECT_EQ(Str(1e308), Printed(1e308, 0));
-    EXPECT_EQ(Str(-1.7976931348623157e308), Printed(-1.7976931348623157e308, 0));
+    EXPECT_EQ(Str(1e308), PrintedDigits(1e308, 0));
+    EXPECT_EQ(Str(-1.7976931348623157e308), PrintedDigits(-1.7976931348623157e308, 0));
 }
 
 TEST(Numbers, StrRoundsLikePrintf)
@@ -101,7 +101,7 @@ TEST(Numbers, StrRoundsLikePrintf)
     std::uniform_real_distribution<double> mantissa(1.0, 10.0);
     std::uniform_int_distribution<int> exponent(-14, 17), decimals(0, 13);
     std::uniform_int_distribution<std::int64_t> sevenDigits(0, 9999999);
-    const auto check = [](double value) { ASSERT_EQ(Str(value), StrByPrintf(value)) << Printed(value, 30); };
+    const auto check = [](double value) { ASSERT_EQ(Str(value), StrByPrintf(value)) << PrintedDigits(value, 30); };
     for (int i = 0; i < 50000; ++i) {
         check(mantissa(random) * std::pow(10.0, exponent(random)));
         check(-mantissa(random) * std::pow(10.0, exponent(random)));
@@ -143,7 +143,7 @@ TEST(Numbers, PatternsPadRoundAndKeepTheSign)
     for (const Case& c : cases) {
         EXPECT_EQ(myformatstring(c.value, c.pattern), c.text) << c.value << " by " << c.pattern;
     }
-    EXPECT_EQ(myformatstring(1e308, "0.00"), Printed(1e308, 2));
+    EXPECT_EQ(myformatstring(1e308, "0.00"), PrintedDigits(1e308, 2));
 }
 
 TEST(Numbers, TruncatedSaturates)

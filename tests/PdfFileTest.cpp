@@ -95,7 +95,7 @@ std::string WholeFile(std::string_view streamData, const std::string& width, con
     return file + "trailer\r<</Size 23\r/Root 9 0 R\r/Info 6 0 R\r>>\rstartxref\r" + table + "\r%%EOF\r";
 }
 
-std::string FourBytes(std::uint32_t value)
+std::string InFourBytes(std::uint32_t value)
 {
     return {static_cast<char>(value), static_cast<char>(value >> 8U), static_cast<char>(value >> 16U),
             static_cast<char>(value >> 24U)};
@@ -118,8 +118,8 @@ void ExpectStreamData(std::string_view data, const std::string& content)
     const Inflated inflated = Inflate(data);
     EXPECT_TRUE(inflated.text == content);
     EXPECT_EQ(data.substr(0, 2), "\x78\xDA") << "a zlib stream at the highest level";
-    EXPECT_EQ(data.substr(inflated.used),
-              FourBytes(ChecksumFromZero(content)) + FourBytes(static_cast<std::uint32_t>(content.size())) + "\r");
+    EXPECT_EQ(data.substr(inflated.used), InFourBytes(ChecksumFromZero(content)) +
+                                              InFourBytes(static_cast<std::uint32_t>(content.size())) + "\r");
 }
 
 TEST_F(PdfFile, HasItsLayoutToTheByte)

@@ -12,7 +12,7 @@ std::string Remark(std::string_view kind, std::string_view field, const std::str
     return paper.form.Remark(field);
 }
 
-struct Case {
+struct RemarkCase {
     std::string_view kind;
     std::string_view field;
     std::string text;
@@ -20,9 +20,9 @@ struct Case {
     Names assignments = {};
 };
 
-void Expect(const std::vector<Case>& cases)
+void Expect(const std::vector<RemarkCase>& cases)
 {
-    for (const Case& each : cases) {
+    for (const RemarkCase& each : cases) {
         const std::string remark = Remark(each.kind, each.field, each.text, each.assignments);
         const bool right =
             each.inTheRemark.empty() ? remark.empty() : remark.find(each.inTheRemark) != std::string::npos;

@@ -19,7 +19,7 @@ std::string NotStored(const linealis::Paper& paper)
 }
 
 /// A table for each kind, as its form has it.
-std::string Tables()
+std::string AliasTables()
 {
     std::string text;
     const ScreenlessPlatform platform;
@@ -41,7 +41,7 @@ std::string Tables()
 
 TEST(SettingsDocument, HasTheFieldsOfEveryKind)
 {
-    ExpectTables(LINEALIS_DOCS_PATH "/settings-files.md", Tables());
+    ExpectTables(LINEALIS_DOCS_PATH "/settings-files.md", AliasTables());
 }
 
 }  // namespace

@@ -16,8 +16,8 @@ std::string Alias(std::string_view path)
 }
 
 /// A grid file as far as its alias, and from there on.
-const std::string start = P("1.3.0") + P("1") + P("7") + P("0") + P("0") + P("1") + P("10") + P("90") + P("110") +
-                          P("1.5") + P("2.5") + P("1") + P("2") + P("3") + P("4") + P("0");
+const std::string startOfFile = P("1.3.0") + P("1") + P("7") + P("0") + P("0") + P("1") + P("10") + P("90") +
+                                P("110") + P("1.5") + P("2.5") + P("1") + P("2") + P("3") + P("4") + P("0");
 const std::string rest =
     P("10") + P("20") + P("30") + P("0") + P("1") + P("0.7") + P("0.9") + P("5") + P("55") + P("155");
 
@@ -41,7 +41,7 @@ protected:
 TEST_F(SettingsFile, IndicesAndChannelsOutOfRangeAreLimited)
 {
     const auto load = [&](const std::string& index, const std::string& channel) {
-        Load(P("9.9") + P(index) + P(index) + P("x") + P("") + P(index) + start.substr(16) + Alias("") +
+        Load(P("9.9") + P(index) + P(index) + P("x") + P("") + P(index) + startOfFile.substr(16) + Alias("") +
              P(channel) + rest.substr(3, 6) + rest.substr(9, 4 + 8) + P(channel) + P("55") + P("155"));
         return std::vector{form.ListIndex("PopupOrientation"), form.ListIndex("PopupPaperSize"),
                            form.ListIndex("PopupUnits"), int{form.ColorOf("LinesColorCanvas").red},
@@ -64,7 +64,7 @@ TEST_F(SettingsFile, AliasResolvesOnlyToAPdf)
     const std::string pdf = ReadFile(own);
     const auto resolved = [&](const std::string& alias) {
         window = Open();
-        Load(start + alias + rest);
+        Load(startOfFile + alias + rest);
         EXPECT_EQ(window->form.StaticFileName.Caption(), window->OutputFile().Name());
         return window->OutputFile().Path().string();
     };
@@ -91,7 +91,7 @@ TEST_F(SettingsFile, AliasResolvesOnlyToAPdf)
     EXPECT_EQ(ReadFile(own), pdf);
 
     window = Open();
-    Load(start + Alias((folder / "missing.pdf").string()) + rest);
+    Load(startOfFile + Alias((folder / "missing.pdf").string()) + rest);
     platform.saveQuestions.clear();
     Generate();
     EXPECT_EQ(platform.saveQuestions.size(), 1U) << "asks, since the file is gone";
@@ -101,7 +101,7 @@ TEST_F(SettingsFile, AForeignPdfIsReplacedOnlyIfTheUserSaysSo)
 {
     const std::string foreign = "%PDF-1.7\nof another program";
     WriteFile(page.Path(), foreign);
-    Load(start + Alias(page.Path().string()) + rest);
+    Load(startOfFile + Alias(page.Path().string()) + rest);
     form.SetValue("CheckBoxViewGraph", true);
     window->PushButtonGenerate_Action();
     EXPECT_EQ(ReadFile(page.Path()), foreign);

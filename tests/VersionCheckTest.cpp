@@ -4,7 +4,7 @@
 namespace linealis::test {
 namespace {
 
-const std::string server = "http://server.invalid";
+const std::string testServer = "http://server.invalid";
 
 struct Running {
     ProgramVersion version{1, 3, 0};
@@ -17,9 +17,9 @@ std::string Request(const Running& running, int program = 1230)
 {
     ScreenlessPlatform platform;
     platform.systemVersion = running.system;
-    VersionCheckThread check(platform, running.version, server, running.skipped, {});
+    VersionCheckThread check(platform, running.version, testServer, running.skipped, {});
     const std::string address = check.connection(program, "");
-    const std::string start = server + "/version/versionb.html?p=";
+    const std::string start = testServer + "/version/versionb.html?p=";
     EXPECT_TRUE(address.starts_with(start)) << address;
     std::string fields = address.substr(start.size());
     EXPECT_EQ(fields.size(), 17U) << fields;
@@ -81,7 +81,7 @@ protected:
     ScreenlessPlatform platform;
     std::vector<std::int64_t> skipped;
     VersionCheckThread check{
-        platform, {1, 3, 0}, server, 0, [this](std::int64_t version) { skipped.push_back(version); }};
+        platform, {1, 3, 0}, testServer, 0, [this](std::int64_t version) { skipped.push_back(version); }};
 };
 
 TEST_F(VersionReply, LatestAndNothingStaySilentAndAnyOtherWordIsAVersion)
@@ -107,7 +107,7 @@ TEST_F(VersionReply, ANewerVersionIsOffered)
     EXPECT_EQ(dialog.alternateActionButton.English(), "Skip This Version");
     EXPECT_TRUE(platform.shownUrls.empty() && skipped.empty()) << "Not Now";
     Reply("1.4.0", MessageDialog::Button::Action);
-    EXPECT_EQ(platform.shownUrls, Names{server + "/software/linealis.html"});
+    EXPECT_EQ(platform.shownUrls, Names{testServer + "/software/linealis.html"});
     EXPECT_TRUE(skipped.empty());
     Reply("1.4.0", MessageDialog::Button::Alternate);
     EXPECT_EQ(platform.shownUrls.size(), 1U);
