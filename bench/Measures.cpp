@@ -2,6 +2,8 @@
 
 #include "Deflate.h"
 #include "Processes.h"
+#include "kinds/Presets.h"
+#include "pdf/StreamCompression.h"
 #include "text/Numbers.h"
 
 #include <unistd.h>
@@ -37,23 +39,17 @@ void OnOpenPage(benchmark::State& state, const Page& page, void (OpenPage::*work
 
 void Zlib(benchmark::State& state, const Page& page, bool tuned)
 {
+    constexpr int level = 9;
     OpenPage open(page);
-    ForgetLastTuning();
     open.Generate();
-    const std::optional<Tuning> tuning = tuned ? LastTuning() : std::nullopt;
+    Turns turns([] {});
     std::size_t size = 0;
     for ([[maybe_unused]] auto _ : state) {
-        size = Deflate(open.Stream(), tuning);
+        size = tuned ? Deflated(open.Stream(), turns).View().size() : Deflate(open.Stream(), level);
         benchmark::DoNotOptimize(size);
     }
     state.counters["stream"] = static_cast<double>(open.Stream().size());
     state.counters["size"] = static_cast<double>(size);
-    if (tuning) {
-        state.counters["good"] = tuning->goodLength;
-        state.counters["lazy"] = tuning->maxLazy;
-        state.counters["nice"] = tuning->niceLength;
-        state.counters["chain"] = tuning->maxChain;
-    }
 }
 
 /// Reports the run with the least processor time of several runs of a program.
@@ -89,6 +85,43 @@ void OtherWriter(benchmark::State& state, const Page& page, const std::string& p
         WriteStrokes(open.Stream(), open.Width(), open.Height(), strokes);
     }
     ProcessTime(state, {Program(program).string(), strokes.string(), output.string()}, output, 1);
+}
+
+/// Measures linealis-cli on a preset, and reports the size of its stream beside that of zlib's best level.
+void PresetPage(benchmark::State& state, const Preset& preset)
+{
+    const fs::path output = ScratchFolder() / "preset.pdf";
+    constexpr int runs = 40;
+    ProcessTime(state,
+                {Program("linealis-cli").string(), "generate", std::string(preset.id), "-o", output.string()},
+                output, runs);
+    ScreenlessPlatform platform;
+    const DrawnPage page = MakeWindow(preset, platform)->DrawPage();
+    const std::string_view content = page.content;
+    std::size_t best = content.size();
+    for (int level = 1; level <= 9; ++level) {
+        best = std::min(best, Deflate(content, level));
+    }
+    Turns turns([] {});
+    state.counters["size"] = static_cast<double>(Deflated(content, turns).View().size());
+    state.counters["best"] = static_cast<double>(best);
+}
+
+/// Measures a table of a thousand pages, on one core.
+void PagesOfATable(benchmark::State& state)
+{
+    const fs::path table = ScratchFolder() / "pages.csv", folder = ScratchFolder() / "pages";
+    std::ofstream rows(table);
+    rows << "file,EditTopMargin\n";
+    for (int i = 0; i < pagesOfTheTable; ++i) {
+        rows << i << ".pdf,0." << i << "\n";
+    }
+    rows.close();
+    fs::create_directory(folder);
+    ProcessTime(state,
+                {Program("linealis-cli").string(), "generate", "squares-5mm", "--table", table.string(),
+                 "--output-dir", folder.string(), "-j", "1"},
+                {}, 3);
 }
 
 /// Returns coordinates of all pages, at most mostOfAPage per page.
@@ -261,6 +294,16 @@ void RegisterGrowth()
     }
 }
 
+void RegisterPresets()
+{
+    for (const Preset& preset : Presets()) {
+        RegisterProcess(
+            presetProcess + std::string(preset.id),
+            [&preset](benchmark::State& state) { PresetPage(state, preset); }, 1);
+    }
+    RegisterProcess(tableProcess, PagesOfATable, 1);
+}
+
 void RegisterSmallThings()
 {
     benchmark::RegisterBenchmark(
@@ -365,6 +408,7 @@ void RegisterMeasures()
     for (const Page& page : HeavyPages()) {
         RegisterPage(page, true);
     }
+    RegisterPresets();
     RegisterOthers();
     RegisterGrowth();
     RegisterSmallThings();

@@ -1,5 +1,7 @@
 #include "Table.h"
 
+#include "kinds/Presets.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -70,7 +72,6 @@ struct PageFigures {
     double untunedSize;
     double tunedSize;
     double memory;
-    std::string search;  ///< empty: untuned
 };
 
 std::optional<PageFigures> FiguresOf(const Page& page, const Results& results)
@@ -85,12 +86,6 @@ std::optional<PageFigures> FiguresOf(const Page& page, const Results& results)
             return std::nullopt;
         }
     }
-    std::string search;
-    if (results.Counter(tuned, "chain") > 0.0) {
-        for (const char* const number : {"good", "lazy", "nice", "chain"}) {
-            search += (search.empty() ? "" : " ") + Fixed(results.Counter(tuned, number), 0);
-        }
-    }
     return PageFigures{page,
                        results.Seconds(whole),
                        results.Seconds(draw),
@@ -101,8 +96,7 @@ std::optional<PageFigures> FiguresOf(const Page& page, const Results& results)
                        results.Counter(tuned, "stream"),
                        results.Counter(untuned, "size"),
                        results.Counter(tuned, "size"),
-                       results.peakMemory.at(page.name),
-                       search};
+                       results.peakMemory.at(page.name)};
 }
 
 std::vector<PageFigures> FiguresOf(const std::vector<Page>& pages, const Results& results)
@@ -138,18 +132,63 @@ std::string TimesTable(const std::vector<PageFigures>& pages)
 std::string SizesTable(const std::vector<PageFigures>& pages)
 {
     std::string text = "## Pages: sizes\n\n"
-                       "*Search*: the zlib tuning (good, lazy, nice, chain). *Peak memory* is that of the "
-                       "linealis-cli process;\nits limit is 1.25 times the content stream plus 12 MiB.\n\n" +
+                       "*Peak memory* is that of the linealis-cli process; its limit is 1.25 times the content "
+                       "stream plus 12 MiB.\n\n" +
                        Head({"page", "content stream, KiB", "zlib untuned, KiB", "zlib tuned, KiB",
-                             "tuned / untuned", "search", "peak memory, MiB", "memory / stream", "memory / limit"});
+                             "tuned / untuned", "peak memory, MiB", "memory / stream", "memory / limit"});
     for (const PageFigures& page : pages) {
         text += Row({page.page.name, Fixed(page.stream / kibibyte, 1), Fixed(page.untunedSize / kibibyte, 1),
                      Fixed(page.tunedSize / kibibyte, 1), Fixed(page.tunedSize / page.untunedSize, 4),
-                     page.search.empty() ? "untuned" : page.search, Fixed(page.memory / mebibyte, 1),
-                     Digits(page.memory / page.stream),
+                     Fixed(page.memory / mebibyte, 1), Digits(page.memory / page.stream),
                      Fixed(page.memory / (memoryPerStream * page.stream + memoryBesides), 2)});
     }
     return text + "\n";
+}
+
+/// The figures of one preset.
+struct PresetFigures {
+    std::string id;
+    double time;  ///< processor seconds of linealis-cli, without those of /bin/true
+    double size;  ///< of the content stream
+    double best;  ///< its size at zlib's best level
+};
+
+std::vector<PresetFigures> FiguresOfPresets(const Results& results)
+{
+    std::vector<PresetFigures> all;
+    for (const Preset& preset : Presets()) {
+        const std::string name = presetProcess + std::string(preset.id);
+        if (results.Has(name) && results.Has(trueProcess)) {
+            all.push_back({std::string(preset.id), results.Seconds(name) - results.Seconds(trueProcess),
+                           results.Counter(name, "size"), results.Counter(name, "best")});
+        }
+    }
+    return all;
+}
+
+std::string PresetsTable(const std::vector<PresetFigures>& presets)
+{
+    if (presets.empty()) {
+        return "";
+    }
+    std::string text = "## Presets\n\n*Process*: processor time of linealis-cli, less that of /bin/true.\n\n" +
+                       Head({"preset", "process, ms", "stream, bytes", "zlib's best level, bytes", "ratio"});
+    for (const PresetFigures& preset : presets) {
+        text += Row({preset.id, Digits(preset.time / milli), Fixed(preset.size, 0), Fixed(preset.best, 0),
+                     Fixed(preset.size / preset.best, 3)});
+    }
+    return text + "\n";
+}
+
+/// Returns the largest value of the presets, or nothing if they were not measured.
+template <typename Value>
+std::optional<double> LargestOfPresets(const std::vector<PresetFigures>& presets, Value value)
+{
+    std::optional<double> largest;
+    for (const PresetFigures& preset : presets) {
+        largest = std::max(largest.value_or(value(preset)), value(preset));
+    }
+    return largest;
 }
 
 std::string NameOf(const Writer& writer, const Page& page)
@@ -426,6 +465,14 @@ std::string TargetsTable(const Results& results)
     targets.AtMost("drag of a margin to live page, worst case: at most 100 ms", 100.0, latency("drag_worst"));
     targets.AtMost("wait of a key press during a page of a million dots: at most 30 ms", 30.0, latency("wait"));
     targets.AtMost("stream on every page: at most 1 of untuned", 1.0, Largest(all, size, every), 4);
+    const std::vector<PresetFigures> presets = FiguresOfPresets(results);
+    targets.AtMost("stream of every preset: at most 1 of zlib's best level", 1.0,
+                   LargestOfPresets(presets, [](const PresetFigures& preset) { return preset.size / preset.best; }),
+                   4);
+    targets.AtMost("linealis-cli on every preset: at most 3 ms over /bin/true", 3.0,
+                   LargestOfPresets(presets, [](const PresetFigures& preset) { return preset.time / milli; }), 2);
+    targets.AtMost("1,000 pages of a table on one core: at most 1.5 s", 1.5,
+                   results.Has(tableProcess) ? std::optional(results.Seconds(tableProcess)) : std::nullopt, 2);
     targets.AtMost("streams of the heavy pages together: at most 0.9 of untuned", 0.9, HeavySizeRatio(heavy));
     targets.AtMost("tuned zlib on the heavy dots pages: at most 0.1 of untuned", 0.1, Largest(heavy, time, dots));
     targets.AtMost("tuned zlib on the other heavy pages: at most 0.25 of untuned", 0.25,
@@ -463,7 +510,8 @@ std::string MakeTable(const Results& results)
     if (!pages.empty()) {
         text += TimesTable(pages) + SizesTable(pages);
     }
-    return text + OthersTable(results) + GrowthTable(results) + SmallThingsTable(results) + TargetsTable(results);
+    return text + PresetsTable(FiguresOfPresets(results)) + OthersTable(results) + GrowthTable(results) +
+           SmallThingsTable(results) + TargetsTable(results);
 }
 
 }  // namespace linealis::bench

@@ -2,6 +2,9 @@
 
 #include "PageSupport.h"
 #include "app/OwnPresets.h"
+#include "pdf/StreamCompression.h"
+
+#include <zlib.h>
 
 #include <array>
 #include <cctype>
@@ -52,6 +55,23 @@ TEST_P(EveryPreset, TakesEffectAndLeavesTheOutputFile)
     EXPECT_TRUE(paper.platform.messages.empty());
     for (const std::string& text : TextsOf(page.texts)) {
         EXPECT_TRUE(text.find("ample") == std::string::npos && text.find("xis") == std::string::npos) << text;
+    }
+}
+
+TEST_P(EveryPreset, CompressesAsWellAsTheBestLevelOfZlib)
+{
+    Paper paper(GetParam().kind, {});
+    LayOver(GetParam(), *paper.window, paper.platform);
+    const std::string content = paper.Content();
+    Turns turns([] {});
+    const std::size_t size = Deflated(content, turns).View().size();
+    for (int level = 1; level <= 9; ++level) {
+        std::vector<Bytef> room(compressBound(content.size()));
+        uLongf length = room.size();
+        ASSERT_EQ(
+            compress2(room.data(), &length, reinterpret_cast<const Bytef*>(content.data()), content.size(), level),
+            Z_OK);
+        EXPECT_LE(size, length) << "level " << level;
     }
 }
 

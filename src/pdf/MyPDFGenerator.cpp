@@ -1,6 +1,7 @@
 #include "pdf/MyPDFGenerator.h"
 
 #include "pdf/StandardFonts.h"
+#include "pdf/StreamCompression.h"
 #include "text/Numbers.h"
 
 #include <zlib.h>
@@ -16,12 +17,9 @@ namespace {
 constexpr std::int64_t initialCapacity = 20000;
 constexpr std::int64_t capacityIncrement = 10000;
 
-constexpr std::size_t compressorOutputSize = 20000;
-constexpr std::size_t compressorPieceSize = 50000;
-constexpr int compressionLevel = 9;
 constexpr std::size_t writtenPieceSize = std::size_t{1} << 20U;
 
-/// The work of compressing or writing one piece, counted in drawn lines, so that the user interface gets a turn
+/// The work of writing one piece, counted in drawn lines, so that the user interface gets a turn
 /// after each piece.
 constexpr int linesWorthOfAPiece = Turns::linesPerYield;
 
@@ -33,73 +31,6 @@ std::span<const StandardFont, 13> FurtherFonts()
 {
     return StandardFonts().last<13>();
 }
-
-/// How hard deflate searches for repetitions (the parameters of zlib's deflateTune), for inputs from a given size
-/// up.
-struct Search {
-    std::size_t smallestInput;
-    int goodLength;
-    int maxLazy;
-    int niceLength;
-    int maxChain;
-};
-
-/// Level 9 searches chains of thousands of positions, which gains nothing on line art: its repetitions are short
-/// and close together. The values come from measuring the benchmark pages: no stream is larger than untuned, and
-/// the streams of the heavy pages together are a tenth smaller, in a fifteenth of the time. The parameters for
-/// large streams would make small ones grow.
-constexpr std::size_t kibibyte = 1024;
-constexpr std::array<Search, 4> searches = {{
-    {0, 8, 258, 258, 512},
-    {16 * kibibyte, 8, 258, 258, 1024},
-    {128 * kibibyte, 5, 6, 32, 16},
-    {1024 * kibibyte, 5, 10, 32, 16},
-}};
-
-/// Runs zlib's deflate on one piece after another and collects the output.
-class Compressor {
-public:
-    explicit Compressor(std::size_t inputSize)
-    {
-        ready = deflateInit(&stream, compressionLevel) == Z_OK;
-        for (const Search& search : searches) {
-            if (ready && inputSize >= search.smallestInput) {
-                deflateTune(&stream, search.goodLength, search.maxLazy, search.niceLength, search.maxChain);
-            }
-        }
-    }
-    ~Compressor() { deflateEnd(&stream); }
-    Compressor(const Compressor&) = delete;
-    Compressor& operator=(const Compressor&) = delete;
-
-    void Feed(std::string_view piece) { Run(piece, Z_NO_FLUSH); }
-
-    CapacityString Finish()
-    {
-        Run({}, Z_FINISH);
-        return std::move(result);
-    }
-
-private:
-    void Run(std::string_view input, int flush)
-    {
-        if (!ready) {
-            throw std::bad_alloc();  // deflateInit fails only if memory runs out
-        }
-        stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(input.data()));
-        stream.avail_in = static_cast<uInt>(input.size());
-        do {
-            stream.next_out = reinterpret_cast<Bytef*>(result.Room(compressorOutputSize));
-            stream.avail_out = static_cast<uInt>(compressorOutputSize);
-            deflate(&stream, flush);
-            result.TakeIn(reinterpret_cast<const char*>(stream.next_out));
-        } while (stream.avail_out == 0);
-    }
-
-    z_stream stream{};
-    bool ready = false;
-    CapacityString result{compressorOutputSize, capacityIncrement};
-};
 
 std::string TwoDigits(int value)
 {
@@ -203,15 +134,9 @@ void MyPDFGenerator::WriteDocument(std::string_view streamData, const LocalTime&
 
 CapacityString MyPDFGenerator::CompressedStream(std::string_view text)
 {
-    Compressor compressor(text.size());
     uLong checksum = 0;  // not 1, as in zlib: it follows the zlib stream, where no reader looks
-    for (std::size_t start = 0; start < text.size(); start += compressorPieceSize) {
-        const std::string_view piece = text.substr(start, compressorPieceSize);
-        checksum = adler32(checksum, reinterpret_cast<const Bytef*>(piece.data()), static_cast<uInt>(piece.size()));
-        compressor.Feed(piece);
-        turns.RuntimeBackgroundTask(linesWorthOfAPiece);
-    }
-    CapacityString data = compressor.Finish();
+    checksum = adler32_z(checksum, reinterpret_cast<const Bytef*>(text.data()), text.size());
+    CapacityString data = Deflated(text, turns);
     data.AppendString(AddFourBytes(checksum));
     data.AppendString(AddFourBytes(text.size()));
     data.AppendString("\r");
