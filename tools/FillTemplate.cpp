@@ -4,7 +4,6 @@
 
 #include "cli/CommandLine.h"
 #include "kinds/PaperKinds.h"
-#include "kinds/Presets.h"
 #include "platform/Version.h"
 
 #include <algorithm>
@@ -47,6 +46,12 @@ std::string PaperName(const PaperKind& kind)
         name.erase(paper);
     }
     return name + " paper";
+}
+
+/// The address of the vendor's web site: that of the server for the version check, but encrypted.
+std::string Site()
+{
+    return "https" + std::string(makersServer).substr(std::string_view("http").size());
 }
 
 std::string MediaType(const PaperKind& kind)
@@ -181,9 +186,7 @@ std::map<std::string, std::string, std::less<>> Values()
         {"APPLICATION_ID", applicationId},
         {"VERSION", versionText},
         {"DATE", releaseDate},
-        {"SERVER", makersServer},
-        {"NUMBER_OF_KINDS", std::to_string(PaperKinds().size())},
-        {"NUMBER_OF_PRESETS", std::to_string(Presets().size())},
+        {"SITE", Site()},
         {"KEYWORDS", Keywords()},
         {"MEDIA_TYPES", list("", ";", MediaType)},
         {"PROVIDED_MEDIA_TYPES", list("    <mediatype>", "</mediatype>\n", MediaType)},
