@@ -2,6 +2,7 @@
 // see them. The size of the screen and QT_SCALE_FACTOR hold as for the program itself.
 
 #include "desktop/system/Text.h"
+#include "desktop/system/WindowLanguage.h"
 #include "desktop/system/WindowSettings.h"
 #include "desktop/window/Desktop.h"
 
@@ -14,12 +15,14 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPalette>
 #include <QStandardPaths>
 #include <QStyle>
 #include <QTextStream>
 #include <QTimer>
 #include <QToolButton>
+#include <QTranslator>
 #include <functional>
 #include <utility>
 
@@ -75,21 +78,32 @@ Widget& Named(QWidget& window, const char* name)
     return *found;
 }
 
-/// Opens the dialog that `open` waits for, fills it in, saves its picture and closes it.
+/// Opens a dialog, also one that comes later, fills it in, saves its picture and closes it.
 void TakeDialog(Camera& camera, const QString& name, const std::function<void()>& open,
                 const std::function<void(QDialog& dialog)>& fillIn = {})
 {
-    constexpr int untilOpen = 200, untilPictures = 1500;  // milliseconds
-    QTimer::singleShot(untilOpen, [&] {
-        auto& dialog = dynamic_cast<QDialog&>(*QApplication::activeModalWidget());
+    constexpr int betweenLooks = 200, untilPictures = 1500;  // milliseconds
+    bool isTaken = false;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+        auto* const dialog = dynamic_cast<QDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr) {
+            return;
+        }
+        timer.stop();
         if (fillIn) {
-            fillIn(dialog);
+            fillIn(*dialog);
         }
         Settle(untilPictures);
-        camera.Take(dialog, name);
-        dialog.reject();
+        camera.Take(*dialog, name);
+        dialog->reject();
+        isTaken = true;
     });
+    timer.start(betweenLooks);
     open();
+    while (!isTaken) {
+        Settle(betweenLooks);
+    }
 }
 
 void TakeDialogsOfGraph(Camera& camera, QWidget& window)
@@ -110,11 +124,43 @@ void TakeDialogsOfGraph(Camera& camera, QWidget& window)
         Named<QComboBox>(dialog, "PadUp").setCurrentIndex(1);
         Named<QCheckBox>(dialog, "PadNumbers").setChecked(true);
         auto& backs = Named<QComboBox>(dialog, "PadBack");
-        backs.setCurrentIndex(backs.findText(QStringLiteral("Lined Paper")));
+        backs.setCurrentIndex(backs.findData(QStringLiteral("lined")));
     });
     TakeDialog(camera, QStringLiteral("picker"), [&] { Named<QToolButton>(window, "ToolPresets").click(); });
     TakeDialog(camera, QStringLiteral("preferences"), choosing("EditPreferences"));
+    TakeDialog(camera, QStringLiteral("print"), choosing("FilePrint"));
 }
+
+/// Fills in the form with every sort of remark, and opens the list of things to check.
+void TakeRemarks(Camera& camera, QWidget& shown, PaperWindow& window)
+{
+    window.form.Get<TextField>("EditHorzSpacing").SetText("abc");
+    window.form.Get<TextField>("EditBlankTop").SetText("2.9");
+    window.form.Get<TextField>("EditBlankLeft").SetText("-1");
+    camera.Take(shown, QStringLiteral("remarks"));
+    QMenu& checks = *Named<QToolButton>(shown, "CheckButton").menu();
+    checks.popup(shown.mapToGlobal(QPoint()));
+    camera.Take(checks, QStringLiteral("checks"));
+    checks.close();
+}
+
+/// A language that reads from right to left: it puts brackets around every text and replaces its letters by Arabic
+/// ones.
+class Mirrored final : public QTranslator {
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char* /*context*/, const char* english, const char* /*comment*/,
+                      int /*count*/) const override
+    {
+        static const QString letters = QStringLiteral("ابثدهفغحيجكلمنوپقرستعڤصخىز");  // for a to z
+        QString text = QString::fromUtf8(english);
+        for (QChar& c : text) {
+            const int place = c.toLower().unicode() - 'a';
+            c = place >= 0 && place < letters.size() ? letters.at(place) : c;
+        }
+        return QLatin1Char('[') + text + QLatin1Char(']');
+    }
+};
 
 void UseDarkPalette()
 {
@@ -138,9 +184,12 @@ int main(int argc, char** argv)
     QCommandLineParser parser;
     const QCommandLineOption font(QStringLiteral("font"), {}, QStringLiteral("points"));
     const QCommandLineOption dark(QStringLiteral("dark"));
-    parser.addOptions({font, dark});
+    const QCommandLineOption language(QStringLiteral("language"), {}, QStringLiteral("code"), QStringLiteral("en"));
+    const QCommandLineOption mirrored(QStringLiteral("mirrored"));
+    parser.addOptions({font, dark, language, mirrored});
     if (!parser.parse(QApplication::arguments()) || parser.positionalArguments().size() != 1) {
-        QTextStream(stderr) << "usage: linealis_screenshots [--font POINTS] [--dark] FOLDER\n";
+        QTextStream(stderr)
+            << "usage: linealis_screenshots [--font POINTS] [--dark] [--language CODE] [--mirrored] FOLDER\n";
         return 2;
     }
     if (parser.isSet(dark)) {
@@ -152,6 +201,13 @@ int main(int argc, char** argv)
         QApplication::setFont(chosen);
     }
     WindowSettings().clear();  // of an earlier run
+    ChooseLanguage(parser.value(language));
+    InstallLanguage();
+    Mirrored rightToLeft;
+    if (parser.isSet(mirrored)) {
+        QCoreApplication::installTranslator(&rightToLeft);
+        QApplication::setLayoutDirection(Qt::RightToLeft);
+    }
     Camera camera(parser.positionalArguments().constFirst());
     Desktop desktop;
     desktop.Open();
@@ -163,11 +219,8 @@ int main(int argc, char** argv)
         if (kind.name == "graph") {
             TakeDialogsOfGraph(camera, shown);
         }
-        if (kind.name == "lined") {  // with every sort of remark
-            window.form.Get<TextField>("EditHorzSpacing").SetText("abc");
-            window.form.Get<TextField>("EditBlankTop").SetText("2.9");
-            window.form.Get<TextField>("EditBlankLeft").SetText("-1");
-            camera.Take(shown, QStringLiteral("remarks"));
+        if (kind.name == "lined") {
+            TakeRemarks(camera, shown, window);
         }
     }
     return 0;

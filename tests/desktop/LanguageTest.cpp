@@ -1,8 +1,11 @@
 #include "DesktopTestSupport.h"
+#include "desktop/dialogs/PrintPage.h"
 #include "desktop/system/WindowLanguage.h"
 #include "desktop/window/PaperSearch.h"
 
+#include <QAccessible>
 #include <QListWidget>
+#include <QPrinter>
 #include <QTranslator>
 #include <set>
 
@@ -49,12 +52,32 @@ bool HasWords(QString text)
     return text.remove(noWords).contains(word);
 }
 
+/// Returns what a screen reader says about an element and the elements in it.
+QStringList SpokenTexts(QAccessibleInterface& element)
+{
+    QStringList texts;
+    for (const QAccessible::Text text : {QAccessible::Name, QAccessible::Description, QAccessible::Help}) {
+        texts << element.text(text);
+    }
+    for (int i = 0; i < element.childCount(); ++i) {
+        QAccessibleInterface* const child = element.child(i);
+        const bool isSpoken = child != nullptr && child->role() != QAccessible::Separator;
+        if (isSpoken &&
+            (child->object() == nullptr || child->object()->objectName() != QLatin1String("Language"))) {
+            texts << SpokenTexts(*child);
+        }
+    }
+    return texts;
+}
+
 /// Returns everything that a window says, except what the user has entered.
-QStringList TextsOf(const QWidget& window)
+QStringList TextsOf(QWidget& window)
 {
     QStringList texts = {window.windowTitle()};
+    texts << SpokenTexts(*QAccessible::queryAccessibleInterface(&window));
+    texts.removeAll(QStringLiteral("separator"));  // marks a line in a list; Qt finds the line by this word
     for (const QWidget* const widget : window.findChildren<QWidget*>()) {
-        texts << widget->toolTip() << widget->accessibleName() << widget->accessibleDescription();
+        texts << widget->toolTip();
         if (widget->objectName() == QLatin1String("Language")) {
             continue;  // each in its own language
         }
@@ -79,7 +102,7 @@ TEST_F(Languages, NoTextIsLeftInEnglish)
     End();
     Start();
     std::set<QString> left;
-    const auto look = [&](const QWidget& window) {
+    const auto look = [&](QWidget& window) {
         for (const QString& text : TextsOf(window)) {
             if (HasWords(text) && !text.contains(QLatin1Char('['))) {
                 left.insert(text);
@@ -101,6 +124,8 @@ TEST_F(Languages, NoTextIsLeftInEnglish)
                 });
                 ChooseItem(window, item);
             }
+            Press(window, Qt::Key_F9, Qt::ShiftModifier);
+            look(Window("PageWindow"));
         }
     }
     QCoreApplication::removeTranslator(&bracketed);
@@ -141,6 +166,17 @@ TEST_F(Languages, AccessKeysDifferInEveryMenu)
         });
         ChooseItem(window, "FilePrintPad");
     }
+}
+
+TEST_F(Languages, WriteNumbersWithTheirDecimalMark)
+{
+    Speak(QStringLiteral("de"));
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    desktop::SetPaper(printer, QSizeF(300, 400));
+    const QString text = desktop::PrintedText(printer, {1.005, 0.995});
+    EXPECT_TRUE(text.contains(QStringLiteral("105,8 × 141,1 mm"))) << text.toStdString();
+    EXPECT_TRUE(text.contains(QStringLiteral("1,005"))) << text.toStdString();
 }
 
 TEST(Language, IsTheFirstOfTheSystemThatIsEnglishOrTranslated)

@@ -9,11 +9,26 @@
 #include <QStyleOptionComboBox>
 #include <QTabBar>
 #include <QToolButton>
+#include <QTranslator>
 
 // Everything is readable without scrolling to the side, on a small screen and with a larger font.
 
 namespace linealis::test {
 namespace {
+
+/// A language whose texts are longer by two fifths and have marks above and below their letters.
+class LongTexts final : public QTranslator {
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char* /*context*/, const char* english, const char* /*comment*/,
+                      int /*count*/) const override
+    {
+        QString text = QString::fromUtf8(english);
+        const qsizetype more = text.size() * 2 / 5;
+        text.replace(QLatin1Char('e'), QStringLiteral("é")).replace(QLatin1Char('A'), QStringLiteral("Å"));
+        return text.size() < 3 ? text : text + QString(more, QChar(0x00e7));
+    }
+};
 
 class WindowFit : public DesktopTest {
 protected:
@@ -25,6 +40,7 @@ protected:
     void TearDown() override
     {
         QApplication::setFont(usual);
+        QApplication::setLayoutDirection(Qt::LeftToRight);
         desktop::ChooseLanguage(QStringLiteral("en"));
         desktop::InstallLanguage();
         DesktopTest::TearDown();
@@ -94,13 +110,18 @@ TEST_F(WindowFit, EveryTextIsReadableOnASmallScreen)
 {
     for (const auto& [points, language] :
          {std::pair(usual.pointSizeF(), "en"), std::pair(13.0, "en"), std::pair(usual.pointSizeF(), "de"),
-          std::pair(usual.pointSizeF(), "fr"), std::pair(usual.pointSizeF(), "ja")}) {
+          std::pair(usual.pointSizeF(), "fr"), std::pair(usual.pointSizeF(), "ja"),
+          std::pair(usual.pointSizeF(), "long")}) {
         QFont font = usual;
         font.setPointSizeF(points);
         QApplication::setFont(font);
         desktop::WindowSettings().clear();
         desktop::ChooseLanguage(QString::fromLatin1(language));
         desktop::InstallLanguage();
+        LongTexts longTexts;  // until the next language
+        if (std::string_view(language) == "long") {
+            QCoreApplication::installTranslator(&longTexts);
+        }
         End();
         Start();
         const std::string at = " at " + std::to_string(points) + " points, " + language;
@@ -125,6 +146,31 @@ TEST_F(WindowFit, EveryTextIsReadableOnASmallScreen)
             window.close();
             QCoreApplication::processEvents();
         }
+    }
+}
+
+TEST_F(WindowFit, AMirroredWindowKeepsPagesAsTheyAre)
+{
+    End();
+    desktop::WindowSettings().clear();
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    Start();
+    const auto edges = [](const QWidget& window, const char* name) {
+        const QWidget& part = Child(window, name);
+        return QRect(part.mapTo(&window, QPoint()), part.size());
+    };
+    const QWidget& gallery = Window("gallery");
+    EXPECT_FALSE(edges(gallery, "PushButton1").intersects(edges(gallery, "GalleryResults")));
+    for (const PaperKind& kind : PaperKinds()) {
+        QWidget& window = OpenPaper(kind.name);
+        QTest::qWait(20);
+        ExpectReadable(window, "mirrored " + std::string(kind.name));
+        if (!Child<QTabBar>(window, "FormAndPageTabs").isVisible()) {
+            EXPECT_GT(edges(window, "EditTopMargin").left(), edges(window, "LivePage").right());
+        }
+        EXPECT_LT(edges(window, "RulerDown").left(), edges(window, "LivePage").left());
+        window.close();
+        QCoreApplication::processEvents();
     }
 }
 

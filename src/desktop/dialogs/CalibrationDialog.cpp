@@ -152,9 +152,10 @@ void CalibrationDialog::ShowFactors()
     const auto shown = [](const QLineEdit& field) {
         const std::string length = field.text().toStdString();
         const bool isPossible = LengthProblem({}, length, calibrationMillimeters).IsEmpty();
-        return isPossible ? ToQt(mystring(FactorOf(calibrationMillimeters, Val(length)))) : QStringLiteral("–");
+        return isPossible ? Message::Number(mystring(FactorOf(calibrationMillimeters, Val(length))))
+                          : Message::Verbatim("–");
     };
-    factorsShown->setText(Translated("%1 across, %2 down").arg(shown(*across), shown(*down)));
+    factorsShown->setText(ToQt(Message("%1 across, %2 down", shown(*across), shown(*down))));
 }
 
 std::optional<PrinterFactors> CalibrationDialog::ReadFactors()

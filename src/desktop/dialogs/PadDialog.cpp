@@ -27,10 +27,12 @@ QString SizeText(const PaperSize& size, bool inInches)
 {
     const auto text = [=](std::int64_t points) {
         const double inches = static_cast<double>(points) / pointsPerInch;
-        return inInches ? QString::number(inches, 'g', 4) : QString::number(inches * mmPerInch, 'f', 0);
+        const QString number =
+            inInches ? QString::number(inches, 'g', 4) : QString::number(inches * mmPerInch, 'f', 0);
+        return Message::Number(number.toStdString());
     };
-    return (inInches ? Translated("%1 × %2 in") : Translated("%1 × %2 mm"))
-        .arg(text(size.width), text(size.height));
+    return ToQt(inInches ? Message("%1 × %2 in", text(size.width), text(size.height))
+                         : Message("%1 × %2 mm", text(size.width), text(size.height)));
 }
 
 }  // namespace

@@ -38,14 +38,14 @@ PrinterFactors Turned(const PrinterFactors& factors, QPageLayout::Orientation or
     return orientation == QPageLayout::Landscape ? PrinterFactors{factors.y, factors.x} : factors;
 }
 
-QString InMm(double points)
+Message InMm(double points)
 {
-    return QString::number(points * mmPerPoint, 'f', 1);
+    return Message::Number(QString::number(points * mmPerPoint, 'f', 1).toStdString());
 }
 
 QString SizeText(const QSizeF& points)
 {
-    return QStringLiteral("%1 × %2 mm").arg(InMm(points.width()), InMm(points.height()));
+    return ToQt(Message("%1 × %2 mm", InMm(points.width()), InMm(points.height())));
 }
 
 /// Counts the lines of a page that extend beyond the printable area, and measures how far.
@@ -156,7 +156,7 @@ bool IsWanted(const std::vector<QString>& warnings, QWidget* parent, const Modal
     QMessageBox box(QMessageBox::Warning, QStringLiteral("Linealis"), texts.join(QStringLiteral("\n\n")),
                     QMessageBox::NoButton, parent);
     box.setTextFormat(Qt::PlainText);
-    const QPushButton* const print = box.addButton(QStringLiteral("Print"), QMessageBox::AcceptRole);
+    const QPushButton* const print = box.addButton(Translated("Print"), QMessageBox::AcceptRole);
     box.setDefaultButton(box.addButton(QMessageBox::Cancel));
     runModal(box);
     return box.clickedButton() == print;
@@ -233,7 +233,7 @@ std::vector<QString> PrintWarnings(const QPrinter& printer, const PrintedSheets&
     if (count > 0) {
         warnings.push_back(ToQt(Message(Plural("%1 line extends beyond the printable area, by up to %2 mm.",
                                                "%1 lines extend beyond the printable area, by up to %2 mm."),
-                                        count, count, Message::Number(InMm(furthest).toStdString()))));
+                                        count, count, InMm(furthest))));
     }
     return warnings;
 }
@@ -277,7 +277,8 @@ QString PrintedText(const QPrinter& printer, const PrinterFactors& factors)
     }
     parts << Translated("100 %");
     if (factors != PrinterFactors{}) {
-        parts << Translated("corrected by %1 across and %2 down").arg(factors.x).arg(factors.y);
+        const auto number = [](double factor) { return Message::Number(QString::number(factor).toStdString()); };
+        parts << ToQt(Message("corrected by %1 across and %2 down", number(factors.x), number(factors.y)));
     }
     return parts.join(QStringLiteral(", "));
 }

@@ -69,7 +69,7 @@ void FormHistory::CommitChangeOf(const Control& control)
 
 QString FormHistory::Undo()
 {
-    Commit(QStringLiteral("Change"));
+    Commit(Translated("Change"));
     QString name = stack.undoText();
     stack.undo();
     return name;
@@ -77,7 +77,7 @@ QString FormHistory::Undo()
 
 QString FormHistory::Redo()
 {
-    Commit(QStringLiteral("Change"));
+    Commit(Translated("Change"));
     QString name = stack.redoText();
     stack.redo();
     return name;

@@ -259,8 +259,8 @@ void FormView::Align()
     for (const ShownReadout& readout : readouts) {
         if (readout.parts.hasLength && readout.fields.size() == 1) {
             const QString typical = QStringLiteral("= 188.88 mm");  // a typical wide readout
-            readout.label->setFixedWidth(
-                fontMetrics().horizontalAdvance(readout.parts.hasUnit ? QStringLiteral("in ") + typical : typical));
+            readout.label->setFixedWidth(fontMetrics().horizontalAdvance(
+                readout.parts.hasUnit ? Translated("in") + QLatin1Char(' ') + typical : typical));
         }
     }
 }

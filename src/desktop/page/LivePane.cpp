@@ -8,6 +8,7 @@
 #include "pipeline/page/PaperPage.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -44,6 +45,7 @@ LivePane::LivePane()
     auto* const grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(0);
+    setLayoutDirection(Qt::LeftToRight);  // a page and its rulers begin at the left in every language
     unit->setObjectName(QStringLiteral("RulerUnit"));
     unit->setAlignment(Qt::AlignCenter);
     grid->addWidget(unit, 1, 0);
@@ -54,6 +56,7 @@ LivePane::LivePane()
     grid->setColumnStretch(1, 1);
     words->setObjectName(QStringLiteral("PageSummary"));
     words->setContentsMargins(6, 2, 6, 2);
+    words->setLayoutDirection(QApplication::layoutDirection());
 
     auto* const rulers = new QAction(tr("Rulers"), page);
     rulers->setToolTip(tr("Rulers, true at 100 %"));
@@ -82,6 +85,7 @@ LivePane::LivePane()
 QWidget* LivePane::MakeTools()
 {
     auto* const tools = new QWidget;
+    tools->setLayoutDirection(QApplication::layoutDirection());
     auto* const row = new QHBoxLayout(tools);
     row->setContentsMargins(4, 2, 4, 2);
     row->setSpacing(2);

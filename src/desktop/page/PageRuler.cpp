@@ -1,5 +1,6 @@
 #include "desktop/page/PageRuler.h"
 
+#include "desktop/system/Text.h"
 #include "pdf/Units.h"
 
 #include <QPainter>
@@ -93,7 +94,7 @@ void PageRuler::PaintMark(QPainter& painter, double place, double depth) const
 
 void PageRuler::PaintNumber(QPainter& painter, double place, double number) const
 {
-    const QString text = QString::number(number);
+    const QString text = ToQt(Message::Number(QString::number(number).toStdString()));
     painter.save();
     if (IsAcross()) {
         painter.translate(place + 2.0, fontMetrics().ascent());

@@ -39,6 +39,7 @@ FormAndPage::FormAndPage(QWidget* theForm, LivePane* thePane, QWidget& owner)
     column->addWidget(tabs);
     column->addWidget(splitter, 1);
     ownWindow.setObjectName(QStringLiteral("PageWindow"));
+    connect(splitter, &QSplitter::splitterMoved, this, [this] { isSplitByUser = true; });
     connect(tabs, &QTabBar::currentChanged, this, &FormAndPage::Arrange);
     connect(&ownWindow, &PageWindow::Closed, this, &FormAndPage::OwnWindowClosed);
     Arrange();
@@ -110,12 +111,12 @@ void FormAndPage::Arrange()
     form->setVisible(!isPageInFront);
     pane->setVisible(place == PagePlace::OwnWindow ||
                      (place == PagePlace::WithForm && (!hasTabs || isPageInFront)));
-    if (IsBeside() && !wasBeside) {
+    isSplitByUser = isSplitByUser && IsBeside();
+    if (IsBeside() && !isSplitByUser) {
         layout()->activate();  // gives the splitter its new width
         const int formWidth = form->sizeHint().width();
         splitter->setSizes({formWidth, splitter->width() - formWidth - splitter->handleWidth()});
     }
-    wasBeside = IsBeside();
     if (pane->isVisible() && !wasShown) {
         emit PageShown();
     }

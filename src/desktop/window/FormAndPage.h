@@ -63,9 +63,9 @@ private:
     QSplitter* splitter;
     PageWindow ownWindow;
     PagePlace place = PagePlace::WithForm;
-    bool isNarrow = false;  ///< whether there is not enough room for both
-    bool wasBeside = false;
-    int usualPageWidth = 0;  ///< 0: what the page prefers
+    bool isNarrow = false;       ///< whether there is not enough room for both
+    bool isSplitByUser = false;  ///< otherwise, the form has its natural width
+    int usualPageWidth = 0;      ///< 0: what the page prefers
 };
 
 }  // namespace linealis::desktop

@@ -128,6 +128,7 @@ GalleryView::GalleryView(GalleryWindow& theGallery, const FolderItem& preference
                    Qt::WindowCloseButtonHint);
     setAcceptDrops(true);
     auto* const content = new QWidget;
+    content->setLayoutDirection(Qt::LeftToRight);  // the pictures have fixed places
     AddEntries(content);
     QPushButton* const help = AddHelp(content);
     AddSearch(content, preferencesFolder, help);

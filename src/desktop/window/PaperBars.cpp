@@ -150,6 +150,11 @@ StatusLine::StatusLine()
     setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     setFocusPolicy(Qt::NoFocus);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    // Letters of a text may come from a font that is taller than that of the window, which must not squeeze the
+    // form.
+    setText(QStringLiteral("Linealis ") + tr("Undo"));
+    setMinimumHeight(sizeHint().height());
+    clear();
 }
 
 void StatusLine::Say(const QString& text, const QList<QPair<QString, QString>>& links)
