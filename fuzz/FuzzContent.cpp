@@ -3,10 +3,12 @@
 
 #include "Fuzz.h"
 #include "exchange/CarriedText.h"
+#include "exchange/DxfPage.h"
 #include "exchange/PngPage.h"
 #include "exchange/SvgPage.h"
 #include "pdf/PageContent.h"
 
+#include <algorithm>
 #include <cmath>
 
 using namespace linealis;
@@ -33,6 +35,10 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     BinaryStream intoSvg = BinaryStream::IntoMemory(svg), intoPng = BinaryStream::IntoMemory(png);
     WriteSvg({100, 80}, content, {}, "carried", intoSvg);
     Require(TextInPicture(svg) == "carried" && svg.ends_with("</svg>\n"));
+    std::string dxf;
+    BinaryStream intoDxf = BinaryStream::IntoMemory(dxf);
+    WriteDxf({100, 80}, content, {}, intoDxf);
+    Require(dxf.ends_with("0\r\nEOF\r\n") && std::count(dxf.begin(), dxf.end(), '\n') % 2 == 0);
     WritePng({100, 80}, content, {36.0, false, 0.0, "carried"}, intoPng);
     Require(TextInPicture(png) == "carried");
     return 0;

@@ -586,8 +586,8 @@ TEST_F(Exchange, AThumbnailOfAnyPageTakesLittle)
 TEST_F(Exchange, BadInputIsNamed)
 {
     Run("$cli generate grid -o page.jpeg",
-        "unknown ending of -o '.jpeg'; possible: .png, .pdf, .svg, none, which is a PDF file");
-    Run("$cli generate grid --format gif -o -", "unknown format 'gif'; possible: pdf, svg, png");
+        "unknown ending of -o '.jpeg'; possible: .png, .pdf, .svg, .dxf, none, which is a PDF file");
+    Run("$cli generate grid --format gif -o -", "unknown format 'gif'; possible: pdf, dxf, svg, png");
     Run("$cli generate grid --set paper-size=A0 --dpi 2400 -o x.png",
         "grid: a picture of 79334 by 112267 pixels is too large; --dpi 568 would fit");
     Run("$cli generate grid --set paper-size=A0 --dpi 568 -o - --format png | head -c 8 > /dev/null; true");

@@ -1,5 +1,6 @@
 #include "exchange/PageFormats.h"
 
+#include "exchange/DxfPage.h"
 #include "exchange/PngFormat.h"
 #include "exchange/SvgPage.h"
 #include "text/LetterCase.h"
@@ -23,6 +24,11 @@ void WriteAsSvg(const DrawnPage& page, const WriteOptions& options, BinaryStream
              &turns);
 }
 
+void WriteAsDxf(const DrawnPage& page, const WriteOptions& /*options*/, BinaryStream& stream, Turns& turns)
+{
+    WriteDxf({page.frame.paperWidth, page.frame.paperHeight}, page.content, page.roles, stream, &turns);
+}
+
 constexpr auto formats = std::to_array<PageFormat>({
     {.name = "pdf",
      .title = "PDF",
@@ -42,6 +48,12 @@ constexpr auto formats = std::to_array<PageFormat>({
      .hasPixels = true,
      .carriesForm = true,
      .write = WriteAsPng},
+    {.name = "dxf",
+     .title = "DXF",
+     .words = "lines on layers, for CAD programs and cutters",
+     .mimeType = "image/vnd.dxf",
+     .isPasted = false,
+     .write = WriteAsDxf},
 });
 
 /// Joins words for a sentence: "a", "a or b", "a, b or c".

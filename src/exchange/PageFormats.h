@@ -25,6 +25,7 @@ struct PageFormat {
     std::string_view mimeType;  ///< for the clipboard
     bool hasPixels = false;     ///< whether resolution and transparency apply
     bool carriesForm = false;   ///< whether the form can be read back from its files
+    bool isPasted = true;       ///< whether programs paste it, so that it goes to the clipboard
     /// Writes the page to an open stream, which the caller closes. Exceptions of `turns` pass through.
     void (*write)(const DrawnPage& page, const WriteOptions& options, BinaryStream& stream, Turns& turns);
 };

@@ -18,11 +18,11 @@ constexpr std::array timesNames = {Names("Times"), Names("Nimbus Roman"), Names(
 constexpr std::array symbolNames = {Names("Symbol"), Names("Standard Symbols PS")};
 constexpr std::array dingbatNames = {Names("Zapf Dingbats"), Names("D050000L")};
 
-constexpr FontFamily courier{courierNames, "monospace"};
-constexpr FontFamily helvetica{helveticaNames, "sans-serif"};
-constexpr FontFamily times{timesNames, "serif"};
-constexpr FontFamily symbol{symbolNames, ""};
-constexpr FontFamily dingbats{dingbatNames, ""};
+constexpr FontFamily courier{courierNames, "monospace", 0.562};
+constexpr FontFamily helvetica{helveticaNames, "sans-serif", 0.718};
+constexpr FontFamily times{timesNames, "serif", 0.662};
+constexpr FontFamily symbol{symbolNames, "", 0.673};
+constexpr FontFamily dingbats{dingbatNames, "", 0.692};
 
 constexpr FontWidths OneWidth(std::uint16_t width)
 {

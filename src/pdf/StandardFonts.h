@@ -11,6 +11,7 @@ namespace linealis {
 struct FontFamily {
     std::span<const std::string_view> names;  ///< starts with the family itself
     std::string_view generic;  ///< the generic CSS family: "monospace", "sans-serif", "serif", or empty
+    double capHeight;          ///< of capital letters, in multiples of the font size
 };
 
 /// Widths of the characters of MacRomanEncoding from 0x20 on, in thousandths of the font size; 0 if unknown.

@@ -169,7 +169,9 @@ std::unique_ptr<QMimeData> PageForClipboard(const DrawnPage& page, const WriteOp
         std::min<double>(options.dotsPerInch, HighestDotsPerInch({page.frame.paperWidth, page.frame.paperHeight}));
     auto data = std::make_unique<QMimeData>();
     for (const PageFormat& format : PageFormats()) {
-        data->setData(ToQt(format.mimeType), QByteArray::fromStdString(BytesOf(format, page, fitting, turns)));
+        if (format.isPasted) {
+            data->setData(ToQt(format.mimeType), QByteArray::fromStdString(BytesOf(format, page, fitting, turns)));
+        }
     }
     return data;
 }

@@ -25,8 +25,8 @@ ExportChoice AskForExport(const PaperSize& paper, const QString& name, QWidget* 
 /// `turns` pass through; an existing file then stays unchanged.
 QString ExportPage(const DrawnPage& page, const ExportChoice& choice, Turns& turns);
 
-/// Returns the page in all formats, so that other programs can choose the one they handle best. Reduces the
-/// resolution to what the paper size allows. Exceptions of `turns` pass through.
+/// Returns the page in all formats that programs paste, so that other programs can choose the one they handle best.
+/// Reduces the resolution to what the paper size allows. Exceptions of `turns` pass through.
 std::unique_ptr<QMimeData> PageForClipboard(const DrawnPage& page, const WriteOptions& options, Turns& turns);
 
 }  // namespace linealis::desktop

@@ -77,7 +77,9 @@ void PaperView::CopyPage()
         QGuiApplication::clipboard()->setMimeData(PageForClipboard(page, options, turns).release());
         QStringList titles;
         for (const PageFormat& format : PageFormats()) {
-            titles << ToQt(format.title);
+            if (format.isPasted) {
+                titles << ToQt(format.title);
+            }
         }
         return tr("Copied the page, as %1").arg(titles.join(tr(", ")));
     });
