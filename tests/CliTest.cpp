@@ -106,8 +106,8 @@ TEST_F(Cli, HelpAndVersion)
 {
     const std::string all = Call({"--help"}).output;
     EXPECT_EQ(Call({"help"}).output, all);
-    for (const std::string command : {"kinds", "presets", "form", "link", "show", "diff", "generate", "pad", "save",
-                                      "calibration", "thumbnail", "help"}) {
+    for (const std::string command : {"kinds", "presets", "form", "link", "schema", "show", "diff", "generate",
+                                      "pad", "save", "calibration", "thumbnail", "help"}) {
         const Finished help = Call({"help", command});
         EXPECT_EQ(help.status, 0);
         EXPECT_EQ(help.errors, "");
@@ -129,6 +129,7 @@ TEST_F(Cli, WritesAndReadsLinks)
     const std::string address = "https://linealis.invalid/" + shown.output.substr(0, shown.output.size() - 1);
     EXPECT_EQ(Call({"form", address}).output, Call({"form", link}).output);
     EXPECT_EQ(Call({"link", "grid"}).output, "#grid\n");
+    EXPECT_EQ(Call({"link", "grid", "--json"}).output, "{\n  \"kind\": \"grid\",\n  \"link\": \"#grid\"\n}\n");
     // A length that is as in a new form, but would change with the unit.
     const Finished kept = Call({"link", "grid", "--set", "units=cm", "--set", "top-margin=0.5"});
     EXPECT_NE(kept.output.find("&top-margin=0.5"), std::string::npos) << kept.output;

@@ -1,5 +1,6 @@
 #include "check/PageCheck.h"
 
+#include "pipeline/form/FieldWords.h"
 #include "platform/BinaryStream.h"
 #include "text/Numbers.h"
 #include "text/ShortText.h"
@@ -46,6 +47,14 @@ std::vector<Message> MarkerFaults(const MarkerFile& file)
                     static_cast<double>(unnamed), static_cast<double>(unnamed)));
     }
     return faults;
+}
+
+void WarnIfIdle(const PaperForm& form, const Control& control, PageWarnings& warnings)
+{
+    if (const Message why = form.WhyIdle(control); !why.IsEmpty()) {
+        warnings.push_back({"no-effect", std::string(control.Name()),
+                            Message("%1 has no effect: %2", WholeName(form, control), why)});
+    }
 }
 
 PageWarnings MarkerWarnings(const PaperForm& form, const FolderItem& file)

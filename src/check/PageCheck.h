@@ -26,6 +26,9 @@ PageWarnings ContentWarnings(const PaperPage& page, std::string_view content, st
 /// Returns all problems of a page: those of its form and those of its content.
 PageWarnings WarningsOf(const DrawnPage& page);
 
+/// Adds a warning with the reason if the control has no effect on the page.
+void WarnIfIdle(const PaperForm& form, const Control& control, PageWarnings& warnings);
+
 /// Returns what is wrong with the lines of a marker file, or why the file has no effect. Looks for what is wrong
 /// with all lines in the first BinaryStream::longestField bytes only. Returns nothing if the form has no markers or
 /// `file` is empty.

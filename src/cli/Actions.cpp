@@ -1,13 +1,12 @@
 #include "cli/Actions.h"
 
+#include "check/PageCheck.h"
 #include "cli/Errors.h"
 #include "cli/FileNames.h"
+#include "graph/RangeText.h"
 #include "pipeline/form/FieldWords.h"
 #include "pipeline/form/SetControl.h"
-#include "text/LetterCase.h"
-#include "text/Numbers.h"
 
-#include <algorithm>
 #include <string_view>
 
 namespace linealis::cli {
@@ -32,32 +31,12 @@ void CheckAbility(std::string_view option, const PaperKind& kind, bool able)
     }
 }
 
-/// Enters MIN:MAX or MIN:MAX:log into the fields of one axis in the wizard for ranges. Throws UsageError if it is
-/// neither.
-void EnterRange(std::string_view option, std::string_view argument, const Form& wizard, char axis)
+/// Enters a range into the fields of one axis in the wizard for ranges. Throws UsageError if it is none.
+void EnterRange(std::string_view option, const std::string& argument, const Form& wizard, AxisName axis)
 {
-    const auto refuse = [&] {
-        throw UsageError{std::string(option) + " takes MIN:MAX or MIN:MAX:log, not '" + std::string(argument) +
-                         "'"};
-    };
-    const std::size_t first = argument.find(':');
-    if (first == std::string_view::npos) {
-        refuse();
+    if (!TypeRange(wizard, axis, argument)) {
+        throw UsageError{std::string(option) + " takes " + rangeWords + ", not '" + argument + "'"};
     }
-    const std::size_t second = std::min(argument.find(':', first + 1), argument.size());
-    const std::string_view rest = argument.substr(second);
-    const bool isLog = IsSameText(rest, ":log");
-    if (!rest.empty() && !isLog) {
-        refuse();
-    }
-    const std::string_view minimum = argument.substr(0, first);
-    const std::string_view maximum = argument.substr(first + 1, second - first - 1);
-    if (!IsNumber(minimum) || !IsNumber(maximum)) {
-        refuse();
-    }
-    wizard.Get<TextField>(std::string("EditMin") + axis).Type(std::string(minimum));
-    wizard.Get<TextField>(std::string("EditMax") + axis).Type(std::string(maximum));
-    wizard.Get<CheckBox>(std::string("CheckLog") + axis).Click(isLog);
 }
 
 /// Fits the entered ranges to the paper. Throws UsageError if that is not possible.
@@ -133,11 +112,11 @@ PageWarnings DoInOrder(const std::vector<Action>& actions, const PaperKind& kind
             wizardUsed = true;
             break;
         case Action::Kind::XRange:
-            EnterRange("--x-range", action.argument, fieldsOfRanges("--x-range"), 'X');
+            EnterRange("--x-range", action.argument, fieldsOfRanges("--x-range"), AxisName::x);
             rangeUsed = true;
             break;
         case Action::Kind::YRange:
-            EnterRange("--y-range", action.argument, fieldsOfRanges("--y-range"), 'Y');
+            EnterRange("--y-range", action.argument, fieldsOfRanges("--y-range"), AxisName::y);
             rangeUsed = true;
             break;
         case Action::Kind::Fineness:
@@ -165,14 +144,6 @@ void Load(const std::string& fileName, PaperWindow& window)
 {
     if (const std::error_code error = window.LoadSettings(FolderItem(fileName))) {
         throw WorkError{fileName + ": " + error.message()};
-    }
-}
-
-void WarnIfIdle(const PaperForm& form, const Control& control, PageWarnings& warnings)
-{
-    if (const Message why = form.WhyIdle(control); !why.IsEmpty()) {
-        warnings.push_back({"no-effect", std::string(control.Name()),
-                            Message("%1 has no effect: %2", WholeName(form, control), why)});
     }
 }
 

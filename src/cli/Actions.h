@@ -24,9 +24,6 @@ struct Action {
 PageWarnings Apply(const std::vector<Action>& actions, const PaperKind& kind, PaperWindow& window,
                    ScreenlessPlatform& platform);
 
-/// Adds a warning with the reason if the control has no effect on the page.
-void WarnIfIdle(const PaperForm& form, const Control& control, PageWarnings& warnings);
-
 /// Loads a settings file into the form. Throws WorkError if the file cannot be read.
 void Load(const std::string& fileName, PaperWindow& window);
 

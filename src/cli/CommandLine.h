@@ -60,6 +60,8 @@ private:
     void AddKindsOptions(CLI::App& command);
     void AddPresetsOptions(CLI::App& command);
     void AddFormOptions(CLI::App& command);
+    void AddLinkOptions(CLI::App& command);
+    void AddSchemaOptions(CLI::App& command);
     void AddShowOptions(CLI::App& command);
     void AddDiffOptions(CLI::App& command);
     void AddGenerateOptions(CLI::App& command);
@@ -79,6 +81,7 @@ private:
     int RunPresets();
     int RunForm();
     int RunLink();
+    int RunSchema();
     int RunShow();
     int RunDiff();
     int RunGenerate();

@@ -46,8 +46,10 @@ const std::vector<CommandLine::Command>& CommandLine::Commands()
         {"presets", "List the presets: name, kind, title", &CommandLine::AddPresetsOptions,
          &CommandLine::RunPresets},
         {"form", "Show a form as JSON", &CommandLine::AddFormOptions, &CommandLine::RunForm},
-        {"link", "Show a form as a link: the part of the page's address after #", &CommandLine::AddFormOptions,
+        {"link", "Show a form as a link: the part of the page's address after #", &CommandLine::AddLinkOptions,
          &CommandLine::RunLink},
+        {"schema", "Show the JSON Schema of the forms of a kind, or of all kinds", &CommandLine::AddSchemaOptions,
+         &CommandLine::RunSchema},
         {"show", "Show what a settings file or another source holds: control, value, words",
          &CommandLine::AddShowOptions, &CommandLine::RunShow},
         {"diff", "Show what differs between two forms of one kind", &CommandLine::AddDiffOptions,
@@ -125,9 +127,26 @@ int CommandLine::RunForm()
     return done;
 }
 
+void CommandLine::AddLinkOptions(CLI::App& command)
+{
+    AddFormOptions(command);
+    AddJsonFlag(command);
+}
+
 int CommandLine::RunLink()
 {
-    ShowLink(SourcesOf(begin).front(), actions.InOrder());
+    ShowLink(SourcesOf(begin).front(), actions.InOrder(), asJson);
+    return done;
+}
+
+void CommandLine::AddSchemaOptions(CLI::App& command)
+{
+    command.add_option("kind", kind, "One of the kinds of paper; without it, all kinds")->type_name("KIND");
+}
+
+int CommandLine::RunSchema()  // NOLINT(readability-make-member-function-const): the command table needs this type
+{
+    ShowSchema(kind);
     return done;
 }
 

@@ -5,6 +5,7 @@
 #include "cli/FileNames.h"
 #include "cli/PageOutput.h"
 #include "exchange/FormLink.h"
+#include "exchange/FormSchema.h"
 #include "kinds/PageSummary.h"
 #include "pipeline/form/FieldWords.h"
 #include "pipeline/form/SetControl.h"
@@ -81,13 +82,23 @@ void ShowForm(const Source& source, const std::vector<Action>& actions)
     Print(FormJson(*open.kind, open.window->form));
 }
 
-void ShowLink(const Source& source, const std::vector<Action>& actions)
+void ShowLink(const Source& source, const std::vector<Action>& actions, bool asJson)
 {
     ScreenlessPlatform platform;
     const OpenWindow open = Open(source, actions, platform);
     Say(platform);
     Warn(source, open.warnings);
-    std::cout << '#' << FormLink(*open.kind, open.window->form) << '\n';
+    const std::string link = '#' + FormLink(*open.kind, open.window->form);
+    if (asJson) {
+        Print({{"kind", open.kind->name}, {"link", link}});
+        return;
+    }
+    std::cout << link << '\n';
+}
+
+void ShowSchema(const std::optional<std::string>& kind)
+{
+    Print(kind ? FormSchema(KindNamed(*kind)) : FormSchema());
 }
 
 void Show(const Source& source, bool asJson)

@@ -22,8 +22,11 @@ void ListPresets(bool asJson, const std::optional<std::string>& kind);
 /// Prints as JSON the form that the actions leave. Throws UsageError or WorkError if the source or an action fails.
 void ShowForm(const Source& source, const std::vector<Action>& actions);
 
-/// Prints the form as a link. Throws UsageError or WorkError.
-void ShowLink(const Source& source, const std::vector<Action>& actions);
+/// Prints the form as a link, on a line of its own or as JSON. Throws UsageError or WorkError.
+void ShowLink(const Source& source, const std::vector<Action>& actions, bool asJson);
+
+/// Prints the JSON Schema of the forms of a kind, or of all kinds. Throws UsageError if there is no such kind.
+void ShowSchema(const std::optional<std::string>& kind);
 
 /// Prints what a form holds: its kind, a summary of its page, the page file that a settings file refers to, and one
 /// line per control. Throws UsageError or WorkError if the source cannot be opened.

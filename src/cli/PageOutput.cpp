@@ -84,12 +84,11 @@ FolderItem FileOf(const PageJob& job, const OutputOptions& how)
     return how.refusesLinks ? file.WithoutLinks() : file;
 }
 
-/// Throws UsageError if the picture would have more than mostPixels. Checks the sides first: their product could
-/// overflow.
+/// Throws UsageError if the picture would have more than mostPixels.
 void CheckPixels(const PaperSize& paper, double dotsPerInch, const std::string& name)
 {
     const PixelSize size = PixelsOf(paper, dotsPerInch);
-    if (size.width > mostPixels || size.height > mostPixels || size.width * size.height > mostPixels) {
+    if (IsTooLarge(size)) {
         throw UsageError{name + ": a picture of " + std::to_string(size.width) + " by " +
                          std::to_string(size.height) + " pixels is too large; --dpi " +
                          std::to_string(HighestDotsPerInch(paper)) + " would fit"};

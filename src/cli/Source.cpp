@@ -1,5 +1,6 @@
 #include "cli/Source.h"
 
+#include "check/PageCheck.h"
 #include "cli/Errors.h"
 #include "cli/FileNames.h"
 #include "cli/InputText.h"
@@ -67,18 +68,6 @@ Source PresetNamed(const std::string& id)
         return {id, Source::Sort::Preset, &KindOf(*preset), preset};
     }
     throw Unknown("preset", id, PresetNames());
-}
-
-/// Whether the name is a link to a form: an address with a part after "#", or that part alone if it begins with a
-/// kind. Other names with "#" are files.
-bool IsLink(std::string_view name)
-{
-    const std::size_t mark = name.find('#');
-    if (mark == std::string_view::npos) {
-        return false;
-    }
-    const std::string_view rest = name.substr(mark + 1);
-    return name.find("://") < mark || (mark == 0 && FindPaperKind(rest.substr(0, rest.find('&'))) != nullptr);
 }
 
 /// Returns the paper of a link. Throws UsageError if it holds no form of an existing kind.

@@ -102,6 +102,16 @@ std::string FormLink(const PaperKind& kind, const Form& form)
     return link;
 }
 
+bool IsLink(std::string_view name)
+{
+    const std::size_t mark = name.find('#');
+    if (mark == std::string_view::npos) {
+        return false;
+    }
+    const std::string_view rest = name.substr(mark + 1);
+    return name.find("://") < mark || (mark == 0 && FindPaperKind(rest.substr(0, rest.find('&'))) != nullptr);
+}
+
 FormFile ParseLink(std::string_view address)
 {
     if (address.size() > longestLink) {

@@ -17,6 +17,10 @@ inline constexpr std::size_t longestLink = std::size_t{32} << 10U;
 /// Returns the form as the part of an address after "#". A form read from it makes the same page.
 std::string FormLink(const PaperKind& kind, const Form& form);
 
+/// Whether the name is a link to a form: an address with a part after "#", or that part alone if it begins with a
+/// kind. Other names with "#" are files.
+bool IsLink(std::string_view name);
+
 /// Reads a form from an address or from its part after "#". Throws FormError if it names no kind, is too long or is
 /// damaged. Does not check whether the kind and the controls exist; LayOver does.
 FormFile ParseLink(std::string_view address);

@@ -61,6 +61,12 @@ PixelSize PixelsOf(const PaperSize& paper, double dotsPerInch)
     return {pixels(paper.width), pixels(paper.height)};
 }
 
+bool IsTooLarge(const PixelSize& size)
+{
+    // Compares the sides first, because their product could overflow.
+    return size.width > mostPixels || size.height > mostPixels || size.width * size.height > mostPixels;
+}
+
 int HighestDotsPerInch(const PaperSize& paper)
 {
     const double squareInches =

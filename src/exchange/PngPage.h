@@ -35,6 +35,9 @@ PixelSize PixelsOf(const PaperSize& paper, double dotsPerInch);
 /// The most pixels in a picture.
 inline constexpr std::int64_t mostPixels = 500'000'000;
 
+/// Whether a picture of that size has more than mostPixels.
+bool IsTooLarge(const PixelSize& size);
+
 /// Returns the highest whole number of dots per inch, at least 1, at which a picture of the paper has at most
 /// mostPixels.
 int HighestDotsPerInch(const PaperSize& paper);
