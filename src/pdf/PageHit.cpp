@@ -91,7 +91,7 @@ private:
     {
         constexpr int linesOfACurve = 16;
         double distance = nearest + 1.0;
-        Point from;
+        Point from{};
         for (const PathSegment& segment : path) {
             if (segment.operation == PageOperator::Line) {
                 distance = std::min(distance, DistanceToLine(point, Scaled(from), Scaled(segment.to)));

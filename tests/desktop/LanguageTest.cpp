@@ -46,7 +46,7 @@ bool HasWords(QString text)
 {
     static const QRegularExpression noWords(
         QStringLiteral("Linealis|Untitled|#[0-9A-F]{6} "
-                       "\\(\\w+\\)|PDF|SVG|PNG|[A-Za-z]:|https?:\\S*|\\b\\p{L}{1,2}\\b"),
+                       "\\(\\w+\\)|PDF|SVG|PNG|DXF|[A-Za-z]:|https?:\\S*|\\b\\p{L}{1,2}\\b"),
         QRegularExpression::UseUnicodePropertiesOption);
     static const QRegularExpression word(QStringLiteral("[A-Za-z]{3}"));
     return text.remove(noWords).contains(word);

@@ -80,6 +80,24 @@ class Library(unittest.TestCase):
             sheet.save(pathlib.Path(folder, "page.svg"))
             self.assertEqual(pathlib.Path(folder, "page.svg").read_text(), sheet.svg())
 
+    def test_schema_describes_the_forms(self):
+        for kind in linealis.kinds():
+            schema, form = linealis.schema(kind.name), linealis.Sheet(kind.name).form()
+            properties = schema["properties"]["controls"]["properties"]
+            self.assertEqual(properties.keys(), {*form["controls"], *form["aliases"]})
+            for alias, name in form["aliases"].items():
+                self.assertEqual(properties[alias], properties[name])
+                [prefix, definition] = properties[name]["$ref"].split("#/$defs/")
+                described, control = schema["$defs"][definition], form["controls"][name]
+                value = described["anyOf"][0]
+                self.assertEqual(described["default"], linealis.Sheet(kind.name)[alias])
+                self.assertEqual(value, described["anyOf"][1]["properties"]["value"])
+                if "items" in control:
+                    self.assertEqual(value["anyOf"][0]["enum"], control["items"])
+                self.assertIn(control["value"], value["enum"] if control["type"] == "check" else [control["value"]])
+        whole = linealis.schema()
+        self.assertEqual([each["properties"]["kind"]["const"] for each in whole["oneOf"]], [kind.name for kind in linealis.kinds()])
+
     def test_fits_axes_and_draws_markers(self):
         fitted = linealis.Sheet("graph").fit(x=(0, 250), y=(0.1, 1000, "log"), fineness="fine")
         self.assertEqual(fitted.pdf(), run("generate", "graph", "--x-range", "0:250", "--y-range", "0.1:1000:log",
