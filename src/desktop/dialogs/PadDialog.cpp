@@ -138,9 +138,9 @@ void PadDialog::AddFields(QFormLayout& rows)
 QWidget* PadDialog::MakeButtons()
 {
     auto* const buttons = new QDialogButtonBox;
-    print = buttons->addButton(tr("Print..."), QDialogButtonBox::AcceptRole);
-    save = buttons->addButton(tr("Save PDF..."), QDialogButtonBox::AcceptRole);
-    cancel = buttons->addButton(QDialogButtonBox::Cancel);
+    print = buttons->addButton(tr("Pr&int..."), QDialogButtonBox::AcceptRole);
+    save = buttons->addButton(tr("Sa&ve PDF..."), QDialogButtonBox::AcceptRole);
+    cancel = buttons->addButton(tr("C&ancel"), QDialogButtonBox::RejectRole);
     print->setObjectName(QStringLiteral("PadPrint"));
     save->setObjectName(QStringLiteral("PadSave"));
     cancel->setObjectName(QStringLiteral("PadCancel"));
@@ -286,7 +286,7 @@ void PadDialog::ShowEnd(bool isWritten, const QString& message)
         return;
     }
     said->setText(tr("Wrote %1.").arg(QFileInfo(saved).fileName()) + QLatin1Char('\n') + message);
-    cancel->setText(tr("&Close"));
+    cancel->setText(tr("C&lose"));
 }
 
 void PadDialog::reject()

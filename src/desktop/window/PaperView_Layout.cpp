@@ -77,7 +77,7 @@ void PaperView::Connect()
     connect(topBar->gallery, &QToolButton::clicked, this, &PaperView::GalleryWanted);
     MakePresetMenu();
     MakeMarkerChooser();
-    new PageDrag(*this, window, *livePage);  // belongs to the page
+    new PageDrag(*this, window, *form, *livePage);  // belongs to the page
     connect(topBar->undo, &QToolButton::clicked, this, &PaperView::Undo);
     connect(topBar->redo, &QToolButton::clicked, this, &PaperView::Redo);
     connect(topBar->reset, &QToolButton::clicked, this, &PaperView::Reset);
@@ -270,10 +270,10 @@ void PaperView::AddMenus()
     };
     QMenu& file = *menu("FileMenu");
     file.addSeparator();
-    add(file, tr("Print..."), QStringLiteral("FilePrint"), QKeySequence::Print, &PaperView::Print);
-    add(file, tr("Print Pad..."), QStringLiteral("FilePrintPad"), {}, &PaperView::PrintPad);
-    add(file, tr("Copy Link"), QStringLiteral("FileCopyLink"), {}, &PaperView::CopyLink);
-    add(file, tr("Export..."), QStringLiteral("FileExport"), Qt::CTRL | Qt::SHIFT | Qt::Key_E, &PaperView::Export);
+    add(file, tr("&Print..."), QStringLiteral("FilePrint"), QKeySequence::Print, &PaperView::Print);
+    add(file, tr("Print P&ad..."), QStringLiteral("FilePrintPad"), {}, &PaperView::PrintPad);
+    add(file, tr("Copy &Link"), QStringLiteral("FileCopyLink"), {}, &PaperView::CopyLink);
+    add(file, tr("&Export..."), QStringLiteral("FileExport"), Qt::CTRL | Qt::SHIFT | Qt::Key_E, &PaperView::Export);
     QMenu& recent = *file.addMenu(tr("Open &Recent"));
     recent.setObjectName(QStringLiteral("RecentMenu"));
     FillRecentMenu(recent, RecentFiles(platform.PreferencesFolder()),
