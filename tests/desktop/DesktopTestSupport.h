@@ -242,10 +242,11 @@ private:
             return;
         }
         QWidget* const dialog = QApplication::activeModalWidget();
-        if (dialog == nullptr || !dialog->isVisible() || dialog == seen) {
+        seen.removeIf([](const QPointer<QWidget>& earlier) { return earlier == nullptr || !earlier->isVisible(); });
+        if (dialog == nullptr || !dialog->isVisible() || seen.contains(dialog)) {
             return;
         }
-        seen = dialog;
+        seen << dialog;
         if (answers.empty()) {
             ADD_FAILURE() << "unexpected: " << dialog->windowTitle().toStdString() << " "
                           << dialog->property("text").toString().toStdString();
@@ -259,7 +260,7 @@ private:
 
     std::deque<std::function<void(QWidget&)>> answers;
     std::deque<std::pair<std::function<bool()>, std::function<void()>>> plans;
-    QPointer<QWidget> seen;
+    QList<QPointer<QWidget>> seen;  ///< and still there, perhaps below another dialog
 };
 
 /// Stands in for the system's viewer and browser, which must not come up here.

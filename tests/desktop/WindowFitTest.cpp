@@ -4,6 +4,7 @@
 #include "desktop/system/WindowLanguage.h"
 #include "desktop/window/PaperBars.h"
 
+#include <QListWidget>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QStyleOptionComboBox>
@@ -52,7 +53,9 @@ protected:
         const int text = widget.fontMetrics().horizontalAdvance(widget.property("text").toString());
         if (const auto* const edit = qobject_cast<const QLineEdit*>(&widget)) {
             constexpr int frame = 8;
-            return {text + frame + edit->textMargins().right(), edit->fontMetrics().height()};
+            const int hint = edit->fontMetrics().horizontalAdvance(edit->placeholderText());
+            const int shown = edit->text().isEmpty() ? hint : text;
+            return {shown + frame + edit->textMargins().right(), edit->fontMetrics().height()};
         }
         if (const auto* const box = qobject_cast<const QComboBox*>(&widget)) {
             QStyleOptionComboBox option;
@@ -73,6 +76,29 @@ protected:
         return hasText ? widget.minimumSizeHint().boundedTo(widget.sizeHint()) : QSize();
     }
 
+    /// A list of tiles must show each text whole, in at most two lines; any other list must be wide enough.
+    static void ExpectListReadable(const QListWidget& list)
+    {
+        if (list.viewMode() == QListView::ListMode) {
+            EXPECT_GE(list.viewport()->width(), list.sizeHintForColumn(0)) << list.objectName().toStdString();
+            return;
+        }
+        constexpr int around = 8;  // pixels, both sides of a title together
+        for (int row = 0; row < list.count(); ++row) {
+            const QString text = list.item(row)->text();
+            const auto fits = [&,
+                               width = list.visualItemRect(list.item(row)).width() - around](const QString& line) {
+                return list.fontMetrics().horizontalAdvance(line) <= width;
+            };
+            bool isWhole = fits(text);
+            for (qsizetype blank = text.indexOf(QLatin1Char(' ')); blank > 0 && !isWhole;
+                 blank = text.indexOf(QLatin1Char(' '), blank + 1)) {
+                isWhole = fits(text.left(blank)) && fits(text.mid(blank + 1));
+            }
+            EXPECT_TRUE(isWhole) << text.toStdString();
+        }
+    }
+
     static void ExpectReadable(const QWidget& window, const std::string& name)
     {
         SCOPED_TRACE(name);
@@ -90,6 +116,10 @@ protected:
             if (const auto* const area = qobject_cast<const QScrollArea*>(widget)) {
                 EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0) << what;
             }
+            if (widget->objectName().startsWith(QLatin1String("PresetPicker")) &&
+                qobject_cast<const QListWidget*>(widget)) {
+                ExpectListReadable(static_cast<const QListWidget&>(*widget));
+            }
         }
     }
 
@@ -100,7 +130,7 @@ protected:
             ExpectReadable(dialog, name);
             Press(dialog, Qt::Key_Escape);
         });
-        ChooseItem(window, item);
+        Item(window, item).trigger();
     }
 
     QFont usual;
@@ -125,6 +155,7 @@ TEST_F(WindowFit, EveryTextIsReadableOnASmallScreen)
         End();
         Start();
         const std::string at = " at " + std::to_string(points) + " points, " + language;
+        ExpectReadable(Window("gallery"), "gallery" + at);
         for (const PaperKind& kind : PaperKinds()) {
             QWidget& window = OpenPaper(kind.name);
             QTest::qWait(20);
@@ -142,6 +173,7 @@ TEST_F(WindowFit, EveryTextIsReadableOnASmallScreen)
                 ExpectDialogReadable(window, "FilePrintPad", "pad" + at);
                 ExpectDialogReadable(window, "EditDataRange", "range" + at);
                 ExpectDialogReadable(window, "EditPreferences", "preferences" + at);
+                ExpectDialogReadable(window, "PresetChoose", "picker" + at);
             }
             window.close();
             QCoreApplication::processEvents();

@@ -18,9 +18,9 @@ namespace linealis::desktop {
 
 namespace {
 
-constexpr int tileGap = 8;            // device-independent pixels, around and between the parts of a tile
-constexpr int linesOfTitle = 2;       // of a tile
-constexpr int charactersInLine = 17;  // of a title, in average characters: the titles of all presets fit
+constexpr int tileGap = 8;       // device-independent pixels, around and between the parts of a tile
+constexpr int linesOfTitle = 2;  // of a tile
+constexpr int mostInLine = 26;   // of a title, in average characters; a longer line is shortened
 
 enum ItemRole { PresetRole = Qt::UserRole, GroupRole };  // the index of the preset; the group of every item
 
@@ -32,8 +32,8 @@ QFont HeadingFont(const QFont& font)
 }
 
 /// Breaks a title that is too wide into two lines: after a comma if both lines fit, otherwise where they are about
-/// as wide as each other. Shortens what is still too wide.
-QStringList LinesOf(const QString& title, const QFontMetrics& font, int width)
+/// as wide as each other.
+QStringList BrokenTitle(const QString& title, const QFontMetrics& font, int width)
 {
     QStringList lines{title};
     if (font.horizontalAdvance(title) > width) {
@@ -49,10 +49,17 @@ QStringList LinesOf(const QString& title, const QFontMetrics& font, int width)
             }
         }
     }
-    for (QString& line : lines) {
-        line = font.elidedText(line, Qt::ElideMiddle, width);
-    }
     return lines;
+}
+
+/// Returns the least width at which the title fits into two lines.
+int LeastWidth(const QString& title, const QFontMetrics& font)
+{
+    int width = 0;
+    for (const QString& line : BrokenTitle(title, font, 0)) {
+        width = std::max(width, font.horizontalAdvance(line));
+    }
+    return width;
 }
 
 /// Draws headings and tiles.
@@ -96,8 +103,9 @@ private:
         painter.setPen(option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
         QRect line(option.rect.left() + tileGap / 2, place.bottom() + 1 + tileGap / 2,
                    option.rect.width() - tileGap, option.fontMetrics.lineSpacing());
-        for (const QString& text : LinesOf(index.data().toString(), option.fontMetrics, line.width())) {
-            painter.drawText(line, Qt::AlignHCenter | Qt::AlignVCenter, text);
+        for (const QString& text : BrokenTitle(index.data().toString(), option.fontMetrics, line.width())) {
+            painter.drawText(line, Qt::AlignHCenter | Qt::AlignVCenter,
+                             option.fontMetrics.elidedText(text, Qt::ElideMiddle, line.width()));
             line.translate(0, line.height());
         }
     }
@@ -122,13 +130,6 @@ private:
     PictureFor pictureFor;
 };
 
-/// Returns the size of a tile, including its share of the space between tiles.
-QSize TileSize(const QFontMetrics& font)
-{
-    return {std::max(PresetPictures::side, charactersInLine * font.averageCharWidth()) + 2 * tileGap,
-            PresetPictures::side + 2 * tileGap + linesOfTitle * font.lineSpacing()};
-}
-
 }  // namespace
 
 PresetTiles::PresetTiles(PresetPictures& thePictures, QWidget* parent) : QListWidget(parent), pictures(thePictures)
@@ -144,7 +145,7 @@ PresetTiles::PresetTiles(PresetPictures& thePictures, QWidget* parent) : QListWi
     setVerticalScrollBarPolicy(
         Qt::ScrollBarAlwaysOn);  // the width of headings must not change while they are placed
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    verticalScrollBar()->setSingleStep(TileSize(fontMetrics()).height() / 4);
+    verticalScrollBar()->setSingleStep(TileSize().height() / 4);
     const auto pictureFor = [this](const QModelIndex& index) {
         const PaperHit* const preset = PresetIn(index.row());
         return preset == nullptr ? QImage() : pictures.PictureOf(*preset, devicePixelRatioF());
@@ -167,6 +168,7 @@ void PresetTiles::Show(std::vector<PaperHit> thePresets)
     if (presets.empty()) {
         (new QListWidgetItem(tr("Nothing found"), this))->setFlags(Qt::NoItemFlags);
     }
+    MeasureTitles();
     SetSizes();
     setCurrentRow(presets.empty() ? -1 : 1);
     scrollToTop();
@@ -189,9 +191,25 @@ void PresetTiles::AddTile(std::size_t preset)
     tile->setToolTip(LineOf(hit));
 }
 
+void PresetTiles::MeasureTitles()
+{
+    for (int row = 0; row < count(); ++row) {
+        if (PresetIn(row) != nullptr) {
+            titleWidth = std::max(titleWidth, LeastWidth(item(row)->text(), fontMetrics()));
+        }
+    }
+    titleWidth = std::min(titleWidth, mostInLine * fontMetrics().averageCharWidth());
+}
+
+QSize PresetTiles::TileSize() const
+{
+    return {std::max(PresetPictures::side, titleWidth) + 2 * tileGap,
+            PresetPictures::side + 2 * tileGap + linesOfTitle * fontMetrics().lineSpacing()};
+}
+
 void PresetTiles::SetSizes()
 {
-    const QSize ofTile = TileSize(fontMetrics());
+    const QSize ofTile = TileSize();
     const QFontMetrics headingFont(HeadingFont(font()));
     const QSize ofHeading(viewport()->width() - 1, headingFont.lineSpacing() + 2 * tileGap);
     for (int row = 0; row < count(); ++row) {
@@ -201,7 +219,7 @@ void PresetTiles::SetSizes()
 
 QSize PresetTiles::SizeFor(int columns, int rows) const
 {
-    const QSize tile = TileSize(fontMetrics());
+    const QSize tile = TileSize();
     return {columns * tile.width() + verticalScrollBar()->sizeHint().width() + 2 * frameWidth() + 1,
             rows * tile.height() + 2 * frameWidth()};
 }
@@ -338,6 +356,8 @@ void PresetTiles::changeEvent(QEvent* event)
 {
     QListWidget::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        titleWidth = 0;
+        MeasureTitles();
         SetSizes();
     }
 }

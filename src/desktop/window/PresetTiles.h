@@ -48,6 +48,10 @@ protected:
 private:
     void AddHeading(PresetGroup group);
     void AddTile(std::size_t preset);
+    /// Widens the tiles so that the titles of the presets that are shown fit. A search does not narrow them again.
+    void MeasureTitles();
+    /// Returns the size of a tile, including its share of the space between tiles.
+    QSize TileSize() const;
     /// Gives headings and tiles the sizes that the font and the width of the list require.
     void SetSizes();
     /// Returns the preset in that row; null for a heading.
@@ -59,6 +63,7 @@ private:
 
     PresetPictures& pictures;
     std::vector<PaperHit> presets;
+    int titleWidth = 0;  ///< of the widest title, in pixels
 };
 
 }  // namespace linealis::desktop
