@@ -21,7 +21,7 @@ TEST(PlaceOnPage, MarginsEndWhereTheyAreDragged)
              Case{{}, Side::Bottom, 40.0, Grain::Coarse, "0.5625"},
              Case{{}, Side::Right, 612.0 - 54.0, Grain::Coarse, "0.75"},
              Case{{"PopupOrientation=Landscape"}, Side::Right, 792.0 - 54.0, Grain::Coarse, "0.75"},
-             Case{{"PopupUnits=cm"}, Side::Left, 50.0, Grain::Coarse, "1.8"},
+             Case{{"PopupUnits=cm"}, Side::Left, 50.0, Grain::Coarse, "1.75"},
              Case{{"PopupUnits=cm"}, Side::Left, 50.0, Grain::Fine, "1.76"},
              Case{{"EditXScale=50"}, Side::Left, 36.0, Grain::Coarse, "1"},
              Case{{"EditYScale=50"}, Side::Top, 360.0, Grain::Coarse, "1"},

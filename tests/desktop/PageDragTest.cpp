@@ -3,7 +3,9 @@
 #include "desktop/window/PaperView.h"
 
 #include <QMimeData>
+#include <QScrollBar>
 #include <QSignalSpy>
+#include <QTabBar>
 #include <QToolButton>
 
 // What the user moves on the page, and the markers that the page shows.
@@ -89,6 +91,72 @@ TEST_F(DesktopDrag, AMarginIsOneStepAndFollowsThePointer)
     Child<QAbstractButton>(window, "ToolUndo").click();
     EXPECT_EQ(Shown(window, "EditTopMargin"), "0.5");
     EXPECT_FALSE(view.History().CanUndo());
+}
+
+/// In every kind, at the scale that fits and at one that must be scrolled.
+TEST_F(DesktopDrag, EveryMarginOfEveryKindMovesAsFarAsThePointer)
+{
+    constexpr double start = 36.0, moved = 5.0 / 25.4 * 72.0;  // points
+    for (const PaperKind& kind : PaperKinds()) {
+        auto& view = static_cast<desktop::PaperView&>(Open(kind.name));
+        if (auto& tabs = Child<QTabBar>(view, "FormAndPageTabs"); tabs.isVisible()) {
+            tabs.setCurrentIndex(1);
+        }
+        view.DoAsStep(QStringLiteral("metric"), [](PaperWindow& window) {
+            window.form.PopupUnits.SetListIndex(1);
+            for (const PrintedField& title : PrintedFields(window.form)) {  // so that none lies over an edge
+                window.form.Get<TextField>(title.control).SetText("");
+            }
+            for (const Side side : {Side::Top, Side::Bottom, Side::Left, Side::Right}) {
+                MarginOf(window.form, side).SetText("1.27");
+            }
+        });
+        Settle();
+        const auto before = view.Window().form.State();
+        for (const bool isLarge : {false, true}) {
+            isLarge ? page->ZoomTo(400.0) : Item(view, "ViewFit").trigger();
+            for (const Side side : {Side::Top, Side::Bottom, Side::Left, Side::Right}) {
+                QCoreApplication::processEvents();
+                const bool isUpright = side == Side::Top || side == Side::Bottom;
+                const bool isFar = side == Side::Bottom || side == Side::Right;  // from the upper left corner
+                for (QScrollBar* const bar : {page->verticalScrollBar(), page->horizontalScrollBar()}) {
+                    const bool leadsThere = isUpright == (bar == page->verticalScrollBar());
+                    bar->setValue(!leadsThere ? bar->maximum() / 2 : isFar ? bar->maximum() : 0);
+                }
+                const auto paper =
+                    static_cast<double>(isUpright ? page->Frame().paperHeight : page->Frame().paperWidth);
+                const QPointF middle =
+                    (QPointF(page->viewport()->rect().center()) - page->Origin()) / page->PixelsPerPoint();
+                const auto at = [&](double depth) {
+                    const double place = isFar ? paper - depth : depth;
+                    return isUpright ? Place(middle.x(), place) : Place(place, middle.y());
+                };
+                Drag(at(start), at(start + moved), Qt::ControlModifier);
+                const TextField& field = MarginOf(view.Window().form, side);
+                const double pixel = 2.54 / 72.0 / page->PixelsPerPoint() + 0.005;  // and the rounding, in cm
+                EXPECT_NEAR(field.Number(), 1.77, pixel) << kind.name << " " << field.Name() << " " << isLarge;
+                EXPECT_TRUE(view.History().UndoName().endsWith(ToQt("1.27 → " + field.Text())));
+                view.Undo();
+                EXPECT_TRUE(view.Window().form.State() == before) << kind.name << " " << field.Name();
+            }
+        }
+        view.close();
+        QCoreApplication::processEvents();
+    }
+}
+
+TEST_F(DesktopDrag, LinkedMarginsFollow)
+{
+    QWidget& window = Open("grid");
+    Child<QAbstractButton>(window, "LinkMargins").setChecked(true);
+    Grab(Place(36.0, 400.0), Place(500.0, 400.0));
+    QTest::mouseRelease(page->viewport(), Qt::LeftButton, {}, Place(500.0, 400.0));
+    EXPECT_NEAR(Val(Shown(window, "EditLeftMargin")), 500.0 / 72.0, 0.1);
+    for (const char* const margin : {"EditTopMargin", "EditBottomMargin", "EditRightMargin"}) {
+        EXPECT_EQ(Shown(window, margin), Shown(window, "EditLeftMargin"));
+    }
+    Child<QAbstractButton>(window, "ToolUndo").click();
+    EXPECT_EQ(Shown(window, {"EditTopMargin", "EditLeftMargin"}), "0.5 0.5");
 }
 
 TEST_F(DesktopDrag, EscapeBringsBackWhatWasThere)

@@ -45,6 +45,9 @@ public:
     void ShowSummary(const QString& words);
     /// Finishes the entry in the text field that has the focus, as if the user left it.
     void FinishEdit();
+    /// Must be called when the user has changed a control. If it is a margin and the margins are linked, the others
+    /// get its value.
+    void FollowLink(const Control& control);
 
 signals:
     /// Emitted when a control has changed, by the user or by code.
@@ -84,8 +87,6 @@ private:
     QWidget* MakeCopyButton(const LaidRow& row);
     /// Makes a button that keeps all margins equal as long as it is down.
     QWidget* MakeLinkButton();
-    /// Called when the user has changed a control. If it is a margin and margins are linked, the others follow.
-    void FollowLink(const Control& control);
     QLabel* MakeReadout(const Form::Row& fields, const ReadoutParts& parts);
     /// Gives the captions at the start of rows the same width in all groups, and the readouts of single fields a
     /// width that does not depend on their texts.

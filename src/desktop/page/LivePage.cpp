@@ -24,6 +24,7 @@ constexpr double zoomStep = 1.25;   // factor per key press or notch of the whee
 constexpr double largestZoom = 16;  // 1600 % of the actual size
 constexpr double smallestZoom = 0.05;
 constexpr double handleReach = 4.0;  // pixels to a handle
+constexpr int leastDrag = 4;         // pixels; less than the usual distance, because handles move in small steps
 constexpr QColor lightOfMargin(242, 89, 0, 60);
 constexpr double notch = 120.0;  // of a mouse wheel, in eighths of a degree as Qt counts them
 
@@ -317,7 +318,7 @@ void LivePage::DragPage(const QMouseEvent& event)
 void LivePage::DragHandle(const QMouseEvent& event)
 {
     const QPointF moved = event.position() - pressed;
-    if (press == Press::Grabs && moved.manhattanLength() >= QApplication::startDragDistance()) {
+    if (press == Press::Grabs && moved.manhattanLength() >= leastDrag) {
         press = Press::Drags;
         emit DragBegan(*grabbed);
     }

@@ -1,5 +1,6 @@
 #include "desktop/window/PageDrag.h"
 
+#include "desktop/form/FormView.h"
 #include "desktop/system/Text.h"
 #include "desktop/window/PaperView.h"
 #include "pipeline/form/FieldWords.h"
@@ -31,8 +32,8 @@ double EndOf(const PageFrame& frame, Side side)
 
 }  // namespace
 
-PageDrag::PageDrag(PaperView& theView, PaperWindow& theWindow, LivePage& thePage)
-    : QObject(&thePage), view(theView), window(theWindow), page(thePage)
+PageDrag::PageDrag(PaperView& theView, PaperWindow& theWindow, FormView& theForm, LivePage& thePage)
+    : QObject(&thePage), view(theView), window(theWindow), form(theForm), page(thePage)
 {
     std::vector<Role> titles;
     for (const PrintedField& field : PrintedFields(window.form)) {
@@ -62,9 +63,11 @@ void PageDrag::Begin(const PageHandle& handle)
 
 void PageDrag::Move(QPointF distance, Grain grain)
 {
+    window.form.Restore(before);  // a linked margin must not limit the one that is dragged
     if (const Side* const side = std::get_if<Side>(&moved)) {
         const bool isUpright = *side == Side::Top || *side == Side::Bottom;
         MoveMargin(window.form, *side, EndOf(frame, *side) + (isUpright ? distance.y() : distance.x()), grain);
+        form.FollowLink(MarginOf(window.form, *side));
     } else if (frame.xScale > 0.0 && frame.yScale > 0.0) {
         const Point start = std::get<TextArea>(moved).start;
         MoveTitle(window.form, title,

@@ -8,6 +8,7 @@
 
 namespace linealis::desktop {
 
+class FormView;
 class PaperView;
 
 /// Lets the user move the margins and titles of a form on the live page. A whole drag is one step; Escape brings
@@ -17,7 +18,7 @@ class PageDrag final : public QObject {
 
 public:
     /// The object belongs to the page. The other arguments must outlive it.
-    PageDrag(PaperView& theView, PaperWindow& theWindow, LivePage& thePage);
+    PageDrag(PaperView& theView, PaperWindow& theWindow, FormView& theForm, LivePage& thePage);
 
 private:
     void Begin(const PageHandle& handle);
@@ -29,6 +30,7 @@ private:
 
     PaperView& view;
     PaperWindow& window;
+    FormView& form;
     LivePage& page;
     PageHandle moved;    ///< or was moved last
     PageFrame frame;     ///< of the page when the drag began

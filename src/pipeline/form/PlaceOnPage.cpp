@@ -13,7 +13,7 @@ namespace {
 double RoundedLength(double length, const PaperForm& form, Grain grain)
 {
     const double stepsPerUnit = form.InInches() ? (grain == Grain::Coarse ? 16.0 : 100.0)   // of an inch
-                                                : (grain == Grain::Coarse ? 10.0 : 100.0);  // of a centimeter
+                                                : (grain == Grain::Coarse ? 20.0 : 100.0);  // of a centimeter
     return std::round(length * stepsPerUnit) / stepsPerUnit;
 }
 

@@ -12,7 +12,7 @@ enum class Side { Top, Bottom, Left, Right };
 /// Returns the field of a margin.
 TextField& MarginOf(PaperForm& form, Side side);
 
-/// How far a length is rounded: to 1/16 inch or 1 mm, or finely to 0.01 inch or 0.1 mm.
+/// How far a length is rounded: to 1/16 inch or 0.5 mm, or finely to 0.01 inch or 0.1 mm.
 enum class Grain { Coarse, Fine };
 
 /// Puts the end of a margin as near as possible to a place across the page: x of a left or right margin, y of a top
