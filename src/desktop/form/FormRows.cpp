@@ -58,7 +58,7 @@ void FormRows::Add(const std::vector<RowItem>& items)
 {
     const std::vector<Cell> cells = CellsOf(items);
     for (std::size_t begin = 0, end = 0; begin < cells.size(); begin = end) {
-        const bool isAlone = cellsPerLine < columns && TakesALine(cells[begin], cells);
+        const bool isAlone = cellsPerLine < mostCells && TakesALine(cells[begin], cells);
         end = std::min(begin + (isAlone ? 1 : cellsPerLine), cells.size());
         const std::span line = std::span(cells).subspan(begin, end - begin);
         hasTable ? AddLineBelowTable(line) : AddLine(line);

@@ -26,15 +26,20 @@ struct RowItem {
 /// of the column.
 class FormRows {
 public:
-    /// The width of the grid: more columns than any row has.
-    static constexpr int columns = 20;
+    /// As many cells as a row of any form has.
+    static constexpr std::size_t mostCells = 6;
 
     /// A row with more than `theCellsPerLine` cells continues on the next line. If `theTextsHaveChecks`, a check
     /// box follows the text of some rows; the other rows with a text leave its place free, so that their fields
     /// line up.
     FormRows(QGridLayout& theGrid, std::size_t theCellsPerLine, bool theTextsHaveChecks)
-        : grid(theGrid), cellsPerLine(theCellsPerLine), textsHaveChecks(theTextsHaveChecks)
+        : grid(theGrid), cellsPerLine(theCellsPerLine), columns(2 * static_cast<int>(theCellsPerLine + 1)),
+          textsHaveChecks(theTextsHaveChecks)
     {}
+
+    /// The width of the grid: the columns of a full line, and of the place that it may leave free. The last cell of
+    /// a line spans all that remain, so each unused one would add its spacing to the width of the form.
+    int Columns() const { return columns; }
 
     /// Adds a row that is not part of a table.
     void Add(const std::vector<RowItem>& items);
@@ -53,6 +58,7 @@ private:
 
     QGridLayout& grid;
     std::size_t cellsPerLine;
+    int columns;
     bool textsHaveChecks;
     bool hasTable = false;
 };

@@ -25,7 +25,7 @@ namespace {
 /// so its lines can be longer.
 std::size_t CellsPerLine(const Form& form, Group group)
 {
-    constexpr std::size_t few = 2, many = FormRows::columns;
+    constexpr std::size_t few = 2, many = FormRows::mostCells;
     return HasTables(form) && group != Group::Page ? many : few;
 }
 
@@ -155,7 +155,7 @@ void FormView::AddGroup(const LaidGroup& laid, GroupBoxes groupBoxes)
     if (hasHeading && group == Group::Margins) {
         box->AddToHeading(MakeLinkButton());
     }
-    box->Fields().setColumnStretch(FormRows::columns - 1, 1);
+    box->Fields().setColumnStretch(lines.Columns() - 1, 1);
     lastRow = new QHBoxLayout;
     lastRow->addWidget(box);
     column->addLayout(lastRow);
