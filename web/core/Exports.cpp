@@ -30,11 +30,11 @@ __attribute__((export_name("linealis_ask"))) const std::uintptr_t* linealis_ask(
                                                                                 char* bytes, std::size_t count)
 {
     using namespace linealis::web;
-    static std::unique_ptr<Session> session;
+    static Conversation conversation;
     Answer answer;
     const linealis::Json json = linealis::Json::parse(request, request + length, nullptr, false);
     if (json.is_object()) {
-        answer = AnswerTo({json, {bytes, count}}, session);
+        answer = AnswerTo({json, {bytes, count}}, conversation);
     } else {
         answer.json["error"] = "the request is not JSON";
     }

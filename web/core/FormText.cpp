@@ -10,14 +10,16 @@ namespace {
 
 constexpr ReadoutParts lengthsOfRow{.hasLength = true};
 
-Json StateOf(const Form& form, Control& control)
+Json StateOf(const Form& form, Control& control, const Language& language)
 {
-    Json json = {{"value", ValueOf(control)}, {"caption", CaptionLines(control)}, {"enabled", control.IsEnabled()}};
+    Json json = {{"value", ValueOf(control)},
+                 {"caption", CaptionOf(control).In(language)},
+                 {"enabled", control.IsEnabled()}};
     if (control.Kind() == ControlKind::Text) {
         const auto& field = static_cast<const TextField&>(control);
-        json["hint"] = HintOf(field).English();
+        json["hint"] = HintOf(field).In(language);
         if (const Message remark = RemarkWithCaption(form, field); !remark.IsEmpty()) {
-            json["remark"] = remark.English();
+            json["remark"] = remark.In(language);
         }
     }
     if (control.Kind() == ControlKind::Popup || control.Kind() == ControlKind::Radio) {
@@ -28,7 +30,8 @@ Json StateOf(const Form& form, Control& control)
 
 }  // namespace
 
-FormText::FormText(const Form& theForm) : form(theForm), groups(LayoutOf(theForm))
+FormText::FormText(const Form& theForm, const Language& theLanguage)
+    : form(theForm), language(theLanguage), groups(LayoutOf(theForm))
 {
     for (const LaidGroup& group : groups) {
         for (const LaidRow& row : group.rows) {
@@ -50,20 +53,22 @@ Json FormText::DescribeControl(const LaidControl& place, std::size_t& readout) c
     Control& control = *place.control;
     Json json = {{"name", control.Name()}, {"type", TypeName(control.Kind())}};
     if (control.Kind() != ControlKind::Label) {
-        json["wholeName"] = WholeName(form, control).English();
+        json["wholeName"] = WholeName(form, control).In(language);
     }
     if (IsProse(control)) {
         json["isProse"] = true;
     }
     if (control.Kind() == ControlKind::Popup || control.Kind() == ControlKind::Radio) {
-        json["items"] = static_cast<const Choice&>(control).Items();
+        for (const std::string_view item : static_cast<const Choice&>(control).Items()) {
+            json["items"].push_back(Message::Listed(item).In(language));
+        }
     }
     if (place.hasCaption || control.Declared().captionAbove) {
         const Label* const label = control.CaptionLabel();
         json["captionOf"] = label == nullptr ? control.Name() : label->Name();
     }
     if (!place.rowName.empty()) {
-        json["rowName"] = place.rowName;
+        json["rowName"] = Message::Listed(place.rowName).In(language);
     }
     if (!place.readout.IsEmpty()) {
         json["readout"] = readout++;
@@ -88,7 +93,7 @@ Json FormText::DescribeRow(const LaidRow& row, std::size_t& readout) const
         json["isOfTable"] = true;
         json["readout"] = readout++;
         if (row.above != nullptr) {
-            json["copy"] = NameOfCopy(row).English();
+            json["copy"] = NameOfCopy(row).In(language);
         }
     }
     return json;
@@ -103,7 +108,7 @@ Json FormText::Description() const
         for (const LaidRow& row : group.rows) {
             rows.push_back(DescribeRow(row, readout));
         }
-        described.push_back({{"title", TitleOf(group.group).English()},
+        described.push_back({{"title", TitleOf(group.group).In(language)},
                              {"isMargins", group.group == Group::Margins},
                              {"isSpacing", group.group == Group::Spacing},
                              {"isFile", group.group == Group::File},
@@ -116,15 +121,15 @@ Json FormText::State(const Message& summary) const
 {
     Json controls = Json::object();
     for (Control* const control : form.Controls()) {
-        controls[std::string(control->Name())] = StateOf(form, *control);
+        controls[std::string(control->Name())] = StateOf(form, *control, language);
     }
     Json texts = Json::array();
     for (const ReadoutPlace& place : readouts) {
-        texts.push_back(ReadoutText(form, place.fields, place.parts).English());
+        texts.push_back(ReadoutText(form, place.fields, place.parts).In(language));
     }
     Json known = Json::array();
     for (const LaidGroup& group : groups) {
-        known.push_back((group.group == Group::Spacing ? summary : KnownOf(form, group.group)).English());
+        known.push_back((group.group == Group::Spacing ? summary : KnownOf(form, group.group)).In(language));
     }
     return {{"controls", std::move(controls)}, {"readouts", std::move(texts)}, {"known", std::move(known)}};
 }

@@ -8,11 +8,11 @@
 
 namespace linealis::web {
 
-/// Describes a form as JSON: once what stays, and after every change what may differ.
+/// Describes a form as JSON, in the language of the page: once what stays, and after every change what may differ.
 class FormText {
 public:
-    /// The form must outlive the description.
-    explicit FormText(const Form& theForm);
+    /// Form and language must outlive the description.
+    FormText(const Form& theForm, const Language& theLanguage);
     FormText(const FormText&) = delete;
     FormText& operator=(const FormText&) = delete;
 
@@ -37,6 +37,7 @@ private:
     Json DescribeControl(const LaidControl& place, std::size_t& readout) const;
 
     const Form& form;
+    const Language& language;
     std::vector<LaidGroup> groups;
     std::vector<ReadoutPlace> readouts;  ///< in form order
 };

@@ -12,7 +12,7 @@ constexpr std::size_t mostSteps = 500;
 
 }  // namespace
 
-void History::Commit(const std::string& name)
+void History::Commit(const Message& name)
 {
     std::vector<ControlState> now = form.State();
     if (now == last) {
@@ -29,12 +29,12 @@ void History::Commit(const std::string& name)
 
 void History::CommitChangeOf(const Control& control)
 {
-    Commit(ChangeWords(form, control, last.at(form.PlaceOf(control))).English());
+    Commit(ChangeWords(form, control, last.at(form.PlaceOf(control))));
 }
 
-std::string History::Undo()
+Message History::Undo()
 {
-    Commit("Change");
+    Commit(Message("Change"));
     if (done == 0) {
         return {};
     }
@@ -44,9 +44,9 @@ std::string History::Undo()
     return step.name;
 }
 
-std::string History::Redo()
+Message History::Redo()
 {
-    Commit("Change");
+    Commit(Message("Change"));
     if (done == steps.size()) {
         return {};
     }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "pipeline/form/Form.h"
+#include "text/Message.h"
 
-#include <string>
 #include <vector>
 
 namespace linealis::web {
@@ -14,24 +14,24 @@ public:
     explicit History(Form& theForm) : form(theForm), last(theForm.State()) {}
 
     /// Makes a step from all changes since the last one. Does nothing if there are none.
-    void Commit(const std::string& name);
+    void Commit(const Message& name);
     /// Makes a step named after the change of a control.
     void CommitChangeOf(const Control& control);
 
     /// Reverts the last step and returns its name; empty if there is none. What is not yet a step becomes one
     /// first.
-    std::string Undo();
+    Message Undo();
     /// Repeats the step that was reverted last and returns its name; empty if there is none.
-    std::string Redo();
+    Message Redo();
 
     /// Returns the name of the step that Undo or Redo would take; empty if there is none.
-    std::string UndoName() const { return done > 0 ? steps[done - 1].name : ""; }
-    std::string RedoName() const { return done < steps.size() ? steps[done].name : ""; }
+    Message UndoName() const { return done > 0 ? steps[done - 1].name : Message(); }
+    Message RedoName() const { return done < steps.size() ? steps[done].name : Message(); }
     bool HasChange() const { return form.State() != last; }
 
 private:
     struct Step {
-        std::string name;
+        Message name;
         std::vector<ControlState> before;
     };
 

@@ -7,6 +7,7 @@
 #include "pdf/PageHit.h"
 #include "pdf/StandardFonts.h"
 #include "pipeline/form/FieldWords.h"
+#include "pipeline/page/PageWords.h"
 
 #include <utility>
 
@@ -44,9 +45,9 @@ Answer DrawOnScreen(const Question& /*question*/, Session& session)
     answer.json["width"] = frame.paperWidth;
     answer.json["height"] = frame.paperHeight;
     answer.json["isInInches"] = frame.IsInInches();
-    answer.json["problem"] = damage.message.empty() || !session.Problem().empty()
-                                 ? session.Problem()
-                                 : "The page is damaged: " + damage.message;
+    answer.json["problem"] = session.Say(damage.message.empty() || !session.Problem().IsEmpty()
+                                             ? session.Problem()
+                                             : Message("The page is damaged: %1", damage.message));
     return answer;
 }
 
@@ -59,11 +60,11 @@ Answer CheckPage(const Question& /*question*/, Session& session)
     }
     const bool isLight = ContentOf(session) <= longestContentChecked;
     for (const PageWarning& warning : isLight ? WarningsOf(*page) : page->warnings) {
-        answer.json["warnings"].push_back({{"control", warning.control}, {"text", warning.text.English()}});
+        answer.json["warnings"].push_back({{"control", warning.control}, {"text", session.Say(warning.text)}});
     }
     if (const MarkerFile* const file = session.Markers()) {
         for (const Message& fault : MarkerFaults(*file)) {
-            answer.json["warnings"].push_back({{"control", "CheckBoxMarkers"}, {"text", fault.English()}});
+            answer.json["warnings"].push_back({{"control", "CheckBoxMarkers"}, {"text", session.Say(fault)}});
         }
     }
     return answer;
@@ -95,7 +96,7 @@ Answer ControlAt(const Question& question, Session& session)
                              {question.json.at("x"), question.json.at("y")}, question.json.at("reach"), turns);
     if (const Control* const control = role.empty() ? nullptr : GovernorOf(form, role)) {
         answer.json["control"] = control->Name();
-        answer.json["wholeName"] = WholeName(form, *control).English();
+        answer.json["wholeName"] = session.Say(WholeName(form, *control));
     }
     return answer;
 }
@@ -108,7 +109,7 @@ Answer WritePage(const Question& question, Session& session)
     }
     if (!format->carriesForm) {  // a file that carries the form has it as it was entered
         session.Window().form.WriteCorrections();
-        session.Steps().Commit("Generate");
+        session.Steps().Commit(Message("Generate"));
     }
     const DrawnPage page = session.Draw();
     const Json& now = question.json.at("now");
@@ -122,15 +123,16 @@ Answer WritePage(const Question& question, Session& session)
                    {"extension", format->name},
                    {"width", page.frame.paperWidth},
                    {"height", page.frame.paperHeight},
+                   {"paper", session.Say(PaperWords(page.frame))},
                    {"state", session.State()}};
     return answer;
 }
 
 Answer WriteSettings(const Question& /*question*/, Session& session)
 {
-    return {
-        {{"extension", session.Kind().settingsType.extension}, {"lost", session.Window().LostBySaving().English()}},
-        session.Window().SettingsBytes()};
+    return {{{"extension", session.Kind().settingsType.extension},
+             {"lost", session.Say(session.Window().LostBySaving())}},
+            session.Window().SettingsBytes()};
 }
 
 Answer WriteJson(const Question& /*question*/, Session& session)

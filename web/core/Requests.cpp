@@ -21,16 +21,17 @@ namespace {
 
 /// Thrown if a request cannot be fulfilled. The message is for the user.
 struct Refusal {
-    std::string message;
+    Message message;
 };
 
-std::string WordsOf(const UnknownInput& input)
+Message WordsOf(const UnknownInput& input)
 {
-    std::string words = "unknown " + input.what + " '" + input.given + "'; possible: ";
-    for (const std::string& possible : input.possible) {
-        words += (&possible == &input.possible.front() ? "" : ", ") + possible;
+    std::vector<Message> possible;
+    for (const std::string& one : input.possible) {
+        possible.push_back(Message::Verbatim(one));
     }
-    return words;
+    return Message("unknown %1 '%2'; possible: %3", input.what, input.given,
+                   Message::Joined(std::move(possible), ", "));
 }
 
 LocalTime TimeOf(const Question& question)
@@ -43,7 +44,7 @@ const PaperKind& KindNamed(const std::string& name)
 {
     const PaperKind* const kind = FindPaperKind(name);
     if (kind == nullptr) {
-        throw Refusal{"there is no kind of paper named '" + name + "'"};
+        throw Refusal{Message("there is no kind of paper named '%1'", name)};
     }
     return *kind;
 }
@@ -52,7 +53,7 @@ const Preset& PresetNamed(const std::string& id)
 {
     const Preset* const preset = FindPreset(id);
     if (preset == nullptr) {
-        throw Refusal{"there is no preset named '" + id + "'"};
+        throw Refusal{Message("there is no preset named '%1'", id)};
     }
     return *preset;
 }
@@ -60,11 +61,11 @@ const Preset& PresetNamed(const std::string& id)
 void LoadSettings(const std::string& name, std::string_view bytes, PaperWindow& window)
 {
     if (const std::error_code error = window.LayOver(BinaryStream::FromMemory(bytes))) {
-        throw Refusal{name + " could not be opened: " + error.message()};
+        throw Refusal{Message("%1 could not be opened: %2", name, error.message())};
     }
 }
 
-Answer Catalog(const Question& /*question*/, std::unique_ptr<Session>& /*session*/)
+Answer Catalog()
 {
     Answer answer;
     answer.json["version"] = versionText;
@@ -96,63 +97,59 @@ Answer Catalog(const Question& /*question*/, std::unique_ptr<Session>& /*session
 }
 
 /// Returns the paper that a form names, with the form laid over it.
-std::unique_ptr<Session> SessionOf(const FormFile& form, const LocalTime& now)
+std::unique_ptr<Session> SessionOf(const FormFile& form, const LocalTime& now, const Language& language)
 {
     if (form.kind.empty()) {
-        throw Refusal{form.name + " names no kind of paper"};
+        throw Refusal{Message("%1: names no kind of paper", form.name)};
     }
-    auto opened = std::make_unique<Session>(KindNamed(form.kind), now);
+    auto opened = std::make_unique<Session>(KindNamed(form.kind), now, language);
     LayOver(form, opened->Kind(), opened->Window().form);
     return opened;
 }
 
 /// Opens another paper: of a kind, a preset, a link, a settings file, or a file that carries a form. A paper that
 /// is open stays if that fails.
-Answer Open(const Question& question, std::unique_ptr<Session>& session)
+Answer Open(const Question& question, Conversation& conversation)
 {
+    const Language& language = conversation.language;
     const LocalTime now = TimeOf(question);
     const std::string file = question.Text("file"), preset = question.Text("preset"), link = question.Text("link");
     std::unique_ptr<Session> opened;
     if (!preset.empty()) {
         ScreenlessPlatform platform;
         const Preset& chosen = PresetNamed(preset);
-        opened = std::make_unique<Session>(KindOf(chosen), now);
+        opened = std::make_unique<Session>(KindOf(chosen), now, language);
         LayOver(chosen, opened->Window(), platform);
     } else if (!link.empty()) {
-        opened = SessionOf(ParseLink(link), now);
+        opened = SessionOf(ParseLink(link), now, language);
     } else if (const PaperKind* const kind = FindPaperKindOf(file); !file.empty() && kind != nullptr) {
-        opened = std::make_unique<Session>(*kind, now);
+        opened = std::make_unique<Session>(*kind, now, language);
         LoadSettings(file, question.bytes, opened->Window());
         opened->Window().form.StaticFileName.SetCaption({});  // the page has no output file
     } else if (!file.empty()) {
-        opened = SessionOf(ParseForm(file, question.bytes), now);
+        opened = SessionOf(ParseForm(file, question.bytes), now, language);
     } else {
-        opened = std::make_unique<Session>(KindNamed(question.Text("kind")), now);
+        opened = std::make_unique<Session>(KindNamed(question.Text("kind")), now, language);
         if (question.json.value("isMetric", false)) {
             SetControl({}, opened->Window().form, {"PopupPaperSize", "A4"});
             SetControl({}, opened->Window().form, {"PopupUnits", "cm"});
         }
     }
     opened->BeginHistory();
-    session = std::move(opened);
-    Answer answer;
-    PaperWindow& window = session->Window();
-    answer.json = {{"kind", session->Kind().name},
-                   {"title", session->Kind().galleryTitle},
-                   {"extension", session->Kind().settingsType.extension},
-                   {"hasMarkers", session->Kind().hasMarkers},
-                   {"hasWizard", window.GetWizard() != nullptr},
-                   {"hasRange", window.GetRangeWizard() != nullptr},
-                   {"form", session->Text().Description()},
-                   {"state", session->State()}};
-    return answer;
+    conversation.session = std::move(opened);
+    return {conversation.session->Description()};
+}
+
+Answer Describe(const Question& /*question*/, Session& session)
+{
+    return {session.Description()};
 }
 
 Control& ControlOf(const Question& question, const Form& form)
 {
     Control* const control = form.Find(question.Text("control"));
     if (control == nullptr || control->Kind() == ControlKind::Label) {
-        throw Refusal{"there is no control named '" + question.Text("control") + "'"};
+        throw Refusal{Message("there is no control named '%1'", question.Text("control"))};
     }
     return *control;
 }
@@ -203,38 +200,39 @@ Answer Set(const Question& question, Session& session)
 
 Answer LayPresetOver(const Question& question, Session& session)
 {
-    session.Steps().Commit("Change");
+    session.Steps().Commit(Message("Change"));
     if (const std::string id = question.Text("preset"); !id.empty()) {
         const Preset& preset = PresetNamed(id);
         if (preset.kind != session.Kind().name) {
-            throw Refusal{"the preset is of another kind of paper"};
+            throw Refusal{Message("the preset is of another kind of paper")};
         }
         ScreenlessPlatform platform;
         LayOver(preset, session.Window(), platform);
+        session.Steps().Commit(Message::Listed(preset.title));
     } else {
         LoadSettings(question.Text("name"), question.bytes, session.Window());
+        session.Steps().Commit(Message::Verbatim(question.Text("name")));
     }
-    session.Steps().Commit(question.Text("name"));
     return {{{"state", session.State()}}};
 }
 
 Answer Undo(const Question& /*question*/, Session& session)
 {
-    std::string name = session.Steps().Undo();
-    return {{{"step", std::move(name)}, {"state", session.State()}}};
+    const Message name = session.Steps().Undo();
+    return {{{"step", session.Say(name)}, {"state", session.State()}}};
 }
 
 Answer Redo(const Question& /*question*/, Session& session)
 {
-    std::string name = session.Steps().Redo();
-    return {{{"step", std::move(name)}, {"state", session.State()}}};
+    const Message name = session.Steps().Redo();
+    return {{{"step", session.Say(name)}, {"state", session.State()}}};
 }
 
 Answer Reset(const Question& question, Session& session)
 {
-    session.Steps().Commit("Change");
-    session.Window().form.Restore(Session(session.Kind(), TimeOf(question)).Window().form.State());
-    session.Steps().Commit("Reset");
+    session.Steps().Commit(Message("Change"));
+    session.Window().form.Restore(Session(session.Kind(), TimeOf(question), Language()).Window().form.State());
+    session.Steps().Commit(Message("Reset"));
     return {{{"state", session.State()}}};
 }
 
@@ -242,9 +240,9 @@ Answer CopyRow(const Question& question, Session& session)
 {
     if (const LaidRow* const row = session.Text().RowOf(question.Text("control"));
         row != nullptr && row->above != nullptr) {
-        session.Steps().Commit("Change");
+        session.Steps().Commit(Message("Change"));
         CopyFromAbove(session.Window().form, *row);
-        session.Steps().Commit(NameOfCopy(*row).English());
+        session.Steps().Commit(NameOfCopy(*row));
     }
     return {{{"state", session.State()}}};
 }
@@ -260,11 +258,11 @@ Answer UseMarkers(const Question& question, Session& session)
 {
     const MarkerFile file(question.Text("name"), std::string(question.bytes));
     if (!file.Error().IsEmpty()) {
-        throw Refusal{Message("%1, so no markers are drawn", file.Error()).English()};
+        throw Refusal{Message("%1, so no markers are drawn", file.Error())};
     }
-    session.Steps().Commit("Change");
+    session.Steps().Commit(Message("Change"));
     session.UseMarkers(file);
-    session.Steps().Commit("Markers");
+    session.Steps().Commit(Message("Markers from %1", question.Text("name")));
     return {{{"state", session.State()}}};
 }
 
@@ -274,7 +272,7 @@ Wizard& DialogOf(const Question& question, Session& session)
     const bool isRange = question.Text("dialog") == "range";
     Wizard* const wizard = isRange ? session.Window().GetRangeWizard() : session.Window().GetWizard();
     if (wizard == nullptr) {
-        throw Refusal{"this paper has no such dialog"};
+        throw Refusal{Message("this paper has no such dialog")};
     }
     return *wizard;
 }
@@ -284,8 +282,8 @@ Answer StateOfDialog(const Question& question, Session& session, const FormText&
     Answer answer{{{"state", text.State({})}}};
     if (question.Text("dialog") == "range") {
         const RangeWizard& range = *session.Window().GetRangeWizard();
-        answer.json["problem"] = range.Problem().English();
-        answer.json["outcome"] = range.Problem().IsEmpty() ? range.Outcome().English() : "";
+        answer.json["problem"] = session.Say(range.Problem());
+        answer.json["outcome"] = range.Problem().IsEmpty() ? session.Say(range.Outcome()) : "";
     }
     return answer;
 }
@@ -296,7 +294,7 @@ Answer OpenDialog(const Question& question, Session& session)
     if (question.Text("dialog") == "range") {
         session.Window().GetRangeWizard()->Begin();
     }
-    const FormText text(wizard.Fields());
+    const FormText text(wizard.Fields(), session.LanguageOfPage());
     Answer answer = StateOfDialog(question, session, text);
     answer.json["form"] = text.Description();
     return answer;
@@ -312,14 +310,15 @@ Answer SetInDialog(const Question& question, Session& session)
     if (question.json.value("finish", false)) {
         FinishEntry(control, form);
     }
-    return StateOfDialog(question, session, FormText(form));
+    return StateOfDialog(question, session, FormText(form, session.LanguageOfPage()));
 }
 
 Answer AcceptDialog(const Question& question, Session& session)
 {
-    session.Steps().Commit("Change");
+    session.Steps().Commit(Message("Change"));
     DialogOf(question, session).PushButton1_Action();
-    session.Steps().Commit(question.Text("name"));
+    session.Steps().Commit(question.Text("dialog") == "range" ? Message("From Data Range")
+                                                              : Message("Easy Graph Wizard"));
     return {{{"state", session.State()}}};
 }
 
@@ -329,6 +328,7 @@ struct Request {
 };
 
 constexpr auto requests = std::to_array<Request>({
+    {"describe", Describe},
     {"set", Set},
     {"layOver", LayPresetOver},
     {"undo", Undo},
@@ -350,42 +350,46 @@ constexpr auto requests = std::to_array<Request>({
     {"link", WriteLink},
 });
 
-Answer Dispatch(const Question& question, std::unique_ptr<Session>& session)
+Answer Dispatch(const Question& question, Conversation& conversation)
 {
     const std::string name = question.Text("do");
     if (name == "catalog") {
-        return Catalog(question, session);
+        return Catalog();
+    }
+    if (name == "language") {
+        conversation.language.Become(question.json);
+        return {};
     }
     if (name == "open") {
-        return Open(question, session);
+        return Open(question, conversation);
     }
     const auto* const found = std::find_if(requests.begin(), requests.end(),
                                            [&](const Request& request) { return request.name == name; });
-    if (found == requests.end() || session == nullptr) {
-        throw Refusal{"the page asked for '" + name + "', which is not possible now"};
+    if (found == requests.end() || conversation.session == nullptr) {
+        throw Refusal{Message("the page asked for '%1', which is not possible now", name)};
     }
-    return found->answer(question, *session);
+    return found->answer(question, *conversation.session);
 }
 
 }  // namespace
 
-Answer AnswerTo(const Question& question, std::unique_ptr<Session>& session)
+Answer AnswerTo(const Question& question, Conversation& conversation)
 {
-    const auto refuse = [](const std::string& why) { return Answer{{{"error", why}}}; };
+    const auto refuse = [&](const Message& why) { return Answer{{{"error", why.In(conversation.language)}}}; };
     try {
-        return Dispatch(question, session);
+        return Dispatch(question, conversation);
     } catch (const Refusal& refusal) {
         return refuse(refusal.message);
     } catch (const UnknownInput& input) {
         return refuse(WordsOf(input));
     } catch (const FormError& error) {
-        return refuse(error.message.English());
+        return refuse(error.message);
     } catch (const PageGivenUp& givenUp) {
-        return refuse(std::string(givenUp.reason.Text()));
+        return refuse(Message(givenUp.reason));
     } catch (const Json::exception& error) {
-        return refuse(error.what());
+        return refuse(Message::Verbatim(error.what()));
     } catch (const std::bad_alloc&) {
-        return refuse("there is not enough memory for the page, so it was abandoned");
+        return refuse(Message("there is not enough memory for the page, so it was abandoned"));
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/PageLanguage.h"
 #include "core/Session.h"
 
 #include <memory>
@@ -22,8 +23,13 @@ struct Answer {
     std::string bytes = {};
 };
 
-/// Answers the requests of the page. `session` is null until a paper is open. An answer with "error" says, for the
-/// user, why nothing was done.
-Answer AnswerTo(const Question& question, std::unique_ptr<Session>& session);
+/// What stays from one request to the next.
+struct Conversation {
+    PageLanguage language = {};
+    std::unique_ptr<Session> session = {};  ///< null until a paper is open; refers to the language
+};
+
+/// Answers the requests of the page. An answer with "error" says, for the user, why nothing was done.
+Answer AnswerTo(const Question& question, Conversation& conversation);
 
 }  // namespace linealis::web

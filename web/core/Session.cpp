@@ -17,9 +17,9 @@ std::unique_ptr<PaperWindow> NewWindow(const PaperKind& kind, ScreenlessPlatform
 
 }  // namespace
 
-Session::Session(const PaperKind& theKind, const LocalTime& now)
-    : kind(theKind), window(NewWindow(theKind, platform, now)), history(std::in_place, window->form),
-      text(window->form)
+Session::Session(const PaperKind& theKind, const LocalTime& now, const Language& theLanguage)
+    : kind(theKind), language(theLanguage), window(NewWindow(theKind, platform, now)),
+      history(std::in_place, window->form), text(window->form, theLanguage)
 {}
 
 PaperPage Session::Read()
@@ -45,18 +45,18 @@ DrawnPage Session::Draw()
 void Session::DrawForScreen()
 {
     drawn.reset();  // its memory is needed again
-    problem.clear();
+    problem = {};
     PaperPage page = Read();
     Turns turns([] {});
     MyPDFGenerator pdf(turns, mostContentShown);
     try {
         DrawContent(page, pdf, turns, Answers());
     } catch (const PageTooLarge&) {
-        problem = "The page is very large; only its beginning is shown";
+        problem = Message("The page is very large; only its beginning is shown");
     } catch (const PageGivenUp& givenUp) {
-        problem = givenUp.reason.Text();
+        problem = Message(givenUp.reason);
     } catch (const std::bad_alloc&) {
-        problem = "There is not enough memory to show the page";
+        problem = Message("There is not enough memory to show the page");
     }
     drawn.emplace(DrawnPage{std::move(page), pdf.TakeStream(), pdf.Roles()});
 }
@@ -69,14 +69,27 @@ void Session::UseMarkers(const MarkerFile& file)
     }
 }
 
+Json Session::Description()
+{
+    return {{"kind", kind.name},
+            {"title", Say(Message::Listed(kind.galleryTitle))},
+            {"extension", kind.settingsType.extension},
+            {"hasMarkers", kind.hasMarkers},
+            {"hasWizard", window->GetWizard() != nullptr},
+            {"hasRange", window->GetRangeWizard() != nullptr},
+            {"marginsAreLinked", marginsAreLinked},
+            {"form", text.Description()},
+            {"state", State()}};
+}
+
 Json Session::State()
 {
     const PaperPage page = Read();
     Json json = text.State(page.describe());
-    json["summary"] = PageSummary(kind, page).English();
-    json["undo"] = history->HasChange() ? "Change" : history->UndoName();
-    json["redo"] = history->RedoName();
-    json["lost"] = window->LostBySaving().English();
+    json["summary"] = Say(PageSummary(kind, page));
+    json["undo"] = Say(history->HasChange() ? Message("Change") : history->UndoName());
+    json["redo"] = Say(history->RedoName());
+    json["lost"] = Say(window->LostBySaving());
     return json;
 }
 

@@ -8,7 +8,6 @@
 
 #include <memory>
 #include <optional>
-#include <string>
 
 namespace linealis::web {
 
@@ -18,13 +17,16 @@ inline constexpr std::int64_t mostContentShown = std::int64_t{64} << 20U;
 /// The paper that the page in the browser shows, or one of its dialogs.
 class Session {
 public:
-    /// Opens a new form of the kind.
-    Session(const PaperKind& theKind, const LocalTime& now);
+    /// Opens a new form of the kind. The language must outlive the session.
+    Session(const PaperKind& theKind, const LocalTime& now, const Language& theLanguage);
 
     const PaperKind& Kind() const { return kind; }
     PaperWindow& Window() { return *window; }
     History& Steps() { return *history; }
     const FormText& Text() const { return text; }
+    const Language& LanguageOfPage() const { return language; }
+    /// Returns a message in the language of the page.
+    std::string Say(const Message& message) const { return message.In(language); }
 
     /// Forgets all steps, so that the form as it is now is where undo ends.
     void BeginHistory() { history.emplace(window->form); }
@@ -38,12 +40,14 @@ public:
     /// The page that was drawn last for the screen; null before the first one.
     const DrawnPage* Drawn() const { return drawn ? &*drawn : nullptr; }
     /// Why Drawn is not the whole page; empty if it is.
-    const std::string& Problem() const { return problem; }
+    const Message& Problem() const { return problem; }
 
     /// Uses the markers of a file and switches them on.
     void UseMarkers(const MarkerFile& file);
     const MarkerFile* Markers() const { return markers ? &*markers : nullptr; }
 
+    /// Returns the paper: its kind, its form, and what State returns.
+    Json Description();
     /// Returns what may have changed: the controls, readouts, summary and steps.
     Json State();
 
@@ -54,13 +58,14 @@ private:
     PageQuestions Answers() const;
 
     const PaperKind& kind;
+    const Language& language;
     ScreenlessPlatform platform;
     std::unique_ptr<PaperWindow> window;
     std::optional<History> history;
     FormText text;
     std::optional<MarkerFile> markers;
     std::optional<DrawnPage> drawn;
-    std::string problem;
+    Message problem;
 };
 
 }  // namespace linealis::web

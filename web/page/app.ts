@@ -5,13 +5,19 @@ import type { Bytes } from "./core.ts";
 import { byId, setText } from "./dom.ts";
 import { choose, read, takeDropped, type Chosen } from "./files.ts";
 import { Gallery, isMetric } from "./gallery.ts";
+import { label, languageBox } from "./labels.ts";
+import { codeFor, english, languageOf, numeral, speak, spoken, type Texts, tr } from "./language.ts";
 import { LivePage } from "./livepage.ts";
 import { PaperView } from "./paper.ts";
-import { allKept, type Kept } from "./store.ts";
+import { allKept, keepLanguage, keptLanguage, type Kept } from "./store.ts";
 import type { Catalog, Request } from "./words.ts";
 
 /** What the build puts into the page. `inlined` is null in a folder of files, and has everything in a single file. */
-declare const builtIn: { catalog: Catalog; inlined: { worker: string; core: string; pictures: Record<string, string> } | null };
+declare const builtIn: {
+    catalog: Catalog;
+    languages: { code: string; name: string }[];
+    inlined: { worker: string; core: string; pictures: Record<string, string>; texts: Record<string, Texts> } | null;
+};
 
 function bytesOf(base64: string): Bytes {
     return Uint8Array.from(atob(base64), (character) => character.charCodeAt(0));
@@ -51,7 +57,7 @@ const live = new LivePage(
         }, () => {});
     },
     (percent, isFit) => {
-        setText(byId("zoomText"), `${percent} %`);
+        setText(byId("zoomText"), tr("%1 %", numeral(percent)));
         byId("zoomFit").setAttribute("aria-pressed", String(isFit));
     },
 );
@@ -71,12 +77,12 @@ const client = new Client(sources(), {
         performance.mark("painted");
     },
     onWarnings: (warnings) => paper.showWarnings(warnings),
-    onFailed: (why) => paper.say(`The page could not be drawn: ${why}`),
+    onFailed: (why) => paper.say(tr("The page could not be drawn: %1", why)),
     onSlow: (isSlow) => void (byId("slow").hidden = !isSlow),
     newCanvas: () => live.newCanvas(),
 });
 
-const paper: PaperView = new PaperView(client, builtIn.catalog);
+const paper: PaperView = new PaperView(client, builtIn.catalog, newLanguageBox);
 
 const gallery = new Gallery(builtIn.catalog, (name) => builtIn.inlined?.pictures[name] ?? name, {
     onKind: (kind) => void openKind(kind.name),
@@ -93,6 +99,11 @@ function show(view: "gallery" | "paper"): void {
     } else {
         live.sendNow();
     }
+}
+
+function say(text: string): void {
+    setText(byId("galleryStatus"), text);
+    paper.say(text);
 }
 
 /** Opens a paper and shows it. Says in the gallery or the paper why it could not be opened. */
@@ -115,8 +126,7 @@ async function open(request: Omit<Request, "do">, bytes: Bytes | undefined, file
         if (paper.kind === "") {
             show("gallery");
         }
-        setText(byId("galleryStatus"), why.message);
-        paper.say(why.message);
+        say(why.message);
         return false;
     }
 }
@@ -165,6 +175,48 @@ async function follow(): Promise<void> {
     }
 }
 
+async function textsOf(code: string): Promise<Texts> {
+    const inlined = builtIn.inlined?.texts[code];
+    return code === "en" ? english : inlined ?? await (await fetch(`${code}.json`)).json() as Texts;
+}
+
+let chosenLanguage = ""; // code; empty for that of the browser
+
+/** Shows everything in a language, given by code, or in the one that the browser prefers. */
+async function useLanguage(chosen: string): Promise<void> {
+    chosenLanguage = chosen;
+    const wanted = navigator.languages;
+    const code = codeFor(chosen === "" ? wanted : [chosen], builtIn.languages.map((one) => one.code));
+    const texts = await textsOf(code).catch(() => null);
+    if (chosen !== chosenLanguage) {
+        return; // another one has been chosen since
+    }
+    if (texts) {
+        speak(languageOf(code, texts, wanted));
+        client.speak(spoken());
+    }
+    label();
+    const place = byId("galleryLanguage"), box = newLanguageBox();
+    const hasFocus = place.contains(document.activeElement);
+    place.replaceChildren(box);
+    if (hasFocus) {
+        box.focus();
+    }
+    gallery.fill();
+    await paper.translate();
+    if (!texts) {
+        say(tr("The texts of this language could not be loaded"));
+    }
+}
+
+function newLanguageBox(): HTMLElement {
+    return languageBox(builtIn.languages, chosenLanguage, (code) => {
+        void useLanguage(code)
+            .then(() => keepLanguage(code))
+            .catch(() => say(tr("The browser does not let this page keep anything")));
+    });
+}
+
 function listen(): void {
     byId("toGallery").addEventListener("click", () => {
         paper.finish();
@@ -184,7 +236,7 @@ function listen(): void {
     byId("zoomTrue").addEventListener("click", () => live.zoomToTrueSize());
     byId("stop").addEventListener("click", () => {
         client.stop();
-        paper.say("Stopped. The page will be drawn after the next change");
+        paper.say(tr("Stopped. The page will be drawn after the next change"));
     });
     for (const [id, isPage] of [["showForm", false], ["showPage", true]] as const) {
         byId(id).addEventListener("click", () => {
@@ -198,7 +250,9 @@ function listen(): void {
 }
 
 listen();
-void follow();
+void keptLanguage().then(useLanguage).then(follow);
 if (builtIn.inlined === null && "serviceWorker" in navigator) {
+    // The texts of the language may have been fetched before anything kept them.
+    navigator.serviceWorker.addEventListener("controllerchange", () => void textsOf(spoken().code));
     navigator.serviceWorker.register("service.js").catch(() => {}); // works online only
 }

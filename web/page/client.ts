@@ -2,6 +2,7 @@
 // works too long or has grown too large.
 
 import type { Bytes } from "./core.ts";
+import { english, type Language, tr } from "./language.ts";
 import type { Drawn, FromWorker, Paper, PaperState, Request, ToWorker, View, Warning } from "./words.ts";
 
 export interface Answered<Json> {
@@ -51,6 +52,7 @@ export class Client {
     private journal: Entry[] = [];
     private view: View | null = null;
     private lit = "";
+    private language = english;
     private slowTimer = 0;
     private isHeavy = false; // the worker has grown too large
 
@@ -101,6 +103,11 @@ export class Client {
         this.post({ type: "light", control });
     }
 
+    speak(language: Language): void {
+        this.language = language;
+        this.post({ type: "language", language });
+    }
+
     /** Ends what the worker does. The form and its steps stay; the page is drawn again after the next change. */
     stop(): void {
         this.restart();
@@ -116,6 +123,7 @@ export class Client {
         worker.onerror = (event) => this.listener.onFailed(event.message);
         const canvas = this.listener.newCanvas().transferControlToOffscreen();
         worker.postMessage({ type: "canvas", canvas } satisfies ToWorker, [canvas]);
+        worker.postMessage({ type: "language", language: this.language } satisfies ToWorker);
         void this.sources.module.then((module) => worker.postMessage({ type: "start", module } satisfies ToWorker));
         return worker;
     }
@@ -126,7 +134,7 @@ export class Client {
         this.worker.terminate();
         this.expectNothing();
         for (const { reject } of this.pending.values()) {
-            reject(new Refusal("stopped"));
+            reject(new Refusal(tr("Stopped. The page will be drawn after the next change")));
         }
         this.pending.clear();
         this.worker = this.start();

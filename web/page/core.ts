@@ -1,5 +1,7 @@
 // Loads the core, a WebAssembly module without a runtime of its own, and asks it.
 
+import { tr } from "./language.ts";
+
 export type Bytes = Uint8Array<ArrayBuffer>;
 
 /** What the core says to a request. `json` has "error", for the user, if nothing was done. */
@@ -58,7 +60,7 @@ export class Core {
         const places = [text, bytes].map((part) => {
             const place = this.exports.linealis_room(part.length);
             if (place === 0) {
-                throw new Error("there is not enough memory");
+                throw new Error(tr("there is not enough memory"));
             }
             new Uint8Array(this.exports.memory.buffer).set(part, place);
             return place;

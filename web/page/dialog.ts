@@ -1,6 +1,7 @@
 // The one dialog of the page, with different contents.
 
 import { byId, make } from "./dom.ts";
+import { tr } from "./language.ts";
 
 export interface DialogSetup {
     title: string;
@@ -19,7 +20,7 @@ export function showDialog(setup: DialogSetup): Promise<boolean> {
     byId("dialogTitle").textContent = setup.title;
     byId("dialogBody").replaceChildren(...setup.body);
     const cancel = byId("dialogCancel"); // submits nothing, so Return in a field accepts
-    cancel.textContent = setup.accept === undefined ? "Close" : "Cancel";
+    cancel.textContent = setup.accept === undefined ? tr("Close") : tr("Cancel");
     cancel.onclick = closeDialog;
     accept.textContent = setup.accept ?? "";
     accept.hidden = setup.accept === undefined;
@@ -42,7 +43,7 @@ export function closeDialog(): void {
 
 /** Asks for a name. Resolves with an empty text if the user cancels. */
 export async function askName(title: string, proposed: string): Promise<string> {
-    const field = make("input", { type: "text", class: "prose", "aria-label": "Name", maxlength: 80 });
+    const field = make("input", { type: "text", class: "prose", "aria-label": tr("Name"), maxlength: 80 });
     field.value = proposed;
-    return (await showDialog({ title, body: [field], accept: "Save" })) ? field.value.trim() : "";
+    return (await showDialog({ title, body: [field], accept: tr("Save") })) ? field.value.trim() : "";
 }

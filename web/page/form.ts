@@ -1,6 +1,7 @@
 // Builds a form from the core's description and keeps it up to date.
 
 import { button, make, setText } from "./dom.ts";
+import { tr } from "./language.ts";
 import type { Control, ControlState, Form, FormState, Group, Row } from "./words.ts";
 
 export interface FormEvents {
@@ -34,7 +35,8 @@ export class FormView {
     private readonly entered = new Set<string>();
     private state: FormState | null = null;
 
-    constructor(private readonly form: Form, private readonly events: FormEvents, private readonly prefix: string) {
+    constructor(private readonly form: Form, private readonly events: FormEvents, private readonly prefix: string,
+        private readonly marginsAreLinked = false) {
         this.element.classList.toggle("wide", form.hasTables);
         for (const group of form.groups) {
             this.element.append(this.group(group));
@@ -112,7 +114,7 @@ export class FormView {
     private group(group: Group): HTMLElement {
         const said = make("span", { class: "said", role: "status" });
         this.saids.push(said);
-        const title = group.title.replace(/:$/, "");
+        const title = group.title.replace(/\s*[:：]$/, "");
         const section = make("section", { class: "group", "aria-label": title });
         const heading = make("div", { class: "heading" }, make("h2", {}, title));
         if (group.isMargins) {
@@ -140,11 +142,11 @@ export class FormView {
     }
 
     private linkButton(): HTMLElement {
-        const linked = button("Link", () => {
+        const linked = button(tr("Link"), () => {
             const isOn = linked.getAttribute("aria-pressed") !== "true";
             linked.setAttribute("aria-pressed", String(isOn));
             this.events.onLinkMargins(isOn);
-        }, { class: "quiet", id: `${this.prefix}LinkMargins`, "aria-pressed": "false", title: "Keep all four margins equal" });
+        }, { class: "quiet", id: `${this.prefix}LinkMargins`, "aria-pressed": String(this.marginsAreLinked), title: tr("Keep all four margins equal") });
         return linked;
     }
 
@@ -256,7 +258,7 @@ export class FormView {
                 return this.color(control);
             case "label": {
                 const label = make("span", { class: "label" });
-                return { field: label, set: ({ value }) => setText(label, value.replace("\r", "\n")) };
+                return { field: label, set: ({ caption }) => setText(label, caption) };
             }
         }
     }

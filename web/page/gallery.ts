@@ -1,6 +1,7 @@
 // The gallery: all kinds of paper, the presets, and a search over both.
 
 import { button, byId, make, setText } from "./dom.ts";
+import { listed, plural, tr } from "./language.ts";
 import type { Kept } from "./store.ts";
 import type { Catalog, Kind, Preset } from "./words.ts";
 
@@ -30,9 +31,9 @@ export function presetGroups(order: string[], presets: Preset[], onPreset: (pres
         }
     }
     return order.filter((group) => groups.has(group)).flatMap((group) => [
-        make("h2", {}, group),
+        make("h2", {}, listed(group)),
         make("div", { class: "presetList" }, ...groups.get(group)!.map((preset) =>
-            button(preset.title, () => onPreset(preset), { "data-preset": preset.id }))),
+            button(listed(preset.title), () => onPreset(preset), { "data-preset": preset.id }))),
     ]);
 }
 
@@ -47,7 +48,6 @@ export class Gallery {
                 byId("tiles").querySelector<HTMLElement>("button")?.click();
             }
         });
-        this.fill();
     }
 
     /** Shows the user's presets. Leaves everything in its place if they are the same as before. */
@@ -56,28 +56,29 @@ export class Gallery {
         const namesOf = (list: Kept[]) => list.map(({ kind, name }) => `${kind}/${name}`).join("\n");
         const isNew = namesOf(presets) !== namesOf(this.own);
         this.own = presets;
-        if (isNew) {
+        if (isNew || byId("tiles").childElementCount === 0) {
             this.fill();
         }
     }
 
     private say(found: number): void {
         const words = byId<HTMLInputElement>("search").value.trim();
-        setText(byId("galleryStatus"), words === "" ? "" : found === 0 ? `Nothing is named “${words}”` : `${found} found`);
+        setText(byId("galleryStatus"), words === "" ? "" : found === 0 ? tr("Nothing is named “%1”", words)
+            : plural("%1 result", "%1 results", found, String(found)));
     }
 
     /** Shows what the search finds, and returns how much that is. */
-    private fill(): number {
+    fill(): number {
         const words = byId<HTMLInputElement>("search").value.trim();
         const { catalog, events } = this;
         const titleOf = (kind: string) => catalog.kinds.find(({ name }) => name === kind)?.title ?? "";
-        const kinds = catalog.kinds.filter(({ title, galleryTitle }) => matches(words, title, galleryTitle));
+        const kinds = catalog.kinds.filter(({ title, galleryTitle }) => matches(words, title, galleryTitle, listed(title), listed(galleryTitle)));
         const presets = catalog.presets.filter(({ title, keywords, kind, group }) =>
-            matches(words, title, keywords, titleOf(kind), group));
-        const own = this.own.filter(({ name, kind }) => matches(words, name, titleOf(kind)));
+            matches(words, title, keywords, titleOf(kind), group, listed(title), listed(titleOf(kind)), listed(group)));
+        const own = this.own.filter(({ name, kind }) => matches(words, name, titleOf(kind), listed(titleOf(kind))));
         byId("tiles").replaceChildren(
             ...(kinds.length > 0 ? [make("div", { class: "kinds" }, ...kinds.map((kind) => this.tile(kind)))] : []),
-            ...(own.length > 0 ? [make("h2", {}, "Yours"), make("div", { class: "presetList" },
+            ...(own.length > 0 ? [make("h2", {}, tr("Yours")), make("div", { class: "presetList" },
                 ...own.map((one) => button(one.name, () => events.onOwn(one))))] : []),
             ...presetGroups(catalog.groups, presets, (preset) => events.onPreset(preset)),
         );
@@ -86,7 +87,7 @@ export class Gallery {
 
     private tile(kind: Kind): HTMLElement {
         const tile = button("", () => this.events.onKind(kind), { "data-kind": kind.name });
-        tile.append(make("img", { src: this.picture(kind.picture), alt: "", width: 78, height: 101 }), kind.galleryTitle);
+        tile.append(make("img", { src: this.picture(kind.picture), alt: "", width: 78, height: 101 }), listed(kind.galleryTitle));
         return tile;
     }
 }

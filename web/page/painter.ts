@@ -1,6 +1,7 @@
 // Paints the display list of a page on a canvas: true widths, but a line thinner than a pixel keeps one pixel and loses
 // opacity instead, so that no line is lost and the page is as dark as in print.
 
+import { numeral, tr } from "./language.ts";
 import type { Font, View } from "./words.ts";
 
 export interface DisplayList {
@@ -275,13 +276,13 @@ export function paintRulers(context: Context, view: View, isInInches: boolean): 
             context.fillRect(isUpright ? rulerWidth - size : place, isUpright ? place : rulerWidth - size,
                 isUpright ? size : 1, isUpright ? 1 : size);
             if (isNamed) {
-                context.fillText(String(tick / parts), isUpright ? 2 : place + 3, isUpright ? place + 10 : 10);
+                context.fillText(numeral(tick / parts), isUpright ? 2 : place + 3, isUpright ? place + 10 : 10);
             }
         }
     }
     context.fillStyle = view.isDark ? "#22252b" : "#f4f5f7";
     context.fillRect(0, 0, rulerWidth, rulerWidth);
     context.fillStyle = ink;
-    context.fillText(isInInches ? "in" : "cm", 4, 14);
+    context.fillText(isInInches ? tr("in") : tr("cm"), 4, 14);
     context.restore();
 }

@@ -8,16 +8,16 @@ import { button, byId, make, setText } from "./dom.ts";
 import { choose, download, printSvg, type Chosen } from "./files.ts";
 import { FormView } from "./form.ts";
 import { presetGroups } from "./gallery.ts";
+import { listed, numeral, plural, tr } from "./language.ts";
 import { allKept, forget, keep, type Kept } from "./store.ts";
 import type { Catalog, Dialog, Paper, PaperState, Warning } from "./words.ts";
 
 const millisecondsBeforeKeeping = 600;
 const dotsPerInchOfPictures = 300;
-const titlesOfDialogs = { wizard: "Easy Graph Wizard", range: "Range of Data" };
 
-/** Says which fields of a form are not kept. */
-function except(lost: string | undefined): string {
-    return lost ? `, except for ${lost}` : "";
+/** Adds which fields of a form are not kept. */
+function except(said: string, lost: string | undefined): string {
+    return lost ? tr("%1, except for %2", said, lost) : said;
 }
 
 interface Written {
@@ -25,6 +25,7 @@ interface Written {
     extension: string;
     width: number;
     height: number;
+    paper: string;
 }
 
 export class PaperView {
@@ -34,7 +35,7 @@ export class PaperView {
     private fileName = "";
     private keepTimer = 0;
 
-    constructor(private readonly client: Client, private readonly catalog: Catalog) {
+    constructor(private readonly client: Client, private readonly catalog: Catalog, private readonly languageBox: () => HTMLElement) {
         byId("undo").addEventListener("click", () => this.step("undo"));
         byId("redo").addEventListener("click", () => this.step("redo"));
         byId("generate").addEventListener("click", () => this.generate());
@@ -69,12 +70,12 @@ export class PaperView {
             onCopy: (control) => this.change({ do: "copyRow", control }),
             onLinkMargins: (isOn) => this.change({ do: "linkMargins", isOn }),
             onFocus: (control) => this.client.light(control),
-        }, "control-");
+        }, "control-", paper.marginsAreLinked);
         byId("form").replaceChildren(this.form.element);
         byId("helpers").replaceChildren(
-            ...(paper.hasRange ? [button("Range of Data…", () => this.dialog("range"), { id: "range" })] : []),
-            ...(paper.hasWizard ? [button("Wizard…", () => this.dialog("wizard"), { id: "wizard" })] : []),
-            ...(paper.hasMarkers ? [button("Markers…", () => this.markers(), { id: "markers" })] : []),
+            ...(paper.hasRange ? [button(tr("From Data Range..."), () => this.dialog("range"), { id: "range" })] : []),
+            ...(paper.hasWizard ? [button(tr("%1...", tr("Easy Graph Wizard")), () => this.dialog("wizard"), { id: "wizard" })] : []),
+            ...(paper.hasMarkers ? [button(tr("Choose a marker file"), () => this.markers(), { id: "markers" })] : []),
         );
         setText(byId("title"), paper.title);
         document.title = `${paper.title} – Linealis`;
@@ -85,25 +86,36 @@ export class PaperView {
         this.update(paper.state);
     }
 
+    /** Shows the same form in the language that the core now speaks. */
+    async translate(): Promise<void> {
+        if (this.paper) {
+            const described = await this.ask<Paper>({ do: "describe" });
+            if (described) {
+                this.show(described.json, this.fileName);
+            }
+        }
+    }
+
     update(state: PaperState): void {
         this.state = state;
         this.form?.update(state);
-        const say = (id: string, verb: string, step: string) => {
+        const say = (id: string, step: string, words: string) => {
             const one = byId<HTMLButtonElement>(id);
             one.disabled = step === "";
-            one.title = step === "" ? verb : `${verb}: ${step}`;
-            one.setAttribute("aria-label", one.title);
+            one.title = words;
+            one.setAttribute("aria-label", words);
         };
-        say("undo", "Undo", state.undo);
-        say("redo", "Redo", state.redo);
-        byId("pane").setAttribute("aria-label", `Page: ${state.summary}`);
+        say("undo", state.undo, state.undo === "" ? tr("Undo") : tr("Undo: %1", state.undo));
+        say("redo", state.redo, state.redo === "" ? tr("Redo") : tr("Redo: %1", state.redo));
+        byId("pane").setAttribute("aria-label", tr("%1: %2", tr("Page"), state.summary));
         window.clearTimeout(this.keepTimer);
         this.keepTimer = window.setTimeout(() => void this.keepLeft(), millisecondsBeforeKeeping);
     }
 
     showWarnings(warnings: Warning[]): void {
         byId("checks").hidden = warnings.length === 0;
-        setText(byId("checkCount"), warnings.length === 1 ? "1 thing to check" : `${warnings.length} things to check`);
+        setText(byId("checkCount"), plural("%1 thing to check", "%1 things to check", warnings.length,
+            numeral(warnings.length)));
         byId("checkItems").replaceChildren(...warnings.map(({ control, text }) =>
             button(text, () => this.focus(control))));
     }
@@ -146,7 +158,7 @@ export class PaperView {
         this.finish();
         const answered = await this.ask<{ step: string }>({ do: name });
         if (answered?.json.step) {
-            this.say(`${name === "undo" ? "Undid" : "Redid"}: ${answered.json.step}`);
+            this.say(name === "undo" ? tr("Undid: %1", answered.json.step) : tr("Redid: %1", answered.json.step));
         }
     }
 
@@ -182,7 +194,7 @@ export class PaperView {
         if (written) {
             const name = `${this.baseName}.${written.json.extension}`;
             download(written.bytes, name, written.json.type);
-            this.say(`Made ${name}, ${this.state!.summary}`);
+            this.say(tr("Wrote %1, %2", name, this.state!.summary));
         }
     }
 
@@ -191,9 +203,9 @@ export class PaperView {
         try {
             const { bytes } = await this.client.picture(dotsPerInchOfPictures);
             download(bytes, `${this.baseName}.png`, "image/png");
-            this.say(`Made ${this.baseName}.png, ${dotsPerInchOfPictures} dots per inch`);
+            this.say(tr("Wrote %1, %2", `${this.baseName}.png`, dotsPerInchOfPictures + tr(" dpi")));
         } catch (why) {
-            this.say(why instanceof Refusal ? why.message : "The picture could not be made");
+            this.say(why instanceof Refusal ? why.message : tr("%1 was not written", `${this.baseName}.png`));
         }
     }
 
@@ -209,15 +221,15 @@ export class PaperView {
         if (!written) {
             return;
         }
-        const { width, height } = written.json;
-        const millimeters = (points: number) => Math.round((points * 25.4) / 72);
+        const { width, height, paper } = written.json;
+        const millimeters = (points: number) => numeral(Math.round((points * 25.4) / 72));
         const isWanted = await showDialog({
-            title: "Print at true size",
-            body: [make("p", {}, "Choose in the browser's print dialog:"), make("ul", {},
-                make("li", {}, `Paper size: ${this.state!.summary.split(", ")[1] ?? ""} (${millimeters(width)} by ${millimeters(height)} mm)`),
-                make("li", {}, "Scale: 100 % or “Default”, not “Fit to page”"),
-                make("li", {}, "Margins: none, and no headers and footers"))],
-            accept: "Print…",
+            title: tr("Print the page at its true size"),
+            body: [make("p", {}, tr("Choose in the browser's print dialog:")), make("ul", {},
+                make("li", {}, tr("Paper size: %1 (%2)", paper, tr("%1 × %2 mm", millimeters(width), millimeters(height)))),
+                make("li", {}, tr("Scale: 100 % or “Default”, not “Fit to page”")),
+                make("li", {}, tr("Margins: none, and no headers and footers")))],
+            accept: tr("Print..."),
         });
         if (isWanted) {
             await printSvg(written.bytes, width, height);
@@ -230,31 +242,32 @@ export class PaperView {
             const own = kept.filter(({ kind, sort }) => kind === this.kind && sort === "preset");
             const groups = presetGroups(this.catalog.groups, presets, (preset) => {
                 closeDialog();
-                this.layOver({ preset: preset.id }, preset.title);
+                this.layOver({ preset: preset.id }, listed(preset.title));
             });
-            const mine = own.length === 0 ? [] : [make("h2", {}, "Yours"),
+            const mine = own.length === 0 ? [] : [make("h2", {}, tr("Yours")),
                 make("div", { class: "presetList" }, ...own.flatMap((one) => this.ownPreset(one)))];
-            void showDialog({ title: "Presets", body: [...mine, ...groups] });
+            void showDialog({ title: tr("Presets"), body: [...mine, ...groups] });
         });
     }
 
     private ownPreset(own: Kept): HTMLElement[] {
+        const toDelete = tr("%1: %2", tr("Delete Preset"), own.name);
         return [
             button(own.name, () => {
                 closeDialog();
                 this.layOver({}, own.name, own);
             }),
             button("✕", () => void forget(own).then(() => this.choosePreset()),
-                { class: "quiet", "aria-label": `Delete ${own.name}`, title: `Delete ${own.name}` }),
+                { class: "quiet", "aria-label": toDelete, title: toDelete }),
         ];
     }
 
     /** Loads a preset or a form that the browser has kept into the form, as one step. */
-    private layOver(what: { preset?: string }, name: string, kept?: Kept): void {
+    private layOver(what: { preset?: string }, name: string, kept?: Kept, said = tr("The form is now %1", name)): void {
         this.finish();
         void this.ask({ do: "layOver", name, ...what }, kept?.bytes).then((answered) => {
             if (answered) {
-                this.say(`The form is now ${name}${except(kept?.lost)}`);
+                this.say(except(said, kept?.lost));
             }
         });
     }
@@ -269,7 +282,7 @@ export class PaperView {
         if (made) {
             const name = `${this.baseName}.${made.json.extension}`;
             download(made.bytes, name, "application/octet-stream");
-            this.say(made.json.lost === "" ? `Saved ${name}` : `${name} does not store ${made.json.lost}`);
+            this.say(made.json.lost === "" ? tr("Wrote %1", name) : tr("%1 does not store %2", name, made.json.lost));
         }
     }
 
@@ -283,9 +296,9 @@ export class PaperView {
         const { bytes, json: { lost } } = made;
         try {
             await keep({ kind, extension, name, sort, bytes, lost });
-            this.say(done + except(lost));
+            this.say(except(done, lost));
         } catch {
-            this.say("The browser does not let this page keep anything");
+            this.say(tr("The browser does not let this page keep anything"));
         }
     }
 
@@ -302,18 +315,18 @@ export class PaperView {
     }
 
     private async savePreset(): Promise<void> {
-        const name = await askName("Save as preset", "");
+        const name = await askName(tr("Save as Preset"), "");
         if (name !== "") {
-            await this.keepAs("preset", name, `Saved the preset ${name}`);
+            await this.keepAs("preset", name, tr("Saved as the preset %1", name));
         }
     }
 
     private async bringBack(): Promise<void> {
         const left = (await allKept()).find(({ sort, kind }) => sort === "left" && kind === this.kind);
         if (left) {
-            this.layOver({}, "the form as you left it", left);
+            this.layOver({}, tr("As I Left It"), left, tr("The form is back as you last left it"));
         } else {
-            this.say("Nothing of this paper has been kept");
+            this.say(tr("Nothing of this paper has been kept"));
         }
     }
 
@@ -327,35 +340,37 @@ export class PaperView {
         history.replaceState(null, "", `#${made.json.link}`);
         try {
             await navigator.clipboard.writeText(address);
-            this.say("Copied a link to this form");
+            this.say(tr("Copied a link to this form"));
         } catch {
-            this.say("The address of this page is now a link to this form");
+            this.say(tr("The address of this page is now a link to this form"));
         }
     }
 
     private fillMenu(): void {
         const item = (text: string, action: () => unknown, id: string) => button(text, () => void action(), { id });
         byId("menuItems").replaceChildren(
-            item("Open a file…", () => byId("openFromGallery").click(), "open"),
-            item("Save as settings file", () => this.saveSettings(), "saveSettings"),
-            item("Copy link", () => this.copyLink(), "copyLink"),
+            item(tr("Open..."), () => byId("openFromGallery").click(), "open"),
+            item(tr("Save Settings"), () => this.saveSettings(), "saveSettings"),
+            item(tr("Copy Link"), () => this.copyLink(), "copyLink"),
             make("hr"),
-            item("Save page as SVG", () => this.generate("svg"), "saveSvg"),
-            item("Save page as PNG", () => this.savePicture(), "savePng"),
-            item("Save form as JSON", () => this.saveJson(), "saveJson"),
+            item(tr("Save page as %1", "SVG"), () => this.generate("svg"), "saveSvg"),
+            item(tr("Save page as %1", "PNG"), () => this.savePicture(), "savePng"),
+            item(tr("Save form as %1", "JSON"), () => this.saveJson(), "saveJson"),
             make("hr"),
-            item("Save as preset…", () => this.savePreset(), "savePreset"),
-            item("Use as default for new forms",
-                () => this.keepAs("default", "", "New forms of this paper begin like this one"), "saveDefault"),
-            item("Forget the default", async () => {
+            item(tr("Save as Preset..."), () => this.savePreset(), "savePreset"),
+            item(tr("Use as My Default"),
+                () => this.keepAs("default", "", tr("New forms of this paper begin like this one")), "saveDefault"),
+            item(tr("Forget the default"), async () => {
                 await forget({ sort: "default", kind: this.kind, name: "" }).catch(() => {});
-                this.say("New forms of this paper begin as they come");
+                this.say(tr("New forms of this paper begin as they come"));
             }, "forgetDefault"),
-            item("Bring back the form as I left it", () => this.bringBack(), "bringBack"),
-            item("Reset", () => {
+            item(tr("As I Left It"), () => this.bringBack(), "bringBack"),
+            item(tr("Reset Form"), () => {
                 this.change({ do: "reset", now: timeNow() });
-                this.say("Form reset");
+                this.say(tr("Form reset"));
             }, "reset"),
+            make("hr"),
+            this.languageBox(),
         );
     }
 
@@ -367,7 +382,7 @@ export class PaperView {
         this.finish();
         void this.ask({ do: "markers", name }, bytes).then((answered) => {
             if (answered) {
-                this.say(`Drawing the markers of ${name}`);
+                this.say(tr("Markers from %1", name));
             }
         });
     }
@@ -401,11 +416,11 @@ export class PaperView {
             setText(outcome, made ?? "");
             accept.disabled = Boolean(why);
         };
-        const name = titlesOfDialogs[dialog];
-        const accepted = showDialog({ title: name, body: [form.element, outcome, problem], accept: "OK" });
+        const title = dialog === "range" ? tr("From Data Range") : tr("Easy Graph Wizard");
+        const accepted = showDialog({ title, body: [form.element, outcome, problem], accept: tr("OK") });
         show(opened.json);
         if (await accepted) {
-            await this.ask({ do: "acceptDialog", dialog, name });
+            await this.ask({ do: "acceptDialog", dialog });
         }
     }
 }

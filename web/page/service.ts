@@ -1,4 +1,5 @@
-// Keeps the files of the page in the browser, so that it works offline. A new version replaces all of them together.
+// Keeps the files of the page in the browser, so that it works offline. A new version replaces all of them together. The
+// texts of a language are kept once they are asked for.
 
 /** What the build puts in: the files and a text that differs with their contents. */
 declare const builtIn: { files: string[]; version: string };
@@ -10,6 +11,19 @@ const worker = self as unknown as {
     clients: { claim(): Promise<void> };
 };
 const cacheName = `linealis-${builtIn.version}`;
+
+async function answer(request: Request): Promise<Response> {
+    const cache = await caches.open(cacheName);
+    const kept = await cache.match(request, { ignoreSearch: true });
+    if (kept) {
+        return kept;
+    }
+    const response = await fetch(request);
+    if (response.ok && request.url.endsWith(".json")) {
+        await cache.put(request, response.clone());
+    }
+    return response;
+}
 
 worker.addEventListener("install", (event) => {
     event.waitUntil(caches.open(cacheName)
@@ -26,8 +40,6 @@ worker.addEventListener("activate", (event) => {
 
 worker.addEventListener("fetch", (event) => {
     if (event.request.method === "GET") {
-        event.respondWith(caches.open(cacheName)
-            .then((cache) => cache.match(event.request, { ignoreSearch: true }))
-            .then((kept) => kept ?? fetch(event.request)));
+        event.respondWith(answer(event.request));
     }
 });

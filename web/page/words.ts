@@ -1,6 +1,7 @@
 // What the page, its worker and the core say to each other.
 
 import type { Bytes } from "./core.ts";
+import type { Language } from "./language.ts";
 
 export interface ControlState {
     value: string;
@@ -63,6 +64,7 @@ export interface Paper {
     hasMarkers: boolean;
     hasWizard: boolean;
     hasRange: boolean;
+    marginsAreLinked: boolean;
     form: Form;
     state: PaperState;
 }
@@ -142,6 +144,7 @@ export type ToWorker =
     | { type: "ask"; id: number; request: Request; bytes?: Bytes | undefined; draws: boolean }
     | { type: "view"; view: View }
     | { type: "light"; control: string }
+    | { type: "language"; language: Language }
     | { type: "picture"; id: number; dotsPerInch: number };
 
 export type FromWorker =

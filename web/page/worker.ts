@@ -3,6 +3,7 @@
 
 import { Core } from "./core.ts";
 import type { Bytes } from "./core.ts";
+import { type Language, speak, spoken, tr } from "./language.ts";
 import { type DisplayList, paintRulers, paintScene, type Scene } from "./painter.ts";
 import type { Catalog, Drawn, FromWorker, Request, ToWorker, View, Warning } from "./words.ts";
 
@@ -118,14 +119,14 @@ async function paintPicture(id: number, dotsPerInch: number): Promise<void> {
     const refuse = (error: string) => say({ type: "answer", id, json: { error }, bytes: new Uint8Array() });
     const { sheet } = scene!;
     if (page!.problem !== "") {
-        refuse(`No picture is made: ${page!.problem}`); // it would lack strokes
+        refuse(tr("No picture is made: %1", page!.problem)); // it would lack strokes
         return;
     }
     const pixels = (points: number) => Math.ceil((points / 72) * dotsPerInch - rounding);
     const canvas = new OffscreenCanvas(pixels(sheet.width), pixels(sheet.height));
     const into = canvas.getContext("2d");
     if (!into) {
-        refuse("The picture is too large for this browser");
+        refuse(tr("The picture is too large for this browser"));
         return;
     }
     paintScene(into, { ...scene!, lights: null },
@@ -135,8 +136,23 @@ async function paintPicture(id: number, dotsPerInch: number): Promise<void> {
     say({ type: "answer", id, json: {}, bytes }, [bytes.buffer]);
 }
 
+/** Tells the core the language of the page. */
+function tell(loaded: Core): void {
+    const { texts, plurals, decimalMark } = spoken();
+    loaded.ask({ do: "language", texts, plurals, decimalMark });
+}
+
+function change(language: Language): void {
+    speak(language);
+    if (core) {
+        tell(core);
+        areUnchecked = isUnpainted = true; // warnings and rulers in other words
+    }
+}
+
 async function start(module: WebAssembly.Module | Bytes): Promise<void> {
     core = await Core.load(module instanceof WebAssembly.Module ? module : await WebAssembly.compile(module));
+    tell(core);
     for (const { id, request, bytes, draws } of waiting.splice(0)) {
         answer(id, request, bytes, draws);
     }
@@ -169,6 +185,9 @@ function take(message: ToWorker): void {
         case "light":
             areUnlit = lit !== message.control;
             lit = message.control;
+            break;
+        case "language":
+            change(message.language);
             break;
         case "picture":
             paintPicture(message.id, message.dotsPerInch).catch(fail);

@@ -118,7 +118,7 @@ test("own presets, the default and the form as it was left are kept", async () =
         await choose(page, "savePreset");
         await page.fill("#dialog input", "Mine <b>");
         await page.click("#dialogAccept");
-        await says(page, "Saved the preset Mine <b>");
+        await says(page, "Saved as the preset Mine <b>");
         await choose(page, "saveDefault");
         await says(page, "begin like this one");
         await page.waitForTimeout(900); // until the form has been kept as it is
@@ -149,7 +149,7 @@ test("the wizard and the range of data fill in graph paper", async () => {
         await page.fill("#dialog-EditMaxX", "1200");
         await page.locator("#dialogAccept:not([disabled])").waitFor();
         await page.click("#dialogAccept");
-        await page.waitForFunction(() => document.getElementById("undo").title === "Undo: Range of Data");
+        await page.waitForFunction(() => document.getElementById("undo").title === "Undo: From Data Range");
         await page.click("#wizard");
         await page.click("#dialogAccept");
         await page.waitForFunction(() => document.getElementById("undo").title === "Undo: Easy Graph Wizard");
@@ -234,15 +234,17 @@ test("the page works offline, sends nothing elsewhere, and allows no inline scri
         const strangers = [];
         context.on("request", (request) => request.url().startsWith(address) || strangers.push(request.url()));
         await page.evaluate(() => navigator.serviceWorker.ready);
+        await page.waitForFunction(() => caches.match("de.json"));
         await context.setOffline(true);
         await page.goto(`${address}#ternary`);
         await page.reload();
         await painted(page);
+        assert.equal(await page.locator("#generate").textContent(), "Erstellen");
         const { bytes } = await downloaded(page, () => page.click("#generate"));
         assert.ok(bytes.toString("latin1").startsWith("%PDF-1.4"));
         assert.deepEqual(strangers.filter((url) => !url.startsWith("blob:") && !url.startsWith("data:")), []);
         assert.deepEqual(await context.cookies(), []);
-    });
+    }, { locale: "de-DE" });
     const context = await browser.newContext();
     const page = await context.newPage();
     await page.goto(address);
@@ -258,9 +260,10 @@ test("the page works offline, sends nothing elsewhere, and allows no inline scri
 });
 
 test("the single file opens from disk", async () => {
-    const page = await browser.newPage();
+    const page = await browser.newPage({ locale: "ja-JP" });
     await page.goto(`${pathToFileURL(join(root, "build/web/linealis.html"))}#brick`);
     await painted(page);
+    assert.equal(await page.locator("#generate").textContent(), "作成");
     const { bytes } = await downloaded(page, () => page.click("#generate"));
     assert.ok(bytes.toString("latin1").startsWith("%PDF-1.4"));
     await page.close();

@@ -63,7 +63,7 @@ test("markers are chosen or dropped, drawn and undone; their faulty lines are nu
         const without = await pdf(page);
         const [chooser] = await Promise.all([page.waitForEvent("filechooser"), page.click("#markers")]);
         await repaints(page, () => chooser.setFiles({ name: "points.txt", mimeType: "text/plain", buffer: Buffer.from(markers) }));
-        await says(page, "Drawing the markers of points.txt");
+        await says(page, "Markers from points.txt");
         assert.ok(await field(page, "CheckBoxMarkers").isChecked());
         await page.click("#checks > summary");
         await page.locator("#checkItems", { hasText: "Marker file, line 3: there is no text" }).waitFor();
@@ -78,7 +78,7 @@ test("markers are chosen or dropped, drawn and undone; their faulty lines are nu
         await page.waitForFunction(() => !document.getElementById("control-CheckBoxMarkers").checked);
         assert.ok((await pdf(page)).equals(without));
         await drop(page, "points.csv", text("2 2 dropped\n"));
-        await says(page, "Drawing the markers of points.csv");
+        await says(page, "Markers from points.csv");
         assert.ok(!(await pdf(page)).equals(without));
         await drop(page, "binary.txt", new Uint8Array([0, 1, 2, 255, 0]));
         await says(page, "so no markers are drawn");
@@ -99,12 +99,12 @@ test("fields that a settings file does not store are named when a form is saved,
         await choose(page, "savePreset");
         await page.fill("#dialog input", "Framed");
         await page.keyboard.press("Enter");
-        await says(page, "Saved the preset Framed, except for Draw Frame");
+        await says(page, "Saved as the preset Framed, except for Draw Frame");
         await choose(page, "saveDefault");
         await says(page, "begin like this one, except for Draw Frame");
         await page.waitForTimeout(900); // until the form has been kept as it is
         await choose(page, "bringBack");
-        await says(page, "The form is now the form as you left it, except for Draw Frame");
+        await says(page, "The form is back as you last left it, except for Draw Frame");
     });
 });
 
@@ -115,7 +115,7 @@ test("own presets and defaults outlive a reload, and go when they are deleted", 
         await choose(page, "savePreset");
         await page.fill("#dialog input", "Mine");
         await page.click("#dialogAccept");
-        await says(page, "Saved the preset Mine");
+        await says(page, "Saved as the preset Mine");
         await choose(page, "saveDefault");
         await says(page, "begin like this one");
         await page.reload();
@@ -133,9 +133,9 @@ test("own presets and defaults outlive a reload, and go when they are deleted", 
         await page.locator("#tiles button", { hasText: /^Mine$/ }).click();
         await page.waitForFunction(() => document.getElementById("control-EditTopMargin")?.value === "1.75");
         await page.click("#presets");
-        await page.click("[aria-label='Delete Mine']");
+        await page.click("[aria-label='Delete Preset: Mine']");
         await page.locator("#dialog[open] h2").first().waitFor();
-        await page.waitForFunction(() => !document.querySelector("[aria-label='Delete Mine']"));
+        await page.waitForFunction(() => !document.querySelector("[aria-label='Delete Preset: Mine']"));
         await page.click("#dialogCancel");
         await choose(page, "forgetDefault");
         await says(page, "begin as they come");

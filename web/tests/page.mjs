@@ -28,9 +28,18 @@ after(async () => {
     await rm(folder, { recursive: true, force: true });
 });
 
-/** Opens the page at an address, calls `use`, and fails on any error that the page or its policy reports. */
-export async function visit(hash, use, options = {}) {
+/**
+ * Opens the page at an address, calls `use`, and fails on any error that the page or its policy reports. `languages` are those
+ * that the browser prefers, and `routes` what it gets in place of files.
+ */
+export async function visit(hash, use, { languages, routes = {}, ...options } = {}) {
     const context = await browser.newContext({ viewport: { width: 1280, height: 720 }, acceptDownloads: true, ...options });
+    if (languages) {
+        await context.addInitScript((tags) => Object.defineProperty(navigator, "languages", { value: tags }), languages);
+    }
+    for (const [pattern, body] of Object.entries(routes)) {
+        await context.route(pattern, (route) => route.fulfill({ body, contentType: "application/json" }));
+    }
     const page = await context.newPage();
     const errors = [];
     page.on("pageerror", (error) => errors.push(error.message));

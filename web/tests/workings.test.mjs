@@ -147,7 +147,7 @@ test("Return accepts a dialog and Escape leaves the form as it is", async () => 
         await page.fill("#dialog-EditMaxX", "1200");
         await page.locator("#dialogAccept:not([disabled])").waitFor();
         await page.keyboard.press("Enter");
-        await page.waitForFunction(() => document.getElementById("undo").title === "Undo: Range of Data");
+        await page.waitForFunction(() => document.getElementById("undo").title === "Undo: From Data Range");
     });
 });
 
