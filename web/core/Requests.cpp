@@ -1,6 +1,7 @@
 #include "core/Requests.h"
 
-#include "core/DisplayList.h"
+#include "core/OpenPaper.h"
+#include "core/PadRequest.h"
 #include "core/PageRequests.h"
 #include "exchange/FormLink.h"
 #include "exchange/PageFormats.h"
@@ -19,11 +20,6 @@ namespace linealis::web {
 
 namespace {
 
-/// Thrown if a request cannot be fulfilled. The message is for the user.
-struct Refusal {
-    Message message;
-};
-
 Message WordsOf(const UnknownInput& input)
 {
     std::vector<Message> possible;
@@ -32,37 +28,6 @@ Message WordsOf(const UnknownInput& input)
     }
     return Message("unknown %1 '%2'; possible: %3", input.what, input.given,
                    Message::Joined(std::move(possible), ", "));
-}
-
-LocalTime TimeOf(const Question& question)
-{
-    const Json& now = question.json.at("now");
-    return {now.at(0), now.at(1), now.at(2), now.at(3), now.at(4), now.at(5), now.at(6)};
-}
-
-const PaperKind& KindNamed(const std::string& name)
-{
-    const PaperKind* const kind = FindPaperKind(name);
-    if (kind == nullptr) {
-        throw Refusal{Message("there is no kind of paper named '%1'", name)};
-    }
-    return *kind;
-}
-
-const Preset& PresetNamed(const std::string& id)
-{
-    const Preset* const preset = FindPreset(id);
-    if (preset == nullptr) {
-        throw Refusal{Message("there is no preset named '%1'", id)};
-    }
-    return *preset;
-}
-
-void LoadSettings(const std::string& name, std::string_view bytes, PaperWindow& window)
-{
-    if (const std::error_code error = window.LayOver(BinaryStream::FromMemory(bytes))) {
-        throw Refusal{Message("%1 could not be opened: %2", name, error.message())};
-    }
 }
 
 Answer Catalog()
@@ -96,47 +61,10 @@ Answer Catalog()
     return answer;
 }
 
-/// Returns the paper that a form names, with the form laid over it.
-std::unique_ptr<Session> SessionOf(const FormFile& form, const LocalTime& now, const Language& language)
-{
-    if (form.kind.empty()) {
-        throw Refusal{Message("%1: names no kind of paper", form.name)};
-    }
-    auto opened = std::make_unique<Session>(KindNamed(form.kind), now, language);
-    LayOver(form, opened->Kind(), opened->Window().form);
-    return opened;
-}
-
-/// Opens another paper: of a kind, a preset, a link, a settings file, or a file that carries a form. A paper that
-/// is open stays if that fails.
+/// Opens another paper. A paper that is open stays if that fails.
 Answer Open(const Question& question, Conversation& conversation)
 {
-    const Language& language = conversation.language;
-    const LocalTime now = TimeOf(question);
-    const std::string file = question.Text("file"), preset = question.Text("preset"), link = question.Text("link");
-    std::unique_ptr<Session> opened;
-    if (!preset.empty()) {
-        ScreenlessPlatform platform;
-        const Preset& chosen = PresetNamed(preset);
-        opened = std::make_unique<Session>(KindOf(chosen), now, language);
-        LayOver(chosen, opened->Window(), platform);
-    } else if (!link.empty()) {
-        opened = SessionOf(ParseLink(link), now, language);
-    } else if (const PaperKind* const kind = FindPaperKindOf(file); !file.empty() && kind != nullptr) {
-        opened = std::make_unique<Session>(*kind, now, language);
-        LoadSettings(file, question.bytes, opened->Window());
-        opened->Window().form.StaticFileName.SetCaption({});  // the page has no output file
-    } else if (!file.empty()) {
-        opened = SessionOf(ParseForm(file, question.bytes), now, language);
-    } else {
-        opened = std::make_unique<Session>(KindNamed(question.Text("kind")), now, language);
-        if (question.json.value("isMetric", false)) {
-            SetControl({}, opened->Window().form, {"PopupPaperSize", "A4"});
-            SetControl({}, opened->Window().form, {"PopupUnits", "cm"});
-        }
-    }
-    opened->BeginHistory();
-    conversation.session = std::move(opened);
+    conversation.session = OpenedPaper(question, conversation.language);
     return {conversation.session->Description()};
 }
 
@@ -348,6 +276,7 @@ constexpr auto requests = std::to_array<Request>({
     {"settings", WriteSettings},
     {"json", WriteJson},
     {"link", WriteLink},
+    {"pad", MakePad},
 });
 
 Answer Dispatch(const Question& question, Conversation& conversation)

@@ -9,6 +9,7 @@ import { choose, download, printSvg, type Chosen } from "./files.ts";
 import { FormView } from "./form.ts";
 import { presetGroups } from "./gallery.ts";
 import { listed, numeral, plural, tr } from "./language.ts";
+import { askPad } from "./pad.ts";
 import { allKept, forget, keep, type Kept } from "./store.ts";
 import type { Catalog, Dialog, Paper, PaperState, Warning } from "./words.ts";
 
@@ -209,6 +210,18 @@ export class PaperView {
         }
     }
 
+    private async pad(): Promise<void> {
+        const front = await this.write("svg");
+        const bytes = front && await askPad({
+            catalog: this.catalog, picture: front.bytes, now: timeNow, ask: (request, file) => this.client.ask(request, file),
+        }).catch((why: Error) => void this.say(why.message));
+        if (bytes) {
+            const name = tr("%1 pad.pdf", this.baseName);
+            download(bytes, name, "application/pdf");
+            this.say(tr("Wrote %1", name));
+        }
+    }
+
     private async saveJson(): Promise<void> {
         const made = await this.ask<{ type: string }>({ do: "json" });
         if (made) {
@@ -353,6 +366,7 @@ export class PaperView {
             item(tr("Save Settings"), () => this.saveSettings(), "saveSettings"),
             item(tr("Copy Link"), () => this.copyLink(), "copyLink"),
             make("hr"),
+            item(tr("Print Pad..."), () => this.pad(), "pad"),
             item(tr("Save page as %1", "SVG"), () => this.generate("svg"), "saveSvg"),
             item(tr("Save page as %1", "PNG"), () => this.savePicture(), "savePng"),
             item(tr("Save form as %1", "JSON"), () => this.saveJson(), "saveJson"),

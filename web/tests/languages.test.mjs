@@ -86,8 +86,8 @@ for (const locale of ["de-DE", "ja-JP", "pseudo"]) {
                 await page.click("#menu > summary");
                 await check(`${name}, menu`);
                 await page.click("#menu > summary");
-                for (const opener of ["presets", "range", "wizard"].filter((one) => one === "presets" || name === "graph")) {
-                    await page.click(`#${opener}`);
+                for (const opener of ["presets", "range", "wizard", "pad"].filter((one) => one === "presets" || name === "graph")) {
+                    await (opener === "pad" ? choose(page, opener) : page.click(`#${opener}`));
                     await page.locator("#dialog[open]").waitFor();
                     await check(`${name}, ${opener}`);
                     await page.click("#dialogCancel");
