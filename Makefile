@@ -78,7 +78,7 @@ coverage:
 mutants: setup
 	@scripts/mutants
 
-# Makes the Debian packages in build/packages.
+# Makes the packages in build/packages: Debian, RPM, and an archive of linealis-cli for any Linux.
 package: release
 	@scripts/setup packages
 	@scripts/package build/release build/packages
