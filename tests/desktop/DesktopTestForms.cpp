@@ -159,6 +159,9 @@ TEST_F(DesktopForm, RemarksComeAndGoWhileTyping)
     QWidget& grid = OpenPaper("grid");
     Enter(grid, {"EditHorzWeight=-1"});
     EXPECT_EQ(Remarks(grid), Names({"Line Weight: should not be negative"}));
+    const QImage field = Child(grid, "EditHorzWeight").grab().toImage();
+    EXPECT_EQ(field.pixelColor(field.width() / 2, 3), grid.palette().color(QPalette::Base))
+        << "inside the red frame";
     Enter(grid, {"CheckVertLines=off"});
     EXPECT_EQ(Remarks(grid), Names());
 

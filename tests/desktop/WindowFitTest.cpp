@@ -1,6 +1,8 @@
 #include "DesktopTestSupport.h"
 #include "desktop/dialogs/PadDialog.h"
 #include "desktop/form/ElidedLabel.h"
+#include "desktop/form/FormView.h"
+#include "desktop/form/QuickHands.h"
 #include "desktop/system/WindowLanguage.h"
 #include "desktop/window/PaperBars.h"
 
@@ -135,6 +137,20 @@ protected:
 
     QFont usual;
 };
+
+TEST_F(WindowFit, AFormKnowsItsSizeBeforeItIsShown)
+{
+    ScreenlessPlatform platform;
+    const auto window = MakeWindow(*FindPaperKind("cornell"), platform);
+    auto* const form = new desktop::FormView(window->form, desktop::GroupBoxes::withHeading, [](Swatch&) {});
+    desktop::FormScrollArea area(form);
+    EXPECT_GT(area.sizeHint().width(), 0);
+    desktop::AddQuickHands(window->form, *form, {});
+    const QSize before = area.sizeHint();
+    area.show();
+    QTest::qWait(50);
+    EXPECT_EQ(before, area.sizeHint());
+}
 
 TEST_F(WindowFit, EveryTextIsReadableOnASmallScreen)
 {

@@ -25,7 +25,7 @@ DataRangeDialog::DataRangeDialog(RangeWizard& theWizard, std::function<void()> o
     outcome->setWordWrap(true);
     outcome->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     // Room for the longest texts, so that the dialog keeps its size while the user types.
-    constexpr int lines = 4, characters = 56;
+    constexpr int lines = 4, characters = 66;
     outcome->setFixedHeight(lines * outcome->fontMetrics().lineSpacing());
     outcome->setMinimumWidth(characters * outcome->fontMetrics().averageCharWidth());
     layout->addWidget(outcome);

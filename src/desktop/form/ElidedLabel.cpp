@@ -7,7 +7,7 @@ namespace linealis::desktop {
 
 namespace {
 
-constexpr int widest = 260;  // limit of the size hint, in pixels
+constexpr int mostCharacters = 38;  // limit of the size hint, in average characters
 
 }  // namespace
 
@@ -20,7 +20,7 @@ QSize ElidedLabel::minimumSizeHint() const
 
 QSize ElidedLabel::sizeHint() const
 {
-    return QLabel::sizeHint().boundedTo({widest, QWIDGETSIZE_MAX});
+    return QLabel::sizeHint().boundedTo({mostCharacters * fontMetrics().averageCharWidth(), QWIDGETSIZE_MAX});
 }
 
 void ElidedLabel::paintEvent(QPaintEvent* /*event*/)

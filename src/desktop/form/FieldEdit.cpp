@@ -77,6 +77,7 @@ void FieldEdit::paintEvent(QPaintEvent* event)
         PaintArrows(painter);
     }
     if (isMarked) {
+        painter.setBrush(Qt::NoBrush);
         painter.setPen(RemarkColor(window()->palette()));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }

@@ -38,9 +38,14 @@ FormScrollArea::FormScrollArea(QWidget* content)
 
 QSize FormScrollArea::sizeHint() const
 {
-    // Before the first show, the parts have no style yet, and the layout would compute wrong sizes.
-    for (QWidget* const part : widget()->findChildren<QWidget*>()) {
-        part->ensurePolished();
+    // Before the first show, the parts have no style yet, and an outer layout does not know of changes of the
+    // layouts inside it. The inner ones must come first; findChildren lists them last.
+    const QList<QWidget*> parts = widget()->findChildren<QWidget*>();
+    for (auto part = parts.rbegin(); part != parts.rend(); ++part) {
+        (*part)->ensurePolished();
+        if (QLayout* const inner = (*part)->layout()) {
+            inner->activate();
+        }
     }
     QLayout& content = *widget()->layout();
     content.activate();
