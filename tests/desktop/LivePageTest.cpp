@@ -179,6 +179,21 @@ TEST(DesktopWeights, MakeAPageAsDarkAsItPrints)
 }
 
 /// Along a line of default graph paper in a small window.
+TEST(ThinFrame, IsOnePixelWide)
+{
+    PageFrame frame;
+    frame.paperWidth = frame.paperHeight = 100;
+    const QImage painted = Painted(frame, ".5 w\r10.2 10 m\r90.7 10 l\r90.7 80.4 l\r10.2 80.4 l\r10.2 10 l\rS\r",
+                                   1.0, desktop::PagePainter::ThinLines::Faded);
+    int columns = 0, rows = 0;
+    for (int i = 0; i < 100; ++i) {
+        columns += painted.pixelColor(i, 50).value() < 255 ? 1 : 0;
+        rows += painted.pixelColor(50, i).value() < 255 ? 1 : 0;
+    }
+    EXPECT_EQ(columns, 2);
+    EXPECT_EQ(rows, 2);
+}
+
 TEST(DesktopWeights, TellMajorLinesFromMinorOnes)
 {
     ScreenlessPlatform platform;

@@ -38,6 +38,24 @@ QPainterPath OutlineOf(PagePath path)
     return made;
 }
 
+/// Whether the path consists of horizontal and vertical lines, like a frame.
+bool IsUprightAndLevel(PagePath path)
+{
+    for (std::size_t i = 1; i < path.size(); ++i) {
+        const Point &from = path[i - 1].to, &to = path[i].to;
+        if (path[i].operation != PageOperator::Line || (from.x != to.x && from.y != to.y)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// Returns the middle of the pixel that contains a coordinate.
+double MiddleOfPixel(double place)
+{
+    return std::floor(place) + 0.5;
+}
+
 Qt::PenCapStyle CapOf(int cap)
 {
     constexpr std::array styles = {Qt::FlatCap, Qt::RoundCap, Qt::SquareCap};
@@ -164,8 +182,18 @@ void PagePainter::StrokePath(PagePath path, const PagePen& pen)
         StrokeLine(from, to);
     } else {
         painter.setBrush(Qt::NoBrush);
-        painter.drawPath(OutlineOf(path));
+        painter.drawPath(snaps && IsUprightAndLevel(path) ? Snapped(OutlineOf(path)) : OutlineOf(path));
     }
+}
+
+QPainterPath PagePainter::Snapped(QPainterPath path) const
+{
+    for (int i = 0; i < path.elementCount(); ++i) {
+        const QPointF place = toPixels.map(QPointF(path.elementAt(i)));
+        const QPointF middle = fromPixels.map(QPointF(MiddleOfPixel(place.x()), MiddleOfPixel(place.y())));
+        path.setElementPositionAt(i, middle.x(), middle.y());
+    }
+    return path;
 }
 
 void PagePainter::StrokeLine(QPointF from, QPointF to)
@@ -177,12 +205,11 @@ void PagePainter::StrokeLine(QPointF from, QPointF to)
     const bool isUpright = from.x() == to.x();
     if (snaps && (isUpright || from.y() == to.y())) {
         QPointF first = toPixels.map(from), second = toPixels.map(to);
-        const auto middle = [](double place) { return std::floor(place) + 0.5; };
         if (isUpright) {
-            first.setX(middle(first.x()));
+            first.setX(MiddleOfPixel(first.x()));
             second.setX(first.x());
         } else {
-            first.setY(middle(first.y()));
+            first.setY(MiddleOfPixel(first.y()));
             second.setY(first.y());
         }
         from = fromPixels.map(first);

@@ -3,6 +3,7 @@
 #include "pdf/PageContent.h"
 
 #include <QPainter>
+#include <QPainterPath>
 #include <QSizeF>
 #include <atomic>
 #include <string_view>
@@ -40,6 +41,8 @@ private:
     void SetPen(const PagePen& pen, bool isDot);
     void StrokePath(PagePath path, const PagePen& pen);
     void StrokeLine(QPointF from, QPointF to);
+    /// Moves all points of the path to the middles of their pixels.
+    QPainterPath Snapped(QPainterPath path) const;
 
     QPainter& painter;
     QTransform points;  ///< maps unscaled coordinates of the content to the painter's original ones
