@@ -1,6 +1,7 @@
 #include "desktop/dialogs/CalibrationDialog.h"
 
 #include "check/Calibration.h"
+#include "desktop/dialogs/DialogColumn.h"
 #include "desktop/system/Text.h"
 #include "pipeline/page/PageJob.h"
 #include "text/Numbers.h"
@@ -47,7 +48,7 @@ CalibrationDialog::CalibrationDialog(const QStringList& printers, FolderItem the
       takeOver(std::move(theTakeOver))
 {
     setWindowTitle(Translated("Calibrate a Printer"));
-    auto* const layout = new QVBoxLayout(this);
+    auto* const layout = MakeDialogColumn(*this);
     layout->addWidget(
         Words(Translated("Print the sheet, measure from 0 to 10 cm across and down, and enter the two "
                          "lengths. The sheet itself is always printed without a correction.")));

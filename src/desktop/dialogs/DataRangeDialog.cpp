@@ -1,5 +1,6 @@
 #include "desktop/dialogs/DataRangeDialog.h"
 
+#include "desktop/dialogs/DialogColumn.h"
 #include "desktop/form/FormView.h"
 #include "desktop/system/Text.h"
 
@@ -16,7 +17,7 @@ DataRangeDialog::DataRangeDialog(RangeWizard& theWizard, std::function<void()> o
       buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel))
 {
     setWindowTitle(tr("From Data Range"));
-    auto* const layout = new QVBoxLayout(this);
+    auto* const layout = MakeDialogColumn(*this);
     auto* const fields = new FormView(wizard.Fields(), GroupBoxes::none, [](Swatch&) {});
     fields->layout()->setContentsMargins(0, 0, 0, 0);  // those of the dialog are enough
     layout->addWidget(fields);

@@ -1,5 +1,6 @@
 #include "desktop/dialogs/ExportPage.h"
 
+#include "desktop/dialogs/DialogColumn.h"
 #include "desktop/system/FileDialogs.h"
 #include "desktop/system/Text.h"
 #include "desktop/system/WindowSettings.h"
@@ -13,6 +14,7 @@
 #include <QLabel>
 #include <QRadioButton>
 #include <QSpinBox>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <vector>
 
@@ -33,7 +35,8 @@ public:
         setObjectName(QStringLiteral("export"));
         setWindowTitle(Translated("Export Page"));
         const WindowSettings settings;
-        auto* const form = new QFormLayout(this);
+        auto* const form = new QFormLayout;
+        MakeDialogColumn(*this)->addLayout(form);
         const QString last = settings.value(formatKey).toString();
         for (const PageFormat& format : PageFormats()) {
             if (&format != &PageFormats().front()) {  // the first format is PDF, which Generate writes

@@ -1,5 +1,6 @@
 #include "desktop/dialogs/FormDialog.h"
 
+#include "desktop/dialogs/DialogColumn.h"
 #include "desktop/form/FormView.h"
 
 #include <QDialogButtonBox>
@@ -11,7 +12,7 @@ namespace linealis::desktop {
 FormDialog::FormDialog(const QString& title, Form& form, QWidget* parent) : QDialog(parent)
 {
     setWindowTitle(title);
-    auto* const layout = new QVBoxLayout(this);
+    auto* const layout = MakeDialogColumn(*this);
     auto* const fields = new FormView(form, GroupBoxes::none, [](Swatch&) {});
     fields->layout()->setContentsMargins(0, 0, 0, 0);  // those of the dialog are enough
     layout->addWidget(fields);

@@ -1,5 +1,6 @@
 #include "desktop/dialogs/PadDialog.h"
 
+#include "desktop/dialogs/DialogColumn.h"
 #include "desktop/page/PadPicture.h"
 #include "desktop/system/FileDialogs.h"
 #include "desktop/system/Text.h"
@@ -57,7 +58,7 @@ PadDialog::PadDialog(DesktopPlatform& thePlatform, const PaperKind& theKind, Pap
     progress->setAccessibleName(tr("Making the pad"));
     progress->hide();
 
-    constexpr int margin = 16, spacing = 8;
+    constexpr int spacing = 8;  // pixels
     auto* const rows = new QFormLayout(fields);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setVerticalSpacing(spacing);
@@ -72,9 +73,7 @@ PadDialog::PadDialog(DesktopPlatform& thePlatform, const PaperKind& theKind, Pap
     middle->setSpacing(2 * spacing);
     middle->addWidget(fields, 0, Qt::AlignTop);
     middle->addLayout(right, 1);
-    auto* const all = new QVBoxLayout(this);
-    all->setContentsMargins(margin, margin, margin, margin);
-    all->setSpacing(spacing);
+    auto* const all = MakeDialogColumn(*this);
     all->addLayout(middle, 1);
     all->addWidget(said);
     all->addWidget(progress);
