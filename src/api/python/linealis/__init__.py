@@ -166,7 +166,7 @@ def _rows(columns: tuple[str, ...], function: Any, *arguments: Any) -> Iterator[
 
 def version() -> str:
     """Returns the version of the library."""
-    return _library.linealis_version().decode()
+    return str(_library.linealis_version(), "utf-8")
 
 
 def kinds() -> list[Kind]:
@@ -186,7 +186,8 @@ def formats() -> list[Format]:
 
 def schema(kind: str | None = None) -> dict[str, Any]:
     """Returns the JSON Schema of the forms of a kind, or of all kinds."""
-    return json.loads(_bytes_of(_library.linealis_schema, None if kind is None else _encoded(kind)))
+    found: dict[str, Any] = json.loads(_bytes_of(_library.linealis_schema, None if kind is None else _encoded(kind)))
+    return found
 
 
 def _value(value: Value) -> bytes:
@@ -244,7 +245,7 @@ class Sheet:
     @property
     def kind(self) -> str:
         """The name of the kind."""
-        return _library.linealis_sheet_kind(self._pointer).decode()
+        return str(_library.linealis_sheet_kind(self._pointer), "utf-8")
 
     def controls(self) -> list[Control]:
         """Returns the controls, in the order of the form."""
@@ -281,7 +282,8 @@ class Sheet:
 
     def form(self) -> dict[str, Any]:
         """Returns the whole form, as linealis-cli prints it."""
-        return json.loads(_bytes_of(_library.linealis_sheet_form, self._pointer))
+        form: dict[str, Any] = json.loads(_bytes_of(_library.linealis_sheet_form, self._pointer))
+        return form
 
     def link(self) -> str:
         """Returns the form as a link: the part of an address from "#" on."""
