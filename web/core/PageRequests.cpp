@@ -2,6 +2,7 @@
 
 #include "check/PageCheck.h"
 #include "core/DisplayList.h"
+#include "core/PngChunks.h"
 #include "exchange/FormLink.h"
 #include "exchange/PageFormats.h"
 #include "pdf/PageHit.h"
@@ -9,6 +10,7 @@
 #include "pipeline/form/FieldWords.h"
 #include "pipeline/page/PageWords.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace linealis::web {
@@ -22,6 +24,27 @@ constexpr std::size_t longestContentLitUp = std::size_t{8} << 20U;
 std::size_t ContentOf(const Session& session)
 {
     return session.Drawn() == nullptr ? 0 : session.Drawn()->content.View().size();
+}
+
+/// Returns where the margins end (left, bottom, right, top), and the area and start of each title that can be
+/// moved, in points.
+Json HandlesOf(const DrawnPage& page, const PaperForm& form)
+{
+    const PageFrame& frame = page.frame;
+    Json titles = Json::array();
+    const std::vector<Role> movable = MovableTitles(form);
+    if (!movable.empty() && page.content.View().size() <= longestContentChecked) {
+        for (const TextArea& area : TextAreas(page.content, page.roles, {"title"})) {
+            if (std::find(movable.begin(), movable.end(), area.role) != movable.end()) {
+                titles.push_back(
+                    {{"handle", area.role},
+                     {"area", {area.lowerLeft.x, area.lowerLeft.y, area.upperRight.x, area.upperRight.y}},
+                     {"start", {area.start.x, area.start.y}}});
+            }
+        }
+    }
+    return {{"inside", {frame.LeftEdge(), frame.BottomEdge(), frame.RightEdge(), frame.TopEdge()}},
+            {"titles", std::move(titles)}};
 }
 
 Answer Listed(const DisplayList& list)
@@ -67,7 +90,42 @@ Answer CheckPage(const Question& /*question*/, Session& session)
             answer.json["warnings"].push_back({{"control", "CheckBoxMarkers"}, {"text", session.Say(fault)}});
         }
     }
+    answer.json["handles"] = HandlesOf(*page, session.Window().form);
     return answer;
+}
+
+Answer BeginDrag(const Question& question, Session& session)
+{
+    session.Steps().Commit(Message("Change"));  // so that the step of the drag contains nothing else
+    const Json start = question.json.value("start", Json::array({0.0, 0.0}));
+    session.drag.emplace(session.Window(), question.Text("handle"), Point{start.at(0), start.at(1)});
+    if (!session.drag->IsPossible()) {
+        session.drag.reset();
+    }
+    return {{{"state", session.State()}}};
+}
+
+Answer MoveDragged(const Question& question, Session& session)
+{
+    if (session.drag) {
+        const bool isFine = question.json.value("isFine", false);
+        session.drag->Move({question.json.at("x"), question.json.at("y")}, isFine ? Grain::Fine : Grain::Coarse,
+                           session.marginsAreLinked);
+    }
+    return {{{"state", session.State()}}};
+}
+
+Answer EndDrag(const Question& question, Session& session)
+{
+    if (session.drag && question.json.value("isCanceled", false)) {
+        session.drag->Cancel();
+    } else if (session.drag && session.drag->IsMargin()) {
+        session.Steps().CommitChangeOf(session.drag->Moved());
+    } else if (session.drag) {
+        session.Steps().Commit(Message("%1 moved", WholeName(session.Window().form, session.drag->Moved())));
+    }
+    session.drag.reset();
+    return {{{"state", session.State()}}};
 }
 
 Answer LightsOf(const Question& question, Session& session)
@@ -125,6 +183,14 @@ Answer WritePage(const Question& question, Session& session)
                    {"height", page.frame.paperHeight},
                    {"paper", session.Say(PaperWords(page.frame))},
                    {"state", session.State()}};
+    return answer;
+}
+
+Answer DressPicture(const Question& question, Session& session)
+{
+    Answer answer;
+    answer.bytes = WithResolutionAndText(question.bytes, question.json.at("dotsPerInch"),
+                                         CarriedForm(session.Kind(), session.Window().form));
     return answer;
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/FormText.h"
 #include "core/History.h"
+#include "core/PageDrag.h"
 #include "kinds/PaperKinds.h"
 #include "pipeline/document/MarkerFile.h"
 #include "platform/ScreenlessPlatform.h"
@@ -52,6 +53,7 @@ public:
     Json State();
 
     bool marginsAreLinked = false;
+    std::optional<PageDrag> drag = {};        ///< while the user moves something on the page
     std::optional<FormText> wizardText = {};  ///< of the dialog that is open
 
 private:

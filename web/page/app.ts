@@ -60,7 +60,20 @@ const live = new LivePage(
         setText(byId("zoomText"), tr("%1 %", numeral(percent)));
         byId("zoomFit").setAttribute("aria-pressed", String(isFit));
     },
+    {
+        onBegin: (handle) => {
+            paper.finish();
+            tell({ do: "dragBegin", ...handle });
+        },
+        onMove: (x, y, isFine) => tell({ do: "drag", x, y, isFine }),
+        onEnd: (isCanceled) => tell({ do: "dragEnd", isCanceled }),
+    },
 );
+
+/** Tells the core, which answers with a new state of the form. */
+function tell(request: Request): void {
+    client.ask(request).catch((why: Error) => paper.say(why.message));
+}
 
 const client = new Client(sources(), {
     onState: (state) => paper.update(state),
@@ -76,7 +89,10 @@ const client = new Client(sources(), {
         dataset["painted"] = String(Number(dataset["painted"] ?? 0) + 1);
         performance.mark("painted");
     },
-    onWarnings: (warnings) => paper.showWarnings(warnings),
+    onWarnings: (warnings, handles) => {
+        paper.showWarnings(warnings);
+        live.showHandles(handles);
+    },
     onFailed: (why) => paper.say(tr("The page could not be drawn: %1", why)),
     onSlow: (isSlow) => void (byId("slow").hidden = !isSlow),
     newCanvas: () => live.newCanvas(),
@@ -229,7 +245,7 @@ function listen(): void {
         const types = builtIn.catalog.kinds.map(({ extension }) => `.${extension}`);
         void choose([...types, ".json", ".svg", ".png"].join()).then(openFile);
     });
-    takeDropped((file) => void read(file).then(openFile));
+    takeDropped((file) => void ready.then(() => read(file)).then(openFile));
     byId("zoomIn").addEventListener("click", () => live.zoomBy(1.25));
     byId("zoomOut").addEventListener("click", () => live.zoomBy(0.8));
     byId("zoomFit").addEventListener("click", () => live.zoomTo(0));
@@ -249,8 +265,8 @@ function listen(): void {
     window.addEventListener("popstate", () => void follow());
 }
 
+const ready = keptLanguage().then(useLanguage).then(follow); // what the address says is shown
 listen();
-void keptLanguage().then(useLanguage).then(follow);
 if (builtIn.inlined === null && "serviceWorker" in navigator) {
     // The texts of the language may have been fetched before anything kept them.
     navigator.serviceWorker.addEventListener("controllerchange", () => void textsOf(spoken().code));

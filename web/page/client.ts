@@ -2,6 +2,7 @@
 // works too long or has grown too large.
 
 import type { Bytes } from "./core.ts";
+import type { Handles } from "./drag.ts";
 import { english, type Language, tr } from "./language.ts";
 import type { Drawn, FromWorker, Paper, PaperState, Request, ToWorker, View, Warning } from "./words.ts";
 
@@ -19,7 +20,7 @@ export interface Listener {
     onState(state: PaperState): void;
     onDrawn(page: Drawn, milliseconds: number): void;
     onPainted(): void;
-    onWarnings(warnings: Warning[]): void;
+    onWarnings(warnings: Warning[], handles: Handles): void;
     onFailed(why: string): void;
     /** The page is being drawn for so long that the user may want to stop it; or no longer. */
     onSlow(isSlow: boolean): void;
@@ -34,8 +35,9 @@ export interface Sources {
 }
 
 const changes = new Set(["open", "set", "layOver", "undo", "redo", "reset", "copyRow", "linkMargins", "markers",
-    "acceptDialog", "setInDialog", "openDialog"]);
-const drawing = new Set(["open", "set", "layOver", "undo", "redo", "reset", "copyRow", "markers", "acceptDialog"]);
+    "acceptDialog", "setInDialog", "openDialog", "dragBegin", "drag", "dragEnd"]);
+const drawing = new Set(["open", "set", "layOver", "undo", "redo", "reset", "copyRow", "markers", "acceptDialog",
+    "drag", "dragEnd"]);
 const millisecondsUntilSlow = 1000;
 const mostMemory = 400 << 20; // bytes; a worker that has taken more is replaced before the next page
 
@@ -148,7 +150,10 @@ export class Client {
         }
     }
 
-    /** Notes a change. A paper that is opened makes what was before unimportant; of an entry in a field, the last text counts. */
+    /**
+     * Notes a change. A paper that is opened makes what was before unimportant; of an entry in a field, the last text counts, and
+     * of a drag, the last place.
+     */
     private note(entry: Entry): void {
         const { request } = entry;
         const last = this.journal.at(-1)?.request;
@@ -156,6 +161,8 @@ export class Client {
             this.journal = [];
         } else if (request.do === "set" && last?.do === "set" && last.control === request.control &&
             "value" in request && "value" in last && last.finish !== true) {
+            this.journal.pop();
+        } else if (request.do === "drag" && last?.do === "drag") {
             this.journal.pop();
         }
         this.journal.push(entry);
@@ -193,7 +200,7 @@ export class Client {
                 this.listener.onPainted();
                 break;
             case "warnings":
-                this.listener.onWarnings(message.warnings);
+                this.listener.onWarnings(message.warnings, message.handles);
                 break;
             case "failed":
                 this.listener.onFailed(message.why);

@@ -1,7 +1,7 @@
 // The texts of the elements that are always there, in the language of the page.
 
 import { byId, make, setText } from "./dom.ts";
-import { spoken, tr } from "./language.ts";
+import { spoken, tr, withoutKey } from "./language.ts";
 
 interface Label {
     text?: string;
@@ -27,7 +27,7 @@ const labels = (): Record<string, Label> => ({
     zoomIn: { name: tr("Zoom In") },
     slowText: { text: tr("Drawing the page") },
     stop: { text: tr("Stop") },
-    print: { text: tr("Print...") },
+    print: { text: withoutKey(tr("&Print...")) },
     generate: { text: tr("Generate") },
     file: { name: tr("File") },
 });

@@ -49,6 +49,11 @@ export function listed(text: string): string {
     return first(language.texts[text]) ?? text;
 }
 
+/** Removes the mark of the access key, which the desktop's windows need: "&Pages:", or "ページ数(&P):" in Japanese. */
+export function withoutKey(text: string): string {
+    return text.replace(/\(&\w\)/, "").replace("&", "");
+}
+
 /** Returns a number with the signs of the language. */
 export function numeral(value: number): string {
     return value.toLocaleString(language.tag, { useGrouping: false });

@@ -1,6 +1,7 @@
 // The live page: what of it is seen, how large, and what a click means. The worker paints it.
 
 import { byId, make } from "./dom.ts";
+import { type DragEvents, type Handles, PageDrag, type PlaceOnPage } from "./drag.ts";
 import { rulerWidth } from "./painter.ts";
 import type { Drawn, View } from "./words.ts";
 
@@ -16,12 +17,15 @@ export class LivePage {
     private page: Drawn = { width: 612, height: 792, isInInches: true, problem: "" };
     private zoom = 0; // CSS pixels per point; 0 fits the page into the pane
     private isWaiting = false;
+    private readonly drag: PageDrag;
 
     constructor(
         private readonly onView: (view: View) => void,
         private readonly onClick: (x: number, y: number, reach: number) => void,
         private readonly onZoom: (percent: number, isFit: boolean) => void,
+        dragEvents: DragEvents,
     ) {
+        this.drag = new PageDrag(this.pane, (event) => this.placeOf(event), dragEvents);
         new ResizeObserver(() => this.send()).observe(this.pane);
         this.pane.addEventListener("scroll", () => this.send());
         this.pane.addEventListener("wheel", (event) => {
@@ -57,6 +61,10 @@ export class LivePage {
         if (isNew) {
             this.send();
         }
+    }
+
+    showHandles(handles: Handles): void {
+        this.drag.handles = handles;
     }
 
     zoomBy(factor: number): void {
@@ -143,12 +151,19 @@ export class LivePage {
         this.onZoom(Math.round((100 * scale) / pixelsPerPoint), this.zoom === 0);
     }
 
-    private click(event: MouseEvent): void {
+    private placeOf(event: MouseEvent): PlaceOnPage {
         const box = this.pane.getBoundingClientRect();
         const corner = this.corner(), scale = this.scale();
-        const x = (event.clientX - box.left - corner.x) / scale;
-        const y = this.page.height - (event.clientY - box.top - corner.y) / scale;
-        if (x >= 0 && x <= this.page.width && y >= 0 && y <= this.page.height) {
+        return {
+            x: (event.clientX - box.left - corner.x) / scale,
+            y: this.page.height - (event.clientY - box.top - corner.y) / scale,
+            scale,
+        };
+    }
+
+    private click(event: MouseEvent): void {
+        const { x, y, scale } = this.placeOf(event);
+        if (!this.drag.wasDrag && x >= 0 && x <= this.page.width && y >= 0 && y <= this.page.height) {
             this.onClick(x, y, reach / scale);
         }
     }

@@ -5,7 +5,7 @@ import type { Bytes } from "./core.ts";
 import { showDialog } from "./dialog.ts";
 import { byId, make, setText } from "./dom.ts";
 import { choose, type Chosen } from "./files.ts";
-import { listed, tr } from "./language.ts";
+import { listed, tr, withoutKey } from "./language.ts";
 import type { Catalog, Request } from "./words.ts";
 
 interface Pad {
@@ -26,11 +26,6 @@ export interface PadSource {
 
 /** What the dialog began with and was left with. */
 const last = { pages: "50", up: "1", hasNumbers: false, copies: "1" };
-
-/** Texts of the desktop mark the access key: "&Pages:", or "ページ数(&P):" in Japanese. */
-function caption(text: string): string {
-    return text.replace(/\(&\w\)/, "").replace("&", "");
-}
 
 function row(id: string, text: string, field: HTMLElement): HTMLElement {
     field.id = id;
@@ -116,12 +111,12 @@ export async function askPad(source: PadSource): Promise<Bytes | null> {
     }
     back.addEventListener("change", () => void chooseBack());
     const fields = make("div", { class: "form" },
-        row("padPages", caption(tr("&Pages:")), pages), row("padUp", caption(tr("On each &side:")), up),
+        row("padPages", withoutKey(tr("&Pages:")), pages), row("padUp", withoutKey(tr("On each &side:")), up),
         make("div", { class: "row" }, make("div", { class: "cell check" },
-            make("label", { class: "box" }, numbers, caption(tr("&Number the pages"))))),
-        row("padBack", caption(tr("&Back:")), back), row("padPreset", caption(tr("P&reset:")), preset), row("padCopies", caption(tr("&Copies:")), copies));
+            make("label", { class: "box" }, numbers, withoutKey(tr("&Number the pages"))))),
+        row("padBack", withoutKey(tr("&Back:")), back), row("padPreset", withoutKey(tr("P&reset:")), preset), row("padCopies", withoutKey(tr("&Copies:")), copies));
     const accepted = showDialog({
-        title: tr("Print Pad"), body: [make("div", { class: "pad" }, fields, sheet), words, problem], accept: tr("Save PDF..."),
+        title: tr("Print Pad"), body: [make("div", { class: "pad" }, fields, sheet), words, problem], accept: withoutKey(tr("Sa&ve PDF...")),
     });
     await show(true);
     const isWanted = await accepted;

@@ -151,8 +151,9 @@ export class Painter {
     private lines(n: Float32Array, begin: number, count: number): void {
         const { context, left, bottom, across, up } = this;
         const end = begin + 4 * count;
-        const width = this.usePen(false);
-        const alpha = context.globalAlpha;
+        const dotWidth = this.usePen(true), dotAlpha = context.globalAlpha;
+        const width = this.usePen(false), alpha = context.globalAlpha;
+        let current = alpha; // setting it for each of many dots would take long
         const isThin = alpha < 1 || this.width * Math.sqrt(across * up) < 1;
         const isPlain = this.dash.length === 0 && (this.cap !== 1 || isThin);
         const overhang = this.cap === 2 ? width / 2 : 0;
@@ -168,9 +169,16 @@ export class Painter {
                 continue; // not seen
             }
             if (x1 === x2 && y1 === y2) {
-                this.dot(x1, y1);
-                context.globalAlpha = alpha;
-            } else if (isPlain && x1 === x2) {
+                if (current !== dotAlpha) {
+                    context.globalAlpha = current = dotAlpha;
+                }
+                this.dot(x1, y1, dotWidth);
+                continue;
+            }
+            if (current !== alpha) {
+                context.globalAlpha = current = alpha;
+            }
+            if (isPlain && x1 === x2) {
                 const from = Math.min(y1, y2) - overhang, length = Math.abs(y2 - y1) + 2 * overhang;
                 context.fillRect(isThin ? Math.floor(x1) : x1 - width / 2, from, width, length);
             } else if (isPlain && y1 === y2) {
@@ -193,12 +201,10 @@ export class Painter {
     }
 
     /** A line without length. It is filled, because not every browser paints its round ends. */
-    private dot(x: number, y: number): void {
+    private dot(x: number, y: number, width: number): void {
         const { context } = this;
-        const width = this.usePen(true);
         if (width <= 1 || this.cap === 2) {
-            const corner = width <= 1 ? [Math.floor(x), Math.floor(y)] : [x - width / 2, y - width / 2];
-            context.fillRect(corner[0]!, corner[1]!, width, width);
+            context.fillRect(width <= 1 ? Math.floor(x) : x - width / 2, width <= 1 ? Math.floor(y) : y - width / 2, width, width);
             return;
         }
         if (width < 2.5) {

@@ -8,7 +8,7 @@ import { button, byId, make, setText } from "./dom.ts";
 import { choose, download, printSvg, type Chosen } from "./files.ts";
 import { FormView } from "./form.ts";
 import { presetGroups } from "./gallery.ts";
-import { listed, numeral, plural, tr } from "./language.ts";
+import { listed, numeral, plural, tr, withoutKey } from "./language.ts";
 import { askPad } from "./pad.ts";
 import { allKept, forget, keep, type Kept } from "./store.ts";
 import type { Catalog, Dialog, Paper, PaperState, Warning } from "./words.ts";
@@ -242,7 +242,7 @@ export class PaperView {
                 make("li", {}, tr("Paper size: %1 (%2)", paper, tr("%1 × %2 mm", millimeters(width), millimeters(height)))),
                 make("li", {}, tr("Scale: 100 % or “Default”, not “Fit to page”")),
                 make("li", {}, tr("Margins: none, and no headers and footers")))],
-            accept: tr("Print..."),
+            accept: withoutKey(tr("&Print...")),
         });
         if (isWanted) {
             await printSvg(written.bytes, width, height);
@@ -364,9 +364,9 @@ export class PaperView {
         byId("menuItems").replaceChildren(
             item(tr("Open..."), () => byId("openFromGallery").click(), "open"),
             item(tr("Save Settings"), () => this.saveSettings(), "saveSettings"),
-            item(tr("Copy Link"), () => this.copyLink(), "copyLink"),
+            item(withoutKey(tr("Copy &Link")), () => this.copyLink(), "copyLink"),
             make("hr"),
-            item(tr("Print Pad..."), () => this.pad(), "pad"),
+            item(withoutKey(tr("Print P&ad...")), () => this.pad(), "pad"),
             item(tr("Save page as %1", "SVG"), () => this.generate("svg"), "saveSvg"),
             item(tr("Save page as %1", "PNG"), () => this.savePicture(), "savePng"),
             item(tr("Save form as %1", "JSON"), () => this.saveJson(), "saveJson"),

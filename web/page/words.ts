@@ -1,6 +1,7 @@
 // What the page, its worker and the core say to each other.
 
 import type { Bytes } from "./core.ts";
+import type { Handles } from "./drag.ts";
 import type { Language } from "./language.ts";
 
 export interface ControlState {
@@ -151,5 +152,5 @@ export type FromWorker =
     | { type: "answer"; id: number; json: { error?: string; state?: PaperState }; bytes: Bytes }
     | { type: "drawn"; page: Drawn; milliseconds: number; memory: number }
     | { type: "painted"; newest: number } // the last request that the picture follows
-    | { type: "warnings"; warnings: Warning[] }
+    | { type: "warnings"; warnings: Warning[]; handles: Handles }
     | { type: "failed"; why: string };

@@ -3,6 +3,7 @@
 
 import { Core } from "./core.ts";
 import type { Bytes } from "./core.ts";
+import type { Handles } from "./drag.ts";
 import { type Language, speak, spoken, tr } from "./language.ts";
 import { type DisplayList, paintRulers, paintScene, type Scene } from "./painter.ts";
 import type { Catalog, Drawn, FromWorker, Request, ToWorker, View, Warning } from "./words.ts";
@@ -93,7 +94,7 @@ function work(): void {
         paint();
     } else if (areUnchecked) {
         areUnchecked = false;
-        say({ type: "warnings", warnings: core.ask<{ warnings: Warning[] }>({ do: "check" }).json.warnings });
+        say({ type: "warnings", ...core.ask<{ warnings: Warning[]; handles: Handles }>({ do: "check" }).json });
     }
     if (isStale || (scene && (areUnlit || (isUnpainted && context && view) || areUnchecked))) {
         later();
@@ -132,7 +133,7 @@ async function paintPicture(id: number, dotsPerInch: number): Promise<void> {
     paintScene(into, { ...scene!, lights: null },
         { width: canvas.width, height: canvas.height, ratio: 1, scale: dotsPerInch / 72, x: 0, y: 0, rulers: false, isDark: false });
     const blob = await canvas.convertToBlob({ type: "image/png" });
-    const bytes = new Uint8Array(await blob.arrayBuffer());
+    const { bytes } = core!.ask({ do: "dress", dotsPerInch }, new Uint8Array(await blob.arrayBuffer()));
     say({ type: "answer", id, json: {}, bytes }, [bytes.buffer]);
 }
 

@@ -1,9 +1,13 @@
 // Files that come into the page in Chromium, and what the browser keeps of them.
 
 import assert from "node:assert/strict";
+import { execFile } from "node:child_process";
+import { writeFile } from "node:fs/promises";
+import { join } from "node:path";
 import test from "node:test";
-import { address, choose, downloaded, drop, field, painted, picture, repaints, says, value, visit } from "./page.mjs";
-import { loadCore, now } from "./support.mjs";
+import { promisify } from "node:util";
+import { address, choose, downloaded, drop, field, folder, painted, picture, repaints, says, value, visit } from "./page.mjs";
+import { cli, loadCore, now } from "./support.mjs";
 
 const text = (words) => new TextEncoder().encode(words);
 
@@ -147,6 +151,16 @@ test("own presets and defaults outlive a reload, and go when they are deleted", 
     });
 });
 
+/** Checks the checksum of each chunk of a PNG file. */
+const checksums = `
+import sys, zlib
+rest = open(sys.argv[1], "rb").read()[8:]
+while rest:
+    size = int.from_bytes(rest[:4], "big")
+    assert zlib.crc32(rest[4:size + 8]) == int.from_bytes(rest[size + 8:size + 12], "big"), rest[4:8]
+    rest = rest[size + 12:]
+`;
+
 test("a picture has 300 dots per inch, is of the newest form, and has its lines where they belong", async () => {
     await visit("#grid&paper-size=Custom&custom-width=3&custom-height=2&horizontal-spacing=0.25&vertical-spacing=0.25", async (page) => {
         await painted(page);
@@ -172,5 +186,12 @@ test("a picture has 300 dots per inch, is of the newest form, and has its lines 
         }
         await field(page, "EditTopMargin").fill("abc");
         await page.locator(".said.remark", { hasText: "not a number" }).waitFor();
+        // The file says its resolution, and another program reads the form from it.
+        const at = png.bytes.indexOf("pHYs");
+        assert.deepEqual([png.bytes.readUInt32BE(at + 4), png.bytes.readUInt32BE(at + 8), png.bytes[at + 12]], [11811, 11811, 1]);
+        await writeFile(join(folder, "Grid.png"), png.bytes);
+        const { stdout } = await promisify(execFile)(cli, ["form", join(folder, "Grid.png")]);
+        assert.equal(JSON.parse(stdout).controls.EditBottomMargin.value, "0.49");
+        await promisify(execFile)("python3", ["-c", checksums, join(folder, "Grid.png")]);
     });
 });

@@ -169,3 +169,46 @@ test("of a page that is too large the beginning is shown, in words; the next pag
         await holds(page, "EditHorzSpacing", "0.01");
     }, { timezoneId: "UTC" });
 });
+
+test("margins and titles follow the pointer in steps of the unit; a drag is one step, and Escape takes it back", async () => {
+    await visit("#graph&units=cm&paper-size=A4", async (page) => {
+        await painted(page);
+        const pane = await page.locator("#pane").boundingBox();
+        const cursor = () => page.locator("#pane").evaluate(({ style }) => style.cursor);
+        const find = async (wanted, from, to) => { // the first place between two with that cursor
+            for (let i = 0; i <= 200; ++i) {
+                const [x, y] = [0, 1].map((axis) => from[axis] + ((to[axis] - from[axis]) * i) / 200);
+                await page.mouse.move(x, y);
+                if (await cursor() === wanted) {
+                    return [x, y];
+                }
+            }
+            assert.fail(`nothing can be dragged with ${wanted}`);
+        };
+        const middle = [pane.x + pane.width / 2, pane.y + pane.height / 2];
+        const perCentimeter = (await page.evaluate(() => parseInt(document.getElementById("zoomText").textContent, 10))) / 100 * 96 / 2.54;
+        const drag = async ([x, y], right, down, end = () => page.mouse.up()) => {
+            await page.mouse.move(x, y);
+            await page.mouse.down();
+            await page.mouse.move(x + right / 2, y + down / 2);
+            await repaints(page, () => page.mouse.move(x + right, y + down));
+            await end();
+        };
+        const edge = await find("ew-resize", [pane.x + 25, middle[1]], middle);
+        const begin = Number(await value(page, "EditLeftMargin"));
+        await repaints(page, () => drag(edge, 1 * perCentimeter, 0));
+        const moved = Number(await value(page, "EditLeftMargin"));
+        assert.ok(Math.abs(moved - begin - 1) <= 0.1 && Math.abs(moved * 20 - Math.round(moved * 20)) < 1e-9, `${begin} to ${moved}`);
+        assert.match(await page.locator("#undo").getAttribute("title"), /^Undo: Left margin .* → /);
+        await page.click("#undo");
+        await holds(page, "EditLeftMargin", String(begin));
+        assert.ok(await page.locator("#undo").isDisabled());
+        await drag(edge, 2 * perCentimeter, 0, () => page.keyboard.press("Escape"));
+        await holds(page, "EditLeftMargin", String(begin));
+        await page.mouse.up();
+        assert.ok(await page.locator("#undo").isDisabled());
+        const title = await find("move", [middle[0] - 60, pane.y + 40], [middle[0] - 60, middle[1]]);
+        await repaints(page, () => drag(title, perCentimeter, 0));
+        assert.match(await page.locator("#undo").getAttribute("title"), /^Undo: Page title moved/);
+    });
+});

@@ -12,26 +12,6 @@
 
 namespace linealis::desktop {
 
-namespace {
-
-/// Returns the end of a margin across the page, in points from the lower left corner of the paper.
-double EndOf(const PageFrame& frame, Side side)
-{
-    switch (side) {
-    case Side::Top:
-        return frame.TopEdge();
-    case Side::Bottom:
-        return frame.BottomEdge();
-    case Side::Left:
-        return frame.LeftEdge();
-    case Side::Right:
-        break;
-    }
-    return frame.RightEdge();
-}
-
-}  // namespace
-
 PageDrag::PageDrag(PaperView& theView, PaperWindow& theWindow, FormView& theForm, LivePage& thePage)
     : QObject(&thePage), view(theView), window(theWindow), form(theForm), page(thePage)
 {
@@ -66,7 +46,8 @@ void PageDrag::Move(QPointF distance, Grain grain)
     window.form.Restore(before);  // a linked margin must not limit the one that is dragged
     if (const Side* const side = std::get_if<Side>(&moved)) {
         const bool isUpright = *side == Side::Top || *side == Side::Bottom;
-        MoveMargin(window.form, *side, EndOf(frame, *side) + (isUpright ? distance.y() : distance.x()), grain);
+        MoveMargin(window.form, *side, EndOfMargin(frame, *side) + (isUpright ? distance.y() : distance.x()),
+                   grain);
         form.FollowLink(MarginOf(window.form, *side));
     } else if (frame.xScale > 0.0 && frame.yScale > 0.0) {
         const Point start = std::get<TextArea>(moved).start;

@@ -45,6 +45,21 @@ TextField& MarginOf(PaperForm& form, Side side)
     return form.EditRightMargin;
 }
 
+double EndOfMargin(const PageFrame& frame, Side side)
+{
+    switch (side) {
+    case Side::Top:
+        return frame.TopEdge();
+    case Side::Bottom:
+        return frame.BottomEdge();
+    case Side::Left:
+        return frame.LeftEdge();
+    case Side::Right:
+        break;
+    }
+    return frame.RightEdge();
+}
+
 void MoveMargin(PaperForm& form, Side side, double place, Grain grain)
 {
     const PageSetup setup = form.ReadSetup();

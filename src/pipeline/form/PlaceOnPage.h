@@ -12,6 +12,9 @@ enum class Side { Top, Bottom, Left, Right };
 /// Returns the field of a margin.
 TextField& MarginOf(PaperForm& form, Side side);
 
+/// Returns where a margin ends across the page, in points from the lower left corner of the paper.
+double EndOfMargin(const PageFrame& frame, Side side);
+
 /// How far a length is rounded: to 1/16 inch or 0.5 mm, or finely to 0.01 inch or 0.1 mm.
 enum class Grain { Coarse, Fine };
 
