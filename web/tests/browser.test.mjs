@@ -214,7 +214,7 @@ function spanOfColumns(pgm) {
 }
 
 test("a page that takes too long is stopped; the form and its steps stay", async () => {
-    await visit("#dots&paper-size=A0", async (page) => {
+    await visit("#dots&paper-size=A0&horizontal-spacing=0.02", async (page) => {
         await painted(page);
         await field(page, "EditTopMargin").fill("1");
         await field(page, "EditTopMargin").press("Enter");
