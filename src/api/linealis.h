@@ -22,6 +22,8 @@
 #ifndef LINEALIS_H
 #define LINEALIS_H
 
+/* C++ programs include this too, but it stays C. NOLINTBEGIN(modernize-deprecated-headers, modernize-use-using) */
+
 #include <stddef.h>
 
 #if defined(__GNUC__)
@@ -190,5 +192,7 @@ LINEALIS_API linealis_status linealis_sheet_write(const linealis_sheet* sheet, c
 #ifdef __cplusplus
 }
 #endif
+
+/* NOLINTEND(modernize-deprecated-headers, modernize-use-using) */
 
 #endif
