@@ -66,7 +66,8 @@ const std::string view = margins + "CheckBoxViewGraph ";
 const std::string colors = "LineColorCanvas @ ~BackgroundColorCanvas";
 const std::string spacings = "EditHorzSpacing EditVertSpacing ";
 const std::string weights = "EditHorzWeight EditVertWeight ~BackgroundColorCanvas";
-const std::string rows = view + "LineColorCanvas @ LinesColorCanvas CheckVertLines CheckHorzLines " + weights;
+const std::string spacingRows =
+    view + "LineColorCanvas @ LinesColorCanvas CheckVertLines CheckHorzLines " + weights;
 const std::string thicknesses = "EditLineThicknessHorz EditLineThicknessVert " + view;
 const std::string cellSize = "LineColorCanvas @ EditSize ~BackgroundColorCanvas";
 const std::string diagonals =
@@ -90,8 +91,8 @@ const std::map<std::string, std::string> fileOrder = {
     {"isometric", head + "EditLineThickness " + view + cellSize},
     {"grid", head + spacings + view + "@ LinesColorCanvas CheckVertLines CheckHorzLines " + weights},
     {"brick", head + spacings + view + "@ LinesColorCanvas =1 =1 " + weights},
-    {"dots", head + "EditDotWeight " + spacings + rows},
-    {"crosses", head + "EditCrossWeight " + spacings + "EditCrossHeight EditCrossWidth " + rows},
+    {"dots", head + "EditDotWeight " + spacings + spacingRows},
+    {"crosses", head + "EditCrossWeight " + spacings + "EditCrossHeight EditCrossWidth " + spacingRows},
     {"engineering", head + thicknesses + "EditHorzSpacing EditVertiSpacing EditBlankTop EditBlankLeft " + colors},
     {"lined",
      head + thicknesses + "EditHorzSpacing EditBlankTop EditBlankLeft " + colors + " CheckBoxDrawVertical!"},

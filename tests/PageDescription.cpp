@@ -362,14 +362,14 @@ bool IsField(std::string_view word)
 }
 
 /// A thing as what stands between its fields, with the fields.
-struct Form {
+struct FormOfThing {
     std::string frame;  ///< a NUL for each field
     Texts fields;
 };
 
-Form FormOf(const std::string& thing)
+FormOfThing FormOf(const std::string& thing)
 {
-    Form form;
+    FormOfThing form;
     std::string word;
     bool quoted = false;
     const auto end = [&] {
@@ -393,7 +393,7 @@ Form FormOf(const std::string& thing)
     return form;
 }
 
-std::string TextOf(const Form& form)
+std::string TextOf(const FormOfThing& form)
 {
     std::string text;
     auto field = form.fields.begin();
@@ -423,7 +423,7 @@ std::string FieldAt(const std::string& field, std::size_t k)
 
 std::string ThingAt(const std::string& line, std::size_t k)
 {
-    Form form = FormOf(line);
+    FormOfThing form = FormOf(line);
     for (std::size_t i = 0; i < form.fields.size(); ++i) {
         form.fields[i] = form.fields[i] == "=" ? form.fields.at(i - 2) : FieldAt(form.fields[i], k);
     }
@@ -465,12 +465,12 @@ std::string FoldedColumn(const Texts& column, bool listed)
 }
 
 /// The `count` things from the first on, `period` apart, as one; empty if they cannot be.
-std::string Folded(const std::vector<Form>& things, std::size_t first, std::size_t period, std::size_t count,
+std::string Folded(const std::vector<FormOfThing>& things, std::size_t first, std::size_t period, std::size_t count,
                    bool listed)
 {
     constexpr int mostLists = 2;  // more of them are no longer read together
     int lists = 0;
-    Form form = things[first];
+    FormOfThing form = things[first];
     for (std::size_t i = 0; i < form.fields.size(); ++i) {
         Texts column, before;
         for (std::size_t k = 0; k < count; ++k) {
@@ -497,7 +497,7 @@ struct Run {
 };
 
 /// The longest run of that period which begins at the thing.
-Run RunAt(const std::vector<Form>& things, std::size_t first, std::size_t period, bool listed)
+Run RunAt(const std::vector<FormOfThing>& things, std::size_t first, std::size_t period, bool listed)
 {
     constexpr std::size_t longestList = 24;
     std::size_t same = period;
@@ -522,7 +522,7 @@ Run RunAt(const std::vector<Form>& things, std::size_t first, std::size_t period
     return {};
 }
 
-Run BestRun(const std::vector<Form>& things, std::size_t first)
+Run BestRun(const std::vector<FormOfThing>& things, std::size_t first)
 {
     constexpr std::size_t longestPeriod = 8;
     Run best{1, {TextOf(things[first])}, 0.0};
@@ -541,7 +541,7 @@ Run BestRun(const std::vector<Form>& things, std::size_t first)
 std::string Describe(std::string_view content)
 {
     constexpr std::size_t widest = 160;
-    std::vector<Form> forms;
+    std::vector<FormOfThing> forms;
     for (const std::string& thing : ThingsOf(content)) {
         forms.push_back(FormOf(thing));
     }

@@ -230,9 +230,9 @@ TEST_F(PdfFile, StoppedWhileItIsWrittenLeavesTheOldFile)
     EXPECT_GT(stopped, 22);
 }
 
-class Page : public GridTest {};
+class PageFile : public GridTest {};
 
-TEST_F(Page, StoppedWhileItIsDrawnLeavesTheOldFile)
+TEST_F(PageFile, StoppedWhileItIsDrawnLeavesTheOldFile)
 {
     WriteFile(page.Path(), "old");
     form.SetText("EditHorzSpacing", ".01");
@@ -255,7 +255,7 @@ TEST_F(Page, StoppedWhileItIsDrawnLeavesTheOldFile)
     EXPECT_EQ(Complaints(page.Path()), "");
 }
 
-TEST_F(Page, IsReadByOthers)
+TEST_F(PageFile, IsReadByOthers)
 {
     form.SetColor("BackgroundColorCanvas", {200, 220, 255});
     form.SetListIndex("PopupOrientation", 1);
