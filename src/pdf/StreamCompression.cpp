@@ -35,30 +35,34 @@ struct Search {
     int maxChain;
 };
 
-/// Together at most as large as the best of zlib's levels, for every preset.
+// Below 512 KiB, the smallest result of the searches is at most as large as that of the best of zlib's levels, for
+// every preset. The more time a search takes, the fewer there are.
+constexpr Search manyDots = {Z_DEFAULT_STRATEGY, 5, 8, 4, 16, 48};
 constexpr std::array<Search, 4> smallSearches = {{
     {Z_FILTERED, 5, 258, 258, 258, 32},
     {Z_DEFAULT_STRATEGY, 5, 8, 258, 32, 128},
     {Z_DEFAULT_STRATEGY, 5, 8, 16, 258, 8},
     {Z_DEFAULT_STRATEGY, 5, 258, 4, 32, 16},
 }};
-
-/// The same, in a single pass.
-constexpr std::array<Search, 1> mediumSearches = {{{Z_DEFAULT_STRATEGY, 5, 8, 4, 16, 48}}};
+constexpr std::array<Search, 2> middleSearches = {{{Z_FILTERED, 5, 8, 16, 258, 16}, manyDots}};
+constexpr std::array<Search, 1> largeSearches = {{manyDots}};
 
 /// The streams of the heavy pages together are a tenth smaller than untuned, in a fifteenth of the time.
-constexpr std::array<Search, 1> largeSearches = {{{Z_DEFAULT_STRATEGY, 8, 5, 6, 32, 16}}};
-constexpr std::array<Search, 1> largestSearches = {{{Z_DEFAULT_STRATEGY, 8, 5, 10, 32, 16}}};
+constexpr std::array<Search, 1> heavySearches = {{{Z_DEFAULT_STRATEGY, 8, 5, 6, 32, 16}}};
+constexpr std::array<Search, 1> heaviestSearches = {{{Z_DEFAULT_STRATEGY, 8, 5, 10, 32, 16}}};
 
 std::span<const Search> SearchesFor(std::size_t size)
 {
-    if (size < 64 * kibibyte) {
+    if (size < 16 * kibibyte) {
         return smallSearches;
     }
-    if (size < 512 * kibibyte) {
-        return mediumSearches;
+    if (size < 64 * kibibyte) {
+        return middleSearches;
     }
-    return size < 1024 * kibibyte ? largeSearches : largestSearches;
+    if (size < 512 * kibibyte) {
+        return largeSearches;
+    }
+    return size < 1024 * kibibyte ? heavySearches : heaviestSearches;
 }
 
 /// Runs deflate on one piece after another and collects the output.
