@@ -561,6 +561,98 @@ TEST_F(Exchange, PicturesGiveTheirFormBack)
     Run("$cli form --form x.png", "x.png: is a picture that carries no form");
 }
 
+/// The places of the upright lines across a picture, and how dark they are, in the row with the least ink near its
+/// middle.
+std::vector<std::pair<std::size_t, std::string>> UprightLines(const Picture& picture)
+{
+    std::string row;
+    double least = 0.0;
+    for (std::size_t y = picture.height / 2; y < picture.height / 2 + 100; ++y) {
+        const auto begin = picture.pixels.begin() + static_cast<std::ptrdiff_t>(y * picture.width);
+        const std::string one(begin, begin + static_cast<std::ptrdiff_t>(picture.width));
+        double light = 0.0;
+        for (const char shade : one) {
+            light += static_cast<unsigned char>(shade);
+        }
+        if (light > least) {
+            least = light;
+            row = one;
+        }
+    }
+    std::vector<std::pair<std::size_t, std::string>> lines;
+    for (std::size_t x = 0; x < row.size(); ++x) {
+        if (row[x] != '\xFF') {
+            if (lines.empty() || lines.back().first + lines.back().second.size() != x) {
+                lines.push_back({x, ""});
+            }
+            lines.back().second += row[x];
+        }
+    }
+    return lines;
+}
+
+TEST_F(Exchange, PicturesForADeviceFillItWithEqualLines)
+{
+    std::vector<std::pair<std::string, Screen>> screens = {{"1000x700@131", {1000, 700, 131.0, 16}}};
+    for (const Device& device : Devices()) {
+        screens.emplace_back(device.name, device.screen);
+    }
+    for (const auto& [name, screen] : screens) {
+        for (const std::string kind : {"grid", "dots"}) {
+            for (const std::string weight : {".3", ".8", "2.1"}) {
+                SCOPED_TRACE(testing::Message() << name << " " << kind << " " << weight);
+                const std::string field = kind == "dots" ? " --set EditDotWeight=" : " --set EditVertWeight=";
+                Run("$cli generate " + kind + " --device " + name +
+                    " --set PopupUnits=cm --set EditHorzSpacing=.5"
+                    " --set EditVertSpacing=.5" +
+                    field + weight + " -o x.png");
+                const Picture picture = ReadPng(ReadFile(folder / "x.png"), 3);
+                EXPECT_EQ(picture.width, static_cast<std::size_t>(screen.width));
+                EXPECT_EQ(picture.height, static_cast<std::size_t>(screen.height));
+                if (kind == "dots") {
+                    continue;
+                }
+                const auto lines = UprightLines(picture);
+                std::set<std::size_t> gaps;
+                std::set<std::string> shades;
+                ASSERT_GT(lines.size(), 10U);
+                for (std::size_t i = 1; i < lines.size(); ++i) {
+                    gaps.insert(lines[i].first - lines[i - 1].first);
+                    shades.insert(lines[i].second);
+                }
+                EXPECT_EQ(shades.size(), 1U);
+                EXPECT_LE(*gaps.rbegin() - *gaps.begin(), 1U);
+                for (const std::uint8_t shade : picture.pixels) {
+                    ASSERT_TRUE(screen.grays == 0 || shade % 17 == 0) << int{shade};
+                }
+            }
+        }
+    }
+}
+
+TEST_F(Exchange, ADeviceTakesPicturesAlone)
+{
+    Run("$cli generate hexagon --device 600x400@100 --fit --output-dir . && mv hexagon.png a.png &&"
+        " $cli generate hexagon --device 600x400@100 --set PopupOrientation=Landscape -o b.png");
+    const Picture fitted = ReadPng(ReadFile(folder / "a.png"), 3), turned = ReadPng(ReadFile(folder / "b.png"), 3);
+    EXPECT_EQ(fitted.width, 400U) << "as the page is held";
+    EXPECT_EQ(fitted.height, 600U);
+    EXPECT_GT(fitted.Ink(), 0.0);
+    EXPECT_EQ(turned.width * turned.height, 240000U);
+    EXPECT_EQ(
+        RunInShell(folder, "$cli generate grid --set EditVertWeight=.05 --device 600x400@100 -o a.png").errors, "")
+        << "warnings about printing";
+    Run("$cli generate grid --device 600x400@100 -o a.pdf", "--device makes a PNG file, not a PDF file");
+    Run("$cli generate grid --device 600x400@100 --dpi 90 -o a.png", "use either --device or --dpi, not both");
+    Run("$cli generate grid --fit -o a.png", "--fit scales the page to a screen; add --device DEVICE");
+    for (const std::string wrong :
+         {"remarkable", "600x400", "0x400@100", "600x400@9", "99999x1@100", "600x400@100x", "x@"}) {
+        const Finished call = RunInShell(folder, "$cli generate grid --device " + wrong + " -o a.png");
+        EXPECT_EQ(call.status, 2) << wrong;
+        EXPECT_NE(call.errors.find("unknown device '" + wrong + "'; possible: "), std::string::npos) << call.errors;
+    }
+}
+
 TEST_F(Exchange, AThumbnailOfAnyPageTakesLittle)
 {
     Run("$cli save dots --set paper-size=A0 --set vertical-spacing=.01 --set horizontal-spacing=.01 -o a.setd");

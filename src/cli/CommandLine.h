@@ -59,6 +59,7 @@ private:
 
     void AddKindsOptions(CLI::App& command);
     void AddPresetsOptions(CLI::App& command);
+    void AddDevicesOptions(CLI::App& command);
     void AddFormOptions(CLI::App& command);
     void AddLinkOptions(CLI::App& command);
     void AddSchemaOptions(CLI::App& command);
@@ -79,6 +80,7 @@ private:
 
     int RunKinds();
     int RunPresets();
+    int RunDevices();
     int RunForm();
     int RunLink();
     int RunSchema();

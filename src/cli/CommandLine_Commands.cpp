@@ -45,6 +45,8 @@ const std::vector<CommandLine::Command>& CommandLine::Commands()
          &CommandLine::RunKinds},
         {"presets", "List the presets: name, kind, title", &CommandLine::AddPresetsOptions,
          &CommandLine::RunPresets},
+        {"devices", "List the devices: name, title, pixels, dpi, grays", &CommandLine::AddDevicesOptions,
+         &CommandLine::RunDevices},
         {"form", "Show a form as JSON", &CommandLine::AddFormOptions, &CommandLine::RunForm},
         {"link", "Show a form as a link: the part of the page's address after #", &CommandLine::AddLinkOptions,
          &CommandLine::RunLink},
@@ -106,6 +108,17 @@ void CommandLine::AddPresetsOptions(CLI::App& command)
 {
     AddJsonFlag(command);
     AddOption(command, "--kind", "KIND", kind, "Only those of this kind of paper");
+}
+
+void CommandLine::AddDevicesOptions(CLI::App& command)
+{
+    AddJsonFlag(command);
+}
+
+int CommandLine::RunDevices()  // NOLINT(readability-make-member-function-const): the command table needs this type
+{
+    ListDevices(asJson);
+    return done;
 }
 
 int CommandLine::RunPresets()
@@ -186,6 +199,11 @@ void CommandLine::AddGenerateOptions(CLI::App& command)
                                            "Pixels per inch of a " + pixels + " file [300]")) {
         dpi->check(CLI::Range(1.0, mostDotsPerInch).description(""))->check(IsNumber());
     }
+    AddOption(command, "--device", "DEVICE", request.device,
+              "Make a " + pixels +
+                  " file that fills a screen; 'linealis-cli devices' lists them; or WIDTHxHEIGHT@DPI");
+    AddFlag(command, "--fit", request.how.fitsScreen,
+            "With --device: scale the page to the screen instead of giving it the screen's size");
     AddFlag(command, "--transparent", request.how.isTransparent,
             "Make the background of a " + pixels + " file transparent");
     AddOption(command, "--table", "FILE", request.table,

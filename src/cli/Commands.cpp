@@ -58,6 +58,29 @@ void ListPresets(bool asJson, const std::optional<std::string>& kind)
     }
 }
 
+void ListDevices(bool asJson)
+{
+    Json list = Json::array();
+    for (const auto& [name, title, screen, source] : Devices()) {
+        if (asJson) {
+            list.push_back({{"device", name},
+                            {"title", title},
+                            {"width", screen.width},
+                            {"height", screen.height},
+                            {"dpi", screen.dotsPerInch},
+                            {"grays", screen.grays},
+                            {"source", source}});
+        } else {
+            std::cout << name << '\t' << title << '\t' << screen.width << 'x' << screen.height << '\t'
+                      << screen.dotsPerInch << '\t' << (screen.grays == 0 ? "color" : std::to_string(screen.grays))
+                      << '\n';
+        }
+    }
+    if (asJson) {
+        Print(list);
+    }
+}
+
 void ListKinds(bool asJson)
 {
     if (asJson) {

@@ -15,6 +15,9 @@ void Print(const Json& json);
 /// Prints the kinds of paper, one per line, or as JSON.
 void ListKinds(bool asJson);
 
+/// Prints the devices that pictures can be made for, one per line, or as JSON.
+void ListDevices(bool asJson);
+
 /// Prints the presets of all kinds, or of one, one per line, or as JSON. Throws UsageError if there is no such
 /// kind.
 void ListPresets(bool asJson, const std::optional<std::string>& kind);

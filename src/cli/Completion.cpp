@@ -155,6 +155,10 @@ Completions CompleteValue(const CLI::App& command, const std::string& argument, 
         for (const PageFormat& format : PageFormats()) {
             Offer(completions, typed, std::string(format.name), format.words);
         }
+    } else if (argument == "DEVICE") {
+        for (const Device& device : Devices()) {
+            Offer(completions, typed, std::string(device.name), device.title);
+        }
     } else if (argument == "DIR") {
         completions.folders = true;
     } else if (argument == "FILE") {

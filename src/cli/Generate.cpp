@@ -12,6 +12,7 @@
 #include <atomic>
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string_view>
 
 namespace linealis::cli {
@@ -30,9 +31,17 @@ std::vector<std::string> FormatNames(const char* before)
     return names;
 }
 
-/// Returns the format that --format names or, without it, the extension of the output file. PDF if it has no
-/// extension, and for files below /dev and /proc, whose names say nothing about the format. Throws UsageError if
-/// the format is unknown.
+/// Returns the format of a file whose name says nothing about it: of a device, pixels.
+const PageFormat& FormatWithoutName(const GenerateRequest& request)
+{
+    const std::span<const PageFormat> formats = PageFormats();
+    const auto pixels =
+        std::find_if(formats.begin(), formats.end(), [](const PageFormat& format) { return format.hasPixels; });
+    return request.device ? *pixels : formats.front();
+}
+
+/// Returns the format that --format names or, without it, the extension of the output file. FormatWithoutName if it
+/// has no extension, and for files below /dev and /proc. Throws UsageError if the format is unknown.
 const PageFormat& FormatOf(const GenerateRequest& request)
 {
     if (request.format) {
@@ -43,7 +52,7 @@ const PageFormat& FormatOf(const GenerateRequest& request)
     }
     const std::string ending = EndingOf(request.output);
     if (ending.empty() || request.output.starts_with("/dev/") || request.output.starts_with("/proc/")) {
-        return PageFormats().front();
+        return FormatWithoutName(request);
     }
     if (const PageFormat* const format = FindPageFormat(ending.substr(1))) {
         return *format;
@@ -74,6 +83,35 @@ void CheckRequest(const GenerateRequest& request)
     }
 }
 
+/// Returns the options with the screen of --device. Throws UsageError if the device is unknown, or does not fit the
+/// request.
+OutputOptions WithScreen(const GenerateRequest& request)
+{
+    OutputOptions how = request.how;
+    if (!request.device) {
+        if (how.fitsScreen) {
+            throw UsageError{"--fit scales the page to a screen; add --device DEVICE"};
+        }
+        return how;
+    }
+    if (how.dotsPerInch) {
+        throw UsageError{"use either --device or --dpi, not both"};
+    }
+    how.screen = ScreenNamed(*request.device);
+    if (!how.screen) {
+        std::vector<std::string> possible = {"numbers such as 1404x1872@226"};
+        for (const Device& device : Devices()) {
+            possible.emplace_back(device.name);
+        }
+        throw Unknown("device", *request.device, possible);
+    }
+    if (!FormatOf(request).hasPixels) {
+        throw UsageError{"--device makes a " + FormatTitles(&PageFormat::hasPixels) + " file, not a " +
+                         std::string(FormatOf(request).title) + " file"};
+    }
+    return how;
+}
+
 void CheckSources(const GenerateRequest& request)
 {
     if (request.table && request.sources.size() > 1) {
@@ -98,7 +136,7 @@ void WarnOfIdleOptions(const GenerateRequest& request)
 }
 
 /// Reports the printing problems of all pages. Returns whether a strict check has found any.
-bool CheckPages(const GenerateRequest& request)
+bool CheckPages(const GenerateRequest& request, const OutputOptions& how)
 {
     if (!request.output.empty() || !request.outputDirectory.empty() || request.how.view) {
         throw UsageError{"--check writes no page; leave out -o, --output-dir and --view"};
@@ -107,7 +145,7 @@ bool CheckPages(const GenerateRequest& request)
     bool hasFound = false;
     PageList pages(request, FormatOf(request));
     while (const std::optional<PageJob> job = pages.Next()) {
-        hasFound = CheckPage(*job, request.asJson, found) || hasFound;
+        hasFound = CheckPage(*job, how, request.asJson, found) || hasFound;
     }
     if (request.asJson) {
         Print(found);
@@ -169,12 +207,12 @@ bool Generate(const GenerateRequest& request)
     CheckSources(request);
     if (request.check) {
         WarnOfIdleOptions(request);
-        return CheckPages(request);
+        return CheckPages(request, WithScreen(request));
     }
     CheckRequest(request);
     WarnOfIdleOptions(request);
+    OutputOptions how = WithScreen(request);
     PageList pages(request, FormatOf(request));
-    OutputOptions how = request.how;
     if (!request.outputDirectory.empty()) {
         how.refusesLinks = true;
         MakeFolder(request.outputDirectory);

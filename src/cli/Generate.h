@@ -16,6 +16,7 @@ struct GenerateRequest {
     std::string output;                 ///< a file name, or "-" for standard output; empty with outputDirectory
     std::string outputDirectory;        ///< the folder for pages that are named after their sources or rows
     std::optional<std::string> table;   ///< a CSV file; the single source makes one page per row of it
+    std::optional<std::string> device;  ///< as ScreenNamed takes it
     std::optional<std::string> format;  ///< the name of a PageFormat; by default, the extension of `output` decides
     std::size_t jobs = 1;               ///< the number of pages to make at the same time
     bool check = false;                 ///< report printing problems instead of making pages

@@ -45,13 +45,29 @@ PageWarnings WarningsOfMarkers(const PaperForm& form, const FolderItem& file)
 }
 
 /// Returns the warnings of the page, of the actions, and about the marker file.
-PageWarnings AllWarnings(const OpenWindow& open, const PageWarnings& ofPage, const ScreenlessPlatform& platform)
+PageWarnings AllWarnings(const OpenWindow& open, const PageWarnings& ofPage, const ScreenlessPlatform& platform,
+                         bool isForScreen)
 {
     PageWarnings all = ofPage;
     for (const PageWarnings& more : {open.warnings, WarningsOfMarkers(open.window->form, platform.openAnswer)}) {
         all.insert(all.end(), more.begin(), more.end());
     }
+    if (isForScreen) {
+        // A picture shows a thin line as a faint one, and its size is that of the screen.
+        std::erase_if(
+            all, [](const PageWarning& warning) { return warning.id == "thin" || warning.id == "custom-size"; });
+    }
     return all;
+}
+
+/// Opens the form of a job. One for a screen gets the paper of the screen, unless the page is scaled to it.
+OpenWindow OpenJob(const PageJob& job, const OutputOptions& how, ScreenlessPlatform& platform)
+{
+    OpenWindow open = Open(*job.source, job.actions, platform);
+    if (how.screen && !how.fitsScreen) {
+        LayOut(*how.screen, open.window->form);
+    }
+    return open;
 }
 
 /// Warns about fonts that this machine replaces, each of them once per run, however many pages use it. Thread-safe.
@@ -102,6 +118,8 @@ WriteOptions OptionsOf(const OutputOptions& how, const OpenWindow& open, const P
     options.carried = format.carriesForm ? CarriedForm(*open.kind, open.window->form) : "";
     options.dotsPerInch = how.dotsPerInch.value_or(options.dotsPerInch);
     options.isTransparent = how.isTransparent;
+    options.screen = how.screen;
+    options.fitsScreen = how.fitsScreen;
     return options;
 }
 
@@ -117,15 +135,15 @@ void Generate(const PageJob& job, const OutputOptions& how, const std::atomic<bo
         }
     };
     platform.onYield = stopIfAsked;
-    const OpenWindow open = Open(*job.source, job.actions, platform);
+    const OpenWindow open = OpenJob(job, how, platform);
     PaperPage read = open.window->ReadPage();
     const WriteOptions options = OptionsOf(how, open, *job.format);
-    if (job.format->hasPixels) {
+    if (job.format->hasPixels && !how.screen) {
         CheckPixels({read.frame.paperWidth, read.frame.paperHeight}, options.dotsPerInch, job.name);
     }
     const DrawnPage page = DrawPage(job.output, *open.window, std::move(read));
     Say(platform);
-    Warn(job.name, open, page, platform);
+    Warn(job.name, open, page, platform, how.screen.has_value());
     if (job.format->hasPixels) {
         WarnOfFonts(page.content);
     }
@@ -154,10 +172,11 @@ void Say(const ScreenlessPlatform& platform)
 }
 
 void Warn(const std::string& name, const OpenWindow& open, const DrawnPage& page,
-          const ScreenlessPlatform& platform)
+          const ScreenlessPlatform& platform, bool isForScreen)
 {
     const bool isShort = page.content.View().size() <= longestChecked;
-    for (const PageWarning& warning : AllWarnings(open, isShort ? WarningsOf(page) : page.warnings, platform)) {
+    for (const PageWarning& warning :
+         AllWarnings(open, isShort ? WarningsOf(page) : page.warnings, platform, isForScreen)) {
         Complain("warning: " + name + ": " + warning.text.English());
     }
 }
@@ -170,13 +189,13 @@ void GeneratePage(const PageJob& job, const OutputOptions& how, const std::atomi
     }
 }
 
-bool CheckPage(const PageJob& job, bool asJson, Json& found)
+bool CheckPage(const PageJob& job, const OutputOptions& how, bool asJson, Json& found)
 {
     ScreenlessPlatform platform;
-    const OpenWindow open = Open(*job.source, job.actions, platform);
+    const OpenWindow open = OpenJob(job, how, platform);
     const DrawnPage page = DrawPage(job.name, *open.window, open.window->ReadPage());
     Say(platform);
-    const PageWarnings warnings = AllWarnings(open, WarningsOf(page), platform);
+    const PageWarnings warnings = AllWarnings(open, WarningsOf(page), platform, how.screen.has_value());
     for (const PageWarning& warning : warnings) {
         if (asJson) {
             found.push_back({{"source", job.name},

@@ -24,6 +24,8 @@ struct PageJob {
 struct OutputOptions {
     std::optional<double> dotsPerInch;  ///< of a PNG file; default: that of WriteOptions
     bool isTransparent = false;         ///< a PNG file without the white of the paper
+    std::optional<Screen> screen;       ///< of the device that a picture is for
+    bool fitsScreen = false;            ///< scale the page to the screen, instead of giving it the screen's paper
     bool view = false;                  ///< open each page in the viewer
     /// Do not write through links, so that others who may write to the folder cannot redirect a page.
     bool refusesLinks = false;
@@ -37,13 +39,14 @@ void GeneratePage(const PageJob& job, const OutputOptions& how, const std::atomi
 void Say(const ScreenlessPlatform& platform);
 
 /// Prints the warnings about a drawn page on standard error. Checks the content only of a light page, to save time;
-/// of a heavy one it prints only the warnings of the form.
+/// of a heavy one it prints only the warnings of the form. Leaves out what concerns printers alone if
+/// `isForScreen`.
 void Warn(const std::string& name, const OpenWindow& open, const DrawnPage& page,
-          const ScreenlessPlatform& platform);
+          const ScreenlessPlatform& platform, bool isForScreen = false);
 
 /// Reports the printing problems of a page: prints them on standard output or, with `asJson`, appends them to
 /// `found`. Returns whether there are any. Throws UsageError or WorkError if the page cannot be drawn.
-bool CheckPage(const PageJob& job, bool asJson, Json& found);
+bool CheckPage(const PageJob& job, const OutputOptions& how, bool asJson, Json& found);
 
 /// Writes a small picture of the page for file managers: a PNG file whose longer side has `size` pixels. Stops
 /// painting after 0.75 s of processor time and writes what it has. Throws UsageError or WorkError.

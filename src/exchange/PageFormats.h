@@ -1,7 +1,9 @@
 #pragma once
 
+#include "exchange/Devices.h"
 #include "pipeline/page/PageJob.h"
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -14,6 +16,10 @@ struct WriteOptions {
     std::string carried = {};    ///< the form that the file carries; empty for none
     double dotsPerInch = 300.0;  ///< for formats with pixels
     bool isTransparent = false;  ///< for formats with pixels: without the white of the paper
+    /// For formats with pixels: the screen that the picture fills, and whether the page is scaled to it (see
+    /// PngOptions).
+    std::optional<Screen> screen = {};
+    bool fitsScreen = false;
 };
 
 /// A file format for pages: a row of the only table of formats. All lists of formats are generated from it:

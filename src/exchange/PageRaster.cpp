@@ -95,7 +95,7 @@ void CoverSpans(int y, int count, const FT_Span* spans, void* user)
 }  // namespace
 
 PageRaster::PageRaster(FontFaces& theFaces, const Place& thePlace, bool isTransparent)
-    : faces(theFaces), place(thePlace), scale{place.pageHeight, place.pixelsPerPoint},
+    : faces(theFaces), place(thePlace), scale{place.pageHeight, place.pixelsPerPoint, place.left, place.top},
       pixels(static_cast<std::size_t>(place.width) * static_cast<std::size_t>(place.rows) * bytesPerPixel,
              isTransparent ? 0 : 255),
       covered(pixels.size() / bytesPerPixel)
@@ -118,6 +118,15 @@ double PageRaster::WidthOf(const PagePen& pen) const
 
 bool PageRaster::Stroke(PagePath path, const PagePen& pen)
 {
+    if (place.isSnapped) {
+        if (SnappedStroke snapped = Snapped(path, pen, scale, faces.Library()); !snapped.shapes.empty()) {
+            for (Outline& shape : snapped.shapes) {
+                Render(shape, pen.color, CoverSpans);
+            }
+            PaintCovered(pen.color, snapped.opacity);
+            return true;
+        }
+    }
     // The shapes of a stroke overlap. Painting them one by one would blend some pixels twice, so first collect the
     // coverage of all, then paint each pixel once. A single shape is painted directly.
     std::vector<Outline> shapes = ShapesOfStroke(path, pen, WidthOf(pen), scale, faces.Library());
@@ -128,17 +137,24 @@ bool PageRaster::Stroke(PagePath path, const PagePen& pen)
     for (Outline& shape : shapes) {
         Render(shape, pen.color, CoverSpans);
     }
-    const std::array<std::uint8_t, 3> color = BytesOf(pen.color);
+    PaintCovered(pen.color, 1.0);
+    return true;
+}
+
+/// Paints the pixels that CoverSpans has collected, once each.
+void PageRaster::PaintCovered(const PageColor& color, double opacity)
+{
+    const std::array<std::uint8_t, 3> bytes = BytesOf(color);
     for (const std::span<std::uint8_t> span : coveredSpans) {
         auto* pixel = &pixels[static_cast<std::size_t>(span.data() - covered.data()) * bytesPerPixel];
         // Resets the coverage, so that a pixel in several spans is painted only once.
         for (std::uint8_t& coverage : span) {
-            PaintPixel(pixel, color, std::exchange(coverage, std::uint8_t{0}));
+            PaintPixel(pixel, bytes,
+                       static_cast<unsigned>(std::lround(std::exchange(coverage, std::uint8_t{0}) * opacity)));
             pixel += bytesPerPixel;
         }
     }
     coveredSpans.clear();
-    return true;
 }
 
 /// Leaves out a path with more points than an outline can have. A segment has up to three.

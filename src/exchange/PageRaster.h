@@ -1,6 +1,7 @@
 #pragma once
 
 #include "exchange/FontFaces.h"
+#include "exchange/SnappedStroke.h"
 #include "exchange/StrokeShapes.h"
 #include "pdf/PageContent.h"
 
@@ -22,6 +23,9 @@ public:
         int firstRow;  ///< in the picture, counted from the top
         int rows;
         double thinnest = 0.0;  ///< the least width of a line, in pixels
+        double left = 0.0;      ///< the position of the upper left corner of the paper in the picture, in pixels
+        double top = 0.0;
+        bool isSnapped = false;  ///< whether to move lines along the axes and dots to whole pixels
     };
 
     /// `theFaces` must outlive the object. The rows start out white, or transparent.
@@ -39,6 +43,7 @@ public:
 
 private:
     double WidthOf(const PagePen& pen) const;
+    void PaintCovered(const PageColor& color, double opacity);
     void Render(Outline& outline, const PageColor& color, FT_SpanFunc takeSpans);
 
     FontFaces& faces;

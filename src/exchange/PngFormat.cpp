@@ -7,7 +7,12 @@ namespace linealis {
 void WriteAsPng(const DrawnPage& page, const WriteOptions& options, BinaryStream& stream, Turns& turns)
 {
     WritePng({page.frame.paperWidth, page.frame.paperHeight}, page.content,
-             {options.dotsPerInch, options.isTransparent, 0.0, options.carried}, stream, &turns);
+             {.dotsPerInch = options.dotsPerInch,
+              .isTransparent = options.isTransparent,
+              .carried = options.carried,
+              .screen = options.screen,
+              .fitsScreen = options.fitsScreen},
+             stream, &turns);
 }
 
 }  // namespace linealis

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "exchange/Devices.h"
 #include "pipeline/page/PageFrame.h"
 #include "platform/BinaryStream.h"
 #include "platform/Turns.h"
@@ -21,6 +22,10 @@ struct PngOptions {
     /// When std::clock, the processor time of the whole process, reaches this value, painting stops, and the
     /// picture shows what has been painted so far.
     std::optional<std::clock_t> endOfPainting = {};
+    /// A screen that the picture fills to the pixel, at its resolution instead of dotsPerInch. Lines along its axes
+    /// take whole pixels.
+    std::optional<Screen> screen = {};
+    bool fitsScreen = false;  ///< whether the page is scaled to the screen, in its middle, instead of at true size
 };
 
 struct PixelSize {

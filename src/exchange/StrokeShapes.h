@@ -10,13 +10,15 @@ namespace linealis {
 struct PixelScale {
     double pageHeight;  ///< points
     double pixelsPerPoint;
+    double left = 0.0;  ///< the position of the upper left corner of the paper, in pixels
+    double top = 0.0;
     double x = 1.0;  ///< the scale of the content
     double y = 1.0;
 
     /// Returns the position in pixels.
     Point At(const Point& point) const
     {
-        return {point.x * x * pixelsPerPoint, (pageHeight - point.y * y) * pixelsPerPoint};
+        return {left + point.x * x * pixelsPerPoint, top + (pageHeight - point.y * y) * pixelsPerPoint};
     }
     /// Returns the position in the unit of FreeType.
     FT_Vector Place(const Point& point) const

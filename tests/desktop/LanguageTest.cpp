@@ -2,12 +2,15 @@
 #include "desktop/dialogs/PrintPage.h"
 #include "desktop/system/WindowLanguage.h"
 #include "desktop/window/PaperSearch.h"
+#include "exchange/Devices.h"
 
 #include <QAccessible>
 #include <QListWidget>
 #include <QPrinter>
 #include <QTranslator>
+#include <algorithm>
 #include <set>
+#include <span>
 
 namespace linealis::test {
 namespace {
@@ -49,6 +52,11 @@ bool HasWords(QString text)
                        "\\(\\w+\\)|PDF|SVG|PNG|DXF|[A-Za-z]:|https?:\\S*|\\b\\p{L}{1,2}\\b"),
         QRegularExpression::UseUnicodePropertiesOption);
     static const QRegularExpression word(QStringLiteral("[A-Za-z]{3}"));
+    const std::span<const Device> devices = Devices();
+    const auto isNamed = [&](const Device& device) { return text == ToQt(device.title); };
+    if (std::any_of(devices.begin(), devices.end(), isNamed)) {
+        return false;
+    }
     return text.remove(noWords).contains(word);
 }
 

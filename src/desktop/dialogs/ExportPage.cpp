@@ -7,6 +7,7 @@
 #include "exchange/PngPage.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileInfo>
 #include <QFormLayout>
@@ -16,6 +17,7 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 namespace linealis::desktop {
@@ -25,6 +27,8 @@ namespace {
 const QString folderKey = QStringLiteral("folders/export");
 const QString formatKey = QStringLiteral("export/format");
 const QString resolutionKey = QStringLiteral("export/resolution");
+const QString deviceKey = QStringLiteral("export/device");
+const QString fitKey = QStringLiteral("export/fit");
 const QString transparentKey = QStringLiteral("export/transparent");
 
 /// Asks for the format, resolution, and background of the picture. Proposes the previous choice.
@@ -43,6 +47,14 @@ public:
                 AddFormat(*form, format, last);
             }
         }
+        device->setObjectName(QStringLiteral("ExportDevice"));
+        device->addItem(Translated("No device"));
+        for (const Device& each : Devices()) {
+            device->addItem(ToQt(each.title), ToQt(each.name));
+        }
+        device->setCurrentIndex(std::max(0, device->findData(settings.value(deviceKey))));
+        fit->setObjectName(QStringLiteral("ExportFit"));
+        fit->setChecked(settings.value(fitKey, true).toBool());
         resolution->setObjectName(QStringLiteral("ExportResolution"));
         resolution->setRange(1, HighestDotsPerInch(paper));
         resolution->setSuffix(Translated(" dpi"));
@@ -50,6 +62,8 @@ public:
         transparent->setObjectName(QStringLiteral("ExportTransparent"));
         transparent->setChecked(settings.value(transparentKey).toBool());
 
+        form->addRow(Translated("De&vice:"), device);
+        form->addRow(QString(), fit);
         form->addRow(Translated("&Resolution:"), resolution);
         form->addRow(QString(), pixels);
         form->addRow(QString(), transparent);
@@ -59,6 +73,7 @@ public:
         QObject::connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
         QObject::connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
         QObject::connect(resolution, &QSpinBox::valueChanged, this, [this] { Follow(); });
+        QObject::connect(device, &QComboBox::currentIndexChanged, this, [this] { Follow(); });
         Follow();
         chosen->button->setFocus();
     }
@@ -70,6 +85,8 @@ public:
         WriteOptions options;
         options.dotsPerInch = resolution->value();
         options.isTransparent = transparent->isChecked();
+        options.screen = ChosenScreen();
+        options.fitsScreen = fit->isChecked();
         return options;
     }
 
@@ -79,6 +96,8 @@ public:
         WindowSettings settings;
         settings.setValue(formatKey, ToQt(Format().name));
         settings.setValue(resolutionKey, resolution->value());
+        settings.setValue(deviceKey, device->currentData());
+        settings.setValue(fitKey, fit->isChecked());
         settings.setValue(transparentKey, transparent->isChecked());
     }
 
@@ -102,22 +121,35 @@ private:
         QObject::connect(button, &QRadioButton::toggled, this, [this] { Follow(); });
     }
 
-    /// Updates the dialog after a change of the format or the resolution.
+    /// Returns the screen of the chosen device, or nothing.
+    std::optional<Screen> ChosenScreen() const
+    {
+        const int index = device->currentIndex();  // after "None"
+        return index > 0 ? std::optional(Devices()[static_cast<std::size_t>(index - 1)].screen) : std::nullopt;
+    }
+
+    /// Updates the dialog after a change of the format, the device, or the resolution.
     void Follow()
     {
         for (const Choice& choice : choices) {
             chosen = choice.button->isChecked() ? &choice : chosen;
         }
-        for (QWidget* const widget : std::initializer_list<QWidget*>{resolution, transparent, pixels}) {
+        for (QWidget* const widget : std::initializer_list<QWidget*>{device, transparent, pixels}) {
             widget->setEnabled(Format().hasPixels);
         }
-        const PixelSize size = PixelsOf(paper, resolution->value());
+        const std::optional<Screen> screen = ChosenScreen();
+        fit->setEnabled(Format().hasPixels && screen);
+        resolution->setEnabled(Format().hasPixels && !screen);
+        const PixelSize size = screen ? PixelSize{Turned(*screen, paper).width, Turned(*screen, paper).height}
+                                      : PixelsOf(paper, resolution->value());
         pixels->setText(Translated("%1 by %2 pixels").arg(size.width).arg(size.height));
     }
 
     PaperSize paper;
     std::vector<Choice> choices;
     const Choice* chosen = nullptr;
+    QComboBox* device = new QComboBox;
+    QCheckBox* fit = new QCheckBox(Translated("S&cale the page to the screen"));
     QSpinBox* resolution = new QSpinBox;
     QLabel* pixels = new QLabel;
     QCheckBox* transparent = new QCheckBox(Translated("&Transparent background"));
