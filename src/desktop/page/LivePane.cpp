@@ -48,6 +48,7 @@ LivePane::LivePane()
     setLayoutDirection(Qt::LeftToRight);  // a page and its rulers begin at the left in every language
     unit->setObjectName(QStringLiteral("RulerUnit"));
     unit->setAlignment(Qt::AlignCenter);
+    unit->setFont(across->font());  // that of the numbers, so that a longer unit fits above the ruler
     grid->addWidget(unit, 1, 0);
     grid->addWidget(across, 1, 1);
     grid->addWidget(down, 2, 0);
@@ -127,7 +128,7 @@ QWidget* LivePane::MakeTools()
 void LivePane::Show(const PaperPage& shown, const QString& summary)
 {
     inInches = shown.frame.IsInInches();
-    unit->setText(inInches ? QStringLiteral("in") : QStringLiteral("cm"));
+    unit->setText(inInches ? Translated("in") : Translated("cm"));
     words->setText(summary);
     words->setToolTip(summary);
     page->Show(shown, summary);
