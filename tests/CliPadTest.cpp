@@ -103,6 +103,81 @@ TEST_F(CliPad, BacksLieBehindEveryPageOnTheSamePaper)
     EXPECT_EQ(Content("pad.pdf", 4), Content("pad.pdf", 2)) << "the back is full: the printer mirrors it";
 }
 
+TEST_F(CliPad, ATableGivesEachPageInTheOrderOfTheStacks)
+{
+    std::string rows = "top-margin\n";
+    for (int row = 1; row <= 5; ++row) {
+        rows += std::to_string(row) + "\n";
+    }
+    WriteFile(folder / "rows.csv", rows);
+    EXPECT_EQ(
+        Shell("$cli pad grid --table rows.csv -o pad.pdf; $cli pad grid --table rows.csv --up 2 -o two.pdf").errors,
+        "");
+    EXPECT_EQ(Info("pad.pdf"), "pages 5\nsize 612 792\n");
+    for (int row = 1; row <= 5; ++row) {
+        Shell("$cli generate grid --set top-margin=" + std::to_string(row) + " -o page.pdf");
+        EXPECT_EQ(Content("pad.pdf", row), Content("page.pdf", 1)) << row;
+    }
+    const std::vector<std::vector<std::string>> sides = {{"/Page0", "/Page3"}, {"/Page1", "/Page4"}, {"/Page2"}};
+    for (std::size_t side = 0; side < sides.size(); ++side) {
+        const std::string content = Content("two.pdf", static_cast<int>(side) + 1);
+        for (const std::string& page : sides[side]) {
+            EXPECT_NE(content.find(page + " Do"), std::string::npos) << side << page;
+        }
+    }
+    EXPECT_EQ(Shell("mutool show pad.pdf trailer/Root/ViewerPreferences/PrintScaling").output, "/None\n");
+}
+
+TEST_F(CliPad, ABookletReadsInOrderWhenItIsFolded)
+{
+    EXPECT_EQ(Shell("$cli pad dots --set paper-size=A6 --booklet --pages 6 --numbers --creep 1mm --dates "
+                    "2026-12-30 -o pad.pdf")
+                  .errors,
+              "");
+    EXPECT_EQ(Info("pad.pdf"), "pages 4\nsize 594 421\n");
+    // The fronts and backs of the outer and the inner sheet: two pages of eight are blank.
+    const std::vector<std::string> sides = {"2026-12-30 1", "2026-12-31 2", "2027-01-04 2027-01-01 6 3",
+                                            "2027-01-02 2027-01-03 4 5"};
+    for (std::size_t i = 0; i < sides.size(); ++i) {
+        const std::string page = std::to_string(i + 1);
+        EXPECT_EQ(Shell("pdftotext -layout -f " + page + " -l " + page + " pad.pdf - | tr -d '\\f' | xargs").output,
+                  sides[i] + "\n");
+    }
+    EXPECT_NE(Content("pad.pdf", 2).find("q 1 0 0 1 0 0 cm"), std::string::npos);
+    EXPECT_NE(Content("pad.pdf", 3).find("q 1 0 0 1 2.835 0 cm"), std::string::npos) << "toward the fold";
+    EXPECT_NE(Content("pad.pdf", 3).find("q 1 0 0 1 294.165 0 cm"), std::string::npos);
+}
+
+TEST_F(CliPad, APosterPutTogetherIsThePage)
+{
+    EXPECT_EQ(Shell("$cli pad polar --set paper-size=A3 --poster A4 --overlap 57pt -o poster.pdf").errors, "");
+    EXPECT_EQ(Info("poster.pdf"), "pages 4\nsize 595 842\n");
+    // Each sheet, as a picture, is its part of the page.
+    EXPECT_EQ(Shell("$cli generate polar --set paper-size=A3 -o page.pdf 2>/dev/null").status, 0);
+    const std::vector<std::string> names = {"A1", "B1", "A2", "B2"};
+    const int step[] = {561 - 57, 808 - 57};
+    for (int sheet = 0; sheet < 4; ++sheet) {
+        const std::string page = std::to_string(sheet + 1);
+        EXPECT_NE(Shell("pdftotext -f " + page + " -l " + page + " poster.pdf -")
+                      .output.find(names[static_cast<std::size_t>(sheet)]),
+                  std::string::npos);
+        const int x = sheet % 2 * step[0], y = sheet / 2 * step[1];
+        Shell("pdftoppm -r 72 -gray -f " + page + " -l " + page +
+              " -x 20 -y 20 -W 300 -H 380 -singlefile poster.pdf part\n"
+              "pdftoppm -r 72 -gray -x " +
+              std::to_string(x + 3) + " -y " + std::to_string(y + 3) + " -W 300 -H 380 -singlefile page.pdf whole");
+        const std::string part = ReadFile(folder / "part.pgm"), whole = ReadFile(folder / "whole.pgm");
+        ASSERT_EQ(part.size(), whole.size());
+        std::size_t differ = 0;
+        for (std::size_t i = 0; i < part.size(); ++i) {
+            differ += std::abs(static_cast<unsigned char>(part[i]) - static_cast<unsigned char>(whole[i])) > 100
+                          ? 1U
+                          : 0U;
+        }
+        EXPECT_LT(differ, 20U) << page;
+    }
+}
+
 TEST_F(CliPad, NumbersAreInTheOrderOfTheStacks)
 {
     struct {
@@ -144,6 +219,19 @@ TEST_F(CliPad, BadInputLeavesTheOldFile)
     fails(
         2, "$cli pad grid --back a4.setl -o pad.pdf",
         "the pages of a sheet must be of one size, but grid has 612 by 792 points and a4.setl 595 by 842 points\n");
+    fails(2, "$cli pad grid --booklet --up 2 -o pad.pdf", "--booklet does not go with --up\n");
+    fails(2, "$cli pad grid --poster A4 --back lined -o pad.pdf", "--poster does not go with --back\n");
+    fails(2, "$cli pad grid lined --poster A4 -o pad.pdf", "--poster takes one page, but 2 are given\n");
+    fails(2, "$cli pad grid --poster a44 -o pad.pdf", "unknown paper 'a44'; possible: ");
+    fails(2, "$cli pad grid --poster A6 --overlap 4in -o pad.pdf",
+          "a poster of grid on A6 with an overlap of 4in has no room\n");
+    fails(2, "$cli pad grid --poster A6 --overlap wide -o pad.pdf",
+          "--overlap is 'wide', but must be a length such as 5mm or 1/4in, at most 101 mm\n");
+    fails(2, "$cli pad grid --creep 1mm -o pad.pdf", "--creep goes with --booklet alone\n");
+    fails(2, "$cli pad grid --dates 2026-02-29 -o pad.pdf",
+          "--dates is '2026-02-29', but must be a date such as 2026-12-31\n");
+    fails(1, "printf 'top-margin\\n' > no.csv; $cli pad grid --table no.csv -o pad.pdf",
+          "no.csv: has no rows below its header\n");
     fails(2, "$cli pad a4.setl -o a4.setl", "refusing to overwrite the input a4.setl\n");
     fails(2, "$cli pad grid --back a4.setl -o a4.setl", "refusing to overwrite the input a4.setl\n");
     fails(1, "$cli pad grid -o /dev/full", "/dev/full: No space left on device\n");

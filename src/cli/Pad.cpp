@@ -2,83 +2,84 @@
 
 #include "cli/Errors.h"
 #include "cli/FileNames.h"
-#include "cli/PadFile.h"
-#include "cli/PageOutput.h"
-#include "platform/ScreenlessPlatform.h"
-#include "text/Numbers.h"
+#include "cli/PadPages.h"
+#include "kinds/Booklet.h"
+#include "kinds/Poster.h"
+#include "pdf/Units.h"
+#include "pipeline/form/LengthText.h"
+#include "pipeline/page/PaperSizes.h"
+#include "text/LetterCase.h"
 
 #include <algorithm>
+#include <charconv>
 #include <iterator>
-#include <memory>
 #include <stdexcept>
 
 namespace linealis::cli {
 
 namespace {
 
-/// The page of one source.
-struct OnePage {
-    std::string name;
-    std::unique_ptr<ScreenlessPlatform> platform;  ///< of the window
-    OpenWindow open;
-    PaperSize paper{};
-    std::size_t number = 0;  ///< assigned by PadFile::Take
-};
-using Pages = std::vector<OnePage>;
-
-/// Makes the page of a source and adds it to the pad file. If `sheet` is not null, uses its paper.
-OnePage TakePage(const Source& source, const std::vector<Action>& actions, const OnePage* sheet, PadFile& pad)
-{
-    OnePage page{source.name, std::make_unique<ScreenlessPlatform>(), {}, {}, 0};
-    ScreenlessPlatform& platform = *page.platform;
-    page.open = Open(source, actions, platform);
-    if (sheet != nullptr) {
-        TakePaperOf(sheet->open.window->form, source.name, page.open.window->form);
-    }
-    try {
-        Turns turns([] {});
-        const DrawnPage drawn = page.open.window->DrawPage();
-        page.paper = {drawn.frame.paperWidth, drawn.frame.paperHeight};
-        page.number = pad.Take(source.name, FileBytesOf(drawn, platform.Now(), turns));
-        Say(platform);
-        Warn(source.name, page.open, drawn, platform);
-    } catch (const PageGivenUp& givenUp) {
-        throw WorkError{source.name + ": " + std::string(givenUp.reason.Text())};
-    }
-    return page;
-}
-
-/// Adds a side of a sheet with `count` pages, which it takes from the list in turn.
-void AddSide(const PadLayout& layout, const Pages& pages, std::size_t sheet, std::size_t count, bool isFront,
-             PadFile& pad)
+/// Adds a side of a pad with `count` pages. Pages of a table are in the order of their numbers, sources alternate
+/// on the sheet.
+void AddSide(const PadLayout& layout, const std::vector<PadPage>& pages, std::size_t sheet, std::size_t count,
+             bool isFront, bool isTable, PadFile& file)
 {
     std::vector<PadFile::Placed> placed;
     for (std::size_t place = 0; place < count; ++place) {
+        const std::size_t page = isTable ? layout.NumberOf(sheet, place) - 1 : sheet * layout.up + place;
         const Point corner = layout.CornerOf(place);
-        placed.push_back(
-            {pages[(sheet * layout.up + place) % pages.size()].number, truncated(corner.x), truncated(corner.y)});
+        placed.push_back({pages[page % pages.size()].number, corner.x, corner.y});
     }
-    pad.AddSide(layout.Side().width, layout.Side().height, placed, PadMarks(layout, sheet, isFront));
+    file.AddSide(layout.Side().width, layout.Side().height, placed, PadMarks(layout, sheet, isFront));
 }
 
 /// Adds all sides of one copy of the pad.
-void AddSides(const PadLayout& layout, const Pages& fronts, const Pages& backs, PadFile& pad)
+void AddPad(const PadLayout& layout, const PadPages& pages, bool isTable, PadFile& file)
 {
+    const bool hasStamps = layout.hasNumbers || layout.firstDate;
     for (std::size_t sheet = 0; sheet < layout.Sheets(); ++sheet) {
-        for (const Pages* const pages : {&fronts, &backs}) {
-            if (pages->empty()) {
+        for (const std::vector<PadPage>* const side : {&pages.fronts, &pages.backs}) {
+            if (side->empty()) {
                 continue;
             }
-            const bool isFront = pages == &fronts;
-            if (layout.up == 1 && !(layout.hasNumbers && isFront)) {
-                pad.AddPage((*pages)[sheet % pages->size()].number);
+            const bool isFront = side == &pages.fronts;
+            if (layout.up == 1 && !(hasStamps && isFront)) {
+                file.AddPage((*side)[sheet % side->size()].number);
             } else {  // a partly filled front has a full back: its pages are mirrored when the sheet turns
-                AddSide(layout, *pages, sheet, isFront ? layout.PagesOn(sheet) : layout.up, isFront, pad);
+                AddSide(layout, *side, sheet, isFront ? layout.PagesOn(sheet) : layout.up, isFront,
+                        isTable && isFront, file);
             }
         }
     }
 }
 
+void AddBooklet(const Booklet& booklet, const PadPages& pages, PadFile& file)
+{
+    for (std::size_t sheet = 0; sheet < booklet.Sheets(); ++sheet) {
+        for (const bool isFront : {true, false}) {
+            const std::vector<NumberedPlace> places = booklet.PlacesOn(sheet, isFront);
+            std::vector<PadFile::Placed> placed;
+            for (const NumberedPlace& place : places) {
+                placed.push_back({pages.fronts[(place.number - 1) % pages.fronts.size()].number, place.corner.x,
+                                  place.corner.y});
+            }
+            file.AddSide(booklet.Side().width, booklet.Side().height, placed, PadStamps(booklet.pad, places));
+        }
+    }
+}
+
+void AddPoster(const Poster& poster, const PadPage& page, PadFile& file)
+{
+    for (std::size_t row = 0; row < poster.Rows(); ++row) {
+        for (std::size_t column = 0; column < poster.Columns(); ++column) {
+            const Point corner = poster.CornerOf(column, row);
+            file.AddSide(poster.sheet.width, poster.sheet.height, {{page.number, corner.x, corner.y}},
+                         poster.Marks(column, row), posterMargin);
+        }
+    }
+}
+
+/// Throws UsageError if options contradict each other.
 void CheckRequest(const PadRequest& request)
 {
     CheckIsNamed(request.output);
@@ -89,6 +90,31 @@ void CheckRequest(const PadRequest& request)
                        [](std::size_t up) { return std::to_string(up); });
         throw Unknown("number of pages on a side", std::to_string(request.layout.up), texts);
     }
+    const auto checkNot = [](bool isGiven, const char* option, const char* with) {
+        if (isGiven) {
+            throw UsageError{std::string(with) + " does not go with " + option};
+        }
+    };
+    if (request.creep && !request.isBooklet) {
+        throw UsageError{"--creep goes with --booklet alone"};
+    }
+    if (request.overlap && !request.poster) {
+        throw UsageError{"--overlap goes with --poster alone"};
+    }
+    const bool isCut = request.layout.up > 1;
+    if (request.isBooklet) {
+        checkNot(isCut, "--up", "--booklet");
+        checkNot(request.back.has_value(), "--back", "--booklet");
+        checkNot(request.poster.has_value(), "--poster", "--booklet");
+    }
+    if (request.poster) {
+        checkNot(isCut, "--up", "--poster");
+        checkNot(request.back.has_value(), "--back", "--poster");
+        checkNot(request.table.has_value(), "--table", "--poster");
+        checkNot(request.pages.has_value(), "--pages", "--poster");
+        checkNot(request.layout.hasNumbers, "--numbers", "--poster");
+        checkNot(request.firstDate.has_value(), "--dates", "--poster");
+    }
 }
 
 std::string Text(const PaperSize& paper)
@@ -96,50 +122,111 @@ std::string Text(const PaperSize& paper)
     return std::to_string(paper.width) + " by " + std::to_string(paper.height) + " points";
 }
 
-/// Throws UsageError unless all pages have the same size. Sides that are cut, numbered, or printed on both sides
-/// need that; a pad of single pages does not.
-void CheckSizes(const Pages& fronts, const Pages& backs, const PadLayout& layout)
+/// Throws UsageError unless all pages have the same size. Sides that are cut, folded, stamped, or printed on both
+/// sides need that; a pad of single pages does not.
+void CheckSizes(const PadPages& pages, const PadRequest& request)
 {
-    const OnePage& first = fronts.front();
-    const auto check = [&](const OnePage& page) {
+    const PadPage& first = pages.fronts.front();
+    const auto check = [&](const PadPage& page) {
         if (page.paper.width != first.paper.width || page.paper.height != first.paper.height) {
             throw UsageError{"the pages of a sheet must be of one size, but " + first.name + " has " +
                              Text(first.paper) + " and " + page.name + " " + Text(page.paper)};
         }
     };
-    if (layout.up > 1 || layout.hasNumbers || !backs.empty()) {
-        for (const Pages* const pages : {&fronts, &backs}) {
-            std::for_each(pages->begin(), pages->end(), check);
-        }
+    if (request.layout.up > 1 || request.layout.hasNumbers || request.firstDate || request.isBooklet ||
+        !pages.backs.empty()) {
+        std::for_each(pages.fronts.begin(), pages.fronts.end(), check);
+        std::for_each(pages.backs.begin(), pages.backs.end(), check);
     }
+}
+
+/// Returns the points of a length with a unit, or of "0". Throws UsageError if it is none, or not from 0 to `most`
+/// points.
+double PointsOf(const char* option, const std::string& text, double most)
+{
+    const std::optional<double> inches =
+        text == "0" ? std::optional(0.0) : TypedNumber(text, Quantity::Inches, LengthUnit::Inches);
+    if (!inches || !(*inches >= 0.0) || *inches * pointsPerInch > most) {
+        throw UsageError{std::string(option) + " is '" + text +
+                         "', but must be a length such as 5mm or 1/4in, at most " +
+                         std::to_string(static_cast<int>(most * mmPerPoint)) + " mm"};
+    }
+    return *inches * pointsPerInch;
+}
+
+/// Returns the day of a date, YYYY-MM-DD. Throws UsageError if it is none.
+std::chrono::sys_days DayOf(const std::string& text)
+{
+    int year = 0;
+    unsigned month = 0, day = 0;
+    const char* const end = text.data() + text.size();
+    const auto take = [&](const char* from, const char* to, auto& number) {
+        const auto [stop, error] = std::from_chars(from, to, number);
+        return error == std::errc() && stop == to;
+    };
+    const bool isWritten = text.size() == 10 && text[4] == '-' && text[7] == '-' &&
+                           take(text.data(), text.data() + 4, year) &&
+                           take(text.data() + 5, text.data() + 7, month) && take(text.data() + 8, end, day);
+    const std::chrono::year_month_day date{std::chrono::year(year), std::chrono::month(month),
+                                           std::chrono::day(day)};
+    if (!isWritten || !date.ok()) {
+        throw UsageError{"--dates is '" + text + "', but must be a date such as 2026-12-31"};
+    }
+    return date;
+}
+
+/// Returns the poster of the page. Throws UsageError if there is no such paper, or it leaves no room.
+Poster PosterOf(const PadRequest& request, const PadPage& page)
+{
+    const auto papers = NamedPapers();
+    const auto paper = std::find_if(papers.begin(), papers.end(),
+                                    [&](const NamedPaper& each) { return IsSameText(each.name, *request.poster); });
+    if (paper == papers.end()) {
+        std::vector<std::string> possible;
+        std::transform(papers.begin(), papers.end(), std::back_inserter(possible),
+                       [](const NamedPaper& each) { return std::string(each.name); });
+        throw Unknown("paper", *request.poster, possible);
+    }
+    const std::string overlap = request.overlap.value_or("10mm");
+    constexpr double mostOverlap = 288.0;  // points, 4 inches
+    const Poster poster = PosterOn(paper->size, page.paper, PointsOf("--overlap", overlap, mostOverlap));
+    const std::size_t sheets = poster.Columns() * poster.Rows();
+    if (sheets == 0 || sheets > mostPosterSheets) {
+        throw UsageError{
+            "a poster of " + page.name + " on " + std::string(paper->name) + " with an overlap of " + overlap +
+            (sheets == 0
+                 ? " has no room"
+                 : " takes " + std::to_string(sheets) + " sheets, more than " + std::to_string(mostPosterSheets))};
+    }
+    return poster;
 }
 
 /// Returns the bytes of the pad file.
 std::string Join(const PadRequest& request)
 {
-    PadFile pad;
-    Pages fronts, backs;
-    const std::vector<Source> sources = SourcesOf(request.sources);
-    std::vector<Source> backSources;
-    if (request.back) {
-        backSources.push_back(SourceNamed(*request.back));
-    }
-    CheckIsNoInput(request.output, InputsOf(sources, request.actions));
-    CheckIsNoInput(request.output, InputsOf(backSources, {}));
-    CheckIsPdf(request.output);
-    for (const Source& source : sources) {
-        fronts.push_back(TakePage(source, request.actions, nullptr, pad));
-    }
-    for (const Source& back : backSources) {
-        backs.push_back(TakePage(back, {}, back.IsFile() ? nullptr : &fronts.front(), pad));
-    }
+    PadFile file;
     PadLayout layout = request.layout;
-    layout.page = fronts.front().paper;
-    CheckSizes(fronts, backs, layout);
-    for (std::size_t copy = 0; copy < request.copies; ++copy) {
-        AddSides(layout, fronts, backs, pad);
+    if (request.firstDate) {
+        layout.firstDate = DayOf(*request.firstDate);
     }
-    return pad.Bytes();
+    const double creep = PointsOf("--creep", request.creep.value_or("0"), mostCreep);
+    const PadPages pages = MakePages(request, file);
+    layout.page = pages.fronts.front().paper;
+    layout.pages = request.pages.value_or(request.table ? pages.fronts.size() : layout.pages);
+    CheckSizes(pages, request);
+    if (request.poster && pages.fronts.size() > 1) {
+        throw UsageError{"--poster takes one page, but " + std::to_string(pages.fronts.size()) + " are given"};
+    }
+    for (std::size_t copy = 0; copy < request.copies; ++copy) {
+        if (request.poster) {
+            AddPoster(PosterOf(request, pages.fronts.front()), pages.fronts.front(), file);
+        } else if (request.isBooklet) {
+            AddBooklet({layout, creep}, pages, file);
+        } else {
+            AddPad(layout, pages, request.table.has_value(), file);
+        }
+    }
+    return file.Bytes();
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <qpdf/QPDFPageDocumentHelper.hh>
 #include <qpdf/QPDFPageObjectHelper.hh>
 #include <qpdf/QPDFWriter.hh>
+#include <qpdf/QUtil.hh>
 
 #include <optional>
 #include <utility>
@@ -40,6 +41,10 @@ struct PadFile::Joined {
 PadFile::PadFile() : joined(std::make_unique<Joined>())
 {
     joined->file.emptyPDF();
+    // Viewers print at true size unless the user chooses otherwise.
+    QPDFObjectHandle preferences = QPDFObjectHandle::newDictionary();
+    preferences.replaceKey("/PrintScaling", QPDFObjectHandle::newName("/None"));
+    joined->file.getRoot().replaceKey("/ViewerPreferences", preferences);
 }
 
 PadFile::~PadFile() = default;
@@ -64,11 +69,17 @@ void PadFile::AddPage(std::size_t page)
 }
 
 void PadFile::AddSide(std::int64_t width, std::int64_t height, const std::vector<Placed>& pages,
-                      const std::string& content)
+                      const std::string& content, double margin)
 {
+    constexpr int decimals = 3;  // a thousandth of a point is far below what printers resolve
+    const auto number = [](double value) { return QUtil::double_to_string(value, decimals) + " "; };
     // The side refers to its pages as form XObjects, so that a page on many sides is stored only once.
     QPDFObjectHandle forms = QPDFObjectHandle::newDictionary();
     std::string all;
+    if (margin > 0.0) {
+        all = number(margin) + number(margin) + number(static_cast<double>(width) - 2.0 * margin) +
+              number(static_cast<double>(height) - 2.0 * margin) + "re W n\n";
+    }
     for (const Placed& placed : pages) {
         OnePage& page = *joined->pages.at(placed.page);
         if (!page.copiedForm) {
@@ -76,11 +87,13 @@ void PadFile::AddSide(std::int64_t width, std::int64_t height, const std::vector
         }
         const std::string name = "/Page" + std::to_string(placed.page);
         forms.replaceKey(name, *page.copiedForm);
-        all += "q 1 0 0 1 " + std::to_string(placed.x) + " " + std::to_string(placed.y) + " cm " + name + " Do Q\n";
+        all += "q 1 0 0 1 " + number(placed.x) + number(placed.y) + "cm " + name + " Do Q\n";
     }
     QPDFObjectHandle resources = QPDFObjectHandle::newDictionary();
     resources.replaceKey("/XObject", forms);
-    if (content.find(" Tf") != std::string::npos) {
+    // The clip ends with the pages: marks lie outside it.
+    all = margin > 0.0 ? "q\n" + all + "Q\n" : all;
+    if (content.find(" Tf") != std::string::npos && !pages.empty()) {
         resources.replaceKey("/Font", joined->pages.at(pages.front().page)->Fonts(joined->file));
     }
     QPDFObjectHandle side = QPDFObjectHandle::newDictionary();

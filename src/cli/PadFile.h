@@ -27,14 +27,15 @@ public:
     /// A page on a side, with the position of its lower left corner in points.
     struct Placed {
         std::size_t page;
-        std::int64_t x;
-        std::int64_t y;
+        double x;
+        double y;
     };
 
-    /// Adds a side of the given size in points, with the pages on it at their true size. The PDF operators in
-    /// `content` are drawn on top of them; they may use the fonts of the first of these pages.
+    /// Adds a side of the given size in points, with the pages on it at their true size, cut off `margin` points
+    /// from its edges. The PDF operators in `content` are drawn on top of them; they may use the fonts of the first
+    /// of these pages.
     void AddSide(std::int64_t width, std::int64_t height, const std::vector<Placed>& pages,
-                 const std::string& content);
+                 const std::string& content, double margin = 0.0);
 
     /// Returns the bytes of the joined file.
     std::string Bytes();

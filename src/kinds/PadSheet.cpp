@@ -4,12 +4,16 @@
 #include "pdf/StandardFonts.h"
 #include "pipeline/form/SetControl.h"
 #include "platform/Turns.h"
+#include "text/Numbers.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace linealis {
 
 namespace {
+
+constexpr double stampSize = 9.0;  // points: the size of numbers and dates
 
 /// The controls that determine the paper, which every kind has, in the order to set them: the unit before the
 /// lengths that depend on it, the paper size before the custom lengths.
@@ -38,18 +42,40 @@ void DrawCutMarks(MyPDFGenerator& pdf, const PadLayout& layout)
     }
 }
 
-void DrawNumbers(MyPDFGenerator& pdf, const PadLayout& layout, std::size_t sheet)
+/// Writes the text in the middle of a page of that width whose lower left corner is given, `up` points above its
+/// lower edge.
+void DrawText(MyPDFGenerator& pdf, const std::string& text, double pageWidth, const Point& corner, double up)
+{
+    const double width = ShownWidth(StandardFontOf(padNumberFont), text) * stampSize;
+    pdf.SetTextPos(corner.x + (pageWidth - width) / 2.0, corner.y + up);
+    pdf.Show(text);
+}
+
+/// Returns the date as YYYY-MM-DD.
+std::string DateText(std::chrono::sys_days day)
+{
+    const std::chrono::year_month_day date(day);
+    return myformatstring(static_cast<int>(date.year()), "0000") + "-" +
+           myformatstring(static_cast<unsigned>(date.month()), "00") + "-" +
+           myformatstring(static_cast<unsigned>(date.day()), "00");
+}
+
+/// Draws the numbers and dates of the places.
+void DrawStamps(MyPDFGenerator& pdf, const PadLayout& layout, std::span<const NumberedPlace> places)
 {
     // In points. A quarter of an inch is within the reach of usual printers, and below the usual margin.
-    constexpr double size = 9.0, fromEdge = 18.0;
+    constexpr double fromEdge = 18.0;
+    const auto width = static_cast<double>(layout.page.width), height = static_cast<double>(layout.page.height);
     pdf.SetRGBColor(0.3, 0.3, 0.3);
-    pdf.SetFont(padNumberFont, size);
-    for (std::size_t place = 0; place < layout.PagesOn(sheet); ++place) {
-        const std::string number = std::to_string(layout.NumberOf(sheet, place));
-        const double width = ShownWidth(StandardFontOf(padNumberFont), number) * size;
-        const Point corner = layout.CornerOf(place);
-        pdf.SetTextPos(corner.x + (static_cast<double>(layout.page.width) - width) / 2.0, corner.y + fromEdge);
-        pdf.Show(number);
+    pdf.SetFont(padNumberFont, stampSize);
+    for (const NumberedPlace& place : places) {
+        if (layout.hasNumbers) {
+            DrawText(pdf, std::to_string(place.number), width, place.corner, fromEdge);
+        }
+        if (layout.firstDate) {
+            const std::chrono::days later(static_cast<int>(place.number) - 1);
+            DrawText(pdf, DateText(*layout.firstDate + later), width, place.corner, height - fromEdge - stampSize);
+        }
     }
 }
 
@@ -90,8 +116,22 @@ std::string PadMarks(const PadLayout& layout, std::size_t sheet, bool isFront)
     if (layout.up > 1) {
         DrawCutMarks(pdf, layout);
     }
-    if (layout.hasNumbers && isFront) {
-        DrawNumbers(pdf, layout, sheet);
+    if ((layout.hasNumbers || layout.firstDate) && isFront) {
+        std::vector<NumberedPlace> places;
+        for (std::size_t place = 0; place < layout.PagesOn(sheet); ++place) {
+            places.push_back({layout.NumberOf(sheet, place), layout.CornerOf(place)});
+        }
+        DrawStamps(pdf, layout, places);
+    }
+    return std::string(pdf.Stream());
+}
+
+std::string PadStamps(const PadLayout& layout, std::span<const NumberedPlace> places)
+{
+    Turns turns([] {});
+    MyPDFGenerator pdf(turns);
+    if (layout.hasNumbers || layout.firstDate) {
+        DrawStamps(pdf, layout, places);
     }
     return std::string(pdf.Stream());
 }

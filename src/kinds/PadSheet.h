@@ -5,7 +5,10 @@
 #include "pipeline/page/PageFrame.h"
 
 #include <array>
+#include <chrono>
 #include <cstddef>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -25,6 +28,8 @@ struct PadLayout {
     std::size_t up = 1;       ///< the number of pages on each side: one of possiblePagesUp
     bool hasNumbers = false;  ///< whether the front pages are numbered
     PaperSize page{};
+    std::optional<std::chrono::sys_days> firstDate =
+        {};  ///< the date on the first front page; each further one is a day later
 
     std::size_t Sheets() const { return (pages + up - 1) / up; }
     /// Returns the number of pages on the front of a sheet. Only the last sheet can have fewer than `up`.
@@ -41,11 +46,21 @@ struct PadLayout {
     std::size_t NumberOf(std::size_t sheet, std::size_t place) const;
 };
 
-/// The font of the page numbers, by its number in the name on the page.
+/// A page on a side of a sheet, with its number from 1 and the position of its lower left corner, in points.
+struct NumberedPlace {
+    std::size_t number;
+    Point corner;
+};
+
+/// Returns the content that goes on top of the pages of a side, as ReadPage reads it: of each place, the number and
+/// the date if the layout has them.
+std::string PadStamps(const PadLayout& layout, std::span<const NumberedPlace> places);
+
+/// The font of the page numbers and dates, by its number in the name on the page.
 inline constexpr int padNumberFont = 5;
 
 /// Returns the content that goes on top of the pages of a side, as ReadPage reads it: gray ticks at both ends of
-/// each cut, a cross where two cuts meet, and, on a front, the numbers of the pages if they have any.
+/// each cut, a cross where two cuts meet, and, on a front, PadStamps.
 std::string PadMarks(const PadLayout& layout, std::size_t sheet, bool isFront);
 
 /// Gives the form the paper of another form: its unit, size, and orientation. `owner` names the form in errors.
