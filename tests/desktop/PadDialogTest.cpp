@@ -151,7 +151,7 @@ TEST_F(PadDialog, TakesItsBackFromAFileOfTheSamePaper)
                   .status,
               0);
     const auto pictures = [&](const std::string& name) {
-        return Execute({"pdftoppm", "-r", "20", "-gray", folder / name, "-"}).output;
+        return Execute({"pdftoppm", "-r", "20", "-gray", folder / name}).output;
     };
     EXPECT_EQ(pictures("pad.pdf"), pictures("expected.pdf"));
 }
