@@ -561,71 +561,62 @@ TEST_F(Exchange, PicturesGiveTheirFormBack)
     Run("$cli form --form x.png", "x.png: is a picture that carries no form");
 }
 
-/// The places of the upright lines across a picture, and how dark they are, in the row with the least ink near its
-/// middle.
-std::vector<std::pair<std::size_t, std::string>> UprightLines(const Picture& picture)
+/// What is darker than paper in one row near the middle of a picture: the places from the left, and the shades
+/// there. The row is the lightest, which crosses lines between others, or the darkest, which is one of dots.
+std::vector<std::pair<std::size_t, std::string>> MarksAcross(const Picture& picture, bool inTheLightest)
 {
     std::string row;
-    double least = 0.0;
+    double best = 0.0;
     for (std::size_t y = picture.height / 2; y < picture.height / 2 + 100; ++y) {
         const auto begin = picture.pixels.begin() + static_cast<std::ptrdiff_t>(y * picture.width);
-        const std::string one(begin, begin + static_cast<std::ptrdiff_t>(picture.width));
-        double light = 0.0;
-        for (const char shade : one) {
-            light += static_cast<unsigned char>(shade);
-        }
-        if (light > least) {
-            least = light;
-            row = one;
+        const Picture one{picture.width, 1, {begin, begin + static_cast<std::ptrdiff_t>(picture.width)}};
+        const double ink = one.Ink();
+        if (row.empty() || (inTheLightest ? ink < best : ink > best)) {
+            best = ink;
+            row.assign(one.pixels.begin(), one.pixels.end());
         }
     }
-    std::vector<std::pair<std::size_t, std::string>> lines;
+    std::vector<std::pair<std::size_t, std::string>> marks;
     for (std::size_t x = 0; x < row.size(); ++x) {
         if (row[x] != '\xFF') {
-            if (lines.empty() || lines.back().first + lines.back().second.size() != x) {
-                lines.push_back({x, ""});
+            if (marks.empty() || marks.back().first + marks.back().second.size() != x) {
+                marks.push_back({x, ""});
             }
-            lines.back().second += row[x];
+            marks.back().second += row[x];
         }
     }
-    return lines;
+    return marks;
 }
 
-TEST_F(Exchange, PicturesForADeviceFillItWithEqualLines)
+TEST_F(Exchange, PicturesForADeviceFillItWithEqualMarks)
 {
     std::vector<std::pair<std::string, Screen>> screens = {{"1000x700@131", {1000, 700, 131.0, 16}}};
     for (const Device& device : Devices()) {
         screens.emplace_back(device.name, device.screen);
     }
-    for (const auto& [name, screen] : screens) {
-        for (const std::string kind : {"grid", "dots"}) {
-            for (const std::string weight : {".3", ".8", "2.1"}) {
-                SCOPED_TRACE(testing::Message() << name << " " << kind << " " << weight);
-                const std::string field = kind == "dots" ? " --set EditDotWeight=" : " --set EditVertWeight=";
-                Run("$cli generate " + kind + " --device " + name +
-                    " --set PopupUnits=cm --set EditHorzSpacing=.5"
-                    " --set EditVertSpacing=.5" +
-                    field + weight + " -o x.png");
-                const Picture picture = ReadPng(ReadFile(folder / "x.png"), 3);
-                EXPECT_EQ(picture.width, static_cast<std::size_t>(screen.width));
-                EXPECT_EQ(picture.height, static_cast<std::size_t>(screen.height));
-                if (kind == "dots") {
-                    continue;
-                }
-                const auto lines = UprightLines(picture);
-                std::set<std::size_t> gaps;
-                std::set<std::string> shades;
-                ASSERT_GT(lines.size(), 10U);
-                for (std::size_t i = 1; i < lines.size(); ++i) {
-                    gaps.insert(lines[i].first - lines[i - 1].first);
-                    shades.insert(lines[i].second);
-                }
-                EXPECT_EQ(shades.size(), 1U);
-                EXPECT_LE(*gaps.rbegin() - *gaps.begin(), 1U);
-                for (const std::uint8_t shade : picture.pixels) {
-                    ASSERT_TRUE(screen.grays == 0 || shade % 17 == 0) << int{shade};
-                }
-            }
+    const std::vector<std::string> papers = {"grid --set EditVertWeight=.3", "grid --set EditVertWeight=.8",
+                                             "grid --set EditVertWeight=2.1", "dots --set EditDotWeight=1.6"};
+    for (std::size_t i = 0; i < screens.size(); ++i) {
+        const auto& [name, screen] = screens[i];
+        const std::string& paper = papers[i % papers.size()];
+        SCOPED_TRACE(name + " " + paper);
+        Run("$cli generate " + paper + " --device " + name +
+            " --set PopupUnits=cm --set EditHorzSpacing=.5 --set EditVertSpacing=.5 -o x.png");
+        const Picture picture = ReadPng(ReadFile(folder / "x.png"), 3);
+        EXPECT_EQ(picture.width, static_cast<std::size_t>(screen.width));
+        EXPECT_EQ(picture.height, static_cast<std::size_t>(screen.height));
+        const auto marks = MarksAcross(picture, paper.starts_with("grid"));
+        std::set<std::size_t> gaps;
+        std::set<std::string> shades;
+        ASSERT_GT(marks.size(), 10U);
+        for (std::size_t mark = 1; mark < marks.size(); ++mark) {
+            gaps.insert(marks[mark].first - marks[mark - 1].first);
+            shades.insert(marks[mark].second);
+        }
+        EXPECT_EQ(shades.size(), 1U);
+        EXPECT_LE(*gaps.rbegin() - *gaps.begin(), 1U);
+        for (const std::uint8_t shade : picture.pixels) {
+            ASSERT_TRUE(screen.grays == 0 || shade % 17 == 0) << int{shade};
         }
     }
 }
