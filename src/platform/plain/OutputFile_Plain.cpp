@@ -144,6 +144,9 @@ std::unique_ptr<OutputFile> OutputFile::Open(const fs::path& path, Target target
     if (fs::is_directory(status)) {
         error = std::make_error_code(std::errc::is_a_directory);
     }
+    if (fs::is_fifo(status) && target != Target::AnyAwaited) {  // to open it would wait for a reader
+        error = std::make_error_code(std::errc::no_such_device_or_address);
+    }
     if (error && status.type() != fs::file_type::not_found) {  // such as a name that is too long
         return nullptr;
     }
