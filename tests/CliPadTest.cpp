@@ -7,7 +7,7 @@ class CliPad : public testing::Test {
 protected:
     void SetUp() override
     {
-        if (!fs::exists(fs::path(LINEALIS_CLI_PATH).parent_path() / "linealis-pad")) {
+        if (!MakesPads()) {
             GTEST_SKIP() << "built without qpdf's library";
         }
     }

@@ -20,7 +20,7 @@ Names Blocks(const std::string& text)
 
 TEST(CliReadme, EveryCommandRunsInAFreshFolder)
 {
-    const bool makesPads = fs::exists(fs::path(LINEALIS_CLI_PATH).parent_path() / "linealis-pad");
+    const bool makesPads = MakesPads();
     const Names blocks = Blocks(ReadFile(LINEALIS_DOCS_PATH "/../README.md"));
     EXPECT_GE(blocks.size(), 2U);
     for (const std::string& block : blocks) {

@@ -200,7 +200,7 @@ private:
         return RowOf(cells);
     }
 
-    const ScreenlessPlatform platform;
+    const ScreenlessPlatform platform{};
     std::string kind;  ///< of the table; empty outside of tables
     std::multimap<std::string, std::string> aliases;
 };
