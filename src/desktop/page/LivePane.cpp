@@ -4,6 +4,7 @@
 #include "desktop/form/ToolIcon.h"
 #include "desktop/page/LivePage.h"
 #include "desktop/page/PageRuler.h"
+#include "desktop/system/Text.h"
 #include "desktop/system/WindowSettings.h"
 #include "pipeline/page/PaperPage.h"
 

@@ -1,6 +1,7 @@
 #include "desktop/page/PageRenderer.h"
 
 #include "desktop/page/PagePainter.h"
+#include "desktop/system/Text.h"
 #include "exchange/FontCheck.h"
 #include "pipeline/page/PageJob.h"
 

@@ -1,6 +1,7 @@
 #include "desktop/window/PageWork.h"
 
 #include "check/PageCheck.h"
+#include "desktop/system/Text.h"
 #include "pdf/PageHit.h"
 
 #include <QApplication>
