@@ -5,6 +5,7 @@
 #include "cli/PageOutput.h"
 #include "cli/Table.h"
 
+#include <optional>
 #include <utility>
 
 namespace linealis::cli {
@@ -48,20 +49,21 @@ MadePage TakeRows(const PadRequest& request, const Source& source, PadFile& file
     ScreenlessPlatform platform;
     const auto window = MakeWindow(KindOf(source), platform);
     Table table(*request.table, window->form);
-    MadePage last;
+    std::optional<MadePage> last;
     while (const std::optional<TableRow> row = table.Next()) {
         if (pages.size() == mostPadPages) {
             throw WorkError{table.Name() + ": has more than " + std::to_string(mostPadPages) + " rows"};
         }
         std::vector<Action> actions = request.actions;
         actions.insert(actions.end(), row->actions.begin(), row->actions.end());
-        last = Take(source, table.Name() + ", row " + std::to_string(row->number), actions, nullptr, file);
-        pages.push_back(last.page);
+        last.reset();  // its window ends before the platform of that
+        last.emplace(Take(source, table.Name() + ", row " + std::to_string(row->number), actions, nullptr, file));
+        pages.push_back(last->page);
     }
     if (pages.empty()) {
         throw WorkError{table.Name() + ": has no rows below its header"};
     }
-    return last;
+    return std::move(*last);
 }
 
 void CheckInputs(const PadRequest& request, const std::vector<Source>& sources, const std::vector<Source>& backs)
