@@ -36,14 +36,13 @@ void AddSide(const PadLayout& layout, const std::vector<PadPage>& pages, std::si
 /// Adds all sides of one copy of the pad.
 void AddPad(const PadLayout& layout, const PadPages& pages, bool isTable, PadFile& file)
 {
-    const bool hasStamps = layout.hasNumbers || layout.firstDate;
     for (std::size_t sheet = 0; sheet < layout.Sheets(); ++sheet) {
         for (const std::vector<PadPage>* const side : {&pages.fronts, &pages.backs}) {
             if (side->empty()) {
                 continue;
             }
             const bool isFront = side == &pages.fronts;
-            if (layout.up == 1 && !(hasStamps && isFront)) {
+            if (layout.up == 1 && !(layout.HasStamps() && isFront)) {
                 file.AddPage((*side)[sheet % side->size()].number);
             } else {  // a partly filled front has a full back: its pages are mirrored when the sheet turns
                 AddSide(layout, *side, sheet, isFront ? layout.PagesOn(sheet) : layout.up, isFront,
@@ -124,7 +123,7 @@ std::string Text(const PaperSize& paper)
 
 /// Throws UsageError unless all pages have the same size. Sides that are cut, folded, stamped, or printed on both
 /// sides need that; a pad of single pages does not.
-void CheckSizes(const PadPages& pages, const PadRequest& request)
+void CheckSizes(const PadPages& pages, const PadRequest& request, const PadLayout& layout)
 {
     const PadPage& first = pages.fronts.front();
     const auto check = [&](const PadPage& page) {
@@ -133,8 +132,7 @@ void CheckSizes(const PadPages& pages, const PadRequest& request)
                              Text(first.paper) + " and " + page.name + " " + Text(page.paper)};
         }
     };
-    if (request.layout.up > 1 || request.layout.hasNumbers || request.firstDate || request.isBooklet ||
-        !pages.backs.empty()) {
+    if (layout.up > 1 || layout.HasStamps() || request.isBooklet || !pages.backs.empty()) {
         std::for_each(pages.fronts.begin(), pages.fronts.end(), check);
         std::for_each(pages.backs.begin(), pages.backs.end(), check);
     }
@@ -169,7 +167,7 @@ std::chrono::sys_days DayOf(const std::string& text)
                            take(text.data() + 5, text.data() + 7, month) && take(text.data() + 8, end, day);
     const std::chrono::year_month_day date{std::chrono::year(year), std::chrono::month(month),
                                            std::chrono::day(day)};
-    if (!isWritten || !date.ok()) {
+    if (!isWritten || year < 1 || !date.ok()) {
         throw UsageError{"--dates is '" + text + "', but must be a date such as 2026-12-31"};
     }
     return date;
@@ -213,13 +211,15 @@ std::string Join(const PadRequest& request)
     const PadPages pages = MakePages(request, file);
     layout.page = pages.fronts.front().paper;
     layout.pages = request.pages.value_or(request.table ? pages.fronts.size() : layout.pages);
-    CheckSizes(pages, request);
+    CheckSizes(pages, request, layout);
     if (request.poster && pages.fronts.size() > 1) {
         throw UsageError{"--poster takes one page, but " + std::to_string(pages.fronts.size()) + " are given"};
     }
+    const std::optional<Poster> poster =
+        request.poster ? std::optional(PosterOf(request, pages.fronts.front())) : std::nullopt;
     for (std::size_t copy = 0; copy < request.copies; ++copy) {
-        if (request.poster) {
-            AddPoster(PosterOf(request, pages.fronts.front()), pages.fronts.front(), file);
+        if (poster) {
+            AddPoster(*poster, pages.fronts.front(), file);
         } else if (request.isBooklet) {
             AddBooklet({layout, creep}, pages, file);
         } else {

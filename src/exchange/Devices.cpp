@@ -18,7 +18,7 @@ constexpr int grays16 = 16, allColors = 0;
 constexpr std::string_view publicTables = "public tables of devices, 2026-11-25";
 
 constexpr auto devices = std::to_array<Device>({
-    {"ipad-a16", "iPad (A16)", {1640, 2360, 264.0, allColors}, publicTables},
+    {"ipad-a16", "iPad 11 (A16)", {1640, 2360, 264.0, allColors}, publicTables},
     {"kobo-elipsa-2e", "Kobo Elipsa 2E", {1404, 1872, 227.0, grays16}, publicTables},
     {"remarkable-2", "reMarkable 2", {1404, 1872, 226.0, grays16}, publicTables},
     {"remarkable-paper-pro", "reMarkable Paper Pro", {1620, 2160, 229.0, allColors}, publicTables},

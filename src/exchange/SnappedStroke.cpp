@@ -8,6 +8,9 @@ namespace linealis {
 
 namespace {
 
+/// The least opacity of a thin stroke, so that it can still be seen.
+constexpr double faintestSnapped = 0.1;
+
 /// The pixels across a line: first and one past the last.
 struct Band {
     double begin;
@@ -20,19 +23,6 @@ Band BandAround(double middle, double width)
     const double count = std::max(1.0, std::round(width));
     const double begin = std::round(middle - count / 2.0);
     return {begin, begin + count};
-}
-
-bool AreLinesAlongAxes(PagePath path)
-{
-    for (std::size_t i = 1; i < path.size(); ++i) {
-        const PathSegment& segment = path[i];
-        const Point& from = path[i - 1].to;
-        if (segment.operation == PageOperator::Curve ||
-            (segment.operation == PageOperator::Line && from.x != segment.to.x && from.y != segment.to.y)) {
-            return false;
-        }
-    }
-    return path.size() > 1;
 }
 
 bool IsDot(PagePath path)
@@ -114,9 +104,8 @@ SnappedStroke SnappedDot(PagePath path, const PagePen& pen, const PixelScale& sc
     const double width = pen.width * scale.PixelsPerUnit();
     const Point middle = scale.At(path[0].to);
     const Band across = BandAround(middle.x, width), down = BandAround(middle.y, width);
-    constexpr double faintest = 0.1;
     if (width < 1.0) {
-        return {{Rectangle(across, down)}, std::clamp(width * width, faintest, 1.0)};
+        return {{Rectangle(across, down)}, std::clamp(width * width, faintestSnapped, 1.0)};
     }
     PixelScale moved = scale;
     moved.left += (across.begin + across.end) / 2.0 - middle.x;
@@ -132,7 +121,7 @@ SnappedStroke Snapped(PagePath path, const PagePen& pen, const PixelScale& scale
     if (IsDot(path)) {
         return pen.cap == buttCap ? SnappedStroke{} : SnappedDot(path, pen, scale, library);
     }
-    if (!AreLinesAlongAxes(path)) {
+    if (!IsAlongAxes(path)) {
         return {};
     }
     const Snapper snapper(path, pen, scale);
@@ -143,9 +132,8 @@ SnappedStroke Snapped(PagePath path, const PagePen& pen, const PixelScale& scale
         }
     }
     // A pen of width 0 is the thinnest line of the device: a full pixel.
-    constexpr double faintest = 0.1;
     const double width = std::min(snapper.WidthAcross(true), snapper.WidthAcross(false));
-    snapped.opacity = pen.width <= 0.0 ? 1.0 : std::clamp(width, faintest, 1.0);
+    snapped.opacity = pen.width <= 0.0 ? 1.0 : std::clamp(width, faintestSnapped, 1.0);
     return snapped;
 }
 

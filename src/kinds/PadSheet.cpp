@@ -116,7 +116,7 @@ std::string PadMarks(const PadLayout& layout, std::size_t sheet, bool isFront)
     if (layout.up > 1) {
         DrawCutMarks(pdf, layout);
     }
-    if ((layout.hasNumbers || layout.firstDate) && isFront) {
+    if (layout.HasStamps() && isFront) {
         std::vector<NumberedPlace> places;
         for (std::size_t place = 0; place < layout.PagesOn(sheet); ++place) {
             places.push_back({layout.NumberOf(sheet, place), layout.CornerOf(place)});
@@ -130,7 +130,7 @@ std::string PadStamps(const PadLayout& layout, std::span<const NumberedPlace> pl
 {
     Turns turns([] {});
     MyPDFGenerator pdf(turns);
-    if (layout.hasNumbers || layout.firstDate) {
+    if (layout.HasStamps()) {
         DrawStamps(pdf, layout, places);
     }
     return std::string(pdf.Stream());

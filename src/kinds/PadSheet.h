@@ -31,6 +31,8 @@ struct PadLayout {
     std::optional<std::chrono::sys_days> firstDate =
         {};  ///< the date on the first front page; each further one is a day later
 
+    /// Whether anything is written on the front pages.
+    bool HasStamps() const { return hasNumbers || firstDate; }
     std::size_t Sheets() const { return (pages + up - 1) / up; }
     /// Returns the number of pages on the front of a sheet. Only the last sheet can have fewer than `up`.
     std::size_t PagesOn(std::size_t sheet) const;

@@ -283,4 +283,16 @@ std::string PageString(std::string_view text)
     return bytes;
 }
 
+bool IsAlongAxes(PagePath path)
+{
+    for (std::size_t i = 1; i < path.size(); ++i) {
+        const Point &from = path[i - 1].to, &to = path[i].to;
+        const bool isSlanted = from.x != to.x && from.y != to.y;
+        if (path[i].operation == PageOperator::Curve || (path[i].operation == PageOperator::Line && isSlanted)) {
+            return false;
+        }
+    }
+    return path.size() > 1;
+}
+
 }  // namespace linealis

@@ -139,6 +139,9 @@ struct PathSegment {
 /// A path, which begins with a Move. Valid until the call that receives it returns.
 using PagePath = std::span<const PathSegment>;
 
+/// Whether the path consists of lines along the axes, like a frame, so that painters can move it to whole pixels.
+bool IsAlongAxes(PagePath path);
+
 struct PageText {
     std::string_view bytes;        ///< MacRomanEncoding, or the font's own encoding
     std::string_view utf8;         ///< the same text; undefined codes are U+FFFD

@@ -11,6 +11,7 @@ namespace linealis {
 
 namespace {
 
+// A search changes how hard deflate works; the level stays the highest, which the files say in their zlib header.
 constexpr int highestLevel = 9;
 constexpr std::size_t inputPieceSize = 50000;
 constexpr std::int64_t outputPieceSize = 20000;

@@ -143,7 +143,7 @@ std::string PadFile(const PadLayout& layout, std::size_t copies, const DrawnPage
             if (!isFront && back == nullptr) {
                 continue;
             }
-            const bool isPlain = layout.up == 1 && !(layout.hasNumbers && isFront);
+            const bool isPlain = layout.up == 1 && !(layout.HasStamps() && isFront);
             sides.push_back(isPlain ? Reference(content)
                                     : "[" + ContentsOf(layout, sheet, isFront, content, file) + "]");
         }

@@ -38,18 +38,6 @@ QPainterPath OutlineOf(PagePath path)
     return made;
 }
 
-/// Whether the path consists of horizontal and vertical lines, like a frame.
-bool IsUprightAndLevel(PagePath path)
-{
-    for (std::size_t i = 1; i < path.size(); ++i) {
-        const Point &from = path[i - 1].to, &to = path[i].to;
-        if (path[i].operation != PageOperator::Line || (from.x != to.x && from.y != to.y)) {
-            return false;
-        }
-    }
-    return true;
-}
-
 /// Returns the middle of the pixel that contains a coordinate.
 double MiddleOfPixel(double place)
 {
@@ -182,7 +170,7 @@ void PagePainter::StrokePath(PagePath path, const PagePen& pen)
         StrokeLine(from, to);
     } else {
         painter.setBrush(Qt::NoBrush);
-        painter.drawPath(snaps && IsUprightAndLevel(path) ? Snapped(OutlineOf(path)) : OutlineOf(path));
+        painter.drawPath(snaps && IsAlongAxes(path) ? Snapped(OutlineOf(path)) : OutlineOf(path));
     }
 }
 
