@@ -138,6 +138,38 @@ TEST_F(Cli, WritesAndReadsLinks)
     Fails(2, {"form", "https://linealis.invalid/#gird"}, {"unknown kind 'gird'; possible: grid"});
 }
 
+TEST_F(Cli, SaysAsJsonWhatItMade)
+{
+    const auto answer = [&](const std::vector<std::string>& arguments, int status = 0) {
+        const Finished called = Call(arguments);
+        EXPECT_EQ(called.status, status) << called.errors;
+        return Json::parse(called.output);
+    };
+    const std::string page = (folder / "p.pdf").string(), nowhere = (folder / "no" / "p.svg").string();
+    const Json made = answer({"generate", "grid", "--json", "--set", "EditXScale=50", "-o", page});
+    ASSERT_EQ(made.size(), 1U);
+    EXPECT_EQ(made[0]["file"], page);
+    EXPECT_EQ(made[0]["format"], "pdf");
+    EXPECT_EQ(made[0]["kind"], "grid");
+    EXPECT_EQ(made[0]["warnings"], answer({"generate", "grid", "--check", "--json", "--set", "EditXScale=50"}));
+    EXPECT_EQ(answer({"generate", "grid", "--json", "-o", nowhere}, 1)[0]["error"],
+              nowhere + ": No such file or directory");
+    const Json pages = answer(
+        {"generate", "dots", "gird.setx", "lined", "--json", "-j", "3", "--output-dir", (folder / "out").string()},
+        1);
+    ASSERT_EQ(pages.size(), 3U);
+    EXPECT_EQ(pages[2]["source"], "lined");
+    EXPECT_TRUE(pages[1].contains("error") && !pages[0].contains("error")) << pages;
+    const std::string saved = (folder / "s.setx").string();
+    EXPECT_EQ(answer({"save", "grid", "--json", "--set", "EditXScale=q", "-o", saved})["warnings"][0]["id"],
+              "field");
+    EXPECT_EQ(answer({"thumbnail", saved, (folder / "t.png").string(), "--json"})["source"], saved);
+    EXPECT_EQ(answer({"calibration", "--json", "-o", page})["paper"], "a4");
+    for (const std::string command : {"generate", "save"}) {
+        Fails(2, {command, "grid", "--json", "-o", "-"}, {"--json answers on standard output"});
+    }
+}
+
 TEST_F(Cli, ShowsTheForm)
 {
     const Json form = Form({});

@@ -140,6 +140,14 @@ PageWarnings DoInOrder(const std::vector<Action>& actions, const PaperKind& kind
 
 }  // namespace
 
+const Control* ControlOf(const Action& action, const Form& form)
+{
+    const bool isOfField = action.kind == Action::Kind::Set || action.kind == Action::Kind::Type;
+    return isOfField
+               ? FindByNameOrAlias(form, std::string_view(action.argument).substr(0, action.argument.find('=')))
+               : nullptr;
+}
+
 void Load(const std::string& fileName, PaperWindow& window)
 {
     if (const std::error_code error = window.LoadSettings(FolderItem(fileName))) {

@@ -24,6 +24,9 @@ struct Action {
 PageWarnings Apply(const std::vector<Action>& actions, const PaperKind& kind, PaperWindow& window,
                    ScreenlessPlatform& platform);
 
+/// Returns the control that Set or Type changes, or null for other actions and if there is no such control.
+const Control* ControlOf(const Action& action, const Form& form);
+
 /// Loads a settings file into the form. Throws WorkError if the file cannot be read.
 void Load(const std::string& fileName, PaperWindow& window);
 

@@ -1,8 +1,10 @@
 #include "cli/CalibrationCommand.h"
 
 #include "check/Calibration.h"
+#include "cli/Commands.h"
 #include "cli/Errors.h"
 #include "cli/FileNames.h"
+#include "cli/Remarks.h"
 #include "pipeline/page/PageJob.h"
 #include "platform/ScreenlessPlatform.h"
 
@@ -10,7 +12,7 @@
 
 namespace linealis::cli {
 
-void MakeCalibrationSheet(const std::string& paper, const std::string& output)
+void MakeCalibrationSheet(const std::string& paper, const std::string& output, bool asJson)
 {
     const CalibrationPaper* const found = FindCalibrationPaper(paper);
     if (found == nullptr) {
@@ -22,6 +24,7 @@ void MakeCalibrationSheet(const std::string& paper, const std::string& output)
     }
     CheckIsNamed(output);
     CheckIsPdf(output);
+    CheckRoomForAnswer(asJson, output);
     ScreenlessPlatform platform;
     Turns turns([] {});
     MyPDFGenerator pdf(turns);
@@ -29,6 +32,9 @@ void MakeCalibrationSheet(const std::string& paper, const std::string& output)
     MakePage(CalibrationPage(*found), pdf, turns, {}, platform);
     if (!platform.fileErrors.empty()) {
         throw WorkError{output + ": " + platform.fileErrors.front().reason};
+    }
+    if (asJson) {
+        Print({{"file", output}, {"paper", found->name}});
     }
 }
 

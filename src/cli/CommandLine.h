@@ -76,7 +76,7 @@ private:
     void AddActions(CLI::App& command);
     CLI::Option* AddSources(CLI::App& command, int count);
     void AddOutputOption(CLI::App& command, const char* help);
-    void AddJsonFlag(CLI::App& command);
+    void AddJsonFlag(CLI::App& command, const char* help = "As JSON");
 
     int RunKinds();
     int RunPresets();

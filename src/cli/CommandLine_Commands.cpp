@@ -22,6 +22,8 @@ constexpr double mostDotsPerInch = 9600.0;
 // The source count of a command that takes any number of sources.
 constexpr int anyNumber = -1;
 
+constexpr const char* saidAsJson = "Say as JSON what was made";
+
 /// Rejects "nan", which CLI11's range check accepts because it compares false with both bounds.
 CLI::Validator IsNumber()
 {
@@ -213,7 +215,7 @@ void CommandLine::AddGenerateOptions(CLI::App& command)
     AddFlag(command, "--view", request.how.view, "Open the page in the viewer");
     AddFlag(command, "--check", request.check, "List likely printing problems; write nothing");
     AddFlag(command, "--strict", request.isStrict, "With --check: exit with status 1 if anything is found");
-    AddFlag(command, "--json", request.asJson, "With --check: as JSON");
+    AddFlag(command, "--json", request.asJson, "Say as JSON what was made, or found by --check");
     AddActions(command);
 }
 
@@ -269,12 +271,13 @@ void CommandLine::AddSaveOptions(CLI::App& command)
     AddBeginningOptions(command);
     AddSources(command, 1);
     AddOutputOption(command, "The settings file; - is standard output");
+    AddJsonFlag(command, saidAsJson);
     AddActions(command);
 }
 
 int CommandLine::RunSave()
 {
-    WorkOn(output, [this] { Save(SourcesOf(begin).front(), actions.InOrder(), output); });
+    WorkOn(output, [this] { Save(SourcesOf(begin).front(), actions.InOrder(), output, asJson); });
     return done;
 }
 
@@ -282,11 +285,12 @@ void CommandLine::AddCalibrationOptions(CLI::App& command)
 {
     AddOutputOption(command, "The PDF file; - is standard output");
     AddOption(command, "--paper", "PAPER", paper, "a4 or letter");
+    AddJsonFlag(command, saidAsJson);
 }
 
 int CommandLine::RunCalibration()
 {
-    WorkOn(output, [this] { MakeCalibrationSheet(paper, output); });
+    WorkOn(output, [this] { MakeCalibrationSheet(paper, output, asJson); });
     return done;
 }
 
@@ -295,11 +299,12 @@ void CommandLine::AddThumbnailOptions(CLI::App& command)
     AddSources(command, 1)->required();
     command.add_option("output", output, "The PNG file")->type_name("FILE")->required();
     AddNumber(command, "--size", size, largestThumbnail, "Pixels of its longer side");
+    AddJsonFlag(command, saidAsJson);
 }
 
 int CommandLine::RunThumbnail()
 {
-    WorkOn(output, [this] { MakeThumbnail(SourceNamed(begin.names.front()), output, size); });
+    WorkOn(output, [this] { MakeThumbnail(SourceNamed(begin.names.front()), output, size, asJson); });
     return done;
 }
 
@@ -344,9 +349,9 @@ void CommandLine::AddOutputOption(CLI::App& command, const char* help)
     command.add_option("-o,--output", output, help)->type_name("FILE")->required();
 }
 
-void CommandLine::AddJsonFlag(CLI::App& command)
+void CommandLine::AddJsonFlag(CLI::App& command, const char* help)
 {
-    AddFlag(command, "--json", asJson, "As JSON");
+    AddFlag(command, "--json", asJson, help);
 }
 
 }  // namespace linealis::cli

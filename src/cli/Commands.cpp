@@ -3,7 +3,7 @@
 #include "check/PageCheck.h"
 #include "cli/Errors.h"
 #include "cli/FileNames.h"
-#include "cli/PageOutput.h"
+#include "cli/Remarks.h"
 #include "exchange/FormLink.h"
 #include "exchange/FormSchema.h"
 #include "kinds/PageSummary.h"
@@ -21,13 +21,6 @@ namespace {
 bool IsLabel(const Control* control)
 {
     return control->Kind() == ControlKind::Label;
-}
-
-void Warn(const Source& source, const PageWarnings& warnings)
-{
-    for (const PageWarning& warning : warnings) {
-        Complain("warning: " + source.name + ": " + warning.text.English());
-    }
 }
 
 }  // namespace
@@ -100,8 +93,9 @@ void ShowForm(const Source& source, const std::vector<Action>& actions)
 {
     ScreenlessPlatform platform;
     const OpenWindow open = Open(source, actions, platform);
-    Say(platform);
-    Warn(source, open.warnings);
+    const Remarks remarks;
+    remarks.Say(platform);
+    remarks.Warn(source.name, open.warnings);
     Print(FormJson(*open.kind, open.window->form));
 }
 
@@ -109,8 +103,9 @@ void ShowLink(const Source& source, const std::vector<Action>& actions, bool asJ
 {
     ScreenlessPlatform platform;
     const OpenWindow open = Open(source, actions, platform);
-    Say(platform);
-    Warn(source, open.warnings);
+    const Remarks remarks;
+    remarks.Say(platform);
+    remarks.Warn(source.name, open.warnings);
     const std::string link = '#' + FormLink(*open.kind, open.window->form);
     if (asJson) {
         Print({{"kind", open.kind->name}, {"link", link}});
@@ -128,7 +123,7 @@ void Show(const Source& source, bool asJson)
 {
     ScreenlessPlatform platform;
     const OpenWindow open = Open(source, {}, platform);
-    Say(platform);
+    Remarks().Say(platform);
     const PaperForm& form = open.window->form;
     const std::string page = open.window->OutputFile().Path().string();
     const std::string summary = PageSummary(*open.kind, open.window->ReadPage()).English();
@@ -155,7 +150,7 @@ bool Differ(const Source& one, const Source& other, bool asJson)
 {
     ScreenlessPlatform platform;
     const OpenWindow first = Open(one, {}, platform), second = Open(other, {}, platform);
-    Say(platform);
+    Remarks().Say(platform);
     if (first.kind != second.kind) {
         throw UsageError{one.name + " is of " + std::string(first.kind->name) + ", and " + other.name + " of " +
                          std::string(second.kind->name) + "; only forms of one kind can be compared"};
@@ -183,22 +178,29 @@ bool Differ(const Source& one, const Source& other, bool asJson)
     return !differences.empty();
 }
 
-void Save(const Source& source, const std::vector<Action>& actions, const std::string& output)
+void Save(const Source& source, const std::vector<Action>& actions, const std::string& output, bool asJson)
 {
     CheckIsNamed(output);
+    CheckRoomForAnswer(asJson, output);
     ScreenlessPlatform platform;
     const OpenWindow open = Open(source, actions, platform);
-    Say(platform);
+    Json answer = FileJson(source.name, output);
+    answer["kind"] = open.kind->name;
+    const Remarks remarks(asJson ? &answer : nullptr);
+    remarks.Say(platform);
     CheckIsSettings("-o", output, *open.kind);
     // A settings file may be saved over itself, but not over a file with a form or with markers.
     CheckIsNoInput(output, InputsOf({source}, actions, false));
     if (const std::error_code error = open.window->SaveSettings(OutputFile(output))) {
         throw WorkError{output + ": " + error.message()};
     }
-    Warn(source, FieldWarnings(open.window->form));
-    Warn(source, open.warnings);
+    remarks.Warn(source.name, FieldWarnings(open.window->form));
+    remarks.Warn(source.name, open.warnings);
     if (const Message lost = open.window->LostBySaving(); !lost.IsEmpty()) {
-        Complain("warning: " + output + ": a settings file does not keep " + lost.English());
+        remarks.Warn(output, {{"lost", "", Message("a settings file does not keep %1", lost)}});
+    }
+    if (asJson) {
+        Print(answer);
     }
 }
 

@@ -40,8 +40,9 @@ void Show(const Source& source, bool asJson);
 bool Differ(const Source& one, const Source& other, bool asJson);
 
 /// Writes the form that the actions leave to a settings file. "-" is standard output. Warns about fields with
-/// unusable texts and about everything that a settings file does not keep. Throws UsageError if the file name is
-/// unsuitable or belongs to an input, WorkError if the file cannot be written.
-void Save(const Source& source, const std::vector<Action>& actions, const std::string& output);
+/// unusable texts and about everything that a settings file does not keep; prints the warnings in an answer if
+/// `asJson`. Throws UsageError if the file name is unsuitable or belongs to an input, WorkError if the file cannot
+/// be written.
+void Save(const Source& source, const std::vector<Action>& actions, const std::string& output, bool asJson);
 
 }  // namespace linealis::cli

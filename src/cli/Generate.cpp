@@ -5,6 +5,7 @@
 #include "cli/FileNames.h"
 #include "cli/PageJobs.h"
 #include "cli/PageList.h"
+#include "cli/Remarks.h"
 #include "exchange/PageFormats.h"
 #include "text/LetterCase.h"
 
@@ -76,6 +77,7 @@ void CheckRequest(const GenerateRequest& request)
         throw UsageError{"-o " + request.output + " takes one page, but " + std::to_string(request.sources.size()) +
                          " are asked for; --output-dir DIR takes any number"};
     }
+    CheckRoomForAnswer(request.asJson, request.output);
     // Before FormatOf, whose message about the extension of an input would miss the point.
     CheckIsNoInput(request.output, InputsOf(request));
     if (request.how.view && request.output == "-") {
@@ -129,7 +131,6 @@ void WarnOfIdleOptions(const GenerateRequest& request)
     };
     const std::string noPicture = "on a page that is not a " + FormatTitles(&PageFormat::hasPixels) + " file";
     const bool isPicture = !request.check && FormatOf(request).hasPixels;
-    warnIf(request.asJson && !request.check, "--json", "without --check");
     warnIf(request.isStrict && !request.check, "--strict", "without --check");
     warnIf(request.how.dotsPerInch && !isPicture, "--dpi", noPicture);
     warnIf(request.how.isTransparent && !isPicture, "--transparent", noPicture);
@@ -155,27 +156,37 @@ bool CheckPages(const GenerateRequest& request, const OutputOptions& how)
 
 /// Makes one page. If it belongs to a row of a table, a UsageError names the row.
 void GenerateRow(const PageJob& job, const GenerateRequest& request, const OutputOptions& how,
-                 const std::atomic<bool>& stop)
+                 const std::atomic<bool>& stop, Json* answer)
 {
     try {
-        GeneratePage(job, how, stop);
+        GeneratePage(job, how, stop, answer);
     } catch (const UsageError& error) {
         throw request.table ? UsageError{job.name + ": " + error.message} : error;
     }
 }
 
 /// Makes all pages. A WorkError is reported, and the other pages are still made; a UsageError ends everything.
+/// Prints what was made as JSON if the request asks for that.
 void GeneratePages(PageList& pages, const GenerateRequest& request, const OutputOptions& how)
 {
     std::atomic<bool> hasFailed = false;
+    Json answers = Json::array();
+    answers.get_ref<Json::array_t&>().resize(request.asJson ? pages.Count() : 0);
     MakePages(pages, request.jobs, [&](const PageJob& job, const std::atomic<bool>& stop) {
+        Json* const answer = request.asJson ? &answers[job.number] : nullptr;
         try {
-            GenerateRow(job, request, how, stop);
+            GenerateRow(job, request, how, stop, answer);
         } catch (const WorkError& error) {
             Complain(error.message);
+            if (answer != nullptr) {
+                (*answer)["error"] = error.message;
+            }
             hasFailed = true;
         }
     });
+    if (request.asJson) {
+        Print(answers);
+    }
     if (hasFailed) {
         throw FailureSaid{};
     }
@@ -217,8 +228,8 @@ bool Generate(const GenerateRequest& request)
         how.refusesLinks = true;
         MakeFolder(request.outputDirectory);
     }
-    if (pages.Count() == 1) {
-        GenerateRow(*pages.Next(), request, how, false);
+    if (pages.Count() == 1 && !request.asJson) {
+        GenerateRow(*pages.Next(), request, how, false, nullptr);
     } else {
         GeneratePages(pages, request, how);
     }

@@ -21,7 +21,7 @@ struct GenerateRequest {
     std::size_t jobs = 1;               ///< the number of pages to make at the same time
     bool check = false;                 ///< report printing problems instead of making pages
     bool isStrict = false;              ///< with `check`: a problem counts as a failure
-    bool asJson = false;                ///< with `check`: report as JSON
+    bool asJson = false;                ///< print what was made, or found, as JSON
 };
 
 /// Returns the files that the pages are made from.
@@ -29,7 +29,8 @@ std::vector<std::string> InputsOf(const GenerateRequest& request);
 
 /// Makes the pages, or checks them. Returns whether a strict check has found anything. Throws UsageError, at once,
 /// if the request makes no sense. If a single page fails, throws WorkError. Of several pages, a failed one does not
-/// keep the others from being made: reports each failure, and throws FailureSaid at the end.
+/// keep the others from being made: reports each failure, and throws FailureSaid at the end. So does a single page
+/// with `asJson`, whose answer has the failure.
 bool Generate(const GenerateRequest& request);
 
 }  // namespace linealis::cli

@@ -3,6 +3,7 @@
 #include "cli/Errors.h"
 #include "cli/FileNames.h"
 #include "cli/PageOutput.h"
+#include "cli/Remarks.h"
 #include "cli/Table.h"
 
 #include <optional>
@@ -35,8 +36,9 @@ MadePage Take(const Source& source, const std::string& name, const std::vector<A
         made.page = {name,
                      file.Take(name, FileBytesOf(drawn, platform.Now(), turns)),
                      {drawn.frame.paperWidth, drawn.frame.paperHeight}};
-        Say(platform);
-        Warn(name, made.open, drawn, platform);
+        const Remarks remarks;
+        remarks.Say(platform);
+        remarks.Warn(name, WarningsOfJob(made.open, drawn, platform));
     } catch (const PageGivenUp& givenUp) {
         throw WorkError{name + ": " + std::string(givenUp.reason.Text())};
     }

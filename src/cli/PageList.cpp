@@ -34,10 +34,13 @@ PageList::PageList(const GenerateRequest& theRequest, const PageFormat& theForma
 
 std::optional<PageJob> PageList::Next()
 {
-    if (table) {
-        return NextOfTable();
+    std::optional<PageJob> job = table          ? NextOfTable()
+                                 : next < count ? std::optional(JobOf(request.sources[next]))
+                                                : std::nullopt;
+    if (job) {
+        job->number = next++;
     }
-    return next < count ? std::optional(JobOf(request.sources[next++])) : std::nullopt;
+    return job;
 }
 
 void PageList::Rewind()

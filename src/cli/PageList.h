@@ -40,7 +40,7 @@ private:
     ScreenlessPlatform platform;
     std::unique_ptr<PaperWindow> window;  ///< holds the form whose controls the table names
     std::optional<Table> table;
-    std::size_t next = 0;  ///< index of the next source
+    std::size_t next = 0;  ///< the number of the next page
     std::size_t count = 0;
 };
 

@@ -1,19 +1,21 @@
 #include "cli/PageOutput.h"
 
 #include "check/PageCheck.h"
+#include "cli/Commands.h"
 #include "cli/Errors.h"
 #include "cli/FileNames.h"
-#include "exchange/FontCheck.h"
+#include "cli/Remarks.h"
 #include "exchange/PngPage.h"
+#include "kinds/PageSummary.h"
 #include "pdf/Units.h"
+#include "pipeline/form/FieldWords.h"
 #include "platform/Process.h"
 #include "platform/ScreenlessPlatform.h"
 
 #include <algorithm>
+#include <array>
 #include <ctime>
 #include <iostream>
-#include <mutex>
-#include <set>
 #include <utility>
 
 namespace linealis::cli {
@@ -60,27 +62,31 @@ PageWarnings AllWarnings(const OpenWindow& open, const PageWarnings& ofPage, con
     return all;
 }
 
+/// Warns about the paper that the actions choose for a page that has the size of a screen.
+void WarnOfPaper(const std::vector<Action>& actions, const PaperForm& form, PageWarnings& warnings)
+{
+    const std::array<const Control*, 3> paper = {&form.PopupPaperSize, &form.EditCustomWidth,
+                                                 &form.EditCustomHeight};
+    for (const Control* const control : paper) {
+        if (std::any_of(actions.begin(), actions.end(),
+                        [&](const Action& action) { return ControlOf(action, form) == control; })) {
+            warnings.push_back(
+                {"device", std::string(control->Name()),
+                 Message("%1 has no effect: the page has the size of the screen; --fit keeps its own",
+                         WholeName(form, *control))});
+        }
+    }
+}
+
 /// Opens the form of a job. One for a screen gets the paper of the screen, unless the page is scaled to it.
 OpenWindow OpenJob(const PageJob& job, const OutputOptions& how, ScreenlessPlatform& platform)
 {
     OpenWindow open = Open(*job.source, job.actions, platform);
     if (how.screen && !how.fitsScreen) {
+        WarnOfPaper(job.actions, open.window->form, open.warnings);
         LayOut(*how.screen, open.window->form);
     }
     return open;
-}
-
-/// Warns about fonts that this machine replaces, each of them once per run, however many pages use it. Thread-safe.
-void WarnOfFonts(std::string_view content)
-{
-    static std::mutex mutex;
-    static std::set<std::string> said;
-    const std::lock_guard lock(mutex);
-    for (const PageWarning& warning : FontWarnings(content)) {
-        if (const std::string text = warning.text.English(); said.insert(text).second) {
-            Complain("warning: " + text);
-        }
-    }
 }
 
 /// Draws the page. Throws WorkError if it is abandoned.
@@ -126,7 +132,7 @@ WriteOptions OptionsOf(const OutputOptions& how, const OpenWindow& open, const P
 /// Makes one page. Drawing and writing call `stopIfAsked` from time to time, which throws PageStopped once `stop`
 /// is true. The picture size is checked before the page is drawn, and the file is created only after that, so a
 /// failure leaves an existing file alone.
-void Generate(const PageJob& job, const OutputOptions& how, const std::atomic<bool>& stop)
+void Generate(const PageJob& job, const OutputOptions& how, const std::atomic<bool>& stop, Json* answer)
 {
     ScreenlessPlatform platform;
     const auto stopIfAsked = [&stop] {
@@ -141,11 +147,16 @@ void Generate(const PageJob& job, const OutputOptions& how, const std::atomic<bo
     if (job.format->hasPixels && !how.screen) {
         CheckPixels({read.frame.paperWidth, read.frame.paperHeight}, options.dotsPerInch, job.name);
     }
+    if (answer != nullptr) {
+        (*answer)["kind"] = open.kind->name;
+        (*answer)["summary"] = PageSummary(*open.kind, read).English();
+    }
     const DrawnPage page = DrawPage(job.output, *open.window, std::move(read));
-    Say(platform);
-    Warn(job.name, open, page, platform, how.screen.has_value());
+    const Remarks remarks(answer);
+    remarks.Say(platform);
+    remarks.Warn(job.name, WarningsOfJob(open, page, platform, how.screen.has_value()));
     if (job.format->hasPixels) {
-        WarnOfFonts(page.content);
+        remarks.WarnOfFonts(job.name, page.content);
     }
     const FolderItem file = FileOf(job, how);
     Turns turns(stopIfAsked);
@@ -164,27 +175,21 @@ void Generate(const PageJob& job, const OutputOptions& how, const std::atomic<bo
 
 }  // namespace
 
-void Say(const ScreenlessPlatform& platform)
-{
-    for (const std::vector<std::string>* const said : {&platform.messages, &platform.notes}) {
-        std::for_each(said->begin(), said->end(), Complain);
-    }
-}
-
-void Warn(const std::string& name, const OpenWindow& open, const DrawnPage& page,
-          const ScreenlessPlatform& platform, bool isForScreen)
+PageWarnings WarningsOfJob(const OpenWindow& open, const DrawnPage& page, const ScreenlessPlatform& platform,
+                           bool isForScreen)
 {
     const bool isShort = page.content.View().size() <= longestChecked;
-    for (const PageWarning& warning :
-         AllWarnings(open, isShort ? WarningsOf(page) : page.warnings, platform, isForScreen)) {
-        Complain("warning: " + name + ": " + warning.text.English());
-    }
+    return AllWarnings(open, isShort ? WarningsOf(page) : page.warnings, platform, isForScreen);
 }
 
-void GeneratePage(const PageJob& job, const OutputOptions& how, const std::atomic<bool>& stop)
+void GeneratePage(const PageJob& job, const OutputOptions& how, const std::atomic<bool>& stop, Json* answer)
 {
+    if (answer != nullptr) {
+        *answer = FileJson(job.name, job.output);
+        (*answer)["format"] = job.format->name;
+    }
     try {
-        WorkOn(job.output, [&] { Generate(job, how, stop); });
+        WorkOn(job.output, [&] { Generate(job, how, stop, answer); });
     } catch (const PageStopped&) {  // the program is about to end
     }
 }
@@ -194,14 +199,11 @@ bool CheckPage(const PageJob& job, const OutputOptions& how, bool asJson, Json& 
     ScreenlessPlatform platform;
     const OpenWindow open = OpenJob(job, how, platform);
     const DrawnPage page = DrawPage(job.name, *open.window, open.window->ReadPage());
-    Say(platform);
+    Remarks().Say(platform);
     const PageWarnings warnings = AllWarnings(open, WarningsOf(page), platform, how.screen.has_value());
     for (const PageWarning& warning : warnings) {
         if (asJson) {
-            found.push_back({{"source", job.name},
-                             {"id", warning.id},
-                             {"control", warning.control},
-                             {"text", warning.text.English()}});
+            found.push_back(WarningJson(job.name, warning));
         } else {
             std::cout << Readable(job.name + ": " + warning.text.English()) << '\n';
         }
@@ -209,9 +211,10 @@ bool CheckPage(const PageJob& job, const OutputOptions& how, bool asJson, Json& 
     return !warnings.empty();
 }
 
-void MakeThumbnail(const Source& source, const std::string& output, int size)
+void MakeThumbnail(const Source& source, const std::string& output, int size, bool asJson)
 {
     CheckIsNoInput(output, InputsOf({source}, {}));
+    CheckRoomForAnswer(asJson, output);
     ScreenlessPlatform platform;
     const OpenWindow open = Open(source, {}, platform);
     PaperPage read = open.window->ReadPage();
@@ -235,6 +238,11 @@ void MakeThumbnail(const Source& source, const std::string& output, int size)
     }
     if (stream.Error()) {
         throw WorkError{output + ": " + stream.Error().message()};
+    }
+    if (asJson) {
+        Json answer = FileJson(source.name, output);
+        answer["kind"] = open.kind->name;
+        Print(answer);
     }
 }
 

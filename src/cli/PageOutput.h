@@ -18,6 +18,7 @@ struct PageJob {
     std::vector<Action> actions;
     std::string output;
     const PageFormat* format = &PageFormats().front();
+    std::size_t number = 0;  ///< of the page among all pages, from 0
 };
 
 /// How to write pages.
@@ -31,25 +32,22 @@ struct OutputOptions {
     bool refusesLinks = false;
 };
 
-/// Makes a page and prints warnings about it. Returns early, and leaves no file, when `stop` becomes true. Throws
-/// UsageError or WorkError.
-void GeneratePage(const PageJob& job, const OutputOptions& how, const std::atomic<bool>& stop);
+/// Makes a page. Prints warnings about it or, if `answer` is not null, writes there what was made, with the
+/// warnings. Returns early, and leaves no file, when `stop` becomes true. Throws UsageError or WorkError.
+void GeneratePage(const PageJob& job, const OutputOptions& how, const std::atomic<bool>& stop, Json* answer);
 
-/// Prints the messages and notes of the platform on standard error.
-void Say(const ScreenlessPlatform& platform);
-
-/// Prints the warnings about a drawn page on standard error. Checks the content only of a light page, to save time;
-/// of a heavy one it prints only the warnings of the form. Leaves out what concerns printers alone if
-/// `isForScreen`.
-void Warn(const std::string& name, const OpenWindow& open, const DrawnPage& page,
-          const ScreenlessPlatform& platform, bool isForScreen = false);
+/// Returns the warnings about a drawn page. Checks the content only of a light page, to save time; of a heavy one
+/// it returns only the warnings of the form. Leaves out what concerns printers alone if `isForScreen`.
+PageWarnings WarningsOfJob(const OpenWindow& open, const DrawnPage& page, const ScreenlessPlatform& platform,
+                           bool isForScreen = false);
 
 /// Reports the printing problems of a page: prints them on standard output or, with `asJson`, appends them to
 /// `found`. Returns whether there are any. Throws UsageError or WorkError if the page cannot be drawn.
 bool CheckPage(const PageJob& job, const OutputOptions& how, bool asJson, Json& found);
 
 /// Writes a small picture of the page for file managers: a PNG file whose longer side has `size` pixels. Stops
-/// painting after 0.75 s of processor time and writes what it has. Throws UsageError or WorkError.
-void MakeThumbnail(const Source& source, const std::string& output, int size);
+/// painting after 0.75 s of processor time and writes what it has. Prints an answer if `asJson`. Throws UsageError
+/// or WorkError.
+void MakeThumbnail(const Source& source, const std::string& output, int size, bool asJson);
 
 }  // namespace linealis::cli
