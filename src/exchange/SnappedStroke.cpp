@@ -8,9 +8,6 @@ namespace linealis {
 
 namespace {
 
-/// The least opacity of a thin stroke, so that it can still be seen.
-constexpr double faintestSnapped = 0.1;
-
 /// The pixels across a line: first and one past the last.
 struct Band {
     double begin;
@@ -105,7 +102,7 @@ SnappedStroke SnappedDot(PagePath path, const PagePen& pen, const PixelScale& sc
     const Point middle = scale.At(path[0].to);
     const Band across = BandAround(middle.x, width), down = BandAround(middle.y, width);
     if (width < 1.0) {
-        return {{Rectangle(across, down)}, std::clamp(width * width, faintestSnapped, 1.0)};
+        return {{Rectangle(across, down)}, std::clamp(width * width, faintestStroke, 1.0)};
     }
     PixelScale moved = scale;
     moved.left += (across.begin + across.end) / 2.0 - middle.x;
@@ -133,7 +130,7 @@ SnappedStroke Snapped(PagePath path, const PagePen& pen, const PixelScale& scale
     }
     // A pen of width 0 is the thinnest line of the device: a full pixel.
     const double width = std::min(snapper.WidthAcross(true), snapper.WidthAcross(false));
-    snapped.opacity = pen.width <= 0.0 ? 1.0 : std::clamp(width, faintestSnapped, 1.0);
+    snapped.opacity = pen.width <= 0.0 ? 1.0 : std::clamp(width, faintestStroke, 1.0);
     return snapped;
 }
 

@@ -129,6 +129,9 @@ struct PagePen {
     bool operator==(const PagePen&) const = default;
 };
 
+/// The least opacity of a line that painters make fainter because it is thinner than a pixel.
+inline constexpr double faintestStroke = 0.1;
+
 struct PathSegment {
     PageOperator operation;  ///< Move, Line or Curve
     Point to;

@@ -5,6 +5,7 @@
 #include "desktop/system/Text.h"
 #include "desktop/system/WindowSettings.h"
 #include "exchange/PngPage.h"
+#include "pdf/Units.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -61,11 +62,14 @@ public:
         resolution->setValue(settings.value(resolutionKey, 300).toInt());
         transparent->setObjectName(QStringLiteral("ExportTransparent"));
         transparent->setChecked(settings.value(transparentKey).toBool());
+        cut->setObjectName(QStringLiteral("ExportCut"));
+        cut->setWordWrap(true);
 
         form->addRow(Translated("De&vice:"), device);
         form->addRow(QString(), fit);
         form->addRow(Translated("&Resolution:"), resolution);
         form->addRow(QString(), pixels);
+        form->addRow(QString(), cut);
         form->addRow(QString(), transparent);
         auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
         buttons->addButton(Translated("&Export..."), QDialogButtonBox::AcceptRole);
@@ -73,6 +77,7 @@ public:
         QObject::connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
         QObject::connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
         QObject::connect(resolution, &QSpinBox::valueChanged, this, [this] { Follow(); });
+        QObject::connect(fit, &QCheckBox::toggled, this, [this] { Follow(); });
         QObject::connect(device, &QComboBox::currentIndexChanged, this, [this] { Follow(); });
         Follow();
         chosen->button->setFocus();
@@ -143,6 +148,17 @@ private:
         const PixelSize size = screen ? PixelSize{Turned(*screen, paper).width, Turned(*screen, paper).height}
                                       : PixelsOf(paper, resolution->value());
         pixels->setText(Translated("%1 by %2 pixels").arg(size.width).arg(size.height));
+        cut->setVisible(Format().hasPixels && screen && !fit->isChecked() && IsCut(size, screen->dotsPerInch));
+    }
+
+    /// Whether the page, at true size, is larger than the picture. Paper made for a screen may be larger by less
+    /// than a point.
+    bool IsCut(const PixelSize& size, double dotsPerInch) const
+    {
+        const auto isLonger = [=](std::int64_t points, std::int64_t side) {
+            return static_cast<double>(points - 1) / pointsPerInch * dotsPerInch >= static_cast<double>(side);
+        };
+        return isLonger(paper.width, size.width) || isLonger(paper.height, size.height);
     }
 
     PaperSize paper;
@@ -152,6 +168,7 @@ private:
     QCheckBox* fit = new QCheckBox(Translated("S&cale the page to the screen"));
     QSpinBox* resolution = new QSpinBox;
     QLabel* pixels = new QLabel;
+    QLabel* cut = new QLabel(Translated("The page is larger than the screen and will be cut at its edges."));
     QCheckBox* transparent = new QCheckBox(Translated("&Transparent background"));
 };
 

@@ -135,7 +135,7 @@ void PagePainter::SetPen(const PagePen& pen, bool isDot)
     if (hasPen && pen == lastPen && isDot == lastWasDot) {
         return;
     }
-    constexpr double faintest = 0.1, leastWidened = 2.0;  // an opacity, and pixels
+    constexpr double leastWidened = 2.0;  // pixels
     const double wanted = pen.width * pixels;
     const double least = thinLines == ThinLines::Faded ? 1.0 : thinLines == ThinLines::Widened ? leastWidened : 0.0;
     const double width = pixels > 0.0 ? std::max(wanted, least) / pixels : pen.width;
@@ -144,7 +144,7 @@ void PagePainter::SetPen(const PagePen& pen, bool isDot)
     // A width of 0 means the thinnest line of the device, a full pixel, so it does not fade. The ink of a dot is
     // proportional to the square of its width.
     if (snaps && wanted > 0.0) {
-        color.setAlphaF(static_cast<float>(std::max(isDot ? wanted * wanted : wanted, faintest)));
+        color.setAlphaF(static_cast<float>(std::max(isDot ? wanted * wanted : wanted, faintestStroke)));
     }
     QPen made(color, width, Qt::SolidLine, CapOf(pen.cap), Qt::MiterJoin);
     made.setMiterLimit(10.0);  // the default of PDF, which the content never changes
