@@ -1,7 +1,9 @@
 #include "desktop/dialogs/PrintPage.h"
 
+#include "desktop/dialogs/PortalPrint.h"
 #include "desktop/page/PagePainter.h"
 #include "desktop/system/FileDialogs.h"
+#include "desktop/system/PortalRequest.h"
 #include "desktop/system/Text.h"
 #include "pdf/PageContent.h"
 #include "pdf/Units.h"
@@ -188,6 +190,12 @@ void PaintSide(QPainter& painter, const PrintedSheets& sheets, int side, Turns& 
 
 }  // namespace
 
+QString PaperText(const QSizeF& paper)
+{
+    const bool isLandscape = paper.width() > paper.height();
+    return PaperName(QPageSize(isLandscape ? paper.transposed() : paper, QPageSize::Point));
+}
+
 PrintedSheets::PrintedSheets(const DrawnPage& page)
     : paper(static_cast<double>(page.frame.paperWidth), static_cast<double>(page.frame.paperHeight)),
       forPages([&page, height = paper.height()](int /*side*/, const PageUse& use) {
@@ -313,6 +321,9 @@ QString PrintWithDialog(QPrinter& printer, const PrintedSheets& sheets, Turns& t
 QString PrintWithDialog(const PrintedSheets& sheets, Turns& turns, const QString& name,
                         const FolderItem& factorsFile, QWidget* parent, const ModalRunner& runModal)
 {
+    if (MustPrintThroughPortal()) {
+        return PrintThroughPortal(QDBusConnection::sessionBus(), sheets, turns, name, parent, runModal);
+    }
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(name);
     if (QPrinterInfo::availablePrinterNames().isEmpty()) {

@@ -67,9 +67,13 @@ QString PrintWithDialog(QPrinter& printer, const PrintedSheets& sheets, Turns& t
                         QWidget* parent, const ModalRunner& runModal);
 
 /// Like the function above, and proposes the default printer, or a PDF file in the documents folder if there is no
-/// printer. `name` is used for the print job and the file.
+/// printer. `name` is used for the print job and the file. In a sandbox, prints through the desktop's portal
+/// (PrintThroughPortal).
 QString PrintWithDialog(const PrintedSheets& sheets, Turns& turns, const QString& name,
                         const FolderItem& factorsFile, QWidget* parent, const ModalRunner& runModal);
+
+/// Returns the name of a paper of that size, in points, or the size in words if it has none.
+QString PaperText(const QSizeF& paper);
 
 /// Returns the message for the status line after printing: the printer, the paper, the number of copies, and the
 /// scale.
