@@ -87,12 +87,13 @@ package: release
 dist:
 	@scripts/dist build
 
-# Makes the pictures of README, manual and gallery, the icons, and screenshots of all windows.
+# Makes the pictures of README, manual, gallery and software centers, the icons, and screenshots of all windows.
 pictures: release
 	@scripts/setup pictures
 	@scripts/readme-pictures build/release/bin/linealis-cli docs/images
 	@scripts/manual-pictures build/release/bin/linealis-cli docs/manual/images
 	@scripts/gallery-pictures build/release/bin/linealis-cli resources/gallery
+	@scripts/store-pictures build/release/bin/linealis build/release/bin/linealis-cli docs/images
 	@scripts/icons resources/icons
 	@scripts/screenshots build/release/bin/linealis_screenshots build/screenshots
 
