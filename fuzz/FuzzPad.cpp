@@ -41,10 +41,10 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const PaperKind& kind = input.Kind();
     const std::string file = folder + "/pad." + std::string(kind.settingsType.extension);
     cli::PadRequest request;
-    request.layout.pages = std::size_t{1} + input.Byte() % 9;
+    request.options.pages = std::size_t{1} + input.Byte() % 9;
     const std::uint8_t layout = input.Byte();
-    request.layout.up = layout % 6;
-    request.layout.hasNumbers = layout / 6 % 2 == 1;
+    request.options.up = layout % 6;
+    request.options.hasNumbers = layout / 6 % 2 == 1;
     request.output = folder + "/pad.pdf";
     const auto nameOf = [&](std::uint8_t choice) {
         return choice < PaperKinds().size() ? std::string(PaperKinds()[choice].name) : file;
@@ -52,8 +52,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     if (const std::uint8_t back = input.Byte(); back % 2 == 1) {
         request.back = nameOf(back / 2);
     }
-    for (const std::size_t sources = input.Byte() % 4; request.sources.names.size() < sources;) {
-        request.sources.names.push_back(nameOf(input.Byte() % 32));
+    cli::SourceOptions begin;
+    for (const std::size_t sources = input.Byte() % 4; begin.names.size() < sources;) {
+        begin.names.push_back(nameOf(input.Byte() % 32));
     }
     if (!IsLight(kind, input.All())) {
         return 0;
@@ -62,6 +63,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     FolderItem output(request.output);
     output.Delete();
     try {
+        request.sources = cli::SourcesOf(begin);
         MakePad(request);
         Require(output.OpenAsBinaryFile().ReadRest(8).starts_with("%PDF-1.4"));
     } catch (const cli::WorkError& error) {

@@ -245,12 +245,8 @@ TEST_F(CliFiles, SettingsOfAnotherKindOrDamagedAreSaid)
         {"long.setx", "has extra data after the last of its 23 fields"},
         {"length.setx", "has an invalid length in field 17 of 23; the fields after it are unreliable"}};
     for (const auto& [file, problem] : problems) {
-        Names commands = {"generate -o p.pdf", "generate -o p.svg", "generate --check", "show", "form",
-                          "save -o p"};
-        if (MakesPads()) {
-            commands.push_back("pad -o q.pdf");
-        }
-        for (const std::string& command : commands) {
+        for (const std::string command : {"generate -o p.pdf", "generate -o p.svg", "generate --check", "show",
+                                          "form", "save -o p", "pad -o q.pdf"}) {
             const Finished done = Shell("$cli " + command + " " + file);
             EXPECT_EQ(done.status, 0);
             EXPECT_EQ(WithoutWarnings(done.errors), "linealis-cli: " + file + " " + problem + "\n") << command;

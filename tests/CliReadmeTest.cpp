@@ -20,7 +20,6 @@ Names Blocks(const std::string& text)
 
 TEST(CliReadme, EveryCommandRunsInAFreshFolder)
 {
-    const bool makesPads = MakesPads();
     const Names blocks = Blocks(ReadFile(LINEALIS_DOCS_PATH "/../README.md"));
     EXPECT_GE(blocks.size(), 2U);
     for (const std::string& block : blocks) {
@@ -28,9 +27,6 @@ TEST(CliReadme, EveryCommandRunsInAFreshFolder)
         ASSERT_EQ(RunInShell(folder, whatThereIs).errors, "");
         const std::string joined = std::regex_replace(block, std::regex("\\\\\n +"), "");
         for (const std::string& command : Lines(joined, '\n')) {
-            if (!makesPads && command.starts_with("linealis-cli pad ")) {
-                continue;
-            }
             const Finished done = RunInShell(folder, "linealis-cli() { $cli \"$@\"; }\n" + command);
             EXPECT_TRUE(done.status == 0 || (done.status == 1 && command.starts_with("linealis-cli diff ")))
                 << command;

@@ -1,5 +1,6 @@
 #include "TestSupport.h"
 #include "pdf/MyPDFGenerator.h"
+#include "pdf/PdfObjects.h"
 
 #include <array>
 #include <cstdio>
@@ -167,9 +168,9 @@ TEST_F(PdfFile, DateHasItsZoneInWholeHours)
         {0, "Z00"}, {1, "+01"}, {-11, "-11"}, {5.5, "+06"}, {4.5, "+04"}, {-3.5, "-04"}, {-2.5, "-02"}};
     for (const auto& [hours, zone] : zones) {
         platform.clock->secondsEastOfGmt = static_cast<int>(hours * hour);
-        EXPECT_EQ(MyPDFGenerator::ReturnCurrentDate(platform.Now()), "(D:20240131174501" + zone + "'00')") << hours;
+        EXPECT_EQ(PdfDate(platform.Now()), "(D:20240131174501" + zone + "'00')") << hours;
     }
-    EXPECT_EQ(MyPDFGenerator::ReturnCurrentDate({987, 2, 3, 4, 5, 6, 0}), "(D:09870203040506Z00'00')");
+    EXPECT_EQ(PdfDate({987, 2, 3, 4, 5, 6, 0}), "(D:09870203040506Z00'00')");
 }
 
 TEST_F(PdfFile, OperatorsThatNoPaperUses)

@@ -195,12 +195,6 @@ inline Finished Execute(std::vector<std::string> command)
     return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), ReadFile(output), ReadFile(errors)};
 }
 
-/// Whether the build has the program that makes pads, which needs the library of qpdf.
-inline bool MakesPads()
-{
-    return fs::exists(fs::path(LINEALIS_CLI_PATH).parent_path() / "linealis-pad");
-}
-
 /// Runs a script in bash, where $cli is the program and the working directory the folder.
 inline Finished RunInShell(const TemporaryFolder& folder, const std::string& script)
 {

@@ -38,7 +38,7 @@ UsageError Explain(const CLI::App& app, const CLI::ParseError& error)
 
 }  // namespace
 
-CommandLine::CommandLine(PadWork thePadWork) : padWork(std::move(thePadWork))
+CommandLine::CommandLine()
 {
     app.set_version_flag("--version", "linealis-cli " + std::string(versionText));
     app.require_subcommand(1);
@@ -85,7 +85,7 @@ int CommandLine::Run(int argc, char** argv)
     try {
         return ParseAndRun(called, argc, argv);
     } catch (const CLI::ParseError&) {  // parse again with all options, for a complete help or message
-        return CommandLine(padWork).ParseAndRun(called, argc, argv);
+        return CommandLine().ParseAndRun(called, argc, argv);
     }
 }
 

@@ -17,8 +17,7 @@ namespace linealis::cli {
 /// Defines the commands of linealis-cli with their options, parses a command line, and runs the command.
 class CommandLine {
 public:
-    /// `thePadWork` makes pads. Without it, the pad command throws WorkError.
-    explicit CommandLine(PadWork thePadWork = {});
+    CommandLine();
 
     /// Parses the command line and runs the command. Returns the exit status of the program. Throws UsageError if
     /// the command line is wrong, WorkError or FailureSaid if the command fails.
@@ -107,7 +106,6 @@ private:
     int size = 256;                        ///< of a thumbnail: its longer side, in pixels
     GenerateRequest request;
     PadRequest pad;
-    PadWork padWork;
 };
 
 }  // namespace linealis::cli

@@ -231,38 +231,36 @@ void CommandLine::AddPadOptions(CLI::App& command)
     AddBeginningOptions(command);
     AddSources(command, anyNumber);
     AddOutputOption(command, "The PDF file; - is standard output");
-    if (CLI::Option* const pages = AddOption(command, "--pages", "NUMBER", pad.pages,
+    if (CLI::Option* const pages = AddOption(command, "--pages", "NUMBER", pad.options.pages,
                                              "Pages to print on the front [50]; several sources alternate")) {
         pages->check(CLI::Range(std::size_t{1}, mostPadPages).description(""))->check(IsNumber());
     }
     AddOption(command, "--table", "FILE", pad.table, "Make one front page per row of a CSV file, as generate does");
-    AddNumber(command, "--up", pad.layout.up, possiblePagesUp.back(),
+    AddNumber(command, "--up", pad.options.up, possiblePagesUp.back(),
               "Pages on each side of a sheet: 1, 2 or 4, with cut marks");
     AddOption(command, "--back", "SOURCE", pad.back, "The page to print on every back");
-    AddFlag(command, "--numbers", pad.layout.hasNumbers,
+    AddFlag(command, "--numbers", pad.options.hasNumbers,
             "Number the front pages, in the order of the stacks after cutting");
-    AddOption(command, "--dates", "DATE", pad.firstDate,
+    AddOption(command, "--dates", "DATE", pad.options.firstDate,
               "Write a date on the front pages: YYYY-MM-DD on the first, a day later on each further one");
-    AddFlag(command, "--booklet", pad.isBooklet,
+    AddFlag(command, "--booklet", pad.options.isBooklet,
             "Arrange the pages for sheets that are put into each other, folded, and stapled in the fold");
-    AddOption(command, "--creep", "LENGTH", pad.creep,
+    AddOption(command, "--creep", "LENGTH", pad.options.creep,
               "With --booklet: move each sheet toward the fold by the thickness of the paper, such as 0.1mm");
-    AddOption(command, "--poster", "PAPER", pad.poster,
+    AddOption(command, "--poster", "PAPER", pad.options.poster,
               "Put a large page on several sheets of a paper, such as A4");
-    AddOption(command, "--overlap", "LENGTH", pad.overlap, "With --poster: what neighboring sheets share [10mm]");
-    AddNumber(command, "--copies", pad.copies, mostPadCopies, "Pads in the file, one after the other");
+    AddOption(command, "--overlap", "LENGTH", pad.options.overlap,
+              "With --poster: what neighboring sheets share [10mm]");
+    AddNumber(command, "--copies", pad.options.copies, mostPadCopies, "Pads in the file, one after the other");
     AddActions(command);
 }
 
 int CommandLine::RunPad()
 {
-    pad.sources = begin;
+    pad.sources = SourcesOf(begin);
     pad.actions = actions.InOrder();
     pad.output = output;
-    if (!padWork) {
-        throw WorkError{"this program cannot make pads"};
-    }
-    WorkOn(output, [this] { padWork(pad); });
+    WorkOn(output, [this] { MakePad(pad); });
     return done;
 }
 

@@ -20,9 +20,9 @@ constexpr int usageWrong = 2;
 /// the one being typed.
 constexpr std::string_view completeCommand = "complete";
 
-int Run(int argc, char** argv, const PadWork& padWork)
+int Run(int argc, char** argv)
 {
-    CommandLine line(padWork);
+    CommandLine line;
     if (argc > 1 && argv[1] == completeCommand) {
         Print(line.Complete({argv + 2, argv + argc}));
         return 0;
@@ -44,12 +44,12 @@ bool IsComparison(int argc, char** argv)
 
 }  // namespace
 
-int Main(int argc, char** argv, const PadWork& padWork)
+int Main(int argc, char** argv)
 {
     EndCleanlyOnSignals();
     const int failed = IsComparison(argc, argv) ? usageWrong : workFailed;
     try {
-        return Run(argc, argv, padWork);
+        return Run(argc, argv);
     } catch (const WorkError& error) {
         Complain(error.message);
         return failed;

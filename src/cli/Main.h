@@ -1,11 +1,9 @@
 #pragma once
 
-#include "cli/Pad.h"
-
 namespace linealis::cli {
 
 /// Runs linealis-cli: executes the command line, and prints a message on standard error if that fails. Returns the
 /// exit status of the program.
-int Main(int argc, char** argv, const PadWork& padWork);
+int Main(int argc, char** argv);
 
 }  // namespace linealis::cli

@@ -157,8 +157,6 @@ public:
 
     // Building blocks of the file, for CloseFile and for the tests.
 
-    /// Returns the date and time in PDF syntax, including the parentheses. The time zone is rounded to whole hours.
-    static std::string ReturnCurrentDate(const LocalTime& now);
     /// Returns the low four bytes of the value in little-endian order.
     std::string AddFourBytes(std::uint64_t value);
     /// Appends text that was formatted elsewhere to the content stream. Throws PageTooLarge beyond the limit.
@@ -194,30 +192,12 @@ private:
     bool BringInside(Line& line, std::size_t end, int region, int otherRegion) const;
 
     CapacityString CompressedStream(std::string_view text);
-    void NewObject();
-    void EndObject();
-    void WriteBareObject(std::int64_t number, std::string_view line);
-    void WriteFontObject(std::string_view baseFont);
-    void WriteContentObject(std::string_view data);
-    void WriteInfoObject(const LocalTime& now);
-    void WriteResourceObject();
-    void WriteObjects(std::string_view streamData, const LocalTime& now);
     void WriteDocument(std::string_view streamData, const LocalTime& now);
-    void WriteCrossReferenceTable();
-    void WriteTrailer();
-    void WriteStringToFile(std::string_view text);
-    void WriteStringLineToFile(std::string_view text);
 
     Turns& turns;
     std::int64_t mostStream;  ///< bytes
 
-    std::int64_t numObjects = 0;  ///< highest object number used so far
     BinaryStream b;
-    std::int64_t numObjectInfo = 0;
-    std::int64_t numObjectCatalog = 0;
-    std::array<std::int64_t, 201> objectOffsets{};  ///< by object number; entry 0 is unused
-    std::int64_t currentFileLength = 0;
-    std::int64_t startxref = 0;
     CapacityString streamC;
     PageRoles roles;
     bool inTextMode = false;

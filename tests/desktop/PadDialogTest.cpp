@@ -11,14 +11,6 @@ class PadDialog : public DesktopTest {
 protected:
     using Act = std::function<void(desktop::PadDialog& dialog)>;
 
-    void SetUp() override
-    {
-        DesktopTest::SetUp();
-        if (!fs::exists(fs::path(LINEALIS_CLI_PATH).parent_path() / "linealis-pad")) {
-            GTEST_SKIP() << "built without qpdf's library";
-        }
-    }
-
     static void AwaitMessage(desktop::PadDialog& dialog, const std::string& message)
     {
         EXPECT_TRUE(QTest::qWaitFor([&] { return Child(dialog, "PadMessage").isVisible(); }, longest));

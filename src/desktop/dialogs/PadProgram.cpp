@@ -41,7 +41,7 @@ PadProgram::PadProgram()
 QString PadProgram::Path()
 {
     const std::string calledAs = QCoreApplication::applicationFilePath().toStdString();
-    return ToQt(HelperProgram(calledAs.c_str(), padProgram).string());
+    return ToQt((OwnProgram(calledAs.c_str()).parent_path() / "linealis-cli").string());
 }
 
 bool PadProgram::IsInstalled()

@@ -99,12 +99,6 @@ std::filesystem::path OwnProgram(const char* calledAs)
     return fs::absolute(calledAs);
 }
 
-std::error_code BecomeProgram(const std::filesystem::path& program, char** arguments)
-{
-    ::execv(program.c_str(), arguments);
-    return posix::LastError();
-}
-
 std::error_code StartProgram(std::string program, std::string argument)
 {
     std::array<char*, 3> arguments = {program.data(), argument.data(), nullptr};

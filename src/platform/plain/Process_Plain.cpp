@@ -45,11 +45,6 @@ std::filesystem::path OwnProgram(const char* calledAs)
     return std::filesystem::absolute(calledAs, error);
 }
 
-std::error_code BecomeProgram(const std::filesystem::path& /*program*/, char** /*arguments*/)
-{
-    return NotSupported();
-}
-
 std::error_code StartProgram(std::string /*program*/, std::string /*argument*/)
 {
     return NotSupported();

@@ -1,6 +1,0 @@
-#include "cli/Main.h"
-
-int main(int argc, char** argv)
-{
-    return linealis::cli::Main(argc, argv, linealis::cli::MakePad);
-}
