@@ -4,7 +4,7 @@ JOBS := $(shell nproc)
 NINJA_FLAGS ?=
 BENCH_FLAGS ?=
 
-.PHONY: run test check-all bench fuzz faults load coverage mutants package dist pictures format clean setup programs release web run-web test-web bench-web
+.PHONY: run test check-all bench fuzz faults load coverage mutants package dist pictures format clean setup programs release web run-web test-web bench-web package-windows
 
 # Opens the program. Without a display, writes a sample page of every paper kind instead.
 run: programs
@@ -82,6 +82,11 @@ mutants: setup
 package: release
 	@scripts/setup packages
 	@scripts/package build/release build/packages
+
+# Makes an archive of linealis-cli for Windows in build/packages.
+package-windows:
+	@scripts/setup windows
+	@scripts/package-windows build/packages
 
 # Writes the source archive of the last commit, build/linealis-VERSION.tar.gz.
 dist:

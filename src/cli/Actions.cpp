@@ -6,6 +6,7 @@
 #include "graph/RangeText.h"
 #include "pipeline/form/FieldWords.h"
 #include "pipeline/form/SetControl.h"
+#include "platform/FilePath.h"
 
 #include <string_view>
 
@@ -101,7 +102,7 @@ PageWarnings DoInOrder(const std::vector<Action>& actions, const PaperKind& kind
             break;
         case Action::Kind::Markers:
             CheckAbility("--markers", kind, kind.hasMarkers);
-            platform.openAnswer = FolderItem(action.argument);
+            platform.openAnswer = FolderItem(PathOf(action.argument));
             if (!platform.openAnswer.Exists()) {  // not an error: the page is made without markers
                 Complain(action.argument + ": no such file, so no markers are drawn");
             }
@@ -150,7 +151,7 @@ const Control* ControlOf(const Action& action, const Form& form)
 
 void Load(const std::string& fileName, PaperWindow& window)
 {
-    if (const std::error_code error = window.LoadSettings(FolderItem(fileName))) {
+    if (const std::error_code error = window.LoadSettings(FolderItem(PathOf(fileName)))) {
         throw WorkError{fileName + ": " + error.message()};
     }
 }

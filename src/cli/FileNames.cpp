@@ -1,6 +1,7 @@
 #include "cli/FileNames.h"
 
 #include "cli/Errors.h"
+#include "platform/FilePath.h"
 #include "text/LetterCase.h"
 
 #include <filesystem>
@@ -11,7 +12,7 @@ namespace fs = std::filesystem;
 
 std::string EndingOf(const std::string& fileName)
 {
-    const std::string ending = fs::path(fileName).extension().string();
+    const std::string ending = PathOf(fileName).extension().string();
     return ending == "." ? "" : ending;
 }
 
@@ -41,7 +42,7 @@ void CheckIsNoInput(const std::string& output, const std::vector<std::string>& i
 {
     for (const std::string& input : inputs) {
         std::error_code oneIsMissing;
-        if (fs::equivalent(input, output, oneIsMissing)) {
+        if (fs::equivalent(PathOf(input), PathOf(output), oneIsMissing)) {
             throw UsageError{"refusing to overwrite the input " + input};
         }
     }
@@ -49,7 +50,7 @@ void CheckIsNoInput(const std::string& output, const std::vector<std::string>& i
 
 FolderItem OutputFile(const std::string& name)
 {
-    return name == "-" ? FolderItem::StandardOutput() : FolderItem(name).WaitingForReader();
+    return name == "-" ? FolderItem::StandardOutput() : FolderItem(PathOf(name)).WaitingForReader();
 }
 
 }  // namespace linealis::cli

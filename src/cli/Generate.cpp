@@ -7,6 +7,7 @@
 #include "cli/PageList.h"
 #include "cli/Remarks.h"
 #include "exchange/PageFormats.h"
+#include "platform/FilePath.h"
 #include "text/LetterCase.h"
 
 #include <algorithm>
@@ -196,7 +197,7 @@ void GeneratePages(PageList& pages, const GenerateRequest& request, const Output
 void MakeFolder(const std::string& folder)
 {
     std::error_code error;
-    fs::create_directories(folder, error);
+    fs::create_directories(PathOf(folder), error);
     if (error) {
         throw WorkError{folder + ": " + error.message()};
     }

@@ -46,6 +46,7 @@ bool IsComparison(int argc, char** argv)
 
 int Main(int argc, char** argv)
 {
+    PrepareProgram(argc, argv);
     EndCleanlyOnSignals();
     const int failed = IsComparison(argc, argv) ? usageWrong : workFailed;
     try {

@@ -2,6 +2,7 @@
 
 #include "cli/Errors.h"
 #include "cli/FileNames.h"
+#include "platform/FilePath.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -58,9 +59,9 @@ PageJob PageList::JobOf(const Source& source) const
     if (request.outputDirectory.empty()) {
         return {&source, source.name, request.actions, request.output, &format};
     }
-    const std::string stem = source.IsFile() ? fs::path(source.name).stem().string() : source.name;
-    const fs::path name = stem + "." + std::string(format.name);
-    return {&source, source.name, request.actions, (fs::path(request.outputDirectory) / name).string(), &format};
+    const std::string stem = source.IsFile() ? PathOf(source.name).stem().string() : source.name;
+    const fs::path name = PathOf(stem + "." + std::string(format.name));
+    return {&source, source.name, request.actions, (PathOf(request.outputDirectory) / name).string(), &format};
 }
 
 /// Returns the page of the next row. Its file is named by the table or, if that gives no name, after the source
@@ -76,10 +77,11 @@ std::optional<PageJob> PageList::NextOfTable()
     job.actions.insert(job.actions.end(), row->actions.begin(), row->actions.end());
     const std::string number = std::to_string(row->number);
     const std::size_t digits = std::to_string(count).size();
-    const fs::path output(job.output);
-    fs::path name = row->fileName;
+    const fs::path output = PathOf(job.output);
+    fs::path name = PathOf(row->fileName);
     if (name.empty()) {
-        name = output.stem().string() + "-" + std::string(digits - std::min(digits, number.size()), '0') + number;
+        name = output.stem();
+        name += "-" + std::string(digits - std::min(digits, number.size()), '0') + number;
     }
     if (name.extension() != output.extension()) {
         name += output.extension();

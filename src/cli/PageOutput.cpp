@@ -25,10 +25,9 @@ namespace {
 /// Opens the page in the default viewer of the desktop. Throws WorkError if that cannot be started.
 void LaunchViewer(const FolderItem& file)
 {
-    const std::string program = "xdg-open", path = file.Path().string();
-    if (const std::error_code error = StartProgram(program, path)) {
-        throw WorkError{path + ": the page was made, but the viewer could not be started: " + program + ": " +
-                        error.message()};
+    if (const ProgramStart start = OpenInViewer(file.Path()); start.error) {
+        throw WorkError{file.Path().string() + ": the page was made, but the viewer could not be started: " +
+                        start.name + ": " + start.error.message()};
     }
 }
 

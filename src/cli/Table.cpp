@@ -2,6 +2,7 @@
 
 #include "cli/Errors.h"
 #include "cli/InputText.h"
+#include "platform/FilePath.h"
 #include "text/LetterCase.h"
 #include "text/ShortText.h"
 
@@ -61,7 +62,7 @@ Table::Table(const std::string& fileName, const Form& theForm) : name(fileName),
 
 void Table::Rewind()
 {
-    reader.emplace(name, held ? BinaryStream::FromMemory(*held) : FolderItem(name).OpenAsBinaryFile());
+    reader.emplace(name, held ? BinaryStream::FromMemory(*held) : FolderItem(PathOf(name)).OpenAsBinaryFile());
     rows = 0;
     head = reader->Next();
     const std::map<std::string, std::string> columns = ColumnsOf(form);

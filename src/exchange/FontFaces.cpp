@@ -1,8 +1,8 @@
 #include "exchange/FontFaces.h"
 
+#include "exchange/FontFiles.h"
 #include "pdf/StandardFonts.h"
 
-#include <fontconfig/fontconfig.h>
 #include FT_MODULE_H
 
 #include <algorithm>
@@ -10,38 +10,6 @@
 #include <string>
 
 namespace linealis {
-
-namespace {
-
-/// Frees a pattern of fontconfig.
-struct DestroyPattern {
-    void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
-};
-using Pattern = std::unique_ptr<FcPattern, DestroyPattern>;
-
-/// Returns the pattern that asks fontconfig for the font or, in this order, its substitutes.
-Pattern PatternOf(const StandardFont& font)
-{
-    Pattern pattern(FcPatternCreate());
-    if (!pattern) {
-        throw std::bad_alloc();
-    }
-    const auto addFamily = [&](std::string_view name) {
-        FcPatternAddString(pattern.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(std::string(name).c_str()));
-    };
-    std::for_each(font.family.names.begin(), font.family.names.end(), addFamily);
-    if (!font.family.generic.empty()) {
-        addFamily(font.family.generic);
-    }
-    FcPatternAddInteger(pattern.get(), FC_WEIGHT, font.isBold ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);
-    FcPatternAddInteger(pattern.get(), FC_SLANT, font.isSlanted ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
-    FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue);
-    FcConfigSubstitute(nullptr, pattern.get(), FcMatchPattern);
-    FcDefaultSubstitute(pattern.get());
-    return pattern;
-}
-
-}  // namespace
 
 bool Succeeded(FT_Error error)
 {
@@ -74,16 +42,10 @@ FT_Face FontFaces::FaceOf(int font)
     const auto index = static_cast<std::size_t>(std::clamp(font, 0, static_cast<int>(faces.size()) - 1));
     if (!wasSought[index]) {
         wasSought[index] = true;
-        FcResult result = FcResultMatch;
-        const Pattern match(FcFontMatch(nullptr, PatternOf(StandardFontOf(font)).get(), &result));
-        FcChar8* file = nullptr;
-        int number = 0;
-        if (match && FcPatternGetString(match.get(), FC_FILE, 0, &file) == FcResultMatch) {
-            FcPatternGetInteger(match.get(), FC_INDEX, 0, &number);
-            FT_Face face = nullptr;
-            if (Succeeded(FT_New_Face(library, reinterpret_cast<const char*>(file), number, &face))) {
-                faces[index] = face;
-            }
+        const std::optional<FontFile> file = FindFontFile(StandardFontOf(font));
+        FT_Face face = nullptr;
+        if (file && Succeeded(FT_New_Face(library, file->path.c_str(), file->number, &face))) {
+            faces[index] = face;
         }
     }
     return faces[index];

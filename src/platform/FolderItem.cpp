@@ -1,6 +1,7 @@
 #include "platform/FolderItem.h"
 
 #include "platform/BinaryStream.h"
+#include "platform/FilePath.h"
 
 namespace linealis {
 
@@ -64,7 +65,7 @@ void FolderItem::Delete() const
 
 FolderItem FolderItem::Child(const std::string& name) const
 {
-    return path.empty() ? FolderItem() : FolderItem(path / name);
+    return path.empty() ? FolderItem() : FolderItem(path / PathOf(name));
 }
 
 BinaryStream FolderItem::CreateBinaryFile() const

@@ -8,6 +8,10 @@
 
 namespace linealis {
 
+/// Gives the program its arguments in UTF-8, and lets its standard streams carry bytes, where the system does not
+/// do so by itself. Call it first.
+void PrepareProgram(int& argc, char**& argv);
+
 /// Sets up signal handling for a program without windows. A signal that ends the program first removes the
 /// temporary files of unfinished writes. A write beyond the file size limit fails as a write instead of ending the
 /// program.
@@ -37,8 +41,13 @@ bool IsTerminal(std::FILE* stream);
 /// the path.
 std::filesystem::path OwnProgram(const char* calledAs);
 
-/// Starts a program, found through PATH, with one argument. Does not wait for it to end. Returns why it could not
-/// be started.
-std::error_code StartProgram(std::string program, std::string argument);
+/// A program that was started or could not be.
+struct ProgramStart {
+    const char* name;       ///< of the program
+    std::error_code error;  ///< why it could not be started
+};
+
+/// Opens a file in the default viewer of the system. Does not wait for the viewer to end.
+ProgramStart OpenInViewer(const std::filesystem::path& file);
 
 }  // namespace linealis

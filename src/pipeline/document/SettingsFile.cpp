@@ -1,6 +1,7 @@
 #include "pipeline/document/SettingsFile.h"
 
 #include "pdf/OwnPdf.h"
+#include "platform/FilePath.h"
 #include "text/Numbers.h"
 
 #include <algorithm>
@@ -71,7 +72,7 @@ FolderItem ReadAlias(SettingsStream& settings)
     const auto size = static_cast<std::size_t>(std::max(length, 0));
     settings.isImpossible = length < 0 || size > BinaryStream::longestField;
     const std::string reference = stream.Read(size);  // empty if it is longer than any path
-    const std::filesystem::path path = reference;
+    const std::filesystem::path path = PathOf(reference);
     const bool whole = reference.size() == size;
     if (!whole || reference.find('\0') != std::string::npos || !path.is_absolute()) {
         return {};

@@ -41,6 +41,8 @@ void EndCleanlyOn(int signal)
 
 }  // namespace
 
+void PrepareProgram(int& /*argc*/, char**& /*argv*/) {}
+
 void EndCleanlyOnSignals()
 {
     for (const int signal : endingSignals) {
@@ -99,8 +101,10 @@ std::filesystem::path OwnProgram(const char* calledAs)
     return fs::absolute(calledAs);
 }
 
-std::error_code StartProgram(std::string program, std::string argument)
+ProgramStart OpenInViewer(const std::filesystem::path& file)
 {
+    static constexpr const char* viewer = "xdg-open";
+    std::string program = viewer, argument = file.string();
     std::array<char*, 3> arguments = {program.data(), argument.data(), nullptr};
     posix_spawnattr_t attributes;
     ::posix_spawnattr_init(&attributes);
@@ -112,7 +116,7 @@ std::error_code StartProgram(std::string program, std::string argument)
     pid_t process = 0;
     const int error = ::posix_spawnp(&process, program.c_str(), nullptr, &attributes, arguments.data(), environ);
     ::posix_spawnattr_destroy(&attributes);
-    return {error, std::generic_category()};
+    return {viewer, {error, std::generic_category()}};
 }
 
 }  // namespace linealis

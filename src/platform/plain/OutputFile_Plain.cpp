@@ -1,12 +1,9 @@
 #include "platform/OutputFile.h"
 
-#include "platform/FileFault.h"
+#include "platform/plain/OutputPlace.h"
 
-#include <atomic>
 #include <cerrno>
 #include <cstdio>
-#include <random>
-#include <string>
 #include <utility>
 
 namespace linealis {
@@ -79,44 +76,6 @@ private:
     bool mustBeNew;
 };
 
-/// Returns why the target does not allow what is there now, if it does not.
-std::error_code Refusal(const fs::path& path, OutputFile::Target target)
-{
-    std::error_code missing;
-    const fs::file_status status = fs::symlink_status(path, missing);
-    if (!fs::exists(status)) {
-        return {};
-    }
-    switch (target) {
-    case OutputFile::Target::New:
-        return std::make_error_code(std::errc::file_exists);
-    case OutputFile::Target::Regular:
-        if (fs::is_symlink(status)) {
-            return FileFault::IsALink;
-        }
-        return fs::is_regular_file(status) || fs::is_directory(status) ? std::error_code() : FileFault::NotRegular;
-    case OutputFile::Target::Any:
-    case OutputFile::Target::AnyAwaited:
-        break;
-    }
-    return {};
-}
-
-/// Returns where a chain of links ends, which need not exist.
-fs::path EndOfLinks(fs::path path, std::error_code& error)
-{
-    constexpr int longestChain = 40;
-    std::error_code ignored;
-    for (int links = 0; fs::is_symlink(path, ignored); ++links) {
-        if (links == longestChain) {
-            error = std::make_error_code(std::errc::too_many_symbolic_link_levels);
-            return {};
-        }
-        path = path.parent_path() / fs::read_symlink(path, ignored);
-    }
-    return path;
-}
-
 /// Whether the user may write the existing file.
 bool IsWritable(const fs::path& path)
 {
@@ -128,42 +87,19 @@ bool IsWritable(const fs::path& path)
 
 std::unique_ptr<OutputFile> OutputFile::Open(const fs::path& path, Target target, std::error_code& error)
 {
-    static std::atomic<unsigned> count = 0;
-    error = path.empty() ? std::make_error_code(std::errc::no_such_file_or_directory) : Refusal(path, target);
-    if (path.native().find('\0') != fs::path::string_type::npos) {
-        error = std::make_error_code(std::errc::invalid_argument);
-    }
-    if (error) {
+    const std::optional<OutputPlace> place = PlaceOf(path, target, error);
+    if (!place) {
         return nullptr;
     }
-    const fs::path place = EndOfLinks(path, error);
-    if (error) {
-        return nullptr;
-    }
-    const fs::file_status status = fs::status(place, error);
-    if (fs::is_directory(status)) {
-        error = std::make_error_code(std::errc::is_a_directory);
-    }
-    if (fs::is_fifo(status) && target != Target::AnyAwaited) {  // to open it would wait for a reader
-        error = std::make_error_code(std::errc::no_such_device_or_address);
-    }
-    if (error && status.type() != fs::file_type::not_found) {  // such as a name that is too long
-        return nullptr;
-    }
-    const bool isReplaced = fs::is_regular_file(status);
-    if (isReplaced && !IsWritable(place)) {
+    if (place->isReplaced && !IsWritable(place->path)) {
         error = LastFileError();
         return nullptr;
     }
-    const bool isDirect = fs::exists(status) && !isReplaced;
-    const fs::path hidden =
-        isDirect ? fs::path()
-                 : place.parent_path() /
-                       (".linealis-" + std::to_string(std::random_device()()) + "-" + std::to_string(count++));
-    std::FILE* const file =
-        isDirect ? std::fopen(place.string().c_str(), "wb") : std::fopen(hidden.string().c_str(), "wbx");
+    std::FILE* const file = place->hidden.empty() ? std::fopen(place->path.string().c_str(), "wb")
+                                                  : std::fopen(place->hidden.string().c_str(), "wbx");
     error = file == nullptr ? LastFileError() : std::error_code();
-    return file == nullptr ? nullptr : std::make_unique<RenamedFile>(file, hidden, place, target == Target::New);
+    return file == nullptr ? nullptr
+                           : std::make_unique<RenamedFile>(file, place->hidden, place->path, target == Target::New);
 }
 
 std::unique_ptr<OutputFile> OutputFile::OnStandardOutput(std::error_code& error)

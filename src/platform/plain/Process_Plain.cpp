@@ -7,14 +7,7 @@
 
 namespace linealis {
 
-namespace {
-
-std::error_code NotSupported()
-{
-    return std::make_error_code(std::errc::function_not_supported);
-}
-
-}  // namespace
+void PrepareProgram(int& /*argc*/, char**& /*argv*/) {}
 
 // The system ends the program. A hidden file that was being written may stay behind.
 void EndCleanlyOnSignals() {}
@@ -45,9 +38,9 @@ std::filesystem::path OwnProgram(const char* calledAs)
     return std::filesystem::absolute(calledAs, error);
 }
 
-std::error_code StartProgram(std::string /*program*/, std::string /*argument*/)
+ProgramStart OpenInViewer(const std::filesystem::path& /*file*/)
 {
-    return NotSupported();
+    return {"the viewer", std::make_error_code(std::errc::function_not_supported)};
 }
 
 // No folder is known to be private, so a second start does not look for the first.
