@@ -148,7 +148,8 @@ public:
     bool parse_error(std::size_t byte, const std::string& /*token*/,
                      const nlohmann::detail::exception& error) override
     {
-        if (dynamic_cast<const Json::out_of_range*>(&error) != nullptr) {
+        constexpr int numberOverflow = 406;
+        if (error.id == numberOverflow) {
             throw FormError{
                 Message("%1: is not a form: it has a number beyond 1.8e308; write it as a text", file.name)};
         }
