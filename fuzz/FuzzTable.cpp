@@ -17,7 +17,7 @@ namespace {
 std::size_t CountRows(cli::Table& table)
 {
     std::size_t count = 0;
-    while (const std::optional<cli::TableRow> row = table.Next()) {
+    while (const std::optional<cli::RowOfTable> row = table.Next()) {
         ++count;
         Require(row->number == count && row->fileName.find('/') == std::string::npos);
     }
@@ -54,14 +54,14 @@ std::string Written(const std::vector<std::string>& cells)
 void ReadAsRows(std::string_view text)
 {
     try {
-        cli::CsvReader reader("table", BinaryStream::FromMemory(text));
+        CsvReader reader("table", BinaryStream::FromMemory(text));
         for (std::vector<std::string> cells = reader.Next(); !cells.empty(); cells = reader.Next()) {
             const std::string row = Written(cells);
-            cli::CsvReader again("row", BinaryStream::FromMemory(row));
+            CsvReader again("row", BinaryStream::FromMemory(row));
             Require(again.Next() == cells && again.Next().empty());
         }
-    } catch (const cli::WorkError& error) {
-        Require(!error.message.empty());
+    } catch (const TableError& error) {
+        Require(!error.message.IsEmpty());
     }
 }
 

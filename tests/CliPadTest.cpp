@@ -1,4 +1,6 @@
 #include "TestSupport.h"
+#include "exchange/FormJson.h"
+#include "pdf/PdfAttachment.h"
 
 namespace linealis::test {
 namespace {
@@ -193,6 +195,61 @@ TEST_F(CliPad, NumbersAreInTheOrderOfTheStacks)
                 << each.options;
         }
     }
+}
+
+TEST_F(CliPad, FormsInThePadMakeItAgain)
+{
+    const std::string dated = "export SOURCE_DATE_EPOCH=0\n";
+    const auto attached = [&] { return Shell("pdfdetach -list pad.pdf | sed -n 's/^[0-9]*: //p' | xargs").output; };
+    // The same form on a front and on the back is in the file once. The first is the one that is read.
+    EXPECT_EQ(Shell(dated + "$cli save hexagon --set paper-size=A6 --set left-margin=1.5 -o h.seth\n"
+                            "$cli pad h.seth lined --set paper-size=A6 --pages 4 --back h.seth -o pad.pdf")
+                  .errors,
+              "");
+    EXPECT_EQ(attached(), "front-1.json front-2.json\n");
+    EXPECT_EQ(Shell("qpdf --check pad.pdf > /dev/null; echo $?").output, "0\n");
+    EXPECT_EQ(Shell(dated + "$cli generate pad.pdf -o a.pdf; $cli generate h.seth -o b.pdf; cmp a.pdf b.pdf\n"
+                            "$cli generate hexagon --form pad.pdf -o b.pdf; cmp a.pdf b.pdf\n"
+                            "pdfdetach -save 2 -o second.json pad.pdf; $cli generate second.json -o a.pdf\n"
+                            "$cli generate lined --set paper-size=A6 -o b.pdf; cmp a.pdf b.pdf")
+                  .output,
+              "");
+    // A pad of a table carries what its rows are laid over, and the table.
+    EXPECT_EQ(Shell(dated +
+                    "printf 'top-margin\\n1\\n2\\n' > t.csv\n"
+                    "$cli pad dots --set paper-size=A5 --numbers --table t.csv -o pad.pdf\n"
+                    "pdfdetach -saveall pad.pdf; cmp t.csv table.csv; rm t.csv\n"
+                    "$cli pad --form pad.pdf --numbers --table - -o again.pdf < table.csv; cmp pad.pdf again.pdf")
+                  .errors,
+              "");
+    EXPECT_EQ(attached(), "table.csv table.json\n");
+    EXPECT_EQ(Shell("$cli generate pad.pdf -o pad.pdf").errors,
+              "linealis-cli: refusing to overwrite the input pad.pdf\n");
+    EXPECT_EQ(Shell("$cli generate lined -o page.pdf; $cli show page.pdf").errors,
+              "linealis-cli: page.pdf: carries no form; of PDF files, only those of pads do\n");
+}
+
+TEST_F(CliPad, DamagedFilesGiveNoFormOrAWholeOne)
+{
+    EXPECT_EQ(Shell("$cli pad lined --pages 2 -o pad.pdf").errors, "");
+    const std::string pad = ReadFile(folder / "pad.pdf"), type = "application/json";
+    const std::string form(PdfAttachmentIn(pad, type));
+    const std::size_t begin = pad.find(form), end = begin + form.size();
+    EXPECT_EQ(ParseForm("f", pad).kind, "lined");
+    for (std::size_t size = 0; size < end; ++size) {
+        EXPECT_EQ(PdfAttachmentIn(std::string_view(pad).substr(0, size), type), "") << size;
+    }
+    EXPECT_EQ(PdfAttachmentIn(std::string_view(pad).substr(0, end), type), form);
+    const std::size_t length = pad.rfind("/Length ", begin) + 8, digits = pad.find('>', length) - length;
+    for (const char* const given :
+         {"", "-1", "x", "99999999", "18446744073709551615", "99999999999999999999", "0"}) {
+        std::string damaged = pad;
+        damaged.replace(length, digits, given);
+        EXPECT_EQ(PdfAttachmentIn(damaged, type), "") << given;
+        EXPECT_THROW(ParseForm("f", damaged), FormError) << given;
+    }
+    std::string shorter = pad;
+    EXPECT_THROW(ParseForm("f", shorter.replace(length, digits, "9")), FormError) << "half a form";
 }
 
 TEST_F(CliPad, BadInputLeavesTheOldFile)

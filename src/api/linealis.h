@@ -92,8 +92,8 @@ LINEALIS_API linealis_status linealis_schema(const char* kind, linealis_text* js
  * part from "#" on. */
 LINEALIS_API linealis_status linealis_sheet_new(const char* source, linealis_sheet** sheet);
 
-/* Makes a sheet from a form that names its kind: JSON, as linealis_sheet_form writes it, or a page as SVG or PNG.
- */
+/* Makes a sheet from a form that names its kind: JSON, as linealis_sheet_form writes it, a page as SVG or PNG, or
+ * a pad as PDF, whose first form counts. */
 LINEALIS_API linealis_status linealis_sheet_from_form(const char* bytes, size_t size, linealis_sheet** sheet);
 
 /* Does nothing if `sheet` is null. */
@@ -127,7 +127,8 @@ LINEALIS_API linealis_status linealis_sheet_set(linealis_sheet* sheet, const cha
 /* Types a text into a text field, so that what follows from it is worked out anew. */
 LINEALIS_API linealis_status linealis_sheet_type(linealis_sheet* sheet, const char* control, const char* text);
 
-/* Applies a form, or a part of one, of the same kind: JSON, or a page as SVG or PNG that carries its form. */
+/* Applies a form, or a part of one, of the same kind: JSON, or a page as SVG or PNG that carries its form, or
+ * a pad as PDF. */
 LINEALIS_API linealis_status linealis_sheet_lay_over(linealis_sheet* sheet, const char* bytes, size_t size);
 
 /* The whole form as JSON: kind, title, extension, controls and aliases. */

@@ -325,7 +325,7 @@ void CommandLine::AddBeginningOptions(CLI::App& command)
     AddOption(command, "--preset", "PRESET", begin.preset, "Start from a preset, which sets the kind of paper");
     AddOption(command, "--form", "FILE", begin.form,
               "Apply a form on top: JSON as printed by form, all or part of it, or a page as " +
-                  FormatTitles(&PageFormat::carriesForm) + "; - is standard input");
+                  FormatTitles(&PageFormat::carriesForm) + ", or a pad as PDF; - is standard input");
 }
 
 void CommandLine::AddActions(CLI::App& command)

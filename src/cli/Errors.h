@@ -67,7 +67,7 @@ void PrintComplaints(const std::string& text);
 void ShowStatus(const std::string& text);
 
 /// Returns the error "unknown WHAT 'GIVEN'; possible: ...", with the nearest match first. Lists only the nearest
-/// five of more than 17.
+/// five of more than 18.
 UsageError Unknown(std::string_view what, std::string_view given, std::vector<std::string> possible);
 UsageError Unknown(const UnknownInput& input);
 

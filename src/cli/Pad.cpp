@@ -57,10 +57,11 @@ MadePage AddRows(const PadRequest& request, PadFile& file, PadPages& pages)
 {
     const Source& source = request.sources.front();
     ScreenlessPlatform platform;
-    const auto window = MakeWindow(KindOf(source), platform);
-    Table table(*request.table, window->form);
+    const OpenWindow below = Open(source, request.actions, platform);
+    Table table = Table::Held(*request.table, below.window->form);
+    file.AttachTable(*table.Text(), CarriedForm(*below.kind, below.window->form));
     std::optional<MadePage> last;
-    while (const std::optional<TableRow> row = table.Next()) {
+    while (const std::optional<RowOfTable> row = table.Next()) {
         if (pages.fronts.size() == mostPadPages) {
             throw WorkError{table.Name() + ": has more than " + std::to_string(mostPadPages) + " rows"};
         }
@@ -73,7 +74,7 @@ MadePage AddRows(const PadRequest& request, PadFile& file, PadPages& pages)
         pages.fronts.push_back(Named(name, last->drawn));
     }
     if (pages.fronts.empty()) {
-        throw WorkError{table.Name() + ": has no rows below its header"};
+        throw WorkError{TableIsEmpty(table.Name()).English()};
     }
     return std::move(*last);
 }
@@ -84,7 +85,7 @@ MadePage AddSources(const PadRequest& request, PadFile& file, PadPages& pages)
     std::optional<MadePage> first;
     for (const Source& source : request.sources) {
         MadePage made = Make(source, source.name, request.actions, nullptr);
-        file.AddFront(made.drawn);
+        file.AddFront(made.drawn, CarriedForm(*made.open.kind, made.open.window->form));
         pages.fronts.push_back(Named(source.name, made.drawn));
         if (!first) {
             first.emplace(std::move(made));
@@ -100,7 +101,7 @@ PadPages AddPages(const PadRequest& request, const std::optional<Source>& back, 
     const MadePage front = request.table ? AddRows(request, file, pages) : AddSources(request, file, pages);
     if (back) {
         const MadePage made = Make(*back, back->name, {}, back->IsFile() ? nullptr : &front.open.window->form);
-        file.SetBack(made.drawn);
+        file.SetBack(made.drawn, CarriedForm(*made.open.kind, made.open.window->form));
         pages.back = Named(back->name, made.drawn);
     }
     return pages;

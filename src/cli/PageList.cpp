@@ -24,7 +24,7 @@ PageList::PageList(const GenerateRequest& theRequest, const PageFormat& theForma
             ++count;
         }
         if (count == 0) {
-            throw WorkError{table->Name() + ": has no rows below its header"};
+            throw WorkError{TableIsEmpty(table->Name()).English()};
         }
         Rewind();
     }
@@ -68,7 +68,7 @@ PageJob PageList::JobOf(const Source& source) const
 /// with the number of the row, padded with zeros so that names sort in the order of the rows.
 std::optional<PageJob> PageList::NextOfTable()
 {
-    const std::optional<TableRow> row = table->Next();
+    const std::optional<RowOfTable> row = table->Next();
     if (!row) {
         return std::nullopt;
     }

@@ -4,6 +4,7 @@
 #include "cli/Errors.h"
 #include "cli/FileNames.h"
 #include "cli/InputText.h"
+#include "exchange/CarriedText.h"
 #include "exchange/FormLink.h"
 #include "exchange/PageFormats.h"
 #include "pipeline/form/FieldWords.h"
@@ -53,7 +54,7 @@ std::vector<std::string> PossibleSources(const std::string& ending)
         possible.push_back("FILE." + std::string(kind.settingsType.extension));
     }
     for (const PageFormat& format : PageFormats()) {
-        if (format.carriesForm) {
+        if (format.givesForm) {
             possible.push_back("FILE." + std::string(format.name));
         }
     }
@@ -86,7 +87,8 @@ Source PaperOfLink(const std::string& link)
 FormFile ReadForm(const std::string& fileName)
 {
     try {
-        return ParseForm(fileName == "-" ? "standard input" : fileName, ReadInput(fileName, longestFormFile));
+        return fileName == "-" ? ParseForm("standard input", ReadInput(fileName, longestFormFile))
+                               : ParseForm(fileName, ReadBeginning(fileName, longestForm));
     } catch (const FormError& error) {
         throw WorkError{error.message.English()};
     }
@@ -174,8 +176,8 @@ std::vector<Source> SourcesOf(const SourceOptions& options)
 
 std::string SourceWords()
 {
-    return "a kind of paper, a preset, a settings file, a link, or an " +
-           FormatTitles(&PageFormat::carriesForm, "JSON") + " file that carries a form";
+    return "a kind of paper, a preset, a settings file, a link, or a " +
+           FormatTitles(&PageFormat::givesForm, "JSON") + " file that carries a form";
 }
 
 Source SourceNamed(const std::string& name)

@@ -17,7 +17,7 @@ struct Source {
         Kind,  ///< a kind of paper in its opening state
         Preset,
         Settings,  ///< a settings file; its extension determines the kind
-        Form       ///< an SVG, PNG, or JSON file with a form, which names its kind
+        Form       ///< an SVG, PNG, PDF, or JSON file with a form, which names its kind
     };
 
     std::string name;  ///< of the kind, preset, or file

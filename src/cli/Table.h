@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/Actions.h"
-#include "cli/CsvReader.h"
+#include "exchange/TableReader.h"
 
 #include <optional>
 #include <string>
@@ -10,23 +10,29 @@
 namespace linealis::cli {
 
 /// One page of a table.
-struct TableRow {
+struct RowOfTable {
     std::string fileName;         ///< for its page, without folder; empty if the table gives none
     std::vector<Action> actions;  ///< set the controls to the values of the cells
     std::size_t number = 0;       ///< from 1, not counting the header
 };
 
-/// Reads a table of pages (CsvReader) row by row. Each cell of the header names a control by name or alias, in any
-/// case. An optional column "file" contains file names for the pages. An empty cell leaves its control unchanged.
+/// The longest table that is kept in memory: 64 MiB.
+inline constexpr std::size_t longestHeldTable = std::size_t{64} << 20U;
+
+/// A table of pages (TableReader) in a file or on standard input, with its rows as actions.
 class Table {
 public:
-    /// `fileName` may be "-" for standard input, which is kept in memory, up to 64 MiB, so that Rewind works.
-    /// `theForm` has the controls and must outlive the object. Throws WorkError if the table cannot be read.
+    /// `fileName` may be "-" for standard input, which is kept in memory, up to longestHeldTable, so that Rewind
+    /// works. `theForm` has the controls and must outlive the object. Throws WorkError if the table cannot be read.
     Table(const std::string& fileName, const Form& theForm);
+
+    /// Keeps the whole text of the table in memory, whatever file it is in. Throws as the constructor does, and if
+    /// the table is longer than longestHeldTable.
+    static Table Held(const std::string& fileName, const Form& theForm);
 
     /// Returns the next row, or nothing after the last one. Throws WorkError if the table cannot be read or the row
     /// has a different number of cells than the header, UsageError if the name of a page is not a plain file name.
-    std::optional<TableRow> Next();
+    std::optional<RowOfTable> Next();
 
     /// Returns to the first row. Reopens the file, so throws like the constructor.
     void Rewind();
@@ -34,16 +40,19 @@ public:
     /// The name of the file, for messages.
     const std::string& Name() const { return name; }
 
+    /// The text of the table, if it is kept in memory.
+    const std::optional<std::string>& Text() const { return held; }
+
     /// Whether the table has the column "file".
-    bool NamesPages() const;
+    bool NamesPages() const { return reader->NamesPages(); }
 
 private:
+    Table(std::string theName, std::optional<std::string> theText, const Form& theForm);
+
     std::string name;
     const Form& form;
-    std::optional<std::string> held;  ///< the text of standard input; empty for a file
-    std::optional<CsvReader> reader;
-    std::vector<std::string> head;  ///< of each column: the control name, "file", or an unknown word
-    std::size_t rows = 0;           ///< the number of rows read so far
+    std::optional<std::string> held;
+    std::optional<TableReader> reader;
 };
 
 }  // namespace linealis::cli

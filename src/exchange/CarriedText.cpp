@@ -1,6 +1,8 @@
 #include "exchange/CarriedText.h"
 
 #include "exchange/PngText.h"
+#include "kinds/PadFile.h"
+#include "pdf/PdfAttachment.h"
 
 #include <pugixml.hpp>
 
@@ -71,9 +73,17 @@ std::string XmlText(std::string_view text)
     return escaped;
 }
 
+bool IsPdf(std::string_view bytes)
+{
+    return bytes.starts_with("%PDF-");
+}
+
 std::optional<std::string> TextInPicture(std::string_view bytes)
 {
     bytes = bytes.substr(0, longestForm);
+    if (IsPdf(bytes)) {
+        return std::string(PdfAttachmentIn(bytes, formMimeType));
+    }
     if (bytes.starts_with(pngSignature)) {
         return TextInPng(bytes);
     }

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cstdio>
+#include <optional>
 #include <utility>
 
 namespace linealis {
@@ -73,9 +74,11 @@ std::string JsonEscape(std::string_view character)
     return text.data();
 }
 
-FormError CarriesNoForm(const std::string& file)
+/// Returns the error for a file that should carry a form. Nobody expects one of a PDF file, unless told so.
+FormError CarriesNoForm(const std::string& file, std::string_view bytes)
 {
-    return {Message("%1: is a picture that carries no form", file)};
+    return {IsPdf(bytes) ? Message("%1: carries no form; of PDF files, only those of pads do", file)
+                         : Message("%1: is a picture that carries no form", file)};
 }
 
 /// The deepest nesting of objects and lists that is accepted. A form needs less.
@@ -87,7 +90,9 @@ constexpr int deepestForm = 8;
 /// The depth is 1 in the outermost object, 2 in "controls", and 3 in the object of a control.
 class FormReader final : public nlohmann::json_sax<Json> {
 public:
-    FormReader(FormFile& theFile, bool isOfPicture) : file(theFile), isPicture(isOfPicture) {}
+    /// `theCarrier` is the file that carries the form, if it is not a file of JSON.
+    FormReader(FormFile& theFile, std::optional<std::string_view> theCarrier) : file(theFile), carrier(theCarrier)
+    {}
 
     bool HasControls() const { return hasControls; }
 
@@ -153,8 +158,8 @@ public:
             throw FormError{
                 Message("%1: is not a form: it has a number beyond 1.8e308; write it as a text", file.name)};
         }
-        throw isPicture ? CarriesNoForm(file.name)
-                        : FormError{Message("%1: is not valid JSON: byte %2", file.name, std::to_string(byte))};
+        throw carrier ? CarriesNoForm(file.name, *carrier)
+                      : FormError{Message("%1: is not valid JSON: byte %2", file.name, std::to_string(byte))};
     }
 
 private:
@@ -207,7 +212,7 @@ private:
     void NoteFault(Message fault) { file.controls.back().fault = std::move(fault); }
 
     FormFile& file;
-    bool isPicture;
+    std::optional<std::string_view> carrier;
     int depth = 0;        ///< the number of open objects and lists
     std::string section;  ///< the last key in the outermost object
     std::string field;    ///< the last key in the object of a control
@@ -287,13 +292,13 @@ FormFile ParseForm(std::string name, std::string_view text)
     FormFile file{std::move(name), {}, {}};
     const std::optional<std::string> carried = TextInPicture(text);
     if (carried && carried->empty()) {
-        throw CarriesNoForm(file.name);
+        throw CarriesNoForm(file.name, text);
     }
     const std::string_view json = carried ? *carried : text;
     if (json.size() > longestForm) {
         throw FormError{Message("%1: is too large for a form", file.name)};
     }
-    FormReader reader(file, carried || IsNameOfCarrier(file.name));
+    FormReader reader(file, carried || IsNameOfCarrier(file.name) ? std::optional(text) : std::nullopt);
     Json::sax_parse(json, &reader);
     if (!reader.HasControls()) {
         throw FormError{Message("%1: is not a form: it has no object \"controls\"", file.name)};

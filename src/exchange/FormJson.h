@@ -48,7 +48,8 @@ struct FormError {
     Message message;  ///< starts with the name of the file, except for a form of the wrong kind
 };
 
-/// Reads a form from the contents of a file: JSON, or a page as SVG or PNG that carries its form. `name` is the
+/// Reads a form from the contents of a file: JSON, or a page as SVG or PNG that carries its form, or a pad as PDF,
+/// of whose forms this is the first. `name` is the
 /// name of the file in messages. Does not check whether the kind and the controls exist; LayOver does. Throws
 /// FormError if there is no form, or if it exceeds longestForm or mostControls.
 FormFile ParseForm(std::string name, std::string_view text);

@@ -34,12 +34,14 @@ constexpr auto formats = std::to_array<PageFormat>({
      .title = "PDF",
      .words = "the page as Generate makes it",
      .mimeType = "application/pdf",
+     .givesForm = true,
      .write = WriteAsPdf},
     {.name = "svg",
      .title = "SVG",
      .words = "lines that stay sharp at any size",
      .mimeType = "image/svg+xml",
      .carriesForm = true,
+     .givesForm = true,
      .write = WriteAsSvg},
     {.name = "png",
      .title = "PNG",
@@ -47,6 +49,7 @@ constexpr auto formats = std::to_array<PageFormat>({
      .mimeType = "image/png",
      .hasPixels = true,
      .carriesForm = true,
+     .givesForm = true,
      .write = WriteAsPng},
     {.name = "dxf",
      .title = "DXF",
@@ -108,7 +111,7 @@ bool IsNameOfCarrier(std::string_view fileName)
     const std::size_t dot = fileName.rfind('.');
     const PageFormat* const format =
         dot == std::string_view::npos ? nullptr : FindPageFormat(fileName.substr(dot + 1));
-    return format != nullptr && format->carriesForm;
+    return format != nullptr && format->givesForm;
 }
 
 std::string BytesOf(const PageFormat& format, const DrawnPage& page, const WriteOptions& options, Turns& turns)

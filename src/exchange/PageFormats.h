@@ -30,7 +30,8 @@ struct PageFormat {
     std::string_view words;     ///< its purpose, for dialogs
     std::string_view mimeType;  ///< for the clipboard
     bool hasPixels = false;     ///< whether resolution and transparency apply
-    bool carriesForm = false;   ///< whether the form can be read back from its files
+    bool carriesForm = false;   ///< whether the file of a page carries its form
+    bool givesForm = false;     ///< whether a form can be read back from its files, be it only from those of pads
     bool isPasted = true;       ///< whether programs paste it, so that it goes to the clipboard
     /// Writes the page to an open stream, which the caller closes. Exceptions of `turns` pass through.
     void (*write)(const DrawnPage& page, const WriteOptions& options, BinaryStream& stream, Turns& turns);
@@ -49,7 +50,7 @@ std::string FormatNames(std::string_view prefix = "");
 /// empty: "SVG, PNG or JSON".
 std::string FormatTitles(bool PageFormat::*property, std::string_view another = "");
 
-/// Whether the file name has the extension of a format that carries the form. A bare extension such as ".svg"
+/// Whether the file name has the extension of a format that can give a form back. A bare extension such as ".svg"
 /// counts too.
 bool IsNameOfCarrier(std::string_view fileName);
 

@@ -4,19 +4,22 @@ namespace linealis {
 
 PadFile::PadFile(BinaryStream& theStream, Turns& theTurns) : file(theStream, theTurns) {}
 
+void PadFile::AttachTable(std::string_view csv, std::string_view form)
+{
+    AttachForm("table", form);
+    file.Attach("table.csv", "text/csv", csv, true);
+}
+
 void PadFile::AddFront(const DrawnPage& page, std::string_view form)
 {
-    fronts.push_back(Add(page, "front-" + std::to_string(fronts.size() + 1), form));
+    AttachForm("front-" + std::to_string(fronts.size() + 1), form);
+    fronts.push_back(file.AddContent(page.content, page.frame.paperWidth, page.frame.paperHeight));
 }
 
 void PadFile::SetBack(const DrawnPage& page, std::string_view form)
 {
-    back = Add(page, "back", form);
-}
-
-void PadFile::AttachTable(std::string_view csv)
-{
-    file.Attach("table.csv", "text/csv", csv, true);
+    AttachForm("back", form);
+    back = file.AddContent(page.content, page.frame.paperWidth, page.frame.paperHeight);
 }
 
 void PadFile::Finish(const PadPlan& plan, std::size_t copies, const LocalTime& now)
@@ -29,14 +32,12 @@ void PadFile::Finish(const PadPlan& plan, std::size_t copies, const LocalTime& n
     file.Finish(now);
 }
 
-/// Returns the number of the content. The form comes first: whoever looks for it reads only the beginning of a
-/// file.
-std::size_t PadFile::Add(const DrawnPage& page, const std::string& name, std::string_view form)
+/// A form precedes the content of its page, since whoever looks for it reads only the beginning of a file.
+void PadFile::AttachForm(const std::string& name, std::string_view form)
 {
     if (!form.empty() && forms.emplace(form).second) {
-        file.Attach(name + ".json", "application/json", form, false);
+        file.Attach(name + ".json", formMimeType, form, false);
     }
-    return file.AddContent(page.content, page.frame.paperWidth, page.frame.paperHeight);
 }
 
 void PadFile::AddSide(const PadSide& side)

@@ -1,5 +1,6 @@
 #include "pdf/PdfPages.h"
 
+#include "pdf/PdfAttachment.h"
 #include "pdf/StreamCompression.h"
 #include "text/Numbers.h"
 
@@ -22,14 +23,6 @@ std::string Rounded(std::initializer_list<double> points)
         text += mystring(std::round(each * thousandths) / thousandths) + " ";
     }
     return text;
-}
-
-/// Returns a MIME type as a name in PDF.
-std::string NameOf(std::string_view mimeType)
-{
-    std::string name(mimeType);
-    const std::size_t slash = name.find('/');
-    return "/" + (slash == std::string::npos ? name : name.replace(slash, 1, "#2F"));
 }
 
 }  // namespace
@@ -80,7 +73,7 @@ void PdfPages::Attach(const std::string& name, std::string_view mimeType, std::s
 {
     const std::size_t stream = file.Begin();
     const std::string entries =
-        "/Type/EmbeddedFile/Subtype" + NameOf(mimeType) + "/Params<</Size " + std::to_string(bytes.size()) + ">>";
+        PdfAttachmentEntries(mimeType) + "/Params<</Size " + std::to_string(bytes.size()) + ">>";
     if (isCompressed) {
         WriteStream(entries + std::string(flate), Deflated(bytes, turns));
     } else {

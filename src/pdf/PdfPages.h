@@ -38,7 +38,7 @@ public:
                  double margin = 0.0);
 
     /// Attaches a file that the pages are made from. The name is ASCII, without parentheses and backslashes, and
-    /// differs from those of other attachments. A compressed one is smaller, but only PDF readers find it.
+    /// differs from those of other attachments. A compressed one is smaller, but PdfAttachmentIn does not find it.
     void Attach(const std::string& name, std::string_view mimeType, std::string_view bytes, bool isCompressed);
 
     /// Writes the rest of the file, dated `now`. Needs at least one page. Does not close the stream.

@@ -1,7 +1,7 @@
 #include "core/PadRequest.h"
 
 #include "core/OpenPaper.h"
-#include "core/PadFile.h"
+#include "kinds/PadFile.h"
 #include "pdf/Units.h"
 #include "text/Numbers.h"
 
@@ -69,6 +69,11 @@ std::unique_ptr<Session> BackOf(const Json& back, const Question& question, cons
     return opened;
 }
 
+std::string FormOf(Session& session)
+{
+    return CarriedForm(session.Kind(), session.Window().form);
+}
+
 }  // namespace
 
 Answer MakePad(const Question& question, Session& session)
@@ -89,13 +94,18 @@ Answer MakePad(const Question& question, Session& session)
     if (question.json.value("isOnlyDescribed", false)) {
         return answer;
     }
-    const DrawnPage front = session.Draw();
-    if (paper == nullptr) {
-        answer.bytes = PadFile(layout, copies, front, isSame ? &front : nullptr, TimeOf(question));
-    } else {
-        const DrawnPage drawn = paper->Draw();
-        answer.bytes = PadFile(layout, copies, front, &drawn, TimeOf(question));
+    BinaryStream stream = BinaryStream::IntoMemory(answer.bytes);
+    Turns turns([] {});
+    PadFile file(stream, turns);
+    file.AddFront(session.Draw(), FormOf(session));
+    if (isSame) {
+        file.SetBackToFront();
+    } else if (paper != nullptr) {
+        file.SetBack(paper->Draw(), FormOf(*paper));
     }
+    PadPlan plan{layout};
+    plan.hasBacks = back.is_object();
+    file.Finish(plan, copies, TimeOf(question));
     return answer;
 }
 

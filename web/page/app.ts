@@ -243,7 +243,7 @@ function listen(): void {
     });
     byId("openFromGallery").addEventListener("click", () => {
         const types = builtIn.catalog.kinds.map(({ extension }) => `.${extension}`);
-        void choose([...types, ".json", ".svg", ".png"].join()).then(openFile);
+        void choose([...types, ".json", ".svg", ".png", ".pdf"].join()).then(openFile);
     });
     takeDropped((file) => void ready.then(() => read(file)).then(openFile));
     byId("zoomIn").addEventListener("click", () => live.zoomBy(1.25));

@@ -94,7 +94,7 @@ export async function askPad(source: PadSource): Promise<Bytes | null> {
     const chooseBack = async () => {
         if (back.value === fileBack) {
             back.value = chosen; // until a file is chosen
-            file = await choose([...catalog.kinds.map(({ extension }) => `.${extension}`), ".json", ".svg", ".png"].join());
+            file = await choose([...catalog.kinds.map(({ extension }) => `.${extension}`), ".json", ".svg", ".png", ".pdf"].join());
             back.value = fileBack;
         }
         chosen = back.value;

@@ -118,7 +118,7 @@ public:
         sheet.reset(made);
     }
 
-    /// Creates a sheet from a form that names its kind: JSON, or a page as SVG or PNG that carries its form.
+    /// Creates a sheet from a form that names its kind: JSON, a page as SVG or PNG, or a pad as PDF.
     static Sheet FromForm(std::string_view form)
     {
         linealis_sheet* made = nullptr;
@@ -177,7 +177,7 @@ public:
         detail::Check(linealis_sheet_type(sheet.get(), std::string(control).c_str(), std::string(text).c_str()));
     }
 
-    /// Applies a form, or a part of one, of the same kind: JSON, or a page as SVG or PNG that carries its form.
+    /// Applies a form, or a part of one, of the same kind: JSON, a page as SVG or PNG, or a pad as PDF.
     void LayOver(std::string_view form)
     {
         detail::Check(linealis_sheet_lay_over(sheet.get(), form.data(), form.size()));

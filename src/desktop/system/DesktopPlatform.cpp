@@ -68,7 +68,7 @@ QStringList CarrierPatterns()
 {
     QStringList patterns;
     for (const PageFormat& format : PageFormats()) {
-        if (format.carriesForm) {
+        if (format.givesForm) {
             patterns << QStringLiteral("*.") + ToQt(format.name);
         }
     }

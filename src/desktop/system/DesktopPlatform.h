@@ -15,7 +15,7 @@
 
 namespace linealis::desktop {
 
-/// Whether the file name is that of an SVG or PNG picture of a page, which can carry its form.
+/// Whether the file name is that of a picture of a page, or of a PDF file of a pad, which can carry a form.
 bool IsPicture(const QString& path);
 
 /// Implements the platform on a screen with Qt. Also counts open dialogs and running work, so that the program

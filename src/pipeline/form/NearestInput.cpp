@@ -75,7 +75,7 @@ Distance DistanceTo(std::string_view given, std::string_view other)
 std::string UnknownText(std::string_view what, std::string_view given, std::vector<std::string> possible)
 {
     // The distance takes time proportional to the product of both lengths, so a long text is cut.
-    constexpr std::size_t longestCompared = 100, longestList = 17, nearest = 5;
+    constexpr std::size_t longestCompared = 100, longestList = 18, nearest = 5;
     std::multimap<Distance, std::string> byDistance;
     for (std::string& each : possible) {
         const Distance distance = DistanceTo(given.substr(0, longestCompared), each);

@@ -7,7 +7,7 @@
 namespace linealis {
 
 /// Returns the message "unknown WHAT 'GIVEN'; possible: ...", with the nearest match first. Lists only the nearest
-/// five of more than 17.
+/// five of more than 18.
 std::string UnknownText(std::string_view what, std::string_view given, std::vector<std::string> possible);
 
 }  // namespace linealis

@@ -217,7 +217,7 @@ class Sheet:
 
     @classmethod
     def from_form(cls, form: bytes | str | dict[str, Any], /, **values: Value) -> Sheet:
-        """Makes a sheet from a form that names its kind: JSON or the dict of it, or a page as SVG or PNG."""
+        """Makes a sheet from a form that names its kind: JSON or the dict of it, a page as SVG or PNG, or a pad as PDF."""
         data = cls._form_bytes(form)
         sheet = cls.__new__(cls)
         sheet._pointer = ctypes.c_void_p()
@@ -276,7 +276,7 @@ class Sheet:
         _check(_library.linealis_sheet_type(self._pointer, _encoded(control), _value(text)))
 
     def lay_over(self, form: bytes | str | dict[str, Any]) -> None:
-        """Applies a form, or a part of one: JSON or the dict of it, or a page as SVG or PNG."""
+        """Applies a form, or a part of one: JSON or the dict of it, a page as SVG or PNG, or a pad as PDF."""
         data = self._form_bytes(form)
         _check(_library.linealis_sheet_lay_over(self._pointer, data, len(data)))
 

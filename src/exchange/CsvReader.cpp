@@ -1,8 +1,9 @@
-#include "cli/CsvReader.h"
+#include "exchange/CsvReader.h"
 
-#include "cli/Errors.h"
+#include <algorithm>
+#include <utility>
 
-namespace linealis::cli {
+namespace linealis {
 
 namespace {
 
@@ -34,7 +35,7 @@ CsvReader::CsvReader(std::string theName, BinaryStream theFile) : name(std::move
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     Fill();
     if (IsUtf16(piece)) {
-        throw WorkError{name + ": is UTF-16; save the table as UTF-8"};
+        throw TableError{Message("%1: is UTF-16; save the table as UTF-8", name)};
     }
     place = piece.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
     separator = SeparatorOf(std::string_view(piece).substr(place));
@@ -65,7 +66,7 @@ void CsvReader::Fill()
     piece = file.Read(BinaryStream::longestField);
     place = 0;
     if (file.Error()) {
-        throw WorkError{name + ": " + file.Error().message()};
+        throw TableError{Message("%1: %2", name, file.Error().message())};
     }
 }
 
@@ -88,8 +89,8 @@ char CsvReader::Take()
 {
     constexpr std::size_t longestRow = std::size_t{1} << 20U;
     if (++bytesOfRow > longestRow) {
-        throw WorkError{name + ", line " + std::to_string(line) + ": the row has more than " +
-                        std::to_string(longestRow) + " bytes"};
+        throw TableError{Message("%1, line %2: the row has more than %3 bytes", name, std::to_string(line),
+                                 std::to_string(longestRow))};
     }
     return piece[place++];
 }
@@ -132,7 +133,7 @@ std::string CsvReader::Quoted()
             return cell + Plain();
         }
     }
-    throw WorkError{name + ", line " + std::to_string(begin) + ": the quotation mark is not closed"};
+    throw TableError{Message("%1, line %2: the quotation mark is not closed", name, std::to_string(begin))};
 }
 
-}  // namespace linealis::cli
+}  // namespace linealis
