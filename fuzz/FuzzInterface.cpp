@@ -18,6 +18,23 @@ std::string FormOf(const linealis_sheet* sheet)
     return form;
 }
 
+/// Makes a pad of a few pages with a table, or with dates, if the page is one that a form begins with.
+linealis_status PadOf(const linealis_sheet* sheet, const std::string& first, const std::string& second,
+                      linealis_text& file)
+{
+    linealis_sheet* fresh = nullptr;
+    Require(linealis_sheet_new(linealis_sheet_kind(sheet), &fresh) == LINEALIS_OK);
+    linealis_pad_options options = LINEALIS_PAD_OPTIONS;
+    options.pages = 3;
+    options.up = second.size();
+    options.table = first.starts_with("top-margin") ? first.c_str() : nullptr;
+    options.table_size = first.size();
+    options.dates = options.table == nullptr ? first.c_str() : nullptr;
+    const linealis_status made = linealis_pad(&fresh, 1, &options, &file);
+    linealis_sheet_free(fresh);
+    return made;
+}
+
 /// Makes one call, with texts of the input.
 linealis_status Call(linealis_sheet* sheet, Input& input)
 {
@@ -31,7 +48,7 @@ linealis_status Call(linealis_sheet* sheet, Input& input)
         linealis_table_free(table);
         return status;
     };
-    switch (call % 10) {
+    switch (call % 11) {
     case 0:
         return linealis_sheet_type(sheet, first.c_str(), second.c_str());
     case 1:
@@ -50,6 +67,8 @@ linealis_status Call(linealis_sheet* sheet, Input& input)
         return done(linealis_sheet_link(sheet, &text));
     case 8:
         return done(linealis_sheet_controls(sheet, &table));
+    case 9:
+        return done(PadOf(sheet, first, second, text));
     default:
         return linealis_sheet_set(sheet, first.c_str(), second.c_str());
     }

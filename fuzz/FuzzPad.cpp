@@ -1,13 +1,15 @@
-// Fuzzes pads made from a settings file and any number of paper kinds, with or without backs. The result is a
-// readable file or an error message.
+// Fuzzes pads made from a settings file, a table and any number of paper kinds, with all options. The result is a
+// file that gives its first form back, whole or damaged, or an error message.
 
 #include "Fuzz.h"
 #include "cli/Errors.h"
 #include "cli/Pad.h"
+#include "exchange/FormJson.h"
 #include "pipeline/page/PageJob.h"
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <fstream>
 
 using namespace linealis;
@@ -31,6 +33,43 @@ bool IsLight(const PaperKind& kind, std::string_view settings)
     return true;
 }
 
+/// Reads the options of a pad. The bits of a byte tell which there are; each text is a line.
+PadOptions OptionsIn(Input& input)
+{
+    PadOptions options{.dashes = "--"};
+    const std::uint8_t given = input.Byte();
+    const auto has = [given](unsigned bit) { return (given >> bit & 1U) != 0; };
+    const auto textIf = [&](bool isGiven) {
+        return isGiven ? std::optional(std::string(input.Line())) : std::nullopt;
+    };
+    options.pages = has(0) ? std::optional(std::size_t{1} + input.Byte() % 9) : std::nullopt;
+    options.up = input.Byte() % 6;
+    options.hasNumbers = has(1);
+    options.firstDate = textIf(has(2));
+    options.isBooklet = has(3);
+    options.creep = textIf(has(4));
+    options.poster = textIf(has(5));
+    options.overlap = textIf(has(6));
+    options.copies = has(7) ? input.Byte() % 4 : 1;
+    return options;
+}
+
+/// Requires that the file of a pad gives its form back, and damage at any place no more than an error.
+void CheckForms(const std::string& pad, const std::string& kind, std::size_t place)
+{
+    Require(pad.starts_with("%PDF-1.4") && ParseForm("pad", pad).kind == kind);
+    std::string damaged = pad;
+    damaged[place % std::min<std::size_t>(damaged.size(), 2000)] ^= 1;
+    for (const std::string_view bytes :
+         {std::string_view(damaged), std::string_view(pad).substr(0, place % pad.size())}) {
+        try {
+            ParseForm("pad", bytes);
+        } catch (const FormError& error) {
+            Require(!error.message.IsEmpty());
+        }
+    }
+}
+
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -41,10 +80,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const PaperKind& kind = input.Kind();
     const std::string file = folder + "/pad." + std::string(kind.settingsType.extension);
     cli::PadRequest request;
-    request.options.pages = std::size_t{1} + input.Byte() % 9;
-    const std::uint8_t layout = input.Byte();
-    request.options.up = layout % 6;
-    request.options.hasNumbers = layout / 6 % 2 == 1;
+    request.options = OptionsIn(input);
     request.output = folder + "/pad.pdf";
     const auto nameOf = [&](std::uint8_t choice) {
         return choice < PaperKinds().size() ? std::string(PaperKinds()[choice].name) : file;
@@ -56,6 +92,14 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     for (const std::size_t sources = input.Byte() % 4; begin.names.size() < sources;) {
         begin.names.push_back(nameOf(input.Byte() % 32));
     }
+    if (const std::size_t rows = input.Byte() % 5; rows > 0) {
+        request.table = folder + "/table.csv";
+        std::string table = "top-margin,background-color\n";  // a row must not make a heavy page of a light one
+        for (std::size_t row = 1; row < rows; ++row) {
+            table.append(input.Line()).append("\n");
+        }
+        std::ofstream(*request.table, std::ios::binary) << table;
+    }
     if (!IsLight(kind, input.All())) {
         return 0;
     }
@@ -65,7 +109,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     try {
         request.sources = cli::SourcesOf(begin);
         MakePad(request);
-        Require(output.OpenAsBinaryFile().ReadRest(8).starts_with("%PDF-1.4"));
+        constexpr std::size_t largest = std::size_t{1} << 24U;
+        CheckForms(output.OpenAsBinaryFile().ReadRest(largest), std::string(KindOf(request.sources.front()).name),
+                   size * 7919);
     } catch (const cli::WorkError& error) {
         Require(!error.message.empty());
     } catch (const cli::UsageError& error) {

@@ -1,3 +1,4 @@
+#include "api/Pad.h"
 #include "api/Sheet.h"
 #include "api/linealis.h"
 #include "exchange/FormLink.h"
@@ -109,6 +110,26 @@ linealis_status GiveObject(Type** object, Work work) noexcept
         place = nullptr;
         place = new Type(work());
     });
+}
+
+std::optional<std::string> OptionGiven(const char* text)
+{
+    return text == nullptr ? std::nullopt : std::optional<std::string>(text);
+}
+
+PadOptions OptionsGiven(const linealis_pad_options& how)
+{
+    PadOptions options;
+    options.pages = how.pages == 0 ? std::nullopt : std::optional(how.pages);
+    options.up = how.up;
+    options.hasNumbers = how.numbers != 0;
+    options.firstDate = OptionGiven(how.dates);
+    options.isBooklet = how.booklet != 0;
+    options.creep = OptionGiven(how.creep);
+    options.poster = OptionGiven(how.poster);
+    options.overlap = OptionGiven(how.overlap);
+    options.copies = how.copies;
+    return options;
 }
 
 FormFile FormGiven(const char* bytes, std::size_t size)
@@ -312,5 +333,25 @@ linealis_status linealis_sheet_write(const linealis_sheet* sheet, const char* fo
             throw BadInput("the options are not made with LINEALIS_WRITE_OPTIONS");
         }
         return Given(sheet, "sheet").Write(TextGiven(format, "format"), how.dots_per_inch, how.transparent != 0);
+    });
+}
+
+linealis_status linealis_pad(const linealis_sheet* const* sheets, size_t count, const linealis_pad_options* options,
+                             linealis_text* file)
+{
+    return GiveText(file, [&] {
+        const linealis_pad_options defaults = LINEALIS_PAD_OPTIONS;
+        const linealis_pad_options& how = options == nullptr ? defaults : *options;
+        if (how.size < sizeof(linealis_pad_options)) {
+            throw BadInput("the options are not made with LINEALIS_PAD_OPTIONS");
+        }
+        for (size_t i = 0; i < count; ++i) {
+            Given((&Given(sheets, "list of sheets"))[i], "sheet");
+        }
+        PadSheets used{{sheets, count}, how.back};
+        if (how.table != nullptr) {
+            used.table = BytesGiven(how.table, how.table_size);
+        }
+        return PadOf(used, OptionsGiven(how));
     });
 }

@@ -1,5 +1,6 @@
 #include "api/Sheet.h"
 
+#include "exchange/FontCheck.h"
 #include "exchange/FormLink.h"
 #include "exchange/PageFormats.h"
 #include "exchange/PngPage.h"
@@ -193,7 +194,13 @@ PageWarnings linealis_sheet::Warnings() const
     try {
         Turns turns([] {});
         const DrawnPage drawn = DrawPage(page, turns);
-        warnings = drawn.content.View().size() <= longestContentChecked ? WarningsOf(drawn) : page.warnings;
+        if (drawn.content.View().size() <= longestContentChecked) {
+            warnings = WarningsOf(drawn);
+            const PageWarnings ofFonts = FontWarnings(drawn.content);
+            warnings.insert(warnings.end(), ofFonts.begin(), ofFonts.end());
+        } else {
+            warnings = page.warnings;
+        }
     } catch (const PageGivenUp& givenUp) {
         warnings = page.warnings;
         warnings.push_back({"too-large", "", Message(givenUp.reason)});
@@ -204,6 +211,19 @@ PageWarnings linealis_sheet::Warnings() const
     const PageWarnings ofMarkers = MarkerWarnings(Form(), window->ChosenMarkerFile());
     warnings.insert(warnings.end(), ofMarkers.begin(), ofMarkers.end());
     return warnings;
+}
+
+DrawnPage linealis_sheet::Draw(const std::vector<CellValue>& row) const
+{
+    ScreenlessPlatform unseen;
+    const auto copy = MakeWindow(*kind, unseen);
+    copy->Restore(window->State());
+    copy->ChooseMarkerFile(window->ChosenMarkerFile());
+    for (const CellValue& cell : row) {
+        SetControl(kind->name, copy->form, {cell.control, cell.value});
+    }
+    Turns turns([] {});
+    return DrawPage(copy->ReadPage(), turns);
 }
 
 std::string linealis_sheet::Write(std::string_view format, double dotsPerInch, bool isTransparent) const

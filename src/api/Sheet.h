@@ -3,6 +3,7 @@
 #include "api/Table.h"
 #include "check/PageCheck.h"
 #include "exchange/FormJson.h"
+#include "exchange/TableReader.h"
 #include "kinds/PaperKinds.h"
 #include "platform/ScreenlessPlatform.h"
 
@@ -46,6 +47,9 @@ struct linealis_sheet {
     void Fit(const char* xRange, const char* yRange, const char* fineness);
     std::string Summary() const;
     linealis::PageWarnings Warnings() const;
+    /// Draws the page, with the values of a row of a table laid over the form, which stays as it is. Throws
+    /// UnknownInput if a value is not possible.
+    linealis::DrawnPage Draw(const std::vector<linealis::CellValue>& row = {}) const;
     std::string Write(std::string_view format, double dotsPerInch, bool isTransparent) const;
 
 private:

@@ -166,9 +166,10 @@ LINEALIS_API linealis_status linealis_sheet_fit(linealis_sheet* sheet, const cha
 LINEALIS_API linealis_status linealis_sheet_summary(const linealis_sheet* sheet, linealis_text* words);
 
 /* The likely problems of the page: fields that it cannot use, lines too thin to print, numbers that overlap,
- * controls that were set without effect, and more. Columns: id (identifies the type of warning), control (the name
- * of the control that causes it; empty if none does), text. The drawing of a page with more than 8 MiB of it is not
- * examined; its form is. If the page cannot be made at all, a warning with the id "too-large" tells why. */
+ * controls that were set without effect, fonts that this machine lacks for pictures, and more. Columns: id
+ * (identifies the type of warning), control (the name of the control that causes it; empty if none does), text. The
+ * drawing of a page with more than 8 MiB of it is not examined; its form is. If the page cannot be made at all, a
+ * warning with the id "too-large" tells why. */
 LINEALIS_API linealis_status linealis_sheet_warnings(const linealis_sheet* sheet, linealis_table** table);
 
 /* How to write a page. Make one with LINEALIS_WRITE_OPTIONS. */
@@ -189,6 +190,35 @@ typedef struct linealis_write_options {
  * set. Fails if the page would have more than 1 GiB of drawing or take too many steps. */
 LINEALIS_API linealis_status linealis_sheet_write(const linealis_sheet* sheet, const char* format,
                                                   const linealis_write_options* options, linealis_text* file);
+
+/* How to make a pad. Make one with LINEALIS_PAD_OPTIONS. A null pointer leaves an option out. */
+typedef struct linealis_pad_options {
+    size_t size;                /* of this struct, so that it can grow */
+    size_t pages;               /* on the fronts, up to 10000; 0: 50, or one per row of the table */
+    size_t up;                  /* pages on each side of a sheet: 1, 2 or 4, with cut marks */
+    int numbers;                /* whether the front pages are numbered, in the order of the stacks after cutting */
+    const char* dates;          /* YYYY-MM-DD on the first front page, a day later on each further one */
+    const linealis_sheet* back; /* the page on every back, as large as the fronts */
+    size_t copies;              /* pads in the file, one after the other, up to 100 */
+    const char* table;          /* CSV: a front page per row, whose cells are set in the single sheet */
+    size_t table_size;          /* bytes of the table */
+    int booklet;                /* whether sheets are put into each other, folded, and stapled in the fold */
+    const char* creep;          /* of a booklet: the thickness of the paper, such as "0.1mm" */
+    const char* poster;         /* a paper such as "A4": puts the single sheet on several sheets of it */
+    const char* overlap;        /* of a poster: what neighboring sheets share, such as "10mm" */
+} linealis_pad_options;
+
+/* The defaults: 50 pages, one on each sheet, with blank backs. */
+#define LINEALIS_PAD_OPTIONS                                                                                       \
+    {                                                                                                              \
+        sizeof(linealis_pad_options), 0, 1, 0, NULL, NULL, 1, NULL, 0, 0, NULL, NULL, NULL                         \
+    }
+
+/* The pages of `count` sheets, which take turns on the fronts, in one PDF file at their true size. The file carries
+ * their forms, which linealis_sheet_from_form reads. `options` may be null for the defaults. Dated and limited as
+ * in linealis_sheet_write. */
+LINEALIS_API linealis_status linealis_pad(const linealis_sheet* const* sheets, size_t count,
+                                          const linealis_pad_options* options, linealis_text* file);
 
 #ifdef __cplusplus
 }

@@ -63,7 +63,7 @@ MadePage AddRows(const PadRequest& request, PadFile& file, PadPages& pages)
     std::optional<MadePage> last;
     while (const std::optional<RowOfTable> row = table.Next()) {
         if (pages.fronts.size() == mostPadPages) {
-            throw WorkError{table.Name() + ": has more than " + std::to_string(mostPadPages) + " rows"};
+            throw WorkError{TableIsTooLong(table.Name(), mostPadPages).English()};
         }
         std::vector<Action> actions = request.actions;
         actions.insert(actions.end(), row->actions.begin(), row->actions.end());

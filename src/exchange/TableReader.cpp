@@ -80,4 +80,9 @@ Message TableIsEmpty(const std::string& name)
     return Message("%1: has no rows below its header", name);
 }
 
+Message TableIsTooLong(const std::string& name, std::size_t mostRows)
+{
+    return Message("%1: has more than %2 rows", name, mostRows);
+}
+
 }  // namespace linealis

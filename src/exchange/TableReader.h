@@ -45,7 +45,8 @@ private:
     std::size_t rows = 0;           ///< the number of rows read so far
 };
 
-/// Returns the message of a table without rows.
+/// Returns the message of a table without rows, or with too many for a pad.
 Message TableIsEmpty(const std::string& name);
+Message TableIsTooLong(const std::string& name, std::size_t mostRows);
 
 }  // namespace linealis

@@ -93,6 +93,28 @@ static void test_errors(linealis_sheet *sheet)
     linealis_text_free(&after);
 }
 
+static void test_pads(const linealis_sheet *sheet)
+{
+    linealis_pad_options options = LINEALIS_PAD_OPTIONS;
+    const linealis_sheet *sheets[2] = {sheet, NULL};
+    linealis_sheet *twin;
+    linealis_text file;
+    options.up = 2;
+    options.back = sheet;
+    REQUIRE(linealis_pad(sheets, 1, &options, &file) == LINEALIS_OK && memcmp(file.bytes, "%PDF-1.4", 8) == 0);
+    REQUIRE(linealis_sheet_from_form(file.bytes, file.size, &twin) == LINEALIS_OK);
+    REQUIRE(strcmp(linealis_sheet_kind(twin), linealis_sheet_kind(sheet)) == 0);
+    linealis_sheet_free(twin);
+    linealis_text_free(&file);
+    REQUIRE(linealis_pad(sheets, 1, NULL, &file) == LINEALIS_OK);
+    linealis_text_free(&file);
+    REQUIRE(refused(linealis_pad(sheets, 2, NULL, &file), "the sheet is null") && file.bytes == NULL);
+    REQUIRE(refused(linealis_pad(NULL, 1, NULL, &file), "the list of sheets is null"));
+    REQUIRE(refused(linealis_pad(sheets, 1, NULL, NULL), "the place for the result is null"));
+    options.size = 0;
+    REQUIRE(refused(linealis_pad(sheets, 1, &options, &file), "LINEALIS_PAD_OPTIONS"));
+}
+
 int main(void)
 {
     linealis_sheet *sheet;
@@ -102,6 +124,7 @@ int main(void)
     test_settings(sheet);
     test_errors(sheet);
     test_null_pointers(sheet);
+    test_pads(sheet);
     linealis_sheet_free(sheet);
     return 0;
 }

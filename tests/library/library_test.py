@@ -80,6 +80,60 @@ class Library(unittest.TestCase):
             sheet.save(pathlib.Path(folder, "page.svg"))
             self.assertEqual(pathlib.Path(folder, "page.svg").read_text(), sheet.svg())
 
+    def test_makes_the_pads_of_the_command_line(self):
+        dice = random.Random(2)
+        names = [kind.name for kind in linealis.kinds()]
+        for _ in range(int(os.environ.get("LINEALIS_FORMS", "60"))):
+            shape, sources = dice.choice(["pad", "table", "booklet", "poster"]), [dice.choice(names)]
+            options = {"copies": dice.choice([1, 1, 2])}
+            if shape == "poster":
+                options |= {"poster": dice.choice(["A5", "letter"]), "overlap": dice.choice([None, "0", "1/4in"])}
+            else:
+                options |= {"numbers": dice.random() < 0.5, "dates": dice.choice([None, "2024-02-28"]), "pages": dice.choice([None, 7])}
+            if shape == "booklet":
+                options |= {"booklet": True, "creep": dice.choice([None, "0.1mm"])}
+            elif shape != "poster":
+                options |= {"up": dice.choice([1, 2, 4]), "back": dice.choice([None, *names])}
+            if shape in ("pad", "booklet"):
+                sources += dice.sample(names, dice.randrange(3))
+            with tempfile.TemporaryDirectory() as folder, self.subTest(sources=sources, **options):
+                words = []
+                for name, value in options.items():
+                    words += [f"--{name}"] if value is True else [f"--{name}", str(value)] if value else []
+                if shape == "table":
+                    options["table"] = "top-margin,background-color\n1,\n\"2\",gray\n1.5,#FFE\n"
+                    pathlib.Path(folder, "t.csv").write_text(options["table"])
+                    words += ["--table", f"{folder}/t.csv"]
+                if options.get("back"):
+                    options["back"] = linealis.Sheet(options["back"], paper_size="A4")
+                wanted = run("pad", *sources, "--set", "paper-size=A4", *words, "-o", "-")
+                made = linealis.pad(*(linealis.Sheet(source, paper_size="A4") for source in sources), **options)
+                self.assertEqual(made, wanted)
+                self.assertEqual(linealis.Sheet.from_form(made).link(), linealis.Sheet(sources[0], paper_size="A4").link())
+
+    def test_refuses_pads_that_make_no_sense(self):
+        grid, small = linealis.Sheet("grid", paper_size="A4"), linealis.Sheet("lined", paper_size="A5")
+        for sheets, options, message in [
+            ([], {}, "a pad needs a sheet"),
+            ([grid], {"up": 3}, "unknown number of pages on a side '3'; possible: 1, 2, 4"),
+            ([grid], {"copies": 101}, "copies is 101, but must be a number from 1 to 100"),
+            ([grid], {"pages": 0}, "pages is 0, but must be a number from 1"),
+            ([grid], {"pages": 10001}, "pages is 10001, but must be a number from 1 to 10000"),
+            ([grid], {"creep": "1mm"}, "creep goes with booklet alone"),
+            ([grid], {"booklet": True, "creep": "wide"}, "creep is 'wide', but must be a length such as 5mm or 1/4in, at most 5 mm"),
+            ([grid], {"dates": "today"}, "dates is 'today', but must be a date such as 2026-12-31"),
+            ([grid], {"poster": "A5", "back": grid}, "poster does not go with back"),
+            ([grid, grid], {"poster": "A5"}, "poster takes one page, but 2 are given"),
+            ([grid, grid], {"table": "top-margin\n1\n"}, "table takes one sheet, but 2 are given"),
+            ([grid], {"table": ""}, "the table: has no rows below its header"),
+            ([grid], {"table": "units\ncm\nkm\n"}, "the table, row 2: unknown item of PopupUnits 'km'; possible: cm, inches, #0 to #1"),
+            ([grid], {"back": small}, "the pages of a sheet must be of one size, but sheet 1 has 595 by 842 points and the back 421 by 595"
+                                      " points"),
+        ]:
+            with self.subTest(message), self.assertRaises(linealis.InvalidInput) as raised:
+                linealis.pad(*sheets, **options)
+            self.assertEqual(str(raised.exception), message)
+
     def test_schema_describes_the_forms(self):
         for kind in linealis.kinds():
             schema, form = linealis.schema(kind.name), linealis.Sheet(kind.name).form()
@@ -140,6 +194,16 @@ class Library(unittest.TestCase):
         early = pathlib.Path(__file__).parents[2] / "fuzz/corpus/Settings"
         self.assertIn("ends at field", linealis.Sheet("graph").load((early / "graph-early").read_bytes()[1:]))
         self.assertEqual(sheet["top-margin"], "1.25")
+
+    def test_warns_of_missing_fonts(self):
+        program = "import linealis; print([row.text for row in linealis.Sheet('cornell').warnings() if row.id == 'font'])"
+        with tempfile.TemporaryDirectory() as folder:
+            nothing = pathlib.Path(folder, "fonts.conf")
+            nothing.write_text(f"<fontconfig><dir>{folder}</dir></fontconfig>")
+            said = subprocess.run([sys.executable, "-c", program], env={**os.environ, "FONTCONFIG_FILE": str(nothing)},
+                                  check=True, capture_output=True, text=True).stdout
+        self.assertRegex(said, r"Texts in \w+ are not shown: no font is installed")
+        self.assertEqual([row for row in linealis.Sheet("lined").warnings() if row.id == "font"], [])
 
     def test_sheets_are_independent(self):
         expected = {kind.name: linealis.Sheet(kind.name).svg() for kind in linealis.kinds()}

@@ -36,8 +36,7 @@ test("a pad shows what linealis-cli pad shows, and has the content of its pages 
         assert.equal(made.json.error, undefined, kind);
         const file = join(folder, `${kind}.pdf`), wanted = join(folder, `${kind}-wanted.pdf`);
         await writeFile(file, made.bytes);
-        const { stdout, stderr } = await run("qpdf", "--warning-exit-0", "--check", file);
-        assert.doesNotMatch(`${stdout}${stderr}`, /damaged|reconstruct|error/i, kind);
+        await run("qpdf", "--check", file); // fails if it finds anything
         const form = join(folder, `${kind}.json`);
         await writeFile(form, core.ask({ do: "json" }).bytes);
         await run(cli, "pad", "--form", form, "-o", wanted, "--pages", String(pad.pages), "--up", String(pad.up),

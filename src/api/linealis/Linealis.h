@@ -261,6 +261,9 @@ public:
             [&](linealis_text* file) { return linealis_sheet_write(sheet.get(), name.c_str(), &options, file); });
     }
 
+    /// Returns the object of the C interface, which belongs to this sheet.
+    const linealis_sheet* Get() const { return sheet.get(); }
+
 private:
     explicit Sheet(linealis_sheet* made) : sheet(made) {}
 
@@ -274,5 +277,46 @@ private:
     };
     std::unique_ptr<linealis_sheet, Free> sheet;
 };
+
+/// How to make a pad; linealis_pad_options documents the members. Empty texts and null leave an option out.
+struct PadOptions {
+    std::size_t pages = 0;
+    std::size_t up = 1;
+    bool hasNumbers = false;
+    std::string firstDate = {};
+    const Sheet* back = nullptr;
+    std::size_t copies = 1;
+    std::optional<std::string> table = {};
+    bool isBooklet = false;
+    std::string creep = {};
+    std::string poster = {};
+    std::string overlap = {};
+};
+
+/// Returns a PDF file with the pages of the sheets, which take turns on the fronts, at their true size. It carries
+/// their forms, which Sheet::FromForm reads. Throws as Sheet::Write does.
+inline std::string Pad(const std::vector<const Sheet*>& sheets, const PadOptions& options = {})
+{
+    std::vector<const linealis_sheet*> fronts;
+    for (const Sheet* const sheet : sheets) {
+        fronts.push_back(sheet == nullptr ? nullptr : sheet->Get());
+    }
+    const auto given = [](const std::string& text) { return text.empty() ? nullptr : text.c_str(); };
+    linealis_pad_options how = LINEALIS_PAD_OPTIONS;
+    how.pages = options.pages;
+    how.up = options.up;
+    how.numbers = options.hasNumbers ? 1 : 0;
+    how.dates = given(options.firstDate);
+    how.back = options.back == nullptr ? nullptr : options.back->Get();
+    how.copies = options.copies;
+    how.table = options.table ? options.table->data() : nullptr;
+    how.table_size = options.table ? options.table->size() : 0;
+    how.booklet = options.isBooklet ? 1 : 0;
+    how.creep = given(options.creep);
+    how.poster = given(options.poster);
+    how.overlap = given(options.overlap);
+    return detail::TextOf(
+        [&](linealis_text* file) { return linealis_pad(fronts.data(), fronts.size(), &how, file); });
+}
 
 }  // namespace linealis

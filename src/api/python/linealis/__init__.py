@@ -16,14 +16,15 @@ Different threads can use different sheets at the same time, but not one sheet.
 from __future__ import annotations
 
 import ctypes
+import datetime
 import json
 import os
 from dataclasses import dataclass
 from pathlib import Path
 from typing import Any, Iterator, Union
 
-__all__ = ["Control", "Error", "Format", "InvalidInput", "Kind", "Preset", "Sheet", "Warning", "formats", "kinds", "presets",
-           "schema", "version"]
+__all__ = ["Control", "Error", "Format", "InvalidInput", "Kind", "Preset", "Sheet", "Warning", "formats", "kinds", "pad",
+           "presets", "schema", "version"]
 
 #: What a control can be set to: a text, a number, or, for a check box, True or False.
 Value = Union[str, int, float, bool]
@@ -97,6 +98,13 @@ class _WriteOptions(ctypes.Structure):
     _fields_ = [("size", ctypes.c_size_t), ("dots_per_inch", ctypes.c_double), ("transparent", ctypes.c_int)]
 
 
+class _PadOptions(ctypes.Structure):
+    _fields_ = [("size", ctypes.c_size_t), ("pages", ctypes.c_size_t), ("up", ctypes.c_size_t), ("numbers", ctypes.c_int),
+                ("dates", ctypes.c_char_p), ("back", ctypes.c_void_p), ("copies", ctypes.c_size_t), ("table", ctypes.c_char_p),
+                ("table_size", ctypes.c_size_t), ("booklet", ctypes.c_int), ("creep", ctypes.c_char_p),
+                ("poster", ctypes.c_char_p), ("overlap", ctypes.c_char_p)]
+
+
 def _load() -> ctypes.CDLL:
     # LINEALIS_LIBRARY names another file, for a library that is not installed.
     library = ctypes.CDLL(os.environ.get("LINEALIS_LIBRARY", "liblinealis.so.1"))
@@ -112,6 +120,7 @@ def _load() -> ctypes.CDLL:
         "sheet_markers": [pointer, text], "sheet_wizard_type": [pointer, text, text], "sheet_wizard_ok": [pointer],
         "sheet_fit": [pointer, text, text, text], "sheet_summary": [pointer, out_text],
         "sheet_write": [pointer, text, ctypes.POINTER(_WriteOptions), out_text],
+        "pad": [ctypes.POINTER(pointer), size, ctypes.POINTER(_PadOptions), out_text],
     }
     for name, types in arguments.items():
         function = getattr(library, f"linealis_{name}")
@@ -346,3 +355,31 @@ class Sheet:
         """Writes the page to a file whose extension tells the format."""
         data = self.write(Path(path).suffix[1:] or "pdf", dpi, transparent)
         Path(path).write_bytes(data)
+
+
+def pad(*sheets: Sheet, pages: int | None = None, up: int = 1, numbers: bool = False, dates: datetime.date | str | None = None,
+        back: Sheet | None = None, copies: int = 1, table: str | bytes | None = None, booklet: bool = False,
+        creep: str | None = None, poster: str | None = None, overlap: str | None = None) -> bytes:
+    """Returns a PDF file with the pages of the sheets, which take turns on the fronts, at their true size.
+
+    pages    on the fronts (default 50, or one per row of the table)
+    up       pages on each side: 1, 2 or 4, with cut marks
+    numbers  whether the front pages are numbered, in the order of the stacks after cutting
+    dates    the date on the first front page; a day later on each further one
+    back     the page on every back, as large as the fronts
+    copies   pads in the file
+    table    CSV: a front page per row, whose cells are set in the single sheet
+    booklet  for sheets that are put into each other, folded and stapled; creep is the thickness of the paper, such as "0.1mm"
+    poster   the paper, such as "A4", to put a large page on in parts; overlap is what neighboring sheets share (default "10mm")
+
+    The file carries the forms of its pages, and Sheet.from_form reads the first.
+    """
+    for name, number in (("pages", pages), ("up", up), ("copies", copies)):
+        if number is not None and not 0 < number < 2**31:
+            raise InvalidInput(f"{name} is {number}, but must be a number from 1")
+    data = table.encode() if isinstance(table, str) else table
+    words = [None if word is None else _encoded(str(word)) for word in (dates, creep, poster, overlap)]
+    options = _PadOptions(ctypes.sizeof(_PadOptions), pages or 0, up, numbers, words[0], back and back._pointer, copies, data,
+                          len(data or b""), booklet, *words[1:])
+    pointers = (ctypes.c_void_p * len(sheets))(*(sheet._pointer for sheet in sheets))
+    return _bytes_of(_library.linealis_pad, pointers, len(sheets), ctypes.byref(options))
