@@ -25,7 +25,8 @@ std::string ReadInput(const std::string& fileName, std::size_t longest)
     const bool isStandard = fileName == "-";
     const std::string name = isStandard ? "standard input" : fileName;
     std::string text = ReadRest(
-        name, isStandard ? BinaryStream::OnStandardInput() : FolderItem(PathOf(fileName)).OpenAsBinaryFile(), longest);
+        name, isStandard ? BinaryStream::OnStandardInput() : FolderItem(PathOf(fileName)).OpenAsBinaryFile(),
+        longest);
     if (text.size() > longest) {
         throw WorkError{name + ": has more than " + std::to_string(longest) + " bytes"};
     }
@@ -34,7 +35,7 @@ std::string ReadInput(const std::string& fileName, std::size_t longest)
 
 std::string ReadBeginning(const std::string& fileName, std::size_t most)
 {
-    return ReadRest(fileName, FolderItem(fileName).OpenAsBinaryFile(), most);
+    return ReadRest(fileName, FolderItem(PathOf(fileName)).OpenAsBinaryFile(), most);
 }
 
 }  // namespace linealis::cli

@@ -48,7 +48,8 @@ Table Table::Held(const std::string& fileName, const Form& theForm)
 void Table::Rewind()
 {
     try {
-        reader.emplace(name, held ? BinaryStream::FromMemory(*held) : FolderItem(PathOf(name)).OpenAsBinaryFile(), form);
+        reader.emplace(name, held ? BinaryStream::FromMemory(*held) : FolderItem(PathOf(name)).OpenAsBinaryFile(),
+                       form);
     } catch (const TableError& error) {
         throw WorkError{error.message.English()};
     }
