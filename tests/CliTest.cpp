@@ -165,7 +165,11 @@ TEST_F(Cli, SaysAsJsonWhatItMade)
               "field");
     EXPECT_EQ(answer({"thumbnail", saved, (folder / "t.png").string(), "--json"})["source"], saved);
     EXPECT_EQ(answer({"calibration", "--json", "-o", page})["paper"], "a4");
-    for (const std::string command : {"generate", "save"}) {
+    const Json pad =
+        answer({"pad", "grid", "--json", "--pages", "3", "--set", "EditXScale=50", "--back", "dots", "-o", page});
+    EXPECT_EQ(pad["sides"], 6);
+    EXPECT_EQ(pad["warnings"], made[0]["warnings"]);
+    for (const std::string command : {"generate", "save", "pad"}) {
         Fails(2, {command, "grid", "--json", "-o", "-"}, {"--json answers on standard output"});
     }
 }

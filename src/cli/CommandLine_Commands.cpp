@@ -252,6 +252,7 @@ void CommandLine::AddPadOptions(CLI::App& command)
     AddOption(command, "--overlap", "LENGTH", pad.options.overlap,
               "With --poster: what neighboring sheets share [10mm]");
     AddNumber(command, "--copies", pad.options.copies, mostPadCopies, "Pads in the file, one after the other");
+    AddFlag(command, "--json", pad.asJson, saidAsJson);
     AddActions(command);
 }
 

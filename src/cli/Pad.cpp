@@ -1,5 +1,6 @@
 #include "cli/Pad.h"
 
+#include "cli/Commands.h"
 #include "cli/Errors.h"
 #include "cli/FileNames.h"
 #include "cli/PageOutput.h"
@@ -32,8 +33,9 @@ DrawnPage Draw(const std::string& name, PaperWindow& window)
     }
 }
 
-/// Draws the page of a source, and prints warnings about it. If `sheet` is not null, uses its paper.
-MadePage Make(const Source& source, const std::string& name, const std::vector<Action>& actions, const Form* sheet)
+/// Draws the page of a source, and says what there is to say about it. If `sheet` is not null, uses its paper.
+MadePage Make(const Source& source, const std::string& name, const std::vector<Action>& actions, const Form* sheet,
+              const Remarks& remarks)
 {
     auto platform = std::make_unique<ScreenlessPlatform>();
     OpenWindow open = Open(source, actions, *platform);
@@ -41,7 +43,6 @@ MadePage Make(const Source& source, const std::string& name, const std::vector<A
         TakePaperOf(*sheet, name, open.window->form);
     }
     DrawnPage drawn = Draw(name, *open.window);
-    const Remarks remarks;
     remarks.Say(*platform);
     remarks.Warn(name, WarningsOfJob(open, drawn, *platform));
     return {std::move(platform), std::move(open), std::move(drawn)};
@@ -53,7 +54,7 @@ PadPage Named(const std::string& name, const DrawnPage& drawn)
 }
 
 /// Adds a page per row of the table. Returns the last of them.
-MadePage AddRows(const PadRequest& request, PadFile& file, PadPages& pages)
+MadePage AddRows(const PadRequest& request, const Remarks& remarks, PadFile& file, PadPages& pages)
 {
     const Source& source = request.sources.front();
     ScreenlessPlatform platform;
@@ -69,7 +70,7 @@ MadePage AddRows(const PadRequest& request, PadFile& file, PadPages& pages)
         actions.insert(actions.end(), row->actions.begin(), row->actions.end());
         const std::string name = table.Name() + ", row " + std::to_string(row->number);
         last.reset();  // its window ends before the platform of that
-        last.emplace(Make(source, name, actions, nullptr));
+        last.emplace(Make(source, name, actions, nullptr, remarks));
         file.AddFront(last->drawn);
         pages.fronts.push_back(Named(name, last->drawn));
     }
@@ -80,11 +81,11 @@ MadePage AddRows(const PadRequest& request, PadFile& file, PadPages& pages)
 }
 
 /// Adds a page per source. Returns the first of them.
-MadePage AddSources(const PadRequest& request, PadFile& file, PadPages& pages)
+MadePage AddSources(const PadRequest& request, const Remarks& remarks, PadFile& file, PadPages& pages)
 {
     std::optional<MadePage> first;
     for (const Source& source : request.sources) {
-        MadePage made = Make(source, source.name, request.actions, nullptr);
+        MadePage made = Make(source, source.name, request.actions, nullptr, remarks);
         file.AddFront(made.drawn, CarriedForm(*made.open.kind, made.open.window->form));
         pages.fronts.push_back(Named(source.name, made.drawn));
         if (!first) {
@@ -95,12 +96,15 @@ MadePage AddSources(const PadRequest& request, PadFile& file, PadPages& pages)
 }
 
 /// Adds the pages of the request, each once.
-PadPages AddPages(const PadRequest& request, const std::optional<Source>& back, PadFile& file)
+PadPages AddPages(const PadRequest& request, const std::optional<Source>& back, const Remarks& remarks,
+                  PadFile& file)
 {
     PadPages pages;
-    const MadePage front = request.table ? AddRows(request, file, pages) : AddSources(request, file, pages);
+    const MadePage front =
+        request.table ? AddRows(request, remarks, file, pages) : AddSources(request, remarks, file, pages);
     if (back) {
-        const MadePage made = Make(*back, back->name, {}, back->IsFile() ? nullptr : &front.open.window->form);
+        const MadePage made =
+            Make(*back, back->name, {}, back->IsFile() ? nullptr : &front.open.window->form, remarks);
         file.SetBack(made.drawn, CarriedForm(*made.open.kind, made.open.window->form));
         pages.back = Named(back->name, made.drawn);
     }
@@ -122,8 +126,9 @@ void CheckFiles(const PadRequest& request, const std::optional<Source>& back)
     CheckIsPdf(request.output);
 }
 
-/// Returns the bytes of the pad file.
-std::string BytesOf(const PadRequest& request)
+/// Returns the bytes of the pad file. If `answer` is not null, says there what the pad has; otherwise prints
+/// warnings.
+std::string BytesOf(const PadRequest& request, Json* answer)
 {
     const PadInputs inputs{request.table.has_value(), request.back.has_value()};
     CheckPadOptions(request.options, inputs);
@@ -133,8 +138,13 @@ std::string BytesOf(const PadRequest& request)
     BinaryStream stream = BinaryStream::IntoMemory(bytes);
     Turns turns([] {});
     PadFile file(stream, turns);
-    const PadPages pages = AddPages(request, back, file);
-    file.Finish(PlanOf(request.options, inputs, pages), request.options.copies, ScreenlessPlatform().Now());
+    const PadPages pages = AddPages(request, back, Remarks(answer), file);
+    const PadPlan plan = PlanOf(request.options, inputs, pages);
+    file.Finish(plan, request.options.copies, ScreenlessPlatform().Now());
+    if (answer != nullptr) {
+        (*answer)["fronts"] = pages.fronts.size();
+        (*answer)["sides"] = plan.Sides() * request.options.copies;
+    }
     return bytes;
 }
 
@@ -143,9 +153,11 @@ std::string BytesOf(const PadRequest& request)
 void MakePad(const PadRequest& request)
 {
     CheckIsNamed(request.output);
+    CheckRoomForAnswer(request.asJson, request.output);
+    Json answer = {{"file", request.output}};
     std::string bytes;
     try {
-        bytes = BytesOf(request);
+        bytes = BytesOf(request, request.asJson ? &answer : nullptr);
     } catch (const PadError& error) {
         throw UsageError{error.message.English()};
     } catch (const UnknownInput& unknown) {
@@ -155,6 +167,9 @@ void MakePad(const PadRequest& request)
     stream.Write(bytes);
     if (const std::error_code error = stream.Close()) {
         throw WorkError{request.output + ": " + error.message()};
+    }
+    if (request.asJson) {
+        Print(answer);
     }
 }
 
