@@ -369,6 +369,7 @@ export class PaperView {
             item(withoutKey(tr("Print P&ad...")), () => this.pad(), "pad"),
             item(tr("Save page as %1", "SVG"), () => this.generate("svg"), "saveSvg"),
             item(tr("Save page as %1", "PNG"), () => this.savePicture(), "savePng"),
+            item(tr("Save page as %1", "DXF"), () => this.generate("dxf"), "saveDxf"),
             item(tr("Save form as %1", "JSON"), () => this.saveJson(), "saveJson"),
             make("hr"),
             item(tr("Save as Preset..."), () => this.savePreset(), "savePreset"),

@@ -56,11 +56,11 @@ function randomForm(kind, random) {
     return { kind, controls };
 }
 
-test(`PDF, SVG, settings and JSON of ${count} random forms`, async () => {
+test(`PDF, SVG, DXF, settings and JSON of ${count} random forms`, async () => {
     const random = randomFrom(7);
     const { kinds } = core.ask({ do: "catalog" }).json;
     const forms = join(folder, "forms");
-    await Promise.all(["forms", "pdf", "svg"].map((name) => mkdir(join(folder, name))));
+    await Promise.all(["forms", "pdf", "svg", "dxf"].map((name) => mkdir(join(folder, name))));
     const made = new Map();
     let refused = 0;
     for (let i = 0; i < count; ++i) {
@@ -70,24 +70,25 @@ test(`PDF, SVG, settings and JSON of ${count} random forms`, async () => {
         const opened = core.ask({ do: "open", file: `${name}.json`, now }, new TextEncoder().encode(form)).json;
         assert.equal(opened.error, undefined, form);
         const [json, settings] = ["json", "settings"].map((what) => core.ask({ do: what }).bytes);
-        const [svg, pdf] = ["svg", "pdf"].map((format) => core.ask({ do: "write", format, now }));
+        const [svg, dxf, pdf] = ["svg", "dxf", "pdf"].map((format) => core.ask({ do: "write", format, now }));
         if (pdf.json.error !== undefined) { // too heavy; the next form must work all the same
             ++refused;
             continue;
         }
-        made.set(name, { json, settings, pdf: pdf.bytes, svg: svg.bytes, extension: kind.extension });
+        made.set(name, { json, settings, pdf: pdf.bytes, svg: svg.bytes, dxf: dxf.bytes, extension: kind.extension });
         await writeFile(join(forms, `${name}.json`), form);
     }
     assert.ok(refused < count / 50, `${refused} forms were refused`);
     const sources = (await readdir(forms)).sort().map((name) => join(forms, name));
-    for (const format of ["pdf", "svg"]) {
+    for (const format of ["pdf", "svg", "dxf"]) {
         await run("generate", ...sources, "--format", format, "--output-dir", join(folder, format), "-j", "2");
     }
-    await each(made, async ([name, { json, settings, pdf, svg, extension }]) => {
+    await each(made, async ([name, { json, settings, pdf, svg, dxf, extension }]) => {
         const source = join(forms, `${name}.json`);
         const saved = join(folder, `${name}.${extension}`);
         same(pdf, await readFile(join(folder, "pdf", `${name}.pdf`)), `the PDF of ${name}`);
         same(svg, await readFile(join(folder, "svg", `${name}.svg`)), `the SVG of ${name}`);
+        same(dxf, await readFile(join(folder, "dxf", `${name}.dxf`)), `the DXF of ${name}`);
         same(json, (await run("form", source)).stdout, `the JSON of ${name}`);
         await run("save", source, "-o", saved);
         const bytes = await readFile(saved);
@@ -97,7 +98,7 @@ test(`PDF, SVG, settings and JSON of ${count} random forms`, async () => {
             same(core.ask({ do: "json" }).bytes, (await run("form", saved)).stdout, `the opened settings file of ${name}`);
         }
     });
-    console.log(`${made.size} forms: PDF, SVG, settings files and JSON are the same as linealis-cli's`);
+    console.log(`${made.size} forms: PDF, SVG, DXF, settings files and JSON are the same as linealis-cli's`);
 });
 
 test("a link holds every preset and every form in under 2 KB", () => {
