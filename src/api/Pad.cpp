@@ -3,8 +3,9 @@
 #include "exchange/TableReader.h"
 #include "kinds/PadFile.h"
 #include "pipeline/form/NearestInput.h"
+#include "pipeline/form/SetControl.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace linealis::api {
 

@@ -34,7 +34,7 @@ public:
 
     /// Adds a page of that size in points with the contents on it, each cut off at the edges of its own paper and
     /// `margin` points from the edges of the page. On top of them, it shows the page content `marks`.
-    void AddPage(std::int64_t width, std::int64_t height, std::span<const Placed> contents, std::string_view marks,
+    void AddPage(std::int64_t width, std::int64_t height, std::span<const Placed> placed, std::string_view marks,
                  double margin = 0.0);
 
     /// Attaches a file that the pages are made from. The name is ASCII, without parentheses and backslashes, and
