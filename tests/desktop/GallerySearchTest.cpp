@@ -89,7 +89,7 @@ TEST_F(GallerySearchTest, DroppedFilesOpenAndAreOfferedAgain)
     QMimeData dragged;
     dragged.setText(QStringLiteral("p"));
     QList<QUrl> urls;
-    for (const FolderItem& file : {polar, grid, FolderItem(folder / "page.pdf")}) {
+    for (const FolderItem& file : {polar, grid, FolderItem(folder / "page.txt")}) {
         urls << QUrl::fromLocalFile(ToQt(file.Path().string()));
     }
     dragged.setUrls(urls);
