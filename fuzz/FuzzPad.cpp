@@ -94,7 +94,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     }
     if (const std::size_t rows = input.Byte() % 5; rows > 0) {
         request.table = folder + "/table.csv";
-        std::string table = "top-margin,background-color\n";  // a row must not make a heavy page of a light one
+        std::string table = "file,background-color\n";  // a row must not make a heavy page of a light one
         for (std::size_t row = 1; row < rows; ++row) {
             table.append(input.Line()).append("\n");
         }
