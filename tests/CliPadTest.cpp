@@ -280,6 +280,8 @@ TEST_F(CliPad, BadInputLeavesTheOldFile)
     fails(2, "$cli pad grid --creep 1mm -o pad.pdf", "--creep goes with --booklet alone\n");
     fails(2, "$cli pad grid --dates 2026-02-29 -o pad.pdf",
           "--dates is '2026-02-29', but must be a date such as 2026-12-31\n");
+    fails(2, "printf 'paper-size\\nA99\\n' > bad.csv; $cli pad grid --table bad.csv -o pad.pdf",
+          "bad.csv, row 1: unknown item");
     fails(1, "printf 'top-margin\\n' > no.csv; $cli pad grid --table no.csv -o pad.pdf",
           "no.csv: has no rows below its header\n");
     fails(2, "$cli pad a4.setl -o a4.setl", "refusing to overwrite the input a4.setl\n");

@@ -70,7 +70,11 @@ MadePage AddRows(const PadRequest& request, const Remarks& remarks, PadFile& fil
         actions.insert(actions.end(), row->actions.begin(), row->actions.end());
         const std::string name = table.Name() + ", row " + std::to_string(row->number);
         last.reset();  // its window ends before the platform of that
-        last.emplace(Make(source, name, actions, nullptr, remarks));
+        try {
+            last.emplace(Make(source, name, actions, nullptr, remarks));
+        } catch (const UsageError& error) {
+            throw UsageError{name + ": " + error.message};
+        }
         file.AddFront(last->drawn);
         pages.fronts.push_back(Named(name, last->drawn));
     }
