@@ -1,4 +1,4 @@
-// Writes a sheet of squares of each of some sizes: an example of the library.
+// Writes a sheet of squares of each of some sizes, and a pad of dotted paper: an example of the library.
 
 #include <linealis/Linealis.h>
 
@@ -21,6 +21,11 @@ int main()
             std::ofstream(name, std::ios::binary) << sheet.Page();
             std::cout << name << ": lines " << sheet.Get("vertical-spacing") << " cm apart\n";
         }
+        linealis::PadOptions pad;
+        pad.pages = 20;
+        pad.up = 2;
+        const linealis::Sheet dots("dots");
+        std::ofstream("dots-pad.pdf", std::ios::binary) << linealis::Pad({&dots}, pad);
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';
         return 1;
