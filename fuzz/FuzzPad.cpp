@@ -37,7 +37,7 @@ bool IsLight(const PaperKind& kind, std::string_view settings)
 PadOptions OptionsIn(Input& input)
 {
     PadOptions options{.dashes = "--"};
-    const std::uint8_t given = input.Byte();
+    const unsigned given = input.Byte();
     const auto has = [given](unsigned bit) { return (given >> bit & 1U) != 0; };
     const auto textIf = [&](bool isGiven) {
         return isGiven ? std::optional(std::string(input.Line())) : std::nullopt;
@@ -50,7 +50,7 @@ PadOptions OptionsIn(Input& input)
     options.creep = textIf(has(4));
     options.poster = textIf(has(5));
     options.overlap = textIf(has(6));
-    options.copies = has(7) ? input.Byte() % 4 : 1;
+    options.copies = has(7) ? input.Byte() % 4U : 1U;
     return options;
 }
 
