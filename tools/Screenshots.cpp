@@ -17,6 +17,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPalette>
+#include <QSpinBox>
 #include <QStandardPaths>
 #include <QStyle>
 #include <QTextStream>
@@ -106,6 +107,24 @@ void TakeDialog(Camera& camera, const QString& name, const std::function<void()>
     }
 }
 
+/// Takes the dialog for pads with everything that it makes. Nothing is stored between the pictures.
+void TakePads(Camera& camera, const std::function<void()>& open)
+{
+    TakeDialog(camera, QStringLiteral("pad"), open, [](QDialog& dialog) {
+        Named<QComboBox>(dialog, "PadUp").setCurrentIndex(1);
+        Named<QCheckBox>(dialog, "PadNumbers").setChecked(true);
+        auto& backs = Named<QComboBox>(dialog, "PadBack");
+        backs.setCurrentIndex(backs.findData(QStringLiteral("lined")));
+    });
+    TakeDialog(camera, QStringLiteral("booklet"), open, [](QDialog& dialog) {
+        Named<QComboBox>(dialog, "PadMake").setCurrentIndex(1);
+        Named<QSpinBox>(dialog, "PadPages").setValue(16);
+        Named<QCheckBox>(dialog, "PadDates").setChecked(true);
+    });
+    TakeDialog(camera, QStringLiteral("poster"), open,
+               [](QDialog& dialog) { Named<QComboBox>(dialog, "PadMake").setCurrentIndex(2); });
+}
+
 void TakeDialogsOfGraph(Camera& camera, QWidget& window)
 {
     const auto choosing = [&](const char* item) {
@@ -120,12 +139,7 @@ void TakeDialogsOfGraph(Camera& camera, QWidget& window)
         }
         Named<QCheckBox>(dialog, "CheckLogY").setChecked(true);
     });
-    TakeDialog(camera, QStringLiteral("pad"), choosing("FilePrintPad"), [](QDialog& dialog) {
-        Named<QComboBox>(dialog, "PadUp").setCurrentIndex(1);
-        Named<QCheckBox>(dialog, "PadNumbers").setChecked(true);
-        auto& backs = Named<QComboBox>(dialog, "PadBack");
-        backs.setCurrentIndex(backs.findData(QStringLiteral("lined")));
-    });
+    TakePads(camera, choosing("FilePrintPad"));
     TakeDialog(camera, QStringLiteral("picker"), [&] { Named<QToolButton>(window, "ToolPresets").click(); });
     TakeDialog(camera, QStringLiteral("preferences"), choosing("EditPreferences"));
     TakeDialog(camera, QStringLiteral("print"), choosing("FilePrint"));

@@ -22,12 +22,13 @@ void PadFile::SetBack(const DrawnPage& page, std::string_view form)
     back = file.AddContent(page.content, page.frame.paperWidth, page.frame.paperHeight);
 }
 
-void PadFile::Finish(const PadPlan& plan, std::size_t copies, const LocalTime& now)
+void PadFile::Finish(const PadPlan& plan, std::size_t copies, const LocalTime& now,
+                     const std::function<void(std::size_t sides)>& onSide)
 {
-    for (std::size_t copy = 0; copy < copies; ++copy) {
-        for (std::size_t side = 0; side < plan.Sides(); ++side) {
-            AddSide(plan.Side(side));
-        }
+    const std::size_t ofOne = plan.Sides();
+    for (std::size_t side = 0; side < copies * ofOne; ++side) {
+        AddSide(plan.Side(side % ofOne));
+        onSide(side + 1);
     }
     file.Finish(now);
 }

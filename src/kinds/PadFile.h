@@ -39,7 +39,10 @@ public:
     void SetBackToFront() { back = fronts.at(0); }
 
     /// Writes the sheets, `copies` times, and the rest of the file, dated `now`. The plan counts the pages above.
-    void Finish(const PadPlan& plan, std::size_t copies, const LocalTime& now);
+    /// Calls `onSide` after each side with the number of sides written.
+    void Finish(
+        const PadPlan& plan, std::size_t copies, const LocalTime& now,
+        const std::function<void(std::size_t sides)>& onSide = [](std::size_t /*sides*/) {});
 
 private:
     void AttachForm(const std::string& name, std::string_view form);

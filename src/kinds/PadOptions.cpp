@@ -16,7 +16,6 @@ namespace linealis {
 namespace {
 
 constexpr std::string_view usualOverlap = "10mm";
-constexpr double mostOverlap = 288.0;  // points, 4 inches
 
 std::string NameOf(const PadOptions& options, std::string_view name)
 {

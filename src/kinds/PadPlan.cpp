@@ -56,6 +56,11 @@ PadSide SideOf(const Poster& poster, const PadPlan& /*plan*/, std::size_t number
 
 }  // namespace
 
+bool PadPlan::IsOnBothSides() const
+{
+    return std::holds_alternative<PadLayout>(sheets) ? hasBacks : std::holds_alternative<Booklet>(sheets);
+}
+
 std::size_t PadPlan::Sides() const
 {
     return std::visit([this](const auto& each) { return SidesOf(each, *this); }, sheets);

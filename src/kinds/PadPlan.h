@@ -35,8 +35,11 @@ struct PadPlan {
     bool hasBacks = false;   ///< whether a pad is printed on both sides; a booklet always is, a poster never
     bool isTable = false;    ///< whether the fronts are in the order of page numbers; otherwise in that of places
 
-    /// Returns the number of sides of one copy. If sheets are printed on both sides, fronts and backs alternate.
+    /// Whether sheets are printed on both sides. Then fronts and backs alternate.
+    bool IsOnBothSides() const;
+    /// Returns the number of sides of one copy, and of its sheets.
     std::size_t Sides() const;
+    std::size_t Sheets() const { return Sides() / (IsOnBothSides() ? 2 : 1); }
     PadSide Side(std::size_t number) const;
 };
 

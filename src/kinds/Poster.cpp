@@ -45,6 +45,11 @@ std::size_t Poster::Rows() const
     return SheetsAlong(static_cast<double>(page.height), Shown(sheet.height), overlap);
 }
 
+std::string Poster::NameOf(std::size_t column, std::size_t row)
+{
+    return Letters(column) + std::to_string(row + 1);
+}
+
 Point Poster::CornerOf(std::size_t column, std::size_t row) const
 {
     const double left = static_cast<double>(column) * (Shown(sheet.width) - overlap);
@@ -80,7 +85,7 @@ std::string Poster::Marks(std::size_t column, std::size_t row) const
     pdf.SetRGBColor(0.3, 0.3, 0.3);
     pdf.SetFont(padNumberFont, size);
     pdf.SetTextPos(posterMargin + tick, height - posterMargin + gap + 1.0);
-    pdf.Show(Letters(column) + std::to_string(row + 1));
+    pdf.Show(NameOf(column, row));
     return std::string(pdf.Stream());
 }
 

@@ -85,6 +85,12 @@ DrawnPage Draw(PaperWindow& window)
     return DrawPage(window.ReadPage(), turns);
 }
 
+template <typename Page>
+PaperSize SizeOf(const Page& page)
+{
+    return {page.frame.paperWidth, page.frame.paperHeight};
+}
+
 class Print : public testing::Test {
 protected:
     Print() { PrintInto(printer); }
@@ -167,8 +173,11 @@ TEST_F(Print, PadHasEveryPageInItsPlaceOnTheSheet)
     const auto window = MakeWindow(*FindPaperKind("grid"), platform);
     SetControl("grid", window->form, {"paper-size", "A5"});
     const DrawnPage page = Draw(*window);
-    PadLayout layout{3, 2, true, {page.frame.paperWidth, page.frame.paperHeight}};
-    const desktop::PrintedSheets sheets = desktop::PadSheets(layout, page, &page);
+    desktop::PadJob job;
+    job.form = window->ReadPage();
+    job.back = job.form;
+    job.plan = {PadLayout{3, 2, true, SizeOf(page)}, 1, true};
+    const desktop::PrintedSheets sheets = desktop::PadSheets(job, turns);
     desktop::SetPaper(printer, sheets.paper);
     ASSERT_TRUE(desktop::PaintOnPrinter(printer, sheets, turns));
     const std::string info = Execute({"pdfinfo", file}).output;
@@ -183,6 +192,39 @@ TEST_F(Print, PadHasEveryPageInItsPlaceOnTheSheet)
         EXPECT_LT(QLineF(printed[i], expected.points[i]).length(), hundredthMm);
         EXPECT_LT(QLineF(printed[i + count], expected.points[i] + QPointF(421.0, 0.0)).length(), hundredthMm);
     }
+}
+
+TEST_F(Print, APosterKeepsToItsSheetsAndABookletToItsPages)
+{
+    const auto window = MakeWindow(*FindPaperKind("grid"), platform);
+    SetControl("grid", window->form, {"paper-size", "A4"});
+    desktop::PadJob job;
+    job.form = window->ReadPage();
+    job.plan.sheets = PosterOn({421, 595}, SizeOf(job.form), 28.0);
+    const desktop::PrintedSheets poster = desktop::PadSheets(job, turns);
+    EXPECT_EQ(poster.sides, 4);
+    desktop::SetPaper(printer, poster.paper);
+    Limit(posterMargin - 1.0);
+    EXPECT_TRUE(desktop::PrintWarnings(printer, poster).empty()) << "lines are cut off at the margin";
+    Limit(posterMargin + 1.0);
+    EXPECT_EQ(desktop::PrintWarnings(printer, poster).size(), 1U);
+
+    constexpr double creep = 5.0;
+    job.plan.sheets = Booklet{{8, 1, false, SizeOf(job.form)}, creep};
+    const desktop::PrintedSheets booklet = desktop::PadSheets(job, turns);
+    EXPECT_EQ(booklet.sides, 4);
+    EXPECT_TRUE(booklet.hasBacks);
+    const auto width = static_cast<double>(job.form.frame.paperWidth);
+    std::vector<QRectF> pages;
+    booklet.forPages(2, [&](const desktop::PrintedPage& page) {
+        if (!page.isMarks) {
+            pages.push_back(page.clip);
+        }
+    });
+    ASSERT_EQ(pages.size(), 2U) << "on the front of the inner sheet";
+    EXPECT_EQ(pages[0].left(), creep);
+    EXPECT_EQ(pages[1].left(), width - creep);
+    EXPECT_EQ(pages[1].width(), width);
 }
 
 TEST_F(Print, OnlyPaperWiderThanHighLiesAcross)

@@ -20,7 +20,7 @@ QString SizeInPoints(const PageFrame& frame)
 }
 
 /// Reads the form in a file that belongs to a kind, or carries its kind. Throws FormError or UnknownInput.
-std::unique_ptr<PaperWindow> WindowOf(const FolderItem& file, ScreenlessPlatform& platform)
+PaperOfBack PaperIn(const FolderItem& file, ScreenlessPlatform& platform)
 {
     if (const PaperKind* const kind = FindPaperKindOf(file.Path())) {
         auto window = MakeWindow(*kind, platform);
@@ -30,7 +30,7 @@ std::unique_ptr<PaperWindow> WindowOf(const FolderItem& file, ScreenlessPlatform
         if (!platform.notes.empty()) {  // the file is damaged
             throw FormError{Message::Verbatim(platform.notes.back())};
         }
-        return window;
+        return {kind, std::move(window)};
     }
     const FormFile form = ReadFormFile(file);
     const PaperKind* const kind = FindPaperKind(form.kind);
@@ -39,7 +39,7 @@ std::unique_ptr<PaperWindow> WindowOf(const FolderItem& file, ScreenlessPlatform
     }
     auto window = MakeWindow(*kind, platform);
     LayOver(form, *kind, window->form);
-    return window;
+    return {kind, std::move(window)};
 }
 
 }  // namespace
@@ -117,11 +117,11 @@ QString PadBack::Read(const FolderItem& given)
 {
     readPlatform.notes.clear();
     try {
-        auto read = WindowOf(given, readPlatform);
-        if (const QString why = WhyUnfit(*read); !why.isEmpty()) {
+        PaperOfBack read = PaperIn(given, readPlatform);
+        if (const QString why = WhyUnfit(*read.window); !why.isEmpty()) {
             return tr("%1 cannot be the back: %2").arg(ToQt(given.Name()), why);
         }
-        window = std::move(read);
+        paper = std::move(read);
         file = given;
     } catch (const FormError& error) {
         return ToQt(error.message);
@@ -141,7 +141,7 @@ QString PadBack::WhyUnfit(const PaperWindow& read) const
 
 void PadBack::MakePaper()
 {
-    window.reset();
+    paper = {};
     file = {};
     const std::string name = backs->currentData().toString().toStdString();
     const PaperKind* const kind = FindPaperKind(name);
@@ -149,29 +149,31 @@ void PadBack::MakePaper()
         return;
     }
     const Preset* const preset = FindPreset(presets->currentData().toString().toStdString());
-    window = preset == nullptr ? MakeWindow(*kind, readPlatform) : MakeWindow(*preset, readPlatform);
-    TakePaperOf(frontForm, name, window->form);
+    paper = {kind, preset == nullptr ? MakeWindow(*kind, readPlatform) : MakeWindow(*preset, readPlatform)};
+    TakePaperOf(frontForm, name, paper.window->form);
 }
 
 std::optional<PaperPage> PadBack::Page() const
 {
-    if (backs->currentData() == sameBack) {
+    if (IsFrontForm()) {
         return front;
     }
-    return window == nullptr ? std::nullopt : std::optional(window->ReadPage());
+    return paper.window == nullptr ? std::nullopt : std::optional(paper.window->ReadPage());
 }
 
-QString PadBack::Source(const QString& frontFile) const
+bool PadBack::IsFrontForm() const
 {
-    const QString back = backs->currentData().toString();
-    if (back == sameBack) {
-        return frontFile;
-    }
-    if (back == fileBack) {
-        return ToQt(file.Path().string());
-    }
-    const QString preset = presets->currentData().toString();
-    return preset.isEmpty() ? back : preset;
+    return backs->currentData() == sameBack;
+}
+
+std::string PadBack::Carried() const
+{
+    return paper.window == nullptr ? std::string() : CarriedForm(*paper.kind, paper.window->form);
+}
+
+void PadBack::SetFrontIsTable(bool isTable)
+{
+    backs->setItemText(backs->findData(sameBack), isTable ? tr("This form") : tr("Same as the front"));
 }
 
 }  // namespace linealis::desktop

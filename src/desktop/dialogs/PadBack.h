@@ -9,8 +9,15 @@
 #include <QString>
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace linealis::desktop {
+
+/// The paper on the backs.
+struct PaperOfBack {
+    const PaperKind* kind = nullptr;
+    std::unique_ptr<PaperWindow> window;  ///< null: none
+};
 
 /// The choice of what a pad has on its backs: nothing, the front again, a kind of paper or one of its presets, or a
 /// form in a file. A kind and a preset take over the paper of the front.
@@ -28,9 +35,14 @@ public:
 
     /// Returns the page for the backs; nothing if they stay blank.
     std::optional<PaperPage> Page() const;
-    /// Returns what the program that makes pads calls this back, or an empty text if they stay blank. `frontFile`
-    /// contains the form of the front.
-    QString Source(const QString& frontFile) const;
+    /// Whether the page for the backs is that of the front form.
+    bool IsFrontForm() const;
+    /// Returns the form of the page for the backs, as a file carries it. Empty if the backs stay blank, or have the
+    /// front form.
+    std::string Carried() const;
+
+    /// Tells whether the fronts have the page of the form, or those of a table, which is laid over it.
+    void SetFrontIsTable(bool isTable);
 
 signals:
     void Changed();
@@ -58,7 +70,7 @@ private:
     int chosen = 0;                   ///< the index of the back in the list
     FolderItem file;                  ///< that the back comes from; empty if it comes from none
     ScreenlessPlatform readPlatform;  ///< of the window below
-    std::unique_ptr<PaperWindow> window;
+    PaperOfBack paper;
 };
 
 }  // namespace linealis::desktop

@@ -1,16 +1,14 @@
 #include "desktop/dialogs/PadDialog.h"
 
+#include "check/PageCheck.h"
 #include "desktop/dialogs/DialogColumn.h"
 #include "desktop/page/PadPicture.h"
 #include "desktop/system/FileDialogs.h"
 #include "desktop/system/Text.h"
-#include "desktop/system/WindowSettings.h"
 #include "exchange/FormJson.h"
 #include "pdf/Units.h"
-#include "pipeline/document/MarkerFile.h"
 
 #include <QDialogButtonBox>
-#include <QFile>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -24,7 +22,7 @@ namespace {
 const QString padFolderKey = QStringLiteral("folders/pad");
 
 /// Returns the size of a sheet in the unit of its form.
-QString SizeText(const PaperSize& size, bool inInches)
+Message SizeText(const PaperSize& size, bool inInches)
 {
     const auto text = [=](std::int64_t points) {
         const double inches = static_cast<double>(points) / pointsPerInch;
@@ -32,20 +30,52 @@ QString SizeText(const PaperSize& size, bool inInches)
             inInches ? QString::number(inches, 'g', 4) : QString::number(inches * mmPerInch, 'f', 0);
         return Message::Number(number.toStdString());
     };
-    return ToQt(inInches ? Message("%1 × %2 in", text(size.width), text(size.height))
-                         : Message("%1 × %2 mm", text(size.width), text(size.height)));
+    return inInches ? Message("%1 × %2 in", text(size.width), text(size.height))
+                    : Message("%1 × %2 mm", text(size.width), text(size.height));
+}
+
+PaperSize SizeOf(const PaperPage& page)
+{
+    return {page.frame.paperWidth, page.frame.paperHeight};
+}
+
+bool AreSame(const PaperSize& a, const PaperSize& b)
+{
+    return a.width == b.width && a.height == b.height;
+}
+
+/// Whether the pages of a pad differ in size; then each is on a sheet of its own.
+bool SizesDiffer(const PadJob& job)
+{
+    return job.table && std::any_of(job.table->pages.begin(), job.table->pages.end(), [&](const PaperPage& page) {
+               return !AreSame(SizeOf(page), SizeOf(job.table->pages.front()));
+           });
+}
+
+PadJob JobOf(PaperPage form)
+{
+    PadJob job;
+    job.form = std::move(form);
+    return job;
+}
+
+/// Returns a sentence that begins with a small letter as one of its own.
+QString Sentence(const QString& text)
+{
+    return text.left(1).toUpper() + text.mid(1);
 }
 
 }  // namespace
 
 PadDialog::PadDialog(DesktopPlatform& thePlatform, const PaperKind& theKind, PaperWindow& theWindow,
                      QString theName, QWidget* parent)
-    : QDialog(parent), platform(thePlatform), kind(theKind), window(theWindow), page(theWindow.ReadPage()),
-      back(thePlatform, theWindow.form, page), name(std::move(theName))
+    : QDialog(parent), platform(thePlatform), kind(theKind), window(theWindow), job(JobOf(theWindow.ReadPage())),
+      front(thePlatform, theKind, theWindow), back(thePlatform, theWindow.form, job.form), name(std::move(theName)),
+      fields(new PadFields(front.Fronts(), back.Backs(), back.Presets(), job.form.frame.IsInInches())),
+      picture(new PadPicture)
 {
     setObjectName(QStringLiteral("pad"));
     setWindowTitle(tr("Print Pad"));
-    picture = new PadPicture(page);
     summary->setObjectName(QStringLiteral("PadSummary"));
     summary->setAlignment(Qt::AlignCenter);
     said->setObjectName(QStringLiteral("PadMessage"));
@@ -53,18 +83,11 @@ PadDialog::PadDialog(DesktopPlatform& thePlatform, const PaperKind& theKind, Pap
     said->setWordWrap(true);
     said->setTextInteractionFlags(Qt::TextSelectableByMouse);
     said->hide();
-    progress->setRange(0, 0);  // busy: the program does not tell how far it is
-    progress->setTextVisible(false);
+    progress->setObjectName(QStringLiteral("PadProgress"));
     progress->setAccessibleName(tr("Making the pad"));
     progress->hide();
 
     constexpr int spacing = 8;  // pixels
-    auto* const rows = new QFormLayout(fields);
-    rows->setContentsMargins(0, 0, 0, 0);
-    rows->setVerticalSpacing(spacing);
-    rows->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    rows->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
-    AddFields(*rows);
     auto* const right = new QVBoxLayout;
     right->setSpacing(spacing);
     right->addWidget(picture, 1);
@@ -80,58 +103,41 @@ PadDialog::PadDialog(DesktopPlatform& thePlatform, const PaperKind& theKind, Pap
     all->addWidget(MakeButtons());
     print->setDefault(true);  // a button can become the default only once it is in the dialog
 
-    connect(&program, &PadProgram::Ended, this, &PadDialog::ShowEnd);
-    Restore();
+    ConnectFields();
+    TakeFronts();
     ShowPad();
-    pages->setFocus();
-    pages->selectAll();
+    fields->findChild<QWidget*>(QStringLiteral("PadMake"))->setFocus();
 }
 
-PadDialog::~PadDialog()
+void PadDialog::ConnectFields()
 {
-    program.Stop();
-}
-
-void PadDialog::AddFields(QFormLayout& rows)
-{
-    const auto add = [&](const QString& caption, QWidget* widget, const char* objectName) {
-        widget->setObjectName(QString::fromLatin1(objectName));
-        rows.addRow(caption, widget);
-    };
-    pages->setRange(1, mostPadPages);
-    for (const std::size_t count : possiblePagesUp) {
-        const auto number = static_cast<int>(count);
-        up->addItem(number == 1 ? tr("1 page") : tr("%1 pages, with cut marks").arg(number), number);
-    }
-    numbers = new QCheckBox(tr("&Number the pages"));
-    numbers->setToolTip(tr("In the order of the stacks after cutting"));
-    copies->setRange(1, mostPadCopies);
-    copies->setMinimumWidth(pages->sizeHint().width());
-    for (QComboBox* const box : {up, &back.Backs(), &back.Presets()}) {
-        constexpr int usualTitle = 24;  // characters; the width does not depend on the choice
-        box->setMinimumContentsLength(usualTitle);
-        box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-        box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    }
-    add(tr("&Pages:"), pages, "PadPages");
-    add(tr("On each &side:"), up, "PadUp");
-    add(QString(), numbers, "PadNumbers");
-    rows.addRow(tr("&Back:"), &back.Backs());
-    rows.addRow(tr("P&reset:"), &back.Presets());
-    add(tr("&Copies:"), copies, "PadCopies");
-    for (QSpinBox* const box : {pages, copies}) {
-        connect(box, &QSpinBox::valueChanged, this, &PadDialog::ShowPad);
-    }
-    connect(up, &QComboBox::currentIndexChanged, this, &PadDialog::ShowPad);
-    connect(numbers, &QCheckBox::toggled, this, &PadDialog::ShowPad);
-    connect(&back, &PadBack::Changed, this, [this] {
+    const auto show = [this] {
         said->hide();
         ShowPad();
+    };
+    connect(fields, &PadFields::Changed, this, show);
+    connect(&back, &PadBack::Changed, this, show);
+    connect(&front, &PadFront::Changed, this, [this, show] {
+        const TablePages* const table = front.Table().get();
+        back.SetFrontIsTable(table != nullptr);
+        const QSignalBlocker isShownOnce(fields);
+        fields->ProposePages(table == nullptr ? 0 : table->pages.size());
+        show();
     });
-    connect(&back, &PadBack::Refused, this, [this](const QString& why) {
-        said->setText(why);
-        said->show();
+    connect(&front, &PadFront::Refused, this, &PadDialog::Say);
+    connect(&back, &PadBack::Refused, this, &PadDialog::Say);
+    connect(&front, &PadFront::ReadingChanged, this, [this] {
+        ShowWorking(front.IsReading());
+        if (!front.IsReading()) {
+            front.Fronts().setFocus();
+        }
+        ShowProgress(tr("Reading the table"), 0, 0);
     });
+    connect(&maker, &PadMaker::Drawn, this,
+            [this](int pages, int all) { ShowProgress(tr("Page %1 of %2").arg(pages).arg(all), pages, all); });
+    connect(&maker, &PadMaker::Written, this,
+            [this](int sheets, int all) { ShowProgress(tr("Sheet %1 of %2").arg(sheets).arg(all), sheets, all); });
+    connect(&maker, &PadMaker::Ended, this, &PadDialog::ShowEnd);
 }
 
 QWidget* PadDialog::MakeButtons()
@@ -143,61 +149,113 @@ QWidget* PadDialog::MakeButtons()
     print->setObjectName(QStringLiteral("PadPrint"));
     save->setObjectName(QStringLiteral("PadSave"));
     cancel->setObjectName(QStringLiteral("PadCancel"));
-    connect(print, &QPushButton::clicked, this, [this] {
-        Keep();
-        done(printing);
-    });
+    connect(print, &QPushButton::clicked, this, &PadDialog::Print);
     connect(save, &QPushButton::clicked, this, &PadDialog::Save);
-    connect(cancel, &QPushButton::clicked, this, [this] { program.IsRunning() ? program.Stop() : reject(); });
-    if (!PadProgram::IsInstalled()) {
-        save->setEnabled(false);
-        said->setText(tr("A PDF file cannot be saved: the program that makes pads, %1, is not installed.")
-                          .arg(PadProgram::Path()));
-        said->show();
-    }
+    connect(cancel, &QPushButton::clicked, this, &PadDialog::Cancel);
     return buttons;
 }
 
-PadLayout PadDialog::Layout() const
+void PadDialog::TakeFronts()
 {
-    return {static_cast<std::size_t>(pages->value()),
-            static_cast<std::size_t>(up->currentData().toInt()),
-            numbers->isChecked(),
-            {page.frame.paperWidth, page.frame.paperHeight}};
+    picture->SetFronts([this](std::size_t index) -> const PaperPage& { return job.Front(index); });
+}
+
+PadPages PadDialog::Pages() const
+{
+    PadPages pages;
+    if (job.table) {
+        for (std::size_t row = 0; row < job.table->pages.size(); ++row) {
+            pages.fronts.push_back({job.table->NameOf(row).In(LanguageOfWindows()), SizeOf(job.Front(row))});
+        }
+    } else {
+        pages.fronts.push_back({Translated(kind.title).toStdString(), SizeOf(job.form)});
+    }
+    if (job.back) {
+        pages.back = PadPage{tr("the back").toStdString(), SizeOf(*job.back)};
+    }
+    return pages;
+}
+
+void PadDialog::Plan()
+{
+    const PadOptions options = fields->Options();
+    const bool isPad = fields->Product() == PadProduct::Pad, isPoster = fields->Product() == PadProduct::Poster;
+    if (std::shared_ptr<const TablePages> table = isPoster ? nullptr : front.Table(); table != job.table) {
+        job.table = std::move(table);
+        TakeFronts();
+    }
+    job.back = isPad ? back.Page() : std::nullopt;
+    job.backIsForm = back.IsFrontForm();
+    job.copies = options.copies;
+    job.plan = PlanOf(options, {job.table != nullptr, job.back.has_value()}, Pages());
 }
 
 void PadDialog::ShowPad()
 {
-    const PadLayout layout = Layout();
-    const auto sheets = static_cast<int>(layout.Sheets()) * copies->value();
-    std::optional<PaperPage> backPage = back.Page();
-    const QString size = SizeText(layout.Side(), page.frame.IsInInches());
-    QString text = ToQt(Message(Plural("%1 sheet of %2", "%1 sheets of %2"), sheets, sheets, size.toStdString()));
-    if (backPage) {
-        text += tr(", printed on both sides");
+    QString problem;
+    try {
+        Plan();
+        picture->Show(job.plan, job.back);
+        summary->setText(Summary());
+    } catch (const PadError& error) {
+        problem = Sentence(ToQt(error.message));
     }
-    summary->setText(text);
-    picture->setAccessibleDescription(text);
-    picture->Show(layout, std::move(backPage));
+    const bool isPossible = problem.isEmpty();
+    print->setEnabled(isPossible);
+    save->setEnabled(isPossible);
+    picture->setEnabled(isPossible);
+    if (!isPossible) {
+        summary->clear();
+        Say(problem);
+    }
+    picture->setAccessibleDescription(summary->text());
 }
 
-void PadDialog::Keep() const
+QString PadDialog::Summary() const
 {
-    WindowSettings settings;
-    settings.setValue(QStringLiteral("pad/pages"), pages->value());
-    settings.setValue(QStringLiteral("pad/up"), up->currentData());
-    settings.setValue(QStringLiteral("pad/numbers"), numbers->isChecked());
-    settings.setValue(QStringLiteral("pad/copies"), copies->value());
+    const auto sheets = static_cast<double>(job.plan.Sheets() * job.copies);
+    if (SizesDiffer(job)) {
+        return ToQt(Message(Plural("%1 sheet, as large as its page", "%1 sheets, each as large as its page"),
+                            sheets, sheets));
+    }
+    const Message size = SizeText(job.plan.Side(0).size, job.form.frame.IsInInches());
+    const QString text = ToQt(Message(Plural("%1 sheet of %2", "%1 sheets of %2"), sheets, sheets, size));
+    return job.plan.IsOnBothSides() ? text + tr(", printed on both sides") : text;
 }
 
-void PadDialog::Restore()
+void PadDialog::Say(const QString& text)
 {
-    const WindowSettings settings;
-    const PadLayout usual;
-    pages->setValue(settings.value(QStringLiteral("pad/pages"), static_cast<int>(usual.pages)).toInt());
-    up->setCurrentIndex(std::max(up->findData(settings.value(QStringLiteral("pad/up"), 1)), 0));
-    numbers->setChecked(settings.value(QStringLiteral("pad/numbers")).toBool());
-    copies->setValue(settings.value(QStringLiteral("pad/copies"), 1).toInt());
+    said->setText(text);
+    said->show();
+}
+
+void PadDialog::Complete()
+{
+    job.warnings.clear();
+    job.markers = MarkerFile();
+    const auto* const box = window.form.Find<CheckBox>("CheckBoxMarkers");
+    if (box != nullptr && box->Value()) {
+        FolderItem file = window.ChosenMarkerFile();
+        if (file.IsEmpty()) {
+            file = platform.GetOpenFolderItem(markerFileType);
+            job.markers = MarkerFile(file);
+        }
+        job.warnings = MarkerWarnings(window.form, file);
+    }
+    job.carriedForm = CarriedForm(kind, window.form);
+    job.carriedBack = job.backIsForm ? job.carriedForm : back.Carried();
+    job.now = platform.Now();
+}
+
+void PadDialog::Print()
+{
+    if (SizesDiffer(job)) {
+        Say(tr("The pages have different sizes, so they cannot be printed together. Save a PDF file instead."));
+        return;
+    }
+    fields->Keep();
+    Complete();
+    done(printing);
 }
 
 QString PadDialog::AskForFile()
@@ -215,49 +273,29 @@ QString PadDialog::AskForFile()
     return dialog.selectedFiles().value(0);
 }
 
-std::optional<QStringList> PadDialog::Arguments()
-{
-    const QString form = folder.filePath(QStringLiteral("form.json"));
-    QFile file(form);
-    const QByteArray json = QByteArray::fromStdString(CarriedForm(kind, window.form));
-    if (!file.open(QIODevice::WriteOnly) || file.write(json) != json.size() || !file.flush()) {
-        said->setText(tr("%1 was not written: %2").arg(form, file.errorString()));
-        return std::nullopt;
-    }
-    const PadLayout layout = Layout();
-    QStringList arguments = {QStringLiteral("--form"),   form,
-                             QStringLiteral("--pages"),  QString::number(layout.pages),
-                             QStringLiteral("--up"),     QString::number(layout.up),
-                             QStringLiteral("--copies"), QString::number(copies->value())};
-    if (layout.hasNumbers) {
-        arguments << QStringLiteral("--numbers");
-    }
-    if (const QString source = back.Source(form); !source.isEmpty()) {
-        arguments << QStringLiteral("--back") << source;
-    }
-    if (const auto* const markers = window.form.Find<CheckBox>("CheckBoxMarkers");
-        markers != nullptr && markers->Value()) {
-        if (const FolderItem given = platform.GetOpenFolderItem(markerFileType); !given.IsEmpty()) {
-            arguments << QStringLiteral("--markers") << ToQt(given.Path().string());
-        }
-    }
-    return arguments;
-}
-
 void PadDialog::Save()
 {
     const QString path = AskForFile();
     if (path.isEmpty()) {
         return;
     }
-    Keep();
-    const std::optional<QStringList> arguments = Arguments();
-    if (!arguments) {
-        said->show();
+    // The default suffix is not added to a name that has another one, which may be that of the table.
+    if (!path.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive)) {
+        Say(tr("%1 was not written: the name of a PDF file ends with .pdf").arg(QFileInfo(path).fileName()));
         return;
     }
+    fields->Keep();
+    Complete();
     ShowWorking(true);
-    program.Start(*arguments, path);
+    ShowProgress({}, 0, 0);
+    maker.Start(job, path);
+}
+
+void PadDialog::ShowProgress(const QString& text, int done, int all)
+{
+    progress->setRange(0, all);
+    progress->setValue(done);
+    progress->setFormat(text);
 }
 
 void PadDialog::ShowWorking(bool works)
@@ -266,31 +304,45 @@ void PadDialog::ShowWorking(bool works)
     print->setEnabled(!works);
     save->setEnabled(!works);
     progress->setVisible(works);
-    said->setVisible(!works);
+    said->hide();
     if (works) {
         cancel->setFocus();
+    } else {
+        ShowPad();
     }
 }
 
 void PadDialog::ShowEnd(bool isWritten, const QString& message)
 {
     ShowWorking(false);
-    said->setText(message);
     if (!isWritten) {
+        Say(message);
         return;
     }
-    saved = program.Target();
+    saved = maker.Target();
     if (message.isEmpty()) {
         accept();
         return;
     }
-    said->setText(tr("Wrote %1.").arg(QFileInfo(saved).fileName()) + QLatin1Char('\n') + message);
+    Say(tr("Wrote %1.").arg(QFileInfo(saved).fileName()) + QLatin1Char('\n') + message);
     cancel->setText(tr("C&lose"));
+}
+
+void PadDialog::Cancel()
+{
+    if (maker.IsRunning()) {
+        maker.Stop();
+    } else if (front.IsReading()) {
+        front.Stop();
+    } else {
+        reject();
+    }
 }
 
 void PadDialog::reject()
 {
-    program.Stop();
+    front.Stop();
+    maker.Finish();
     QDialog::reject();
 }
 

@@ -1,29 +1,26 @@
 #pragma once
 
 #include "desktop/dialogs/PadBack.h"
-#include "desktop/dialogs/PadProgram.h"
+#include "desktop/dialogs/PadFields.h"
+#include "desktop/dialogs/PadFront.h"
+#include "desktop/dialogs/PadJob.h"
+#include "desktop/dialogs/PadMaker.h"
 #include "desktop/system/DesktopPlatform.h"
-#include "kinds/PadSheet.h"
 #include "kinds/PaperKinds.h"
 
-#include <QCheckBox>
-#include <QComboBox>
 #include <QDialog>
-#include <QFormLayout>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QSpinBox>
 #include <QString>
-#include <QTemporaryDir>
 #include <optional>
 
 namespace linealis::desktop {
 
 class PadPicture;
 
-/// Asks how to print a pad of the page of a window, and saves it as a PDF file with the program that makes pads.
-/// Printing it is up to the caller, which closes the dialog first.
+/// Asks how to make a pad, a booklet or a poster of the page of a window, and saves it as a PDF file. Printing it
+/// is up to the caller, which closes the dialog first.
 class PadDialog final : public QDialog {
     Q_OBJECT
 
@@ -34,46 +31,49 @@ public:
     /// `theWindow` must be of the kind. `name` is the proposed file name without an extension.
     PadDialog(DesktopPlatform& thePlatform, const PaperKind& theKind, PaperWindow& theWindow, QString theName,
               QWidget* parent);
-    ~PadDialog() override;
-    PadDialog(const PadDialog&) = delete;
-    PadDialog& operator=(const PadDialog&) = delete;
 
-    PadLayout Layout() const;
-    int Copies() const { return copies->value(); }
-    /// Returns the page for the backs; nothing if they stay blank.
-    std::optional<PaperPage> Back() const { return back.Page(); }
+    /// Returns the pad that is to be printed.
+    const PadJob& Job() const { return job; }
     /// Returns the path of the file that was saved last; empty if there is none.
     QString SavedFile() const { return saved; }
 
     void reject() override;
 
 private:
-    void AddFields(QFormLayout& rows);
     QWidget* MakeButtons();
+    void ConnectFields();
+    /// Lets the picture show the fronts of the job.
+    void TakeFronts();
+    /// Shows what the fields say, or why that is impossible.
     void ShowPad();
-    void Keep() const;
-    void Restore();
+    QString Summary() const;
+    /// Returns the names and sizes of the pages.
+    PadPages Pages() const;
+    void Say(const QString& text);
 
+    /// Reads the fields into `job`. Throws PadError or UnknownInput.
+    void Plan();
+    /// Completes the job, after asking for a marker file that the pages need.
+    void Complete();
+
+    void Print();
     void Save();
-    /// Returns the command line for the program that makes pads, or nothing if its input cannot be written.
-    std::optional<QStringList> Arguments();
     QString AskForFile();
+    void ShowProgress(const QString& text, int done, int all);
     void ShowEnd(bool isWritten, const QString& message);
-    /// Shows that the work has begun or ended.
+    /// Shows that work has begun or ended.
     void ShowWorking(bool works);
+    void Cancel();
 
     DesktopPlatform& platform;
     const PaperKind& kind;
     PaperWindow& window;
-    const PaperPage page;
+    PadJob job;
+    PadFront front;
     PadBack back;
     QString name;
 
-    QWidget* fields = new QWidget;
-    QSpinBox* pages = new QSpinBox;
-    QComboBox* up = new QComboBox;
-    QCheckBox* numbers = nullptr;
-    QSpinBox* copies = new QSpinBox;
+    PadFields* fields = nullptr;
     PadPicture* picture = nullptr;
     QLabel* summary = new QLabel;
     QLabel* said = new QLabel;
@@ -82,8 +82,7 @@ private:
     QPushButton* print = nullptr;
     QPushButton* cancel = nullptr;
 
-    QTemporaryDir folder;  ///< private to the user; for the form that is handed over
-    PadProgram program;
+    PadMaker maker;
     QString saved;
 };
 

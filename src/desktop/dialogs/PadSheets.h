@@ -1,12 +1,12 @@
 #pragma once
 
+#include "desktop/dialogs/PadJob.h"
 #include "desktop/dialogs/PrintPage.h"
-#include "kinds/PadSheet.h"
 
 namespace linealis::desktop {
 
-/// Returns the sheets of a pad for the printer. Without a back, they are printed on one side. The pages must have
-/// the size that the layout says, and outlive the result.
-PrintedSheets PadSheets(const PadLayout& layout, const DrawnPage& front, const DrawnPage* back);
+/// Returns the sheets of a pad for the printer. Their pages are drawn when they are needed, with `turns`, whose
+/// exceptions pass through the functions that print; so does PageGivenUp. Both arguments must outlive the result.
+PrintedSheets PadSheets(const PadJob& job, Turns& turns);
 
 }  // namespace linealis::desktop

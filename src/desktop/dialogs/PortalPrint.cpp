@@ -25,7 +25,9 @@ QVariantMap SettingsFor(const PrintedSheets& sheets)
     QVariantMap settings{{QStringLiteral("n-copies"), QString::number(std::max(sheets.copies, 1))},
                          {QStringLiteral("scale"), QStringLiteral("100")}};
     if (sheets.hasBacks) {
-        settings.insert(QStringLiteral("duplex"), QStringLiteral("horizontal"));
+        const bool isLandscape = sheets.paper.width() > sheets.paper.height();  // turned over the short edge
+        settings.insert(QStringLiteral("duplex"),
+                        isLandscape ? QStringLiteral("vertical") : QStringLiteral("horizontal"));
     }
     return settings;
 }

@@ -21,6 +21,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <limits>
 
 namespace linealis::desktop {
 
@@ -54,9 +55,8 @@ QString SizeText(const QSizeF& points)
 class Overreach final : public PageSink {
 public:
     /// `theRoom` is the printable area, in points from the upper left corner of the sheet, with y pointing down.
-    /// `pageHeight` is in points.
-    Overreach(const QRectF& theRoom, double pageHeight, const PrinterFactors& theFactors)
-        : room(theRoom), height(pageHeight), factors(theFactors)
+    Overreach(const QRectF& theRoom, const PrintedPage& thePage, const PrinterFactors& theFactors)
+        : room(theRoom), page(thePage), factors(theFactors)
     {}
 
     bool Scale(double sx, double sy) override
@@ -67,9 +67,17 @@ public:
     }
     bool Stroke(PagePath path, const PagePen& /*pen*/) override
     {
+        constexpr double far = std::numeric_limits<double>::max();
+        QPointF least(far, far), most(-far, -far);
         double beyond = 0.0;
         for (const PathSegment& segment : path) {
-            beyond = std::max(beyond, Beyond(segment.to));
+            const QPointF place = page.corner + QPointF(segment.to.x * scaleX, page.height - segment.to.y * scaleY);
+            least = {std::min(least.x(), place.x()), std::min(least.y(), place.y())};
+            most = {std::max(most.x(), place.x()), std::max(most.y(), place.y())};
+            beyond = std::max(beyond, Beyond(place));
+        }
+        if (IsCutAway(least, most)) {
+            return true;
         }
         lines += beyond > unseenPoints ? 1 : 0;
         furthest = std::max(furthest, beyond);
@@ -86,16 +94,28 @@ public:
     double furthest = 0.0;  ///< points
 
 private:
-    /// Returns how far the point is outside the printable area, in points; 0 if it is inside.
-    double Beyond(const Point& point) const
+    /// Whether what reaches from one place to the other is not printed at all.
+    bool IsCutAway(const QPointF& least, const QPointF& most) const
     {
-        const double x = point.x * scaleX * factors.x;
-        const double y = (height - point.y * scaleY) * factors.y;
+        const QRectF& clip = page.clip;
+        return !clip.isNull() && (most.x() < clip.left() || least.x() > clip.right() || most.y() < clip.top() ||
+                                  least.y() > clip.bottom());
+    }
+
+    /// Returns how far what is printed at the place, in points on the side, is outside the printable area; 0 if it
+    /// is inside.
+    double Beyond(QPointF place) const
+    {
+        if (const QRectF& clip = page.clip; !clip.isNull()) {
+            place = {std::clamp(place.x(), clip.left(), clip.right()),
+                     std::clamp(place.y(), clip.top(), clip.bottom())};
+        }
+        const double x = place.x() * factors.x, y = place.y() * factors.y;
         return std::max({room.left() - x, x - room.right(), room.top() - y, y - room.bottom(), 0.0});
     }
 
     QRectF room;
-    double height;
+    const PrintedPage& page;
     PrinterFactors factors;
     double scaleX = 1.0;
     double scaleY = 1.0;
@@ -178,10 +198,13 @@ QString PaperName(const QPageSize& paper)
 /// Paints a side. The coordinates of the painter are points from its upper left corner.
 void PaintSide(QPainter& painter, const PrintedSheets& sheets, int side, Turns& turns)
 {
-    sheets.forPages(side, [&](const PlacedPage& page) {
+    sheets.forPages(side, [&](const PrintedPage& page) {
         turns.Restart();
         painter.save();
         const auto restored = qScopeGuard([&painter] { painter.restore(); });
+        if (!page.clip.isNull()) {
+            painter.setClipRect(page.clip);
+        }
         painter.translate(page.corner);
         PagePainter sink(painter, page.height, PagePainter::ThinLines::AsTheyAre);
         ReadPage(page.content, sink, &turns);
@@ -227,12 +250,11 @@ std::vector<QString> PrintWarnings(const QPrinter& printer, const PrintedSheets&
     double furthest = 0.0;
     const int differentSides = sheets.hasBacks ? 2 : 1;
     for (int side = 0; side < differentSides; ++side) {
-        sheets.forPages(side, [&](const PlacedPage& page) {
+        sheets.forPages(side, [&](const PrintedPage& page) {
             if (page.isMarks) {
                 return;
             }
-            const QPointF corner(page.corner.x() * turned.x, page.corner.y() * turned.y);
-            Overreach reach(RoomOf(layout).translated(-corner), page.height, turned);
+            Overreach reach(RoomOf(layout), page, turned);
             ReadPage(page.content, reach);
             count += reach.lines;
             furthest = std::max(furthest, reach.furthest);

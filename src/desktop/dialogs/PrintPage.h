@@ -17,10 +17,11 @@
 namespace linealis::desktop {
 
 /// A page on a side of a sheet. Its content must outlive it.
-struct PlacedPage {
+struct PrintedPage {
     std::string_view content;
     double height = 0.0;   ///< of the page, in points
     QPointF corner;        ///< its upper left corner, in points from the upper left corner of the side
+    QRectF clip = {};      ///< what is printed of the side, from the same corner; null: everything
     bool isMarks = false;  ///< only marks for cutting and numbers, whose lines may be out of the printer's reach
 };
 
@@ -33,7 +34,7 @@ struct PrintedSheets {
     QSizeF paper;  ///< points
     int sides = 1;
     /// Calls `use` for each page on a side, in the order to paint them. Sides count from 0.
-    using PageUse = std::function<void(const PlacedPage& page)>;
+    using PageUse = std::function<void(const PrintedPage& page)>;
     std::function<void(int side, const PageUse& use)> forPages;
     bool hasBacks = false;  ///< whether every second side is the back of the one before it
     int copies = 1;         ///< as the dialog proposes it

@@ -1,5 +1,7 @@
 #include "desktop/page/PadPicture.h"
 
+#include "desktop/page/PadOverlay.h"
+
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
@@ -18,29 +20,33 @@ double CaptionHeight(const QWidget& widget)
     return widget.fontMetrics().height() + gap / 2.0;
 }
 
+QSizeF PaperPoints(const PaperSize& paper)
+{
+    return {static_cast<double>(paper.width), static_cast<double>(paper.height)};
+}
+
 }  // namespace
 
-PadPicture::PadPicture(PaperPage frontPage)
+PadPicture::PadPicture()
 {
     setObjectName(QStringLiteral("PadPicture"));
     setAccessibleName(tr("Picture of the first sheet"));
-    layout.page = {frontPage.frame.paperWidth, frontPage.frame.paperHeight};
-    for (Side* const side : {&front, &back}) {
-        connect(&side->renderer, &PageRenderer::Rendered, this, [this, side](const PagePicture& rendered) {
-            side->image = rendered.image;
-            update();
-        });
-    }
-    front.renderer.SetPage(std::move(frontPage));
 }
 
-void PadPicture::Show(const PadLayout& theLayout, std::optional<PaperPage> theBack)
+void PadPicture::SetFronts(FrontPages pages)
 {
-    layout = theLayout;
-    hasBack = theBack.has_value();
-    if (hasBack) {
-        back.renderer.SetPage(std::move(*theBack));
+    shown.clear();
+    fronts = std::move(pages);
+}
+
+void PadPicture::Show(PadPlan thePlan, std::optional<PaperPage> theBack)
+{
+    plan = std::move(thePlan);
+    sides.clear();
+    for (std::size_t side = 0; side < (plan.IsOnBothSides() ? 2 : 1); ++side) {
+        sides.push_back(plan.Side(side));
     }
+    TakePages(std::move(theBack));
     RequestPages();
     update();
 }
@@ -55,23 +61,32 @@ QSize PadPicture::minimumSizeHint() const
     return {240, 240};
 }
 
+QSizeF PadPicture::SizeOfSide() const
+{
+    if (const Poster* const poster = ShownPoster()) {
+        return AreaOf(*poster);
+    }
+    const PadSide& side = sides.front();
+    const Shown* const page = side.isPlain ? Find(side.pages.front().front) : nullptr;
+    return PaperPoints(page == nullptr ? side.size : page->paper);
+}
+
 /// Puts the sides beside each other or above each other, whichever makes them larger.
 PadPicture::Places PadPicture::FindPlaces() const
 {
-    const double sides = hasBack ? 2.0 : 1.0, caption = CaptionHeight(*this);
-    const auto sideWidth = static_cast<double>(layout.Side().width);
-    const auto sideHeight = static_cast<double>(layout.Side().height);
+    const double count = static_cast<double>(sides.size()), caption = CaptionHeight(*this);
+    const QSizeF side = SizeOfSide();
     const auto scaleOf = [&](double across, double down) {
         const double roomX = (width() - (across + 1.0) * gap) / across;
         const double roomY = (height() - (down + 1.0) * gap) / down - caption;
-        return std::max(std::min(roomX / sideWidth, roomY / sideHeight), 0.0);
+        return std::max(std::min(roomX / side.width(), roomY / side.height()), 0.0);
     };
-    const double beside = scaleOf(sides, 1.0), above = scaleOf(1.0, sides);
+    const double beside = scaleOf(count, 1.0), above = scaleOf(1.0, count);
     const bool isBeside = beside >= above;
     Places places;
     places.scale = std::max(beside, above);
-    const QSizeF size(sideWidth * places.scale, sideHeight * places.scale);
-    const double across = isBeside ? sides : 1.0, down = isBeside ? 1.0 : sides;
+    const QSizeF size = side * places.scale;
+    const double across = isBeside ? count : 1.0, down = isBeside ? 1.0 : count;
     const QSizeF all(across * size.width() + (across - 1.0) * gap,
                      down * (size.height() + caption) + (down - 1.0) * gap);
     const QPointF corner(std::round((width() - all.width()) / 2.0), std::round((height() - all.height()) / 2.0));
@@ -81,81 +96,112 @@ PadPicture::Places PadPicture::FindPlaces() const
     return places;
 }
 
+PadPicture::Shown* PadPicture::Find(const std::optional<std::size_t>& front) const
+{
+    const auto found =
+        std::find_if(shown.begin(), shown.end(), [&](const auto& page) { return page->front == front; });
+    return found == shown.end() ? nullptr : found->get();
+}
+
+void PadPicture::Add(const std::optional<std::size_t>& front, PaperPage page)
+{
+    if (Find(front) != nullptr) {
+        return;
+    }
+    Shown& added = *shown.emplace_back(std::make_unique<Shown>());
+    added.front = front;
+    added.paper = {page.frame.paperWidth, page.frame.paperHeight};
+    // Pictures that are on their way when the page is forgotten go to no one.
+    connect(&added.renderer, &PageRenderer::Rendered, &added.renderer, [this, &added](const PagePicture& rendered) {
+        added.image = rendered.image;
+        update();
+    });
+    added.renderer.SetPage(std::move(page));
+}
+
+void PadPicture::TakePages(std::optional<PaperPage> back)
+{
+    const auto isOnASide = [this](const std::optional<std::size_t>& front) {
+        return std::any_of(sides.begin(), sides.end(), [&](const PadSide& side) {
+            return std::any_of(side.pages.begin(), side.pages.end(),
+                               [&](const PlacedPage& page) { return page.front == front; });
+        });
+    };
+    std::erase_if(shown, [&](const auto& page) { return !page->front || !isOnASide(page->front); });
+    for (const PadSide& side : sides) {
+        for (const PlacedPage& page : side.pages) {
+            if (page.front) {
+                Add(page.front, fronts(*page.front));
+            } else if (back) {
+                Add(page.front, *back);
+            }
+        }
+    }
+}
+
 void PadPicture::RequestPages()
 {
+    if (sides.empty()) {
+        return;
+    }
     PageExcerpt excerpt;
     excerpt.scale = FindPlaces().scale;
     excerpt.pixelRatio = devicePixelRatioF();
-    excerpt.size = {static_cast<int>(std::ceil(static_cast<double>(layout.page.width) * excerpt.scale)),
-                    static_cast<int>(std::ceil(static_cast<double>(layout.page.height) * excerpt.scale))};
-    front.renderer.SetExcerpt(excerpt);
-    back.renderer.SetExcerpt(hasBack ? excerpt : PageExcerpt{});
-}
-
-QRectF PadPicture::PageAt(const QRectF& place, std::size_t index) const
-{
-    const double scale = place.width() / static_cast<double>(layout.Side().width);
-    const Point corner = layout.CornerOf(index);
-    const QSizeF size(static_cast<double>(layout.page.width) * scale,
-                      static_cast<double>(layout.page.height) * scale);
-    return {place.left() + corner.x * scale, place.bottom() - corner.y * scale - size.height(), size.width(),
-            size.height()};
-}
-
-void PadPicture::PaintCuts(QPainter& painter, const QRectF& place) const
-{
-    painter.setPen(QPen(QColor(0x60, 0x60, 0x60), 1.0, Qt::DashLine));
-    const QPointF center = place.center();
-    if (layout.Columns() > 1) {
-        painter.drawLine(QPointF(center.x(), place.top()), QPointF(center.x(), place.bottom()));
-    }
-    if (layout.Rows() > 1) {
-        painter.drawLine(QPointF(place.left(), center.y()), QPointF(place.right(), center.y()));
+    for (const auto& page : shown) {
+        const QSizeF size = PaperPoints(page->paper) * excerpt.scale;
+        excerpt.size = {static_cast<int>(std::ceil(size.width())), static_cast<int>(std::ceil(size.height()))};
+        page->renderer.SetExcerpt(excerpt);
     }
 }
 
-void PadPicture::PaintNumbers(QPainter& painter, const QRectF& place) const
+void PadPicture::PaintPages(QPainter& painter, const QRectF& place, std::size_t number) const
 {
-    painter.setPen(QColor(0x30, 0x30, 0x30));
-    for (std::size_t index = 0; index < layout.PagesOn(0); ++index) {
-        const QString number = QString::number(layout.NumberOf(0, index));
-        QRectF text = painter.fontMetrics().boundingRect(number);
-        text.moveCenter(PageAt(place, index).center());
-        text.moveBottom(PageAt(place, index).bottom() - 2.0);
-        painter.fillRect(text.adjusted(-2.0, 0.0, 2.0, 0.0), QColor(0xff, 0xff, 0xff, 0xd0));
-        painter.drawText(text, Qt::AlignCenter | Qt::TextDontClip, number);
+    const double scale = place.width() / SizeOfSide().width();
+    for (const PlacedPage& placed : sides[number].pages) {
+        const Shown* const page = Find(placed.front);
+        if (page == nullptr || page->image.isNull()) {
+            continue;
+        }
+        const QSizeF size = PaperPoints(page->paper) * scale;
+        const QPointF corner(placed.corner.x * scale, place.height() - placed.corner.y * scale - size.height());
+        const bool isPoster = ShownPoster() != nullptr;  // which begins at its upper left corner
+        painter.drawImage(QRectF(place.topLeft() + (isPoster ? QPointF() : corner), size), page->image);
     }
 }
 
-void PadPicture::PaintSide(QPainter& painter, const QRectF& place, const Side& side, bool isFront) const
+void PadPicture::PaintSide(QPainter& painter, const QRectF& place, std::size_t number) const
 {
     painter.fillRect(place.translated(shadow, shadow), QColor(0, 0, 0, 0x50));
     painter.fillRect(place, Qt::white);
-    const std::size_t count = isFront ? layout.PagesOn(0) : layout.up;
-    for (std::size_t index = 0; index < count && !side.image.isNull(); ++index) {
-        painter.drawImage(PageAt(place, index), side.image);
-    }
-    PaintCuts(painter, place);
-    if (isFront && layout.hasNumbers) {
-        PaintNumbers(painter, place);
-    }
+    painter.save();
+    painter.setClipRect(place);
+    PaintPages(painter, place, number);
+    PaintOverlay(painter, place, plan, number);
+    painter.restore();
     painter.setPen(QColor(0x80, 0x80, 0x80));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(place);
     painter.setPen(palette().color(QPalette::WindowText));
-    const QRectF caption(place.left(), place.bottom() + gap / 4.0, place.width(), CaptionHeight(*this));
-    painter.drawText(caption, Qt::AlignHCenter | Qt::AlignTop | Qt::TextDontClip,
-                     isFront ? tr("Front side") : tr("Back side"));
+    const QStringList captions = CaptionsOf(plan, number);
+    const double width = place.width() / static_cast<double>(captions.size());
+    for (qsizetype column = 0; column < captions.size(); ++column) {
+        const QRectF below(place.left() + static_cast<double>(column) * width, place.bottom() + gap / 4.0, width,
+                           CaptionHeight(*this));
+        painter.drawText(below, Qt::AlignHCenter | Qt::AlignTop | Qt::TextDontClip, captions[column]);
+    }
 }
 
 void PadPicture::paintEvent(QPaintEvent* /*event*/)
 {
+    if (sides.empty()) {
+        return;
+    }
     QPainter painter(this);
     const Places places = FindPlaces();
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    PaintSide(painter, places.front, front, true);
-    if (hasBack) {
-        PaintSide(painter, places.back, back, false);
+    PaintSide(painter, places.front, 0);
+    if (sides.size() > 1) {
+        PaintSide(painter, places.back, 1);
     }
 }
 

@@ -1,24 +1,32 @@
 #pragma once
 
 #include "desktop/page/PageRenderer.h"
-#include "kinds/PadSheet.h"
+#include "kinds/PadPlan.h"
 
 #include <QImage>
 #include <QWidget>
+#include <functional>
+#include <memory>
 #include <optional>
+#include <vector>
 
 namespace linealis::desktop {
 
-/// A picture of the first sheet of a pad: its front, its back if it has one, the cuts, and the numbers of the
-/// pages, which are drawn large enough to be read.
+/// A picture of the first sheet of a pad or booklet: its front, its back if it has one, the cuts or the fold, and
+/// the numbers of the pages, which are drawn large enough to be read. Of a poster, shows all sheets glued together.
 class PadPicture final : public QWidget {
     Q_OBJECT
 
 public:
-    explicit PadPicture(PaperPage front);
+    /// Returns one of the different pages on the fronts, from 0.
+    using FrontPages = std::function<const PaperPage&(std::size_t front)>;
 
-    /// Shows another layout. Without a back, the sheet is printed on one side.
-    void Show(const PadLayout& theLayout, std::optional<PaperPage> theBack);
+    PadPicture();
+
+    /// Shows the pages on the fronts, which belong to the plans from now on.
+    void SetFronts(FrontPages pages);
+    /// Shows another plan. The back counts only if the plan has one.
+    void Show(PadPlan thePlan, std::optional<PaperPage> theBack);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -28,10 +36,12 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    /// One of the two sides: its page, drawn by a thread of its own.
-    struct Side {
+    /// A page that is shown, drawn by a thread of its own.
+    struct Shown {
+        std::optional<std::size_t> front;  ///< none: the back
+        PaperSize paper{};
         PageRenderer renderer;
-        QImage image;  ///< of the page, null before it is drawn
+        QImage image;  ///< null before it is drawn
     };
 
     /// Where the sides are in the widget.
@@ -40,19 +50,26 @@ private:
         QRectF front;
         QRectF back;
     };
+
+    const Poster* ShownPoster() const { return std::get_if<Poster>(&plan.sheets); }
+    /// Returns the size of what is shown of a side, in points.
+    QSizeF SizeOfSide() const;
     Places FindPlaces() const;
+    Shown* Find(const std::optional<std::size_t>& front) const;
+    /// Draws the page if it is not shown yet.
+    void Add(const std::optional<std::size_t>& front, PaperPage page);
+    /// Adds the pages of the sides, and forgets all others.
+    void TakePages(std::optional<PaperPage> back);
     /// Requests pictures of the pages at the scale at which they are shown.
     void RequestPages();
-    void PaintSide(QPainter& painter, const QRectF& place, const Side& side, bool isFront) const;
-    void PaintCuts(QPainter& painter, const QRectF& place) const;
-    void PaintNumbers(QPainter& painter, const QRectF& place) const;
-    /// Returns the rectangle of a page on a side.
-    QRectF PageAt(const QRectF& place, std::size_t index) const;
 
-    PadLayout layout;
-    Side front;
-    Side back;
-    bool hasBack = false;
+    void PaintSide(QPainter& painter, const QRectF& place, std::size_t number) const;
+    void PaintPages(QPainter& painter, const QRectF& place, std::size_t number) const;
+
+    FrontPages fronts;
+    PadPlan plan;
+    std::vector<PadSide> sides;  ///< of the first sheet
+    std::vector<std::unique_ptr<Shown>> shown;
 };
 
 }  // namespace linealis::desktop

@@ -57,6 +57,11 @@ PageWarnings PageWork::WarningsOfFile() const
 
 QString PageWork::Use(const QString& nothingDone, const PageUse& use)
 {
+    return Do(nothingDone, [&](Turns& turns) { return use(window.DrawPage(), turns); });
+}
+
+QString PageWork::Do(const QString& nothingDone, const Work& work)
+{
     QString said;
     Run([&] {
         const auto giveUp = [&](Phrase reason) {
@@ -65,7 +70,7 @@ QString PageWork::Use(const QString& nothingDone, const PageUse& use)
         };
         Turns turns([this] { platform.Yield(); });
         try {
-            said = use(window.DrawPage(), turns);
+            said = work(turns);
         } catch (const PageStopped&) {
             said = tr("Canceled; %1").arg(nothingDone);
         } catch (const PageGivenUp& givenUp) {

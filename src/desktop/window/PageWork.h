@@ -19,13 +19,15 @@ class PageWork final : public QObject {
     Q_OBJECT
 
 public:
+    /// Does work that can be stopped in its turns. Returns the message for the status line.
+    using Work = std::function<QString(Turns& turns)>;
     /// Uses a drawn page. Can be stopped in its turns. Returns the message for the status line.
     using PageUse = std::function<QString(const DrawnPage& page, Turns& turns)>;
 
     /// The arguments must outlive the object.
     PageWork(DesktopPlatform& thePlatform, PaperWindow& theWindow);
 
-    /// While this returns true, neither Generate nor Use may be called.
+    /// While this returns true, none of Generate, Do and Use may be called.
     bool IsRunning() const { return running; }
 
     /// Stops the running work, if any, at its next turn; a file that it writes stays unchanged.
@@ -38,8 +40,11 @@ public:
     /// checked in passing.
     PageWarnings WarningsOfFile() const;
 
-    /// Draws the page and passes it to `use`. Returns the message of `use`, or, if the page is stopped or given up,
-    /// one that ends or begins with `nothingDone`, such as "nothing was printed".
+    /// Does the work. Returns its message, or, if the page is stopped or given up, one that ends or begins with
+    /// `nothingDone`, such as "nothing was printed".
+    QString Do(const QString& nothingDone, const Work& work);
+
+    /// Draws the page and passes it to `use`. Returns a message as Do does.
     QString Use(const QString& nothingDone, const PageUse& use);
 
     /// Returns the role of what the page shows within `reach` of a place, both in points; empty if there is

@@ -162,6 +162,9 @@ private:
     /// Draws the page, passes it to `use`, and shows the message that results. Does nothing while a page is being
     /// made.
     void Use(const QString& nothingDone, const PageWork::PageUse& use);
+    /// Lets `doWork` do work with a page, and shows the message that it returns. Does nothing while a page is being
+    /// made.
+    void Do(const std::function<QString()>& doWork);
     void MakePage();
     void SayHowPageEnded();
     void ShowWizard();

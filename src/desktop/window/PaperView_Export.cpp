@@ -10,18 +10,22 @@
 #include <QClipboard>
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <optional>
-#include <utility>
+#include <functional>
 
 namespace linealis::desktop {
 
 void PaperView::Use(const QString& nothingDone, const PageWork::PageUse& use)
 {
+    Do([&] { return work.Use(nothingDone, use); });
+}
+
+void PaperView::Do(const std::function<QString()>& doWork)
+{
     if (work.IsRunning()) {
         return;
     }
     FinishEdit();
-    Say(work.Use(nothingDone, use));
+    Say(doWork());
     if (closeWhenDone) {
         close();
     }
@@ -52,15 +56,12 @@ void PaperView::PrintPad()
     PadDialog dialog(platform, kind, window, PageName(), this);
     const int result = platform.RunModal(dialog);
     if (result == PadDialog::printing) {
-        Use(tr("nothing was printed"), [&](const DrawnPage& page, Turns& turns) {
-            std::optional<DrawnPage> back;
-            if (std::optional<PaperPage> read = dialog.Back()) {
-                back = DrawPage(std::move(*read), turns);
-            }
-            PrintedSheets sheets = PadSheets(dialog.Layout(), page, back ? &*back : nullptr);
-            sheets.copies = dialog.Copies();
-            return PrintWithDialog(sheets, turns, PageName(), PrinterFactorsFile(platform.PreferencesFolder()),
-                                   this, [this](QDialog& inner) { return platform.RunModal(inner); });
+        Do([&] {
+            return work.Do(tr("nothing was printed"), [&](Turns& turns) {
+                return PrintWithDialog(PadSheets(dialog.Job(), turns), turns, PageName(),
+                                       PrinterFactorsFile(platform.PreferencesFolder()), this,
+                                       [this](QDialog& inner) { return platform.RunModal(inner); });
+            });
         });
     } else if (!dialog.SavedFile().isEmpty()) {
         padFile = dialog.SavedFile();

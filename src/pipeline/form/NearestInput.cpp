@@ -7,6 +7,7 @@
 #include <cctype>
 #include <map>
 #include <numeric>
+#include <utility>
 
 namespace linealis {
 
@@ -72,7 +73,7 @@ Distance DistanceTo(std::string_view given, std::string_view other)
 
 }  // namespace
 
-std::string UnknownText(std::string_view what, std::string_view given, std::vector<std::string> possible)
+Message UnknownMessage(std::string_view what, std::string_view given, std::vector<std::string> possible)
 {
     // The distance takes time proportional to the product of both lengths, so a long text is cut.
     constexpr std::size_t longestCompared = 100, longestList = 18, nearest = 5;
@@ -83,14 +84,19 @@ std::string UnknownText(std::string_view what, std::string_view given, std::vect
     }
     std::size_t left = byDistance.size();
     const std::size_t hidden = left > longestList ? left - nearest : 0;
-    std::string message = "unknown " + std::string(what) + " '" + Shortened(given) + "'; possible: ";
+    std::vector<Message> listed;
     for (auto each = byDistance.begin(); left > hidden; ++each, --left) {
-        message += (each == byDistance.begin() ? "" : ", ") + each->second;
+        listed.push_back(Message::Verbatim(each->second));
     }
-    if (hidden > 0) {
-        message += " and " + std::to_string(hidden) + " more";
-    }
-    return message;
+    const Message list = Message::Joined(std::move(listed), ", ");
+    const std::string shown = Shortened(given);
+    return hidden > 0 ? Message("unknown %1 '%2'; possible: %3 and %4 more", what, shown, list, hidden)
+                      : Message("unknown %1 '%2'; possible: %3", what, shown, list);
+}
+
+std::string UnknownText(std::string_view what, std::string_view given, std::vector<std::string> possible)
+{
+    return UnknownMessage(what, given, std::move(possible)).English();
 }
 
 }  // namespace linealis
